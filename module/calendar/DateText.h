@@ -1,0 +1,24 @@
+// Reading the dates that people see and files hold: Y年M月D日, or M月D日 without a year.
+#pragma once
+
+#include <compare>
+#include <string_view>
+
+// A day of any year, in calendar order. Not validated.
+struct MonthDay {
+    int month = 0;
+    int day = 0;
+
+    auto operator<=>(const MonthDay&) const = default;
+};
+
+struct DateText {
+    bool hasYear = false;
+    int year = 0;  // only when hasYear
+    MonthDay date;
+};
+
+// The year is the number before the first 年, the month the one between 年 (without it: the start) and the first 月,
+// the day the one between 月 (without it: the start) and the first 日. A number that is missing, unreadable or not in
+// that order reads as 0.
+DateText ParseDateText(std::wstring_view text);

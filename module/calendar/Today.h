@@ -1,0 +1,19 @@
+// Where the calendar gets today's date from.
+#pragma once
+
+#include "platform/base/Api.h"
+
+struct CalendarDay {
+    int year;
+    int month;  // 1 to 12
+    int day;    // 1 to 31
+};
+
+using TodayFunction = CalendarDay (*)();
+
+// Today in the local time zone, by the system's clock. 1970-01-01 when the system cannot tell.
+ORVO_API CalendarDay LocalToday();
+
+// What OrvoDate asks for today's date: LocalToday, unless somebody (a test, a host with a clock of its own) puts
+// another function here; null stands for LocalToday too. Ready before any constructor of a static object runs.
+extern ORVO_API TodayFunction g_pfnToday;

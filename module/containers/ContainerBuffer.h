@@ -1,0 +1,169 @@
+// The memory behind the contiguous containers, and the one pair of functions that makes and frees a buffer which a
+// caller hands over with Attach or takes with Detach: QcNewBuffer and QcDeleteBuffer. Buffers come from the malloc
+// family, so that growing one of trivially copyable elements can happen in place; a small head in front of the first
+// element tells how large the block is and how many elements live in it. No other way of allocating fits.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+// What stands in front of a buffer's first element. m_nBuilt is kept only while no container holds the buffer.
+struct QcBufferHead {
+    std::size_t m_nBytes;
+    std::size_t m_nBuilt;
+};
+
+template <class T>
+class QcBuffer {
+public:
+    // Moving the bytes is as good as moving the elements.
+    static constexpr bool kMovesAsBytes = std::is_trivially_copyable_v<T> && alignof(T) <= alignof(std::max_align_t);
+    // An element made from nothing has all its bytes zero.
+    static constexpr bool kStartsAsZeros = std::is_arithmetic_v<T> || std::is_enum_v<T> || std::is_pointer_v<T>;
+
+    static QcBufferHead* Head(T* pData) {
+        return reinterpret_cast<QcBufferHead*>(reinterpret_cast<char*>(pData) - kOffset);
+    }
+
+    // Room for n elements, none of them built yet; null when there is no memory for it.
+    static T* Allocate(long n) { return AllocateBytes(n, false); }
+
+    // The same with all bytes zero, of which a large block has touched none yet.
+    static T* AllocateZeroed(long n) { return AllocateBytes(n, true); }
+
+    // Gives the memory back; the elements must be gone already. Null is fine.
+    static void Free(T* pData) {
+        if (pData != nullptr) {
+            std::free(Head(pData));
+        }
+    }
+
+    // Whether the block has room for n elements as it is.
+    static bool Holds(T* pData, long n) {
+        const std::size_t bytes = BytesFor(n);
+        return pData != nullptr && bytes != 0 && bytes <= Head(pData)->m_nBytes;
+    }
+
+    // Makes the block fit n elements, in place where the allocator can; the bytes move along. Null, with the old buffer
+    // untouched, when there is no memory. Only for elements that move as bytes.
+    static T* Resize(T* pData, long n) {
+        static_assert(kMovesAsBytes);
+        const std::size_t bytes = BlockFor(n);
+        return bytes == 0 ? nullptr : Data(std::realloc(static_cast<void*>(Head(pData)), bytes), bytes);
+    }
+
+    // Builds an element as a copy of x in raw memory.
+    static void BuildCopy(T* pRaw, const T& x) {
+        if constexpr (std::is_copy_constructible_v<T>) {
+            ::new (static_cast<void*>(pRaw)) T(x);
+        } else {
+            ::new (static_cast<void*>(pRaw)) T();
+            *pRaw = x;
+        }
+    }
+
+    // Moves n elements into raw memory; where they were, none is left.
+    static void MoveAcross(T* pFrom, long nLive, T* pTo) {
+        if constexpr (kMovesAsBytes) {
+            if (nLive > 0) {
+                std::memcpy(static_cast<void*>(pTo), static_cast<const void*>(pFrom),
+                            static_cast<std::size_t>(nLive) * sizeof(T));
+            }
+        } else {
+            for (long i = 0; i < nLive; ++i) {
+                if constexpr (std::is_move_constructible_v<T>) {
+                    ::new (static_cast<void*>(pTo + i)) T(std::move(pFrom[i]));
+                } else {
+                    BuildCopy(pTo + i, pFrom[i]);
+                }
+                std::destroy_at(pFrom + i);
+            }
+        }
+    }
+
+private:
+    static constexpr std::size_t kAlign = alignof(T) > alignof(std::max_align_t) ? alignof(T)
+                                                                                 : alignof(std::max_align_t);
+    static constexpr std::size_t kOffset = sizeof(QcBufferHead) > kAlign ? sizeof(QcBufferHead) : kAlign;
+    static_assert(kOffset % kAlign == 0);
+    // Large blocks come in whole granules, so that small steps of growth ask the allocator only now and then.
+    static constexpr std::size_t kGranule = std::size_t{64} * 1024;
+
+#if defined(__SANITIZE_ADDRESS__)
+    static constexpr bool kExact = true;  // an overrun by one element must be seen
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+    static constexpr bool kExact = true;
+#else
+    static constexpr bool kExact = false;
+#endif
+#else
+    static constexpr bool kExact = false;
+#endif
+
+    // 0 when n is negative or so large that no block could hold it.
+    static std::size_t BytesFor(long n) {
+        constexpr std::size_t kMost = static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()) / 2;
+        if (n < 0 || static_cast<std::size_t>(n) > (kMost - kOffset) / sizeof(T)) {
+            return 0;
+        }
+        return kOffset + static_cast<std::size_t>(n) * sizeof(T);
+    }
+
+    static std::size_t BlockFor(long n) {
+        const std::size_t bytes = BytesFor(n);
+        if (bytes == 0 || (kExact && kAlign == alignof(std::max_align_t))) {
+            return bytes;
+        }
+        const std::size_t step = bytes > kGranule ? kGranule : kAlign;
+        return (bytes + step - 1) / step * step;
+    }
+
+    static T* Data(void* pBlock, std::size_t bytes) {
+        if (pBlock == nullptr) {
+            return nullptr;
+        }
+        ::new (pBlock) QcBufferHead{bytes, 0};
+        return reinterpret_cast<T*>(static_cast<char*>(pBlock) + kOffset);
+    }
+
+    static T* AllocateBytes(long n, bool bZeroed) {
+        const std::size_t bytes = BlockFor(n);
+        if (bytes == 0) {
+            return nullptr;
+        }
+        if constexpr (kAlign > alignof(std::max_align_t)) {
+            return Data(std::aligned_alloc(kAlign, bytes), bytes);
+        } else {
+            return Data(bZeroed ? std::calloc(1, bytes) : std::malloc(bytes), bytes);
+        }
+    }
+};
+
+// A buffer of n default elements for a container's Attach. Null when n is below 1 or there is no memory. The caller
+// owns it until Attach, and frees it with QcDeleteBuffer if it never gets there.
+template <class T>
+T* QcNewBuffer(long n) {
+    T* const pData = n < 1 ? nullptr : QcBuffer<T>::Allocate(n);
+    if (pData != nullptr) {
+        std::uninitialized_value_construct_n(pData, n);
+        QcBuffer<T>::Head(pData)->m_nBuilt = static_cast<std::size_t>(n);
+    }
+    return pData;
+}
+
+// Destroys the elements of a buffer that came from QcNewBuffer or from a container's Detach, and frees it. Null is
+// fine.
+template <class T>
+void QcDeleteBuffer(T* pData) {
+    if (pData != nullptr) {
+        std::destroy_n(pData, QcBuffer<T>::Head(pData)->m_nBuilt);
+        QcBuffer<T>::Free(pData);
+    }
+}

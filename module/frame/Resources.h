@@ -1,0 +1,52 @@
+// The module's resources and texts: the scope in which its resources and language are the current ones, and the way
+// every text that a user sees takes through the language switch.
+#pragma once
+
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+#include "platform/base/ModuleFile.h"
+
+class QcDtDictionary;
+
+// The handle that resource scopes of this module make current: null until the host has initialised the module.
+ORVO_API HINSTANCE GetModuleResourceHandle();
+
+// Makes a module's resources and this module's language dictionary current for as long as it lives, then brings back
+// what was current before. Scopes change process-wide state and must nest strictly. The first scope that finds the
+// module without a language dictionary asks the language switch for it; once there, it is never asked for again.
+class ORVO_API QcUtPushResource {
+public:
+    explicit QcUtPushResource(HINSTANCE module);
+    virtual ~QcUtPushResource();
+
+    QcUtPushResource(const QcUtPushResource&) = delete;
+    QcUtPushResource& operator=(const QcUtPushResource&) = delete;
+
+private:
+    HINSTANCE m_hSavedResource;
+    QcDtDictionary* m_pSavedLang;
+    HINSTANCE m_hModule;
+};
+
+// The text to show for a built-in text. Without a language switch, or where the switch knows no translation, that is
+// the built-in text itself; null gives an empty text.
+ORVO_API CString TranslateText(const wchar_t* text);
+
+// Fills a built-in printf-style format after translating it. A translation that asks for other arguments than the
+// built-in format (see HasSameConversions) is passed over in favour of the built-in format.
+template <class... Args>
+CString FormatTranslated(const wchar_t* format, const Args&... args) {
+    const CString translated = TranslateText(format);
+    CString text;
+    text.Format(HasSameConversions(format, translated) ? translated.GetString() : format, args...);
+    return text;
+}
+
+// Finds this module's language dictionary by the key in its file name, and makes it the module's. Gives the key; an
+// empty text, with nothing changed, when the file name holds no key or there is no language switch.
+ORVO_API CString LoadModuleLanguage();
+
+// The language key in the full file name of a module: upper-cased, without folders, without everything from the first
+// point on, without one final digit. Folders end in '\'. Empty when there is no folder before the name, no name behind
+// the last '\', no point in the name or none but at its start.
+ORVO_API CString LanguageKeyOfModuleFile(const wchar_t* fileName);

@@ -1,0 +1,4 @@
+// Marks what a library shows to others. Everything else is compiled with hidden visibility.
+#pragma once
+
+#define ORVO_API __attribute__((visibility("default")))

@@ -1,0 +1,302 @@
+// The steps of a save: temporary file, flush, backup, rename, flush of the folder.
+#include "platform/base/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "platform/base/CString.h"
+#include "platform/base/Message.h"
+#include "platform/base/Support.h"
+
+namespace {
+
+constexpr int kMostLinks = 40;
+constexpr int kMostNames = 10000;
+constexpr mode_t kPermissionBits = 07777;
+constexpr auto kSameUser = static_cast<uid_t>(-1);
+
+// A file descriptor that closes itself.
+class OpenFile {
+public:
+    OpenFile(const std::string& path, int flags, mode_t mode = 0) {
+        do
+            m_file = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
+        while (m_file < 0 && errno == EINTR);
+    }
+    ~OpenFile() { Close(); }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    bool IsOpen() const { return m_file >= 0; }
+    int Get() const { return m_file; }
+    // Some file systems tell only now that they could not write. (An interrupted close has closed.)
+    bool Close() {
+        const int file = std::exchange(m_file, -1);
+        return file >= 0 && (close(file) == 0 || errno == EINTR);
+    }
+    bool Flush() const {
+        int result = 0;
+        do
+            result = fsync(m_file);
+        while (result != 0 && errno == EINTR);
+        return result == 0;
+    }
+
+private:
+    int m_file = -1;
+};
+
+bool WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(file, bytes.data(), bytes.size());
+        if (count > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        else if (count == 0 || errno != EINTR)
+            return false;
+    }
+    return true;
+}
+
+// The next bytes of a file: how many, 0 at its end, -1 for a failure.
+ssize_t ReadSome(int file, char* buffer, std::size_t size) {
+    ssize_t count = 0;
+    do
+        count = read(file, buffer, size);
+    while (count < 0 && errno == EINTR);
+    return count;
+}
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// The path behind all symbolic links of its last part, also when they lead nowhere yet; empty for a circle and when a
+// link cannot be read.
+std::string FollowLinks(std::string path) {
+    for (int i = 0; i < kMostLinks; ++i) {
+        std::array<char, PATH_MAX> link = {};
+        const ssize_t length = readlink(path.c_str(), link.data(), link.size());
+        if (length < 0)
+            return errno == EINVAL || errno == ENOENT ? path : std::string();  // no link
+        const std::string to(link.data(), static_cast<std::size_t>(length));
+        path = to.rfind('/', 0) == 0 ? to : FolderOf(path) + "/" + to;
+    }
+    return std::string();
+}
+
+bool IsSameFile(const std::string& path, const struct stat& status) {
+    struct stat other = {};
+    return lstat(path.c_str(), &other) == 0 && other.st_dev == status.st_dev && other.st_ino == status.st_ino;
+}
+
+class AtomicSave {
+public:
+    explicit AtomicSave(std::string target) : m_target(std::move(target)), m_folder(FolderOf(m_target)) {}
+    ~AtomicSave();
+    AtomicSave(const AtomicSave&) = delete;
+    AtomicSave& operator=(const AtomicSave&) = delete;
+
+    enum class Present { None, Same, Other, Unusable };
+    Present LookAtPresent(std::string_view bytes);
+    bool WriteTemporary(std::string_view bytes);
+    bool KeepPresent(FileJudge isGood);
+    bool Replace();
+
+private:
+    bool TakeOverRights(int file) const;
+    bool KeepAsBackup();
+    bool KeepAsRefused();
+    bool Copy(const std::string& from, const std::string& to) const;
+    void Undo();
+
+    std::string m_target;
+    std::string m_folder;
+    struct stat m_status = {};  // of the present file
+    bool m_hasPresent = false;
+    std::string m_temporary;   // empty: none is there
+    std::string m_kept;        // the present file's second name
+    bool m_isKeptNew = false;  // and it is to go when the save fails
+};
+
+AtomicSave::~AtomicSave() {
+    if (!m_temporary.empty())
+        unlink(m_temporary.c_str());
+    if (m_isKeptNew)
+        unlink(m_kept.c_str());
+}
+
+AtomicSave::Present AtomicSave::LookAtPresent(std::string_view bytes) {
+    // Looked at before it is opened, since opening a device can do things.
+    if (stat(m_target.c_str(), &m_status) != 0)
+        return errno == ENOENT ? Present::None : Present::Unusable;
+    if (!S_ISREG(m_status.st_mode))
+        return Present::Unusable;
+    const OpenFile file(m_target, O_RDONLY | O_NONBLOCK);
+    if (!file.IsOpen() || fstat(file.Get(), &m_status) != 0 || !S_ISREG(m_status.st_mode))
+        return Present::Unusable;
+    m_hasPresent = true;
+    bool isSame = static_cast<std::uint64_t>(m_status.st_size) == bytes.size();
+    while (isSame) {
+        std::array<char, 65536> buffer;
+        const ssize_t count = ReadSome(file.Get(), buffer.data(), buffer.size());
+        if (count < 0)
+            return Present::Unusable;
+        if (count == 0)
+            break;
+        const std::string_view part(buffer.data(), static_cast<std::size_t>(count));
+        isSame = bytes.substr(0, part.size()) == part;
+        bytes.remove_prefix(std::min(part.size(), bytes.size()));
+    }
+    if (isSame && bytes.empty())
+        return Present::Same;
+    // Renaming would get round a protection against writing.
+    return faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) == 0 ? Present::Other : Present::Unusable;
+}
+
+bool AtomicSave::TakeOverRights(int file) const {
+    struct stat own = {};
+    if (fstat(file, &own) != 0)
+        return false;
+    // Only a privileged process can give a file to another user; a member can give it to its group. What is not allowed
+    // is left: the new file is then the user's own.
+    if (own.st_uid != m_status.st_uid && fchown(file, m_status.st_uid, m_status.st_gid) != 0 && errno != EPERM)
+        return false;
+    if (own.st_gid != m_status.st_gid && fchown(file, kSameUser, m_status.st_gid) != 0 && errno != EPERM)
+        return false;
+    return fchmod(file, m_status.st_mode & kPermissionBits) == 0;
+}
+
+bool AtomicSave::WriteTemporary(std::string_view bytes) {
+    const std::string stem = m_target + ".saving-" + std::to_string(getpid()) + "-";
+    for (int i = 0; i < kMostNames; ++i) {
+        const std::string name = stem + std::to_string(i);
+        // A new file gets what the user's mask allows, a replacement nothing before it has the rights of the old one.
+        OpenFile file(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, m_hasPresent ? 0600 : 0666);
+        if (!file.IsOpen()) {
+            if (errno == EEXIST)
+                continue;
+            return false;
+        }
+        m_temporary = name;
+        return WriteAll(file.Get(), bytes) && (!m_hasPresent || TakeOverRights(file.Get())) && file.Flush() &&
+               file.Close();
+    }
+    return false;
+}
+
+bool AtomicSave::KeepPresent(FileJudge isGood) {
+    if (!m_hasPresent)
+        return true;
+    return !isGood || isGood(m_target.c_str()) ? KeepAsBackup() : KeepAsRefused();
+}
+
+// The backup appears in one step too: a second name first, which then takes the place of the backup before.
+bool AtomicSave::KeepAsBackup() {
+    const std::string second = m_temporary + ".bak";
+    if (link(m_target.c_str(), second.c_str()) != 0 && !Copy(m_target, second)) {
+        unlink(second.c_str());
+        return false;
+    }
+    m_kept = m_target + ".bak";
+    const bool isGood = rename(second.c_str(), m_kept.c_str()) == 0;
+    // Renaming does nothing when both names lead to the same file already.
+    unlink(second.c_str());
+    return isGood;
+}
+
+bool AtomicSave::KeepAsRefused() {
+    for (int i = 1; i < kMostNames; ++i) {
+        m_kept = m_target + ".refused-" + std::to_string(i);
+        // A save that was killed may have kept this very file.
+        if (IsSameFile(m_kept, m_status))
+            return true;
+        struct stat other = {};
+        if (lstat(m_kept.c_str(), &other) == 0)
+            continue;
+        m_isKeptNew = link(m_target.c_str(), m_kept.c_str()) == 0 || (errno != EEXIST && Copy(m_target, m_kept));
+        if (m_isKeptNew || errno != EEXIST)
+            return m_isKeptNew;
+    }
+    return false;
+}
+
+// For file systems without hard links. `to` must not exist yet.
+bool AtomicSave::Copy(const std::string& from, const std::string& to) const {
+    const OpenFile source(from, O_RDONLY | O_NONBLOCK);
+    OpenFile copy(to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+    if (!copy.IsOpen())
+        return false;
+    bool isGood = source.IsOpen();
+    std::array<char, 65536> buffer;
+    while (isGood) {
+        const ssize_t count = ReadSome(source.Get(), buffer.data(), buffer.size());
+        if (count == 0)
+            break;
+        isGood = count > 0 && WriteAll(copy.Get(), {buffer.data(), static_cast<std::size_t>(count)});
+    }
+    isGood = isGood && TakeOverRights(copy.Get()) && copy.Flush() && copy.Close();
+    if (!isGood) {
+        unlink(to.c_str());
+        errno = EIO;  // not "exists", whatever the last step left behind
+    }
+    return isGood;
+}
+
+bool AtomicSave::Replace() {
+    const OpenFile folder(m_folder, O_RDONLY | O_DIRECTORY);
+    if (!folder.IsOpen() || rename(m_temporary.c_str(), m_target.c_str()) != 0)
+        return false;
+    // Some file systems cannot flush a folder and say so.
+    if (!folder.Flush() && errno != EINVAL) {
+        Undo();
+        return false;
+    }
+    m_temporary.clear();
+    m_isKeptNew = false;
+    return true;
+}
+
+// Puts the old file back, or nothing where there was none.
+void AtomicSave::Undo() {
+    if (!m_hasPresent) {
+        unlink(m_target.c_str());
+        return;
+    }
+    const bool isThere = link(m_kept.c_str(), m_temporary.c_str()) == 0 || Copy(m_kept, m_temporary);
+    // Should even this fail, the second name is all that is left of the old file.
+    m_isKeptNew = isThere && rename(m_temporary.c_str(), m_target.c_str()) == 0 && m_isKeptNew;
+}
+
+}  // namespace
+
+bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood) {
+    const std::string given = path ? ToUtf8(path) : std::string();
+    const std::string target = given.empty() ? given : FollowLinks(given);
+    if (target.empty())
+        return false;
+    if (IsInstalledDataPath(path) || IsInstalledDataPath(FromUtf8(target))) {
+        ReportMessage(CString(L"安装文件夹中的文件不能改写：") + path);
+        return false;
+    }
+    AtomicSave save(target);
+    switch (save.LookAtPresent(bytes)) {
+        case AtomicSave::Present::Same:
+            return true;
+        case AtomicSave::Present::Unusable:
+            return false;
+        default:
+            return save.WriteTemporary(bytes) && save.KeepPresent(isGood) && save.Replace();
+    }
+}

@@ -1,0 +1,21 @@
+// Replaces a file in one step, and keeps the version before.
+#pragma once
+
+#include <string_view>
+
+#include "platform/base/Api.h"
+
+// Whether the reader of a file of this kind accepts the file at a path (as the system takes it).
+using FileJudge = bool (*)(const char* path);
+
+// Makes `bytes` the content of the file at `path`. At every instant, also when the process dies or the power fails, the
+// path leads to the whole old file or to the whole new one.
+//   - A file that holds these bytes already is not touched, and neither is anything beside it.
+//   - The version before becomes NAME.bak, replacing the one there; when `isGood` refuses it (null: nothing is refused)
+//     it becomes NAME.refused-1, or the next number that is free, and NAME.bak stays.
+//   - Symbolic links stay: what they lead to is replaced. Permissions stay; owner and group where the system allows it.
+//   - The folder must exist. A file that may not be read and written, and what is no ordinary file, is refused.
+//   - In the installed data folder nothing is written: a message says so.
+// False when a step fails: the old file then stands, and nothing is left beside it but possibly a NAME.bak of the same
+// content. (A process that is killed can leave one file NAME.saving-*.)
+ORVO_API bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood);

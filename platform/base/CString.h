@@ -1,0 +1,139 @@
+// Wide text: the framework's string class, reduced to what the module and the programs on it call, and the array of
+// texts with the splitter that fills it.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/base/Api.h"
+#include "platform/base/TextFormat.h"
+
+// A wide text with value semantics. Indexes count wchar_t units from 0; an index that is out of range is clamped (Mid,
+// Left, Right, Find) or gives a zero character (GetAt). A null pointer stands for an empty text wherever a text is
+// taken. Comparisons are ordinal, unit by unit; "no case" folds the 26 ASCII letters and nothing else, so that no
+// result ever depends on a locale.
+class ORVO_API CString {
+public:
+    CString() = default;
+    CString(const wchar_t* text) : m_text(text ? text : L"") {}
+    CString(const wchar_t* text, int length) : m_text(text ? text : L"", text ? ClampLength(length) : 0) {}
+    explicit CString(wchar_t character, int count = 1) : m_text(ClampLength(count), character) {}
+    explicit CString(std::wstring_view text) : m_text(text) {}
+
+    CString& operator=(const wchar_t* text);
+
+    operator const wchar_t*() const { return m_text.c_str(); }
+    const wchar_t* GetString() const { return m_text.c_str(); }
+    // The same text for standard algorithms; valid until the next change.
+    std::wstring_view View() const { return m_text; }
+
+    int GetLength() const { return static_cast<int>(m_text.size()); }
+    bool IsEmpty() const { return m_text.empty(); }
+    void Empty() { m_text.clear(); }
+    wchar_t GetAt(int index) const;
+    void SetAt(int index, wchar_t character);
+
+    CString Left(int count) const;
+    CString Right(int count) const;
+    CString Mid(int first) const;
+    CString Mid(int first, int count) const;
+
+    // Position of the first match at or after `start`; -1 when there is none. An empty pattern matches at `start`.
+    int Find(wchar_t character, int start = 0) const;
+    int Find(const wchar_t* pattern, int start = 0) const;
+    int ReverseFind(wchar_t character) const;
+
+    // Removes `count` units from `index` on; gives the new length.
+    int Delete(int index, int count = 1);
+    // Puts a text before `index` (clamped to the ends); gives the new length.
+    int Insert(int index, const wchar_t* text);
+    // Replaces every occurrence; gives how many there were. An empty pattern occurs nowhere.
+    int Replace(const wchar_t* pattern, const wchar_t* replacement);
+
+    CString& MakeUpper();
+    CString& MakeLower();
+    // Removes leading and trailing white space.
+    CString& Trim();
+
+    int Compare(const wchar_t* other) const;
+    int CompareNoCase(const wchar_t* other) const;
+
+    CString& operator+=(const wchar_t* text);
+    CString& operator+=(wchar_t character);
+    CString& operator+=(const CString& text);
+
+    // Fills a printf-style format; see TextFormat.h for what may stand in it. A format that does not fit its arguments
+    // never crashes: the text becomes the format itself, unfilled.
+    template <class... Args>
+    void Format(const wchar_t* format, const Args&... args) {
+        const TextArgument list[sizeof...(Args) + 1] = {TextArgument(args)..., TextArgument(0)};
+        if (!FormatText(m_text, format, list, sizeof...(Args)))
+            m_text = format ? format : L"";
+    }
+
+private:
+    static std::size_t ClampLength(int length) { return length > 0 ? static_cast<std::size_t>(length) : 0; }
+    std::size_t ClampIndex(int index) const;
+
+    std::wstring m_text;
+};
+
+// The maker's own name for the same thing.
+using QcStringW = CString;
+
+ORVO_API CString operator+(const CString& left, const CString& right);
+ORVO_API CString operator+(const CString& left, const wchar_t* right);
+ORVO_API CString operator+(const wchar_t* left, const CString& right);
+ORVO_API CString operator+(const CString& left, wchar_t right);
+ORVO_API CString operator+(wchar_t left, const CString& right);
+
+inline bool operator==(const CString& left, const CString& right) {
+    return left.View() == right.View();
+}
+inline bool operator==(const CString& left, const wchar_t* right) {
+    return left.Compare(right) == 0;
+}
+inline bool operator==(const wchar_t* left, const CString& right) {
+    return right.Compare(left) == 0;
+}
+inline bool operator!=(const CString& left, const CString& right) {
+    return !(left == right);
+}
+inline bool operator!=(const CString& left, const wchar_t* right) {
+    return !(left == right);
+}
+inline bool operator!=(const wchar_t* left, const CString& right) {
+    return !(left == right);
+}
+inline bool operator<(const CString& left, const CString& right) {
+    return left.View() < right.View();
+}
+inline bool operator>(const CString& left, const CString& right) {
+    return left.View() > right.View();
+}
+
+// A growing array of texts.
+class ORVO_API CStringArray {
+public:
+    int GetSize() const { return static_cast<int>(m_texts.size()); }
+    // The text at an index; an empty text when the index is out of range.
+    const CString& GetAt(int index) const;
+    // Appends a text; gives its index.
+    int Add(const CString& text);
+    void RemoveAll() { m_texts.clear(); }
+
+private:
+    std::vector<CString> m_texts;
+};
+
+// Splits `text` at each `separator` into `pieces`, which are emptied first. Empty pieces between separators are kept;
+// an empty text gives no piece at all; an empty or null separator gives the whole text as the one piece.
+ORVO_API void CutStrToArr(const wchar_t* text, const wchar_t* separator, CStringArray& pieces);
+
+// Text in UTF-8 and back, for files, terminals and the operating system. A unit that is no character (a lone
+// surrogate, a byte that is no UTF-8) becomes U+FFFD. Both work on 16-bit and 32-bit wchar_t.
+ORVO_API std::string ToUtf8(std::wstring_view text);
+ORVO_API CString FromUtf8(std::string_view bytes);

@@ -1,0 +1,328 @@
+// From the nodes that libxml2's streaming reader gives to a tree of items.
+#include "platform/base/DictionaryReader.h"
+
+#include <fcntl.h>
+#include <libxml/xmlreader.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "platform/base/TextNumber.h"
+#include "platform/base/XmlNames.h"
+#include "platform/base/XmlQuiet.h"
+
+namespace {
+
+std::string_view ViewOf(const xmlChar* text) {
+    return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
+}
+
+char ToAsciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// Whether the XML declaration at the beginning of a file names GB2312.
+bool DeclaresGb2312(std::string_view beginning) {
+    std::string text(beginning);
+    std::transform(text.begin(), text.end(), text.begin(), ToAsciiLower);
+    if (text.rfind("<?xml", 0) != 0)
+        return false;
+    text.resize(std::min(text.find("?>"), text.size()));
+    const std::size_t name = text.find("encoding");
+    if (name == std::string::npos)
+        return false;
+    const std::size_t quote = text.find_first_of("\"'", name);
+    return quote != std::string::npos && text.compare(quote + 1, 6, "gb2312") == 0 &&
+           text.find(text[quote], quote + 1) == quote + 7;
+}
+
+// The code of a kind, written exactly; -1 for everything else.
+int KindOf(std::string_view text) {
+    for (const int kind : {QcDtKindDictionary, QcDtKindFlag, QcDtKindInteger, QcDtKindDouble, QcDtKindString}) {
+        if (text == std::string(1, static_cast<char>('0' + kind)))
+            return kind;
+    }
+    return -1;
+}
+
+double DoubleOf(const CString& text) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    if (text == L"inf")
+        return kInfinity;
+    if (text == L"-inf")
+        return -kInfinity;
+    return text == L"nan" ? std::numeric_limits<double>::quiet_NaN() : _wtof(text);
+}
+
+void SetValue(QcDtDictItem& item, const CString& text) {
+    switch (item.GetType()) {
+        case QcDtKindFlag:
+        case QcDtKindInteger:
+            item.SetIntValue(_wtoi(text));
+            break;
+        case QcDtKindDouble:
+            item.SetDoubleValue(DoubleOf(text));
+            break;
+        default:
+            item.SetStringValue(text);
+    }
+}
+
+}  // namespace
+
+DictionaryReader::DictionaryReader(QcDtDictionary& target) : m_pTarget(&target) {}
+
+bool DictionaryReader::ReadFile(const wchar_t* path) {
+    return ReadFile(path ? ToUtf8(path).c_str() : "");
+}
+
+bool DictionaryReader::ReadBytes(std::string_view bytes) {
+    Source source;
+    source.memory = bytes;
+    return Read(source);
+}
+
+bool DictionaryReader::AcceptsFile(const char* path) {
+    return DictionaryReader().ReadFile(path);
+}
+
+bool DictionaryReader::AcceptsBytes(std::string_view bytes) {
+    return DictionaryReader().ReadBytes(bytes);
+}
+
+bool DictionaryReader::ReadFile(const char* path) {
+    // Asked before opening as well, since opening a device can do things. Not blocking: nobody may ever write to a
+    // pipe.
+    struct stat status = {};
+    Source source;
+    if (stat(path, &status) == 0 && S_ISREG(status.st_mode))
+        source.file = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    const bool isGood = source.file >= 0 && fstat(source.file, &status) == 0 && S_ISREG(status.st_mode) &&
+                        static_cast<std::uint64_t>(status.st_size) <= kDictionaryMaxBytes && Read(source);
+    if (source.file >= 0)
+        close(source.file);
+    if (!isGood)
+        Clear();
+    return isGood;
+}
+
+int DictionaryReader::ReadFrom(void* context, char* buffer, int length) {
+    auto& source = *static_cast<Source*>(context);
+    ssize_t count = 0;
+    if (source.file >= 0) {
+        do
+            count = read(source.file, buffer, static_cast<std::size_t>(length));
+        while (count < 0 && errno == EINTR);
+    } else {
+        const std::string_view rest = source.memory.substr(source.position);
+        count = static_cast<ssize_t>(std::min(rest.size(), static_cast<std::size_t>(length)));
+        std::memcpy(buffer, rest.data(), static_cast<std::size_t>(count));
+    }
+    if (count > 0 && source.position < source.beginning.size()) {
+        const std::size_t room = source.beginning.size() - source.position;
+        std::memcpy(source.beginning.data() + source.position, buffer, std::min(room, static_cast<std::size_t>(count)));
+    }
+    source.position += static_cast<std::uint64_t>(std::max<ssize_t>(count, 0));
+    const std::string_view bytes(buffer, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    // The file may have grown since its size was asked for.
+    source.hasFailed =
+        source.hasFailed || count < 0 || source.position > kDictionaryMaxBytes || !source.guard.Take(bytes);
+    return source.hasFailed ? -1 : static_cast<int>(count);
+}
+
+bool DictionaryReader::Read(Source& source) {
+    bool isGood = false;
+    try {
+        isGood = ReadAs(nullptr, source);
+        if (!isGood && !source.hasFailed && DeclaresGb2312({source.beginning.data(), source.beginning.size()})) {
+            source.position = 0;
+            source.guard = {};
+            isGood = (source.file < 0 || lseek(source.file, 0, SEEK_SET) == 0) && ReadAs("GB18030", source);
+        }
+    } catch (const std::bad_alloc&) {
+        isGood = false;
+    }
+    if (!isGood)
+        Clear();
+    return isGood;
+}
+
+bool DictionaryReader::ReadAs(const char* encoding, Source& source) {
+    Clear();
+    const XmlQuiet quiet;
+    const int options = XML_PARSE_NONET | (encoding ? XML_PARSE_IGNORE_ENC : 0);
+    const std::unique_ptr<xmlTextReader, void (*)(xmlTextReader*)> xml(
+        xmlReaderForIO(ReadFrom, nullptr, &source, nullptr, encoding, options), xmlFreeTextReader);
+    return xml && ReadNodes(xml.get()) && !source.hasFailed && !quiet.HasErrors();
+}
+
+void DictionaryReader::Clear() {
+    m_open.clear();
+    m_text.clear();
+    m_namespaces.clear();
+    m_namespaceCount = 0;
+    if (!m_pTarget)
+        return;
+    m_pTarget->RemoveAll();
+    m_pTarget->CopyNamesAndAttributes(QcDtDictionary());
+}
+
+bool DictionaryReader::ReadNodes(xmlTextReader* xml) {
+    bool hasRoot = false;
+    int result = xmlTextReaderRead(xml);
+    for (; result == 1; result = xmlTextReaderRead(xml)) {
+        hasRoot = hasRoot || xmlTextReaderNodeType(xml) == XML_READER_TYPE_ELEMENT;
+        if (!TakeNode(xml))
+            return false;
+    }
+    return result == 0 && hasRoot;
+}
+
+// Counts the declarations in force, all of which the library searches for each prefix.
+bool DictionaryReader::TakeNamespaces(xmlTextReader* xml) {
+    const auto depth = static_cast<std::size_t>(xmlTextReaderDepth(xml));
+    for (; m_namespaces.size() > depth; m_namespaces.pop_back())
+        m_namespaceCount -= m_namespaces.back();
+    int own = 0;
+    while (xmlTextReaderMoveToNextAttribute(xml) == 1)
+        own += xmlTextReaderIsNamespaceDecl(xml) == 1 ? 1 : 0;
+    xmlTextReaderMoveToElement(xml);
+    m_namespaces.push_back(own);
+    m_namespaceCount += own;
+    return m_namespaceCount <= kDictionaryMaxNamespaces;
+}
+
+bool DictionaryReader::TakeNode(xmlTextReader* xml) {
+    switch (xmlTextReaderNodeType(xml)) {
+        case XML_READER_TYPE_ELEMENT:
+            if (xmlTextReaderDepth(xml) >= kDictionaryMaxDepth || !TakeNamespaces(xml))
+                return false;
+            if (m_pTarget)
+                BeginElement(xml);
+            return true;
+        case XML_READER_TYPE_END_ELEMENT:
+            if (m_pTarget)
+                EndElement();
+            return true;
+        case XML_READER_TYPE_TEXT:
+        case XML_READER_TYPE_CDATA:
+        case XML_READER_TYPE_WHITESPACE:
+        case XML_READER_TYPE_SIGNIFICANT_WHITESPACE:
+            m_text += m_pTarget && !m_open.empty() ? ViewOf(xmlTextReaderConstValue(xml)) : std::string_view();
+            return true;
+        case XML_READER_TYPE_DOCUMENT_TYPE:
+        case XML_READER_TYPE_ENTITY_REFERENCE:
+            return false;
+        default:  // comments, processing instructions
+            return true;
+    }
+}
+
+void DictionaryReader::BeginElement(xmlTextReader* xml) {
+    const bool isEmpty = xmlTextReaderIsEmptyElement(xml) == 1;
+    if (!m_open.empty())
+        DictionaryOf(m_open.back());
+    m_text.clear();
+    const bool isRoot = m_open.empty();
+    OpenElement& element = m_open.emplace_back();
+    if (isRoot)
+        element.dictionary = m_pTarget;
+    else
+        element.draft = std::make_unique<QcDtDictStringItem>();
+    QcDtDictItem& item = isRoot ? static_cast<QcDtDictItem&>(*m_pTarget) : *element.draft;
+    item.SetTag(FromUtf8(ViewOf(xmlTextReaderConstName(xml))));
+    TakeAttributes(xml, element, item);
+    if (isEmpty)
+        EndElement();
+}
+
+void DictionaryReader::TakeAttributes(xmlTextReader* xml, OpenElement& element, QcDtDictItem& item) {
+    bool hasEscapedNames = false;
+    while (xmlTextReaderMoveToNextAttribute(xml) == 1) {
+        if (xmlTextReaderIsNamespaceDecl(xml) == 1)
+            continue;
+        if (ViewOf(xmlTextReaderConstNamespaceUri(xml)) == kDictionaryNamespace) {
+            TakeBookkeeping(xml, element, item);
+            continue;
+        }
+        const CString raw = FromUtf8(ViewOf(xmlTextReaderConstName(xml)));
+        const CString name = UnescapeXml(raw.View());
+        const CString value = FromUtf8(ViewOf(xmlTextReaderConstValue(xml)));
+        // XML sees to it that no name stands twice, as long as none was written in another way.
+        hasEscapedNames = hasEscapedNames || name != raw;
+        if (hasEscapedNames)
+            item.SetAttributeValue(name, value);
+        else
+            item.m_attributes.push_back({name, value});
+    }
+    if (element.isEscaped)
+        Unescape(element, item);
+    if (!element.hasName)
+        item.SetName(item.GetTag());
+}
+
+void DictionaryReader::TakeBookkeeping(xmlTextReader* xml, OpenElement& element, QcDtDictItem& item) {
+    const std::string_view name = ViewOf(xmlTextReaderConstLocalName(xml));
+    const std::string_view value = ViewOf(xmlTextReaderConstValue(xml));
+    if (name == "kind") {
+        element.kind = KindOf(value);
+    } else if (name == "tag") {
+        element.hasTag = true;
+        item.SetTag(FromUtf8(value));
+    } else if (name == "name") {
+        element.hasName = true;
+        item.SetName(FromUtf8(value));
+    } else if (name == "local") {
+        item.SetLocalName(FromUtf8(value));
+    } else if (name == "escaped") {
+        element.isEscaped = value == "1";
+    }
+}
+
+void DictionaryReader::Unescape(const OpenElement& element, QcDtDictItem& item) {
+    if (element.hasTag)
+        item.SetTag(UnescapeXml(item.GetTag().View()));
+    if (element.hasName)
+        item.SetName(UnescapeXml(item.GetName().View()));
+    item.SetLocalName(UnescapeXml(item.GetLocalName().View()));
+    for (QcDtDictItem::Attribute& attribute : item.m_attributes)
+        attribute.value = UnescapeXml(attribute.value.View());
+}
+
+// The dictionary of an element that turns out to be one.
+QcDtDictionary& DictionaryReader::DictionaryOf(OpenElement& element) {
+    if (!element.dictionary) {
+        auto dictionary = std::make_unique<QcDtDictionary>();
+        dictionary->TakeNamesAndAttributes(*element.draft);
+        element.draft.reset();
+        element.dictionary = dictionary.get();
+        m_open[m_open.size() - 2].dictionary->AppendItem(dictionary.release());
+    }
+    return *element.dictionary;
+}
+
+void DictionaryReader::EndElement() {
+    OpenElement& element = m_open.back();
+    if (!element.dictionary && element.kind == QcDtKindDictionary)
+        DictionaryOf(element);
+    if (!element.dictionary) {
+        std::unique_ptr<QcDtDictItem> item = std::move(element.draft);
+        if (element.kind != -1 && element.kind != QcDtKindString) {
+            const std::unique_ptr<QcDtDictItem> draft(std::exchange(item, nullptr));
+            item.reset(QcDtDictItem::Create(element.kind, nullptr));
+            item->TakeNamesAndAttributes(*draft);
+        }
+        if (!m_text.empty()) {
+            const CString text = FromUtf8(m_text);
+            SetValue(*item, element.isEscaped ? UnescapeXml(text.View()) : text);
+        }
+        m_open[m_open.size() - 2].dictionary->AppendItem(item.release());
+    }
+    m_open.pop_back();
+    m_text.clear();
+}

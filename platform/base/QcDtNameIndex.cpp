@@ -1,0 +1,78 @@
+// The table from names to items, and the rings of equal names.
+#include "platform/base/QcDtNameIndex.h"
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <utility>
+
+#include "platform/base/QcDtDictionary.h"
+
+namespace {
+
+std::uint64_t MakeSalt() {
+    std::uint64_t salt = 0x9E3779B97F4A7C15;
+    std::uint64_t random = 0;
+    if (getentropy(&random, sizeof random) == 0)
+        salt ^= random;
+    return salt;
+}
+
+}  // namespace
+
+std::size_t QcDtNameIndex::NameHash::operator()(std::wstring_view name) const {
+    static const std::uint64_t salt = MakeSalt();
+    std::uint64_t hash = salt + name.size();
+    for (const wchar_t unit : name) {
+        hash = (hash ^ static_cast<std::uint32_t>(unit)) * 0xD6E8FEB86659FD93;
+        hash ^= hash >> 32;
+    }
+    return static_cast<std::size_t>(hash);
+}
+
+QcDtDictItem* QcDtNameIndex::Find(std::wstring_view name) const {
+    const auto found = m_first.find(name);
+    return found == m_first.end() ? nullptr : found->second;
+}
+
+void QcDtNameIndex::Add(QcDtDictItem* item) {
+    const auto [entry, isNew] = m_first.try_emplace(item->GetName().View(), item);
+    if (isNew) {
+        item->m_pNextSame = item->m_pPreviousSame = item;
+        return;
+    }
+    // Most arrive in order, behind the last; an item that was renamed may belong anywhere.
+    QcDtDictItem* const first = entry->second;
+    QcDtDictItem* before = first->m_pPreviousSame;
+    const bool isNewFirst = item->m_nOrder < first->m_nOrder;
+    while (!isNewFirst && before->m_nOrder > item->m_nOrder)
+        before = before->m_pPreviousSame;
+    item->m_pPreviousSame = before;
+    item->m_pNextSame = before->m_pNextSame;
+    before->m_pNextSame->m_pPreviousSame = item;
+    before->m_pNextSame = item;
+    if (isNewFirst)
+        SetFirst(entry, item);
+}
+
+void QcDtNameIndex::Remove(QcDtDictItem* item) {
+    const auto entry = m_first.find(item->GetName().View());
+    QcDtDictItem* const next = item->m_pNextSame;
+    if (next == item) {
+        m_first.erase(entry);
+    } else {
+        item->m_pPreviousSame->m_pNextSame = next;
+        next->m_pPreviousSame = item->m_pPreviousSame;
+        if (entry->second == item)
+            SetFirst(entry, next);
+    }
+    item->m_pNextSame = item->m_pPreviousSame = nullptr;
+}
+
+// The key goes with the item, since it is a view of the item's name.
+void QcDtNameIndex::SetFirst(Table::iterator entry, QcDtDictItem* item) {
+    auto node = m_first.extract(entry);
+    node.key() = item->GetName().View();
+    node.mapped() = item;
+    m_first.insert(std::move(node));
+}

@@ -1,0 +1,106 @@
+// Wide text to UTF-8 and back, for either width of wchar_t.
+#include <cstdint>
+
+#include "platform/base/CString.h"
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsHighSurrogate(char32_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+bool IsLowSurrogate(char32_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
+bool IsSurrogate(char32_t c) {
+    return c >= 0xD800 && c <= 0xDFFF;
+}
+
+// The character at `at`, which moves behind it. A pair of surrogates is one character, also in 32-bit text.
+char32_t NextCharacter(std::wstring_view text, std::size_t& at) {
+    const char32_t unit = static_cast<char32_t>(text[at++]);
+    if (IsHighSurrogate(unit) && at < text.size() && IsLowSurrogate(static_cast<char32_t>(text[at]))) {
+        const char32_t low = static_cast<char32_t>(text[at++]);
+        return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
+    }
+    return IsSurrogate(unit) || unit > 0x10FFFF ? kReplacement : unit;
+}
+
+void AppendUtf8(std::string& out, char32_t c) {
+    const auto tail = [&out, c](int shift) { out.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F))); };
+    if (c < 0x80) {
+        out.push_back(static_cast<char>(c));
+    } else if (c < 0x800) {
+        out.push_back(static_cast<char>(0xC0 | (c >> 6)));
+        tail(0);
+    } else if (c < 0x10000) {
+        out.push_back(static_cast<char>(0xE0 | (c >> 12)));
+        tail(6);
+        tail(0);
+    } else {
+        out.push_back(static_cast<char>(0xF0 | (c >> 18)));
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+// How many bytes the character that begins with `lead` has; 0 when no character begins so.
+int SequenceLength(std::uint8_t lead) {
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xC2 && lead <= 0xDF)
+        return 2;
+    if (lead >= 0xE0 && lead <= 0xEF)
+        return 3;
+    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+}
+
+// The character at `at`, which moves behind it, or behind one byte when that byte begins no character.
+char32_t NextCharacter(std::string_view bytes, std::size_t& at) {
+    constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr std::uint8_t kLeadMask[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    const auto lead = static_cast<std::uint8_t>(bytes[at++]);
+    const int length = SequenceLength(lead);
+    if (length == 0)
+        return kReplacement;
+    char32_t c = lead & kLeadMask[length];
+    std::size_t next = at;
+    for (int i = 1; i < length; ++i, ++next) {
+        if (next >= bytes.size() || (static_cast<std::uint8_t>(bytes[next]) & 0xC0) != 0x80)
+            return kReplacement;
+        c = (c << 6) | (static_cast<std::uint8_t>(bytes[next]) & 0x3F);
+    }
+    if (c < kLeast[length] || IsSurrogate(c) || c > 0x10FFFF)
+        return kReplacement;
+    at = next;
+    return c;
+}
+
+void AppendWide(std::wstring& out, char32_t c) {
+    if (sizeof(wchar_t) >= 4 || c < 0x10000) {
+        out.push_back(static_cast<wchar_t>(c));
+        return;
+    }
+    out.push_back(static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10)));
+    out.push_back(static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
+}
+
+}  // namespace
+
+std::string ToUtf8(std::wstring_view text) {
+    std::string out;
+    out.reserve(text.size() * 3);
+    for (std::size_t at = 0; at < text.size();)
+        AppendUtf8(out, NextCharacter(text, at));
+    return out;
+}
+
+CString FromUtf8(std::string_view bytes) {
+    std::wstring out;
+    out.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();)
+        AppendWide(out, NextCharacter(bytes, at));
+    return CString(std::wstring_view(out));
+}

@@ -1,0 +1,33 @@
+// A point in space.
+#pragma once
+
+#include <cmath>
+
+// Three coordinates; (0, 0, 0) by default. Comparisons are exact, without any tolerance, so a coordinate that is not a
+// number makes two points differ. Subtraction is in QcGeVector3d.h, since it gives a vector.
+struct QcGePoint {
+    constexpr QcGePoint() = default;
+    constexpr QcGePoint(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
+
+    // The distance from the origin: the root of the sum of squares, and where that sum would overflow or lose its
+    // digits, the same by a slower way that does not.
+    double Length3d() const {
+        const double square = x * x + y * y + z * z;
+        return square > 1e-280 && square < 1e300 ? std::sqrt(square) : std::hypot(std::hypot(x, y), z);
+    }
+
+    constexpr bool operator==(const QcGePoint& other) const { return x == other.x && y == other.y && z == other.z; }
+    constexpr bool operator!=(const QcGePoint& other) const { return !(*this == other); }
+    // Orders by x, where those are equal by y, then by z.
+    constexpr bool operator>(const QcGePoint& other) const {
+        if (x != other.x)
+            return x > other.x;
+        if (y != other.y)
+            return y > other.y;
+        return z > other.z;
+    }
+
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+};

@@ -1,0 +1,4 @@
+// The destructor stands here, so that the class has one home for its table of virtual functions.
+#include "platform/host/AcRxObject.h"
+
+AcRxObject::~AcRxObject() = default;

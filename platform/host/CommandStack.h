@@ -1,0 +1,49 @@
+// The commands that plug-ins have added to the host, in groups.
+#pragma once
+
+#include <memory>
+
+#include "platform/base/CString.h"
+#include "platform/host/AcRxObject.h"
+#include "platform/host/ErrorStatus.h"
+
+using AcRxFunctionPtr = void (*)();
+
+// One command: its name as the user types it and the function that it runs.
+struct AcEdCommand {
+    CString m_strName;
+    AcRxFunctionPtr m_pFunction = nullptr;
+    int m_nFlags = 0;
+};
+
+// All groups in the order in which they were defined. Names of groups and commands are compared without case of ASCII
+// letters. Pointers and indexes that it gives hold until the next change.
+class ORVO_API AcEdCommandStack : public AcRxObject {
+public:
+    AcEdCommandStack();
+    ~AcEdCommandStack() override;
+
+    // Makes an empty group, unless there is one of that name. eInvalidInput for an empty name or null.
+    Acad::ErrorStatus addGroup(const wchar_t* group);
+    // Adds a command to a group, which is made when there is none. A command of the same name in the same group is
+    // replaced. eInvalidInput when the group, the name (null or empty) or the function is missing.
+    Acad::ErrorStatus addCommand(const wchar_t* group, const wchar_t* name, int flags, AcRxFunctionPtr function);
+    // Removes a group with its commands; eKeyNotFound when there is none.
+    Acad::ErrorStatus removeGroup(const wchar_t* group);
+
+    bool hasGroup(const wchar_t* group) const;
+    int groupCount() const;
+    // Empty for an index out of range.
+    CString groupName(int index) const;
+    // 0 for an unknown group.
+    int commandCount(const wchar_t* group) const;
+    // Null for an unknown group or an index out of range.
+    const AcEdCommand* commandAt(const wchar_t* group, int index) const;
+
+    // The command of this name in the earliest group that has it; null when none has.
+    const AcEdCommand* lookupCmd(const wchar_t* name) const;
+
+private:
+    struct Groups;
+    std::unique_ptr<Groups> m_groups;
+};

@@ -1,0 +1,69 @@
+// The framework's list of libraries is a chain through the announcing objects, so that it needs no storage of its own.
+#include "platform/host/ExtensionModule.h"
+
+namespace {
+
+constinit CDynLinkLibrary* g_firstLibrary = nullptr;
+constinit AFX_MODULE_STATE g_moduleState;
+constinit bool g_failInitialisation = false;
+
+CDynLinkLibrary* FindLibrary(HINSTANCE module) {
+    CDynLinkLibrary* library = g_firstLibrary;
+    while (library && library->GetModule() != module)
+        library = library->GetNext();
+    return library;
+}
+
+}  // namespace
+
+bool AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HINSTANCE module) {
+    if (!module || g_failInitialisation)
+        return false;
+    if (!state.bInitialized)
+        state = {true, module, module};
+    return true;
+}
+
+void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state) {
+    if (!state.bInitialized)
+        return;
+    while (CDynLinkLibrary* library = FindLibrary(state.hModule))
+        delete library;
+    state = {};
+}
+
+void SetExtensionModuleFailureForTest(bool fail) {
+    g_failInitialisation = fail;
+}
+
+CDynLinkLibrary::CDynLinkLibrary(const AFX_EXTENSION_MODULE& state)
+    : m_hModule(state.hModule), m_hResource(state.hResource), m_pNext(g_firstLibrary) {
+    g_firstLibrary = this;
+}
+
+CDynLinkLibrary::~CDynLinkLibrary() {
+    if (g_firstLibrary == this) {
+        g_firstLibrary = m_pNext;
+        return;
+    }
+    for (CDynLinkLibrary* library = g_firstLibrary; library; library = library->m_pNext) {
+        if (library->m_pNext == this)
+            library->m_pNext = m_pNext;
+    }
+}
+
+CDynLinkLibrary* AfxGetFirstDynLinkLibrary() {
+    return g_firstLibrary;
+}
+
+AFX_MODULE_STATE* AfxGetModuleState() {
+    return &g_moduleState;
+}
+
+HINSTANCE AfxGetResourceHandle() {
+    return g_moduleState.m_hCurrentResourceHandle;
+}
+
+void AfxSetResourceHandle(HINSTANCE resources) {
+    g_moduleState.m_hCurrentResourceHandle = resources;
+}

@@ -1,0 +1,58 @@
+// What the framework knows of a library that extends a program: its state, the objects that announce it, and the module
+// whose resources are in force.
+#pragma once
+
+#include "platform/base/Api.h"
+#include "platform/base/ModuleFile.h"
+
+// A library's state with the framework. Each library has one static object of this type, zero at first.
+struct AFX_EXTENSION_MODULE {
+    bool bInitialized = false;
+    HINSTANCE hModule = nullptr;
+    HINSTANCE hResource = nullptr;
+};
+
+// Takes a library in: notes its handle, which is also where its resources are. Doing so again changes nothing. False,
+// with the state as it was, when the handle is null or a test asked for a failure.
+ORVO_API bool AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HINSTANCE module);
+// Lets a library go: deletes every CDynLinkLibrary object of it and zeroes its state. A state that was never
+// initialised is left alone.
+ORVO_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state);
+
+// For tests: while set, AfxInitExtensionModule fails.
+ORVO_API void SetExtensionModuleFailureForTest(bool fail);
+
+// Announces a library to the framework: while the object exists, the library is in the framework's list. Made with
+// `new` by the library once it is initialised; the framework deletes it in AfxTermExtensionModule.
+class ORVO_API CDynLinkLibrary {
+public:
+    explicit CDynLinkLibrary(const AFX_EXTENSION_MODULE& state);
+    virtual ~CDynLinkLibrary();
+    CDynLinkLibrary(const CDynLinkLibrary&) = delete;
+    CDynLinkLibrary& operator=(const CDynLinkLibrary&) = delete;
+
+    HINSTANCE GetModule() const { return m_hModule; }
+    HINSTANCE GetResources() const { return m_hResource; }
+    // The next object in the framework's list, newest first; null at its end.
+    CDynLinkLibrary* GetNext() const { return m_pNext; }
+
+private:
+    HINSTANCE m_hModule;
+    HINSTANCE m_hResource;
+    CDynLinkLibrary* m_pNext;
+};
+
+// The newest object in the framework's list; null when there is none.
+ORVO_API CDynLinkLibrary* AfxGetFirstDynLinkLibrary();
+
+// The framework's state of the process.
+struct AFX_MODULE_STATE {
+    HINSTANCE m_hCurrentInstanceHandle = nullptr;
+    // The module in whose resources dialogs and texts are looked up; null stands for the program.
+    HINSTANCE m_hCurrentResourceHandle = nullptr;
+};
+
+// Never null; always the same object. Usable while static objects are constructed.
+ORVO_API AFX_MODULE_STATE* AfxGetModuleState();
+ORVO_API HINSTANCE AfxGetResourceHandle();
+ORVO_API void AfxSetResourceHandle(HINSTANCE resources);

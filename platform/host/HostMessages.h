@@ -1,0 +1,29 @@
+// The one function through which the host speaks to a plug-in, and what it says.
+#pragma once
+
+#include "platform/base/Api.h"
+
+namespace AcRx {
+
+// The numbers of the messages, as the host sends them.
+enum AppMsgCode : int {
+    kInitAppMsg = 1,    // the plug-in has just been loaded
+    kUnloadAppMsg = 2,  // it is about to be unloaded
+    kLoadDwgMsg = 3,    // a drawing was opened
+    kUnloadDwgMsg = 4,  // a drawing is being closed
+    kInvkSubrMsg = 5,   // a function that the plug-in defined is called
+};
+
+// The plug-in's answer.
+enum AppRetCode : int {
+    kRetOK = 0,
+    kRetError = 3,
+};
+
+}  // namespace AcRx
+
+// A plug-in defines and exports this function. The application handle is the host's name for the loaded plug-in; it is
+// only passed back to the host. The answer is an AppRetCode; other messages may come and are answered with kRetOK.
+extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle);
+
+using AcRxEntryPoint = int (*)(int message, void* applicationHandle);

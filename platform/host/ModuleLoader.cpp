@@ -1,0 +1,104 @@
+// dlopen and dlclose with the manners of the host around them.
+#include "platform/host/ModuleLoader.h"
+
+#include <dlfcn.h>
+#include <link.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "platform/base/Language.h"
+#include "platform/host/RxRegistry.h"
+
+namespace {
+
+// The dynamic linker searches for names without a '/'; a path made absolute is only ever the file that is meant.
+CString AbsolutePath(const wchar_t* path) {
+    const std::string bytes = ToUtf8(path ? path : L"");
+    const std::unique_ptr<char, void (*)(void*)> resolved(realpath(bytes.c_str(), nullptr), std::free);
+    return resolved ? FromUtf8(resolved.get()) : CString();
+}
+
+CString LinkerError() {
+    const char* cause = dlerror();
+    return FromUtf8(cause ? cause : "");
+}
+
+// The library's own entry point; null when it has none. A look-up by name alone would also find that of another plug-in
+// that the library is linked with.
+AcRxEntryPoint OwnEntryPoint(void* handle) {
+    void* symbol = dlsym(handle, "acrxEntryPoint");
+    Dl_info info{};
+    void* owner = nullptr;
+    link_map* library = nullptr;
+    if (!symbol || dladdr1(symbol, &info, &owner, RTLD_DL_LINKMAP) == 0 ||
+        dlinfo(handle, RTLD_DI_LINKMAP, &library) != 0 || owner != library)
+        return nullptr;
+    return reinterpret_cast<AcRxEntryPoint>(symbol);
+}
+
+}  // namespace
+
+ModuleLoader::~ModuleLoader() {
+    if (!m_handle)
+        return;
+    Send(AcRx::kUnloadAppMsg);
+    Close();
+}
+
+bool ModuleLoader::Load(const wchar_t* path, CString& error) {
+    const CString name(path);  // the path may be held by `error`
+    error.Empty();
+    if (m_handle) {
+        error.Format(PlatformText(L"无法加载模块“%s”：“%s”尚未卸载。"), name, m_path);
+        return false;
+    }
+    m_path = AbsolutePath(name);
+    if (m_path.IsEmpty()) {
+        error.Format(PlatformText(L"无法加载模块“%s”：文件不存在。"), name);
+        return false;
+    }
+    m_handle = dlopen(ToUtf8(m_path.View()).c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!m_handle) {
+        error.Format(PlatformText(L"无法加载模块“%s”：%s。"), m_path, LinkerError());
+        return false;
+    }
+    m_entryPoint = OwnEntryPoint(m_handle);
+    if (!m_entryPoint) {
+        Close();
+        error.Format(PlatformText(L"无法加载模块“%s”：不是插件（没有acrxEntryPoint）。"), m_path);
+        return false;
+    }
+    if (const int answer = Send(AcRx::kInitAppMsg); answer != AcRx::kRetOK) {
+        Close();
+        error.Format(PlatformText(L"无法加载模块“%s”：初始化失败（%d）。"), m_path, answer);
+        return false;
+    }
+    return true;
+}
+
+int ModuleLoader::Send(int message) {
+    return m_entryPoint ? m_entryPoint(message, m_handle) : static_cast<int>(AcRx::kRetError);
+}
+
+ModuleLoader::Unloaded ModuleLoader::Unload() {
+    if (!m_handle)
+        return Unloaded::NotLoaded;
+    if (acrxApplicationIsLocked(m_handle))
+        return Unloaded::Locked;
+    Send(AcRx::kUnloadAppMsg);
+    return Close();
+}
+
+ModuleLoader::Unloaded ModuleLoader::Close() {
+    HostDynamicLinker().forget(m_handle);
+    dlclose(m_handle);
+    m_handle = nullptr;
+    m_entryPoint = nullptr;
+    void* still = dlopen(ToUtf8(m_path.View()).c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (!still)
+        return Unloaded::Gone;
+    dlclose(still);
+    return Unloaded::StillMapped;
+}

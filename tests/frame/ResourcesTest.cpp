@@ -1,0 +1,193 @@
+// The resource scope, translation of texts, and the module's language key.
+#include "frame/Resources.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "avi/OrvoAVIFile.h"
+#include "platform/base/Language.h"
+#include "platform/base/QcDtDictionary.h"
+#include "platform/host/ExtensionModule.h"
+
+namespace {
+
+// A switch that answers in its own way and notes what it was asked.
+class RecordingSwitch : public TeskLanguageSwitch {
+public:
+    CString Translate(const wchar_t* text) const override {
+        m_resourceSeen = AfxGetModuleState()->m_hCurrentResourceHandle;
+        m_langSeen = g_pCurModuleLang;
+        return L"<" + CString(text) + L">";
+    }
+    QcDtDictionary* GetModuleDictionary(const wchar_t* key) override {
+        m_keys.emplace_back(key);
+        return m_pAnswer;
+    }
+
+    mutable HINSTANCE m_resourceSeen = nullptr;
+    mutable QcDtDictionary* m_langSeen = nullptr;
+    std::vector<CString> m_keys;
+    QcDtDictionary* m_pAnswer = nullptr;
+};
+
+// The language dictionary, once found, stays for the life of the process; so this one lives as long.
+QcDtDictionary& ModuleTable() {
+    static QcDtDictionary table(L"table");
+    return table;
+}
+
+class Resources : public testing::Test {
+protected:
+    // Sees to it that the module has found its language dictionary, as it has after the first scope under a switch.
+    static void FindLanguage() {
+        RecordingSwitch language;
+        language.m_pAnswer = &ModuleTable();
+        g_pTeskLangSwitch = &language;
+        SetModuleFileNameForTest(L"C:\\p\\OrvoDataBase.arx");
+        LoadModuleLanguage();
+        SetModuleFileNameForTest(nullptr);
+        g_pTeskLangSwitch = nullptr;
+    }
+    void TearDown() override {
+        g_pTeskLangSwitch = nullptr;
+        g_pCurModuleLang = nullptr;
+        AfxGetModuleState()->m_hCurrentResourceHandle = nullptr;
+        SetModuleFileNameForTest(nullptr);
+    }
+};
+
+const int kFirstModule = 0;
+const int kSecondModule = 0;
+
+}  // namespace
+
+TEST(LanguageKey, IsTheUpperCasedNameWithoutFolderEndingAndFinalDigit) {
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\ORVODATABASE.ARX"), L"ORVODATABASE");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\ORVODATABASE8.ARX"), L"ORVODATABASE");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\ORVODATABASE18.ARX"), L"ORVODATABASE1");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\usr\\lib\\OrvoDataBase.so"), L"ORVODATABASE");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\usr\\OrvoDataBase.so.1.2"), L"ORVODATABASE");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\usr.d\\OrvoDataBase.so"), L"ORVODATABASE");
+}
+
+TEST(LanguageKey, IsEmptyForANameWithoutFolderOrPoint) {
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"ORVODATABASE.ARX"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\ORVODATABASE.ARX"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\ORVODATABASE"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x.y\\ORVODATABASE"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\.ARX"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x.arx\\"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L""), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(nullptr), L"");
+}
+
+TEST(LanguageKey, NeedsTheFolderMarkBehindTheFirstCharacter) {
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C\\A.ARX"), L"A");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\8.ARX"), L"");
+}
+
+TEST_F(Resources, ShowTextsAsBuiltInWithoutASwitch) {
+    EXPECT_EQ(TranslateText(L"冬至"), L"冬至");
+    EXPECT_EQ(TranslateText(L""), L"");
+    EXPECT_EQ(TranslateText(nullptr), L"");
+    EXPECT_EQ(LoadModuleLanguage(), L"");
+}
+
+// Stands before the tests that let the module find its language, which it then has for the rest of the process.
+TEST_F(Resources, AskForTheLanguageInEachScopeUntilItIsThere) {
+    RecordingSwitch language;
+    g_pTeskLangSwitch = &language;
+    SetModuleFileNameForTest(L"C:\\p\\NoPoint");
+    { const QcUtPushResource scope(&kFirstModule); }
+    EXPECT_TRUE(language.m_keys.empty());
+    EXPECT_EQ(LoadModuleLanguage(), L"");
+
+    SetModuleFileNameForTest(L"C:\\p\\OrvoDataBase8.arx");
+    g_pCurModuleLang = &ModuleTable();
+    {
+        const QcUtPushResource scope(&kFirstModule);
+        EXPECT_EQ(g_pCurModuleLang, nullptr);  // no dictionary: null stands in for the one before
+    }
+    EXPECT_EQ(g_pCurModuleLang, &ModuleTable());
+    { const QcUtPushResource scope(&kFirstModule); }
+    ASSERT_EQ(language.m_keys.size(), 2U);
+    EXPECT_EQ(language.m_keys[0], L"ORVODATABASE");
+
+    language.m_pAnswer = &ModuleTable();
+    EXPECT_EQ(LoadModuleLanguage(), L"ORVODATABASE");
+    EXPECT_EQ(language.m_keys.size(), 3U);
+    { const QcUtPushResource scope(&kFirstModule); }
+    { const QcUtPushResource scope(&kFirstModule); }
+    EXPECT_EQ(language.m_keys.size(), 3U);
+}
+
+TEST_F(Resources, KeepTheLanguageWhenTheNameHoldsNoKey) {
+    FindLanguage();
+    RecordingSwitch language;
+    g_pTeskLangSwitch = &language;
+    SetModuleFileNameForTest(L"nothing");
+    EXPECT_EQ(LoadModuleLanguage(), L"");
+    { const QcUtPushResource scope(&kFirstModule); }
+    EXPECT_TRUE(language.m_keys.empty());
+    const QcUtPushResource scope(&kFirstModule);
+    EXPECT_EQ(g_pCurModuleLang, &ModuleTable());
+}
+
+TEST_F(Resources, NestScopesAndRestoreInReverse) {
+    FindLanguage();
+    QcDtDictionary outside(L"outside");
+    AfxGetModuleState()->m_hCurrentResourceHandle = &outside;
+    g_pCurModuleLang = &outside;
+    {
+        const QcUtPushResource outer(&kFirstModule);
+        EXPECT_EQ(AfxGetModuleState()->m_hCurrentResourceHandle, &kFirstModule);
+        EXPECT_EQ(g_pCurModuleLang, &ModuleTable());
+        g_pCurModuleLang = nullptr;
+        {
+            const QcUtPushResource inner(&kSecondModule);
+            EXPECT_EQ(AfxGetModuleState()->m_hCurrentResourceHandle, &kSecondModule);
+            EXPECT_EQ(g_pCurModuleLang, &ModuleTable());
+        }
+        EXPECT_EQ(AfxGetModuleState()->m_hCurrentResourceHandle, &kFirstModule);
+        EXPECT_EQ(g_pCurModuleLang, nullptr);
+    }
+    EXPECT_EQ(AfxGetModuleState()->m_hCurrentResourceHandle, &outside);
+    EXPECT_EQ(g_pCurModuleLang, &outside);
+}
+
+TEST_F(Resources, AreCurrentWhileATextIsLookedUp) {
+    FindLanguage();
+    RecordingSwitch language;
+    g_pTeskLangSwitch = &language;
+    QcDtDictionary outside(L"outside");
+    AfxGetModuleState()->m_hCurrentResourceHandle = &outside;
+    g_pCurModuleLang = &outside;
+    EXPECT_EQ(TranslateText(L"text"), L"<text>");
+    EXPECT_EQ(language.m_resourceSeen, GetModuleResourceHandle());
+    EXPECT_EQ(language.m_langSeen, &ModuleTable());
+    EXPECT_EQ(AfxGetModuleState()->m_hCurrentResourceHandle, &outside);
+    EXPECT_EQ(g_pCurModuleLang, &outside);
+}
+
+TEST_F(Resources, FillATranslatedFormat) {
+    RecordingSwitch language;
+    g_pTeskLangSwitch = &language;
+    EXPECT_EQ(FormatTranslated(L"%d-%s", 5, CString(L"x")), L"<5-x>");
+}
+
+TEST_F(Resources, PassOverATranslatedFormatThatAsksForOtherArguments) {
+    class BadSwitch : public TeskLanguageSwitch {
+        CString Translate(const wchar_t*) const override { return L"%s%n%2000000000d"; }
+    } language;
+    g_pTeskLangSwitch = &language;
+    EXPECT_EQ(FormatTranslated(L"%d度", 5), L"5度");
+}
+
+TEST(ModuleState, HasAVirtualScopeAndTheDefaultAnimationPath) {
+    EXPECT_TRUE(std::has_virtual_destructor_v<QcUtPushResource>);
+    EXPECT_EQ(g_sRecordFile, L"c:\\sun.avi");
+}

@@ -1,0 +1,153 @@
+// The module as a plug-in: opened with dlopen, driven by messages, closed, and really gone.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/base/Language.h"
+#include "platform/base/QcDtDictionary.h"
+#include "platform/host/CommandLine.h"
+#include "platform/host/ModuleLoader.h"
+#include "support/Environment.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+const CString kModule = FromUtf8(ORVO_MODULE_FILE);
+
+bool IsMapped() {
+    void* handle = dlopen(ORVO_MODULE_FILE, RTLD_LAZY | RTLD_NOLOAD);
+    if (!handle)
+        return false;
+    dlclose(handle);
+    return true;
+}
+
+// Put into a dictionary of the module, it tells when that dictionary is destroyed.
+class Witness : public QcDtDictStringItem {
+public:
+    Witness(const char* name, std::vector<std::string>& log) : m_name(name), m_log(log) {}
+    ~Witness() override { m_log.push_back(m_name); }
+    Witness(const Witness&) = delete;
+    Witness& operator=(const Witness&) = delete;
+
+private:
+    std::string m_name;
+    std::vector<std::string>& m_log;
+};
+
+QcDtDictionary* DictionaryOf(void* module, const char* symbol) {
+    return static_cast<QcDtDictionary*>(dlsym(module, symbol));
+}
+
+// Notes the texts that are translated while the module's static objects are constructed.
+class RecordingSwitch : public TeskLanguageSwitch {
+public:
+    CString Translate(const wchar_t* text) const override {
+        m_texts.emplace_back(text);
+        return text;
+    }
+    mutable std::vector<CString> m_texts;
+};
+
+class PlugIn : public testing::Test {
+protected:
+    void SetUp() override {
+        SetCommandLineSink([](const wchar_t*, void*) {}, nullptr);
+    }
+    void TearDown() override {
+        SetCommandLineSink(nullptr, nullptr);
+        g_pTeskLangSwitch = nullptr;
+    }
+
+    TempFolder m_folder;
+    TempFolder m_home;
+    EnvironmentVariable m_support{"ORVO_SUPPORT_PATH", m_folder.Path().c_str()};
+    EnvironmentVariable m_config{"XDG_CONFIG_HOME", m_home.Path().c_str()};
+};
+
+}  // namespace
+
+TEST_F(PlugIn, LoadsAndIsGoneAfterwards) {
+    ModuleLoader loader;
+    CString error;
+    ASSERT_FALSE(IsMapped());
+    ASSERT_TRUE(loader.Load(kModule, error)) << ToUtf8(error.View());
+    EXPECT_TRUE(IsMapped());
+    EXPECT_EQ(loader.Send(3), 0);
+    EXPECT_EQ(loader.Unload(), ModuleLoader::Unloaded::Gone);
+    EXPECT_FALSE(IsMapped());
+}
+
+TEST_F(PlugIn, DestroysItsStaticObjectsInsideDlclose) {
+    void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    std::vector<std::string> log;
+    for (const char* symbol : {"g_dictSunZone", "g_dictSunSet", "g_dictSunSterm"}) {
+        QcDtDictionary* dict = DictionaryOf(module, symbol);
+        ASSERT_NE(dict, nullptr) << symbol;
+        ASSERT_TRUE(dict->AppendItem(new Witness(symbol, log)));
+    }
+    EXPECT_TRUE(log.empty());
+    ASSERT_EQ(dlclose(module), 0);
+    // In the reverse of the order in which they are constructed.
+    EXPECT_EQ(log, (std::vector<std::string>{"g_dictSunSterm", "g_dictSunSet", "g_dictSunZone"}));
+}
+
+TEST_F(PlugIn, ConstructsItsDictionariesWithoutNames) {
+    void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    for (const char* symbol : {"g_dictSunZone", "g_dictSunSet", "g_dictSunSterm"}) {
+        const QcDtDictionary* dict = DictionaryOf(module, symbol);
+        ASSERT_NE(dict, nullptr) << symbol;
+        EXPECT_EQ(dict->GetName(), L"");
+        EXPECT_EQ(dict->GetLocalName(), L"");
+        EXPECT_EQ(dict->GetCount(), 0);
+    }
+    dlclose(module);
+}
+
+TEST_F(PlugIn, TranslatesItsDefaultsWhileItIsConstructed) {
+    RecordingSwitch language;
+    g_pTeskLangSwitch = &language;
+    void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    const auto asked = [&language](const wchar_t* text) {
+        for (const CString& one : language.m_texts) {
+            if (one == text)
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(asked(L"未定义"));
+    EXPECT_TRUE(asked(L"北京"));
+    dlclose(module);
+}
+
+TEST_F(PlugIn, FindsItsLanguageByItsOwnFileName) {
+    std::filesystem::create_directory(m_folder.Path() / "languages");
+    m_folder.Write("languages/en.xml", "<l><ORVODATABASE><t dt:name=\"北京\" dt:kind=\"5\" "
+                                       "xmlns:dt=\"urn:orvo:dictionary\">Peking</t></ORVODATABASE></l>");
+    TeskLanguageSwitch language;
+    ASSERT_TRUE(language.SetLanguage(L"en"));
+    g_pTeskLangSwitch = &language;
+    m_folder.Write("SunSet.xml", "<x><y/></x>");
+    ModuleLoader loader;
+    CString error;
+    ASSERT_TRUE(loader.Load(kModule, error)) << ToUtf8(error.View());
+    EXPECT_EQ(loader.Unload(), ModuleLoader::Unloaded::Gone);
+    EXPECT_NE(m_folder.Read("SunSet.xml").find("Peking"), std::string::npos);
+}
+
+TEST_F(PlugIn, LoadsAndUnloadsAHundredTimes) {
+    m_folder.Write("zone.xml", "<ORVO_ZONEDATA><a type=\"PROVINCE\"><b type=\"CITY\"/></a></ORVO_ZONEDATA>");
+    m_folder.Write("SunTerm.xml", "<t><u><v/></u></t>");
+    m_folder.Write("SunSet.xml", "<s><CUR_SUNSETDATA><x/></CUR_SUNSETDATA><n type=\"SunStd\"><m/></n></s>");
+    for (int round = 0; round < 100; ++round) {
+        ModuleLoader loader;
+        CString error;
+        ASSERT_TRUE(loader.Load(kModule, error)) << round << ": " << ToUtf8(error.View());
+        ASSERT_EQ(loader.Unload(), ModuleLoader::Unloaded::Gone) << round;
+    }
+}

@@ -1,0 +1,138 @@
+// From words to a subcommand.
+#include "workbench/commands/CommandRunner.h"
+
+#include <algorithm>
+
+#include "workbench/commands/CommandLineModel.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/InfoCommand.h"
+#include "workbench/commands/ListCommands.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/SetCommand.h"
+#include "workbench/commands/Texts.h"
+#include "workbench/commands/UsageText.h"
+
+namespace {
+
+int Refuse(const CString& text, CLI::App* subcommand) {
+    Complain(text);
+    const CString command = subcommand ? L"orvo " + FromUtf8(subcommand->get_name()) : CString(L"orvo");
+    Complain(SayFormat(L"用“%s --help”查看用法。", command));
+    return kExitUsage;
+}
+
+// Another option where a value should be is a value that was forgotten.
+CString ForgottenValue(CommandLineModel& model) {
+    for (CLI::App* app : {model.Chosen(), &model.Root()}) {
+        if (!app)
+            continue;
+        const std::vector<CString> names = model.OptionNames(app);
+        for (const CLI::Option* option : app->get_options()) {
+            const bool takesValue = option->nonpositional() && option->get_items_expected_max() > 0;
+            const CString value = takesValue && option->count() > 0 ? FromUtf8(option->results().front()) : CString();
+            if (!value.IsEmpty() && std::find(names.begin(), names.end(), value) != names.end())
+                return FromUtf8(option->get_name());
+        }
+    }
+    return CString();
+}
+
+// A flag that was given a value ("--json=yes").
+CString FlagWithValue(CommandLineModel& model) {
+    for (CLI::App* app : {model.Chosen(), &model.Root()}) {
+        if (!app)
+            continue;
+        for (const CLI::Option* option : app->get_options()) {
+            const bool isGivenFlag = option->get_items_expected_max() == 0 && option->count() > 0;
+            if (isGivenFlag && option->results().front() != "true")
+                return FromUtf8(option->get_name());
+        }
+    }
+    return CString();
+}
+
+CString LanguageError(CommandLineModel& model, WordsFrom from) {
+    const std::optional<CString> language = model.Value("--language");
+    if (!language)
+        return CString();
+    if (from == WordsFrom::Prompt)
+        return Say(L"选项 --language 只能在启动程序时给出");
+    if (*language != L"zh" && *language != L"en")
+        return SayFormat(L"没有语言“%s”：请写 zh 或 en", Printable(*language));
+    return CString();
+}
+
+int RunSubcommand(CommandLineModel& model, Output& output) {
+    const std::string& name = model.Chosen()->get_name();
+    const bool isJson = name != "set" && model.HasFlag("--json");
+    if (name == "info")
+        return RunInfo({model.Value("--place"), model.Value("--date"), model.Value("--standard"), isJson}, output);
+    if (name == "terms")
+        return RunTerms({model.Value("--year"), isJson}, output);
+    if (name == "places")
+        return RunPlaces({model.Value("TEXT").value_or(CString()), isJson}, output);
+    if (name == "standards")
+        return RunStandards({isJson}, output);
+    return RunSet({model.Value("--place"), model.Value("--date"), model.Value("--start"), model.Value("--end"),
+                   model.Value("--step"), model.Value("--standard")},
+                  output);
+}
+
+int RunParsed(CommandLineModel& model, WordsFrom from, Output& output) {
+    const CString language = LanguageError(model, from);
+    if (!language.IsEmpty())
+        return Refuse(language, nullptr);
+    const CString forgotten = ForgottenValue(model);
+    if (!forgotten.IsEmpty())
+        return Refuse(SayFormat(L"选项 %s 后面缺少值", forgotten), model.Chosen());
+    const CString flag = FlagWithValue(model);
+    if (!flag.IsEmpty())
+        return Refuse(SayFormat(L"选项 %s 不带值", flag), model.Chosen());
+    if (model.HasFlag("--help")) {
+        PrintHelp(model, model.Chosen(), output);
+        return kExitOk;
+    }
+    if (model.HasFlag("--version")) {
+        output.Line(L"orvo " + FromUtf8(ORVO_VERSION));
+        return kExitOk;
+    }
+    return model.Chosen() ? RunSubcommand(model, output) : static_cast<int>(kExitOk);
+}
+
+// "help" and "help info" ask for what "--help" and "info --help" ask for.
+std::vector<CString> WithHelpAsOption(const std::vector<CString>& words) {
+    if (words.empty() || words.front() != L"help")
+        return words;
+    std::vector<CString> turned(words.begin() + 1, words.end());
+    turned.push_back(L"--help");
+    return turned;
+}
+
+int WriteAnswer(int code, Output& output) {
+    return output.Write() || code != kExitOk ? code : kExitFailed;
+}
+
+}  // namespace
+
+bool AsksForPrompt(const std::vector<CString>& words) {
+    CommandLineModel model;
+    try {
+        model.Parse(words);
+    } catch (const CLI::ParseError&) {
+        return false;
+    }
+    return !model.Chosen() && !model.HasFlag("--help") && !model.HasFlag("--version") &&
+           LanguageError(model, WordsFrom::CommandLine).IsEmpty();
+}
+
+int RunWords(const std::vector<CString>& given, WordsFrom from, Output& output) {
+    const std::vector<CString> words = WithHelpAsOption(given);
+    CommandLineModel model;
+    try {
+        model.Parse(words);
+    } catch (const CLI::ParseError& error) {
+        return Refuse(ExplainParseError(error, model, words), model.Chosen());
+    }
+    return WriteAnswer(RunParsed(model, from, output), output);
+}

@@ -1,0 +1,83 @@
+// Candidates for the word at the end of a line.
+#include "workbench/commands/Completion.h"
+
+#include <algorithm>
+
+#include "platform/base/TextNumber.h"
+#include "platform/host/RxRegistry.h"
+#include "settings/OrvoDataSet.h"
+#include "workbench/commands/CommandLineModel.h"
+#include "workbench/commands/LineWords.h"
+#include "workbench/commands/PlaceSearch.h"
+
+namespace {
+
+void Append(std::vector<CString>& to, const std::vector<CString>& from) {
+    to.insert(to.end(), from.begin(), from.end());
+}
+
+std::vector<CString> PlaceNames() {
+    std::vector<CString> names;
+    for (const OrvoZoneRecord& place : AllPlaces())
+        names.push_back(place.m_strCity);
+    return names;
+}
+
+std::vector<CString> StandardNames() {
+    std::vector<CString> names;
+    for (int i = 0; i < g_SunDataSet.m_listStd.GetLength(); ++i)
+        names.push_back(g_SunDataSet.GetStd(i).m_strName);
+    return names;
+}
+
+std::vector<CString> FirstWords() {
+    std::vector<CString> names = CommandLineModel().SubcommandNames();
+    Append(names, HostCommandNames());
+    Append(names, PromptWords());
+    return names;
+}
+
+// Everything that may follow the finished words of a line.
+std::vector<CString> Followers(const std::vector<CString>& words) {
+    if (words.empty())
+        return FirstWords();
+    CommandLineModel model;
+    CLI::App* subcommand = model.FindSubcommand(words.front());
+    if (words.back() == L"--place")
+        return PlaceNames();
+    if (words.back() == L"--standard")
+        return StandardNames();
+    return subcommand ? model.OptionNames(subcommand) : std::vector<CString>();
+}
+
+}  // namespace
+
+std::vector<CString> HostCommandNames() {
+    const AcEdCommandStack& stack = HostCommandStack();
+    std::vector<CString> names;
+    for (int i = 0; i < stack.groupCount(); ++i) {
+        const CString group = stack.groupName(i);
+        for (int j = 0; j < stack.commandCount(group); ++j)
+            names.push_back(stack.commandAt(group, j)->m_strName);
+    }
+    return names;
+}
+
+std::vector<CString> PromptWords() {
+    return {L"help", L"quit", L"exit"};
+}
+
+std::vector<CString> CompletionsOf(const CString& line) {
+    int start = line.GetLength();
+    while (start > 0 && !IsTextSpace(line.GetAt(start - 1)))
+        --start;
+    const CString begun = line.Mid(start);
+    const std::optional<std::vector<CString>> words = SplitWords(line.Left(start));
+    std::vector<CString> matches;
+    for (const CString& name : words ? Followers(*words) : std::vector<CString>()) {
+        const bool isNew = std::find(matches.begin(), matches.end(), name) == matches.end();
+        if (isNew && name.Left(begun.GetLength()) == begun)
+            matches.push_back(name);
+    }
+    return matches;
+}

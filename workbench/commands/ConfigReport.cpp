@@ -1,0 +1,46 @@
+// Files that were found and are of no use.
+#include "workbench/commands/ConfigReport.h"
+
+#include "frame/ConfigDictionaries.h"
+#include "platform/base/QcDtDictionary.h"
+#include "platform/base/Support.h"
+#include "settings/OrvoDataSet.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PlaceSearch.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/TermCalendar.h"
+#include "workbench/commands/Texts.h"
+
+namespace {
+
+// A file that was refused leaves nothing, not even the name of its root.
+bool IsRefused(const QcDtDictionary& dictionary) {
+    return dictionary.GetTag().IsEmpty() && dictionary.GetCount() == 0;
+}
+
+void Report(const wchar_t* file, const QcDtDictionary& dictionary, bool isUsable, const wchar_t* foreign) {
+    CString path;
+    if (isUsable || !FindFile(file, path))
+        return;
+    if (IsRefused(dictionary))
+        Complain(SayFormat(L"读不了 %s（不是完好的配置文件），改用默认值。", Printable(path)));
+    else
+        Complain(SayFormat(foreign, Printable(path)));
+}
+
+}  // namespace
+
+void ReportUnusableFiles() {
+    Report(L"zone.xml", g_dictSunZone, !AllPlaces().empty(), L"%s 中没有任何地区。");
+    Report(L"zone.xml", g_dictSunZone, g_dictSunZone.GetTag() == L"ORVO_ZONEDATA" || AllPlaces().empty(),
+           L"%s 的根元素不是 ORVO_ZONEDATA，恐怕不是地区文件。");
+    Report(L"SunTerm.xml", g_dictSunSterm, HasUsableTermFile(), L"%s 中没有完整的节气表，改用内置的节气表。");
+    const QcDtDictionary* settings = g_dictSunSet.FindDict(L"CUR_SUNSETDATA");
+    Report(L"SunSet.xml", g_dictSunSet, settings != nullptr, L"%s 中没有当前设置，改用默认值。");
+}
+
+void RefreshWholeStep() {
+    constexpr double kMostMinutes = 24 * 60;
+    if (g_SunDataSet.m_dSpace >= 1.0 && g_SunDataSet.m_dSpace <= kMostMinutes)
+        g_SunDataSet.m_nSpace = static_cast<int>(g_SunDataSet.m_dSpace);
+}

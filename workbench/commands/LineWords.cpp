@@ -1,0 +1,34 @@
+// The quotes and blanks of a line.
+#include "workbench/commands/LineWords.h"
+
+#include "platform/base/TextNumber.h"
+
+std::optional<std::vector<CString>> SplitWords(const CString& line) {
+    std::vector<CString> words;
+    CString word;
+    bool isInWord = false;
+    wchar_t quote = 0;
+    for (const wchar_t character : line.View()) {
+        if (quote != 0) {
+            if (character == quote)
+                quote = 0;
+            else
+                word += character;
+        } else if (character == L'"' || character == L'\'') {
+            quote = character;
+            isInWord = true;
+        } else if (!IsTextSpace(character)) {
+            word += character;
+            isInWord = true;
+        } else if (isInWord) {
+            words.push_back(word);
+            word.Empty();
+            isInWord = false;
+        }
+    }
+    if (quote != 0)
+        return std::nullopt;
+    if (isInWord)
+        words.push_back(word);
+    return words;
+}

@@ -1,0 +1,28 @@
+// The subcommands that list something: terms, places, standards.
+#pragma once
+
+#include <optional>
+
+#include "platform/base/CString.h"
+
+class Output;
+
+struct TermsOptions {
+    std::optional<CString> year;  // 1 to 9999; this year when it is left out
+    bool isJson = false;
+};
+// The 24 terms of a year in the order of its days.
+int RunTerms(const TermsOptions& options, Output& output);
+
+struct PlacesOptions {
+    CString text;  // part of a city's or a province's name; empty for all
+    bool isJson = false;
+};
+// Places by part of a name. None found is a failure.
+int RunPlaces(const PlacesOptions& options, Output& output);
+
+struct StandardsOptions {
+    bool isJson = false;
+};
+// Every standard with its rules, and which is the current one.
+int RunStandards(const StandardsOptions& options, Output& output);

@@ -1,0 +1,166 @@
+// Checking, writing and saving of settings.
+#include "workbench/commands/SetCommand.h"
+
+#include "frame/ConfigFiles.h"
+#include "platform/base/Support.h"
+#include "settings/OrvoDataSet.h"
+#include "workbench/commands/DayText.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PlaceSearch.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/SettingsEdit.h"
+#include "workbench/commands/SettingsSnapshot.h"
+#include "workbench/commands/StandardSearch.h"
+#include "workbench/commands/Texts.h"
+#include "workbench/commands/ValueErrors.h"
+
+namespace {
+
+// The options as values.
+struct Changes {
+    std::optional<OrvoZoneRecord> place;
+    std::optional<Day> day;
+    std::optional<int> start;  // minutes since midnight
+    std::optional<int> end;
+    std::optional<int> step;
+    std::optional<int> standard;  // index
+
+    void ApplyTo(OrvoDataSet& settings) const;
+};
+
+void Changes::ApplyTo(OrvoDataSet& settings) const {
+    if (standard)
+        UseStandard(settings, *standard);
+    if (place)
+        SetPlace(settings, *place);
+    if (day)
+        SetDay(settings, *day);
+    if (start)
+        SetStart(settings, *start);
+    if (end)
+        SetEnd(settings, *end);
+    if (step)
+        SetStep(settings, *step);
+}
+
+int Refuse(int code, const CString& text) {
+    Complain(text);
+    return code;
+}
+
+// Gives an exit code, like the following ones.
+int ReadPlace(const std::optional<CString>& name, Changes& changes) {
+    if (!name)
+        return kExitOk;
+    changes.place = FindPlace(*name);
+    if (!changes.place)
+        return Refuse(kExitFailed, UnknownPlaceText(*name));
+    const CString city = Printable(changes.place->m_strCity);
+    // The file keeps the city's name alone, which later finds the first city of that name.
+    const std::optional<OrvoZoneRecord> first = FindPlace(changes.place->m_strCity);
+    if (first && first->m_strProvince != changes.place->m_strProvince)
+        return Refuse(kExitFailed, SayFormat(L"设置只保存地区名，而“%s”首先指 %s，所以不能设为 %s。", city,
+                                             Printable(FullName(*first)), Printable(FullName(*changes.place))));
+    if (!IsOnTheGlobe(*changes.place))
+        return Refuse(kExitFailed, SayFormat(L"地区“%s”的位置不在地球上，算不出太阳的时刻。", city));
+    return kExitOk;
+}
+
+int ReadStandard(const std::optional<CString>& name, Changes& changes) {
+    if (!name)
+        return kExitOk;
+    const int index = g_SunDataSet.FindStd(*name);
+    if (index < 0)
+        return Refuse(kExitFailed, UnknownStandardText(g_SunDataSet, *name));
+    changes.standard = index;
+    return kExitOk;
+}
+
+int ReadDay(const std::optional<CString>& text, Changes& changes) {
+    changes.day = text ? ParseDay(*text) : std::nullopt;
+    return text && !changes.day ? Refuse(kExitUsage, BadDateText(*text)) : kExitOk;
+}
+
+int ReadTimes(const SetOptions& options, Changes& changes) {
+    changes.start = options.start ? ParseClock(*options.start) : std::nullopt;
+    if (options.start && !changes.start)
+        return Refuse(kExitUsage, BadClockText(L"--start", *options.start));
+    changes.end = options.end ? ParseClock(*options.end) : std::nullopt;
+    if (options.end && !changes.end)
+        return Refuse(kExitUsage, BadClockText(L"--end", *options.end));
+    changes.step = options.step ? ParseWhole(*options.step, kLeastStep, kMostStep) : std::nullopt;
+    if (options.step && !changes.step)
+        return Refuse(kExitUsage, BadNumberText(L"--step", *options.step, kLeastStep, kMostStep));
+    return kExitOk;
+}
+
+// Looks at the settings as they would be.
+int CheckSpan(const Changes& changes) {
+    if (!changes.start && !changes.end)
+        return kExitOk;
+    OrvoDataSet trial(g_SunDataSet);
+    changes.ApplyTo(trial);
+    if (trial.m_dgStartTime.getDegree() < trial.m_dgEndTime.getDegree())
+        return kExitOk;
+    return Refuse(kExitUsage, SayFormat(L"分析时段的开始 %s 必须早于结束 %s", trial.m_dgStartTime.TimeFormat(false),
+                                        trial.m_dgEndTime.TimeFormat(false)));
+}
+
+int ReadChanges(const SetOptions& options, Changes& changes) {
+    if (!options.place && !options.date && !options.start && !options.end && !options.step && !options.standard)
+        return Refuse(kExitUsage,
+                      Say(L"没有要设置的内容：请给出 --place、--date、--start、--end、--step 或 --standard"));
+    if (const int code = ReadDay(options.date, changes))
+        return code;
+    if (const int code = ReadTimes(options, changes))
+        return code;
+    if (const int code = ReadPlace(options.place, changes))
+        return code;
+    if (const int code = ReadStandard(options.standard, changes))
+        return code;
+    return CheckSpan(changes);
+}
+
+void PrintChanges(const Changes& changes, Output& output) {
+    OrvoDataSet& settings = g_SunDataSet;
+    if (changes.standard)
+        output.Line(SayFormat(L"当前标准：%s（日期、时段和精度随之采用）", Printable(settings.CurStd().m_strName)));
+    if (changes.place)
+        output.Line(SayFormat(L"地区：%s", Printable(FullName(*changes.place))));
+    if (changes.day)
+        output.Line(SayFormat(L"分析日期：%s", settings.m_date.GetDateString()));
+    if (changes.start || changes.end)
+        output.Line(SayFormat(L"分析时段：%s～%s", settings.m_dgStartTime.TimeFormat(false),
+                              settings.m_dgEndTime.TimeFormat(false)));
+    if (changes.step)
+        output.Line(SayFormat(L"计算精度：%d 分钟", settings.m_nSpace));
+    if (!changes.day && !changes.start && !changes.end && !changes.step)
+        return;
+    if (HasCurrentStandard(settings))
+        output.Line(
+            SayFormat(L"日期、时段和精度同时写入了设置和当前标准“%s”。", Printable(settings.CurStd().m_strName)));
+    else
+        output.Line(Say(L"日期、时段和精度只写入了设置：没有当前标准。"));
+}
+
+}  // namespace
+
+int RunSet(const SetOptions& options, Output& output) {
+    Changes changes;
+    if (const int code = ReadChanges(options, changes))
+        return code;
+    const SettingsSnapshot before(g_SunDataSet);
+    changes.ApplyTo(g_SunDataSet);
+    CString path;
+    const bool isFound = FindFile(L"SunSet.xml", path);
+    if (!SaveSunSet()) {
+        before.Restore(g_SunDataSet);
+        return Refuse(kExitFailed, isFound ? SayFormat(L"设置没有保存：写不了 %s。原来的设置不变。", Printable(path))
+                                           : Say(L"设置没有保存：找不到 SunSet.xml。原来的设置不变。"));
+    }
+    PrintChanges(changes, output);
+    output.Line(SayFormat(L"已保存到 %s", Printable(path)));
+    output.Line(Printable(g_SunDataSet.GetNoteString()));
+    return kExitOk;
+}

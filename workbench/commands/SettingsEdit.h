@@ -1,0 +1,27 @@
+// Writing single values into the settings. Each value stands there more than once, for different readers; these keep
+// the copies alike.
+#pragma once
+
+#include "workbench/commands/DayText.h"
+
+class OrvoDataSet;
+class OrvoZoneRecord;
+
+// The step that the dialogs offer, minutes.
+inline constexpr int kLeastStep = 1;
+inline constexpr int kMostStep = 60;
+
+// The current place: record and name.
+void SetPlace(OrvoDataSet& settings, const OrvoZoneRecord& place);
+
+// The settings' own day; their start and end as an angle and in whole numbers (minutes since midnight); their step.
+void SetOwnDay(OrvoDataSet& settings, const Day& day);
+void SetOwnStart(OrvoDataSet& settings, int minutes);
+void SetOwnEnd(OrvoDataSet& settings, int minutes);
+void SetOwnStep(OrvoDataSet& settings, int minutes);
+
+// The same for the settings and their current standard, where there is one.
+void SetDay(OrvoDataSet& settings, const Day& day);
+void SetStart(OrvoDataSet& settings, int minutes);
+void SetEnd(OrvoDataSet& settings, int minutes);
+void SetStep(OrvoDataSet& settings, int minutes);

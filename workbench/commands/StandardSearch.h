@@ -1,0 +1,17 @@
+// Finding standards in the settings.
+#pragma once
+
+#include "platform/base/CString.h"
+
+class OrvoDataSet;
+
+// Whether the settings have a current standard at all: their index may point beyond the list.
+bool HasCurrentStandard(const OrvoDataSet& settings);
+
+// What to say about a name that no standard bears: which names there are that come near, or all of them.
+CString UnknownStandardText(const OrvoDataSet& settings, const CString& name);
+
+// Makes the standard at an index the current one, and takes its day, span and step into the settings' own fields (the
+// span and the step only where the standard has ones that make sense), so that the note line tells what the analysis
+// will use.
+void UseStandard(OrvoDataSet& settings, int index);

@@ -1,0 +1,144 @@
+// The line editor.
+#include "workbench/commands/TerminalLines.h"
+
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <vector>
+
+#include "platform/base/Support.h"
+#include "workbench/commands/Completion.h"
+#include "workbench/commands/PlainText.h"
+
+namespace {
+
+constexpr int kMostRemembered = 1000;
+
+volatile std::sig_atomic_t g_wasInterrupted = 0;
+
+void NoteInterrupt(int) {
+    g_wasInterrupted = 1;
+}
+
+// While a line is read, an interrupt gives up the line and not the program.
+class InterruptGuard {
+public:
+    InterruptGuard() {
+        struct sigaction action = {};
+        action.sa_handler = NoteInterrupt;  // without SA_RESTART, so that reading ends
+        g_wasInterrupted = 0;
+        sigaction(SIGINT, &action, &m_before);
+    }
+    ~InterruptGuard() { sigaction(SIGINT, &m_before, nullptr); }
+    InterruptGuard(const InterruptGuard&) = delete;
+    InterruptGuard& operator=(const InterruptGuard&) = delete;
+
+private:
+    struct sigaction m_before = {};
+};
+
+// What all of the matches begin with.
+CString CommonStart(const std::vector<CString>& matches) {
+    CString start(matches.front());
+    for (const CString& match : matches) {
+        int length = 0;
+        while (length < start.GetLength() && start.GetAt(length) == match.GetAt(length))
+            ++length;
+        start = start.Left(length);
+    }
+    return start;
+}
+
+void ShowMatches(const std::vector<CString>& matches) {
+    constexpr std::size_t kMostShown = 60;
+    std::string list = "\n";
+    for (std::size_t i = 0; i < matches.size() && i < kMostShown; ++i)
+        list += ToUtf8(Printable(matches[i]).View()) + "  ";
+    if (matches.size() > kMostShown)
+        list += "...";
+    list += "\n";
+    std::fwrite(list.data(), 1, list.size(), stdout);
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+TerminalLines::TerminalLines() : m_history(history_init()) {
+    // The editor draws and reads by the character set of the process. Only that part of the locale is chosen here, and
+    // the texts of the program are UTF-8 in any case.
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    m_editor = el_init("orvo", stdin, stdout, stderr);
+    if (!IsUsable())
+        return;
+    HistEvent event = {};
+    history(m_history, &event, H_SETSIZE, kMostRemembered);
+    history(m_history, &event, H_SETUNIQUE, 1);
+    const CString folder = UserFolder();
+    if (!folder.IsEmpty()) {
+        m_historyFile = ToUtf8((folder + L"/history").View());
+        history(m_history, &event, H_LOAD, m_historyFile.c_str());
+    }
+    el_set(m_editor, EL_PROMPT, &TerminalLines::PromptOf);
+    el_set(m_editor, EL_EDITOR, "emacs");
+    el_set(m_editor, EL_HIST, history, m_history);
+    el_set(m_editor, EL_ADDFN, "orvo-complete", "completes the word", &TerminalLines::Complete);
+    el_set(m_editor, EL_BIND, "^I", "orvo-complete", nullptr);
+}
+
+TerminalLines::~TerminalLines() {
+    if (m_editor)
+        el_end(m_editor);
+    if (m_history)
+        history_end(m_history);
+}
+
+char* TerminalLines::PromptOf(EditLine*) {
+    static char prompt[] = "orvo> ";
+    return prompt;
+}
+
+unsigned char TerminalLines::Complete(EditLine* editor, int) {
+    const LineInfo* info = el_line(editor);
+    const CString line =
+        FromUtf8(std::string_view(info->buffer, static_cast<std::size_t>(info->cursor - info->buffer)));
+    const std::vector<CString> matches = CompletionsOf(line);
+    if (matches.empty())
+        return CC_REFRESH_BEEP;
+    const int begun = line.GetLength() - (line.ReverseFind(L' ') + 1);
+    CString rest = CommonStart(matches).Mid(begun);
+    if (matches.size() == 1)
+        rest += L" ";
+    if (rest.IsEmpty()) {
+        ShowMatches(matches);
+        return CC_REDISPLAY;
+    }
+    return el_insertstr(editor, ToUtf8(rest.View()).c_str()) == 0 ? CC_REFRESH : CC_ERROR;
+}
+
+void TerminalLines::Remember(const char* line) {
+    HistEvent event = {};
+    history(m_history, &event, H_ENTER, line);
+    if (!m_historyFile.empty())
+        history(m_history, &event, H_SAVE,
+                m_historyFile.c_str());  // a history that cannot be kept is no loss to report
+}
+
+LineSource::Got TerminalLines::Next(CString& line) {
+    const InterruptGuard guard;
+    int length = 0;
+    const char* read = el_gets(m_editor, &length);
+    if (g_wasInterrupted) {
+        std::fputc('\n', stdout);
+        el_reset(m_editor);
+        return Got::Canceled;
+    }
+    if (!read || length <= 0)
+        return length < 0 ? Got::Failed : Got::End;
+    std::string_view text(read, static_cast<std::size_t>(length));
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.remove_suffix(1);
+    if (text.find_first_not_of(" \t") != std::string_view::npos)
+        Remember(std::string(text).c_str());
+    line = FromUtf8(text);
+    return Got::Line;
+}

@@ -1,0 +1,23 @@
+// What the command line has to say about itself: help, and what is wrong with a request.
+#pragma once
+
+#include <vector>
+
+#include "platform/base/CString.h"
+
+namespace CLI {
+class App;
+class ParseError;
+}  // namespace CLI
+
+class CommandLineModel;
+class Output;
+
+// The help of a subcommand, or of the program for null.
+void PrintHelp(CommandLineModel& model, CLI::App* subcommand, Output& output);
+
+// What a failed parse is to be told as, with the nearest names that exist.
+CString ExplainParseError(const CLI::ParseError& error, CommandLineModel& model, const std::vector<CString>& words);
+
+// "no such subcommand" with the nearest of the names.
+CString UnknownSubcommandText(const CString& name, const std::vector<CString>& names);

@@ -1,0 +1,48 @@
+// The workbench library's exported functions.
+#include "workbench/commands/WorkbenchEntry.h"
+
+#include <exception>
+#include <vector>
+
+#include "platform/host/DynamicLinker.h"
+#include "platform/host/HostMessages.h"
+#include "workbench/commands/CommandRunner.h"
+#include "workbench/commands/ConfigReport.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/Prompt.h"
+#include "workbench/commands/Texts.h"
+
+namespace {
+
+std::vector<CString> WordsOf(int argc, const char* const* argv) {
+    std::vector<CString> words;
+    for (int i = 1; i < argc; ++i)
+        words.push_back(FromUtf8(argv[i]));
+    return words;
+}
+
+int Run(int argc, const char* const* argv) {
+    const std::vector<CString> words = WordsOf(argc, argv);
+    ReportUnusableFiles();
+    RefreshWholeStep();
+    Output output;
+    return AsksForPrompt(words) ? RunPrompt(output) : RunWords(words, WordsFrom::CommandLine, output);
+}
+
+}  // namespace
+
+extern "C" ORVO_API int OrvoWorkbenchRun(int argc, const char* const* argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        Complain(SayFormat(L"内部错误：%s", FromUtf8(error.what())));
+    }
+    return kExitFailed;
+}
+
+extern "C" int acrxEntryPoint(int message, void* applicationHandle) {
+    if (message == AcRx::kInitAppMsg)
+        acrxUnlockApplication(applicationHandle);
+    return AcRx::kRetOK;
+}

@@ -1,0 +1,63 @@
+// The program orvo: chooses the language, prepares the user's folder, opens the module and the workbench, lets the
+// workbench do what was asked for, and closes both again.
+#include <dlfcn.h>
+
+#include <cstdio>
+#include <string>
+
+#include "platform/base/Language.h"
+#include "platform/base/Support.h"
+#include "platform/host/ModuleLoader.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/WorkbenchEntry.h"
+#include "workbench/host/LanguageChoice.h"
+#include "workbench/host/PluginFolder.h"
+#include "workbench/host/StandardStreams.h"
+
+namespace {
+
+void Complain(const CString& text) {
+    const std::string line = "orvo: " + ToUtf8(text.View()) + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+bool LoadOrComplain(ModuleLoader& loader, const wchar_t* name) {
+    CString error;
+    if (loader.Load(PluginPath(name), error))
+        return true;
+    Complain(error);
+    return false;
+}
+
+int RunWorkbench(int argc, char** argv) {
+    ModuleLoader workbench;
+    if (!LoadOrComplain(workbench, L"OrvoWorkbench.so"))
+        return kExitFailed;
+    const auto run = reinterpret_cast<WorkbenchRun>(dlsym(workbench.ApplicationHandle(), kWorkbenchRun));
+    if (!run) {
+        Complain(PlatformText(L"程序库 OrvoWorkbench.so 与程序不匹配，请重新安装。"));
+        return kExitFailed;
+    }
+    return run(argc, argv);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    SecureStandardStreams();
+    SendCommandLineToStandardError();
+
+    TeskLanguageSwitch language;
+    g_pTeskLangSwitch = &language;
+    language.SetLanguage(ChooseLanguage(argc, argv));
+    CopyShippedFiles();  // says itself what it could not do; the shipped files then serve as they are
+
+    int code = kExitFailed;
+    {
+        ModuleLoader module;
+        if (LoadOrComplain(module, L"OrvoDataBase.so"))
+            code = RunWorkbench(argc, argv);
+    }
+    g_pTeskLangSwitch = nullptr;
+    return code;
+}

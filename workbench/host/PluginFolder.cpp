@@ -1,0 +1,14 @@
+// The libraries' folder, seen from the program's file.
+#include "workbench/host/PluginFolder.h"
+
+#include <filesystem>
+#include <system_error>
+
+CString PluginPath(const wchar_t* name) {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error || !program.has_parent_path())
+        return CString();
+    const std::filesystem::path folder = program.parent_path().parent_path() / "lib" / "orvo";
+    return FromUtf8(folder.string()) + L"/" + name;
+}
