@@ -1,7 +1,6 @@
 // Reading the dates that people see and files hold: Y年M月D日, or M月D日 without a year.
 #pragma once
 
-#include <compare>
 #include <string_view>
 
 // A day of any year, in calendar order. Not validated.
@@ -9,7 +8,9 @@ struct MonthDay {
     int month = 0;
     int day = 0;
 
-    auto operator<=>(const MonthDay&) const = default;
+    bool operator==(const MonthDay&) const = default;
+    bool operator<(const MonthDay& other) const { return month != other.month ? month < other.month : day < other.day; }
+    bool operator>(const MonthDay& other) const { return other < *this; }
 };
 
 struct DateText {

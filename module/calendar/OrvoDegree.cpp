@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "calendar/TruncateToInt.h"
 #include "frame/Resources.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/base/TextNumber.h"
@@ -11,15 +12,6 @@ namespace {
 
 constexpr int kLeastInt = std::numeric_limits<int>::min();
 constexpr int kMostInt = std::numeric_limits<int>::max();
-
-// Toward zero; what does not fit saturates, what is not a number gives 0.
-int Truncate(double value) {
-    if (value >= kMostInt)
-        return kMostInt;
-    if (value <= kLeastInt)
-        return kLeastInt;
-    return value == value ? static_cast<int>(value) : 0;
-}
 
 int Absolute(int value) {
     if (value == kLeastInt)
@@ -88,11 +80,11 @@ void OrvoDegree::setDegree(int degree, int minute, int second) {
 
 void OrvoDegree::setDegree(double value) {
     m_dValue = value;
-    m_nDegree = Truncate(value);
+    m_nDegree = TruncateToInt(value);
     const double minutes = (value - m_nDegree) * 60.0;
-    m_nMinute = Truncate(minutes);
+    m_nMinute = TruncateToInt(minutes);
     const double seconds = (minutes - m_nMinute) * 60.0;
-    m_nSecond = Truncate(0.0 > seconds ? seconds - 0.5 : seconds + 0.5);
+    m_nSecond = TruncateToInt(0.0 > seconds ? seconds - 0.5 : seconds + 0.5);
     // The one carry there is: none into the degrees, none from -60.
     if (m_nSecond == 60) {
         m_nSecond = 0;

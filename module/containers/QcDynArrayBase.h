@@ -202,8 +202,8 @@ protected:
     void SetCount(long n) { m_nCount = static_cast<QcIndex>(n); }
     void SetCurPos(long i) { m_nCur = static_cast<QcIndex>(i); }
     void ResetCur() { m_nCur = static_cast<QcIndex>(static_cast<int>(m_nCount) > 0 ? 0 : -1); }
-    // One step forward, from the last element to out. Counted in 32 bits and stored once: compilers then see a plain
-    // counted loop in a cursor's walk.
+    // One step forward, from the last element to out. Counted in an int and stored once: compilers then see a plain
+    // counted loop in a cursor's walk, which they do not when the index's own type does the counting.
     void StepCur() {
         int i = static_cast<int>(m_nCur);
         i = i < static_cast<int>(m_nCount) - 1 ? i + 1 : -1;

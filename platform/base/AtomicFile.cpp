@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "platform/base/CString.h"
+#include "platform/base/Language.h"
 #include "platform/base/Message.h"
 #include "platform/base/Support.h"
 
@@ -287,7 +288,9 @@ bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge i
     if (target.empty())
         return false;
     if (IsInstalledDataPath(path) || IsInstalledDataPath(FromUtf8(target))) {
-        ReportMessage(CString(L"安装文件夹中的文件不能改写：") + path);
+        CString message;
+        message.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
+        ReportMessage(message);
         return false;
     }
     AtomicSave save(target);

@@ -189,9 +189,8 @@ bool DictionaryReader::TakeNamespaces(xmlTextReader* xml) {
     for (; m_namespaces.size() > depth; m_namespaces.pop_back())
         m_namespaceCount -= m_namespaces.back();
     int own = 0;
-    while (xmlTextReaderMoveToNextAttribute(xml) == 1)
-        own += xmlTextReaderIsNamespaceDecl(xml) == 1 ? 1 : 0;
-    xmlTextReaderMoveToElement(xml);
+    for (const xmlNs* it = xmlTextReaderCurrentNode(xml)->nsDef; it; it = it->next)
+        ++own;
     m_namespaces.push_back(own);
     m_namespaceCount += own;
     return m_namespaceCount <= kDictionaryMaxNamespaces;
@@ -235,7 +234,7 @@ void DictionaryReader::BeginElement(xmlTextReader* xml) {
     else
         element.draft = std::make_unique<QcDtDictStringItem>();
     QcDtDictItem& item = isRoot ? static_cast<QcDtDictItem&>(*m_pTarget) : *element.draft;
-    item.SetTag(FromUtf8(ViewOf(xmlTextReaderConstName(xml))));
+    item.m_strTag = FromXmlUtf8(ViewOf(xmlTextReaderConstName(xml)));
     TakeAttributes(xml, element, item);
     if (isEmpty)
         EndElement();
@@ -243,6 +242,7 @@ void DictionaryReader::BeginElement(xmlTextReader* xml) {
 
 void DictionaryReader::TakeAttributes(xmlTextReader* xml, OpenElement& element, QcDtDictItem& item) {
     bool hasEscapedNames = false;
+    item.m_attributes.reserve(static_cast<std::size_t>(std::max(xmlTextReaderAttributeCount(xml), 0)));
     while (xmlTextReaderMoveToNextAttribute(xml) == 1) {
         if (xmlTextReaderIsNamespaceDecl(xml) == 1)
             continue;
@@ -250,20 +250,34 @@ void DictionaryReader::TakeAttributes(xmlTextReader* xml, OpenElement& element, 
             TakeBookkeeping(xml, element, item);
             continue;
         }
-        const CString raw = FromUtf8(ViewOf(xmlTextReaderConstName(xml)));
-        const CString name = UnescapeXml(raw.View());
-        const CString value = FromUtf8(ViewOf(xmlTextReaderConstValue(xml)));
+        const AttributeName& name = NameOf(ViewOf(xmlTextReaderConstName(xml)));
+        CString value = FromXmlUtf8(ViewOf(xmlTextReaderConstValue(xml)));
         // XML sees to it that no name stands twice, as long as none was written in another way.
-        hasEscapedNames = hasEscapedNames || name != raw;
+        hasEscapedNames = hasEscapedNames || name.isEscaped;
         if (hasEscapedNames)
-            item.SetAttributeValue(name, value);
+            item.SetAttributeValue(name.name, value);
         else
-            item.m_attributes.push_back({name, value});
+            item.m_attributes.push_back({name.name, std::move(value)});
     }
     if (element.isEscaped)
         Unescape(element, item);
     if (!element.hasName)
         item.SetName(item.GetTag());
+}
+
+const DictionaryReader::AttributeName& DictionaryReader::NameOf(std::string_view bytes) {
+    constexpr std::size_t kMostNames = 16;
+    for (const AttributeName& known : m_names) {
+        if (known.bytes == bytes)
+            return known;
+    }
+    const CString raw = FromXmlUtf8(bytes);
+    AttributeName name = {std::string(bytes), UnescapeXml(raw.View()), false};
+    name.isEscaped = name.name != raw;
+    if (m_names.size() < kMostNames)
+        return m_names.emplace_back(std::move(name));
+    m_nextName = (m_nextName + 1) % kMostNames;
+    return m_names[m_nextName] = std::move(name);
 }
 
 void DictionaryReader::TakeBookkeeping(xmlTextReader* xml, OpenElement& element, QcDtDictItem& item) {
@@ -273,12 +287,12 @@ void DictionaryReader::TakeBookkeeping(xmlTextReader* xml, OpenElement& element,
         element.kind = KindOf(value);
     } else if (name == "tag") {
         element.hasTag = true;
-        item.SetTag(FromUtf8(value));
+        item.SetTag(FromXmlUtf8(value));
     } else if (name == "name") {
         element.hasName = true;
-        item.SetName(FromUtf8(value));
+        item.SetName(FromXmlUtf8(value));
     } else if (name == "local") {
-        item.SetLocalName(FromUtf8(value));
+        item.SetLocalName(FromXmlUtf8(value));
     } else if (name == "escaped") {
         element.isEscaped = value == "1";
     }
@@ -318,7 +332,7 @@ void DictionaryReader::EndElement() {
             item->TakeNamesAndAttributes(*draft);
         }
         if (!m_text.empty()) {
-            const CString text = FromUtf8(m_text);
+            const CString text = FromXmlUtf8(m_text);
             SetValue(*item, element.isEscaped ? UnescapeXml(text.View()) : text);
         }
         m_open[m_open.size() - 2].dictionary->AppendItem(item.release());

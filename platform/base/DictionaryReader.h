@@ -64,6 +64,13 @@ private:
         bool isEscaped = false;
     };
 
+    // The name of an attribute as it stands in the file, and what it means.
+    struct AttributeName {
+        std::string bytes;
+        CString name;
+        bool isEscaped;
+    };
+
     DictionaryReader() = default;
     static int ReadFrom(void* source, char* buffer, int length);
     bool ReadFile(const char* path);
@@ -77,11 +84,14 @@ private:
     void EndElement();
     void TakeAttributes(_xmlTextReader* xml, OpenElement& element, QcDtDictItem& item);
     static void TakeBookkeeping(_xmlTextReader* xml, OpenElement& element, QcDtDictItem& item);
+    const AttributeName& NameOf(std::string_view bytes);
     static void Unescape(const OpenElement& element, QcDtDictItem& item);
     QcDtDictionary& DictionaryOf(OpenElement& element);
 
     QcDtDictionary* m_pTarget = nullptr;  // null: only check
     std::vector<OpenElement> m_open;
+    std::vector<AttributeName> m_names;  // the last few: most elements have the same ones
+    std::size_t m_nextName = 0;
     std::vector<int> m_namespaces;  // declared by each open element
     int m_namespaceCount = 0;
     std::string m_text;  // of the innermost element, as far as it has come

@@ -13,28 +13,36 @@ void XmlGuard::FindWidth(std::uint8_t byte) {
 }
 
 bool XmlGuard::Take(std::string_view bytes) {
-    for (const char character : bytes) {
-        const auto byte = static_cast<std::uint8_t>(character);
-        if (m_width == Width::Byte) {
-            if (!TakeUnit(byte))
-                return false;
-            continue;
-        }
-        if (!m_hasPrevious) {
+    std::size_t at = 0;
+    for (; at < bytes.size() && m_width != Width::Byte; ++at) {
+        const auto byte = static_cast<std::uint8_t>(bytes[at]);
+        m_hasPrevious = !m_hasPrevious;
+        if (m_hasPrevious) {
             m_previous = byte;
-            m_hasPrevious = true;
             continue;
         }
-        if (m_width == Width::Unknown) {
+        if (m_width == Width::Unknown)
             FindWidth(byte);
-            if (m_width == Width::Byte) {
-                if (!TakeUnit(m_previous) || !TakeUnit(byte))
-                    return false;
-                continue;
-            }
-        }
-        m_hasPrevious = false;
-        if (!TakeUnit(m_width == Width::LittleEndian ? byte * 256U + m_previous : m_previous * 256U + byte))
+        const bool isGood = m_width == Width::Byte           ? TakeUnit(m_previous) && TakeUnit(byte)
+                            : m_width == Width::LittleEndian ? TakeUnit(byte * 256U + m_previous)
+                                                             : TakeUnit(m_previous * 256U + byte);
+        if (!isGood)
+            return false;
+    }
+    return TakeBytes(bytes.substr(at));
+}
+
+bool XmlGuard::TakeBytes(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        // Most of a file is text and values, which are passed over in one go.
+        if (m_place == Place::Outside)
+            at = bytes.find('<', at);
+        else if (m_place == Place::Value)
+            while (at < bytes.size() && static_cast<std::uint8_t>(bytes[at]) != m_quote && bytes[at] != '<')
+                ++at;
+        if (at >= bytes.size())
+            break;
+        if (!TakeUnit(static_cast<std::uint8_t>(bytes[at])))
             return false;
     }
     return true;

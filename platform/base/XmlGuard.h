@@ -22,6 +22,7 @@ private:
     enum class Width { Unknown, Byte, LittleEndian, BigEndian };
 
     void FindWidth(std::uint8_t byte);
+    bool TakeBytes(std::string_view bytes);
     bool TakeUnit(std::uint32_t unit);
     void TakeInProlog(std::uint32_t unit);
     void TakeInTag(std::uint32_t unit);

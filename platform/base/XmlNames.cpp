@@ -193,6 +193,27 @@ std::string ToXmlUtf8(std::wstring_view text) {
     return out;
 }
 
+CString FromXmlUtf8(std::string_view bytes) {
+    // Short texts, which nearly all are, need no memory but the result's.
+    constexpr std::size_t kShort = 128;
+    wchar_t units[kShort];
+    std::size_t count = 0;
+    if (bytes.size() > kShort)
+        return FromUtf8(bytes);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto lead = static_cast<unsigned char>(bytes[at]);
+        const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+        if (at + length > bytes.size() || length == 4)
+            return FromUtf8(bytes);
+        char32_t c = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+        for (std::size_t i = 1; i < length; ++i)
+            c = (c << 6) | (static_cast<unsigned char>(bytes[at + i]) & 0x3FU);
+        units[count++] = static_cast<wchar_t>(c);
+        at += length;
+    }
+    return CString(std::wstring_view(units, count));
+}
+
 CString UnescapeXml(std::wstring_view text) {
     std::wstring out;
     out.reserve(text.size());

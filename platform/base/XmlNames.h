@@ -28,5 +28,8 @@ ORVO_API std::string EscapeXmlText(std::wstring_view text);
 // The plain text in UTF-8; only for a text without forbidden units.
 ORVO_API std::string ToXmlUtf8(std::wstring_view text);
 
+// The text of what is known to be good UTF-8.
+ORVO_API CString FromXmlUtf8(std::string_view bytes);
+
 // The text in which every escape is replaced by the unit it stands for. What is no escape stays.
 ORVO_API CString UnescapeXml(std::wstring_view text);

@@ -72,7 +72,7 @@ public:
         std::map<std::string, std::string> files;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(m_tree.Path())) {
             if (entry.is_regular_file() && !entry.is_symlink())
-                files[std::filesystem::relative(entry.path(), m_tree.Path()).string()] = FileBytes(entry.path());
+                files[entry.path().lexically_relative(m_tree.Path()).string()] = FileBytes(entry.path());
         }
         return files;
     }

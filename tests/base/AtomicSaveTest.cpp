@@ -32,7 +32,7 @@ protected:
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
         for (const auto& entry : fs::recursive_directory_iterator(m_tree.Path()))
-            names.push_back(fs::relative(entry.path(), m_tree.Path()).string());
+            names.push_back(entry.path().lexically_relative(m_tree.Path()).string());
         std::sort(names.begin(), names.end());
         return names;
     }
@@ -189,7 +189,9 @@ TEST_F(AtomicSave, RefusesACircleOfLinks) {
     fs::create_symlink("b", m_tree / "a");
     fs::create_symlink("a", m_tree / "b");
     EXPECT_FALSE(Save("a", "good"));
-    EXPECT_EQ(Names(), (NameList{"a", "b"}));
+    EXPECT_TRUE(fs::is_symlink(m_tree / "a"));
+    EXPECT_TRUE(fs::is_symlink(m_tree / "b"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_tree.Path()), fs::directory_iterator()), 2);
 }
 
 TEST_F(AtomicSave, RefusesWhatIsNoOrdinaryFile) {
@@ -323,7 +325,7 @@ TEST_F(AtomicSave, NeverWritesIntoTheInstalledDataFolder) {
     EXPECT_FALSE(Save("linked folder/atomic-save-test.xml", "good"));
     EXPECT_FALSE(Save("linked file", "good"));
     SetMessageSink(nullptr, nullptr);
-    EXPECT_FALSE(fs::exists(target));
+    EXPECT_FALSE(fs::remove(target)) << "it was written";
     ASSERT_EQ(messages.texts.size(), 3U);
     EXPECT_NE(messages.texts[0].find(target.string()), std::string::npos) << messages.texts[0];
     EXPECT_NE(messages.texts[0].find("不能改写"), std::string::npos);

@@ -99,7 +99,7 @@ TEST(BuiltInTerms, FollowTheCalendar) {
         }
 }
 
-// The tables are means over years, the observed numbers those of one year: they may differ by as much as the sun moves
+// The tables serve every year, the observed numbers are those of one: they may differ by as much as the sun moves
 // in about a day, which is 0.0083 hours of equation of time and 0.4 degrees of declination at most. The tolerances are
 // well within that.
 TEST(BuiltInTerms, AgreeWithTheSun) {

@@ -8,8 +8,8 @@
 #include "ExpectedTerms.h"
 #include "calendar/OrvoDate.h"
 #include "platform/base/QcDtDictionary.h"
+#include "support/FileTree.h"
 #include "support/GermanLocale.h"
-#include "support/TempFolder.h"
 
 namespace {
 
@@ -257,7 +257,7 @@ TEST(TermDictionary, IsHonouredOnAFreshDate) {
 
 TEST(TermDictionary, GoesThroughAFileInEveryLocale) {
     const GermanLocale german;
-    const TempFolder folder;
+    const FileTree folder;
     const CString path = FromUtf8((folder.Path() / "SunTerm.xml").string());
     OrvoDate date(2011, 1, 1);
     date.LoadTermData();

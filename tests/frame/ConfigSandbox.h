@@ -13,7 +13,7 @@
 #include "platform/host/CommandLine.h"
 #include "settings/OrvoDataSet.h"
 #include "support/Environment.h"
-#include "support/TempFolder.h"
+#include "support/FileTree.h"
 
 class ConfigSandbox : public testing::Test {
 protected:
@@ -31,7 +31,7 @@ protected:
 
     using Lines = std::vector<CString>;
     Lines m_lines;
-    TempFolder m_folder;
+    FileTree m_folder;
 
 private:
     static void Clear() {
@@ -41,7 +41,7 @@ private:
         g_SunDataSet = OrvoDataSet();
     }
 
-    TempFolder m_home;
+    FileTree m_home;
     EnvironmentVariable m_support{"ORVO_SUPPORT_PATH", m_folder.Path().c_str()};
     EnvironmentVariable m_config{"XDG_CONFIG_HOME", m_home.Path().c_str()};
 };

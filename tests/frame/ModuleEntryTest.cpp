@@ -17,7 +17,9 @@ AcEdCommandStack& Commands() {
     return *dynamic_cast<AcEdCommandStack*>(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
 }
 
-AcRxDynamicLinker& Linker() { return *dynamic_cast<AcRxDynamicLinker*>(acrxSysRegistry()->at(L"DynamicLinker")); }
+AcRxDynamicLinker& Linker() {
+    return *dynamic_cast<AcRxDynamicLinker*>(acrxSysRegistry()->at(L"DynamicLinker"));
+}
 
 class ModuleEntry : public ConfigSandbox {
 protected:

@@ -215,8 +215,7 @@ TEST(OrvoDataSet, NotesTheSettingsOfAnyOtherDay) {
     // The decimal fields play no part.
     settings.m_dgStartTime = 1.0;
     settings.m_dSpace = 7.0;
-    EXPECT_EQ(settings.GetNoteString(),
-              L"分析标准:上海标准;地区:北京;时间:2010年 6月 2日08:05～16:30,计算精度:1分钟");
+    EXPECT_EQ(settings.GetNoteString(), L"分析标准:上海标准;地区:北京;时间:2010年 6月 2日08:05～16:30,计算精度:1分钟");
 }
 
 TEST(OrvoDataSet, TakesTheTermsNameInTheNoteFromTheCurrentStandard) {

@@ -18,11 +18,12 @@ struct Key {
 
 // The keys of the dictionary form in their order, with the kind of each.
 const std::vector<Key> kKeys = {
-    {L"SUNCOLORTABLE", 0}, {L"FullWin", 1},         {L"LimitWidth", 1},      {L"MaxContinue", 1},
-    {L"BJTime", 1},        {L"AllMaxContinueTime", 1}, {L"MaxWidth", 4},     {L"MinWidth", 4},
-    {L"Space", 4},         {L"StartTime", 4},       {L"EndTime", 4},         {L"MinValidAngle", 3},
-    {L"MinValidTime", 3},  {L"MinMaxValidTime", 3}, {L"MinContinueTime", 3}, {L"ValidSunType", 3},
-    {L"TotalTimeType", 3},
+    {L"SUNCOLORTABLE", 0}, {L"FullWin", 1},         {L"LimitWidth", 1},
+    {L"MaxContinue", 1},   {L"BJTime", 1},          {L"AllMaxContinueTime", 1},
+    {L"MaxWidth", 4},      {L"MinWidth", 4},        {L"Space", 4},
+    {L"StartTime", 4},     {L"EndTime", 4},         {L"MinValidAngle", 3},
+    {L"MinValidTime", 3},  {L"MinMaxValidTime", 3}, {L"MinContinueTime", 3},
+    {L"ValidSunType", 3},  {L"TotalTimeType", 3},
 };
 
 // A standard of which no field has its default.

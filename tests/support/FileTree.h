@@ -11,6 +11,14 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/base/CString.h"
+
+// Everything in a file; empty when there is none.
+inline std::string FileBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
 class FileTree {
 public:
     FileTree() {
@@ -44,12 +52,10 @@ public:
         return path;
     }
 
+    std::string Read(std::string_view name) const { return FileBytes(m_path / name); }
+    // The path of a file as the platform takes it.
+    CString File(std::string_view name) const { return FromUtf8((m_path / name).string()); }
+
 private:
     std::filesystem::path m_path;
 };
-
-// Everything in a file; empty when there is none.
-inline std::string FileBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
-TEST(OrvoCity, BeginsWithoutAName) { EXPECT_TRUE(OrvoCity().m_strName.IsEmpty()); }
+TEST(OrvoCity, BeginsWithoutAName) {
+    EXPECT_TRUE(OrvoCity().m_strName.IsEmpty());
+}
 
 TEST(OrvoCity, TakesAndCopiesAName) {
     const OrvoCity city(CString(L"杭州"));

@@ -13,15 +13,15 @@ constexpr double kAnyWidth = 0.0;
 struct Row {
     const wchar_t* name;
     int month, day;
-    double start, end;       // hours
-    int count;               // OrvoSunCount
-    int totalType;           // OrvoTotalTime
-    int leastPiece;          // minutes; shorter periods are dropped
-    bool isWholeWindow;      // else the midpoint of its sill
-    double mostWidth;        // millimetres, or kAnyWidth
-    int validSun;            // OrvoValidSun
-    int leastAngle;          // degrees between the ray's plan and the wall
-    double step;             // minutes
+    double start, end;   // hours
+    int count;           // OrvoSunCount
+    int totalType;       // OrvoTotalTime
+    int leastPiece;      // minutes; shorter periods are dropped
+    bool isWholeWindow;  // else the midpoint of its sill
+    double mostWidth;    // millimetres, or kAnyWidth
+    int validSun;        // OrvoValidSun
+    int leastAngle;      // degrees between the ray's plan and the wall
+    double step;         // minutes
 };
 
 // A row names every field in which a standard differs from the defaults.

@@ -1,9 +1,13 @@
 // The line editor.
 #include "workbench/commands/TerminalLines.h"
 
+#include <unistd.h>
+
+#include <cerrno>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 #include "platform/base/Support.h"
@@ -15,27 +19,81 @@ namespace {
 constexpr int kMostRemembered = 1000;
 
 volatile std::sig_atomic_t g_wasInterrupted = 0;
+volatile std::sig_atomic_t g_wasResized = 0;
+volatile std::sig_atomic_t g_wasContinued = 0;
 
-void NoteInterrupt(int) {
-    g_wasInterrupted = 1;
+void NoteSignal(int number) {
+    if (number == SIGINT)
+        g_wasInterrupted = 1;
+    else if (number == SIGWINCH)
+        g_wasResized = 1;
+    else
+        g_wasContinued = 1;
 }
 
-// While a line is read, an interrupt gives up the line and not the program.
-class InterruptGuard {
+constexpr int kSignals[] = {SIGINT, SIGWINCH, SIGCONT};
+
+// While a line is read, signals end the waiting for a key: an interrupt gives up the line and not the program.
+class SignalGuard {
 public:
-    InterruptGuard() {
+    SignalGuard() {
         struct sigaction action = {};
-        action.sa_handler = NoteInterrupt;  // without SA_RESTART, so that reading ends
+        action.sa_handler = NoteSignal;  // without SA_RESTART
         g_wasInterrupted = 0;
-        sigaction(SIGINT, &action, &m_before);
+        for (std::size_t i = 0; i < std::size(kSignals); ++i)
+            sigaction(kSignals[i], &action, &m_before[i]);
     }
-    ~InterruptGuard() { sigaction(SIGINT, &m_before, nullptr); }
-    InterruptGuard(const InterruptGuard&) = delete;
-    InterruptGuard& operator=(const InterruptGuard&) = delete;
+    ~SignalGuard() {
+        for (std::size_t i = 0; i < std::size(kSignals); ++i)
+            sigaction(kSignals[i], &m_before[i], nullptr);
+    }
+    SignalGuard(const SignalGuard&) = delete;
+    SignalGuard& operator=(const SignalGuard&) = delete;
 
 private:
-    struct sigaction m_before = {};
+    struct sigaction m_before[std::size(kSignals)] = {};
 };
+
+// One byte from the terminal: 1, 0 at the end, -1 when the line is given up or the terminal is gone.
+int ReadByte(EditLine* editor, unsigned char& byte) {
+    for (;;) {
+        const ssize_t count = g_wasInterrupted ? -1 : read(STDIN_FILENO, &byte, 1);
+        if (count >= 0)
+            return static_cast<int>(count);
+        if (g_wasInterrupted || errno != EINTR)
+            return -1;
+        if (g_wasContinued) {
+            el_set(editor, EL_PREP_TERM, 1);
+            el_set(editor, EL_REFRESH);
+        }
+        if (g_wasResized)
+            el_resize(editor);
+        g_wasContinued = 0;
+        g_wasResized = 0;
+    }
+}
+
+// How many bytes follow the first one of a character in UTF-8.
+int BytesBehind(unsigned char first) {
+    return first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC0 ? 1 : 0;
+}
+
+// One character from the terminal, as the editor asks for it. The editor's own way of reading would take up its waiting
+// again after an interrupt.
+int ReadCharacter(EditLine* editor, wchar_t* character) {
+    unsigned char byte = 0;
+    const int got = ReadByte(editor, byte);
+    if (got <= 0)
+        return got;
+    std::string bytes(1, static_cast<char>(byte));
+    for (int i = BytesBehind(byte); i > 0; --i) {
+        if (ReadByte(editor, byte) <= 0)
+            return -1;
+        bytes += static_cast<char>(byte);
+    }
+    *character = FromUtf8(bytes).GetAt(0);
+    return 1;
+}
 
 // What all of the matches begin with.
 CString CommonStart(const std::vector<CString>& matches) {
@@ -78,6 +136,7 @@ TerminalLines::TerminalLines() : m_history(history_init()) {
         m_historyFile = ToUtf8((folder + L"/history").View());
         history(m_history, &event, H_LOAD, m_historyFile.c_str());
     }
+    el_set(m_editor, EL_GETCFN, ReadCharacter);
     el_set(m_editor, EL_PROMPT, &TerminalLines::PromptOf);
     el_set(m_editor, EL_EDITOR, "emacs");
     el_set(m_editor, EL_HIST, history, m_history);
@@ -124,7 +183,7 @@ void TerminalLines::Remember(const char* line) {
 }
 
 LineSource::Got TerminalLines::Next(CString& line) {
-    const InterruptGuard guard;
+    const SignalGuard guard;
     int length = 0;
     const char* read = el_gets(m_editor, &length);
     if (g_wasInterrupted) {

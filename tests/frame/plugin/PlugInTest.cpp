@@ -10,7 +10,7 @@
 #include "platform/host/CommandLine.h"
 #include "platform/host/ModuleLoader.h"
 #include "support/Environment.h"
-#include "support/TempFolder.h"
+#include "support/FileTree.h"
 
 namespace {
 
@@ -61,8 +61,8 @@ protected:
         g_pTeskLangSwitch = nullptr;
     }
 
-    TempFolder m_folder;
-    TempFolder m_home;
+    FileTree m_folder;
+    FileTree m_home;
     EnvironmentVariable m_support{"ORVO_SUPPORT_PATH", m_folder.Path().c_str()};
     EnvironmentVariable m_config{"XDG_CONFIG_HOME", m_home.Path().c_str()};
 };
@@ -127,8 +127,9 @@ TEST_F(PlugIn, TranslatesItsDefaultsWhileItIsConstructed) {
 
 TEST_F(PlugIn, FindsItsLanguageByItsOwnFileName) {
     std::filesystem::create_directory(m_folder.Path() / "languages");
-    m_folder.Write("languages/en.xml", "<l><ORVODATABASE><t dt:name=\"北京\" dt:kind=\"5\" "
-                                       "xmlns:dt=\"urn:orvo:dictionary\">Peking</t></ORVODATABASE></l>");
+    m_folder.Write("languages/en.xml",
+                   "<l><ORVODATABASE><t dt:name=\"北京\" dt:kind=\"5\" "
+                   "xmlns:dt=\"urn:orvo:dictionary\">Peking</t></ORVODATABASE></l>");
     TeskLanguageSwitch language;
     ASSERT_TRUE(language.SetLanguage(L"en"));
     g_pTeskLangSwitch = &language;

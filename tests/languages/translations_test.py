@@ -1,0 +1,113 @@
+#!/usr/bin/env python3
+"""Looks for texts that the program shows and that a language does not translate.
+
+A text is any wide literal with a character beyond ASCII in the sources of the platform, the module and the workbench.
+Each has to stand in every language table, under its own module, or in untranslated.txt (there a line names a text, or
+after "file " a source whose texts are all data).
+"""
+import glob
+import os
+import re
+import unittest
+import xml.etree.ElementTree as ET
+
+ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
+NAME = "{urn:orvo:dictionary}name"
+KEYS = {"platform": "ORVOPLATFORM", "module": "ORVODATABASE", "workbench": "ORVOWORKBENCH"}
+LITERAL = re.compile(r'L"((?:[^"\\]|\\.)*)"((?:\s*L?"(?:[^"\\]|\\.)*")*)')
+
+
+def read(path):
+    with open(path, encoding="utf-8") as file:
+        return file.read()
+
+
+def unescape(text):
+    return text.replace("\\n", "\n").replace('\\"', '"').replace("\\\\", "\\")
+
+
+def texts_of(room):
+    """Every text of a component's sources, with adjacent literals joined as the compiler joins them."""
+    found = {}
+    for folder, _, files in os.walk(os.path.join(ROOT, room)):
+        for name in files:
+            if not name.endswith((".cpp", ".h")):
+                continue
+            source = read(os.path.join(folder, name))
+            source = re.sub(r"//[^\n]*", "", source)
+            for match in LITERAL.finditer(source):
+                more = re.findall(r'"((?:[^"\\]|\\.)*)"', match.group(2))
+                text = unescape(match.group(1) + "".join(more))
+                if any(ord(character) > 127 for character in text):
+                    found[text] = os.path.relpath(os.path.join(folder, name), ROOT)
+    return found
+
+
+def untranslated():
+    path = os.path.join(os.path.dirname(os.path.abspath(__file__)), "untranslated.txt")
+    lines = read(path).splitlines()
+    return {line for line in lines if line and not line.startswith("#")}
+
+
+def tables(path):
+    """The texts of each module in a language file: {key: {text: (translation, is kept)}}."""
+    result = {}
+    for module in ET.parse(path).getroot():
+        texts = result.setdefault(module.tag, {})
+        for element in module:
+            entries = element if len(element) else [element]
+            for entry in entries:
+                texts.setdefault(entry.get(NAME), (entry.text or "", len(element) > 0))
+    return result
+
+
+class Translations(unittest.TestCase):
+    def setUp(self):
+        self.files = sorted(glob.glob(os.path.join(ROOT, "data", "languages", "*.xml")))
+        self.assertTrue(self.files)
+
+    def test_every_text_is_translated(self):
+        exempt = untranslated()
+        for path in self.files:
+            table = tables(path)
+            for room, key in KEYS.items():
+                texts = texts_of(room)
+                self.assertTrue(texts, room)
+                missing = [f"{source}: {text!r}" for text, source in sorted(texts.items())
+                           if text not in table.get(key, {}) and not {text, f"file {source}"} & exempt]
+                self.assertEqual(missing, [], f"{os.path.basename(path)} lacks")
+
+    def test_no_table_holds_texts_that_nobody_shows(self):
+        shown = set().union(*(texts_of(room) for room in KEYS))
+        for path in self.files:
+            for key, texts in tables(path).items():
+                left_over = [text for text, (_, is_kept) in texts.items() if not is_kept and text not in shown]
+                self.assertEqual(left_over, [], f"{os.path.basename(path)} {key}")
+
+    def test_no_exemption_is_left_over(self):
+        shown = set()
+        for room in KEYS:
+            shown |= set(texts_of(room)) | {f"file {source}" for source in texts_of(room).values()}
+        self.assertEqual(sorted(untranslated() - shown), [])
+
+    def test_texts_that_stay_are_their_own_translation(self):
+        for path in self.files:
+            for key, texts in tables(path).items():
+                for text, (translation, is_kept) in texts.items():
+                    if is_kept:
+                        self.assertEqual(translation, text)
+
+    def test_a_translation_asks_for_the_same_values(self):
+        conversion = re.compile(r"%[-+ #0]*\d*(?:\.\d+)?l?[a-zA-Z%]")
+
+        def kinds(text):
+            return [found[-1] for found in conversion.findall(text) if found != "%%"]
+
+        for path in self.files:
+            for key, texts in tables(path).items():
+                for text, (translation, _) in texts.items():
+                    self.assertEqual(kinds(translation), kinds(text), f"{key}: {text}")
+
+
+if __name__ == "__main__":
+    unittest.main()
