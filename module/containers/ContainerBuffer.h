@@ -44,16 +44,19 @@ public:
         }
     }
 
-    // Whether the block has room for n elements as it is.
-    static bool Holds(T* pData, long n) {
+    // Makes room for n elements, of which the first nLive live and move along. A block that has the room already stays.
+    // Null, with the old buffer untouched, when there is no memory.
+    static T* Grow(T* pData, long nLive, long n) {
         const std::size_t bytes = BytesFor(n);
-        return pData != nullptr && bytes != 0 && bytes <= Head(pData)->m_nBytes;
+        if (pData != nullptr && bytes != 0 && bytes <= Head(pData)->m_nBytes) {
+            return pData;
+        }
+        return GrowBlock(pData, nLive, n);
     }
 
     // Makes the block fit n elements, in place where the allocator can; the bytes move along. Null, with the old buffer
     // untouched, when there is no memory. Only for elements that move as bytes.
     static T* Resize(T* pData, long n) {
-        static_assert(kMovesAsBytes);
         const std::size_t bytes = BlockFor(n);
         return bytes == 0 ? nullptr : Data(std::realloc(static_cast<void*>(Head(pData)), bytes), bytes);
     }
@@ -92,8 +95,10 @@ private:
                                                                                  : alignof(std::max_align_t);
     static constexpr std::size_t kOffset = sizeof(QcBufferHead) > kAlign ? sizeof(QcBufferHead) : kAlign;
     static_assert(kOffset % kAlign == 0);
-    // Large blocks come in whole granules, so that small steps of growth ask the allocator only now and then.
-    static constexpr std::size_t kGranule = std::size_t{64} * 1024;
+    // Blocks above a page come in whole pages, large ones in whole granules, so that small steps of growth ask the
+    // allocator only now and then.
+    static constexpr std::size_t kPage = 4096;
+    static constexpr std::size_t kGranule = 16 * kPage;
 
 #if defined(__SANITIZE_ADDRESS__)
     static constexpr bool kExact = true;  // an overrun by one element must be seen
@@ -121,7 +126,7 @@ private:
         if (bytes == 0 || (kExact && kAlign == alignof(std::max_align_t))) {
             return bytes;
         }
-        const std::size_t step = bytes > kGranule ? kGranule : kAlign;
+        const std::size_t step = bytes > kGranule ? kGranule : bytes > kPage ? kPage : kAlign;
         return (bytes + step - 1) / step * step;
     }
 
@@ -131,6 +136,22 @@ private:
         }
         ::new (pBlock) QcBufferHead{bytes, 0};
         return reinterpret_cast<T*>(static_cast<char*>(pBlock) + kOffset);
+    }
+
+    [[gnu::noinline]] static T* GrowBlock(T* pData, long nLive, long n) {
+        if (pData == nullptr) {
+            return Allocate(n);
+        }
+        if constexpr (kMovesAsBytes) {
+            return Resize(pData, n);
+        } else {
+            T* const pNew = Allocate(n);
+            if (pNew != nullptr) {
+                MoveAcross(pData, nLive, pNew);
+                Free(pData);
+            }
+            return pNew;
+        }
     }
 
     static T* AllocateBytes(long n, bool bZeroed) {

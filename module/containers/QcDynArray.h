@@ -19,7 +19,9 @@ public:
     // Room for nCapacity elements (no buffer below 1); count 0.
     explicit QcDynArray(long nCapacity = 0, long nAllocUnit = 10) {
         SetAllocUnit(nAllocUnit);
-        SetSpaceSize(nCapacity);
+        if (nCapacity > 0) {
+            SetSpaceSize(nCapacity);
+        }
     }
     QcDynArray(const QcDynArray& other) : Base() {
         m_nAllocUnit = other.m_nAllocUnit;
@@ -65,15 +67,25 @@ public:
     T* GetLast() const final { return this->IsEmpty() ? nullptr : m_pData + this->GetMaxIndex(); }
     T* GetAt(long i) const final { return this->IsValidIndex(i) ? m_pData + i : nullptr; }
     void InsertCur(const T& x) override { InsertAt(this->IsOut() ? this->GetLength() : this->GetCurPos(), x); }
+    // Growing happens here, without a call that would need this array in memory: a loop that appends then keeps count,
+    // capacity and address in registers.
     void Append(const T& x) override {
         const long n = this->GetLength();
         if (n < m_nCapacity) {
             QcBuffer<T>::BuildCopy(m_pData + n, x);
-            this->SetCount(n + 1);
-            this->SetCurPos(n);
         } else {
-            AppendGrowing(x);
+            const QcElementCopy<T> copy(x);  // x may lie in the buffer
+            const long nCapacity = std::min(n + 1 + m_nAllocUnit, Base::kMaxCount);
+            T* const pNew = n < Base::kMaxCount ? QcBuffer<T>::Grow(m_pData, n, nCapacity) : nullptr;
+            if (pNew == nullptr) {
+                return;
+            }
+            m_pData = pNew;
+            m_nCapacity = static_cast<int>(nCapacity);
+            QcBuffer<T>::BuildCopy(m_pData + n, copy.m_data);
         }
+        this->SetCount(n + 1);
+        this->SetCurPos(n);
     }
     void DelCur() override;
     void Sort(int (*cmp)(const T&, const T&)) override { ElementSort<T>::Sort(m_pData, this->GetLength(), cmp); }
@@ -129,7 +141,6 @@ private:
     bool Refit(long nCapacity, long nKeep, bool& rbZeroed);
     bool Reserve(long n);
     void SetCountTo(long n, bool bZeroed);
-    void AppendGrowing(const T& x);
     void ReverseRun(long from, long nEnd) {
         for (--nEnd; from < nEnd; ++from, --nEnd) {
             QcElement<T>::Swap(m_pData[from], m_pData[nEnd]);
@@ -150,12 +161,10 @@ bool QcDynArray<T>::Refit(long nCapacity, long nKeep, bool& rbZeroed) {
     using Buffer = QcBuffer<T>;
     rbZeroed = Buffer::kStartsAsZeros && nCapacity - nKeep > kLarge;
     T* pNew = nullptr;
-    if (!rbZeroed && nKeep == this->GetLength() && Buffer::Holds(m_pData, nCapacity) && nCapacity > m_nCapacity) {
-        pNew = m_pData;
+    if (!rbZeroed && nKeep == this->GetLength() && nCapacity > m_nCapacity) {
+        pNew = Buffer::Grow(m_pData, nKeep, nCapacity);
     } else if (Buffer::kMovesAsBytes && !rbZeroed && m_pData != nullptr && nKeep > 0) {
-        if constexpr (Buffer::kMovesAsBytes) {
-            pNew = Buffer::Resize(m_pData, nCapacity);
-        }
+        pNew = Buffer::Resize(m_pData, nCapacity);
     } else {
         pNew = rbZeroed ? Buffer::AllocateZeroed(nCapacity) : Buffer::Allocate(nCapacity);
         if (pNew != nullptr) {
@@ -232,17 +241,6 @@ bool QcDynArray<T>::SetSpaceSize(long n) {
     }
     bool bZeroed = false;
     return n == m_nCapacity || Refit(n, this->GetLength(), bZeroed);
-}
-
-template <class T>
-void QcDynArray<T>::AppendGrowing(const T& x) {
-    const long n = this->GetLength();
-    const QcElementCopy<T> copy(x);
-    if (Reserve(n + 1)) {
-        QcBuffer<T>::BuildCopy(m_pData + n, copy.m_data);
-        this->SetCount(n + 1);
-        this->SetCurPos(n);
-    }
 }
 
 template <class T>

@@ -48,7 +48,7 @@ CString LoadModuleLanguage() {
     constexpr unsigned kMostFileName = 1024;
     wchar_t fileName[kMostFileName] = {};
     GetModuleFileName(g_hAppInstance, fileName, kMostFileName);
-    const CString key = LanguageKeyOfModuleFile(fileName);
+    CString key = LanguageKeyOfModuleFile(fileName);
     if (key.IsEmpty() || !g_pTeskLangSwitch)
         return CString();
     g_pModuleLanguage = g_pTeskLangSwitch->GetModuleDictionary(key);

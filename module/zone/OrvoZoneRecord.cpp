@@ -1,6 +1,8 @@
 // City records: splitting and formatting of positions, and the zone tree.
 #include "zone/OrvoZoneRecord.h"
 
+#include <utility>
+
 #include "calendar/TruncateToInt.h"
 #include "frame/ConfigDictionaries.h"
 #include "frame/Resources.h"
@@ -81,10 +83,10 @@ bool OrvoZoneRecord::ReadFromXml(const CString& province, const CString& city) {
     if (!found)
         return false;
     // The names may be this record's own fields, so they are taken before anything is overwritten.
-    const CString provinceName(province);
-    const CString cityName(city);
-    m_strProvince = provinceName;
-    m_strCity = cityName;
+    CString provinceName(province);
+    CString cityName(city);
+    m_strProvince = std::move(provinceName);
+    m_strCity = std::move(cityName);
     m_strLongitude = found->GetAttributeValue(L"longitude");
     m_strLatitude = found->GetAttributeValue(L"latitude");
     m_strComment = found->GetStringValue();

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <string_view>
 
 #include "platform/base/CString.h"
 
@@ -62,10 +63,10 @@ bool IsHuge(const std::string& number) {
 }  // namespace
 
 bool IsTextSpace(wchar_t c) {
-    const auto code = static_cast<unsigned long>(c);
-    return (code >= 0x09 && code <= 0x0D) || code == 0x20 || code == 0x85 || code == 0xA0 || code == 0x1680 ||
-           (code >= 0x2000 && code <= 0x200A) || code == 0x2028 || code == 0x2029 || code == 0x202F || code == 0x205F ||
-           code == 0x3000;
+    constexpr std::wstring_view kSpaces =
+        L"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A"
+        L"\u2028\u2029\u202F\u205F\u3000";
+    return kSpaces.find(c) != std::wstring_view::npos;
 }
 
 int _wtoi(const wchar_t* text) {

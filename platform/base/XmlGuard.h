@@ -7,12 +7,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/base/Api.h"
+
 constexpr int kMostXmlAttributes = 1000;  // of one element, declarations of namespaces included
 
 // Reads UTF-16 as such and everything else as bytes of which the ASCII ones mean ASCII, which is true of the encodings
 // that files are written in. A tag has no '<' inside, so that each tag is seen from its beginning whatever stood
 // before.
-class XmlGuard {
+class ORVO_API XmlGuard {
 public:
     // The next bytes of the file. False once there is something to be refused.
     bool Take(std::string_view bytes);

@@ -35,7 +35,7 @@ int Distance(const std::u32string& left, const std::u32string& right) {
     return row.back();
 }
 
-// Smaller is nearer; negative when the two have nothing in common.
+// Smaller is nearer; negative when more than half of the characters differ.
 int Score(const std::u32string& name, const std::u32string& candidate) {
     if (name.empty() || candidate.empty())
         return -1;
@@ -44,7 +44,7 @@ int Score(const std::u32string& name, const std::u32string& candidate) {
     if (isHeld)
         return distance;
     const int longer = static_cast<int>(std::max(name.size(), candidate.size()));
-    return distance >= longer ? -1 : static_cast<int>(kMostCharacters) + distance;
+    return 2 * distance > longer ? -1 : static_cast<int>(kMostCharacters) + distance;
 }
 
 }  // namespace

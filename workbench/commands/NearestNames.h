@@ -11,8 +11,7 @@
 int EditDistance(const CString& left, const CString& right);
 
 // Up to three of the candidates that lie nearest to the name, nearest first and in their own order where equally near:
-// those that hold the name or are held by it, then those that differ in few characters. A candidate that has nothing in
-// common with the name is never among them.
+// those that hold the name or are held by it, then those of which at most half the characters differ.
 std::vector<CString> NearestNames(const CString& name, const std::vector<CString>& candidates);
 
 // The names with the separator of the language between them, made printable.

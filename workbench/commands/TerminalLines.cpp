@@ -1,6 +1,7 @@
 // The line editor.
 #include "workbench/commands/TerminalLines.h"
 
+#include <dlfcn.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -95,6 +96,14 @@ int ReadCharacter(EditLine* editor, wchar_t* character) {
     return 1;
 }
 
+// The editor's library holds descriptions of the terminal until the process ends. It must not be unloaded together with
+// the workbench, or they would be lost.
+void KeepEditorLoaded() {
+    Dl_info library = {};
+    if (dladdr(reinterpret_cast<void*>(&el_init), &library) != 0)
+        dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
 // What all of the matches begin with.
 CString CommonStart(const std::vector<CString>& matches) {
     CString start(matches.front());
@@ -125,6 +134,7 @@ TerminalLines::TerminalLines() : m_history(history_init()) {
     // The editor draws and reads by the character set of the process. Only that part of the locale is chosen here, and
     // the texts of the program are UTF-8 in any case.
     std::setlocale(LC_CTYPE, "C.UTF-8");
+    KeepEditorLoaded();
     m_editor = el_init("orvo", stdin, stdout, stderr);
     if (!IsUsable())
         return;
@@ -140,7 +150,8 @@ TerminalLines::TerminalLines() : m_history(history_init()) {
     el_set(m_editor, EL_PROMPT, &TerminalLines::PromptOf);
     el_set(m_editor, EL_EDITOR, "emacs");
     el_set(m_editor, EL_HIST, history, m_history);
-    el_set(m_editor, EL_ADDFN, "orvo-complete", "completes the word", &TerminalLines::Complete);
+    // By its wide form, which keeps the two texts instead of copies that nobody frees.
+    el_wset(m_editor, EL_ADDFN, L"orvo-complete", L"completes the word", &TerminalLines::Complete);
     el_set(m_editor, EL_BIND, "^I", "orvo-complete", nullptr);
 }
 

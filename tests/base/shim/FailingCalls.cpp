@@ -18,6 +18,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string_view>
 
 #define SHOWN extern "C" __attribute__((visibility("default")))
@@ -41,11 +42,25 @@ int At() {
     return value ? std::atoi(value) : 0;
 }
 
+// The names of the calls so far, each with a blank behind it.
+char g_names[8192];
+std::size_t g_nameEnd = 0;
+
+void Note(const char* name) {
+    const std::size_t length = std::strlen(name);
+    if (g_nameEnd + length + 2 > sizeof g_names)
+        return;
+    std::memcpy(g_names + g_nameEnd, name, length);
+    g_names[g_nameEnd + length] = ' ';
+    g_nameEnd += length + 1;
+}
+
 // Whether the call that now begins is to fail; errno is then set.
-bool Fails(bool needsRoom = false) {
+bool Fails(const char* name, bool needsRoom = false) {
     if (!g_isCounting)
         return false;
     ++g_seen;
+    Note(name);
     const int at = At();
     if (g_seen == at && Is("kill"))
         std::raise(SIGKILL);
@@ -86,17 +101,21 @@ SHOWN int FailingCallsEnd() {
     return g_seen;
 }
 
+SHOWN const char* FailingCallsNames() {
+    return g_names;
+}
+
 SHOWN int open(const char* path, int flags, ...) {
     va_list arguments;
     va_start(arguments, flags);
     const auto mode = (flags & O_CREAT) != 0 ? static_cast<mode_t>(va_arg(arguments, int)) : mode_t{0};
     va_end(arguments);
-    return Fails((flags & O_CREAT) != 0) ? -1 : REAL(open)(path, flags, mode);
+    return Fails("open", (flags & O_CREAT) != 0) ? -1 : REAL(open)(path, flags, mode);
 }
 
 SHOWN int close(int file) {
     // A close that fails has closed all the same.
-    const bool fails = Fails();
+    const bool fails = Fails("close");
     const int failure = errno;
     const int result = REAL(close)(file);
     errno = fails ? failure : errno;
@@ -104,28 +123,28 @@ SHOWN int close(int file) {
 }
 
 SHOWN ssize_t read(int file, void* buffer, size_t size) {
-    return Fails() ? -1 : REAL(read)(file, buffer, Shortened(size));
+    return Fails("read") ? -1 : REAL(read)(file, buffer, Shortened(size));
 }
 SHOWN ssize_t write(int file, const void* buffer, size_t size) {
-    return Fails(true) ? -1 : REAL(write)(file, buffer, Shortened(size));
+    return Fails("write", true) ? -1 : REAL(write)(file, buffer, Shortened(size));
 }
 SHOWN int fsync(int file) {
-    return Fails(true) ? -1 : REAL(fsync)(file);
+    return Fails("fsync", true) ? -1 : REAL(fsync)(file);
 }
 SHOWN int fchmod(int file, mode_t mode) {
-    return Fails() ? -1 : REAL(fchmod)(file, mode);
+    return Fails("fchmod") ? -1 : REAL(fchmod)(file, mode);
 }
 SHOWN int fchown(int file, uid_t user, gid_t group) {
-    return Fails() ? -1 : REAL(fchown)(file, user, group);
+    return Fails("fchown") ? -1 : REAL(fchown)(file, user, group);
 }
 SHOWN int rename(const char* from, const char* to) {
-    return Fails(true) ? -1 : REAL(rename)(from, to);
+    return Fails("rename", true) ? -1 : REAL(rename)(from, to);
 }
 SHOWN int unlink(const char* path) {
-    return Fails() ? -1 : REAL(unlink)(path);
+    return Fails("unlink") ? -1 : REAL(unlink)(path);
 }
 SHOWN int link(const char* from, const char* to) noexcept {
-    if (Fails(true))
+    if (Fails("link", true))
         return -1;
     if (g_isCounting && !Setting("FAILING_CALLS_NO_LINKS").empty()) {
         errno = EPERM;
@@ -135,22 +154,22 @@ SHOWN int link(const char* from, const char* to) noexcept {
 }
 SHOWN int stat(const char* path, struct stat* status) noexcept {
     using Function = int (*)(const char*, struct stat*);
-    return Fails() ? -1 : Real<Function>("stat")(path, status);
+    return Fails("stat") ? -1 : Real<Function>("stat")(path, status);
 }
 SHOWN int lstat(const char* path, struct stat* status) noexcept {
     using Function = int (*)(const char*, struct stat*);
-    return Fails() ? -1 : Real<Function>("lstat")(path, status);
+    return Fails("lstat") ? -1 : Real<Function>("lstat")(path, status);
 }
 SHOWN int fstat(int file, struct stat* status) noexcept {
     using Function = int (*)(int, struct stat*);
-    return Fails() ? -1 : Real<Function>("fstat")(file, status);
+    return Fails("fstat") ? -1 : Real<Function>("fstat")(file, status);
 }
 SHOWN ssize_t readlink(const char* path, char* buffer, size_t size) noexcept {
-    return Fails() ? -1 : REAL(readlink)(path, buffer, size);
+    return Fails("readlink") ? -1 : REAL(readlink)(path, buffer, size);
 }
 SHOWN int faccessat(int folder, const char* path, int mode, int flags) noexcept {
-    return Fails() ? -1 : REAL(faccessat)(folder, path, mode, flags);
+    return Fails("faccessat") ? -1 : REAL(faccessat)(folder, path, mode, flags);
 }
 SHOWN off_t lseek(int file, off_t offset, int whence) noexcept {
-    return Fails() ? -1 : REAL(lseek)(file, offset, whence);
+    return Fails("lseek") ? -1 : REAL(lseek)(file, offset, whence);
 }

@@ -99,7 +99,7 @@ class Terminal:
         self.pending = b""
         return bool(data)
 
-    def wait_for(self, text, seconds=60):
+    def wait_for(self, text, seconds=30):
         """Waits until the text was shown; what stands before its end is forgotten."""
         end = time.monotonic() + seconds
         while text not in self.seen:
