@@ -62,6 +62,8 @@ def tables(path):
 
 
 class Translations(unittest.TestCase):
+    maxDiff = None
+
     def setUp(self):
         self.files = sorted(glob.glob(os.path.join(ROOT, "data", "languages", "*.xml")))
         self.assertTrue(self.files)
