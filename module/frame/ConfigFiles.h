@@ -2,8 +2,8 @@
 // (platform/base/Support.h); a save writes over the file that the look-up finds and never creates one where there was
 // none.
 //
-// All six give true when the file was read or written. A file that is not found is reported in one line on the host's
-// command line, and gives false; a file that is found but cannot be read or written gives false without a word.
+// All six give true when the file was read or written. A missing file is reported in one line on the host's command
+// line and gives false; a file that is there, but unreadable or not to be written, gives false without a word.
 #pragma once
 
 #include "platform/base/Api.h"

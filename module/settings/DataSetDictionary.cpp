@@ -80,7 +80,7 @@ void OrvoDataSet::SaveStandards(QcDtDictionary& root) const {
         if (!standard)
             continue;
         if (QcDtDictionary* dict = root.FindOrAddDict(standard->m_strName)) {
-            dict->SetAttributeValue(L"localname", standard->m_strName);
+            dict->SetAttributeValue(L"localname", TranslateText(standard->m_strName));
             dict->SetAttributeValue(L"date", standard->m_date.GetDateXmlString());
             dict->SetAttributeValue(L"type", kMark);
             standard->SaveToDict(dict);

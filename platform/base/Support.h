@@ -5,7 +5,7 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
-// Looks a support file up by its bare name and gives its absolute path. Searched in this order:
+// Finds a support file that is known by its bare name only, and gives its absolute path. Searched in this order:
 //   1. each folder of the environment variable ORVO_SUPPORT_PATH (separated by colons; empty and relative entries are
 //      passed over),
 //   2. the user's folder,

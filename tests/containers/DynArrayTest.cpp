@@ -213,11 +213,12 @@ TEST(QcDynArray, OnlyItsElementsLive) {
 TEST(QcDynArray, NeighboursOfForeignAddressesAreNone) {
     QcDynArray<int> a;
     Fill(a, Ints{1, 2, 3});
-    const int other = 0;
-    EXPECT_EQ(a.GetNext(&other), nullptr);
-    EXPECT_EQ(a.GetPre(&other), nullptr);
-    EXPECT_EQ(QcDynArray<int>().GetNext(&other), nullptr);
-    EXPECT_EQ(QcDynArray<int>().GetPre(&other), nullptr);
+    const int others[3] = {};
+    const int* const pOther = &others[1];
+    EXPECT_EQ(a.GetNext(pOther), nullptr);
+    EXPECT_EQ(a.GetPre(pOther), nullptr);
+    EXPECT_EQ(QcDynArray<int>().GetNext(pOther), nullptr);
+    EXPECT_EQ(QcDynArray<int>().GetPre(pOther), nullptr);
 }
 
 struct alignas(64) Wide {

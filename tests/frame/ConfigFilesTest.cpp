@@ -1,7 +1,11 @@
 // Loading and saving of the three configuration files: results, messages, and what a bad file leaves behind.
 #include "frame/ConfigFiles.h"
 
+#include <signal.h>
+#include <sys/resource.h>
+
 #include "frame/ConfigSandbox.h"
+#include "support/TableSwitch.h"
 
 namespace {
 
@@ -15,6 +19,26 @@ const char* const kZoneFile =
 const char* const kBroken = "<ORVO_ZONEDATA><浙江>";
 
 using ConfigFiles = ConfigSandbox;
+
+// As long as it lives, no file of this process can grow beyond nothing, as on a full disk.
+class FullDisk {
+public:
+    FullDisk() : m_before(signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit none{0, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        signal(SIGXFSZ, m_before);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_limit{};
+    void (*m_before)(int);
+};
 
 // A settings file as the module writes it, with a place and one standard of its own.
 void WriteSettings(const CString& path) {
@@ -175,4 +199,43 @@ TEST_F(ConfigFiles, KeepABrokenSettingsFileBesideTheGoodOneThatReplacesIt) {
     EXPECT_EQ(m_folder.Read("SunSet.xml.refused-1"), kBroken);
     EXPECT_TRUE(LoadSunSet());
     EXPECT_EQ(g_SunDataSet.m_strCurCity, L"北京");
+}
+
+TEST_F(ConfigFiles, FailToSaveWithoutAWordWhenTheFileCannotBeWritten) {
+    for (const char* name : {"zone.xml", "SunTerm.xml", "SunSet.xml"})
+        m_folder.Write(name, "<r><old/></r>");
+    bool isZoneSaved = true;
+    bool isTermSaved = true;
+    bool isSetSaved = true;
+    g_SunDataSet.m_strCurCity = L"广州";
+    {
+        const FullDisk full;
+        isZoneSaved = SaveSunData();
+        isTermSaved = SaveSunSterm();
+        isSetSaved = SaveSunSet();
+    }
+    EXPECT_FALSE(isZoneSaved);
+    EXPECT_FALSE(isTermSaved);
+    EXPECT_FALSE(isSetSaved);
+    EXPECT_TRUE(m_lines.empty());
+    for (const char* name : {"zone.xml", "SunTerm.xml", "SunSet.xml"})
+        EXPECT_EQ(m_folder.Read(name), "<r><old/></r>");
+    // The dictionary took the settings all the same.
+    EXPECT_EQ(g_dictSunSet.FindDict(L"CUR_SUNSETDATA")->FindItem(L"CUR_CITY")->GetStringValue(), L"广州");
+}
+
+TEST_F(ConfigFiles, TranslateTheirMessagesAndPrintThemAsTheyAre) {
+    const TableSwitch language{{kNoZone, L"100%% no zone"}, {kNoTerm, L"%% no term"}, {kNoSet, L"%s%% no set"}};
+    LoadSunData();
+    SaveSunData();
+    LoadSunSterm();
+    SaveSunSterm();
+    LoadSunSet();
+    SaveSunSet();
+    ASSERT_EQ(m_lines.size(), 6U);
+    for (const std::size_t i : {0U, 1U}) {
+        EXPECT_EQ(m_lines[i], L"100%% no zone");
+        EXPECT_EQ(m_lines[i + 2], L"%% no term");
+        EXPECT_EQ(m_lines[i + 4], L"%s%% no set");
+    }
 }

@@ -129,3 +129,62 @@ TEST_F(ModuleEntry, RegistersItsGroupWithoutCommands) {
     EXPECT_EQ(Commands().commandCount(L"OrvoDataBase"), 0);
     acrxEntryPoint(2, kHandle);
 }
+
+namespace {
+
+// What a message has done so far when it first has something to say.
+struct Progress {
+    int lines = 0;
+    bool isUnlocked = false;
+    bool isRegistered = false;
+    bool hasGroup = false;
+    bool hasLibrary = false;
+
+    static void Note(const wchar_t*, void* target) {
+        auto& progress = *static_cast<Progress*>(target);
+        if (progress.lines++ > 0)
+            return;
+        progress.isUnlocked = !acrxApplicationIsLocked(kHandle);
+        progress.isRegistered = Linker().isRegistered(kHandle);
+        progress.hasGroup = Commands().hasGroup(L"OrvoDataBase");
+        progress.hasLibrary = AfxGetFirstDynLinkLibrary() != nullptr;
+    }
+};
+
+}  // namespace
+
+TEST_F(ModuleEntry, ReadsTheFilesAfterEverythingElse) {
+    Progress progress;
+    SetCommandLineSink(Progress::Note, &progress);
+    acrxEntryPoint(1, kHandle);
+    EXPECT_EQ(progress.lines, 3);
+    EXPECT_TRUE(progress.isUnlocked);
+    EXPECT_TRUE(progress.isRegistered);
+    EXPECT_TRUE(progress.hasGroup);
+    EXPECT_TRUE(progress.hasLibrary);
+    acrxEntryPoint(2, kHandle);
+}
+
+TEST_F(ModuleEntry, SavesTheSettingsBeforeEverythingElse) {
+    acrxEntryPoint(1, kHandle);
+    Progress progress;
+    SetCommandLineSink(Progress::Note, &progress);
+    acrxEntryPoint(2, kHandle);
+    EXPECT_EQ(progress.lines, 1);
+    EXPECT_TRUE(progress.hasGroup);
+    EXPECT_TRUE(progress.hasLibrary);
+    EXPECT_FALSE(Commands().hasGroup(L"OrvoDataBase"));
+    EXPECT_EQ(AfxGetFirstDynLinkLibrary(), nullptr);
+}
+
+TEST_F(ModuleEntry, ChangesNoSettingsAndNoDictionaryForDrawings) {
+    g_SunDataSet.m_strCurCity = L"广州";
+    for (QcDtDictionary* dict : {&g_dictSunZone, &g_dictSunSterm, &g_dictSunSet})
+        dict->FindOrAddDict(L"kept");
+    for (const int message : {3, 4, 5}) {
+        EXPECT_EQ(acrxEntryPoint(message, kHandle), 0);
+        EXPECT_EQ(g_SunDataSet.m_strCurCity, L"广州");
+        for (const QcDtDictionary* dict : {&g_dictSunZone, &g_dictSunSterm, &g_dictSunSet})
+            EXPECT_EQ(dict->GetCount(), 1) << message;
+    }
+}

@@ -73,6 +73,14 @@ TEST(LanguageKey, IsTheUpperCasedNameWithoutFolderEndingAndFinalDigit) {
     EXPECT_EQ(LanguageKeyOfModuleFile(L"\\usr.d\\OrvoDataBase.so"), L"ORVODATABASE");
 }
 
+TEST(LanguageKey, LosesEveryDecimalDigitAndNothingElse) {
+    for (const wchar_t digit : {L'0', L'1', L'2', L'3', L'4', L'5', L'6', L'7', L'8', L'9'})
+        EXPECT_EQ(LanguageKeyOfModuleFile(CString(L"C:\\x\\A") + digit + L".ARX"), L"A");
+    // The neighbours of the digits, and a digit of another script.
+    for (const wchar_t* name : {L"A/", L"A:", L"A８"})
+        EXPECT_EQ(LanguageKeyOfModuleFile(CString(L"C:\\x\\") + name + L".ARX"), name);
+}
+
 TEST(LanguageKey, IsEmptyForANameWithoutFolderOrPoint) {
     EXPECT_EQ(LanguageKeyOfModuleFile(L"ORVODATABASE.ARX"), L"");
     EXPECT_EQ(LanguageKeyOfModuleFile(L"\\ORVODATABASE.ARX"), L"");
@@ -190,4 +198,19 @@ TEST_F(Resources, PassOverATranslatedFormatThatAsksForOtherArguments) {
 TEST(ModuleState, HasAVirtualScopeAndTheDefaultAnimationPath) {
     EXPECT_TRUE(std::has_virtual_destructor_v<QcUtPushResource>);
     EXPECT_EQ(g_sRecordFile, L"c:\\sun.avi");
+}
+
+TEST_F(Resources, TakeAModuleFileNameOfUpTo1023Characters) {
+    RecordingSwitch language;
+    language.m_pAnswer = &ModuleTable();
+    g_pTeskLangSwitch = &language;
+    const CString folder(std::wstring(1015, L'd').c_str());
+    SetModuleFileNameForTest(L"C\\" + folder + L"\\AB.C");  // 1022 characters, with its point inside
+    EXPECT_EQ(LoadModuleLanguage(), L"AB");
+    SetModuleFileNameForTest(L"C\\" + folder + L"\\ABC.D");  // 1023, of which the last counts
+    EXPECT_EQ(LoadModuleLanguage(), L"ABC");
+    SetModuleFileNameForTest(L"C\\" + folder + L"\\ABCD.E");  // the point is the 1023rd
+    EXPECT_EQ(LoadModuleLanguage(), L"ABCD");
+    SetModuleFileNameForTest(L"C\\" + folder + L"\\ABCDE.F");  // cut off in front of the point
+    EXPECT_EQ(LoadModuleLanguage(), L"");
 }

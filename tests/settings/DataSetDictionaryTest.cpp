@@ -293,3 +293,30 @@ TEST(DataSetDictionary, TakesTheIndexUnchecked) {
     EXPECT_EQ(settings.GetCurStdIndex(), -5);
     EXPECT_EQ(settings.CurStd().m_strName, L"上海标准");
 }
+
+TEST(DataSetDictionary, BearsStandardsNamedLikeItsOwnKeys) {
+    OrvoDataSet settings;
+    settings.NewStd(Named(L"CUR_SUNSETSTD"))->m_nMinValidTime = 1;
+    settings.NewStd(Named(L"CUR_SUNSETDATA"))->m_nMinValidTime = 2;
+    QcDtDictionary root;
+    EXPECT_TRUE(settings.SaveSunDataSetDict(&root));
+    // One name is one entry, and whoever comes later has it; nothing else is lost.
+    ASSERT_EQ(root.GetCount(), 2);
+    EXPECT_EQ(root.GetItem(0)->GetName(), L"CUR_SUNSETDATA");
+    EXPECT_EQ(root.GetItem(1)->GetName(), L"CUR_SUNSETSTD");
+    OrvoDataSet loaded;
+    EXPECT_TRUE(loaded.LoadSunDataSetDict(&root));
+    EXPECT_EQ(loaded.m_strCurCity, L"北京");
+    ASSERT_EQ(loaded.m_listStd.GetLength(), 2);
+    EXPECT_EQ(loaded.GetStd(0).m_nMinValidTime, 2);
+    EXPECT_EQ(loaded.GetStd(1).m_nMinValidTime, 1);
+
+    // Behind the current standard's name there is no room for a standard of that name.
+    OrvoDataSet other;
+    other.NewStd(Named(L"a"));
+    other.NewStd(Named(L"CUR_SUNSETSTD"));
+    EXPECT_TRUE(other.SaveSunDataSetDict(&root));
+    ASSERT_EQ(root.GetCount(), 3);
+    EXPECT_EQ(root.GetItem(2)->GetType(), 5);
+    EXPECT_EQ(root.GetItem(2)->GetStringValue(), L"a");
+}

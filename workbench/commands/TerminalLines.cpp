@@ -195,6 +195,9 @@ void TerminalLines::Remember(const char* line) {
 
 LineSource::Got TerminalLines::Next(CString& line) {
     const SignalGuard guard;
+    // Before the prompt appears, and not only when the first key is waited for: what is typed at once, such as Ctrl-D,
+    // would otherwise be taken up by the terminal itself.
+    el_set(m_editor, EL_PREP_TERM, 1);
     int length = 0;
     const char* read = el_gets(m_editor, &length);
     if (g_wasInterrupted) {

@@ -2,12 +2,14 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 #include <vector>
 
 #include "platform/base/Language.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/host/CommandLine.h"
+#include "platform/host/ExtensionModule.h"
 #include "platform/host/ModuleLoader.h"
 #include "support/Environment.h"
 #include "support/FileTree.h"
@@ -41,14 +43,20 @@ QcDtDictionary* DictionaryOf(void* module, const char* symbol) {
     return static_cast<QcDtDictionary*>(dlsym(module, symbol));
 }
 
-// Notes the texts that are translated while the module's static objects are constructed.
+// Notes the texts that are translated, and the modules that ask for their dictionaries, while the module's static
+// objects are constructed.
 class RecordingSwitch : public TeskLanguageSwitch {
 public:
     CString Translate(const wchar_t* text) const override {
         m_texts.emplace_back(text);
         return text;
     }
+    QcDtDictionary* GetModuleDictionary(const wchar_t* key) override {
+        m_keys.emplace_back(key);
+        return nullptr;
+    }
     mutable std::vector<CString> m_texts;
+    std::vector<CString> m_keys;
 };
 
 class PlugIn : public testing::Test {
@@ -122,7 +130,61 @@ TEST_F(PlugIn, TranslatesItsDefaultsWhileItIsConstructed) {
     };
     EXPECT_TRUE(asked(L"未定义"));
     EXPECT_TRUE(asked(L"北京"));
+    ASSERT_FALSE(language.m_keys.empty());
+    for (const CString& key : language.m_keys)
+        EXPECT_EQ(key, L"ORVODATABASE");  // by the name of its own file, and not the program's
     dlclose(module);
+}
+
+TEST_F(PlugIn, ConstructsItsSettingsBeforeItsDictionaries) {
+    // Looks at the memory of the dictionaries while the settings ask for their texts: still as the loader made it.
+    class Watch : public TeskLanguageSwitch {
+    public:
+        CString Translate(const wchar_t* text) const override {
+            if (void* module = dlopen(ORVO_MODULE_FILE, RTLD_LAZY | RTLD_NOLOAD)) {
+                for (const char* symbol : {"g_dictSunZone", "g_dictSunSet", "g_dictSunSterm"})
+                    m_constructed += FirstWord(module, symbol) != nullptr;
+                ++m_asked;
+                dlclose(module);
+            }
+            return text;
+        }
+        static const void* FirstWord(void* module, const char* symbol) {
+            const void* word = nullptr;
+            std::memcpy(&word, dlsym(module, symbol), sizeof(word));
+            return word;
+        }
+        mutable int m_asked = 0;
+        mutable int m_constructed = 0;
+    } language;
+    g_pTeskLangSwitch = &language;
+    void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    EXPECT_GT(language.m_asked, 0);
+    EXPECT_EQ(language.m_constructed, 0);
+    EXPECT_NE(Watch::FirstWord(module, "g_dictSunSterm"), nullptr);
+    g_pTeskLangSwitch = nullptr;
+    dlclose(module);
+}
+
+TEST_F(PlugIn, HasNoResourcesWhenTheFrameworkFails) {
+    const auto resources = [](void* module) {
+        return reinterpret_cast<const void* (*)()>(dlsym(module, "_Z23GetModuleResourceHandlev"))();
+    };
+    const auto send = [](void* module, int message) {
+        return reinterpret_cast<int (*)(int, void*)>(dlsym(module, "acrxEntryPoint"))(message, &module);
+    };
+    for (const bool fails : {true, false}) {
+        void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(module, nullptr) << dlerror();
+        EXPECT_EQ(resources(module), nullptr);
+        SetExtensionModuleFailureForTest(fails);
+        EXPECT_EQ(send(module, 1), 0);
+        SetExtensionModuleFailureForTest(false);
+        EXPECT_EQ(resources(module) == nullptr, fails);
+        send(module, 2);
+        dlclose(module);
+    }
 }
 
 TEST_F(PlugIn, FindsItsLanguageByItsOwnFileName) {

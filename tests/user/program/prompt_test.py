@@ -111,8 +111,11 @@ class Terminal:
     def type(self, text):
         os.write(self.master, text.encode())
 
-    def finish(self):
+    def finish(self, seconds=30):
+        end = time.monotonic() + seconds
         while self.process.poll() is None:
+            if time.monotonic() > end:
+                raise AssertionError(f"still running, showed {self.seen!r}")
             self.read(0.1)
         return self.process.returncode
 
