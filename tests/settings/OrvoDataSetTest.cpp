@@ -94,10 +94,12 @@ TEST(OrvoDataSet, GivesASpareStandardWhereThereIsNone) {
         EXPECT_EQ(settings.CurStd().m_strName, L"上海标准");
     }
     settings.CurStd().m_strName = L"somebody's";
-    settings.CurStd().m_dgStartTime = 3.0;
-    settings.CurStd().m_colors.Reset();
     EXPECT_EQ(settings.CurStd().m_strName, L"上海标准");
+    settings.CurStd().m_dgStartTime = 3.0;
     EXPECT_EQ(settings.CurStd().m_dgStartTime.getDegree(), 0.0);
+    settings.CurStd().m_dgEndTime = 4.0;
+    EXPECT_EQ(settings.CurStd().m_dgEndTime.getDegree(), 0.0);
+    settings.CurStd().m_colors.Reset();
     EXPECT_EQ(settings.CurStd().m_colors.GetLength(), 8);
     EXPECT_EQ(settings.CurDate().GetMonth(), 12);
     EXPECT_EQ(settings.m_listStd.GetLength(), 0);
