@@ -16,14 +16,12 @@
 
 #include "containers/QcArray.h"
 #include "containers/QcElement.h"
+#include "containers/QcOwnerMark.h"
 #include "containers/QcQuene.h"
 #include "platform/base/Api.h"
 
 template <class T>
 class QcList;
-
-// Marks the containers that own the objects which their pointers point to.
-class ORVO_API QcOwnerMark {};
 
 // Counts and indexes: 32 bits signed, and a type of their own, which tells the compiler that writing to an element of
 // a container of ints does not change the container's count.
@@ -92,7 +90,6 @@ public:
     virtual void Rotate(long from, long to) = 0;
 
     // ---- Cursor and size. ----
-
     long GetLength() const { return static_cast<long>(m_nCount); }
     long GetMaxIndex() const { return GetLength() - 1; }
     bool IsEmpty() const { return GetLength() == 0; }
