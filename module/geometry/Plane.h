@@ -1,0 +1,43 @@
+// A plane in space with its two sides.
+#pragma once
+
+#include "geometry/PlaneEquation.h"
+#include "geometry/QcGeVector3dEX.h"
+#include "geometry/Relation3d.h"
+#include "platform/base/Api.h"
+
+// The points with a x + b y + c z + d = 0; (a, b, c) is the normal and points to the positive side. It keeps the length
+// that it was given, and with it the value that GetSide gives for a point, which is the distance only for a unit
+// normal. Tolerances are 1e-12 on that value.
+class ORVO_API Plane {
+public:
+    // Begins with no values: lists of planes are filled right after they are made, and zeroes would cost time.
+    Plane() = default;
+    Plane(double a, double b, double c, double d) : m_equation{a, b, c, d} {}
+    Plane(const QcGeVector3dEX& normal, const QcGePoint& point) { SetPlane(normal, point); }
+
+    void SetEquation(double a, double b, double c, double d) { m_equation = {a, b, c, d}; }
+    // The plane through a point, with the normal as it is.
+    void SetPlane(const QcGeVector3dEX& normal, const QcGePoint& point) {
+        m_equation = {normal.x, normal.y, normal.z, -normal.x * point.x - normal.y * point.y - normal.z * point.z};
+    }
+    void GetEquation(double& a, double& b, double& c, double& d) const;
+
+    // As equations compare: each number within 1e-12, so that the same plane in another scale differs.
+    bool operator==(const Plane& other) const { return m_equation == other.m_equation; }
+    bool operator!=(const Plane& other) const { return !(*this == other); }
+
+    // a x + b y + c z + d, added from left to right.
+    double GetSide(const QcGePoint& point) const {
+        return m_equation.a * point.x + m_equation.b * point.y + m_equation.c * point.z + m_equation.d;
+    }
+    bool IsUpPlane(const QcGePoint& point) const;
+    bool IsDownPlane(const QcGePoint& point) const;
+    // A side that is not a number is on neither side, and not in the plane.
+    bool IsInPlane(const QcGePoint& point) const;
+    // The plane's three relations. A side that is not a number counts as in the plane here.
+    RELATION3D GetPointPlaneRelation(const QcGePoint& point) const;
+
+private:
+    PlaneEquation m_equation;
+};
