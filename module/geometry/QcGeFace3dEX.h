@@ -75,7 +75,11 @@ public:
 
     // ---- Normal. ----
 
-    QcGeVector3dEX GetNormal() { return IsNormalReady() ? *m_pNormal : ComputeNormal(); }
+    QcGeVector3dEX GetNormal() {
+        if (IsNormalReady()) [[likely]]
+            return *m_pNormal;
+        return ComputeNormal();
+    }
     // Stores a normal as it is, which then stands in for the one of the corners until these change. False without
     // storage.
     bool SetNormal(const QcGeVector3dEX& normal);

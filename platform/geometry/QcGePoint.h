@@ -13,7 +13,9 @@ struct QcGePoint {
     // digits, the same by a slower way that does not.
     double Length3d() const {
         const double square = x * x + y * y + z * z;
-        return square > 1e-280 && square < 1e300 ? std::sqrt(square) : std::hypot(std::hypot(x, y), z);
+        if (square > 1e-280 && square < 1e300) [[likely]]
+            return std::sqrt(square);
+        return std::hypot(std::hypot(x, y), z);
     }
 
     constexpr bool operator==(const QcGePoint& other) const { return x == other.x && y == other.y && z == other.z; }

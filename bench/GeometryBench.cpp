@@ -1,0 +1,229 @@
+// What the face's questions cost beside the same arithmetic on plain structs: sides of points, sunlight, the plane's
+// equation with a normal that is ready, and the sieve of 10,000 occluders through one prism of light.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "flatgeometry/FlatGeometry.h"
+#include "geometry/QcGeFace3dEX.h"
+
+namespace {
+
+constexpr int kFaces = 64;  // few enough to stay in the cache: what counts is the work
+constexpr int kOccluders = 10000;
+
+class Numbers {
+public:
+    explicit Numbers(unsigned seed) : m_engine(seed) {}
+    double Next(double size) { return std::uniform_real_distribution<double>(-size, size)(m_engine); }
+    QcGePoint Point(double size) {
+        const double x = Next(size);
+        const double y = Next(size);
+        return {x, y, Next(size)};
+    }
+
+private:
+    std::mt19937 m_engine;
+};
+
+flat::Vector ToFlat(const QcGePoint& p) {
+    return {p.x, p.y, p.z};
+}
+
+flat::Face ToFlat(QcGeFace3dEX& face) {
+    flat::Face other{};
+    for (int i = 0; i < 4; ++i)
+        other.corner[i] = ToFlat(face.m_pt[i]);
+    other.count = face.GetPointNum();
+    other.normal = ToFlat(face.GetNormal());
+    return other;
+}
+
+// Faces with ready normals, points and lights, and the same for the peer.
+struct Scene {
+    Scene() {
+        Numbers numbers(3);
+        for (int i = 0; i < kFaces; ++i) {
+            const QcGePoint corners[] = {numbers.Point(50), numbers.Point(50), numbers.Point(50), numbers.Point(50)};
+            faces.emplace_back(corners, 3 + i % 2, true);
+            flatFaces.push_back(ToFlat(faces.back()));
+            points.push_back(numbers.Point(80));
+            flatPoints.push_back(ToFlat(points.back()));
+        }
+        // A square on the ground, and small faces above it, of which the sun finds some and passes by most.
+        caster.GetNormal();
+        flatCaster = ToFlat(caster);
+        for (int i = 0; i < kOccluders; ++i) {
+            QcGePoint corners[4];
+            const QcGePoint middle = numbers.Point(60);
+            for (QcGePoint& corner : corners) {
+                const QcGePoint off = numbers.Point(3);
+                corner = {middle.x + off.x, middle.y + off.y, middle.z + 30 + off.z};
+            }
+            occluders.emplace_back(corners, 3 + i % 2, true);
+            flatOccluders.push_back(ToFlat(occluders.back()));
+        }
+    }
+
+    std::vector<QcGeFace3dEX> faces;
+    std::vector<QcGePoint> points;
+    std::vector<flat::Face> flatFaces;
+    std::vector<flat::Vector> flatPoints;
+    QcGeFace3dEX caster{{-20, -20, 0}, {20, -20, 0}, {20, 20, 0}, {-20, 20, 0}, true};
+    flat::Face flatCaster{};
+    std::vector<QcGeFace3dEX> occluders;
+    std::vector<flat::Face> flatOccluders;
+    const QcGeVector3dEX light{0.5, 0.8, -0.6};
+    const flat::Vector flatLight{0.5, 0.8, -0.6};
+};
+
+Scene& TheScene() {
+    static Scene scene;
+    return scene;
+}
+
+void CompareWithPoint(benchmark::State& state) {
+    Scene& scene = TheScene();
+    for (auto unused : state)
+        for (std::size_t i = 0; i < kFaces; ++i)
+            benchmark::DoNotOptimize(scene.faces[i].CompareWithPoint(scene.points[i]));
+}
+void CompareWithPointFlat(benchmark::State& state) {
+    const Scene& scene = TheScene();
+    for (auto unused : state)
+        for (std::size_t i = 0; i < kFaces; ++i)
+            benchmark::DoNotOptimize(flat::ComparePoint(scene.flatFaces[i], scene.flatPoints[i]));
+}
+
+void IsSunLightOn(benchmark::State& state) {
+    Scene& scene = TheScene();
+    for (auto unused : state)
+        for (std::size_t i = 0; i < kFaces; ++i)
+            benchmark::DoNotOptimize(scene.faces[i].IsSunLightOn(scene.light, true));
+}
+void IsSunLightOnFlat(benchmark::State& state) {
+    const Scene& scene = TheScene();
+    for (auto unused : state)
+        for (std::size_t i = 0; i < kFaces; ++i)
+            benchmark::DoNotOptimize(flat::IsSunOn(scene.flatFaces[i], scene.flatLight, true));
+}
+
+void GetPlaneEquation(benchmark::State& state) {
+    Scene& scene = TheScene();
+    for (auto unused : state)
+        for (std::size_t i = 0; i < kFaces; ++i) {
+            const PlaneEquation equation = scene.faces[i].GetPlaneEquation();
+            benchmark::DoNotOptimize(&equation);
+        }
+}
+void GetPlaneEquationFlat(benchmark::State& state) {
+    const Scene& scene = TheScene();
+    for (auto unused : state)
+        for (std::size_t i = 0; i < kFaces; ++i) {
+            const flat::Equation equation = flat::PlaneOf(scene.flatFaces[i]);
+            benchmark::DoNotOptimize(&equation);
+        }
+}
+
+int CountInPrism(Scene& scene) {
+    Cylinder prism;
+    scene.caster.ContructLightHalfCylinder(prism, scene.light);
+    int count = 0;
+    for (const QcGeFace3dEX& occluder : scene.occluders)
+        count += prism.IsSomeFacePointIn(occluder);
+    return count;
+}
+int CountInFlatPrism(const Scene& scene) {
+    flat::Prism prism{};
+    flat::MakePrism(scene.flatCaster, scene.flatLight, prism);
+    int count = 0;
+    for (const flat::Face& occluder : scene.flatOccluders)
+        count += flat::MayReachIn(prism, occluder);
+    return count;
+}
+
+void SieveOccluders(benchmark::State& state) {
+    for (auto unused : state)
+        benchmark::DoNotOptimize(CountInPrism(TheScene()));
+}
+void SieveOccludersFlat(benchmark::State& state) {
+    for (auto unused : state)
+        benchmark::DoNotOptimize(CountInFlatPrism(TheScene()));
+}
+
+// The peer is only a peer if it gives the same.
+bool Agree() {
+    Scene& scene = TheScene();
+    for (std::size_t i = 0; i < kFaces; ++i) {
+        const PlaneEquation ours = scene.faces[i].GetPlaneEquation();
+        const flat::Equation theirs = flat::PlaneOf(scene.flatFaces[i]);
+        if (scene.faces[i].CompareWithPoint(scene.points[i]) !=
+                flat::ComparePoint(scene.flatFaces[i], scene.flatPoints[i]) ||
+            scene.faces[i].IsSunLightOn(scene.light, true) !=
+                flat::IsSunOn(scene.flatFaces[i], scene.flatLight, true) ||
+            ours.a != theirs.a || ours.b != theirs.b || ours.c != theirs.c || ours.d != theirs.d)
+            return false;
+    }
+    const int count = CountInPrism(scene);
+    return count == CountInFlatPrism(scene) && count > kOccluders / 100 && count < kOccluders / 2;
+}
+
+// Prints the usual table and remembers the medians, to compare them.
+class Recorder : public benchmark::ConsoleReporter {
+public:
+    Recorder() : ConsoleReporter(OO_Tabular) {}
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs)
+            if (run.aggregate_name == "median")
+                nanoseconds[run.run_name.function_name] = run.GetAdjustedCPUTime();
+        ConsoleReporter::ReportRuns(runs);
+    }
+    std::map<std::string, double> nanoseconds;
+};
+
+void PrintRatio(const Recorder& recorder, const std::string& name, int calls, double atMost) {
+    const auto ours = recorder.nanoseconds.find(name);
+    const auto peer = recorder.nanoseconds.find(name + "Flat");
+    if (ours == recorder.nanoseconds.end() || peer == recorder.nanoseconds.end())
+        return;
+    std::printf("%s: %.2f ns, flat: %.2f ns, ratio %.2f (at most %.1f)\n", name.c_str(), ours->second / calls,
+                peer->second / calls, ours->second / peer->second, atMost);
+}
+
+}  // namespace
+
+BENCHMARK(CompareWithPoint);
+BENCHMARK(CompareWithPointFlat);
+BENCHMARK(IsSunLightOn);
+BENCHMARK(IsSunLightOnFlat);
+BENCHMARK(GetPlaneEquation);
+BENCHMARK(GetPlaneEquationFlat);
+BENCHMARK(SieveOccluders);
+BENCHMARK(SieveOccludersFlat);
+
+int main(int argc, char** argv) {
+    if (!Agree()) {
+        std::fputs("the two ways give different results\n", stderr);
+        return 1;
+    }
+    // Turn and turn about, so that a moment's load falls on both.
+    char repetitions[] = "--benchmark_repetitions=15";
+    char interleaving[] = "--benchmark_enable_random_interleaving=true";
+    char aggregates[] = "--benchmark_report_aggregates_only=true";
+    std::vector<char*> arguments = {argv[0], repetitions, interleaving, aggregates};
+    arguments.insert(arguments.end(), argv + 1, argv + argc);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    Recorder recorder;
+    benchmark::RunSpecifiedBenchmarks(&recorder);
+    PrintRatio(recorder, "CompareWithPoint", kFaces, 1.3);
+    PrintRatio(recorder, "IsSunLightOn", kFaces, 1.3);
+    PrintRatio(recorder, "GetPlaneEquation", kFaces, 1.3);
+    PrintRatio(recorder, "SieveOccluders", kOccluders, 1.5);
+    return 0;
+}
