@@ -21,6 +21,7 @@ CommandLineModel::CommandLineModel() : m_root(Described(L"日照分析共享数�
     AddValue(&m_root, "--language", "zh|en", L"界面语言；不给出时由环境变量 LC_ALL、LC_MESSAGES、LANG 决定");
     AddInfo();
     AddLists();
+    AddShadow();
     AddSet();
 }
 
@@ -62,6 +63,13 @@ void CommandLineModel::AddLists() {
 
     CLI::App* standards = AddSubcommand("standards", L"列出日照标准");
     AddFlag(standards, "--json", L"以 JSON 输出");
+}
+
+void CommandLineModel::AddShadow() {
+    CLI::App* shadow = AddSubcommand("shadow", L"显示一个面的法向、平面、受光情况和投影矩阵");
+    AddValue(shadow, "--face", "\"x,y,z;x,y,z;x,y,z[;x,y,z]\"", L"面的 3 或 4 个角点，从正面看按逆时针；必须给出");
+    AddValue(shadow, "--light", "dx,dy,dz", L"光线前进的方向，从太阳到场景；必须给出");
+    AddFlag(shadow, "--json", L"以 JSON 输出");
 }
 
 void CommandLineModel::AddSet() {

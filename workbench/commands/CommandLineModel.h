@@ -34,6 +34,7 @@ private:
     void AddInfo();
     void AddLists();
     void AddSet();
+    void AddShadow();
     CLI::App* AddSubcommand(const char* name, const wchar_t* description);
     void AddFlag(CLI::App* app, const char* flag, const wchar_t* description);
     void AddValue(CLI::App* app, const char* option, const char* type, const wchar_t* description);

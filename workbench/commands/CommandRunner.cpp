@@ -10,6 +10,7 @@
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlainText.h"
 #include "workbench/commands/SetCommand.h"
+#include "workbench/commands/ShadowCommand.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/commands/UsageText.h"
 
@@ -74,6 +75,8 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
         return RunPlaces({model.Value("TEXT").value_or(CString()), isJson}, output);
     if (name == "standards")
         return RunStandards({isJson}, output);
+    if (name == "shadow")
+        return RunShadow({model.Value("--face"), model.Value("--light"), isJson}, output);
     return RunSet({model.Value("--place"), model.Value("--date"), model.Value("--start"), model.Value("--end"),
                    model.Value("--step"), model.Value("--standard")},
                   output);

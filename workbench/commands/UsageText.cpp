@@ -31,6 +31,8 @@ constexpr Example kExamples[] = {
     {"places", L"orvo places 江"},
     {"places", L"orvo places --json"},
     {"standards", L"orvo standards"},
+    {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,3,0;0,3,0\" --light 1,0,-2"},
+    {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,0,3\" --light 0,1,-1 --json"},
     {"set", L"orvo set --place 上海 --standard 上海标准"},
     {"set", L"orvo set --date 2025-12-22 --start 9:00 --end 15:00 --step 5"},
 };

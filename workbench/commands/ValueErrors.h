@@ -1,4 +1,4 @@
-// What to say about values that are no dates, times or numbers.
+// What to say about values that are no dates, times, numbers, faces or directions.
 #pragma once
 
 #include "platform/base/CString.h"
@@ -6,3 +6,11 @@
 CString BadDateText(const CString& value);
 CString BadClockText(const wchar_t* option, const CString& value);
 CString BadNumberText(const wchar_t* option, const CString& value, int least, int most);
+
+// Each of these shows the accepted form.
+CString MissingFaceText();
+CString BadCornerText(const CString& face, int corner);  // the first corner is 1
+CString BadCornerCountText(const CString& face, int count);
+CString MissingLightText();
+CString BadLightText(const CString& value);
+CString ZeroLightText(const CString& value);
