@@ -46,13 +46,11 @@ QcGeFace3dEX::QcGeFace3dEX(const QcGeFace& face) : QcGeFace3dEX(true) {
 }
 
 QcGeFace3dEX::QcGeFace3dEX(const QcGeFace3dEX& other)
-    : QcGeFace(),
+    : QcGeFace(other),
       m_nPointNum(other.m_nPointNum),
       m_nMaterial(other.m_nMaterial),
       m_bNormalReady(other.IsNormalReady()),
-      m_pNormal(other.CopyOfStorage()) {
-    CopyCorners(other);
-}
+      m_pNormal(other.CopyOfStorage()) {}
 
 // NOLINTNEXTLINE(misc-unconventional-assign-operator): callers get a copy, as they always did
 QcGeFace3dEX QcGeFace3dEX::operator=(const QcGeFace& face) {
