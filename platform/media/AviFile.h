@@ -1,0 +1,111 @@
+// Writing AVI files: one video stream, sample by sample.
+//
+// A stream's position is a moment of its own time, counted in frames of dwScale / dwRate seconds. Samples are written
+// in rising positions; positions that are skipped get empty chunks, so that a player shows the picture before for as
+// long. Files past 1 GiB go on in the OpenDML form (a super index, further RIFF parts "AVIX").
+//
+// What has been written to a sample's end is in the file, and its header fits, before the call returns: when the
+// program dies, all samples up to the last one are there, without the final index.
+//
+// Files and streams are counted: a stream keeps its file, a compressed stream its source. Releasing a handle once too
+// often does nothing. All may be called from any thread, one at a time for each file.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/base/Api.h"
+#include "platform/base/FrameworkTypes.h"
+
+using PAVIFILE = struct OrvoAviFileHandle*;
+using PAVISTREAM = struct OrvoAviStreamHandle*;
+struct CLSID;
+
+inline constexpr UINT OF_WRITE = 0x0001;
+inline constexpr UINT OF_CREATE = 0x1000;
+inline constexpr DWORD AVIIF_KEYFRAME = 0x10;
+
+inline constexpr HRESULT AVIERR_OK = 0;
+inline constexpr HRESULT AVIERR_UNSUPPORTED = static_cast<HRESULT>(0x80044065U);
+inline constexpr HRESULT AVIERR_BADFORMAT = static_cast<HRESULT>(0x80044066U);
+inline constexpr HRESULT AVIERR_MEMORY = static_cast<HRESULT>(0x80044067U);
+inline constexpr HRESULT AVIERR_BADHANDLE = static_cast<HRESULT>(0x8004406AU);
+inline constexpr HRESULT AVIERR_BADPARAM = static_cast<HRESULT>(0x8004406BU);
+inline constexpr HRESULT AVIERR_FILEWRITE = static_cast<HRESULT>(0x8004406EU);
+inline constexpr HRESULT AVIERR_FILEOPEN = static_cast<HRESULT>(0x8004406FU);
+inline constexpr HRESULT AVIERR_NOCOMPRESSOR = static_cast<HRESULT>(0x80044071U);
+
+// Four letters as one number, the first one in the lowest byte, as they stand in the file.
+constexpr DWORD mmioFOURCC(char a, char b, char c, char d) {
+    const auto byte = [](char letter) { return static_cast<DWORD>(static_cast<BYTE>(letter)); };
+    return byte(a) | byte(b) << 8 | byte(c) << 16 | byte(d) << 24;
+}
+inline constexpr DWORD streamtypeVIDEO = mmioFOURCC('v', 'i', 'd', 's');
+
+struct AVISTREAMINFOW {
+    DWORD fccType;     // streamtypeVIDEO
+    DWORD fccHandler;  // codec, 0 for none
+    DWORD dwFlags;
+    DWORD dwCaps;
+    WORD wPriority;
+    WORD wLanguage;
+    DWORD dwScale;
+    DWORD dwRate;  // dwRate / dwScale frames a second
+    DWORD dwStart;
+    DWORD dwLength;
+    DWORD dwInitialFrames;
+    DWORD dwSuggestedBufferSize;  // of the largest sample, in bytes
+    DWORD dwQuality;
+    DWORD dwSampleSize;
+    RECT rcFrame;
+    DWORD dwEditCount;
+    DWORD dwFormatChangeCount;
+    wchar_t szName[64];
+};
+
+struct AVICOMPRESSOPTIONS {
+    DWORD fccType;
+    DWORD fccHandler;
+    DWORD dwKeyFrameEvery;
+    DWORD dwQuality;
+    DWORD dwBytesPerSecond;
+    DWORD dwFlags;
+    void* lpFormat;
+    DWORD cbFormat;
+    void* lpParms;
+    DWORD cbParms;
+    DWORD dwInterleaveEvery;
+};
+
+// The version of this interface: major in the upper, minor in the lower 16 bits.
+ORVO_API DWORD VideoForWindowsVersion();
+// For tests: another version from now on; 0 restores the true one.
+ORVO_API void SetVideoForWindowsVersionForTest(DWORD version);
+
+// Files can be opened between the first AVIFileInit and the AVIFileExit that matches it; files that are open then stay.
+ORVO_API void AVIFileInit();
+ORVO_API void AVIFileExit();
+// How many AVIFileInit have not been matched: for tests.
+ORVO_API int AviFileInitCount();
+
+// Makes a new file, in place of one of the same name. mode must be OF_WRITE | OF_CREATE and the handler null.
+// AVIERR_FILEOPEN when the file cannot be made: what was there then stays.
+ORVO_API HRESULT AVIFileOpenW(PAVIFILE* file, const wchar_t* path, UINT mode, const CLSID* handler);
+// Adds the file's one stream, of type "vids". AVIERR_BADPARAM for a scale or rate that is 0 or beyond 31 bits,
+// AVIERR_UNSUPPORTED for a second stream or another type.
+ORVO_API HRESULT AVIFileCreateStreamW(PAVIFILE file, PAVISTREAM* stream, const AVISTREAMINFOW* info);
+// Sets the format of all samples: an info header with its colour table, at most 64 KiB. Only at position 0 and before
+// the first sample.
+ORVO_API HRESULT AVIStreamSetFormat(PAVISTREAM stream, std::int64_t position, const void* format, LONG bytes);
+// Appends one sample (samples must be 1). The position is the stream's end or later (-1 for the end). A gap that no
+// file can hold, or the disk has no room for, is refused before anything is written. AVIERR_FILEWRITE when the disk
+// does not take the sample: the file then ends with the one before. The counts written may be null.
+ORVO_API HRESULT AVIStreamWrite(PAVISTREAM stream, std::int64_t position, LONG samples, const void* buffer, LONG bytes,
+                                DWORD flags, LONG* samplesWritten, LONG* bytesWritten);
+// A stream that codes what is written to it and passes it on to the source. There are no codecs here: only options
+// whose handler is 0 or "DIB ", for samples as they are, are served; others give AVIERR_NOCOMPRESSOR.
+ORVO_API HRESULT AVIMakeCompressedStream(PAVISTREAM* compressed, PAVISTREAM source, const AVICOMPRESSOPTIONS* options,
+                                         const CLSID* handler);
+
+// These give what is left of the object's count, 0 for a handle that names none. The last one finishes the file.
+ORVO_API DWORD AVIStreamRelease(PAVISTREAM stream);
+ORVO_API DWORD AVIFileRelease(PAVIFILE file);

@@ -1,0 +1,30 @@
+// Bytes in the order in which RIFF files keep numbers.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+// Collects bytes. Numbers are written with their lowest byte first.
+class LittleEndian {
+public:
+    void U16(std::uint32_t value) { Number(value, 2); }
+    void U32(std::uint32_t value) { Number(value, 4); }
+    void U64(std::uint64_t value) { Number(value, 8); }
+    // Four letters.
+    void Tag(std::string_view letters) { m_bytes.insert(m_bytes.end(), letters.begin(), letters.end()); }
+    void Bytes(const std::vector<std::uint8_t>& bytes) { m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end()); }
+    void Zeros(std::size_t count) { m_bytes.insert(m_bytes.end(), count, 0); }
+
+    std::size_t Size() const { return m_bytes.size(); }
+    const std::vector<std::uint8_t>& Get() const { return m_bytes; }
+    void Clear() { m_bytes.clear(); }
+
+private:
+    void Number(std::uint64_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i, value >>= 8)
+            m_bytes.push_back(static_cast<std::uint8_t>(value & 0xFF));
+    }
+
+    std::vector<std::uint8_t> m_bytes;
+};
