@@ -12,9 +12,12 @@ public:
     void U32(std::uint32_t value) { Number(value, 4); }
     void U64(std::uint64_t value) { Number(value, 8); }
     // Four letters.
-    void Tag(std::string_view letters) { m_bytes.insert(m_bytes.end(), letters.begin(), letters.end()); }
+    void Tag(std::string_view letters) {
+        for (const char letter : letters)
+            m_bytes.push_back(static_cast<std::uint8_t>(letter));
+    }
     void Bytes(const std::vector<std::uint8_t>& bytes) { m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end()); }
-    void Zeros(std::size_t count) { m_bytes.insert(m_bytes.end(), count, 0); }
+    void Zeros(std::size_t count) { m_bytes.resize(m_bytes.size() + count); }
 
     std::size_t Size() const { return m_bytes.size(); }
     const std::vector<std::uint8_t>& Get() const { return m_bytes; }

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QWidget>
 #include <clocale>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -176,11 +177,11 @@ TEST(MessageBox, BelongsToItsOwner) {
 }
 
 TEST(MessageBox, AnOwnerThatIsGoneIsNoOwner) {
-    HWND handle = nullptr;
-    {
-        const QWidget gone;
-        handle = reinterpret_cast<HWND>(const_cast<QWidget*>(&gone));
-    }
+    const ModalDriver first([](const ModalWindow&) { return IDOK; });
+    MessageBox(nullptr, L"text", L"caption", MB_OK);  // there is an application from now on
+    auto owner = std::make_unique<QWidget>();
+    const auto handle = reinterpret_cast<HWND>(owner.get());
+    owner.reset();
     const ModalDriver driver([](const ModalWindow& window) {
         EXPECT_EQ(BoxOf(window)->parentWidget(), nullptr);
         return IDOK;

@@ -22,6 +22,7 @@ CommandLineModel::CommandLineModel() : m_root(Described(L"日照分析共享数�
     AddInfo();
     AddLists();
     AddShadow();
+    AddRecord();
     AddSet();
 }
 
@@ -82,6 +83,15 @@ void CommandLineModel::AddSet() {
     AddValue(set, "--standard", "NAME", L"当前标准；它的日期、时段和精度随之采用");
 }
 
+void CommandLineModel::AddRecord() {
+    CLI::App* record = AddSubcommand("record", L"把图像录成 AVI 动画，每幅一秒");
+    record->add_option("FRAMES", m_frames, Described(L"图像文件（BMP 或 PNG），按放映次序"))->type_name("");
+    AddValue(record, "-o,--output", "FILE", L"录像文件");
+    AddValue(record, "--rate", "N", L"每秒帧数，从 1 到 1000；不给出时为 10");
+    AddValue(record, "--bits", "8|24|32", L"每像素位数；不给出时为 24");
+    AddFlag(record, "-y,--yes", L"替换已有的文件而不询问");
+}
+
 void CommandLineModel::Parse(const std::vector<CString>& words) {
     std::vector<std::string> reversed;
     std::transform(words.rbegin(), words.rend(), std::back_inserter(reversed),
@@ -102,6 +112,16 @@ std::optional<CString> CommandLineModel::Value(const char* option) {
     if (!found || found->results().empty())
         return std::nullopt;
     return FromUtf8(found->results().front());
+}
+
+std::vector<CString> CommandLineModel::Values(const char* option) {
+    std::vector<CString> values;
+    CLI::App* chosen = Chosen();
+    const CLI::Option* found = chosen ? chosen->get_option_no_throw(option) : nullptr;
+    if (found)
+        for (const std::string& value : found->results())
+            values.push_back(FromUtf8(value));
+    return values;
 }
 
 bool CommandLineModel::HasFlag(const char* flag) {

@@ -22,6 +22,8 @@ public:
     CLI::App* Chosen();
     // What an option of the chosen subcommand (or of the program) was given; nothing when it was left out.
     std::optional<CString> Value(const char* option);
+    // All values of an option that takes several.
+    std::vector<CString> Values(const char* option);
     bool HasFlag(const char* flag);
 
     CLI::App& Root() { return m_root; }
@@ -35,9 +37,11 @@ private:
     void AddLists();
     void AddSet();
     void AddShadow();
+    void AddRecord();
     CLI::App* AddSubcommand(const char* name, const wchar_t* description);
     void AddFlag(CLI::App* app, const char* flag, const wchar_t* description);
     void AddValue(CLI::App* app, const char* option, const char* type, const wchar_t* description);
 
     CLI::App m_root;
+    std::vector<std::string> m_frames;  // where the library puts the one list of values
 };

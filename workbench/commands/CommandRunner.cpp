@@ -9,6 +9,7 @@
 #include "workbench/commands/ListCommands.h"
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlainText.h"
+#include "workbench/commands/RecordCommand.h"
 #include "workbench/commands/SetCommand.h"
 #include "workbench/commands/ShadowCommand.h"
 #include "workbench/commands/Texts.h"
@@ -66,7 +67,7 @@ CString LanguageError(CommandLineModel& model, WordsFrom from) {
 
 int RunSubcommand(CommandLineModel& model, Output& output) {
     const std::string& name = model.Chosen()->get_name();
-    const bool isJson = name != "set" && model.HasFlag("--json");
+    const bool isJson = name != "set" && name != "record" && model.HasFlag("--json");
     if (name == "info")
         return RunInfo({model.Value("--place"), model.Value("--date"), model.Value("--standard"), isJson}, output);
     if (name == "terms")
@@ -77,6 +78,10 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
         return RunStandards({isJson}, output);
     if (name == "shadow")
         return RunShadow({model.Value("--face"), model.Value("--light"), isJson}, output);
+    if (name == "record")
+        return RunRecord({model.Values("FRAMES"), model.Value("--output"), model.Value("--rate"), model.Value("--bits"),
+                          model.HasFlag("--yes")},
+                         output);
     return RunSet({model.Value("--place"), model.Value("--date"), model.Value("--start"), model.Value("--end"),
                    model.Value("--step"), model.Value("--standard")},
                   output);

@@ -1,0 +1,227 @@
+// Checking the request, recording under another name, and putting the result in its place.
+#include "workbench/commands/RecordCommand.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+#include "avi/OrvoAVIFile.h"
+#include "workbench/commands/DayText.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PictureFile.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/Texts.h"
+#include "workbench/commands/ValueErrors.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kMostRate = 1000;
+constexpr int kUsualRate = 10;
+constexpr int kUsualBits = 24;
+
+struct Request {
+    std::vector<CString> frames;
+    fs::path output;
+    int rate = kUsualRate;
+    int bits = kUsualBits;
+};
+
+int Refuse(const CString& text) {
+    Complain(text);
+    return kExitUsage;
+}
+
+int Fail(const CString& text) {
+    Complain(text);
+    return kExitFailed;
+}
+
+fs::path PathOf(const CString& text) {
+    return {ToUtf8(text.View())};
+}
+
+CString TextOf(const fs::path& path) {
+    return Printable(FromUtf8(path.string()));
+}
+
+// Reads the options; an ExitCode other than kExitOk when one of them is wrong, which is then said.
+int ReadRequest(const RecordOptions& options, Request& request) {
+    if (options.frames.empty())
+        return Refuse(Say(L"没有给出画面：请写一个或多个图像文件，例如 orvo record 1.png 2.png -o sun.avi"));
+    if (!options.output || options.output->IsEmpty())
+        return Refuse(Say(L"没有给出录像文件：请写 -o 文件，例如 -o sun.avi"));
+    request.frames = options.frames;
+    request.output = PathOf(*options.output);
+    if (options.rate) {
+        const std::optional<int> rate = ParseWhole(*options.rate, 1, kMostRate);
+        if (!rate)
+            return Refuse(BadNumberText(L"--rate", *options.rate, 1, kMostRate));
+        request.rate = *rate;
+    }
+    if (options.bits) {
+        const std::optional<int> bits = ParseWhole(*options.bits, 8, 32);
+        if (!bits || (*bits != 8 && *bits != 24 && *bits != 32))
+            return Refuse(SayFormat(L"--bits 的值“%s”不对：请写 8、24 或 32", Printable(*options.bits)));
+        request.bits = *bits;
+    }
+    return kExitOk;
+}
+
+bool AsksYes(const CString& question) {
+    const std::string text = ToUtf8(question.View()) + " ";
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::string line;
+    std::getline(std::cin, line);
+    return line == "y" || line == "Y" || line == "yes" || line == "是";
+}
+
+// Whether the output may be written, as far as what is there now goes.
+int CheckOutput(const fs::path& output, bool isYes) {
+    std::error_code error;
+    const fs::file_status there = fs::status(output, error);
+    if (!fs::exists(there))
+        return kExitOk;
+    if (!fs::is_regular_file(there))
+        return Fail(SayFormat(L"“%s”不是普通文件，不能被录像替换", TextOf(output)));
+    if (isYes)
+        return kExitOk;
+    if (!isatty(STDIN_FILENO))
+        return Fail(SayFormat(L"“%s”已经存在；要替换它，请加 --yes", TextOf(output)));
+    if (AsksYes(SayFormat(L"“%s”已经存在。替换它吗？[y/N]", TextOf(output))))
+        return kExitOk;
+    return Fail(Say(L"没有录像，原来的文件没有变"));
+}
+
+// A name beside the output that no file has.
+fs::path TemporaryName(const fs::path& output) {
+    for (int number = 1;; ++number) {
+        fs::path name = output;
+        name += ".recording-" + std::to_string(getpid()) + "-" + std::to_string(number);
+        std::error_code error;
+        if (!fs::exists(fs::symlink_status(name, error)))
+            return name;
+    }
+}
+
+// Removes the file at the end unless it was given its place.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const fs::path& output) : m_path(TemporaryName(output)) {}
+    ~TemporaryFile() {
+        std::error_code error;
+        fs::remove(m_path, error);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    const fs::path& Path() const { return m_path; }
+
+private:
+    fs::path m_path;
+};
+
+// A line that is written over as long as the work goes on; nothing where nobody watches.
+class Progress {
+public:
+    explicit Progress(std::size_t count) : m_count(count), m_isShown(isatty(STDERR_FILENO) != 0) {}
+    ~Progress() {
+        if (m_isShown)
+            std::fputs("\r\033[K", stderr);
+    }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+    void Show(std::size_t done) const {
+        if (!m_isShown)
+            return;
+        const CString text =
+            SayFormat(L"正在录制第 %d 幅，共 %d 幅", static_cast<int>(done), static_cast<int>(m_count));
+        const std::string line = "\r\033[K" + ToUtf8(text.View());
+        std::fwrite(line.data(), 1, line.size(), stderr);
+    }
+
+private:
+    std::size_t m_count;
+    bool m_isShown;
+};
+
+struct Size {
+    int width = -1;
+    int height = -1;
+};
+
+// Appends one picture; an empty text, or what went wrong.
+CString AddPicture(OrvoAVIFile& recorder, const CString& path, const fs::path& output, Size& size) {
+    CBitmap bitmap;
+    CString cause;
+    if (!LoadPicture(path, bitmap, cause))
+        return SayFormat(L"“%s”：%s", Printable(path), cause);
+    BITMAP information{};
+    bitmap.GetBitmap(&information);
+    if (size.width < 0)
+        size = {information.bmWidth, information.bmHeight};
+    if (information.bmWidth != size.width || information.bmHeight != size.height)
+        return SayFormat(L"“%s”的大小是 %d x %d，而第一幅是 %d x %d：所有画面要一样大", Printable(path),
+                         static_cast<int>(information.bmWidth), static_cast<int>(information.bmHeight), size.width,
+                         size.height);
+    if (!recorder.AddFrame(bitmap))
+        return SayFormat(L"写不进“%s”：文件夹不可写、磁盘已满，或画面太大", TextOf(output));
+    return CString();
+}
+
+// Whether the recorder came to the end: it marks a file as complete last of all.
+bool IsComplete(const fs::path& path) {
+    constexpr int kFlagsAt = 44;  // in the main header
+    constexpr int kHasIndex = 0x10;
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(kFlagsAt);
+    return (file.get() & kHasIndex) != 0 && file.good();
+}
+
+// Records all frames into the file; an empty text, or what went wrong.
+CString RecordTo(const fs::path& path, const Request& request, Size& size) {
+    const Progress progress(request.frames.size());
+    const CString name = FromUtf8(path.string());
+    {
+        OrvoAVIFile recorder(name, -1, -1, request.rate);
+        recorder.SetColorNum(static_cast<UINT>(request.bits));
+        for (std::size_t i = 0; i < request.frames.size(); ++i) {
+            progress.Show(i + 1);
+            const CString wrong = AddPicture(recorder, request.frames[i], request.output, size);
+            if (!wrong.IsEmpty())
+                return wrong;
+        }
+    }
+    return IsComplete(path) ? CString() : SayFormat(L"“%s”没有写完：磁盘可能已满", TextOf(request.output));
+}
+
+}  // namespace
+
+int RunRecord(const RecordOptions& options, Output& output) {
+    Request request;
+    const int readCode = ReadRequest(options, request);
+    if (readCode != kExitOk)
+        return readCode;
+    const int outputCode = CheckOutput(request.output, options.isYes);
+    if (outputCode != kExitOk)
+        return outputCode;
+    const TemporaryFile temporary(request.output);
+    Size size;
+    const CString wrong = RecordTo(temporary.Path(), request, size);
+    if (!wrong.IsEmpty())
+        return Fail(wrong);
+    std::error_code error;
+    fs::rename(temporary.Path(), request.output, error);
+    if (error)
+        return Fail(SayFormat(L"“%s”不能改名为“%s”：%s", TextOf(temporary.Path()), TextOf(request.output),
+                              FromUtf8(error.message())));
+    output.Line(SayFormat(L"%d 幅画面录入“%s”：%d x %d，每像素 %d 位，每幅 1 秒",
+                          static_cast<int>(request.frames.size()), TextOf(request.output), size.width, size.height,
+                          request.bits));
+    return kExitOk;
+}
