@@ -5,7 +5,7 @@ PACKAGES_RUN="g++ cmake ninja-build pkgconf libxml2-dev libfmt-dev libcli11-dev 
 libgl-dev libopengl-dev libegl-dev libegl-mesa0 libgl1-mesa-dri qt6-base-dev"
 
 # What the tests, benchmarks and checks take besides.
-PACKAGES_TEST="libgtest-dev libgmp-dev libbenchmark-dev libxml2-utils valgrind clang clang-format clang-tidy libclang-rt-14-dev \
+PACKAGES_TEST="libgtest-dev libgmp-dev libbenchmark-dev libxml2-utils ffmpeg valgrind clang clang-format clang-tidy libclang-rt-14-dev \
 locales python3 binutils"
 
 # install_missing PACKAGE...: installs those that are not there, or says which command would, and stops.

@@ -51,9 +51,10 @@ bool IsWithin(const BITMAPINFOHEADER& header, std::uint64_t bytes) {
     if (start > bytes)
         return false;
     const std::uint64_t rest = bytes - start;
-    if (IsRunLength(header))
-        return header.biSizeImage > 0 && header.biSizeImage <= rest && width <= kMostExpansion * rest &&
-               rows <= kMostExpansion * rest && width * rows <= kMostExpansion * rest / 4;
+    if (IsRunLength(header)) {
+        const std::uint64_t mostPixels = kMostExpansion * (sizeof(BITMAPFILEHEADER) + bytes) / sizeof(RGBQUAD);
+        return header.biSizeImage > 0 && header.biSizeImage <= rest && rows <= mostPixels / width;
+    }
     const std::uint64_t row = (width * header.biBitCount + 31) / 32 * 4;
     return row > 0 && rows <= rest / row;
 }

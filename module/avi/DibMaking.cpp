@@ -41,7 +41,7 @@ HANDLE OrvoAVIFile::MakeDib(HBITMAP hBitmap, UINT bits) {
     if (GetObject(hBitmap, sizeof bitmap, &bitmap) == 0 || bits > kMostBits)
         return nullptr;
     const DibSize size = SizeOf(bitmap, bits);
-    if (size.pixelBytes > static_cast<std::uint64_t>(std::numeric_limits<LONG>::max()))
+    if (size.pixelBytes == 0 || size.pixelBytes > static_cast<std::uint64_t>(std::numeric_limits<LONG>::max()))
         return nullptr;
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<std::size_t>(size.Total()));
     void* const address = block != nullptr ? GlobalLock(block) : nullptr;

@@ -108,6 +108,7 @@ BOOL OrvoAVIFile::IsOK() const {
     return m_bOK;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value, as derived recorders declare it
 BOOL OrvoAVIFile::AddFrame(QcStringW path) {
     if (!Exists(path))
         return FALSE;
@@ -149,7 +150,8 @@ bool OrvoAVIFile::AskToReplace() {
 
 bool OrvoAVIFile::CreateFileFor(const BITMAPINFOHEADER& header) {
     ReleaseAll();  // of a recording before the last Init
-    if (AVIFileOpenW(&m_pAviFile, m_strFileName, OF_WRITE | OF_CREATE, nullptr) != AVIERR_OK)
+    // Init sets the mark again, but does not make the interface newer.
+    if (!IsVersionEnough() || AVIFileOpenW(&m_pAviFile, m_strFileName, OF_WRITE | OF_CREATE, nullptr) != AVIERR_OK)
         return false;
     m_streamInfo = {};
     m_streamInfo.fccType = streamtypeVIDEO;
@@ -169,8 +171,12 @@ bool OrvoAVIFile::WriteFrame(const BITMAPINFOHEADER& header) {
 }
 
 BOOL OrvoAVIFile::Compress() {
-    if (AVIMakeCompressedStream(&m_pCompressedStream, m_pStream, m_pOptions, nullptr) != AVIERR_OK)
+    PAVISTREAM compressed = nullptr;
+    if (AVIMakeCompressedStream(&compressed, m_pStream, m_pOptions, nullptr) != AVIERR_OK)
         return FALSE;
+    if (m_pCompressedStream != nullptr)
+        AVIStreamRelease(m_pCompressedStream);  // of a call before: it would keep the file open for ever
+    m_pCompressedStream = compressed;
     AVIFileRelease(m_pAviFile);
     return TRUE;
 }

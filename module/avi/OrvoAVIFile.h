@@ -57,7 +57,7 @@ public:
     // complete BMP file. The file's own size bounds what is read and reserved.
     BOOL LoadBMPImage(const wchar_t* path, CBitmap& bitmap);
     // The bitmap as info header, colour table and rows, in one movable block that the caller frees (GlobalFree). Null
-    // when there is no such bitmap, or it would be too large.
+    // when there is no such bitmap, the pixels would have no bits, or it would be too large.
     HANDLE MakeDib(HBITMAP bitmap, UINT bits);
     // Puts a compressed stream before the video stream, with the stored options. One of the references to the file is
     // given up with it.

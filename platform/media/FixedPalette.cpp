@@ -55,7 +55,8 @@ constexpr std::array<DWORD, 256> Make256() {
             static_cast<DWORD>((level[0] << 16 | level[1] << 8 | level[2]) * kLevelStep);
     }
     for (int i = 0; i < kGreys; ++i)
-        colours[static_cast<std::size_t>(kCube + i)] = Grey(kGreyLevels[static_cast<std::size_t>(i)]);
+        colours[static_cast<std::size_t>(kCube) + static_cast<std::size_t>(i)] =
+            Grey(kGreyLevels[static_cast<std::size_t>(i)]);
     return colours;
 }
 constexpr std::array<DWORD, 256> k256 = Make256();

@@ -38,7 +38,11 @@ bool OutputFile::Create(const std::string& path) {
         m_file = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, kMode);
     while (m_file < 0 && errno == EINTR);
     struct stat status {};
-    if (m_file >= 0 && (fstat(m_file, &status) != 0 || !S_ISREG(status.st_mode) || !Truncate(0)))
+    if (m_file < 0)
+        return false;
+    // A new file is not emptied: some file systems write out a file that was, whole, when it is closed.
+    const bool isUsable = fstat(m_file, &status) == 0 && S_ISREG(status.st_mode);
+    if (!isUsable || (status.st_size > 0 && !Truncate(0)))
         Close();
     return IsOpen();
 }

@@ -125,4 +125,16 @@ TEST(MakeDib, GivesAMovableBlockUnlockedAndItsContextBack) {
     EXPECT_EQ(GlobalUnlock(dib.Block()), 0) << "this lock was the only one";
 }
 
+TEST(MakeDib, ADepthOfNoBitsGivesNone) {
+    CBitmap picture;
+    MakePicture(picture);
+    const std::size_t blocks = LiveGlobalBlocks();
+    OrvoAVIFile recorder;
+    EXPECT_EQ(recorder.MakeDib(picture, 0), nullptr);
+    recorder.SetColorNum(0);
+    EXPECT_EQ(recorder.AddFrame(picture), 0);
+    EXPECT_EQ(recorder.IsOK(), 1) << "nothing has failed in the file";
+    EXPECT_EQ(LiveGlobalBlocks(), blocks);
+}
+
 }  // namespace

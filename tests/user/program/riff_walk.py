@@ -39,13 +39,20 @@ class Chunk:
 class Avi:
     """One video stream: `main`, `stream`, `format`, `samples` (position -> bytes), `length` in positions."""
 
-    def __init__(self, path):
+    def __init__(self, path, has_samples=True):
         self.stream_file = open(path, "rb")
         try:
             self.size = os.path.getsize(path)
             self.read()
+            self.samples = {position: self.at(offset + 8, size)
+                            for position, (offset, size) in enumerate(self.positions) if size and has_samples}
         finally:
             self.stream_file.close()
+
+    @classmethod
+    def structure(cls, path):
+        """All but the samples, for files that memory does not hold."""
+        return cls(path, has_samples=False)
 
     def at(self, offset, size):
         self.stream_file.seek(offset)
@@ -72,10 +79,9 @@ class Avi:
         for part in parts[1:]:
             check(part.kind() == b"AVIX", "further parts are AVIX")
             self.read_further(part)
+        self.part_ends = [part.end for part in parts]
         self.length = len(self.positions)
         self.check_counts(len(parts))
-        self.samples = {position: self.at(offset + 8, size)
-                        for position, (offset, size) in enumerate(self.positions) if size}
 
     def read_first(self, riff):
         tags = [(chunk.tag, chunk.kind() if chunk.tag == b"LIST" else None) for chunk in riff.chunks()]

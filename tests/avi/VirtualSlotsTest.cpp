@@ -1,0 +1,35 @@
+// The places of the recorder's virtual operations: recorders in other modules are compiled against them.
+#include <cstddef>
+#include <cstring>
+
+#include "avi/OrvoAVIFile.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+#if defined(__x86_64__)
+// A pointer to a virtual operation holds its place in the table of operations, in bytes and one more.
+template <class Operation>
+std::size_t SlotOf(Operation operation) {
+    std::ptrdiff_t place = 0;
+    std::memcpy(&place, &operation, sizeof place);
+    EXPECT_EQ(place % 8, 1) << "not virtual";
+    return static_cast<std::size_t>(place) / 8;
+}
+
+TEST(VirtualSlots, TheRecordersOperationsFollowThoseOfItsBase) {
+    using AddFile = BOOL (OrvoAVIFile::*)(QcStringW);
+    using AddPicture = BOOL (OrvoAVIFile::*)(CBitmap&);
+    EXPECT_EQ(SlotOf(&CObject::GetRuntimeClass), 0U);
+    // The destructor takes two places.
+    EXPECT_EQ(SlotOf(&CObject::Serialize), 3U);
+    EXPECT_EQ(SlotOf(&CObject::AssertValid), 4U);
+    EXPECT_EQ(SlotOf(&CObject::Dump), 5U);
+    EXPECT_EQ(SlotOf(static_cast<AddFile>(&OrvoAVIFile::AddFrame)), 6U);
+    EXPECT_EQ(SlotOf(static_cast<AddPicture>(&OrvoAVIFile::AddFrame)), 7U);
+    EXPECT_EQ(SlotOf(&OrvoAVIFile::IsOK), 8U);
+}
+#endif
+
+}  // namespace
