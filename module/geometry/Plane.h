@@ -6,9 +6,9 @@
 #include "geometry/Relation3d.h"
 #include "platform/base/Api.h"
 
-// The points with a x + b y + c z + d = 0; (a, b, c) is the normal and points to the positive side. It keeps the length
-// that it was given, and with it the value that GetSide gives for a point, which is the distance only for a unit
-// normal. Tolerances are 1e-12 on that value.
+// The points where a x + b y + c z + d vanishes. The first three numbers are the normal, which points to the positive
+// side. It keeps the length that it was given, and with it the value that GetSide gives for a point, which is the
+// distance only for a unit normal. Tolerances are 1e-12 on that value.
 class ORVO_API Plane {
 public:
     // Begins with no values: lists of planes are filled right after they are made, and zeroes would cost time.

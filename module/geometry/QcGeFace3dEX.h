@@ -109,8 +109,8 @@ public:
     // Whether sunlight falls on the front. bOn says whether the sun shines at all.
     bool IsSunLightOn(const QcGeVector3dEX& lightDir, bool bOn);
     // The matrix that moves each point along the light onto the face's plane, in the order that OpenGL reads (m[column]
-    // [row]): P' = P - L (a x + b y + c z + d) / (L . n). Untouched when bOn is false. Light along the plane gives
-    // numbers that are not finite.
+    // [row]): the point less t times the light, t being the value of the plane's equation there over the product of
+    // normal and light. Untouched when bOn is false. Light along the plane gives numbers that are not finite.
     void CreateShadowMatrix(float m[4][4], const QcGeVector3dEX& lightDir, bool bOn);
     // Fills the cylinder with the face's own plane and one plane along the light through each edge. For a light that
     // falls on the front they bound the half-infinite prism from the face towards the sun: where an occluder has to be

@@ -10,49 +10,12 @@
 #include "platform/media/AviFile.h"
 #include "platform/media/DeviceContext.h"
 #include "platform/window/MessageBox.h"
+#include "support/FullDisk.h"
+#include "support/OrdinaryUser.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// A limit on the size of files stands in for a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(std::uintmax_t bytes) : m_handler(signal(SIGXFSZ, SIG_IGN)) {
-        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &m_limit), 0);
-        const rlimit lower = {bytes, m_limit.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &lower), 0);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_limit{};
-    sighandler_t m_handler;
-};
-
-// As a user without the administrator's rights; the tests themselves may have them.
-class OrdinaryUser {
-public:
-    explicit OrdinaryUser(const fs::path& folder) : m_before(geteuid()) {
-        if (m_before != 0)
-            return;
-        EXPECT_EQ(chown(folder.c_str(), 65534, 65534), 0);
-        for (const auto& entry : fs::recursive_directory_iterator(folder))
-            EXPECT_EQ(chown(entry.path().c_str(), 65534, 65534), 0);
-        EXPECT_EQ(seteuid(65534), 0);
-    }
-    ~OrdinaryUser() { EXPECT_EQ(seteuid(m_before), 0); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    uid_t m_before;
-};
 
 class RecordingFailure : public testing::Test {
 protected:

@@ -13,6 +13,7 @@
 #include "platform/base/Message.h"
 #include "platform/base/Support.h"
 #include "support/FileTree.h"
+#include "support/OrdinaryUser.h"
 #include "support/Recorder.h"
 
 namespace {
@@ -263,25 +264,6 @@ TEST_F(AtomicSave, TakesNamesThatAreNotAscii) {
     EXPECT_TRUE(Save("日照 设置.xml", "good 2"));
     EXPECT_EQ(Names(), (NameList{"日照 设置.xml", "日照 设置.xml.bak"}));
 }
-
-// As a user without the administrator's rights; the tests themselves may have them.
-class OrdinaryUser {
-public:
-    explicit OrdinaryUser(const fs::path& folder) : m_before(geteuid()) {
-        if (m_before == 0) {
-            EXPECT_EQ(chown(folder.c_str(), 65534, 65534), 0);
-            for (const auto& entry : fs::recursive_directory_iterator(folder))
-                EXPECT_EQ(chown(entry.path().c_str(), 65534, 65534), 0);
-            EXPECT_EQ(seteuid(65534), 0);
-        }
-    }
-    ~OrdinaryUser() { EXPECT_EQ(seteuid(m_before), 0); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    uid_t m_before;
-};
 
 TEST_F(AtomicSave, RespectsAFileThatMayNotBeWritten) {
     m_tree.Write("a", "good 1");

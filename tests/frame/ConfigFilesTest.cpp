@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include "frame/ConfigSandbox.h"
+#include "support/FullDisk.h"
 #include "support/TableSwitch.h"
 
 namespace {
@@ -19,26 +20,6 @@ const char* const kZoneFile =
 const char* const kBroken = "<ORVO_ZONEDATA><浙江>";
 
 using ConfigFiles = ConfigSandbox;
-
-// As long as it lives, no file of this process can grow beyond nothing, as on a full disk.
-class FullDisk {
-public:
-    FullDisk() : m_before(signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit none{0, m_limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        signal(SIGXFSZ, m_before);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_limit{};
-    void (*m_before)(int);
-};
 
 // A settings file as the module writes it, with a place and one standard of its own.
 void WriteSettings(const CString& path) {

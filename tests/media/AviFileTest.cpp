@@ -14,6 +14,7 @@
 #include "platform/media/Dib.h"
 #include "support/AviReader.h"
 #include "support/FileTree.h"
+#include "support/FullDisk.h"
 #include "support/Recorder.h"
 
 namespace {
@@ -365,27 +366,6 @@ TEST_F(AviFileTest, IsReadableAfterEachSample) {
     }
     Close();
 }
-
-// A limit on the size of files stands in for a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(std::size_t bytes) {
-        m_handler = signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit lower = {bytes, m_limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &lower);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_limit{};
-    sighandler_t m_handler;
-};
 
 TEST_F(AviFileTest, AFullDiskLeavesTheSamplesBefore) {
     Open();
