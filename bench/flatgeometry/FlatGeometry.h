@@ -2,8 +2,6 @@
 // calling it costs what calling the module costs.
 #pragma once
 
-#include <cstddef>
-
 #include "platform/base/Api.h"
 
 namespace flat {
