@@ -1,28 +1,32 @@
 // Starting Qt from inside a library.
 #include "platform/window/Application.h"
 
+#include <dlfcn.h>
+
 #include <QApplication>
-#include <QGuiApplication>
+#include <QThread>
 #include <QWidget>
 #include <clocale>
 #include <cstdlib>
 
 namespace {
 
-bool HasDisplay() {
-    const auto isSet = [](const char* name) {
-        const char* value = std::getenv(name);
-        return value != nullptr && *value != '\0';
-    };
-    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+bool IsSet(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
 }
 
-}  // namespace
+// The application outlives whatever made it, and its arguments are in here.
+void StayInMemory() {
+    Dl_info here = {};
+    if (dladdr(reinterpret_cast<void*>(&StayInMemory), &here) != 0)
+        dlopen(here.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+}
 
-void NeedApplication() {
-    if (QCoreApplication::instance() != nullptr)
-        return;
-    if (!HasDisplay() && std::getenv("QT_QPA_PLATFORM") == nullptr)
+void MakeApplication() {
+    StayInMemory();
+    // Qt takes an empty name of a platform for none, looks for a display, and aborts without one.
+    if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM"))
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
     // Qt keeps references to both as long as it lives, which is to the end of the process.
     static int count = 1;
@@ -30,6 +34,15 @@ void NeedApplication() {
     static char* arguments[] = {name, nullptr};
     new QApplication(count, arguments);  // NOLINT(cppcoreguidelines-owning-memory): never destroyed
     std::setlocale(LC_NUMERIC, "C");     // Qt has set the user's
+}
+
+}  // namespace
+
+bool NeedApplication() {
+    if (QCoreApplication::instance() == nullptr)
+        MakeApplication();
+    const auto* application = qobject_cast<QApplication*>(QCoreApplication::instance());
+    return application != nullptr && application->thread() == QThread::currentThread();
 }
 
 bool CanBeSeen() {

@@ -5,8 +5,10 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QString>
+#include <QTextBoundaryFinder>
 #include <QTimer>
 #include <vector>
 
@@ -82,12 +84,30 @@ QString ToQt(const CString& text) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-// A long path has no blanks to break at: it may be broken behind each separator.
+// A long path has no blanks to break at: it may be broken behind each separator, and a name that fills a line of its
+// own anywhere between two letters. Without that the toolkit cuts the rest of it off.
 QString Breakable(QString text) {
-    constexpr char16_t kZeroWidthSpace = 0x200B;
+    constexpr QChar kZeroWidthSpace(0x200B);
+    constexpr qsizetype kLongestWord = 40;
     for (const char16_t separator : {u'/', u'\\'})
-        text.replace(QChar(separator), QString(QChar(separator)) + QChar(kZeroWidthSpace));
-    return text;
+        text.replace(QChar(separator), QString(QChar(separator)) + kZeroWidthSpace);
+
+    QString broken;
+    QTextBoundaryFinder words(QTextBoundaryFinder::Line, text);
+    for (qsizetype start = 0, end = words.toNextBoundary(); end > start; end = words.toNextBoundary()) {
+        const QString word = text.mid(start, end - start);
+        start = end;
+        if (word.size() <= kLongestWord) {
+            broken += word;
+            continue;
+        }
+        QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, word);
+        for (qsizetype from = 0, to = letters.toNextBoundary(); to > from; to = letters.toNextBoundary()) {
+            broken += word.mid(from, to - from) + kZeroWidthSpace;
+            from = to;
+        }
+    }
+    return broken;
 }
 
 class Box : public QMessageBox {
@@ -98,6 +118,7 @@ public:
         setTextFormat(Qt::PlainText);
         setText(Breakable(text));
         setIcon(IconOf(type));
+        setWindowModality(owner != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
         setObjectName("MessageBox");
         setAccessibleName(caption);
         for (const Choice& choice : m_choices) {
@@ -109,21 +130,31 @@ public:
         setDefaultButton(m_buttons[DefaultOf(type, m_buttons.size())]);
     }
 
-    // Shows the box and gives the command of its button.
-    int Run(const ModalWindow& window) {
-        ModalWindow shown = window;
-        shown.widget = this;
-        QTimer timer;
-        timer.callOnTimeout(this, [this, &timer, &shown] {
-            if (!isVisible() || (!isActiveWindow() && ++m_waits < kMostWaits))
+    // Whether the driver may answer: its keys would be lost in a box that is not active yet. To be called once in
+    // each turn of the event loop, since some window systems activate nothing.
+    bool IsReady() { return isVisible() && (isActiveWindow() || ++m_waits >= kMostWaits); }
+
+    // Carries out a driver's answer, unless its keys have ended the box already.
+    void Press(int command) {
+        if (command == 0 || !isVisible())
+            return;
+        for (std::size_t i = 0; i < m_choices.size(); ++i) {
+            if (m_choices[i].command == command) {
+                m_buttons[i]->click();
                 return;
-            timer.stop();
-            Press(ModalDriver::Ask(shown));
-        });
-        if (ModalDriver::IsThere())
-            timer.start(0);
-        exec();
-        return m_answer != 0 ? m_answer : CommandOf(clickedButton());
+            }
+        }
+        Finish(CarefulAnswer(m_choices));
+    }
+
+    // The command the box was answered with, when it is over.
+    int Answer() const {
+        if (m_answer != 0)
+            return m_answer;
+        for (std::size_t i = 0; i < m_choices.size(); ++i)
+            if (m_buttons[i] == clickedButton())
+                return m_choices[i].command;
+        return CarefulAnswer(m_choices);
     }
 
 protected:
@@ -150,33 +181,14 @@ protected:
     }
 
 private:
-    static constexpr int kMostWaits = 1000;  // turns of the event loop: some window systems activate nothing
-
-    void Press(int command) {
-        if (command == 0)
-            return;
-        for (std::size_t i = 0; i < m_choices.size(); ++i) {
-            if (m_choices[i].command == command) {
-                m_buttons[i]->click();
-                return;
-            }
-        }
-        Finish(CarefulAnswer(m_choices));
-    }
+    static constexpr int kMostWaits = 1000;
 
     // Ends the box without a button; an answer of 0 leaves it open.
     void Finish(int answer) {
-        if (answer == 0)
+        if (answer == 0 || clickedButton() != nullptr)
             return;
         m_answer = answer;
         done(0);
-    }
-
-    int CommandOf(const QAbstractButton* button) const {
-        for (std::size_t i = 0; i < m_choices.size(); ++i)
-            if (m_buttons[i] == button)
-                return m_choices[i].command;
-        return CarefulAnswer(m_choices);
     }
 
     std::vector<Choice> m_choices;
@@ -185,16 +197,38 @@ private:
     int m_waits = 0;
 };
 
+// Shows the box until it is answered. It goes with its owner, should that be closed meanwhile.
+int Run(const QPointer<Box>& box, ModalWindow window, int carefulAnswer) {
+    window.widget = static_cast<QWidget*>(box.data());
+    QTimer timer;
+    timer.callOnTimeout(box.data(), [&box, &window, &timer] {
+        if (!box->IsReady())
+            return;
+        timer.stop();
+        const int command = ModalDriver::Ask(window);
+        if (!box.isNull())
+            box->Press(command);
+    });
+    if (ModalDriver::IsThere())
+        timer.start(0);
+    box->exec();
+    if (box.isNull())
+        return carefulAnswer;
+    const int answer = box->Answer();
+    delete box.data();
+    return answer;
+}
+
 }  // namespace
 
 int MessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT type) {
-    NeedApplication();
     const CString shownText(text);
     const CString shownCaption(caption);
-    if (!CanBeSeen() && !ModalDriver::IsThere()) {
+    const int carefulAnswer = CarefulAnswer(ChoicesOf(type));
+    if (!NeedApplication() || !(CanBeSeen() || ModalDriver::IsThere())) {
         ReportMessage(shownText);
-        return CarefulAnswer(ChoicesOf(type));
+        return carefulAnswer;
     }
-    Box box(WidgetOf(owner), ToQt(shownText), ToQt(shownCaption), type);
-    return box.Run({shownCaption, shownText, owner, nullptr});
+    const QPointer<Box> box = new Box(WidgetOf(owner), ToQt(shownText), ToQt(shownCaption), type);
+    return Run(box, {shownCaption, shownText, owner, nullptr}, carefulAnswer);
 }

@@ -26,5 +26,6 @@ inline constexpr int IDNO = 7;
 // breaks count. Button captions are in the language of the interface.
 //
 // Where nobody can see a box (no display, and no ModalDriver) the text is reported as a message (platform/base/
-// Message.h) and the most careful answer given: IDCANCEL, else IDNO, else IDOK.
+// Message.h) and the most careful answer given: IDCANCEL, else IDNO, else IDOK. The same where there can be no box: in
+// another thread than the application's. A box whose owner is destroyed goes with it, and that answer is given too.
 ORVO_API int MessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT type);

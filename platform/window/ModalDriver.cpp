@@ -14,7 +14,11 @@ ModalDriver::ModalDriver(Answer answer) : m_answer(std::move(answer)), m_pOuter(
 }
 
 ModalDriver::~ModalDriver() {
-    s_pNewest = m_pOuter;
+    // Mostly it is the newest one that goes; whichever it is, the chain closes behind it.
+    ModalDriver** link = &s_pNewest;
+    while (*link != this)
+        link = &(*link)->m_pOuter;
+    *link = m_pOuter;
 }
 
 int ModalDriver::GetCount() const {
@@ -30,7 +34,8 @@ int ModalDriver::Ask(const ModalWindow& window) {
         return 0;
     ++s_pNewest->m_nCount;
     try {
-        return s_pNewest->m_answer(window);
+        const Answer answer = s_pNewest->m_answer;  // a copy: the driver may go while it answers
+        return answer(window);
     } catch (...) {
         return -1;  // nothing may pass through the event loop
     }

@@ -9,9 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QWidget>
-#include <clocale>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,12 +19,9 @@
 #include "platform/window/ModalDriver.h"
 #include "support/Recorder.h"
 #include "support/TableSwitch.h"
+#include "window/BoxOf.h"
 
 namespace {
-
-QMessageBox* BoxOf(const ModalWindow& window) {
-    return static_cast<QMessageBox*>(static_cast<QWidget*>(window.widget));
-}
 
 // The answer to a box in which this key is struck.
 int AfterKey(UINT type, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
@@ -85,6 +80,7 @@ TEST(MessageBox, LettersAnswerWithAndWithoutAlt) {
     EXPECT_EQ(AfterKey(MB_YESNO, Qt::Key_Y), IDYES);
     EXPECT_EQ(AfterKey(MB_YESNO, Qt::Key_N), IDNO);
     EXPECT_EQ(AfterKey(MB_YESNO, Qt::Key_N, Qt::ShiftModifier), IDNO);
+    EXPECT_EQ(AfterKey(MB_YESNO | MB_DEFBUTTON2, Qt::Key_Y, Qt::AltModifier), IDYES);
     EXPECT_EQ(AfterKey(MB_YESNO, Qt::Key_N, Qt::AltModifier), IDNO);
     EXPECT_TRUE(LeavesOpen(MB_YESNO, Qt::Key_X));
 }
@@ -141,15 +137,68 @@ TEST(MessageBox, ShowsTheIconAskedFor) {
     }
 }
 
-TEST(MessageBox, ALongPathStaysWithinTheScreen) {
+// Shows a box with this text and looks at its size.
+void ExpectWithinTheScreen(const std::wstring& text) {
+    const auto check = [](const QMessageBox& box) {
+        const QRect screen = box.screen()->availableGeometry();
+        EXPECT_LE(box.width(), screen.width());
+        const auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+        ASSERT_NE(label, nullptr);
+        // Nothing is cut off either: broken as the label breaks it, the text has room in the label.
+        const QRect room = label->contentsRect();
+        const QRect lines = label->fontMetrics().boundingRect(room, Qt::TextWordWrap, label->text());
+        EXPECT_LE(lines.width(), room.width());
+        EXPECT_LE(lines.height(), room.height());
+        for (const QAbstractButton* button : box.buttons())
+            EXPECT_TRUE(box.rect().contains(button->geometry()));
+    };
+    const ModalDriver driver([&](const ModalWindow& window) {
+        check(*BoxOf(window));
+        return IDOK;
+    });
+    MessageBox(nullptr, text.c_str(), L"caption", MB_OK | MB_ICONQUESTION);
+}
+
+TEST(MessageBox, LongFileNamesStayWithinTheScreen) {
     std::wstring path = L"C:";
     for (int i = 0; i < 60; ++i)
         path += L"\\一个很长的文件夹名";
-    const ModalDriver driver([](const ModalWindow& window) {
-        EXPECT_LE(BoxOf(window)->width(), BoxOf(window)->screen()->availableGeometry().width());
+    ExpectWithinTheScreen(path);
+    std::wstring latin;
+    for (int i = 0; i < 60; ++i)
+        latin += L"/a_rather_long_name_of_a_folder";
+    ExpectWithinTheScreen(latin);
+    // No place to break the line at.
+    ExpectWithinTheScreen(std::wstring(255, L'M') + L".avi 文件已经存在");
+    ExpectWithinTheScreen(L"C:\\" + std::wstring(255, L'_'));
+}
+
+TEST(MessageBox, LosesNoLetterOfALongName) {
+    const std::wstring name = std::wstring(100, L'M') + L"\\" + std::wstring(41, L'a') + L"e\u0301 b\nc/d";
+    QString shown;
+    const ModalDriver driver([&](const ModalWindow& window) {
+        shown = BoxOf(window)->text();
         return IDOK;
     });
-    MessageBox(nullptr, path.c_str(), L"caption", MB_OK);
+    MessageBox(nullptr, name.c_str(), L"caption", MB_OK);
+    EXPECT_TRUE(shown.contains(QString::fromUtf8("e\u0301"))) << "an accent stays with its letter";
+    EXPECT_EQ(shown.remove(QChar(0x200B)).toStdWString(), name);
+}
+
+TEST(MessageBox, ShowsMarkUpAsTyped) {
+    const auto widthOf = [](const wchar_t* text) {
+        int width = 0;
+        const ModalDriver driver([&](const ModalWindow& window) {
+            width = BoxOf(window)->findChild<QLabel*>("qt_msgbox_label")->sizeHint().width();
+            return IDOK;
+        });
+        MessageBox(nullptr, text, L"caption", MB_OK);
+        return width;
+    };
+    // With mark-up the picture's tag would take no room, and bold letters little more than plain ones.
+    const int letters = widthOf(L"sun");
+    EXPECT_GT(widthOf(L"<b>sun<b><img src='a'>"), letters * 4);
+    EXPECT_GT(widthOf(L"&sun&&sun"), widthOf(L"sun&sun")) << "each & is shown";
 }
 
 TEST(MessageBox, CaptionsOfButtonsAreTranslated) {
@@ -161,6 +210,39 @@ TEST(MessageBox, CaptionsOfButtonsAreTranslated) {
         return 0;
     });
     EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDYES);
+}
+
+TEST(MessageBox, ButtonsAreNamedForTestsAndForReaders) {
+    struct Named {
+        int command;
+        const char* caption;
+        const char* name;
+    };
+    const auto expect = [](UINT type, const std::vector<Named>& buttons) {
+        const ModalDriver driver([&](const ModalWindow& window) {
+            for (const Named& each : buttons) {
+                const auto* button = BoxOf(window)->findChild<QPushButton*>(QString("ID_%1").arg(each.command));
+                if (button == nullptr) {
+                    ADD_FAILURE() << each.command;
+                    continue;
+                }
+                EXPECT_EQ(button->text().toStdString(), each.caption);
+                EXPECT_EQ(button->accessibleName().toStdString(), each.name);
+            }
+            return IDOK;
+        });
+        MessageBox(nullptr, L"text", L"caption", type);
+    };
+    expect(MB_OKCANCEL, {{IDOK, "确定", "确定"}, {IDCANCEL, "取消", "取消"}});
+    expect(MB_YESNO, {{IDYES, "是(&Y)", "是(Y)"}, {IDNO, "否(&N)", "否(N)"}});
+
+    TeskLanguageSwitch languages;
+    g_pTeskLangSwitch = &languages;
+    ASSERT_TRUE(languages.SetLanguage(L"en"));
+    expect(MB_OKCANCEL, {{IDOK, "OK", "OK"}, {IDCANCEL, "Cancel", "Cancel"}});
+    expect(MB_YESNO, {{IDYES, "&Yes", "Yes"}, {IDNO, "&No", "No"}});
+    EXPECT_EQ(AfterKey(MB_YESNO, Qt::Key_N), IDNO);
+    languages.SetLanguage(L"zh");
 }
 
 TEST(MessageBox, BelongsToItsOwner) {
@@ -189,6 +271,34 @@ TEST(MessageBox, AnOwnerThatIsGoneIsNoOwner) {
     MessageBox(handle, L"text", L"caption", MB_OK);
 }
 
+TEST(MessageBox, BlocksItsOwnerOrElseTheProgram) {
+    const auto modality = [](HWND owner) {
+        Qt::WindowModality found = Qt::NonModal;
+        const ModalDriver driver([&](const ModalWindow& window) {
+            found = BoxOf(window)->windowModality();
+            return IDOK;
+        });
+        MessageBox(owner, L"text", L"caption", MB_OK);
+        return found;
+    };
+    EXPECT_EQ(modality(nullptr), Qt::ApplicationModal);
+    QWidget owner;
+    EXPECT_EQ(modality(reinterpret_cast<HWND>(&owner)), Qt::WindowModal);
+}
+
+TEST(MessageBox, GoesWithItsOwner) {
+    const ModalDriver first([](const ModalWindow&) { return IDOK; });
+    MessageBox(nullptr, L"text", L"caption", MB_OK);  // there is an application from now on
+    auto owner = std::make_unique<QWidget>();
+    const auto handle = reinterpret_cast<HWND>(owner.get());
+    const ModalDriver driver([&](const ModalWindow&) {
+        owner.reset();
+        return IDYES;
+    });
+    EXPECT_EQ(MessageBox(handle, L"text", L"caption", MB_YESNO), IDNO);
+    EXPECT_EQ(driver.GetCount(), 1);
+}
+
 TEST(MessageBox, WhereNobodySeesItTheCarefulAnswerIsGivenAndTheTextReported) {
     Recorder recorder;
     SetMessageSink(Recorder::Take, &recorder);
@@ -199,48 +309,6 @@ TEST(MessageBox, WhereNobodySeesItTheCarefulAnswerIsGivenAndTheTextReported) {
     EXPECT_EQ(MessageBox(nullptr, nullptr, nullptr, MB_OK), IDOK);
     SetMessageSink(nullptr, nullptr);
     EXPECT_EQ(recorder.texts, (std::vector<std::string>{"first", "second", "third", "fourth"}));
-}
-
-TEST(ModalDriver, TheNewestAnswersAndTheOneBeforeComesBack) {
-    const ModalDriver outer([](const ModalWindow&) { return IDYES; });
-    {
-        const ModalDriver inner([](const ModalWindow&) { return IDNO; });
-        EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDNO);
-        EXPECT_EQ(inner.GetCount(), 1);
-    }
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDYES);
-    EXPECT_EQ(outer.GetCount(), 1);
-    EXPECT_TRUE(ModalDriver::IsThere());
-}
-
-TEST(ModalDriver, ABoxMayOpenAnother) {
-    int depth = 0;
-    const ModalDriver driver([&](const ModalWindow&) {
-        if (++depth == 1) {
-            EXPECT_EQ(MessageBox(nullptr, L"inner", L"caption", MB_YESNO), IDNO);
-        }
-        return depth-- == 1 ? IDYES : IDNO;
-    });
-    EXPECT_EQ(MessageBox(nullptr, L"outer", L"caption", MB_YESNO), IDYES);
-    EXPECT_EQ(driver.GetCount(), 2);
-}
-
-TEST(ModalDriver, ACommandWithoutAButtonIsTheCarefulAnswer) {
-    const ModalDriver driver([](const ModalWindow&) { return 77; });
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDNO);
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_OK), IDOK);
-}
-
-TEST(ModalDriver, AnAnswerThatThrowsIsTheCarefulOne) {
-    const ModalDriver driver([](const ModalWindow&) -> int { throw std::runtime_error("no"); });
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDNO);
-}
-
-TEST(Application, KeepsNumbersWithAPoint) {
-    const ModalDriver driver([](const ModalWindow&) { return IDOK; });
-    MessageBox(nullptr, L"text", L"caption", MB_OK);
-    ASSERT_NE(QCoreApplication::instance(), nullptr);
-    EXPECT_STREQ(setlocale(LC_NUMERIC, nullptr), "C");
 }
 
 }  // namespace
