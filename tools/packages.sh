@@ -2,10 +2,12 @@
 
 # What building and running the program takes.
 PACKAGES_RUN="g++ cmake ninja-build pkgconf libxml2-dev libfmt-dev libcli11-dev nlohmann-json3-dev libedit-dev \
-libgl-dev libopengl-dev libegl-dev libegl-mesa0 libgl1-mesa-dri qt6-base-dev"
+libgl-dev libopengl-dev libegl-dev libegl-mesa0 libgl1-mesa-dri \
+qt6-base-dev fonts-noto-cjk"
 
 # What the tests, benchmarks and checks take besides.
-PACKAGES_TEST="libgtest-dev libgmp-dev libbenchmark-dev libxml2-utils ffmpeg valgrind clang clang-format clang-tidy libclang-rt-14-dev \
+PACKAGES_TEST="libgtest-dev libgmp-dev libbenchmark-dev libxml2-utils ffmpeg valgrind clang clang-format \
+clang-tidy libclang-rt-14-dev \
 locales python3 binutils"
 
 # install_missing PACKAGE...: installs those that are not there, or says which command would, and stops.
