@@ -10,11 +10,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "MedianReporter.h"
 #include "platform/base/CString.h"
 #include "platform/media/AviFile.h"
 #include "platform/media/CBitmap.h"
@@ -142,19 +142,6 @@ void FfmpegRawVideo(benchmark::State& state) {
     fs::remove(g_folder / "raw");
 }
 
-// Prints the usual table and remembers the medians, to compare them.
-class Recorder : public benchmark::ConsoleReporter {
-public:
-    Recorder() : ConsoleReporter(OO_Tabular) {}
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs)
-            if (run.aggregate_name == "median")
-                seconds[run.run_name.function_name] = run.GetAdjustedRealTime() / 1e3;
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> seconds;
-};
-
 }  // namespace
 
 BENCHMARK(PlainWrite)->UseManualTime()->Iterations(1)->Repetitions(kRounds)->Unit(benchmark::kMillisecond);
@@ -174,22 +161,22 @@ int main(int argc, char** argv) {
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    Recorder recorder;
+    MedianReporter recorder;
     benchmark::RunSpecifiedBenchmarks(&recorder);
     AVIFileExit();
     fs::remove_all(g_folder);
 
     const double megabytes = static_cast<double>(kFrameBytes) * kFrames / 1e6;
-    const double plain = recorder.seconds["PlainWrite"];
-    const double avi = recorder.seconds["AviStreamWrite"];
-    const double other = recorder.seconds["FfmpegRawVideo"];
+    const double plain = recorder.realSeconds["PlainWrite"];
+    const double avi = recorder.realSeconds["AviStreamWrite"];
+    const double other = recorder.realSeconds["FfmpegRawVideo"];
     if (plain > 0 && avi > 0)
         std::printf("AVIStreamWrite: %.0f MB/s, plain write(): %.0f MB/s, ratio %.2f (at least 0.8)\n", megabytes / avi,
                     megabytes / plain, plain / avi);
     if (other > 0 && avi > 0)
         std::printf("ffmpeg's rawvideo AVI: %.0f MB/s; ours is %.2f times as fast (at least 1)\n", megabytes / other,
                     other / avi);
-    if (recorder.seconds["ToEightBits"] > 0)
-        std::printf("1920x1080 to 8 bits: %.1f ms (at most 30)\n", recorder.seconds["ToEightBits"] * 1e3);
+    if (recorder.realSeconds["ToEightBits"] > 0)
+        std::printf("1920x1080 to 8 bits: %.1f ms (at most 30)\n", recorder.realSeconds["ToEightBits"] * 1e3);
     return 0;
 }

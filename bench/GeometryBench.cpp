@@ -8,11 +8,11 @@
 
 #include <cstddef>
 #include <cstdio>
-#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "MedianReporter.h"
 #include "flatgeometry/FlatGeometry.h"
 #include "geometry/QcGeFace3dEX.h"
 
@@ -194,26 +194,13 @@ bool Agree() {
     return AgreeOnOccluders(scene);
 }
 
-// Prints the usual table and remembers the medians, to compare them.
-class Recorder : public benchmark::ConsoleReporter {
-public:
-    Recorder() : ConsoleReporter(OO_Tabular) {}
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs)
-            if (run.aggregate_name == "median")
-                nanoseconds[run.run_name.function_name] = run.GetAdjustedCPUTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> nanoseconds;
-};
-
-void PrintRatio(const Recorder& recorder, const std::string& name, int calls, double atMost) {
-    const auto ours = recorder.nanoseconds.find(name);
-    const auto peer = recorder.nanoseconds.find(name + "Flat");
-    if (ours == recorder.nanoseconds.end() || peer == recorder.nanoseconds.end())
+void PrintRatio(const MedianReporter& recorder, const std::string& name, int calls, double atMost) {
+    const auto ours = recorder.cpuSeconds.find(name);
+    const auto peer = recorder.cpuSeconds.find(name + "Flat");
+    if (ours == recorder.cpuSeconds.end() || peer == recorder.cpuSeconds.end())
         return;
-    std::printf("%s: %.2f ns, flat: %.2f ns, ratio %.2f (at most %.1f)\n", name.c_str(), ours->second / calls,
-                peer->second / calls, ours->second / peer->second, atMost);
+    std::printf("%s: %.2f ns, flat: %.2f ns, ratio %.2f (at most %.1f)\n", name.c_str(), ours->second * 1e9 / calls,
+                peer->second * 1e9 / calls, ours->second / peer->second, atMost);
 }
 
 }  // namespace
@@ -240,7 +227,7 @@ int main(int argc, char** argv) {
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    Recorder recorder;
+    MedianReporter recorder;
     benchmark::RunSpecifiedBenchmarks(&recorder);
     PrintRatio(recorder, "CompareWithPoint", kFaces, 1.3);
     PrintRatio(recorder, "IsSunLightOn", kFaces, 1.3);
