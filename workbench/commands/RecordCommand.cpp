@@ -82,14 +82,28 @@ bool AsksYes(const CString& question) {
     return line == "y" || line == "Y" || line == "yes" || line == "是";
 }
 
+// The picture that the recording would replace; empty when it replaces none.
+CString FrameInTheWay(const Request& request) {
+    for (const CString& frame : request.frames) {
+        std::error_code error;
+        if (fs::equivalent(PathOf(frame), request.output, error))
+            return frame;
+    }
+    return CString();
+}
+
 // Whether the output may be written, as far as what is there now goes.
-int CheckOutput(const fs::path& output, bool isYes) {
+int CheckOutput(const Request& request, bool isYes) {
+    const fs::path& output = request.output;
     std::error_code error;
     const fs::file_status there = fs::status(output, error);
     if (!fs::exists(there))
         return kExitOk;
     if (!fs::is_regular_file(there))
         return Fail(SayFormat(L"“%s”不是普通文件，不能被录像替换", TextOf(output)));
+    const CString frame = FrameInTheWay(request);
+    if (!frame.IsEmpty())
+        return Fail(SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
     if (isYes)
         return kExitOk;
     if (!isatty(STDIN_FILENO))
@@ -207,7 +221,7 @@ int RunRecord(const RecordOptions& options, Output& output) {
     const int readCode = ReadRequest(options, request);
     if (readCode != kExitOk)
         return readCode;
-    const int outputCode = CheckOutput(request.output, options.isYes);
+    const int outputCode = CheckOutput(request, options.isYes);
     if (outputCode != kExitOk)
         return outputCode;
     const TemporaryFile temporary(request.output);

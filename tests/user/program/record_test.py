@@ -216,6 +216,17 @@ class Record(ProgramTest):
         self.assertIn("a.avi", self.refused(FAILED, "record", *self.frames(1), "-o", "a.avi", "--yes").err)
         self.assertEqual(os.listdir(self.path("a.avi")), [])
 
+    def test_a_picture_is_never_replaced_by_its_recording(self):
+        frames = self.frames(2)
+        os.symlink(frames[1], self.path("link.img"))
+        with open(self.path(frames[1]), "rb") as stream:
+            before = stream.read()
+        for output in (frames[1], os.path.join(".", frames[1]), "link.img"):
+            with self.subTest(output=output):
+                self.assertIn(frames[1], self.refused(FAILED, "record", *frames, "-o", output, "--yes").err)
+                with open(self.path(frames[1]), "rb") as stream:
+                    self.assertEqual(stream.read(), before)
+
     def test_a_full_disk_leaves_what_was_there(self):
         frames = self.frames(5)
         self.ok("record", *frames, "-o", "a.avi")
