@@ -7,6 +7,10 @@ enum ErrorStatus {
     eOk = 0,
     eInvalidInput,
     eKeyNotFound,
+    eOutOfMemory,
+    eCantOpenFile,   // a file cannot be read
+    eFileAccessErr,  // a file cannot be written
+    eBadDxfFile,     // a drawing file is not sound
 };
 
 }  // namespace Acad

@@ -1,0 +1,121 @@
+// Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change.
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "platform/host/AcDbDatabase.h"
+
+namespace {
+
+void Require(bool isTrue) {
+    if (!isTrue)
+        std::abort();
+}
+
+// A file in memory, with the name that the system gives it.
+class MemoryFile {
+public:
+    MemoryFile(const std::uint8_t* bytes, std::size_t size) : m_file(memfd_create("dxf", MFD_CLOEXEC)) {
+        Require(m_file >= 0 && write(m_file, bytes, size) == static_cast<ssize_t>(size));
+    }
+    ~MemoryFile() { close(m_file); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    CString Path() const { return FromUtf8("/proc/self/fd/" + std::to_string(m_file)); }
+
+private:
+    int m_file;
+};
+
+// A folder for what is saved, in memory where the system has one; gone at the end of the process.
+class SaveFolder {
+public:
+    SaveFolder() {
+        std::string name =
+            (std::filesystem::exists("/dev/shm") ? "/dev/shm" : "/tmp") + std::string("/dxf-fuzz-XXXXXX");
+        Require(mkdtemp(name.data()) != nullptr);
+        m_path = name;
+    }
+    ~SaveFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+    SaveFolder(const SaveFolder&) = delete;
+    SaveFolder& operator=(const SaveFolder&) = delete;
+
+    std::string File() const { return m_path + "/saved.dxf"; }
+
+private:
+    std::string m_path;
+};
+
+std::string Saved(AcDbDatabase& database) {
+    static const SaveFolder folder;
+    Require(database.dxfOut(FromUtf8(folder.File())) == Acad::eOk);
+    std::ifstream file(folder.File(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// Drops, replaces and adds a group of an entity, as the entity's own bytes decide.
+void ChangeEntity(AcDbDatabase& database, std::size_t index) {
+    const AcDbObjectId id = database.GetEntityId(index);
+    std::vector<DxfGroup> groups;
+    Require(database.GetGroups(id, groups) && !groups.empty() && groups[0].nCode == 0);
+    const std::vector<DxfGroup> before = groups;
+    for (const DxfGroup& group : groups) {
+        const CString text = database.Decode(group.strValue);
+        std::string bytes;
+        if (database.Encode(text, bytes))
+            Require(database.Decode(bytes) == text);
+    }
+    if (groups.size() > 3)
+        groups.erase(groups.begin() + static_cast<std::ptrdiff_t>(2 + groups.size() % (groups.size() - 2)));
+    groups.back().strValue += groups.size() > 1 ? "x" : "";
+    groups.push_back({1000, "added"});
+    const bool isChanged = database.SetGroups(id, groups);
+    std::vector<DxfGroup> after;
+    Require(database.GetGroups(id, after) && after == (isChanged ? groups : before));
+    const std::uint64_t handle = database.GetHandle(id);
+    Require(handle == 0 || !database.FindHandle(handle).isNull());
+}
+
+std::vector<std::vector<DxfGroup>> AllEntities(const AcDbDatabase& database) {
+    std::vector<std::vector<DxfGroup>> all(database.GetEntityCount());
+    for (std::size_t i = 0; i < all.size(); ++i)
+        Require(database.GetGroups(database.GetEntityId(i), all[i]));
+    return all;
+}
+
+void TryDrawing(const std::uint8_t* data, std::size_t size) {
+    const MemoryFile file(data, size);
+    AcDbDatabase database;
+    CString message;
+    const Acad::ErrorStatus status = database.dxfIn(file.Path(), &message);
+    Require((status == Acad::eOk) == message.IsEmpty());
+    if (status != Acad::eOk)
+        return;
+    Require(Saved(database) == std::string(reinterpret_cast<const char*>(data), size));
+    for (std::size_t i = 0; i < database.GetEntityCount(); i += 2)
+        ChangeEntity(database, i);
+    const std::vector<std::vector<DxfGroup>> changed = AllEntities(database);
+    const std::string saved = Saved(database);
+    const MemoryFile again(reinterpret_cast<const std::uint8_t*>(saved.data()), saved.size());
+    Require(database.dxfIn(again.Path(), &message) == Acad::eOk && AllEntities(database) == changed);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    TryDrawing(data, size);
+    return 0;
+}

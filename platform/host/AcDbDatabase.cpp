@@ -1,0 +1,157 @@
+// The drawing database: an open drawing that is replaced as a whole, and the boundary that no exception crosses.
+#include "platform/host/AcDbDatabase.h"
+
+#include <new>
+#include <utility>
+
+#include "platform/base/AtomicFile.h"
+#include "platform/base/Language.h"
+#include "platform/base/Message.h"
+#include "platform/base/Support.h"
+#include "platform/host/CurrentDrawing.h"
+#include "platform/host/DxfDrawing.h"
+
+namespace {
+
+// Runs an action; where memory runs out the result is `failed`.
+template <class Result, class Action>
+Result Guarded(Result failed, const Action& action) {
+    try {
+        return action();
+    } catch (...) {
+        return failed;
+    }
+}
+
+Acad::ErrorStatus Tell(Acad::ErrorStatus status, const CString& text, CString* message) {
+    if (message)
+        *message = text;
+    else
+        ReportMessage(text);
+    return status;
+}
+
+Acad::ErrorStatus TellOutOfMemory(CString* message) {
+    return Guarded(Acad::eOutOfMemory, [=] {
+        return Tell(Acad::eOutOfMemory, PlatformText(L"内存不足，无法打开或保存图形文件。"), message);
+    });
+}
+
+}  // namespace
+
+AcDbDatabase::AcDbDatabase() = default;
+
+AcDbDatabase::~AcDbDatabase() {
+    OnDrawingClosed(this);
+}
+
+Acad::ErrorStatus AcDbDatabase::dxfIn(const wchar_t* path, CString* message) {
+    try {
+        if (message)
+            message->Empty();
+        if (!path || !*path)
+            return Tell(Acad::eInvalidInput, PlatformText(L"没有给出图形文件名。"), message);
+        auto drawing = std::make_unique<DxfDrawing>();
+        CString text;
+        const Acad::ErrorStatus status = drawing->Read(path, text);
+        if (status != Acad::eOk)
+            return Tell(status, text, message);
+        m_pDrawing = std::move(drawing);
+        OnDrawingRead(this);
+        return Acad::eOk;
+    } catch (...) {
+        return TellOutOfMemory(message);
+    }
+}
+
+Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
+    try {
+        if (message)
+            message->Empty();
+        if (!path || !*path)
+            return Tell(Acad::eInvalidInput, PlatformText(L"没有给出图形文件名。"), message);
+        if (!m_pDrawing)
+            return Tell(Acad::eInvalidInput, PlatformText(L"没有可以保存的图形。"), message);
+        CString text;
+        if (IsInstalledDataPath(path)) {
+            text.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
+            return Tell(Acad::eFileAccessErr, text, message);
+        }
+        std::string storage;
+        const std::string_view bytes = m_pDrawing->WholeText(storage);
+        if (bytes.empty() || !SaveFileAtomically(path, bytes, nullptr)) {
+            text.Format(PlatformText(L"图形文件“%s”没有保存，原来的文件没有改变。"), path);
+            return Tell(Acad::eFileAccessErr, text, message);
+        }
+        m_pDrawing->m_bModified = false;
+        return Acad::eOk;
+    } catch (...) {
+        return TellOutOfMemory(message);
+    }
+}
+
+bool AcDbDatabase::IsModified() const {
+    return m_pDrawing && m_pDrawing->m_bModified;
+}
+
+std::size_t AcDbDatabase::GetEntityCount() const {
+    return m_pDrawing ? m_pDrawing->GetIndex().GetEntityCount() : 0;
+}
+
+AcDbObjectId AcDbDatabase::GetEntityId(std::size_t index) const {
+    if (index >= GetEntityCount())
+        return {};
+    return m_pDrawing->IdOf(m_pDrawing->GetIndex().GetEntity(index));
+}
+
+AcDbObjectId AcDbDatabase::FindHandle(std::uint64_t handle) const {
+    return m_pDrawing ? m_pDrawing->IdOf(m_pDrawing->GetIndex().FindHandle(handle)) : AcDbObjectId();
+}
+
+std::uint64_t AcDbDatabase::GetHandle(AcDbObjectId id) const {
+    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
+    return entry == DxfIndex::kNone ? 0 : m_pDrawing->HandleOf(entry);
+}
+
+bool AcDbDatabase::IsSymbolTableRecord(AcDbObjectId id) const {
+    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
+    return entry != DxfIndex::kNone && m_pDrawing->GetIndex().GetKind(entry) == DxfKind::TableRecord;
+}
+
+bool AcDbDatabase::GetGroups(AcDbObjectId id, std::vector<DxfGroup>& groups) const {
+    groups.clear();
+    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
+    return entry != DxfIndex::kNone && Guarded(false, [&] {
+               groups = ReadDxfGroups(m_pDrawing->TextOf(entry));
+               return true;
+           });
+}
+
+bool AcDbDatabase::SetGroups(AcDbObjectId id, const std::vector<DxfGroup>& groups) {
+    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
+    return entry != DxfIndex::kNone && Guarded(false, [&] { return m_pDrawing->SetGroups(entry, groups); });
+}
+
+bool AcDbDatabase::GetHeaderVariable(const char* name, std::vector<DxfGroup>& groups) const {
+    groups.clear();
+    if (!m_pDrawing || !name)
+        return false;
+    const bool isFound = Guarded(false, [&] { return m_pDrawing->GetHeaderVariable(name, groups); });
+    if (!isFound)
+        groups.clear();
+    return isFound;
+}
+
+CString AcDbDatabase::Decode(std::string_view bytes) const {
+    return Guarded(CString(),
+                   [&] { return m_pDrawing ? m_pDrawing->GetCodec().Decode(bytes) : DxfTextCodec().Decode(bytes); });
+}
+
+bool AcDbDatabase::Encode(const CString& text, std::string& bytes) const {
+    const bool isGood = Guarded(false, [&] {
+        return m_pDrawing ? m_pDrawing->GetCodec().Encode(text, bytes) : DxfTextCodec().Encode(text, bytes);
+    });
+    if (!isGood)
+        bytes.clear();
+    return isGood;
+}

@@ -1,0 +1,29 @@
+// The name of an object in an open drawing.
+#pragma once
+
+#include <cstdint>
+
+// A value that stands for one object of one open drawing. An id is given once in a process: after the drawing has been
+// closed, or read anew, its ids name nothing. The null id (the default) names nothing either.
+class AcDbObjectId {
+public:
+    constexpr AcDbObjectId() = default;
+
+    constexpr bool isNull() const { return m_nValue == 0; }
+    constexpr void setNull() { m_nValue = 0; }
+
+    // The id as a number, and an id from such a number. The order of ids has no meaning; it only makes them keys.
+    constexpr std::uint64_t asOldId() const { return m_nValue; }
+    static constexpr AcDbObjectId FromOldId(std::uint64_t value) {
+        AcDbObjectId id;
+        id.m_nValue = value;
+        return id;
+    }
+
+    constexpr bool operator==(const AcDbObjectId& other) const { return m_nValue == other.m_nValue; }
+    constexpr bool operator!=(const AcDbObjectId& other) const { return m_nValue != other.m_nValue; }
+    constexpr bool operator<(const AcDbObjectId& other) const { return m_nValue < other.m_nValue; }
+
+private:
+    std::uint64_t m_nValue = 0;
+};

@@ -1,0 +1,11 @@
+// The unit of length of the host's drawing.
+#pragma once
+
+#include "platform/base/Api.h"
+
+// Nonzero when the drawing that is open in the host (acdbCurDwg) is in metres, that is when its header variable
+// $INSUNITS is 6; 0 otherwise, and without a drawing.
+ORVO_API int QcDbGetDrawUnit();
+
+// The same as a flag. It is set whenever a drawing becomes the host's, the host's drawing is read anew or goes away.
+ORVO_API extern bool g_bMeterUnitDraw;

@@ -1,0 +1,137 @@
+// Ids, changed objects and the header of an open drawing.
+#include "platform/host/DxfDrawing.h"
+
+#include <atomic>
+
+namespace {
+
+// The next id that has not been given yet.
+std::atomic<std::uint64_t> g_nNextId{1};
+
+constexpr int kVariable = 9;
+
+std::string FirstValue(const std::vector<DxfGroup>& groups) {
+    return groups.empty() ? std::string() : std::string(TrimDxfValue(groups[0].strValue));
+}
+
+}  // namespace
+
+Acad::ErrorStatus DxfDrawing::Read(const wchar_t* path, CString& message) {
+    const Acad::ErrorStatus status = m_file.Read(path, message);
+    if (status != Acad::eOk)
+        return status;
+    DxfFault fault{};
+    std::size_t place = 0;
+    if (!m_index.Build(m_file.View(), fault, place)) {
+        message = DxfFaultMessage(path, m_file.View(), fault, place);
+        return Acad::eBadDxfFile;
+    }
+    m_style = DxfStyleOf(m_file.View());
+    m_codec = ChooseCodec();
+    m_nFirstId = g_nNextId.fetch_add(m_index.GetCount());
+    return Acad::eOk;
+}
+
+DxfTextCodec DxfDrawing::ChooseCodec() const {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    constexpr std::string_view kFirstUtf8 = "AC1021";
+    std::vector<DxfGroup> groups;
+    GetHeaderVariable("$ACADVER", groups);
+    if (m_file.View().substr(0, kByteOrderMark.size()) == kByteOrderMark || FirstValue(groups) >= kFirstUtf8)
+        return DxfTextCodec("UTF-8");
+    GetHeaderVariable("$DWGCODEPAGE", groups);
+    return DxfTextCodec(FirstValue(groups));
+}
+
+std::size_t DxfDrawing::EntryOf(AcDbObjectId id) const {
+    const std::uint64_t entry = id.asOldId() - m_nFirstId;
+    if (id.asOldId() < m_nFirstId || entry >= m_index.GetCount())
+        return DxfIndex::kNone;
+    const auto known = static_cast<std::size_t>(entry);
+    return m_index.GetKind(known) == DxfKind::Structure ? DxfIndex::kNone : known;
+}
+
+AcDbObjectId DxfDrawing::IdOf(std::size_t entry) const {
+    return entry == DxfIndex::kNone ? AcDbObjectId() : AcDbObjectId::FromOldId(m_nFirstId + entry);
+}
+
+std::string_view DxfDrawing::ReadText(std::size_t entry) const {
+    const std::size_t begin = m_index.GetBegin(entry);
+    return m_file.View().substr(begin, m_index.GetEnd(entry) - begin);
+}
+
+std::string_view DxfDrawing::TextOf(std::size_t entry) const {
+    const auto changed = m_changes.find(entry);
+    return changed == m_changes.end() ? ReadText(entry) : std::string_view(changed->second);
+}
+
+std::uint64_t DxfDrawing::HandleOf(std::size_t entry) const {
+    // A change never touches it. The scan stops early, as the handle stands near the top.
+    const std::string_view text = ReadText(entry);
+    DxfScanner scanner(text);
+    DxfRawGroup group;
+    int code = 0;
+    while (scanner.Next(group)) {
+        if (group.nCode == 0)
+            code = DxfHandleCode(m_index.GetKind(entry), TrimDxfValue(group.ValueIn(text)));
+        else if (group.nCode == code)
+            return ParseDxfHandle(group.ValueIn(text));
+    }
+    return 0;
+}
+
+bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups) {
+    if (!AreDxfGroupsSound(groups))
+        return false;
+    const std::string_view text = TextOf(entry);
+    const std::vector<DxfGroup> before = ReadDxfGroups(text);
+    const int handleCode = DxfHandleCode(m_index.GetKind(entry), TrimDxfValue(before[0].strValue));
+    if (IdentityOf(before, handleCode) != IdentityOf(groups, handleCode))
+        return false;
+    if (before == groups)
+        return true;
+    m_changes[entry] = RewriteDxfObject(text, groups, m_style);
+    m_bModified = true;
+    return true;
+}
+
+bool DxfDrawing::GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const {
+    groups.clear();
+    if (m_index.GetHeader() == DxfIndex::kNone)
+        return false;
+    const std::string_view text = ReadText(m_index.GetHeader());
+    DxfScanner scanner(text);
+    DxfRawGroup group;
+    bool isFound = false;
+    while (scanner.Next(group)) {
+        if (group.nCode == kVariable) {
+            if (isFound)
+                break;
+            isFound = TrimDxfValue(group.ValueIn(text)) == name;
+        } else if (isFound && group.nCode != kDxfComment) {
+            groups.push_back({group.nCode, std::string(group.ValueIn(text))});
+        }
+    }
+    return isFound;
+}
+
+std::string_view DxfDrawing::WholeText(std::string& storage) const {
+    const std::string_view all = m_file.View();
+    if (m_changes.empty())
+        return all;
+    std::size_t size = all.size();
+    for (const auto& [entry, text] : m_changes)
+        size += text.size() - ReadText(entry).size();
+    if (size > kLargestDxfFile)
+        return {};
+    storage.reserve(size);
+    std::size_t done = 0;
+    for (const auto& [entry, text] : m_changes) {
+        const std::size_t begin = m_index.GetBegin(entry);
+        storage += all.substr(done, begin - done);
+        storage += text;
+        done = m_index.GetEnd(entry);
+    }
+    storage += all.substr(done);
+    return storage;
+}

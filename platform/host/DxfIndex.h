@@ -1,0 +1,93 @@
+// Where the objects of a drawing file lie in its text, found in one pass that also checks the file's structure.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/host/DxfScanner.h"
+
+// Why a text is no drawing.
+enum class DxfFault {
+    NoNumber,
+    CodeOutOfRange,
+    NoValue,
+    LongLine,
+    ZeroByte,
+    SectionExpected,  // something stands where only a section or the end of the file may
+    NameExpected,     // a section without its name
+    SectionOpen,      // a section begins, or the file ends, inside another section
+    TableExpected,    // a record outside a table
+    TableOpen,        // a table or the section's end inside a table
+    BlockExpected,    // an entity outside a block
+    BlockOpen,        // a block or the section's end inside a block
+    NoEnd,            // no EOF
+};
+
+// What an entry of the index is. Structure has no data of its own and cannot be asked for: the heads and ends of
+// sections, ends of tables, the end of the file, and all that stands in other sections.
+enum class DxfKind : std::uint8_t { Structure, TableHead, TableRecord, BlockPart, Entity, Object };
+
+// One entry for each group 0, in the file's order: 5 bytes, and 16 for one with a handle.
+class DxfIndex {
+public:
+    // Indexes a text of less than 4 GiB. False: `fault` at the offset `place`, and the index is of no use.
+    bool Build(std::string_view text, DxfFault& fault, std::size_t& place);
+
+    std::size_t GetCount() const { return m_begins.size(); }
+    DxfKind GetKind(std::size_t entry) const { return m_kinds[entry]; }
+    std::size_t GetBegin(std::size_t entry) const { return m_begins[entry]; }
+    // Where the next entry begins. Not for the last one, the end of the file.
+    std::size_t GetEnd(std::size_t entry) const { return m_begins[entry + 1]; }
+
+    std::size_t GetEntityCount() const { return m_entities; }
+    std::size_t GetEntity(std::size_t index) const;
+    // The entry with a handle, kNone for none.
+    std::size_t FindHandle(std::uint64_t handle) const;
+    // The entry that holds the header variables, kNone for none.
+    std::size_t GetHeader() const { return m_header; }
+
+    static constexpr std::size_t kNone = SIZE_MAX;
+
+private:
+    enum class Section { None, Unnamed, Other, Tables, Blocks, Entities, Objects };
+    struct Run {  // entities that follow each other
+        std::size_t firstIndex;
+        std::size_t firstEntry;
+    };
+
+    bool OnGroup(const DxfRawGroup& group, std::string_view text);
+    bool OnBegin(std::string_view type);
+    bool OnSectionName(const DxfRawGroup& group, std::string_view name);
+    bool BeginInSection(std::string_view type);
+    bool BeginInTables(std::string_view type);
+    bool BeginInBlocks(std::string_view type);
+    bool EndSection();
+    bool Refuse(DxfFault fault) {
+        m_fault = fault;
+        return false;
+    }
+
+    std::vector<std::uint32_t> m_begins;
+    std::vector<DxfKind> m_kinds;
+    std::vector<std::pair<std::uint64_t, std::uint32_t>> m_handles;  // in order, with their entries
+    std::vector<Run> m_runs;
+    std::size_t m_entities = 0;
+    std::size_t m_header = kNone;
+
+    // While it is being built.
+    Section m_section = Section::None;
+    bool m_isInTable = false;
+    bool m_isInBlock = false;
+    bool m_isAtEnd = false;
+    DxfKind m_kind = DxfKind::Structure;
+    int m_handleCode = 0;  // of the group that would be the current entry's handle; 0: it has no handle, or has had it
+    DxfFault m_fault = DxfFault::NoEnd;
+};
+
+// A handle's number; 0 for what is none.
+std::uint64_t ParseDxfHandle(std::string_view value);
+// The code of the group that holds the handle of an object of this type.
+int DxfHandleCode(DxfKind kind, std::string_view type);
