@@ -1,0 +1,31 @@
+// Gathering points.
+#include "platform/host/GroupItems.h"
+
+#include "platform/host/GroupStorage.h"
+
+namespace {
+
+// How many of the groups from `first` on make one value.
+std::size_t CountCoordinates(const std::vector<DxfGroup>& groups, std::size_t first) {
+    const int code = groups[first].nCode;
+    if (StorageOf(code) != GroupStorage::Point)
+        return 1;
+    std::size_t count = 1;
+    while (count < 3 && first + count < groups.size()) {
+        const int expected = code + 10 * static_cast<int>(count);
+        const bool isElevation = expected == 38;  // a number of its own: the point 18 has no z
+        if (groups[first + count].nCode != expected || isElevation)
+            break;
+        ++count;
+    }
+    return count;
+}
+
+}  // namespace
+
+std::vector<GroupItem> GatherGroups(const std::vector<DxfGroup>& groups) {
+    std::vector<GroupItem> items;
+    for (std::size_t i = 0; i < groups.size(); i += items.back().count)
+        items.push_back({groups[i].nCode, i, CountCoordinates(groups, i)});
+    return items;
+}
