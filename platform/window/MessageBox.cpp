@@ -5,18 +5,17 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
 #include <QString>
 #include <QTextBoundaryFinder>
-#include <QTimer>
 #include <vector>
 
 #include "platform/base/CString.h"
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
 #include "platform/window/Application.h"
-#include "platform/window/ModalDriver.h"
+#include "platform/window/ModalRun.h"
+#include "platform/window/QtText.h"
 
 namespace {
 
@@ -79,11 +78,6 @@ int EscapeAnswer(const std::vector<Choice>& choices) {
     return last == IDNO ? 0 : last;
 }
 
-QString ToQt(const CString& text) {
-    const std::string utf8 = ToUtf8(text.View());
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 // A long path has no blanks to break at: it may be broken behind each separator, and a name that fills a line of its
 // own anywhere between two letters. Without that the toolkit cuts the rest of it off.
 QString Breakable(QString text) {
@@ -122,7 +116,7 @@ public:
         setObjectName("MessageBox");
         setAccessibleName(caption);
         for (const Choice& choice : m_choices) {
-            QPushButton* button = addButton(ToQt(PlatformText(choice.caption)), choice.role);
+            QPushButton* button = addButton(ToQString(PlatformText(choice.caption)), choice.role);
             button->setObjectName(QString("ID_%1").arg(choice.command));
             button->setAccessibleName(button->text().remove('&'));
             m_buttons.push_back(button);
@@ -130,14 +124,8 @@ public:
         setDefaultButton(m_buttons[DefaultOf(type, m_buttons.size())]);
     }
 
-    // Whether the driver may answer: its keys would be lost in a box that is not active yet. To be called once in
-    // each turn of the event loop, since some window systems activate nothing.
-    bool IsReady() { return isVisible() && (isActiveWindow() || ++m_waits >= kMostWaits); }
-
     // Carries out a driver's answer, unless its keys have ended the box already.
     void Press(int command) {
-        if (command == 0 || !isVisible())
-            return;
         for (std::size_t i = 0; i < m_choices.size(); ++i) {
             if (m_choices[i].command == command) {
                 m_buttons[i]->click();
@@ -181,8 +169,6 @@ protected:
     }
 
 private:
-    static constexpr int kMostWaits = 1000;
-
     // Ends the box without a button; an answer of 0 leaves it open.
     void Finish(int answer) {
         if (answer == 0 || clickedButton() != nullptr)
@@ -194,28 +180,14 @@ private:
     std::vector<Choice> m_choices;
     std::vector<QPushButton*> m_buttons;
     int m_answer = 0;
-    int m_waits = 0;
 };
 
 // Shows the box until it is answered. It goes with its owner, should that be closed meanwhile.
-int Run(const QPointer<Box>& box, ModalWindow window, int carefulAnswer) {
-    window.widget = static_cast<QWidget*>(box.data());
-    QTimer timer;
-    timer.callOnTimeout(box.data(), [&box, &window, &timer] {
-        if (!box->IsReady())
-            return;
-        timer.stop();
-        const int command = ModalDriver::Ask(window);
-        if (!box.isNull())
-            box->Press(command);
-    });
-    if (ModalDriver::IsThere())
-        timer.start(0);
-    box->exec();
-    if (box.isNull())
+int Run(Box* box, const ModalWindow& window, int carefulAnswer) {
+    if (!RunModal(box, window, [box](int command) { box->Press(command); }))
         return carefulAnswer;
     const int answer = box->Answer();
-    delete box.data();
+    delete box;
     return answer;
 }
 
@@ -225,10 +197,10 @@ int MessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT typ
     const CString shownText(text);
     const CString shownCaption(caption);
     const int carefulAnswer = CarefulAnswer(ChoicesOf(type));
-    if (!NeedApplication() || !(CanBeSeen() || ModalDriver::IsThere())) {
+    if (!CanBeAnswered()) {
         ReportMessage(shownText);
         return carefulAnswer;
     }
-    const QPointer<Box> box = new Box(WidgetOf(owner), ToQt(shownText), ToQt(shownCaption), type);
+    auto* box = new Box(WidgetOf(owner), ToQString(shownText), ToQString(shownCaption), type);
     return Run(box, {shownCaption, shownText, owner, nullptr}, carefulAnswer);
 }

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Looks for texts that the program shows and that a language does not translate.
 
-A text is any wide literal with a character beyond ASCII in the sources of the platform, the module and the workbench.
-Each has to stand in every language table, under its own module, or in untranslated.txt (there a line names a text, or
-after "file " a source whose texts are all data).
+A text is any literal with a character beyond ASCII: a wide one in the sources of the platform, the module and the
+workbench, any one in a resource script. Each has to stand in every language table, under its own module, or in
+untranslated.txt (there a line names a text, or after "file " a source whose texts are all data).
 """
 import glob
 import os
@@ -14,7 +14,7 @@ import xml.etree.ElementTree as ET
 ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
 NAME = "{urn:orvo:dictionary}name"
 KEYS = {"platform": "ORVOPLATFORM", "module": "ORVODATABASE", "workbench": "ORVOWORKBENCH"}
-LITERAL = re.compile(r'L"((?:[^"\\]|\\.)*)"((?:\s*L?"(?:[^"\\]|\\.)*")*)')
+LITERAL = re.compile(r'(?<!\w)L"((?:[^"\\]|\\.)*)"((?:\s*L?"(?:[^"\\]|\\.)*")*)')
 
 
 def read(path):
@@ -26,18 +26,30 @@ def unescape(text):
     return text.replace("\\n", "\n").replace('\\"', '"').replace("\\\\", "\\")
 
 
+def texts_of_script(script):
+    """Every text of a resource script, where a quotation mark within a text is doubled."""
+    return [unescape(text.replace('""', '"')) for text in re.findall(r'"((?:[^"\\]|""|\\.)*)"', script)]
+
+
+def texts_of_source(source):
+    """Every text of a C++ source, with adjacent literals joined as the compiler joins them."""
+    texts = []
+    for match in LITERAL.finditer(source):
+        more = re.findall(r'"((?:[^"\\]|\\.)*)"', match.group(2))
+        texts.append(unescape(match.group(1) + "".join(more)))
+    return texts
+
+
 def texts_of(room):
-    """Every text of a component's sources, with adjacent literals joined as the compiler joins them."""
+    """Every text of a component's sources and scripts."""
     found = {}
     for folder, _, files in os.walk(os.path.join(ROOT, room)):
         for name in files:
-            if not name.endswith((".cpp", ".h")):
+            if not name.endswith((".cpp", ".h", ".rc")):
                 continue
-            source = read(os.path.join(folder, name))
-            source = re.sub(r"//[^\n]*", "", source)
-            for match in LITERAL.finditer(source):
-                more = re.findall(r'"((?:[^"\\]|\\.)*)"', match.group(2))
-                text = unescape(match.group(1) + "".join(more))
+            source = re.sub(r"//[^\n]*", "", read(os.path.join(folder, name)))
+            texts = texts_of_script(source) if name.endswith(".rc") else texts_of_source(source)
+            for text in texts:
                 if any(ord(character) > 127 for character in text):
                     found[text] = os.path.relpath(os.path.join(folder, name), ROOT)
     return found

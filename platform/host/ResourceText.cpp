@@ -1,0 +1,43 @@
+// A short table: there are as many scripts as modules with dialogs, and a look-up comes before a dialog is shown.
+#include "platform/host/ResourceText.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Entry {
+    HINSTANCE module = nullptr;
+    std::string_view text;  // empty: the place is free
+};
+
+constinit std::array<Entry, 64> g_texts;
+
+Entry* FindEntry(HINSTANCE module) {
+    const auto found = std::find_if(g_texts.begin(), g_texts.end(), [module](const Entry& entry) {
+        return entry.module == module && !entry.text.empty();
+    });
+    return found == g_texts.end() ? nullptr : &*found;
+}
+
+Entry* FindFreeEntry() {
+    const auto found =
+        std::find_if(g_texts.begin(), g_texts.end(), [](const Entry& entry) { return entry.text.empty(); });
+    return found == g_texts.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+bool AfxSetResourceText(HINSTANCE module, std::string_view text) {
+    Entry* entry = FindEntry(module);
+    if (!entry && !text.empty())
+        entry = FindFreeEntry();
+    if (entry)
+        *entry = text.empty() ? Entry() : Entry{module, text};
+    return entry || text.empty();
+}
+
+std::string_view AfxGetResourceText(HINSTANCE module) {
+    const Entry* entry = FindEntry(module);
+    return entry ? entry->text : std::string_view();
+}

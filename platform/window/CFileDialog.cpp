@@ -1,0 +1,156 @@
+// The toolkit's file dialog; the desktop's own where there is one.
+#include "platform/window/CFileDialog.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPointer>
+#include <memory>
+
+#include "platform/base/Language.h"
+#include "platform/base/Message.h"
+#include "platform/window/Application.h"
+#include "platform/window/ModalRun.h"
+#include "platform/window/QtText.h"
+
+namespace {
+
+// What the next dialogs are answered with by a test; none while null.
+std::unique_ptr<CString>& NextFile() {
+    static std::unique_ptr<CString> next;
+    return next;
+}
+
+// "Description|*.a;*.b|...||" as the toolkit has it: "Description (*.a *.b)". A description that names its patterns
+// already is not given them twice.
+QStringList Filters(const CString& filter) {
+    CStringArray parts;
+    CutStrToArr(filter, L"|", parts);
+    QStringList filters;
+    for (int i = 0; i + 1 < parts.GetSize(); i += 2) {
+        QString description = ToQString(parts.GetAt(i));
+        const QString patterns = ToQString(parts.GetAt(i + 1)).replace(';', ' ');
+        if (patterns.isEmpty())
+            break;
+        const qsizetype bracket = description.lastIndexOf('(');
+        if (bracket > 0 && description.endsWith(')'))
+            description = description.left(bracket).trimmed();
+        filters << description + " (" + (patterns == "*.*" ? QString("*") : patterns) + ")";
+    }
+    return filters;
+}
+
+// The toolkit's dialog with our captions and our questions.
+class FileDialog : public QFileDialog {
+public:
+    FileDialog(QWidget* owner, bool open, DWORD flags) : QFileDialog(owner) {
+        setObjectName("FileDialog");
+        setOption(DontUseNativeDialog, ModalDriver::IsThere());
+        setAcceptMode(open ? AcceptOpen : AcceptSave);
+        m_bMustExist = open && (flags & OFN_FILEMUSTEXIST) != 0;
+        m_bAsk = !open && (flags & OFN_OVERWRITEPROMPT) != 0;
+        setFileMode(m_bMustExist ? ExistingFile : AnyFile);
+        setOption(DontConfirmOverwrite, !m_bAsk || IsOurs());
+        setWindowTitle(ToQString(open ? PlatformText(L"打开文件") : PlatformText(L"保存文件")));
+        setLabelText(LookIn, ToQString(PlatformText(L"位置：")));
+        setLabelText(FileName, ToQString(PlatformText(L"文件名(&N)：")));
+        setLabelText(FileType, ToQString(PlatformText(L"文件类型(&T)：")));
+        setLabelText(Accept, ToQString(open ? PlatformText(L"打开(&O)") : PlatformText(L"保存(&S)")));
+        setLabelText(Reject, ToQString(PlatformText(L"取消")));
+    }
+
+    // Carries out a driver's answer. What cannot be accepted is left.
+    void Press(int command) {
+        const QPointer<FileDialog> alive = this;
+        if (command == IDOK)
+            accept();
+        if (!alive.isNull() && isVisible())
+            reject();
+    }
+
+protected:
+    void accept() override {
+        const QPointer<FileDialog> alive = this;
+        if (!IsOurs() || MayAccept()) {
+            if (!alive.isNull())
+                QFileDialog::accept();
+        }
+    }
+
+private:
+    // Whether the toolkit shows it, and not the desktop, which asks its own questions.
+    bool IsOurs() const { return findChild<QWidget*>("fileNameEdit") != nullptr; }
+
+    bool MayAccept() {
+        const QStringList files = selectedFiles();
+        const QFileInfo file(files.isEmpty() ? QString() : files.front());
+        if (files.isEmpty() || file.isDir())
+            return true;
+        const HWND box = reinterpret_cast<HWND>(static_cast<QWidget*>(this));
+        const CString name = FromQString(file.fileName());
+        const CString title = FromQString(windowTitle());
+        CString text;
+        if (m_bMustExist && !file.exists()) {
+            text.Format(PlatformText(L"文件“%s”不存在。"), name);
+            ::MessageBox(box, text, title, MB_ICONEXCLAMATION);
+            return false;
+        }
+        if (!m_bAsk || !file.exists())
+            return true;
+        text.Format(PlatformText(L"文件“%s”已经存在。要替换它吗？"), name);
+        return ::MessageBox(box, text, title, MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES;
+    }
+
+    bool m_bMustExist = false;
+    bool m_bAsk = false;
+};
+
+}  // namespace
+
+CFileDialog::CFileDialog(BOOL openFile, const wchar_t* defaultExtension, const wchar_t* fileName, DWORD flags,
+                         const wchar_t* filter, CWnd* parent)
+    : m_bOpen(openFile != FALSE),
+      m_nFlags(flags),
+      m_strExtension(defaultExtension),
+      m_strFileName(fileName),
+      m_strFilter(filter),
+      m_pParent(parent) {}
+
+INT_PTR CFileDialog::DoModal() {
+    m_strPath.Empty();
+    if (const CString* next = NextFile().get()) {
+        m_strPath = *next;
+        return m_strPath.IsEmpty() ? IDCANCEL : IDOK;
+    }
+    if (!CanBeAnswered()) {
+        ReportMessage(PlatformText(L"没有显示器，无法选择文件。"));
+        return IDCANCEL;
+    }
+    const HWND owner = m_pParent ? m_pParent->m_hWnd : nullptr;
+    auto* dialog = new FileDialog(WidgetOf(owner), m_bOpen, m_nFlags);  // NOLINT(cppcoreguidelines-owning-memory)
+    dialog->setNameFilters(Filters(m_strFilter));
+    if (!m_bOpen)
+        dialog->setDefaultSuffix(ToQString(m_strExtension));
+    if (!m_strFileName.IsEmpty())
+        dialog->selectFile(ToQString(m_strFileName));
+    // It goes with its owner, should that be destroyed meanwhile.
+    if (!::RunModal(dialog, {FromQString(dialog->windowTitle()), CString(), owner, nullptr},
+                    [dialog](int command) { dialog->Press(command); }))
+        return IDCANCEL;
+    const QStringList files = dialog->selectedFiles();
+    if (dialog->result() == QDialog::Accepted && !files.isEmpty())
+        m_strPath = FromQString(QFileInfo(files.front()).absoluteFilePath());
+    delete dialog;
+    return m_strPath.IsEmpty() ? IDCANCEL : IDOK;
+}
+
+CString CFileDialog::GetFileName() const {
+    return m_strPath.Mid(m_strPath.ReverseFind(L'/') + 1);
+}
+
+void CFileDialog::SetNextFileForTest(const wchar_t* path) {
+    NextFile() = std::make_unique<CString>(path);
+}
+
+void CFileDialog::ShowDialogsAgainForTest() {
+    NextFile().reset();
+}

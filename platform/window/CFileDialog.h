@@ -1,0 +1,41 @@
+// Asking for a file to open or to save.
+#pragma once
+
+#include "platform/window/CWnd.h"
+
+inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x0002;
+inline constexpr DWORD OFN_HIDEREADONLY = 0x0004;
+inline constexpr DWORD OFN_FILEMUSTEXIST = 0x1000;
+
+// OFN_FILEMUSTEXIST: opening refuses, with a message, a name that is none of a file. OFN_OVERWRITEPROMPT: saving asks
+// before it takes the name of a file that exists.
+//
+// A ModalDriver answers it like any dialog (IDOK accepts what is named in it); SetNextFileForTest chooses the file
+// without one.
+class ORVO_API CFileDialog {
+public:
+    // Filter: pairs of a description and patterns ("图纸 (*.dxf)|*.dxf|全部 (*.*)|*.*||"). The default extension is
+    // added when saving to a name without one.
+    explicit CFileDialog(BOOL openFile, const wchar_t* defaultExtension = nullptr, const wchar_t* fileName = nullptr,
+                         DWORD flags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, const wchar_t* filter = nullptr,
+                         CWnd* parent = nullptr);
+
+    // IDOK with a path, or IDCANCEL; also IDCANCEL, with a message, where nobody could answer.
+    INT_PTR DoModal();
+    // Full path of the chosen file; empty before, and when the dialog was cancelled.
+    CString GetPathName() const { return m_strPath; }
+    CString GetFileName() const;
+
+    // The next dialogs are not shown, but answered with this path (null: cancelled), until they are to be shown again.
+    static void SetNextFileForTest(const wchar_t* path);
+    static void ShowDialogsAgainForTest();
+
+private:
+    bool m_bOpen;
+    DWORD m_nFlags;
+    CString m_strExtension;
+    CString m_strFileName;
+    CString m_strFilter;
+    CString m_strPath;
+    CWnd* m_pParent;
+};

@@ -1,0 +1,24 @@
+// A list box with one selection. Entries stay in the order in which they are put in (LBS_SORT sorts by character).
+#pragma once
+
+#include "platform/window/CWnd.h"
+
+// Indexes count from 0; one out of range gives LB_ERR. Notifications to the parent, for what the user does and only for
+// that: LBN_SELCHANGE, LBN_DBLCLK.
+class ORVO_API CListBox : public CWnd {
+public:
+    int GetCount() const;
+    int AddString(const wchar_t* text);                // gives the new entry's index
+    int InsertString(int index, const wchar_t* text);  // -1: at the end
+    int DeleteString(int index);                       // gives how many are left
+    void ResetContent();
+    int GetText(int index, CString& text) const;  // gives the length
+    int GetTextLen(int index) const;
+    int GetCurSel() const;
+    int SetCurSel(int index);  // -1: nothing, which also gives LB_ERR
+    DWORD_PTR GetItemData(int index) const;
+    int SetItemData(int index, DWORD_PTR data);
+
+protected:
+    DECLARE_MESSAGE_MAP()
+};

@@ -1,0 +1,10 @@
+// A page and its sheet.
+#include "platform/window/CPropertyPage.h"
+
+CPropertyPage::~CPropertyPage() = default;
+
+void CPropertyPage::SetModified(BOOL changed) {
+    m_bModified = changed;
+    if (CWnd* sheet = GetParent())
+        sheet->SendMessage(changed ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd));
+}

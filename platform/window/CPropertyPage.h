@@ -1,0 +1,17 @@
+// A page of a property sheet: a dialog that tells the sheet around it when something on it has changed.
+#pragma once
+
+#include "platform/window/CDialog.h"
+
+class ORVO_API CPropertyPage : public CDialog {
+public:
+    explicit CPropertyPage(UINT templateId, CWnd* parent = nullptr) : CDialog(templateId, parent) {}
+    ~CPropertyPage() override;
+
+    // Sends the sheet (the page's parent) PSM_CHANGED or PSM_UNCHANGED.
+    void SetModified(BOOL changed = TRUE);
+    BOOL IsModified() const { return m_bModified; }
+
+private:
+    BOOL m_bModified = FALSE;
+};

@@ -1,0 +1,156 @@
+// A window of the framework: the C++ side of a widget on the screen. Everything runs in the user interface's thread.
+#pragma once
+
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+#include "platform/base/FrameworkTypes.h"
+#include "platform/media/CObject.h"
+#include "platform/window/MessageBox.h"
+#include "platform/window/MessageMap.h"
+#include "platform/window/WindowMessages.h"
+#include "platform/window/WindowStyles.h"
+
+class CDataExchange;
+class CFont;
+
+// A CWnd is attached to at most one window (m_hWnd, null while there is none) and a window to at most one CWnd of the
+// program's own. Destroying the CWnd lets the window go on without it, and a window that is destroyed sets m_hWnd to
+// null: neither owns the other, except that DestroyWindow ends the window.
+//
+// A message reaches WindowProc of the attached CWnd, whether it comes from SendMessage or from a person's keys and
+// mouse; from there it goes through the message maps, and what nobody handles, or a handler passes on with Default(),
+// is done the way the kind of window does it. Without an attached CWnd the kind of window handles it at once.
+//
+// What comes from a person: WM_KEYDOWN and, for a key that gives characters, WM_CHAR for each of them (also the control
+// characters of Ctrl with a letter, of Backspace, Enter and Escape); keys with Alt as WM_SYSKEYDOWN; WM_SETFOCUS and
+// WM_KILLFOCUS; WM_SETCURSOR when the mouse moves over the window or presses or releases a button there;
+// WM_CONTEXTMENU; WM_IME_COMPOSITION when an input method composes or commits text; WM_PASTE for the middle button's
+// paste; WM_CLOSE; WM_SIZE. A key whose character a handler keeps to itself does nothing else. Within a dialog Tab,
+// Enter, Escape and mnemonics belong to the dialog, unless the window asks for them (WM_GETDLGCODE).
+//
+// All operations are harmless without a window: they do nothing and give 0, false, null or an empty text. Texts count
+// in wchar_t units.
+class ORVO_API CWnd : public CObject {
+public:
+    HWND m_hWnd = nullptr;
+
+    CWnd() = default;
+    ~CWnd() override;
+
+    HWND GetSafeHwnd() const { return m_hWnd; }
+    // The attached CWnd of a window; else one that the window itself owns and that lives as long as the window. Null
+    // for null and for a window that is gone.
+    static CWnd* FromHandle(HWND window);
+    // The attached CWnd; null where there is none.
+    static CWnd* FromHandlePermanent(HWND window);
+
+    // ---- The window behind it. ----
+    // False when this has a window already, the other is gone, or another CWnd is attached to it.
+    BOOL Attach(HWND window);
+    HWND Detach();
+    // Attaches to a control of a dialog, which then sends its messages through this object's maps.
+    BOOL SubclassDlgItem(UINT id, CWnd* parent);
+    BOOL SubclassWindow(HWND window);
+    HWND UnsubclassWindow();
+    // Sends WM_DESTROY to the window and everything in it, and destroys it. A window whose own handler is running goes
+    // when that is over.
+    virtual BOOL DestroyWindow();
+
+    // ---- Messages. ----
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    // Sent when the handlers that are running now have returned; dropped when the window is gone by then.
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+    // ---- Text, state, place. ----
+    void SetWindowText(const wchar_t* text);
+    void GetWindowText(CString& text) const;
+    int GetWindowTextLength() const;
+    // WS_ and control bits the window was made with; WS_VISIBLE and WS_DISABLED as they are now.
+    DWORD GetStyle() const;
+    int GetDlgCtrlID() const;
+    BOOL EnableWindow(BOOL enable = TRUE);  // gives whether it was disabled before
+    BOOL IsWindowEnabled() const;
+    BOOL ShowWindow(int command);  // SW_HIDE, SW_SHOW; gives whether it was visible before
+    BOOL IsWindowVisible() const;
+    CWnd* SetFocus();  // gives the window that had the focus
+    static CWnd* GetFocus();
+    CWnd* GetParent() const;
+    // Whether the other window lies in this one, at any depth. False for this window itself.
+    BOOL IsChild(const CWnd* window) const;
+    // The inside, from (0, 0).
+    void GetClientRect(RECT* rect) const;
+    // On the screen.
+    void GetWindowRect(RECT* rect) const;
+    void ScreenToClient(RECT* rect) const;
+    void ClientToScreen(POINT* point) const;
+    void MoveWindow(const RECT* rect, BOOL repaint = TRUE);
+    void Invalidate(BOOL erase = TRUE);
+    // The font's object belongs to the window and is valid until the window's font is set.
+    CFont* GetFont() const;
+    void SetFont(CFont* font, BOOL redraw = TRUE);
+
+    // ---- Controls of a dialog, by number. ----
+    // As FromHandle; null for an unknown number.
+    CWnd* GetDlgItem(int id) const;
+    void SetDlgItemText(int id, const wchar_t* text);
+    int GetDlgItemText(int id, CString& text) const;
+    void CheckDlgButton(int id, UINT check);
+    UINT IsDlgButtonChecked(int id) const;
+    // Moves data between the members and the controls: TRUE reads the controls, FALSE shows the members. FALSE when an
+    // entry was refused; the user has then been told, and the entry has the focus.
+    BOOL UpdateData(BOOL saveAndValidate = TRUE);
+    // A box over this window. A null caption gives the title of the window that this one lies in.
+    int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT type = MB_OK);
+
+    // ---- For derived classes. ----
+    virtual void DoDataExchange(CDataExchange* exchange);
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    // After attaching to a window that others made.
+    virtual void PreSubclassWindow();
+    // The last thing a window does: m_hWnd is null already, and the object may delete itself.
+    virtual void PostNcDestroy();
+
+    // Handlers to override; these pass the message on.
+    afx_msg void OnChar(UINT character, UINT repeatCount, UINT flags);
+    afx_msg void OnKeyDown(UINT key, UINT repeatCount, UINT flags);
+    afx_msg void OnSetFocus(CWnd* oldWindow);
+    afx_msg void OnKillFocus(CWnd* newWindow);
+    afx_msg BOOL OnSetCursor(CWnd* window, UINT hitTest, UINT message);
+    afx_msg void OnSize(UINT type, int width, int height);
+    afx_msg void OnDestroy();
+    afx_msg void OnClose();
+
+protected:
+    static const AFX_MSGMAP* GetThisMessageMap();
+    virtual const AFX_MSGMAP* GetMessageMap() const;
+
+    // Does with the message being handled what the kind of window does with it.
+    LRESULT Default();
+    // Looks the message up in the maps and calls its handler; false when there is none.
+    BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+};
+
+ORVO_API LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+// A font of a window. Only handed on from one window to another.
+class ORVO_API CFont {
+public:
+    CFont();
+    ~CFont();
+    CFont(const CFont&) = delete;
+    CFont& operator=(const CFont&) = delete;
+
+private:
+    friend class CWnd;
+    struct Impl;
+    Impl* m_pImpl;
+};
+
+// The host's main window, the parent of what commands show; null where the host has none.
+ORVO_API CWnd* acedGetAcadFrame();
+// For the host: names its main window, or takes it back with null.
+ORVO_API void acedSetAcadFrame(CWnd* frame);

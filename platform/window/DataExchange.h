@@ -1,0 +1,48 @@
+// Moving data between a dialog's members and its controls, with the checks and messages that a user meets when an entry
+// is refused.
+#pragma once
+
+#include "platform/window/CWnd.h"
+
+// One run of it. Functions called with it either save (control to member) or show (member to control).
+class ORVO_API CDataExchange {
+public:
+    CDataExchange(CWnd* dialog, BOOL saveAndValidate) : m_bSaveAndValidate(saveAndValidate), m_pDlgWnd(dialog) {}
+
+    const BOOL m_bSaveAndValidate;
+    CWnd* const m_pDlgWnd;
+
+    // The control of this number; a number that the dialog lacks ends the run. The edit that was prepared last gets the
+    // focus when the run fails.
+    CWnd* PrepareCtrl(int id);
+    CWnd* PrepareEditCtrl(int id);
+    // Ends the run: UpdateData gives FALSE. To be called after the user has been told.
+    [[noreturn]] void Fail();
+    // No more characters than this can be typed into the edit that was prepared last.
+    void LimitLastEdit(int count);
+
+private:
+    HWND m_hLastControl = nullptr;  // which may be gone when the user has been told
+    bool m_bEditLast = false;
+};
+
+// Attaches a member to its control, once.
+ORVO_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
+// Texts of edits. Numbers are read whole: blanks around them are passed over, anything else is refused with "请键入一个
+// 整数。" or "请键入一个数字。"; they are shown with up to 15 digits and a point.
+ORVO_API void DDX_Text(CDataExchange* exchange, int id, CString& value);
+ORVO_API void DDX_Text(CDataExchange* exchange, int id, int& value);
+ORVO_API void DDX_Text(CDataExchange* exchange, int id, double& value);
+// Check boxes: 0 or 1.
+ORVO_API void DDX_Check(CDataExchange* exchange, int id, int& value);
+// Radio buttons: the index of the checked one counted from the first of the group, which the id names; -1 for none.
+ORVO_API void DDX_Radio(CDataExchange* exchange, int id, int& value);
+// The selected entry of a combo or list box; -1 for none.
+ORVO_API void DDX_CBIndex(CDataExchange* exchange, int id, int& index);
+ORVO_API void DDX_LBIndex(CDataExchange* exchange, int id, int& index);
+// Range checks, to be called right after the value was exchanged. They check entries, not what is shown; both ends are
+// allowed. Refused with "请键入一个介于 %1 和 %2 之间的整数。" (or 数字).
+ORVO_API void DDV_MinMaxInt(CDataExchange* exchange, int value, int minimum, int maximum);
+ORVO_API void DDV_MinMaxDouble(CDataExchange* exchange, const double& value, double minimum, double maximum);
+// Texts of at most `count` characters: longer ones cannot be typed, and are refused if they get there otherwise.
+ORVO_API void DDV_MaxChars(CDataExchange* exchange, const CString& value, int count);

@@ -1,0 +1,58 @@
+// Cells: parent rows stand out, and the active cell has a frame.
+#include "platform/window/GridDelegate.h"
+
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+
+#include "platform/window/GridModel.h"
+#include "platform/window/QcUiGrid.h"
+
+namespace {
+
+constexpr int kRoomAroundText = 10;  // in a row's height, so that an editor and the frame around it fit
+constexpr int kFrameWidth = 2;
+
+class GridDelegate : public QStyledItemDelegate {
+public:
+    GridDelegate(QTreeView* view, const QcUiGrid& grid) : QStyledItemDelegate(view), m_view(*view), m_grid(grid) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), option.fontMetrics.height() + kRoomAroundText};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem cell = option;
+        cell.state &= ~QStyle::State_HasFocus;  // the frame says it
+        const bool active = m_grid.IsActiveShown() && index == m_view.currentIndex();
+        if (active) {
+            // The one cell that typing changes stands out of a selected row.
+            cell.state &= ~QStyle::State_Selected;
+            painter->fillRect(option.rect, option.palette.base());
+        }
+        QStyledItemDelegate::paint(painter, cell, index);
+        if (!active)
+            return;
+        painter->save();
+        painter->setPen(QPen(option.palette.highlight(), kFrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter->drawRect(option.rect.adjusted(1, 1, -kFrameWidth, -kFrameWidth));
+        painter->restore();
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QcUiGridTreeRow* row = GridModel::RowOf(index);
+        option->font.setBold(row != nullptr && row->IsParentRow() && (m_grid.GetOption() & QCGRID_SINGLE_LEVEL) == 0);
+    }
+
+private:
+    const QTreeView& m_view;
+    const QcUiGrid& m_grid;
+};
+
+}  // namespace
+
+QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const QcUiGrid& grid) {
+    return new GridDelegate(view, grid);  // NOLINT(cppcoreguidelines-owning-memory): a child of the view
+}

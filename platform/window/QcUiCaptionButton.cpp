@@ -1,0 +1,11 @@
+// The question mark of the frame.
+#include "platform/window/QcUiCaptionButton.h"
+
+#include "platform/window/DialogWindow.h"
+
+QcUiCaptionButton::~QcUiCaptionButton() = default;
+
+void QcUiCaptionButton::InitCaptionButton(CWnd* dialog) {
+    if (const WindowLink* link = dialog ? WindowLink::Of(dialog->m_hWnd) : nullptr)
+        SetContextHelp(link->m_pWidget, m_bCaptionButton);
+}

@@ -1,0 +1,24 @@
+// The question mark in the caption of a dialog: explains its controls.
+#pragma once
+
+#include "platform/base/Api.h"
+
+class CWnd;
+
+// Mixed into a dialog. Where the desktop's frames have such a button, pressing it and then a control shows the
+// control's explanation; F1 does so for the control with the focus everywhere.
+class ORVO_API QcUiCaptionButton {
+public:
+    QcUiCaptionButton() = default;
+    virtual ~QcUiCaptionButton();
+
+    void ShowCaptionButton(bool show) { m_bCaptionButton = show; }
+    bool HasCaptionButton() const { return m_bCaptionButton; }
+
+protected:
+    // To be called once the dialog has its window.
+    void InitCaptionButton(CWnd* dialog);
+
+private:
+    bool m_bCaptionButton = true;
+};

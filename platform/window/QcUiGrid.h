@@ -1,0 +1,155 @@
+// A grid with columns, whose rows form a tree and whose cells are edited in place.
+#pragma once
+
+#include <memory>
+
+#include "platform/window/CWnd.h"
+#include "platform/window/QcUiGridCell.h"
+#include "platform/window/QcUiGridCellCtrl.h"
+#include "platform/window/QcUiGridRow.h"
+#include "platform/window/QcUiGridTreeRow.h"
+
+class GridView;
+
+// ---- Options. ----
+// A grid is read-only while any of three bits is set; they do the same, and are three so that one reason can end while
+// another lasts: the program's wish, data that cannot be saved, and work in progress. The user then edits nothing,
+// inserts and deletes nothing and gets no menu. The program's own calls work.
+inline constexpr DWORD QCGRID_READONLY = 0x1;
+inline constexpr DWORD QCGRID_READONLY_DATA = 0x2;
+inline constexpr DWORD QCGRID_READONLY_BUSY = 0x8000;
+inline constexpr DWORD QCGRID_READONLY_MASK = QCGRID_READONLY | QCGRID_READONLY_DATA | QCGRID_READONLY_BUSY;
+inline constexpr DWORD QCGRID_RESIZE_COLUMNS = 0x4;  // columns are made wider by dragging the edges of their titles
+inline constexpr DWORD QCGRID_MULTI_SELECT = 0x80;   // several rows are selected with Shift and Ctrl; else one
+inline constexpr DWORD QCGRID_LINES = 0x800;         // lines between the cells
+inline constexpr DWORD QCGRID_TREE = 0x4000;         // rows are indented, and opened and closed in column 0
+// All rows look alike, and none is a current tree row. Rows under others stay where they are.
+inline constexpr DWORD QCGRID_SINGLE_LEVEL = 0x10000;
+
+// ---- Menu commands. ----
+inline constexpr int QCGRID_CMD_INSERT_ROW = 1;
+inline constexpr int QCGRID_CMD_DELETE_ROWS = 2;
+inline constexpr int QCGRID_CMD_INSERT_PARENT = 13;
+
+// Rows are selected whole; one cell is the active one, marked with a frame while the grid or an editor in it has the
+// focus. Columns, options and rows can be set up before there is a window; current row, selection and editing need one.
+//
+// Keys: arrows move the active cell, Left and Right in column 0 close and open a row; F2, Enter, a double click edit
+// the cell, and typing replaces its text; Ins, Del and the menu key (or Shift+F10) give commands. In an editor Enter
+// and Down, Tab, Shift+Tab and Up take the text and move to the next cell in that direction, Escape leaves the text as
+// it was. All other keys, Ins and Del too, are the editor's. Tab, and Enter where nothing can be edited, are the
+// dialog's. A click elsewhere, scrolling, and whatever changes rows or columns end an edit as losing the focus does.
+class ORVO_API QcUiGrid : public CWnd {
+public:
+    // How many rows of column titles there are (0: no titles; more than one are one), and how wide, in pixels of a
+    // 96 dpi screen, a column is for which no width is given.
+    QcUiGrid(int headerRows, int columnWidth);
+    ~QcUiGrid() override;
+
+    // Removes all rows. Without a window, where a grid is set up, also columns and options; columns on the screen stay
+    // as the user has arranged them. An edit is cancelled.
+    void Reset();
+    // Gives the column's number. Widths are in pixels of a 96 dpi screen; 0 and below is the grid's own.
+    int AppendColumn(const wchar_t* title, int width = 0);
+    int GetColumnCount() const;
+    // Empty for a column that there is not.
+    CString GetColumnTitle(int column) const;
+    // In pixels, as shown; as asked for while there is no window. 0 for a column that there is not.
+    int GetColumnWidth(int column) const;
+    // The last column takes what room is left, now and whenever the others change.
+    void FitLastColumn();
+    // Sets bits, or takes them away; others stay.
+    void SetOption(DWORD bits, bool on = true);
+    DWORD GetOption() const;
+    bool IsReadOnly() const;
+
+    // The window, in pixels of the parent. A placeholder of that number in the parent's template gives its place in the
+    // order of the keyboard, and, for an empty rectangle, its place on the screen, and goes. False without a parent, or
+    // when there is a window already.
+    virtual BOOL Create(DWORD style, const RECT& rect, CWnd* parent, UINT id);
+
+    // ---- Rows. ----
+    // Adds an empty row at the end of the top level. Never null.
+    QcUiGridTreeRow* AppendRow();
+    // Of all levels.
+    int GetRowCount() const;
+    // All rows in their order from top to bottom, children after their parent, also where they are hidden. Null when
+    // out of range.
+    QcUiGridTreeRow* GetRow(int index) const;
+    // Deletes a row and what is under it. Null and rows of other grids are ignored.
+    void DeleteRow(QcUiGridRow* row);
+
+    // ---- Current row and selection. ----
+    QcUiGridTreeRow* GetCurRow() const;
+    // The same; null in single-level mode.
+    QcUiGridTreeRow* GetCurTreeRow() const;
+    // -1 when there is no current row.
+    int GetCurColumn() const;
+    // Makes the row current and the only one that is selected, in the column that was current. Opens the rows above it.
+    // Null: no row is current or selected.
+    void SetCurRow(QcUiGridRow* row);
+    void SetCurCell(QcUiGridRow* row, int column);
+    // The active cell; null when there is none.
+    QcUiGridCell* GetActiveCell() const;
+    int GetSelRowCount() const;
+    bool IsRowSelected(const QcUiGridRow* row) const;
+    // Leaves the other rows selected where several may be. The current row stays.
+    void SelectRow(QcUiGridRow* row, bool select = true);
+    void ClearSelection();
+
+    // ---- Editing. ----
+    // Opens an editor in a cell, which becomes the active one. False when there is no such cell, in read-only modes,
+    // without a window, and when the cell makes no editor.
+    bool EditCell(QcUiGridRow* row, int column);
+    bool IsEditing() const;
+    // The editor that is open; null when there is none.
+    QcUiGridCellCtrl* GetEditCtrl() const;
+    // Takes the text of a modified editor into the cell, unless the editor says that it cannot be taken, and closes the
+    // editor in any case. The editor's window goes at once or, like the editor itself, when its handlers have returned.
+    // Does nothing without an edit.
+    void EndEditCell();
+    void CancelEditCell();
+    // How far below the top of its client area an editor begins with its text, beyond where it stands by itself.
+    int GetEditOffset() const;
+    // Shows or hides the frame of the active cell.
+    void ShowActive(bool show);
+    bool IsActiveShown() const;
+
+    void Redraw();
+    // Whether a window is the grid or lies in it.
+    bool OwnsWindow(CWnd* window) const;
+
+    // ---- For derived classes. ----
+    // QCGRID_CMD_INSERT_ROW inserts an empty row: after the current row, or, when that is a parent row, as its last
+    // child. QCGRID_CMD_INSERT_PARENT inserts a row with one empty child, at the top level after the one in which the
+    // current row lies; so does inserting without any current row. QCGRID_CMD_DELETE_ROWS deletes the selected rows,
+    // or the current one when none is; a parent row that loses its last child this way gets an empty one, so that it
+    // stays a parent row. The new row, or the one that takes the place of a deleted one, becomes current. WM_COMMAND
+    // with these numbers from a menu comes here, too. Nothing happens in read-only modes and for other numbers.
+    virtual void OnMenuCommand(int command);
+    // The user wants a menu: for the row at the mouse, which has become current but changes nothing about the
+    // selection, or at the current row by the keyboard. The point is on the screen. Not called where there is no row,
+    // nor in read-only modes. Shows nothing by itself.
+    virtual void OnRightMenu(QcUiGridRow* row, POINT screen);
+    // The editor for a cell, made with new; its window is made later. Null: the cell cannot be edited. By itself an
+    // edit of one line.
+    virtual QcUiGridCellCtrl* CreateCellCtrl(QcUiGridCell* cell);
+    // After a command has inserted a row, for each one, parents first.
+    virtual void OnAfterInsertRow(QcUiGridRow* row);
+
+    void PostNcDestroy() override;
+    // For the grid's own sources: what shows it, null without a window.
+    GridView* GetView() const;
+
+protected:
+    DECLARE_MESSAGE_MAP()
+
+private:
+    class Impl;
+
+    void InsertRow(QcUiGridTreeRow& current);
+    void InsertParent();
+    void DeleteRows();
+
+    std::unique_ptr<Impl> m_pImpl;
+};

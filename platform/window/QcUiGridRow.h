@@ -1,0 +1,44 @@
+// One row of a grid: a text for each column.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+#include "platform/window/QcUiGridCell.h"
+
+class GridRows;
+class QcUiGrid;
+class QcUiGridTreeRow;
+
+// Rows are made and owned by their grid; a pointer to one, and to its cells, is valid until the row is deleted. Columns
+// count from 0; one that the grid does not have has no cell, an empty text, and takes none.
+class ORVO_API QcUiGridRow {
+public:
+    virtual ~QcUiGridRow();
+    QcUiGridRow(const QcUiGridRow&) = delete;
+    QcUiGridRow& operator=(const QcUiGridRow&) = delete;
+
+    // Null for a column that the grid does not have.
+    QcUiGridCell* GetCell(int column);
+    CString GetItemText(int column) const;
+    // Shown at once.
+    void SetItemText(int column, const wchar_t* text);
+    QcUiGrid* GetGrid() const;
+    // The row as a row of the tree, which every row of a grid is.
+    virtual QcUiGridTreeRow* GetTreeRow() = 0;
+
+protected:
+    explicit QcUiGridRow(GridRows* rows) : m_pRows(rows) {}
+    GridRows& Rows() const { return *m_pRows; }
+
+private:
+    friend class QcUiGridCell;  // tells of its changes
+    friend class GridRows;
+
+    void ShowChange(int column);
+
+    GridRows* m_pRows;
+    std::vector<std::unique_ptr<QcUiGridCell>> m_cells;  // made when they are asked for
+};

@@ -1,0 +1,35 @@
+// Rows and the rows under them.
+#include "platform/window/QcUiGridTreeRow.h"
+
+#include <iterator>
+
+#include "platform/window/GridRows.h"
+
+// Rows may be nested deeper than a stack is: those below are taken out before they go.
+QcUiGridTreeRow::~QcUiGridTreeRow() {
+    std::vector<std::unique_ptr<QcUiGridTreeRow>> going = std::move(m_children);
+    while (!going.empty()) {
+        const std::unique_ptr<QcUiGridTreeRow> row = std::move(going.back());
+        going.pop_back();
+        std::move(row->m_children.begin(), row->m_children.end(), std::back_inserter(going));
+        row->m_children.clear();
+    }
+}
+
+QcUiGridTreeRow* QcUiGridTreeRow::AppendChild() {
+    return Rows().Insert(this, GetChildNum());
+}
+
+QcUiGridTreeRow* QcUiGridTreeRow::GetChild(int index) const {
+    return index >= 0 && index < GetChildNum() ? m_children[static_cast<std::size_t>(index)].get() : nullptr;
+}
+
+QcUiGridTreeRow* QcUiGridTreeRow::GetParent() const {
+    const bool nested = m_pParent != nullptr && m_pParent->m_pParent != nullptr;
+    return nested ? m_pParent : nullptr;
+}
+
+void QcUiGridTreeRow::Expand(bool expand) {
+    m_bExpanded = expand;
+    Rows().TellExpanded(*this);
+}

@@ -1,0 +1,37 @@
+// A row that may have rows under it.
+#pragma once
+
+#include "platform/window/QcUiGridRow.h"
+
+// A row with children is a parent row, one that stands under another is a child row; a row can be both, or neither. The
+// children of a row are shown as soon as it has some, until it is collapsed.
+class ORVO_API QcUiGridTreeRow : public QcUiGridRow {
+public:
+    ~QcUiGridTreeRow() override;
+
+    // Adds an empty row as the last child. Never null.
+    QcUiGridTreeRow* AppendChild();
+    int GetChildNum() const { return static_cast<int>(m_children.size()); }
+    // Null when out of range.
+    QcUiGridTreeRow* GetChild(int index) const;
+    // Null at the top level.
+    QcUiGridTreeRow* GetParent() const;
+    // From 0, among the rows of the same parent.
+    int GetIndexInParent() const { return m_nIndex; }
+    bool IsParentRow() const { return !m_children.empty(); }
+    bool IsChildRow() const { return GetParent() != nullptr; }
+    // Shows or hides the children. Kept for a row that has none yet.
+    void Expand(bool expand = true);
+    bool IsExpanded() const { return m_bExpanded; }
+    QcUiGridTreeRow* GetTreeRow() override { return this; }
+
+private:
+    friend class GridRows;  // keeps the tree
+
+    QcUiGridTreeRow(GridRows* rows, QcUiGridTreeRow* parent) : QcUiGridRow(rows), m_pParent(parent) {}
+
+    std::vector<std::unique_ptr<QcUiGridTreeRow>> m_children;
+    QcUiGridTreeRow* m_pParent;  // the hidden root for the top level, null for that itself
+    int m_nIndex = 0;
+    bool m_bExpanded = true;
+};
