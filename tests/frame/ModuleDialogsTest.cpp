@@ -1,0 +1,102 @@
+// The script of the module's dialogs, compiled in and announced while the module is initialised.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "frame/ConfigSandbox.h"
+#include "frame/Resources.h"
+#include "platform/host/CommandStack.h"
+#include "platform/host/DynamicLinker.h"
+#include "platform/host/ExtensionModule.h"
+#include "platform/host/HostMessages.h"
+#include "platform/host/ResourceText.h"
+#include "platform/host/RxRegistry.h"
+#include "resources/ModuleDialogs.h"
+
+namespace {
+
+void* const kHandle = &g_SunDataSet;
+
+class ModuleDialogText : public ConfigSandbox {
+protected:
+    void TearDown() override {
+        SetExtensionModuleFailureForTest(false);
+        dynamic_cast<AcEdCommandStack*>(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"))
+            ->removeGroup(L"OrvoDataBase");
+        dynamic_cast<AcRxDynamicLinker*>(acrxSysRegistry()->at(L"DynamicLinker"))->forget(kHandle);
+        ConfigSandbox::TearDown();
+    }
+};
+
+void ExpectSame(const DialogTemplate& one, const DialogTemplate& other) {
+    EXPECT_EQ(one.nID, other.nID);
+    EXPECT_EQ(one.strCaption, other.strCaption);
+    EXPECT_EQ(one.cx, other.cx);
+    ASSERT_EQ(one.items.size(), other.items.size());
+    for (std::size_t index = 0; index < one.items.size(); ++index) {
+        EXPECT_EQ(one.items[index].nID, other.items[index].nID);
+        EXPECT_EQ(one.items[index].strText, other.items[index].strText);
+        EXPECT_EQ(one.items[index].dwStyle, other.items[index].dwStyle);
+        EXPECT_EQ(one.items[index].x, other.items[index].x);
+        EXPECT_EQ(one.items[index].y, other.items[index].y);
+    }
+}
+
+}  // namespace
+
+TEST_F(ModuleDialogText, IsFoundByTheModulesHandleFromInitialisationToUnloading) {
+    EXPECT_TRUE(AfxGetResourceText(GetModuleResourceHandle()).empty());
+    acrxEntryPoint(1, kHandle);
+    EXPECT_FALSE(AfxGetResourceText(GetModuleResourceHandle()).empty());
+    EXPECT_TRUE(AfxGetResourceText(nullptr).empty()) << "the program's is another one";
+    acrxEntryPoint(2, kHandle);
+    EXPECT_TRUE(AfxGetResourceText(GetModuleResourceHandle()).empty());
+}
+
+TEST_F(ModuleDialogText, IsThatOfTheSources) {
+    acrxEntryPoint(1, kHandle);
+    ResourceScript script;
+    CString message;
+    EXPECT_TRUE(script.Parse(AfxGetResourceText(GetModuleResourceHandle()), message)) << ToUtf8(message.View());
+    acrxEntryPoint(2, kHandle);
+    ASSERT_FALSE(ModuleDialogs().Dialogs().empty());
+    ASSERT_EQ(script.Dialogs().size(), ModuleDialogs().Dialogs().size());
+    for (std::size_t index = 0; index < script.Dialogs().size(); ++index)
+        ExpectSame(script.Dialogs()[index], ModuleDialogs().Dialogs()[index]);
+}
+
+// A fault that somebody puts into the script is reported with the line that an editor shows.
+TEST_F(ModuleDialogText, CountsTheLinesOfItsFile) {
+    acrxEntryPoint(1, kHandle);
+    std::string text(AfxGetResourceText(GetModuleResourceHandle()));
+    acrxEntryPoint(2, kHandle);
+    const std::string file = SourceText("module/resources/OrvoDataBase.rc");
+    const std::size_t lines = static_cast<std::size_t>(std::count(file.begin(), file.end(), '\n'));
+    ResourceScript script;
+    CString message;
+    EXPECT_FALSE(script.Parse(text + "?", message));
+    CString line;
+    line.Format(L"第 %d 行", static_cast<int>(lines + 1));
+    EXPECT_EQ(message.Find(line), 0) << ToUtf8(message.View());
+}
+
+TEST_F(ModuleDialogText, LeavesTheProgramsAloneInAModuleThatTheFrameworkRefuses) {
+    ASSERT_TRUE(AfxSetResourceText(nullptr, "of the program"));
+    SetExtensionModuleFailureForTest(true);
+    acrxEntryPoint(1, kHandle);
+    EXPECT_EQ(AfxGetResourceText(nullptr), "of the program");
+    acrxEntryPoint(2, kHandle);
+    EXPECT_EQ(AfxGetResourceText(nullptr), "of the program");
+    EXPECT_TRUE(AfxSetResourceText(nullptr, {}));
+}
+
+TEST_F(ModuleDialogText, IsNotAnnouncedByAModuleThatTheFrameworkRefuses) {
+    acrxEntryPoint(1, kHandle);
+    acrxEntryPoint(2, kHandle);
+    ASSERT_NE(GetModuleResourceHandle(), nullptr);
+    SetExtensionModuleFailureForTest(true);
+    acrxEntryPoint(1, kHandle);
+    EXPECT_TRUE(AfxGetResourceText(GetModuleResourceHandle()).empty());
+    acrxEntryPoint(2, kHandle);
+}
