@@ -8,6 +8,7 @@
 #include "calendar/BuiltInTerms.h"
 #include "calendar/Today.h"
 #include "frame/Resources.h"
+#include "platform/window/CComboBox.h"
 
 namespace {
 
@@ -185,4 +186,11 @@ double OrvoDate::GetDgLat() {
 
 int OrvoDate::GetDayIndex() const {
     return ToInt(DayIndex(IsLeapYear(), GetMonthDay()));
+}
+
+void OrvoDate::InitStermCombo(CComboBox& combo) {
+    if (m_listTerm.IsEmpty())
+        LoadTermData();
+    for (OrvoSTerm* const* slot = m_listTerm.GetFirst(); slot; slot = m_listTerm.GetNext(slot))
+        combo.AddString(*slot ? (*slot)->m_strName.GetString() : L"");
 }

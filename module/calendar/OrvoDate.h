@@ -6,6 +6,7 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
+class CComboBox;
 class QcDtDictionary;
 
 // A date whose year only decides which days are counted and which table is in force: of common or of leap years, every
@@ -76,6 +77,11 @@ public:
     double GetDgLat();
     // Day of the year, January 1st being 1. Months outside 1 to 12 count as December.
     int GetDayIndex() const;
+
+    // Adds the names of the whole table of common years, as it is, behind what the combo box holds: an entry's index is
+    // its term's when the box was empty. Fills the tables first when that one is empty. A missing row gives an empty
+    // entry.
+    void InitStermCombo(CComboBox& combo);
 
     // Writes both tables into the dictionaries "常年节气" (common years) and "闰年节气" (leap years) below `dict`, in
     // place of what these held; empty tables give empty dictionaries. Rows of one name share one item, in which the

@@ -1,0 +1,174 @@
+// The degree edit as the editor of a grid's cell.
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <functional>
+#include <string>
+
+#include "controls/EditDialog.h"
+#include "controls/OrvoDegreeEdit.h"
+#include "platform/window/QcUiGrid.h"
+
+namespace {
+
+constexpr UINT kGrid = 2001;
+
+// Notes the rectangle that the grid gives for the cell.
+class NotingEdit : public OrvoDegreeEdit {
+public:
+    NotingEdit(QcUiGridCell* cell, RECT& rect) : OrvoDegreeEdit(cell), m_rect(rect) {}
+    using OrvoDegreeEdit::Create;
+    bool Create(const RECT& cellRect) override {
+        m_rect = cellRect;
+        return OrvoDegreeEdit::Create(cellRect);
+    }
+
+private:
+    RECT& m_rect;
+};
+
+// Two columns of angles.
+class AngleGrid : public QcUiGrid {
+public:
+    AngleGrid() : QcUiGrid(1, 100) {
+        AppendColumn(L"one", 120);
+        AppendColumn(L"two", 120);
+    }
+    QcUiGridCellCtrl* CreateCellCtrl(QcUiGridCell* cell) override {
+        m_editor = new NotingEdit(cell, m_rect);  // the grid's from here on
+        return m_editor;
+    }
+
+    OrvoDegreeEdit* m_editor = nullptr;
+    RECT m_rect{};
+};
+
+void RunGrid(DWORD cellStyle, const std::function<void(EditDialog&, AngleGrid&)>& body) {
+    EditDialog dialog;
+    AngleGrid grid;
+    RunDialog(dialog, [&] {
+        ASSERT_TRUE(grid.Create(0x56810000, RECT{5, 5, 320, 140}, &dialog, kGrid));
+        QcUiGridTreeRow* row = grid.AppendRow();
+        row->SetItemText(0, L"116度28分00秒");
+        row->GetCell(0)->SetStyle(cellStyle);
+        row->SetItemText(1, L"039度54分00秒");
+        ASSERT_TRUE(grid.EditCell(row, 0));
+        ASSERT_NE(grid.m_editor, nullptr);
+        body(dialog, grid);
+    });
+}
+
+bool IsEditingCell(const AngleGrid& grid) {
+    return grid.IsEditing() && grid.GetEditCtrl() != nullptr;
+}
+
+}  // namespace
+
+TEST(DegreeCell, HasTheEditorsStyleNumberAndPlace) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        const OrvoDegreeEdit& edit = *grid.m_editor;
+        EXPECT_EQ(edit.GetStyle(), 0x56000084U);
+        EXPECT_EQ(edit.GetDlgCtrlID(), 101);
+        EXPECT_EQ(edit.GetParent()->GetSafeHwnd(), grid.GetSafeHwnd());
+        EXPECT_TRUE(edit.IsWindowVisible());
+        RECT place{};
+        edit.GetWindowRect(&place);
+        grid.ScreenToClient(&place);
+        EXPECT_EQ(place.left, grid.m_rect.left + 2);
+        EXPECT_EQ(place.top, grid.m_rect.top);
+        EXPECT_EQ(place.right, grid.m_rect.right);
+        EXPECT_EQ(place.bottom, grid.m_rect.bottom);
+        EXPECT_GT(place.right - place.left, 50) << "the cell's rectangle is a real one";
+        EXPECT_EQ(LineOf(edit)->font(), WidgetOf(grid)->font());
+        EXPECT_EQ(LineOf(edit)->textMargins(), QMargins(0, grid.GetEditOffset(), 0, 0));
+    });
+}
+
+TEST(DegreeCell, StandsInTheMiddleWhereTheCellDoes) {
+    RunGrid(QCGRID_CELL_CENTER, [](EditDialog&, AngleGrid& grid) {
+        EXPECT_EQ(grid.m_editor->GetStyle(), 0x56000085U);
+        EXPECT_TRUE(LineOf(*grid.m_editor)->alignment().testFlag(Qt::AlignHCenter));
+    });
+    RunGrid(0x10 | 0x40, [](EditDialog&, AngleGrid& grid) { EXPECT_EQ(grid.m_editor->GetStyle(), 0x56000084U); });
+}
+
+TEST(DegreeCell, ShowsTheCellsTextSelectedAndTakesTheFocus) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        EXPECT_EQ(TextOf(*grid.m_editor), L"116度28分00秒");
+        EXPECT_EQ(SelectionOf(*grid.m_editor), (Selection{0, 10}));
+        EXPECT_FALSE(grid.m_editor->IsModified());
+        EXPECT_TRUE(LineOf(*grid.m_editor)->hasFocus());
+        EXPECT_TRUE(grid.IsActiveShown());
+        EXPECT_FALSE(grid.m_editor->OrvoDegreeEdit::Create(grid.m_rect)) << "there is a window already";
+    });
+}
+
+TEST(DegreeCell, TakesWhatIsTyped) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        for (const wchar_t digit : std::wstring(L"1213000"))
+            grid.m_editor->SendMessage(WM_CHAR, static_cast<WPARAM>(digit), 1);
+        EXPECT_TRUE(grid.m_editor->IsModified());
+        grid.EndEditCell();
+        EXPECT_FALSE(grid.IsEditing());
+        EXPECT_EQ(grid.GetRow(0)->GetItemText(0), L"121度30分00秒");
+    });
+}
+
+TEST(DegreeCell, EndsWhenTheFocusLeavesTheGrid) {
+    RunGrid(0, [](EditDialog& dialog, AngleGrid& grid) {
+        grid.m_editor->SendMessage(WM_CHAR, L'0', 1);
+        dialog.GetDlgItem(kSecondEdit)->SetFocus();
+        EXPECT_FALSE(grid.IsEditing());
+        EXPECT_FALSE(grid.IsActiveShown());
+        EXPECT_EQ(grid.GetRow(0)->GetItemText(0), L"016度28分00秒");
+        EXPECT_TRUE(WidgetOf(*dialog.GetDlgItem(kSecondEdit))->hasFocus());
+    });
+}
+
+TEST(DegreeCell, EndsWithTheActiveCellShownWhenTheFocusStaysInTheGrid) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        grid.m_editor->SendMessage(WM_CHAR, L'0', 1);
+        grid.m_editor->SendMessage(WM_KILLFOCUS, reinterpret_cast<WPARAM>(grid.GetSafeHwnd()));
+        EXPECT_FALSE(grid.IsEditing());
+        EXPECT_TRUE(grid.IsActiveShown());
+        EXPECT_EQ(grid.GetRow(0)->GetItemText(0), L"016度28分00秒");
+    });
+}
+
+TEST(DegreeCell, GoesOnWhenTheFocusStaysInTheEditor) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        grid.m_editor->SendMessage(WM_KILLFOCUS, reinterpret_cast<WPARAM>(grid.m_editor->GetSafeHwnd()));
+        EXPECT_TRUE(IsEditingCell(grid));
+        EXPECT_TRUE(grid.IsActiveShown());
+    });
+}
+
+TEST(DegreeCell, ShowsTheActiveCellWhenItGetsTheFocus) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        grid.ShowActive(false);
+        grid.m_editor->SetSel(3, 3);
+        grid.m_editor->SendMessage(WM_SETFOCUS);
+        EXPECT_TRUE(grid.IsActiveShown());
+        EXPECT_EQ(SelectionOf(*grid.m_editor), (Selection{4, 5})) << "what every masked edit does comes first";
+    });
+}
+
+TEST(DegreeCell, NeedsAGridForItsWindow) {
+    QcUiGridCell cell(nullptr, 0);
+    OrvoDegreeEdit edit(&cell);
+    EXPECT_EQ(edit.GetCell(), &cell);
+    EXPECT_FALSE(static_cast<QcUiGridCellCtrl&>(edit).Create(RECT{0, 0, 80, 20}));
+    EXPECT_EQ(edit.GetSafeHwnd(), nullptr);
+    edit.SendMessage(WM_KILLFOCUS);
+}
+
+TEST(DegreeCell, OutlivesItsWindow) {
+    EditDialog dialog;
+    RunDialog(dialog, [&] {
+        OrvoDegreeEdit edit(nullptr);
+        ASSERT_TRUE(static_cast<CEdit&>(edit).Create(WS_CHILD | WS_VISIBLE, RECT{0, 0, 80, 20}, &dialog, 300));
+        EXPECT_TRUE(edit.DestroyWindow());
+        EXPECT_EQ(edit.GetSafeHwnd(), nullptr);
+        EXPECT_EQ(edit.m_strDefault.GetLength(), 10);
+    });
+}
