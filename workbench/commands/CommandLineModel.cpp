@@ -23,6 +23,7 @@ CommandLineModel::CommandLineModel() : m_root(Described(L"日照分析共享数�
     AddLists();
     AddShadow();
     AddRecord();
+    AddEntity();
     AddSet();
 }
 
@@ -38,6 +39,14 @@ void CommandLineModel::AddValue(CLI::App* app, const char* option, const char* t
     app->add_option(
            option, [](const CLI::results_t&) { return true; }, Described(description))
         ->type_name(type);
+}
+
+void CommandLineModel::AddValues(CLI::App* app, const char* option, int count, const char* type,
+                                 const wchar_t* description) {
+    app->add_option(
+           option, [](const CLI::results_t&) { return true; }, Described(description))
+        ->type_name(type)
+        ->type_size(count);
 }
 
 void CommandLineModel::AddFlag(CLI::App* app, const char* flag, const wchar_t* description) {
@@ -90,6 +99,15 @@ void CommandLineModel::AddRecord() {
     AddValue(record, "--rate", "N", L"每秒帧数，从 1 到 1000；不给出时为 10");
     AddValue(record, "--bits", "8|24|32", L"每像素位数；不给出时为 24");
     AddFlag(record, "-y,--yes", L"替换已有的文件而不询问");
+}
+
+void CommandLineModel::AddEntity() {
+    CLI::App* entity = AddSubcommand("entity", L"列出图形中的实体，读出或更改实体的一个组码");
+    AddValue(entity, "FILE", "", L"DXF 文件（文本格式）");
+    AddFlag(entity, "--list", L"列出实体的句柄、类型和图层；不给出别的选项时就是它");
+    AddValues(entity, "--get", 2, "HANDLE CODE", L"显示一个组码的值");
+    AddValues(entity, "--set", 3, "HANDLE CODE VALUE", L"更改一个组码的值并保存；原来的文件留作 FILE.bak");
+    AddFlag(entity, "--json", L"以 JSON 输出");
 }
 
 void CommandLineModel::Parse(const std::vector<CString>& words) {

@@ -38,9 +38,12 @@ private:
     void AddSet();
     void AddShadow();
     void AddRecord();
+    void AddEntity();
     CLI::App* AddSubcommand(const char* name, const wchar_t* description);
     void AddFlag(CLI::App* app, const char* flag, const wchar_t* description);
     void AddValue(CLI::App* app, const char* option, const char* type, const wchar_t* description);
+    // An option that takes several values at once, whatever they look like.
+    void AddValues(CLI::App* app, const char* option, int count, const char* type, const wchar_t* description);
 
     CLI::App m_root;
     std::vector<std::string> m_frames;  // where the library puts the one list of values

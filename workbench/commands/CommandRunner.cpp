@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "workbench/commands/CommandLineModel.h"
+#include "workbench/commands/EntityCommand.h"
 #include "workbench/commands/ExitCode.h"
 #include "workbench/commands/InfoCommand.h"
 #include "workbench/commands/ListCommands.h"
@@ -82,6 +83,10 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
         return RunRecord({model.Values("FRAMES"), model.Value("--output"), model.Value("--rate"), model.Value("--bits"),
                           model.HasFlag("--yes")},
                          output);
+    if (name == "entity")
+        return RunEntity(
+            {model.Value("FILE"), model.HasFlag("--list"), model.Values("--get"), model.Values("--set"), isJson},
+            output);
     return RunSet({model.Value("--place"), model.Value("--date"), model.Value("--start"), model.Value("--end"),
                    model.Value("--step"), model.Value("--standard")},
                   output);

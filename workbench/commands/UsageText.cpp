@@ -35,6 +35,9 @@ constexpr Example kExamples[] = {
     {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,0,3\" --light 0,1,-1 --json"},
     {"record", L"orvo record 0900.png 0930.png 1000.png -o sun.avi"},
     {"record", L"orvo record *.bmp -o sun.avi --bits 8 --yes"},
+    {"entity", L"orvo entity house.dxf --list"},
+    {"entity", L"orvo entity house.dxf --get 2F 8"},
+    {"entity", L"orvo entity house.dxf --set 2F 10 1.5,2,0"},
     {"set", L"orvo set --place 上海 --standard 上海标准"},
     {"set", L"orvo set --date 2025-12-22 --start 9:00 --end 15:00 --step 5"},
 };

@@ -1,0 +1,50 @@
+// One search for both kinds of control.
+#include "records/ExactText.h"
+
+namespace {
+
+bool GetEntry(const CListBox& control, int index, CString& text) {
+    return control.GetText(index, text) != LB_ERR;
+}
+
+bool GetEntry(const CComboBox& control, int index, CString& text) {
+    return control.GetLBText(index, text) != CB_ERR;
+}
+
+template <class Control>
+int FindEntry(const Control& control, const CString& text) {
+    const int count = control.GetCount();
+    for (int i = 0; i < count; ++i) {
+        CString entry;
+        if (GetEntry(control, i, entry) && entry == text)
+            return i;
+    }
+    return -1;
+}
+
+template <class Control>
+bool SelectEntry(Control& control, const CString& text) {
+    const int index = FindEntry(control, text);
+    if (index == -1)
+        return false;
+    control.SetCurSel(index);
+    return true;
+}
+
+}  // namespace
+
+int FindString(const CListBox& control, const CString& text) {
+    return FindEntry(control, text);
+}
+
+int FindString(const CComboBox& control, const CString& text) {
+    return FindEntry(control, text);
+}
+
+bool SelectString(CListBox& control, const CString& text) {
+    return SelectEntry(control, text);
+}
+
+bool SelectString(CComboBox& control, const CString& text) {
+    return SelectEntry(control, text);
+}

@@ -1,0 +1,69 @@
+// Listing entities.
+#include "workbench/commands/EntityList.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <vector>
+
+#include "platform/host/AcDbDatabase.h"
+#include "workbench/commands/EntityGroup.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/TextTable.h"
+#include "workbench/commands/Texts.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Align = TextTable::Align;
+
+struct Entity {
+    std::uint64_t handle;  // 0: none
+    CString type;
+    CString layer;
+};
+
+CString FirstText(const AcDbDatabase& drawing, const std::vector<DxfGroup>& groups, int code) {
+    const auto group =
+        std::find_if(groups.begin(), groups.end(), [code](const DxfGroup& each) { return each.nCode == code; });
+    return group == groups.end() ? CString() : drawing.Decode(group->strValue);
+}
+
+std::vector<Entity> EntitiesOf(const AcDbDatabase& drawing) {
+    constexpr int kType = 0;
+    constexpr int kLayer = 8;
+    std::vector<Entity> entities;
+    std::vector<DxfGroup> groups;
+    for (std::size_t i = 0; i < drawing.GetEntityCount(); ++i) {
+        const AcDbObjectId id = drawing.GetEntityId(i);
+        drawing.GetGroups(id, groups);
+        entities.push_back(
+            {drawing.GetHandle(id), FirstText(drawing, groups, kType), FirstText(drawing, groups, kLayer)});
+    }
+    return entities;
+}
+
+}  // namespace
+
+void PrintEntities(const AcDbDatabase& drawing, Output& output) {
+    const std::vector<Entity> entities = EntitiesOf(drawing);
+    TextTable table({Align::Right, Align::Left, Align::Left});
+    table.Add({Say(L"句柄"), Say(L"类型"), Say(L"图层")});
+    for (const Entity& entity : entities)
+        table.Add({entity.handle == 0 ? CString(L"-") : HandleText(entity.handle), Printable(entity.type),
+                   Printable(entity.layer)});
+    table.PrintTo(output);
+    output.Line(SayFormat(L"共 %d 个实体", static_cast<int>(entities.size())));
+}
+
+void PrintEntitiesAsJson(const AcDbDatabase& drawing, Output& output) {
+    Json list = Json::array();
+    for (const Entity& entity : EntitiesOf(drawing)) {
+        Json handle = nullptr;
+        if (entity.handle != 0)
+            handle = ToUtf8(HandleText(entity.handle).View());
+        list.push_back(
+            {{"handle", handle}, {"type", ToUtf8(entity.type.View())}, {"layer", ToUtf8(entity.layer.View())}});
+    }
+    output.Json(list);
+}
