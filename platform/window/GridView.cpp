@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr double kUsualDpi = 96;
+constexpr double kUsualDigit = 6;  // column widths are meant for a font whose digits are so many pixels wide
 constexpr int kIndentation = 18;
 constexpr int kSmallestColumn = 32;
 constexpr int kFrameAndLine = 2;  // around an editor, so that the active cell's frame stays visible
@@ -98,7 +98,11 @@ public:
         viewport()->update();
     }
     void ShowTitles(bool show) override { header()->setVisible(show); }
-    void FitLastColumn() override { header()->setStretchLastSection(true); }
+    void FitLastColumn() override {
+        // The toolkit keeps a stretched column at least as wide as it was.
+        header()->resizeSection(header()->count() - 1, kSmallestColumn);
+        header()->setStretchLastSection(true);
+    }
     int ColumnWidth(int column) const override { return columnWidth(column); }
     void Redraw() override { viewport()->update(); }
     void RedrawActive() override { viewport()->update(visualRect(currentIndex())); }
@@ -374,7 +378,8 @@ private:
     }
 
     void ShowColumnWidth(int column) {
-        header()->resizeSection(column, qRound(m_pRows->Column(column)->nWidth * logicalDpiX() / kUsualDpi));
+        const double digit = QFontMetricsF(font()).horizontalAdvance('0');
+        header()->resizeSection(column, qRound(m_pRows->Column(column)->nWidth * digit / kUsualDigit));
     }
 
     GridRows* m_pRows;  // null once the grid is forgotten

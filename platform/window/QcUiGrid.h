@@ -41,15 +41,16 @@ inline constexpr int QCGRID_CMD_INSERT_PARENT = 13;
 // dialog's. A click elsewhere, scrolling, and whatever changes rows or columns end an edit as losing the focus does.
 class ORVO_API QcUiGrid : public CWnd {
 public:
-    // How many rows of column titles there are (0: no titles; more than one are one), and how wide, in pixels of a
-    // 96 dpi screen, a column is for which no width is given.
+    // How many rows of column titles there are (0: no titles; more than one are one), and how wide a column is for
+    // which no width is given.
     QcUiGrid(int headerRows, int columnWidth);
     ~QcUiGrid() override;
 
     // Removes all rows. Without a window, where a grid is set up, also columns and options; columns on the screen stay
     // as the user has arranged them. An edit is cancelled.
     void Reset();
-    // Gives the column's number. Widths are in pixels of a 96 dpi screen; 0 and below is the grid's own.
+    // Gives the column's number. A width is in pixels for a font whose digits are six pixels wide, and is shown in
+    // proportion to the grid's font; 0 and below is the grid's own.
     int AppendColumn(const wchar_t* title, int width = 0);
     int GetColumnCount() const;
     // Empty for a column that there is not.

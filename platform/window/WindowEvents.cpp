@@ -51,7 +51,7 @@ public:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != m_pLink->m_pWidget)
+        if (watched != m_pLink->m_pWidget || m_pLink->IsGoing())
             return false;
         switch (event->type()) {
             case QEvent::KeyPress:

@@ -25,8 +25,17 @@ int s_nLastOrder = 0;
 }  // namespace
 
 WindowLink::WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure)
-    : m_pWidget(widget), m_nID(id), m_dwStyle(style), m_pfnDefault(procedure), m_nOrder(++s_nLastOrder) {
+    : m_pWidget(widget),
+      m_nID(id),
+      m_dwStyle(style),
+      m_pfnDefault(procedure),
+      m_nOrder(++s_nLastOrder),
+      m_pKind(widget->metaObject()) {
     Table()[widget] = this;
+}
+
+bool WindowLink::IsGoing() const {
+    return m_pWidget->metaObject() != m_pKind;
 }
 
 WindowLink::~WindowLink() {
@@ -131,6 +140,8 @@ WindowAtWork::~WindowAtWork() {
 }
 
 LRESULT Dispatch(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (link.IsGoing())
+        return 0;
     const WindowAtWork atWork(link);
     if (link.m_pWnd != nullptr)
         return CallWindow(*link.m_pWnd, message, wParam, lParam);

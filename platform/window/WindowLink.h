@@ -8,6 +8,7 @@
 #include "platform/window/CWnd.h"
 
 class QEvent;
+struct QMetaObject;
 class QWidget;
 
 // One for each widget that is a window, from Make until the widget is gone. A window's handle is the widget's address;
@@ -41,6 +42,9 @@ public:
     static WindowLink* Find(const QWidget* dialog, UINT id);
 
     bool IsRadio() const;
+    // Whether the widget's own class is destroyed already and only the toolkit's base is left, which still loses the
+    // focus and is hidden: such a widget is no window of its kind any more.
+    bool IsGoing() const;
     HWND Handle() const { return HandleOf(m_pWidget); }
     static HWND HandleOf(const QWidget* widget);
     // The window around this one; null at the top.
@@ -65,6 +69,8 @@ public:
 
 private:
     WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure);
+
+    const QMetaObject* m_pKind;  // the widget's class while it lives
 };
 
 // While it lives, a window that is destroyed stays until its own work is over.

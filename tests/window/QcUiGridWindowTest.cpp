@@ -1,11 +1,17 @@
 // The grid's window: its place in a dialog, what it shows, and how much of its rows it looks at.
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QIdentityProxyModel>
 
 #include "window/GridForTests.h"
 
 namespace {
+
+// Widths are meant for digits of six pixels.
+int ShownWidth(const QWidget& view, int width) {
+    return qRound(width * QFontMetricsF(view.font()).horizontalAdvance('0') / 6);
+}
 
 TEST(QcUiGridWindow, TakesThePlaceThatTheTemplateKeepsForIt) {
     GridDialog dialog;
@@ -57,8 +63,8 @@ TEST(QcUiGridWindow, ShowsColumnsAndRowsMadeBeforeIt) {
         EXPECT_FALSE(view->isExpanded(second));
         EXPECT_EQ(view->model()->index(1, 1, first).data().toString(), "西城");
         EXPECT_EQ(view->model()->index(1, 1, first).data(Qt::AccessibleDescriptionRole).toString(), "城市");
-        EXPECT_EQ(dialog.m_grid.GetColumnWidth(0), 80) << "at 96 dpi";
-        EXPECT_EQ(dialog.m_grid.GetColumnWidth(1), view->viewport()->width() - 80) << "the rest";
+        EXPECT_EQ(dialog.m_grid.GetColumnWidth(0), ShownWidth(*view, 80)) << "in proportion to the font";
+        EXPECT_EQ(dialog.m_grid.GetColumnWidth(1), view->viewport()->width() - ShownWidth(*view, 80)) << "the rest";
     });
 }
 
@@ -87,7 +93,7 @@ TEST(QcUiGridWindow, WithoutHeaderRowsThereAreNoTitles) {
         grid.AppendColumn(L"a");
         ASSERT_TRUE(grid.Create(kGridStyle, {0, 0, 100, 100}, &dialog, kGridId));
         EXPECT_TRUE(ViewOf(grid)->isHeaderHidden());
-        EXPECT_EQ(grid.GetColumnWidth(0), 50);
+        EXPECT_EQ(grid.GetColumnWidth(0), ShownWidth(*ViewOf(grid), 50));
     });
 }
 
