@@ -29,6 +29,10 @@ CString TranslateText(const wchar_t* text) {
     return g_pTeskLangSwitch ? g_pTeskLangSwitch->Translate(text) : CString(text);
 }
 
+unsigned int ChooseTemplate(unsigned int chinese, unsigned int other) {
+    return g_strCurLanguage == L"Chs" ? chinese : other;
+}
+
 CString LanguageKeyOfModuleFile(const wchar_t* fileName) {
     CString name(fileName);
     name.MakeUpper();

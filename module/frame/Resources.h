@@ -42,6 +42,9 @@ CString FormatTranslated(const wchar_t* format, const Args&... args) {
     return text;
 }
 
+// Dialogs come in two templates: the one for the Chinese interface and the one for every other language.
+ORVO_API unsigned int ChooseTemplate(unsigned int chinese, unsigned int other);
+
 // Finds this module's language dictionary by the key in its file name, and makes it the module's. Gives the key; an
 // empty text, with nothing changed, when the file name holds no key or there is no language switch.
 ORVO_API CString LoadModuleLanguage();

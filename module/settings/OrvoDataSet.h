@@ -54,6 +54,9 @@ public:
     // alone. False for null or a dictionary without "CUR_SUNSETDATA", where everything but the lists stays.
     bool LoadSunDataSetDict(QcDtDictionary* dict);
 
+    // The names of the places already analysed, with '-' between them.
+    CString JoinCities() const;
+
     // One line that tells standard, place, day, span and step.
     CString GetNoteString();
 
@@ -74,7 +77,6 @@ private:
     void SaveStandards(QcDtDictionary& root) const;
     void LoadSettings(QcDtDictionary& settings);
     void LoadStandards(QcDtDictionary& root);
-    CString JoinCities() const;
 
     OrvoStdSet m_stdSpare;
 };

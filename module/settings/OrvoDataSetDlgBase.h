@@ -1,0 +1,63 @@
+// What the dialogs of the settings share: controls for standard, place, day and times, filled from g_SunDataSet.
+#pragma once
+
+#include "calendar/OrvoDate.h"
+#include "calendar/OrvoDegree.h"
+#include "controls/OrvoTimeEdit.h"
+#include "platform/base/Api.h"
+#include "platform/window/CComboBox.h"
+#include "platform/window/CDateTimeCtrl.h"
+#include "platform/window/CSpinButtonCtrl.h"
+#include "zone/OrvoPlaceDlg.h"
+
+// The second base of a dialog. The dialog attaches those of the controls that its template has; the others are passed
+// over wherever they are filled.
+class ORVO_API OrvoDataSetDlgBase {
+public:
+    OrvoDataSetDlgBase();
+    virtual ~OrvoDataSetDlgBase();
+    OrvoDataSetDlgBase(const OrvoDataSetDlgBase&) = delete;
+    OrvoDataSetDlgBase& operator=(const OrvoDataSetDlgBase&) = delete;
+
+    // Fills the controls. For the dialog of the standards (true) day and times are the current standard's; for others
+    // they are the data set's own, and the place dialog is asked for the data set's place, with a message over the
+    // dialog when that is unknown or there are no places at all.
+    void InitDlgBaseData(bool standardsMode);
+    // Shows the standards' names, the current one selected.
+    void RefreshStdCombo();
+
+    // Makes a new place dialog over a parent, and keeps it until this object goes or makes another. The one before
+    // stays as it is, nobody's any more, on purpose: somebody may hold it still.
+    OrvoPlaceDlg* CreatPlaceDlg(CWnd* parent);
+    // Without a place dialog: false, a default record, 0.
+    bool FindPlaceDlgZone(CString name, OrvoZoneRecord& zone);
+    OrvoZoneRecord GetPlaceDlgCurZone();
+    // Runs the place dialog; on IDOK its place becomes the data set's. Each run is followed by a fresh place dialog
+    // over the same parent. Gives the dialog's result.
+    INT_PTR PlaceDlgDoModal();
+
+protected:
+    CComboBox m_comboStd;
+    CComboBox m_comboPlace;
+    CComboBox m_comboTerm;
+    CDateTimeCtrl m_datePicker;
+    OrvoTimeEdit m_editStart;
+    OrvoTimeEdit m_editEnd;
+    CSpinButtonCtrl m_spinSpace;
+    OrvoPlaceDlg* m_pPlaceDlg = nullptr;
+
+    // Shows a date in the picker, as far as it is one, and its solar term in the combo box.
+    void ShowDate(OrvoDate& date);
+    // Selects the solar term that falls on a date; nothing on other days.
+    void ShowSolarTerm(OrvoDate& date);
+    // Shows a time of day in an edit and marks it modified. A time that no clock shows leaves the edit unmodified, with
+    // its default text.
+    static void ShowTime(OrvoTimeEdit& edit, const OrvoDegree& time);
+    // A box over the dialog that this is a base of.
+    void ShowMessage(const wchar_t* text);
+
+private:
+    void FillPlaces();
+    void CheckPlace();
+    void ShowTimes(const OrvoDegree& start, const OrvoDegree& end);
+};
