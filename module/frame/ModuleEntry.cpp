@@ -1,4 +1,5 @@
 // The host's way into the module: what happens when the library is loaded and unloaded.
+#include "frame/Commands.h"
 #include "frame/ConfigFiles.h"
 #include "frame/ModuleHandles.h"
 #include "platform/host/CommandStack.h"
@@ -31,7 +32,7 @@ void InitApplication(void* applicationHandle) {
     acrxUnlockApplication(applicationHandle);
     if (AcRxDynamicLinker* linker = FindService<AcRxDynamicLinker>(L"DynamicLinker"))
         linker->registerAppMDIAware(applicationHandle);
-    QcDefineCommand(kCommandGroup, nullptr, 0, 0);
+    QcDefineCommand(kCommandGroup, g_commandTable, kCommandCount, 0);
     LoadSunData();
     LoadSunSterm();
     LoadSunSet();

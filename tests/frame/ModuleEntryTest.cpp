@@ -124,10 +124,12 @@ TEST_F(ModuleEntry, DoesNothingOnAnyOtherMessage) {
     EXPECT_TRUE(std::filesystem::is_empty(m_folder.Path()));
 }
 
-TEST_F(ModuleEntry, RegistersItsGroupWithoutCommands) {
+TEST_F(ModuleEntry, RegistersItsGroupWithItsTwoCommands) {
     acrxEntryPoint(1, kHandle);
-    EXPECT_EQ(Commands().commandCount(L"OrvoDataBase"), 0);
+    EXPECT_EQ(Commands().commandCount(L"OrvoDataBase"), 2);
     acrxEntryPoint(2, kHandle);
+    EXPECT_EQ(Commands().commandCount(L"OrvoDataBase"), 0);
+    EXPECT_EQ(Commands().lookupCmd(L"QSetSunPrec"), nullptr);
 }
 
 namespace {
