@@ -14,8 +14,8 @@
 class GermanLocale {
 public:
     GermanLocale() : m_before(std::setlocale(LC_ALL, nullptr)) {
-        static const std::string folder = Compile();
-        setenv("LOCPATH", folder.c_str(), 1);
+        static const CompiledLocale locale;
+        setenv("LOCPATH", locale.m_folder.c_str(), 1);
         const char* set = std::setlocale(LC_ALL, "de_DE.UTF-8");
         unsetenv("LOCPATH");
         EXPECT_NE(set, nullptr) << "the German locale could not be compiled (Debian: locales)";
@@ -29,15 +29,24 @@ public:
     GermanLocale& operator=(const GermanLocale&) = delete;
 
 private:
-    static std::string Compile() {
-        const auto folder = std::filesystem::temp_directory_path() / ("orvo-locale-" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder);
-        const std::string command =
-            "localedef -i de_DE -f UTF-8 '" + (folder / "de_DE.UTF-8").string() + "' >/dev/null 2>&1";
-        if (std::system(command.c_str()) != 0)
-            ADD_FAILURE() << "localedef failed";
-        return folder.string();
-    }
+    // Once for each process; the folder is removed at its end.
+    struct CompiledLocale {
+        CompiledLocale()
+            : m_folder(std::filesystem::temp_directory_path() / ("orvo-locale-" + std::to_string(getpid()))) {
+            std::filesystem::create_directories(m_folder);
+            const std::string command =
+                "localedef -i de_DE -f UTF-8 '" + (m_folder / "de_DE.UTF-8").string() + "' >/dev/null 2>&1";
+            if (std::system(command.c_str()) != 0)
+                ADD_FAILURE() << "localedef failed";
+        }
+        ~CompiledLocale() {
+            std::error_code ignored;
+            std::filesystem::remove_all(m_folder, ignored);
+        }
+        CompiledLocale(const CompiledLocale&) = delete;
+        CompiledLocale& operator=(const CompiledLocale&) = delete;
+        const std::filesystem::path m_folder;
+    };
 
     std::string m_before;
 };
