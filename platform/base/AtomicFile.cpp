@@ -16,6 +16,7 @@
 #include "platform/base/CString.h"
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
+#include "platform/base/SaveFailure.h"
 #include "platform/base/Support.h"
 
 namespace {
@@ -33,7 +34,12 @@ public:
             m_file = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
         while (m_file < 0 && errno == EINTR);
     }
-    ~OpenFile() { Close(); }
+    // Without hiding why the step before failed.
+    ~OpenFile() {
+        const int error = errno;
+        Close();
+        errno = error;
+    }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
 
@@ -56,13 +62,27 @@ private:
     int m_file = -1;
 };
 
+bool FailWith(int error) {
+    errno = error;
+    return false;
+}
+
+// Removes a name without hiding why the step before failed.
+void RemoveQuietly(const std::string& path) {
+    const int error = errno;
+    unlink(path.c_str());
+    errno = error;
+}
+
 bool WriteAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = write(file, bytes.data(), bytes.size());
         if (count > 0)
             bytes.remove_prefix(static_cast<std::size_t>(count));
-        else if (count == 0 || errno != EINTR)
-            return false;
+        else if (count < 0 && errno == EINTR)
+            continue;
+        else
+            return count < 0 ? false : FailWith(EIO);
     }
     return true;
 }
@@ -84,7 +104,7 @@ std::string FolderOf(const std::string& path) {
 }
 
 // The path behind all symbolic links of its last part, also when they lead nowhere yet; empty for a circle and when a
-// link cannot be read.
+// link cannot be read; errno says why.
 std::string FollowLinks(std::string path) {
     for (int i = 0; i < kMostLinks; ++i) {
         std::array<char, PATH_MAX> link = {};
@@ -94,6 +114,7 @@ std::string FollowLinks(std::string path) {
         const std::string to(link.data(), static_cast<std::size_t>(length));
         path = to.rfind('/', 0) == 0 ? to : FolderOf(path) + "/" + to;
     }
+    errno = ELOOP;
     return std::string();
 }
 
@@ -109,6 +130,7 @@ public:
     AtomicSave(const AtomicSave&) = delete;
     AtomicSave& operator=(const AtomicSave&) = delete;
 
+    // The steps. Where one is false or finds the file unusable, errno says why.
     enum class Present { None, Same, Other, Unusable };
     Present LookAtPresent(std::string_view bytes);
     bool WriteTemporary(std::string_view bytes);
@@ -133,20 +155,26 @@ private:
 
 AtomicSave::~AtomicSave() {
     if (!m_temporary.empty())
-        unlink(m_temporary.c_str());
+        RemoveQuietly(m_temporary);
     if (m_isKeptNew)
-        unlink(m_kept.c_str());
+        RemoveQuietly(m_kept);
 }
 
 AtomicSave::Present AtomicSave::LookAtPresent(std::string_view bytes) {
     // Looked at before it is opened, since opening a device can do things.
     if (stat(m_target.c_str(), &m_status) != 0)
         return errno == ENOENT ? Present::None : Present::Unusable;
-    if (!S_ISREG(m_status.st_mode))
+    if (!S_ISREG(m_status.st_mode)) {
+        errno = kNoOrdinaryFile;
         return Present::Unusable;
+    }
     const OpenFile file(m_target, O_RDONLY | O_NONBLOCK);
-    if (!file.IsOpen() || fstat(file.Get(), &m_status) != 0 || !S_ISREG(m_status.st_mode))
+    if (!file.IsOpen() || fstat(file.Get(), &m_status) != 0)
         return Present::Unusable;
+    if (!S_ISREG(m_status.st_mode)) {
+        errno = kNoOrdinaryFile;
+        return Present::Unusable;
+    }
     m_hasPresent = true;
     bool isSame = static_cast<std::uint64_t>(m_status.st_size) == bytes.size();
     while (isSame) {
@@ -207,13 +235,15 @@ bool AtomicSave::KeepPresent(FileJudge isGood) {
 bool AtomicSave::KeepAsBackup() {
     const std::string second = m_temporary + ".bak";
     if (link(m_target.c_str(), second.c_str()) != 0 && !Copy(m_target, second)) {
-        unlink(second.c_str());
+        RemoveQuietly(second);
         return false;
     }
     m_kept = m_target + ".bak";
     const bool isGood = rename(second.c_str(), m_kept.c_str()) == 0;
+    if (!isGood && errno == EISDIR)
+        errno = kNoRoomForBackup;
     // Renaming does nothing when both names lead to the same file already.
-    unlink(second.c_str());
+    RemoveQuietly(second);
     return isGood;
 }
 
@@ -230,7 +260,7 @@ bool AtomicSave::KeepAsRefused() {
         if (m_isKeptNew || errno != EEXIST)
             return m_isKeptNew;
     }
-    return false;
+    return FailWith(EEXIST);
 }
 
 // For file systems without hard links. `to` must not exist yet.
@@ -249,8 +279,9 @@ bool AtomicSave::Copy(const std::string& from, const std::string& to) const {
     }
     isGood = isGood && TakeOverRights(copy.Get()) && copy.Flush() && copy.Close();
     if (!isGood) {
-        unlink(to.c_str());
-        errno = EIO;  // not "exists", whatever the last step left behind
+        RemoveQuietly(to);
+        if (errno == EEXIST)
+            errno = EIO;  // the copy was made: it is not the name that is taken
     }
     return isGood;
 }
@@ -261,8 +292,9 @@ bool AtomicSave::Replace() {
         return false;
     // Some file systems cannot flush a folder and say so.
     if (!folder.Flush() && errno != EINVAL) {
+        const int error = errno;
         Undo();
-        return false;
+        return FailWith(error);
     }
     m_temporary.clear();
     m_isKeptNew = false;
@@ -280,26 +312,39 @@ void AtomicSave::Undo() {
     m_isKeptNew = isThere && rename(m_temporary.c_str(), m_target.c_str()) == 0 && m_isKeptNew;
 }
 
-}  // namespace
-
-bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood) {
+// All steps; fills in what to tell when one fails.
+bool Save(const wchar_t* path, std::string_view bytes, FileJudge isGood, CString& text) {
     const std::string given = path ? ToUtf8(path) : std::string();
+    errno = ENOENT;  // for a path that is empty
     const std::string target = given.empty() ? given : FollowLinks(given);
-    if (target.empty())
+    if (target.empty()) {
+        text = SaveFailureText(path, errno);
         return false;
+    }
     if (IsInstalledDataPath(path) || IsInstalledDataPath(FromUtf8(target))) {
-        CString message;
-        message.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
-        ReportMessage(message);
+        text.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
         return false;
     }
     AtomicSave save(target);
-    switch (save.LookAtPresent(bytes)) {
-        case AtomicSave::Present::Same:
-            return true;
-        case AtomicSave::Present::Unusable:
-            return false;
-        default:
-            return save.WriteTemporary(bytes) && save.KeepPresent(isGood) && save.Replace();
-    }
+    const AtomicSave::Present present = save.LookAtPresent(bytes);
+    if (present == AtomicSave::Present::Same)
+        return true;
+    if (present != AtomicSave::Present::Unusable && save.WriteTemporary(bytes) && save.KeepPresent(isGood) &&
+        save.Replace())
+        return true;
+    text = SaveFailureText(path, errno);
+    return false;
+}
+
+}  // namespace
+
+bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood, CString* message) {
+    CString text;
+    if (Save(path, bytes, isGood, text))
+        return true;
+    if (message)
+        *message = text;
+    else
+        ReportMessage(text);
+    return false;
 }

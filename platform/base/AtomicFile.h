@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/base/Api.h"
+#include "platform/base/CString.h"
 
 // Whether the reader of a file of this kind accepts the file at a path (as the system takes it).
 using FileJudge = bool (*)(const char* path);
@@ -15,7 +16,9 @@ using FileJudge = bool (*)(const char* path);
 //     it becomes NAME.refused-1, or the next number that is free, and NAME.bak stays.
 //   - Symbolic links stay: what they lead to is replaced. Permissions stay; owner and group where the system allows it.
 //   - The folder must exist. A file that may not be read and written, and what is no ordinary file, is refused.
-//   - In the installed data folder nothing is written: a message says so.
+//   - In the installed data folder nothing is written.
 // False when a step fails: the old file then stands, and nothing is left beside it but possibly a NAME.bak of the same
-// content. (A process that is killed can leave one file NAME.saving-*.)
-ORVO_API bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood);
+// content. (A process that is killed can leave one file NAME.saving-*.) One sentence then names the file, the cause and
+// what to do about it; it goes to `message`, which is left alone otherwise, or to ReportMessage when that is null.
+ORVO_API bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood,
+                                 CString* message = nullptr);

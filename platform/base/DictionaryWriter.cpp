@@ -8,6 +8,8 @@
 
 #include "platform/base/AtomicFile.h"
 #include "platform/base/DictionaryReader.h"
+#include "platform/base/Message.h"
+#include "platform/base/SaveFailure.h"
 #include "platform/base/TextNumber.h"
 #include "platform/base/XmlNames.h"
 #include "platform/base/XmlQuiet.h"
@@ -106,7 +108,10 @@ bool DictionaryWriter::Write(const QcDtDictionary& root, std::string& bytes) {
 
 bool DictionaryWriter::SaveFile(const QcDtDictionary& root, const wchar_t* path) {
     std::string bytes;
-    return Write(root, bytes) && SaveFileAtomically(path, bytes, DictionaryReader::AcceptsFile);
+    if (Write(root, bytes))
+        return SaveFileAtomically(path, bytes, DictionaryReader::AcceptsFile);
+    ReportMessage(SaveFailureText(path, kUnreadableContent));
+    return false;
 }
 
 bool DictionaryWriter::WriteTree(const QcDtDictionary& root) {

@@ -19,7 +19,7 @@ public:
     // the XML library takes); `bytes` is then empty.
     static bool Write(const QcDtDictionary& root, std::string& bytes);
 
-    // The same into a file, by the rules of SaveFileAtomically.
+    // The same into a file, by the rules of SaveFileAtomically. Every failure is reported (ReportMessage), once.
     static bool SaveFile(const QcDtDictionary& root, const wchar_t* path);
 
 private:

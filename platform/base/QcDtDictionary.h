@@ -206,7 +206,7 @@ public:
     // Saves the tree so that ReadFromXML gives it back to the last bit. The file is replaced in one step, and only when
     // it would change; its version before stays as NAME.bak, or as NAME.refused-1, -2 ... when ReadFromXML would have
     // refused it. False, and the file stays as it was, when any step fails, when ReadFromXML would refuse the new file,
-    // and for a place in the installed data folder.
+    // and for a place in the installed data folder; each failure is reported (ReportMessage), with its cause.
     bool SaveToXML(const wchar_t* path) const;
 
 private:

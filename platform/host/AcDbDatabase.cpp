@@ -7,7 +7,6 @@
 #include "platform/base/AtomicFile.h"
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
-#include "platform/base/Support.h"
 #include "platform/host/CurrentDrawing.h"
 #include "platform/host/DxfDrawing.h"
 
@@ -73,17 +72,15 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
         if (!m_pDrawing)
             return Tell(Acad::eInvalidInput, PlatformText(L"没有可以保存的图形。"), message);
         CString text;
-        if (IsInstalledDataPath(path)) {
-            text.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
-            return Tell(Acad::eFileAccessErr, text, message);
-        }
         std::string storage;
         const std::string_view bytes = m_pDrawing->WholeText(storage);
-        if (bytes.empty() || !SaveFileAtomically(path, bytes, nullptr)) {
-            text.Format(PlatformText(L"图形文件“%s”没有保存，原来的文件没有改变。"), path);
+        if (bytes.empty()) {
+            text.Format(PlatformText(L"图形文件“%s”超过 2 GiB，没有保存，原来的文件没有改变。"), path);
             return Tell(Acad::eFileAccessErr, text, message);
         }
-        m_pDrawing->m_bModified = false;
+        if (!SaveFileAtomically(path, bytes, nullptr, &text))
+            return Tell(Acad::eFileAccessErr, text, message);
+        m_pDrawing->m_nSavedChanges = m_pDrawing->m_nChanges;
         return Acad::eOk;
     } catch (...) {
         return TellOutOfMemory(message);
@@ -91,7 +88,11 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
 }
 
 bool AcDbDatabase::IsModified() const {
-    return m_pDrawing && m_pDrawing->m_bModified;
+    return m_pDrawing && m_pDrawing->m_nChanges != m_pDrawing->m_nSavedChanges;
+}
+
+std::uint64_t AcDbDatabase::GetChangeCount() const {
+    return m_pDrawing ? m_pDrawing->m_nChanges : 0;
 }
 
 std::size_t AcDbDatabase::GetEntityCount() const {
@@ -116,6 +117,20 @@ std::uint64_t AcDbDatabase::GetHandle(AcDbObjectId id) const {
 bool AcDbDatabase::IsSymbolTableRecord(AcDbObjectId id) const {
     const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
     return entry != DxfIndex::kNone && m_pDrawing->GetIndex().GetKind(entry) == DxfKind::TableRecord;
+}
+
+bool AcDbDatabase::GetSymbolTableRecords(const char* table, std::vector<AcDbObjectId>& ids) const {
+    ids.clear();
+    const bool isGood =
+        table && Guarded(false, [&] {
+            for (std::size_t entry = 0; m_pDrawing && entry < m_pDrawing->GetIndex().GetCount(); ++entry)
+                if (m_pDrawing->IsRecordOf(entry, table))
+                    ids.push_back(m_pDrawing->IdOf(entry));
+            return true;
+        });
+    if (!isGood)
+        ids.clear();
+    return isGood;
 }
 
 bool AcDbDatabase::GetGroups(AcDbObjectId id, std::vector<DxfGroup>& groups) const {

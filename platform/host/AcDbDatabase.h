@@ -44,6 +44,9 @@ public:
 
     // Whether SetGroups changed anything since the drawing was read or last saved (wherever to).
     bool IsModified() const;
+    // How many calls have changed something since the drawing was read; saving does not count. For those who keep
+    // something made of the drawing.
+    std::uint64_t GetChangeCount() const;
 
     // The entities of the section ENTITIES in the file's order. VERTEX, ATTRIB and SEQEND, which follow a POLYLINE or
     // INSERT, are entities of their own. A null id for an index out of range.
@@ -56,6 +59,9 @@ public:
     std::uint64_t GetHandle(AcDbObjectId id) const;
     // A record of a table in the section TABLES: LAYER, LTYPE, STYLE, VIEW, UCS, APPID, DIMSTYLE, VPORT, BLOCK_RECORD.
     bool IsSymbolTableRecord(AcDbObjectId id) const;
+    // All records of a table ("LAYER") in the file's order, of several tables of that name too. False, and no ids, for
+    // a null name and where memory runs out; a table that is not there has no records.
+    bool GetSymbolTableRecords(const char* table, std::vector<AcDbObjectId>& ids) const;
 
     // All of an object's groups in their order, the first being group 0. Comments (group 999) are not among them. False
     // for an unknown id; `groups` is then empty.

@@ -20,7 +20,14 @@ bool g_isInMetres = false;
 constexpr int kMetres = 6;
 constexpr int kIntegerCode = 70;
 
-bool IsInMetres(const AcDbDatabase* drawing) {
+void LookAtUnit() {
+    g_isInMetres = IsDrawingInMetres(g_pDrawing);
+    g_bMeterUnitDraw = g_isInMetres;
+}
+
+}  // namespace
+
+bool IsDrawingInMetres(const AcDbDatabase* drawing) {
     std::vector<DxfGroup> groups;
     if (!drawing || !drawing->GetHeaderVariable("$INSUNITS", groups))
         return false;
@@ -34,13 +41,6 @@ bool IsInMetres(const AcDbDatabase* drawing) {
     }
     return false;
 }
-
-void LookAtUnit() {
-    g_isInMetres = IsInMetres(g_pDrawing);
-    g_bMeterUnitDraw = g_isInMetres;
-}
-
-}  // namespace
 
 AcDbDatabase* acdbCurDwg() {
     return g_pDrawing;

@@ -3,6 +3,11 @@
 
 #include "platform/base/Api.h"
 
+class AcDbDatabase;
+
+// Whether a drawing is in metres, that is whether its header variable $INSUNITS is 6. False for null.
+ORVO_API bool IsDrawingInMetres(const AcDbDatabase* drawing);
+
 // Nonzero when the drawing that is open in the host (acdbCurDwg) is in metres, that is when its header variable
 // $INSUNITS is 6; 0 otherwise, and without a drawing.
 ORVO_API int QcDbGetDrawUnit();

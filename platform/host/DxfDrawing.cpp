@@ -80,6 +80,15 @@ std::uint64_t DxfDrawing::HandleOf(std::size_t entry) const {
     return 0;
 }
 
+bool DxfDrawing::IsRecordOf(std::size_t entry, std::string_view table) const {
+    if (m_index.GetKind(entry) != DxfKind::TableRecord)
+        return false;
+    const std::string_view text = ReadText(entry);
+    DxfScanner scanner(text);
+    DxfRawGroup group;
+    return scanner.Next(group) && TrimDxfValue(group.ValueIn(text)) == table;
+}
+
 bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups) {
     if (!AreDxfGroupsSound(groups))
         return false;
@@ -91,7 +100,7 @@ bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& group
     if (before == groups)
         return true;
     m_changes[entry] = RewriteDxfObject(text, groups, m_style);
-    m_bModified = true;
+    ++m_nChanges;
     return true;
 }
 

@@ -28,6 +28,8 @@ public:
     // The text of an object as it is now.
     std::string_view TextOf(std::size_t entry) const;
     std::uint64_t HandleOf(std::size_t entry) const;
+    // Whether an entry is a record of a table, which bears the table's name as its type.
+    bool IsRecordOf(std::size_t entry, std::string_view table) const;
     bool SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups);
     bool GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const;
 
@@ -36,7 +38,8 @@ public:
     // has become too large for a file.
     std::string_view WholeText(std::string& storage) const;
 
-    bool m_bModified = false;  // since it was read or saved
+    std::uint64_t m_nChanges = 0;       // since it was read
+    std::uint64_t m_nSavedChanges = 0;  // how many of them have been saved
 
 private:
     std::string_view ReadText(std::size_t entry) const;

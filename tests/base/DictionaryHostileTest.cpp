@@ -12,7 +12,9 @@
 #include "RandomDictionary.h"
 #include "platform/base/DictionaryReader.h"
 #include "platform/base/DictionaryWriter.h"
+#include "platform/base/Message.h"
 #include "support/FileTree.h"
+#include "support/Recorder.h"
 
 namespace {
 
@@ -292,9 +294,14 @@ TEST(HostileDictionary, NothingIsPrintedAboutARefusedFile) {
     QcDtDictionary dictionary;
     dictionary.ReadFromXML(L"/no/such/file.xml");
     dictionary.ReadFromXML(L"http://localhost:1/file.xml");
+    // A save that fails is told to the sink, and nowhere else.
+    Recorder messages;
+    SetMessageSink(Recorder::Take, &messages);
     dictionary.SaveToXML(L"/no/such/file.xml");
+    SetMessageSink(nullptr, nullptr);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(messages.texts.size(), 1U);
 }
 
 }  // namespace

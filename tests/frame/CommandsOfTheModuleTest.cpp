@@ -1,7 +1,10 @@
 // The two commands that the module gives the host's user, run from the host's command stack.
+#include <dlfcn.h>
+
 #include <QLineEdit>
 #include <QTest>
 #include <QWidget>
+#include <optional>
 
 #include "frame/Commands.h"
 #include "frame/ConfigSandbox.h"
@@ -15,6 +18,20 @@
 #include "platform/window/ModalDriver.h"
 #include "settings/AnalysisParameters.h"
 #include "window/DialogForTests.h"
+
+namespace {
+
+// The resources that were current when a command asked for the frame, which it does to make its dialog.
+std::optional<HINSTANCE> g_resourcesAtTheMaking;
+
+}  // namespace
+
+// Stands before the platform's own, so that a test sees when it is asked.
+CWnd* acedGetAcadFrame() {
+    g_resourcesAtTheMaking = AfxGetResourceHandle();
+    static const auto original = reinterpret_cast<CWnd* (*)()>(dlsym(RTLD_NEXT, "_Z16acedGetAcadFramev"));
+    return original();
+}
 
 namespace {
 
@@ -70,8 +87,24 @@ TEST_F(CommandsOfTheModule, AreTheTwoOfTheTableInTheirOrder) {
     ASSERT_EQ(Stack().commandCount(L"OrvoDataBase"), 2);
     EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", 0)->m_strName, L"QcCityData");
     EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", 1)->m_strName, L"QSetSunPrec");
-    for (int index = 0; index < 2; ++index)
+    for (int index = 0; index < 2; ++index) {
         EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", index)->m_nFlags, 0) << index;
+        EXPECT_EQ(g_commandTable[index].m_nReserved, 0) << index;
+        EXPECT_EQ(g_commandTable[index].m_pFunction, Stack().commandAt(L"OrvoDataBase", index)->m_pFunction) << index;
+    }
+}
+
+TEST_F(CommandsOfTheModule, MakeTheirDialogsWithinTheModulesResourcesAndBeforeThem) {
+    const HINSTANCE before = AfxGetResourceHandle();
+    ASSERT_NE(before, GetModuleResourceHandle());
+    const ModalDriver driver([](const ModalWindow&) { return int{IDCANCEL}; });
+    g_resourcesAtTheMaking.reset();
+    RunCommand(L"QcCityData");
+    EXPECT_EQ(g_resourcesAtTheMaking, GetModuleResourceHandle());
+    g_resourcesAtTheMaking.reset();
+    RunCommand(L"QSetSunPrec");
+    EXPECT_EQ(g_resourcesAtTheMaking, before) << "its resources become current only after it is made";
+    EXPECT_EQ(driver.GetCount(), 2);
 }
 
 TEST_F(CommandsOfTheModule, OpenTheEditorOfThePlaces) {

@@ -5,7 +5,9 @@
 #include <sys/resource.h>
 
 #include "frame/ConfigSandbox.h"
+#include "platform/base/Message.h"
 #include "support/FullDisk.h"
+#include "support/Recorder.h"
 #include "support/TableSwitch.h"
 
 namespace {
@@ -182,7 +184,9 @@ TEST_F(ConfigFiles, KeepABrokenSettingsFileBesideTheGoodOneThatReplacesIt) {
     EXPECT_EQ(g_SunDataSet.m_strCurCity, L"北京");
 }
 
-TEST_F(ConfigFiles, FailToSaveWithoutAWordWhenTheFileCannotBeWritten) {
+TEST_F(ConfigFiles, LeaveItToThePlatformToSayWhyAFileCannotBeWritten) {
+    Recorder messages;
+    SetMessageSink(&Recorder::Take, &messages);
     for (const char* name : {"zone.xml", "SunTerm.xml", "SunSet.xml"})
         m_folder.Write(name, "<r><old/></r>");
     bool isZoneSaved = true;
@@ -195,12 +199,18 @@ TEST_F(ConfigFiles, FailToSaveWithoutAWordWhenTheFileCannotBeWritten) {
         isTermSaved = SaveSunSterm();
         isSetSaved = SaveSunSet();
     }
+    SetMessageSink(nullptr, nullptr);
     EXPECT_FALSE(isZoneSaved);
     EXPECT_FALSE(isTermSaved);
     EXPECT_FALSE(isSetSaved);
     EXPECT_TRUE(m_lines.empty());
-    for (const char* name : {"zone.xml", "SunTerm.xml", "SunSet.xml"})
+    ASSERT_EQ(messages.texts.size(), 3U) << "each once";
+    std::size_t index = 0;
+    for (const char* name : {"zone.xml", "SunTerm.xml", "SunSet.xml"}) {
+        EXPECT_EQ(messages.texts[index++],
+                  "文件“" + (m_folder / name).string() + "”没有保存：磁盘空间不足，请清理磁盘再保存。");
         EXPECT_EQ(m_folder.Read(name), "<r><old/></r>");
+    }
     // The dictionary took the settings all the same.
     EXPECT_EQ(g_dictSunSet.FindDict(L"CUR_SUNSETDATA")->FindItem(L"CUR_CITY")->GetStringValue(), L"广州");
 }

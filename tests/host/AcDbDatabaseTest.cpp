@@ -118,6 +118,38 @@ TEST(AcDbDatabase, KnowsTheRecordsOfSymbolTables) {
     EXPECT_FALSE(drawing.database.IsSymbolTableRecord(AcDbObjectId()));
 }
 
+TEST(AcDbDatabase, ListsTheRecordsOfATableInTheFilesOrder) {
+    const OpenDrawing drawing(
+        DrawingOf(Section("TABLES",
+                          "  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  5\n1\n  0\n LAYER \n  2\nno handle\n  0\nENDTAB\n"
+                          "  0\nTABLE\n  2\nLTYPE\n  0\nLTYPE\n  5\n3\n  2\nLAYER\n  0\nENDTAB\n"
+                          "  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  5\n4\n  0\nENDTAB\n") +
+                  Section("ENTITIES", "  0\nLAYER\n  5\n5\n") + Section("OBJECTS", "  0\nLAYER\n  5\n6\n")));
+    std::vector<AcDbObjectId> ids;
+    ASSERT_TRUE(drawing.database.GetSymbolTableRecords("LAYER", ids));
+    ASSERT_EQ(ids.size(), 3U);
+    EXPECT_EQ(ids[0], drawing.Handle(1));
+    EXPECT_EQ(drawing.Groups(ids[1])[1].strValue, "no handle");
+    EXPECT_EQ(ids[2], drawing.Handle(4));
+    ASSERT_TRUE(drawing.database.GetSymbolTableRecords("LTYPE", ids));
+    EXPECT_EQ(ids, std::vector<AcDbObjectId>{drawing.Handle(3)});
+}
+
+TEST(AcDbDatabase, ListsNoRecordsOfATableThatIsNotThere) {
+    const OpenDrawing drawing(SmallDrawing());
+    for (const char* table : {"VIEW", "", "layer", "TABLE"}) {
+        std::vector<AcDbObjectId> ids(1);
+        EXPECT_TRUE(drawing.database.GetSymbolTableRecords(table, ids)) << table;
+        EXPECT_TRUE(ids.empty()) << table;
+    }
+    std::vector<AcDbObjectId> ids(1);
+    EXPECT_FALSE(drawing.database.GetSymbolTableRecords(nullptr, ids));
+    EXPECT_TRUE(ids.empty());
+    ids.resize(1);
+    EXPECT_TRUE(AcDbDatabase().GetSymbolTableRecords("LAYER", ids));
+    EXPECT_TRUE(ids.empty());
+}
+
 TEST(AcDbDatabase, GivesAllGroupsButNoComments) {
     const OpenDrawing drawing(SmallDrawing());
     EXPECT_EQ(drawing.Groups(drawing.Handle(0x1AF)),

@@ -31,6 +31,16 @@ TEST_F(DrawingUnits, AreNotMetresWithoutADrawing) {
     EXPECT_EQ(QcDbGetDrawUnit(), 0);
 }
 
+TEST_F(DrawingUnits, AreToldOfAnyDrawing) {
+    OpenDrawing metres(DrawingIn(" 70\n6\n"));
+    OpenDrawing millimetres(DrawingIn(" 70\n4\n"));
+    acdbSetCurDwg(&millimetres.database);
+    EXPECT_TRUE(IsDrawingInMetres(&metres.database));
+    EXPECT_FALSE(IsDrawingInMetres(&millimetres.database));
+    EXPECT_FALSE(IsDrawingInMetres(nullptr));
+    EXPECT_FALSE(g_bMeterUnitDraw) << "asking changes nothing";
+}
+
 TEST_F(DrawingUnits, AreMetresForTheInsertionUnitSixOnly) {
     for (int unit = 0; unit <= 20; ++unit) {
         OpenDrawing drawing(DrawingIn(" 70\n" + std::to_string(unit) + "\n"));

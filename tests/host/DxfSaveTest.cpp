@@ -85,7 +85,7 @@ TEST(DxfSave, KeepsTheOldFileWhenTheDiskIsFull) {
         EXPECT_EQ(drawing.database.dxfOut(drawing.files.File("drawing.dxf"), &message), Acad::eFileAccessErr);
     }
     EXPECT_EQ(ToUtf8(message.View()),
-              "图形文件“" + (drawing.files / "drawing.dxf").string() + "”没有保存，原来的文件没有改变。");
+              "文件“" + (drawing.files / "drawing.dxf").string() + "”没有保存：磁盘空间不足，请清理磁盘再保存。");
     EXPECT_EQ(drawing.files.Read("drawing.dxf"), SmallDrawing());
     EXPECT_TRUE(drawing.database.IsModified());
     EXPECT_EQ(drawing.database.dxfOut(drawing.files.File("drawing.dxf"), &message), Acad::eOk);

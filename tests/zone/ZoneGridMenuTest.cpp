@@ -1,5 +1,24 @@
 // The right button's menu in the grid of places.
+#include <dlfcn.h>
+
+#include <utility>
+
+#include "platform/window/CMenu.h"
 #include "zone/EditorStage.h"
+
+namespace {
+
+// What the next menu answers, whether it has such an entry or not; 0: what is chosen in it.
+int g_nextAnswer = 0;
+
+}  // namespace
+
+// Stands before the platform's own.
+int CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* owner) {
+    using Original = int (*)(CMenu*, UINT, int, int, CWnd*);
+    static const auto original = reinterpret_cast<Original>(dlsym(RTLD_NEXT, "_ZN5CMenu14TrackPopupMenuEjiiP4CWnd"));
+    return g_nextAnswer != 0 ? std::exchange(g_nextAnswer, 0) : original(this, flags, x, y, owner);
+}
 
 namespace {
 
@@ -142,6 +161,27 @@ TEST_F(ZoneGridMenu, ChangesNothingWhenItIsLeft) {
         Menu(editor, 1);
         EXPECT_EQ(editor.grid.GetRowCount(), 5);
     });
+}
+
+TEST_F(ZoneGridMenu, RunsTheProvincesCommandItself) {
+    EditTwo([](const OpenEditor& editor) {
+        editor.grid.SetCurRow(&editor.Row(3));
+        g_nextAnswer = 101;
+        Menu(editor, 3);
+        ASSERT_EQ(editor.grid.GetRowCount(), 7);
+        EXPECT_EQ(editor.Row(5).GetParent(), &editor.Row(3)) << "under the row, not behind it";
+        EXPECT_EQ(editor.Line(6), "||   度  分  秒|   度  分  秒|");
+    });
+}
+
+TEST_F(ZoneGridMenu, LeavesEveryOtherCommandToThePlatformsGrid) {
+    for (const int command : {102, 103, 99})
+        EditTwo([command](const OpenEditor& editor) {
+            editor.grid.SetCurRow(&editor.Row(3));
+            g_nextAnswer = command;
+            Menu(editor, 3);
+            EXPECT_EQ(editor.grid.GetRowCount(), 5) << command << ": none that it knows";
+        });
 }
 
 TEST_F(ZoneGridMenu, IsBroughtByTheKeyboard) {

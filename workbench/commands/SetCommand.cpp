@@ -156,7 +156,8 @@ int RunSet(const SetOptions& options, Output& output) {
     const bool isFound = FindFile(L"SunSet.xml", path);
     if (!SaveSunSet()) {
         before.Restore(g_SunDataSet);
-        return Refuse(kExitFailed, isFound ? SayFormat(L"设置没有保存：写不了 %s。原来的设置不变。", Printable(path))
+        // Why the file that is there cannot be written has been told by the platform.
+        return Refuse(kExitFailed, isFound ? Say(L"设置没有保存，原来的设置不变。")
                                            : Say(L"设置没有保存：找不到 SunSet.xml。原来的设置不变。"));
     }
     PrintChanges(changes, output);
