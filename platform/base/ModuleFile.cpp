@@ -66,17 +66,17 @@ std::string MappedFile(std::uintptr_t address) {
 std::string FileOf(HINSTANCE module) {
     if (!module)
         return ProgramFile();
-    Dl_info info{};
-    void* extra = nullptr;
-    if (dladdr1(module, &info, &extra, RTLD_DL_LINKMAP) == 0 || !extra)
+    // Unlike dladdr this does not go through the module's symbols, of which there are thousands.
+    dl_find_object found{};
+    if (_dl_find_object(const_cast<void*>(module), &found) != 0 || !found.dlfo_link_map)
         return {};
-    const char* name = static_cast<const link_map*>(extra)->l_name;
+    const char* name = found.dlfo_link_map->l_name;
     if (!name || !*name)
         return ProgramFile();
     if (*name == '/')
         return name;
     // Any address of the module is good for the dynamic linker, but only its head is surely mapped from the file.
-    return MappedFile(reinterpret_cast<std::uintptr_t>(info.dli_fbase));
+    return MappedFile(reinterpret_cast<std::uintptr_t>(found.dlfo_map_start));
 }
 
 unsigned CopyName(std::wstring_view name, wchar_t* buffer, unsigned size) {
