@@ -192,5 +192,5 @@ void OrvoDate::InitStermCombo(CComboBox& combo) {
     if (m_listTerm.IsEmpty())
         LoadTermData();
     for (OrvoSTerm* const* slot = m_listTerm.GetFirst(); slot; slot = m_listTerm.GetNext(slot))
-        combo.AddString(*slot ? (*slot)->m_strName.GetString() : L"");
+        combo.AddString(*slot ? TranslateText((*slot)->m_strName) : CString());
 }

@@ -101,10 +101,9 @@ void OrvoDataPrecisSetDlg::OnSelchangeUnit() {
         m_nUnit = before;
         return;
     }
-    if (m_nUnit == before)
-        return;
-    for (double* length : {&m_dDistancePrec, &m_dWinOffset, &m_dArcPrec})
-        *length = m_nUnit != 0 ? *length / kMillimetresPerMetre : *length * kMillimetresPerMetre;
+    if (m_nUnit != before)
+        for (double* length : {&m_dDistancePrec, &m_dWinOffset, &m_dArcPrec})
+            *length = m_nUnit != 0 ? *length / kMillimetresPerMetre : *length * kMillimetresPerMetre;
     UpdateData(FALSE);
 }
 

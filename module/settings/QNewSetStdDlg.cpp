@@ -41,10 +41,10 @@ void QNewSetStdDlg::DoDataExchange(CDataExchange* exchange) {
     if (!exchange->m_bSaveAndValidate)
         return;
     const wchar_t* refusal = nullptr;
-    if (IsBlank(name))
-        refusal = L"请输入标准的名称";
-    else if (g_SunDataSet.FindStd(name) >= 0 || IsKeyOfSettings(name))
+    if (g_SunDataSet.FindStd(name) >= 0 || IsKeyOfSettings(name))
         refusal = L"该名称已经被使用,请修改名称";
+    else if (IsBlank(name))
+        refusal = L"请输入标准的名称";
     if (refusal != nullptr) {
         MessageBox(TranslateText(refusal));
         exchange->Fail();

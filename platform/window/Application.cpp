@@ -9,6 +9,8 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "platform/window/ToolkitTexts.h"
+
 namespace {
 
 bool IsSet(const char* name) {
@@ -23,20 +25,36 @@ void StayInMemory() {
         dlopen(here.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
 }
 
+// Where the toolkit finds no display of the kinds that it is told, it aborts: the last kind is therefore one that needs
+// none. An empty name counts as none.
+void ChoosePlatform() {
+    if (IsSet("QT_QPA_PLATFORM"))
+        return;
+    if (!HasDisplay())
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    else if (IsSet("DISPLAY"))
+        setenv("QT_QPA_PLATFORM", "xcb;wayland;offscreen", 1);
+    else
+        setenv("QT_QPA_PLATFORM", "wayland;offscreen", 1);
+}
+
 void MakeApplication() {
     StayInMemory();
-    // Qt takes an empty name of a platform for none, looks for a display, and aborts without one.
-    if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM"))
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    ChoosePlatform();
     // Qt keeps references to both as long as it lives, which is to the end of the process.
     static int count = 1;
     static char name[] = "orvo";
     static char* arguments[] = {name, nullptr};
     new QApplication(count, arguments);  // NOLINT(cppcoreguidelines-owning-memory): never destroyed
     std::setlocale(LC_NUMERIC, "C");     // Qt has set the user's
+    TranslateToolkit(QCoreApplication::instance());
 }
 
 }  // namespace
+
+bool HasDisplay() {
+    return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
+}
 
 bool NeedApplication() {
     if (QCoreApplication::instance() == nullptr)

@@ -13,6 +13,9 @@ class QWidget;
 // object is one without windows.
 bool NeedApplication();
 
+// Whether the environment names a display, or a kind of windows. It may still not answer.
+bool HasDisplay();
+
 // Whether windows are drawn where a person can see them. Asked after NeedApplication.
 bool CanBeSeen();
 

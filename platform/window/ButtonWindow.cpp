@@ -27,6 +27,17 @@ void SetCheck(QAbstractButton& button, bool checked) {
     group->setExclusive(true);
 }
 
+// Tab goes to the checked button of a group, or to the first while none is; the arrows go to the others.
+void FixTabStop(const QButtonGroup& group) {
+    const auto buttons = group.buttons();
+    const QAbstractButton* checked = group.checkedButton();
+    const QAbstractButton* stop = checked != nullptr ? checked : buttons.value(0);
+    for (QAbstractButton* button : buttons) {
+        const int others = button->focusPolicy() & ~Qt::TabFocus;
+        button->setFocusPolicy(static_cast<Qt::FocusPolicy>(button == stop ? others | Qt::TabFocus : others));
+    }
+}
+
 LRESULT ButtonProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
     QAbstractButton& button = ButtonOf(link);
     switch (message) {
@@ -75,6 +86,10 @@ QAbstractButton* NewButton(const ControlRequest& request) {
         case BS_AUTORADIOBUTTON: {
             auto* radio = new QRadioButton(request.parent);
             radio->setAutoExclusive(false);  // the dialog forms the groups
+            QObject::connect(radio, &QAbstractButton::toggled, radio, [radio] {
+                if (const QButtonGroup* group = radio->group())
+                    FixTabStop(*group);
+            });
             return radio;
         }
         default: {

@@ -2,8 +2,11 @@
 #include "platform/window/CDateTimeCtrl.h"
 
 #include <QDateEdit>
+#include <QLocale>
 #include <QSignalBlocker>
 
+#include "platform/base/Language.h"
+#include "platform/window/QtText.h"
 #include "platform/window/WindowLink.h"
 
 namespace {
@@ -19,6 +22,15 @@ QDateEdit* PickerOf(HWND window) {
 void NotifyChange(WindowLink& link) {
     NMHDR change = {nullptr, 0, DTN_DATETIMECHANGE};
     link.NotifyParent(change);
+}
+
+// The calendar names months and days in the interface's language, whatever the machine's is.
+QLocale InterfaceLocale() {
+    if (g_strCurLanguage == L"Chs")
+        return {QLocale::Chinese, QLocale::China};
+    if (g_strCurLanguage == L"Enu")
+        return {QLocale::English, QLocale::UnitedStates};
+    return QLocale(ToQString(g_strCurLanguage));  // other languages are called by their codes
 }
 
 }  // namespace
@@ -63,7 +75,8 @@ DWORD CDateTimeCtrl::GetTime(SYSTEMTIME* time) const {
 
 WindowLink& MakeDatePicker(const ControlRequest& request) {
     auto* picker = new QDateEdit(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
-    picker->setTimeSpec(Qt::UTC);                  // local time has gaps, which would move a time of day in them
+    picker->setLocale(InterfaceLocale());
+    picker->setTimeSpec(Qt::UTC);  // local time has gaps, which would move a time of day in them
     picker->setCalendarPopup(true);
     picker->setDisplayFormat("yyyy-MM-dd");
     picker->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));

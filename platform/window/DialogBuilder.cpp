@@ -9,6 +9,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
@@ -22,6 +23,18 @@
 #include "platform/window/SpinArrows.h"
 
 namespace {
+
+constexpr int kLineHeight = 14;  // of an edit or a button, in dialog units
+
+// What only shows looks like it: an edit that takes no text has no paper to write on.
+void DullReadOnly(QWidget* widget) {
+    const auto* edit = qobject_cast<QLineEdit*>(widget);
+    if (edit == nullptr || !edit->isReadOnly())
+        return;
+    QPalette palette = widget->palette();
+    palette.setBrush(QPalette::Base, palette.brush(QPalette::Window));
+    widget->setPalette(palette);
+}
 
 // One control in the making: where it comes from, and where it stands in pixels.
 struct Placed {
@@ -93,10 +106,13 @@ Placed Make(const DialogItemTemplate& item, QWidget* dialog, const DialogUnits& 
     widget->setEnabled((item.dwStyle & WS_DISABLED) == 0);
     if ((item.dwStyle & WS_TABSTOP) == 0)
         widget->setFocusPolicy(static_cast<Qt::FocusPolicy>(widget->focusPolicy() & ~Qt::TabFocus));
+    DullReadOnly(widget);
     QRect place = units.Rect(item.x, item.y, item.cx, item.cy);
-    // The height of a combo box counts its list; its own is what the toolkit gives it.
-    if (item.strClass.CompareNoCase(L"COMBOBOX") == 0)
-        place.setHeight(std::min(place.height(), widget->sizeHint().height()));
+    // The height of a combo box counts its list; its own is that of the edits that it stands in line with.
+    if (item.strClass.CompareNoCase(L"COMBOBOX") == 0) {
+        const int line = units.Rect(item.x, item.y, item.cx, kLineHeight).height();
+        place.setHeight(std::min(place.height(), std::max(line, widget->sizeHint().height())));
+    }
     return {&item, &link, place};
 }
 

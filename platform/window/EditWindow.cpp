@@ -1,6 +1,7 @@
 // The edit on the screen: the toolkit's line edit with the framework's messages.
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <limits>
 
@@ -42,6 +43,41 @@ void SetText(QLineEdit& edit, const wchar_t* text) {
     edit.setMaxLength(std::max(edit.maxLength(), static_cast<int>(shown.size())));
     edit.setText(shown);
     edit.home(false);
+}
+
+bool IsBreak(QChar character) {
+    switch (character.unicode()) {
+        case u'\t':
+        case u'\n':
+        case u'\v':
+        case u'\f':
+        case u'\r':
+        case 0x85:    // next line
+        case 0x2028:  // line separator
+        case 0x2029:  // paragraph separator
+            return true;
+        default:
+            return false;
+    }
+}
+
+QString OnOneLine(QString text) {
+    text.replace("\r\n", " ");
+    std::replace_if(text.begin(), text.end(), IsBreak, QChar(u' '));
+    return text;
+}
+
+// An edit has one line. What is pasted may have several, or tabs: each break becomes a blank, so that nothing is lost
+// and nothing is kept that cannot be seen. Texts that the program sets stay as they are.
+void KeepOnOneLine(QLineEdit& edit) {
+    const QString text = edit.text();
+    if (std::none_of(text.begin(), text.end(), IsBreak))
+        return;
+    const qsizetype caret = OnOneLine(text.left(edit.cursorPosition())).size();
+    const QSignalBlocker quiet(edit);  // the change is reported once, by who noticed it
+    edit.setText(OnOneLine(text));
+    edit.setCursorPosition(static_cast<int>(caret));
+    edit.setModified(true);
 }
 
 // A limit cuts nothing off that is there already.
@@ -183,6 +219,7 @@ WindowLink& MakeEdit(const ControlRequest& request) {
     LimitText(*edit, 0);
     SetText(*edit, request.strText);
     WindowLink& link = WindowLink::Make(edit, request.nID, request.dwStyle, &EditProcedure);
+    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit] { KeepOnOneLine(*edit); });
     QObject::connect(edit, &QLineEdit::textChanged, edit, [&link] { link.NotifyParent(EN_CHANGE); });
     return link;
 }

@@ -1,9 +1,11 @@
 // Cells: parent rows stand out, and the active cell has a frame.
 #include "platform/window/GridDelegate.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QTreeView>
+#include <QtMath>
 
 #include "platform/window/GridModel.h"
 #include "platform/window/QcUiGrid.h"
@@ -18,7 +20,9 @@ public:
     GridDelegate(QTreeView* view, const QcUiGrid& grid) : QStyledItemDelegate(view), m_view(*view), m_grid(grid) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return {QStyledItemDelegate::sizeHint(option, index).width(), option.fontMetrics.height() + kRoomAroundText};
+        // Rounded up, as the line of text is: rounded otherwise it would stand a pixel higher than in an editor.
+        const int line = qCeil(QFontMetricsF(option.font).height());
+        return {QStyledItemDelegate::sizeHint(option, index).width(), line + kRoomAroundText};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {

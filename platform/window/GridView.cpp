@@ -20,6 +20,7 @@ constexpr double kUsualDigit = 6;  // column widths are meant for a font whose d
 constexpr int kIndentation = 18;
 constexpr int kSmallestColumn = 32;
 constexpr int kFrameAndLine = 2;  // around an editor, so that the active cell's frame stays visible
+constexpr int kEditorEdges = 8;   // what an edit in a cell keeps free beside its text, and a cell does not
 constexpr double kLineStrength = 0.17;
 
 QColor Mix(const QColor& paper, const QColor& ink, double share) {
@@ -379,7 +380,7 @@ private:
 
     void ShowColumnWidth(int column) {
         const double digit = QFontMetricsF(font()).horizontalAdvance('0');
-        header()->resizeSection(column, qRound(m_pRows->Column(column)->nWidth * digit / kUsualDigit));
+        header()->resizeSection(column, qRound(m_pRows->Column(column)->nWidth * digit / kUsualDigit) + kEditorEdges);
     }
 
     GridRows* m_pRows;  // null once the grid is forgotten

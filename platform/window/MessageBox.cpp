@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QCloseEvent>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
@@ -104,13 +105,31 @@ QString Breakable(QString text) {
     return broken;
 }
 
+// What would make the box higher than a screen, and push its buttons out of it, is left out at the end.
+QString Shortened(const QString& text, const QFontMetrics& letters) {
+    constexpr int kMostWidth = 750;   // in heights of a letter: some forty lines
+    constexpr int kWidthOfLine = 20;  // the narrowest that the toolkit makes a line
+    const QChar ellipsis(0x2026);
+    int width = kMostWidth * letters.height();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar unit = text[i];
+        if (unit == QChar(u'\n'))
+            width -= kWidthOfLine * letters.height();
+        else if (!unit.isLowSurrogate())
+            width -= unit.isHighSurrogate() ? 2 * letters.height() : letters.horizontalAdvance(unit);
+        if (width < 0)
+            return text.left(i) + ellipsis;
+    }
+    return text;
+}
+
 class Box : public QMessageBox {
 public:
     Box(QWidget* owner, const QString& text, const QString& caption, UINT type)
         : QMessageBox(owner), m_choices(ChoicesOf(type)) {
         setWindowTitle(caption);
         setTextFormat(Qt::PlainText);
-        setText(Breakable(text));
+        setText(Breakable(Shortened(text, fontMetrics())));
         setIcon(IconOf(type));
         setWindowModality(owner != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
         setObjectName("MessageBox");

@@ -50,7 +50,8 @@ public:
     // as the user has arranged them. An edit is cancelled.
     void Reset();
     // Gives the column's number. A width is in pixels for a font whose digits are six pixels wide, and is shown in
-    // proportion to the grid's font; 0 and below is the grid's own.
+    // proportion to the grid's font, plus the edges of an edit, so that a text that fits can be edited, too; 0 and
+    // below is the grid's own.
     int AppendColumn(const wchar_t* title, int width = 0);
     int GetColumnCount() const;
     // Empty for a column that there is not.

@@ -209,8 +209,9 @@ TEST_F(PrecisionDialog, ScalesTheThreeLengthsWhenTheUnitChanges) {
         EXPECT_EQ(EditText(window, 2006), "0.002");
         EXPECT_EQ(EditText(window, 2007), "0.03");
         EXPECT_EQ(EditText(window, 2009), "0.012");
+        Type(window, 2006, "0.0020");
         Choose(window, 2003, 1);
-        EXPECT_EQ(EditText(window, 2006), "0.002") << "the same unit again";
+        EXPECT_EQ(EditText(window, 2006), "0.002") << "the same unit again: read, shown and not scaled";
         Choose(window, 2003, 0);
         EXPECT_EQ(EditText(window, 2008), "0.25");
         EXPECT_EQ(EditText(window, 2006), "2");

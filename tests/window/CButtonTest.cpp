@@ -126,6 +126,31 @@ TEST_F(Buttons, ArrowKeysMoveTheMarkInTheGroup) {
     });
 }
 
+TEST_F(Buttons, TabGoesToTheCheckedRadioButtonOfAGroup) {
+    Run([&](const ModalWindow& window) {
+        auto* before = Control(window, 11);
+        const auto next = [&] {
+            before->setFocus();
+            QTest::keyClick(before, Qt::Key_Tab);
+            return static_cast<QWidget*>(window.widget)->focusWidget()->objectName().toStdString();
+        };
+        EXPECT_EQ(next(), "IDC_20") << "the first, while none is checked";
+        for (const int id : {22, 21, 20, 22}) {
+            before->setFocus();
+            for (const int each : {20, 21, 22})
+                dialog.CheckDlgButton(each, each == id ? BST_CHECKED : BST_UNCHECKED);
+            EXPECT_EQ(next(), "IDC_" + std::to_string(id));
+            QTest::keyClick(Control(window, id), Qt::Key_Tab);
+            EXPECT_TRUE(Control(window, 30)->hasFocus()) << "and on to the next group";
+        }
+        dialog.CheckDlgButton(22, BST_UNCHECKED);
+        EXPECT_EQ(next(), "IDC_20");
+        before->setFocus();
+        dialog.GetDlgItem(21)->SendMessage(BM_CLICK);
+        EXPECT_EQ(next(), "IDC_21");
+    });
+}
+
 TEST_F(Buttons, GreyOnesDoNothing) {
     Run([&](const ModalWindow& window) {
         QTest::mouseClick(Control(window, 40), Qt::LeftButton, Qt::NoModifier, QPoint(6, 5));

@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QCalendarWidget>
 #include <QDateEdit>
+#include <QLocale>
 #include <string>
 #include <tuple>
 
+#include "platform/base/Language.h"
 #include "support/Environment.h"
 #include "window/Notifications.h"
 
@@ -69,6 +72,23 @@ TEST_F(DatePickers, TakeDatesThatThereAre) {
         EXPECT_EQ(widget->text(), "2025-12-21");
         EXPECT_TRUE(heard.TakeCodes(10).empty());
     });
+}
+
+TEST(DatePickerLanguage, IsTheInterfacesAndNotTheMachines) {
+    const QLocale machine;
+    QLocale::setDefault(QLocale(QLocale::German));
+    const CString before = g_strCurLanguage;
+    const std::pair<const wchar_t*, QLocale::Language> languages[] = {
+        {L"Chs", QLocale::Chinese}, {L"Enu", QLocale::English}, {L"fr", QLocale::French}, {L"qq", QLocale::C}};
+    for (const auto& [name, language] : languages) {
+        g_strCurLanguage = name;
+        DialogForTests each{kItems};
+        each.Run([language = language](const ModalWindow& window) {
+            EXPECT_EQ(Control<QDateEdit>(window, 10)->calendarWidget()->locale().language(), language);
+        });
+    }
+    g_strCurLanguage = before;
+    QLocale::setDefault(machine);
 }
 
 TEST_F(DatePickers, GiveTheWeekDayAndKeepTheTime) {

@@ -174,6 +174,39 @@ TEST_F(Edits, ClipboardAndUndo) {
     });
 }
 
+TEST_F(Edits, PutWhatIsPastedOnOneLine) {
+    int changes = 0;
+    dialog.m_onMessage = [&](UINT message, WPARAM wParam, LPARAM) {
+        changes += message == WM_COMMAND && LOWORD(wParam) == 10 && HIWORD(wParam) == EN_CHANGE ? 1 : 0;
+    };
+    Run([&] {
+        edit.SetWindowText(L"[]");
+        edit.SetSel(1, 1);
+        edit.SetModify(FALSE);
+        changes = 0;
+        QApplication::clipboard()->setText(
+            QString::fromUtf8("1\n2\r\n3\r4\t5\v6\f7\xc2\x85"
+                              "8\xe2\x80\xa8"
+                              "9\xe2\x80\xa9"));
+        edit.Paste();
+        EXPECT_EQ(Text(), L"[1 2 3 4 5 6 7 8 9 ]");
+        EXPECT_TRUE(edit.GetModify());
+        EXPECT_EQ(changes, 1) << "told once";
+        int start = 0;
+        int end = 0;
+        edit.GetSel(start, end);
+        EXPECT_EQ(start, 19) << "behind what was pasted";
+        EXPECT_EQ(end, 19);
+    });
+}
+
+TEST_F(Edits, LeaveTheLinesOfATextThatTheProgramSets) {
+    Run([&] {
+        edit.SetWindowText(L"a\nb\tc");
+        EXPECT_EQ(Text(), L"a\nb\tc");
+    });
+}
+
 TEST_F(Edits, NotifyTheParent) {
     std::vector<std::string> heard;
     dialog.m_onMessage = [&](UINT message, WPARAM wParam, LPARAM) {

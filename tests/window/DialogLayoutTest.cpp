@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/window/CWnd.h"
@@ -139,6 +140,32 @@ TEST(DialogLayout, ALabelsLettersAreNotCutOff) {
             const QWidget* label = Control(window, id);
             EXPECT_GE(label->height(), label->sizeHint().height());
         }
+    });
+}
+
+// A template gives a combo box the height of its open list.
+TEST(DialogLayout, ComboBoxesAreAsHighAsTheEditsInLineWithThem) {
+    DialogForTests dialog(
+        "EDITTEXT 10, 7, 7, 60, 14\nCOMBOBOX 11, 80, 7, 60, 90, CBS_DROPDOWNLIST\n"
+        "COMBOBOX 12, 150, 7, 40, 90, CBS_DROPDOWN\nCOMBOBOX 13, 7, 30, 60, 4, CBS_DROPDOWNLIST\n");
+    dialog.Run([](const ModalWindow& window) {
+        const QWidget* edit = Control(window, 10);
+        for (const int id : {11, 12}) {
+            const QWidget* combo = Control(window, id);
+            EXPECT_EQ(combo->y(), edit->y());
+            EXPECT_EQ(combo->height(), std::max(edit->height(), combo->sizeHint().height()));
+        }
+        EXPECT_LT(Control(window, 13)->height(), edit->height()) << "the template's height is the most";
+    });
+}
+
+TEST(DialogLayout, EditsThatOnlyShowLookLikeIt) {
+    DialogForTests dialog("EDITTEXT 10, 7, 7, 60, 14\nEDITTEXT 11, 7, 27, 60, 14, ES_READONLY\n");
+    dialog.Run([](const ModalWindow& window) {
+        const QPalette palette = DialogOf(window)->palette();
+        ASSERT_NE(palette.color(QPalette::Base), palette.color(QPalette::Window));
+        EXPECT_EQ(Control(window, 10)->palette().color(QPalette::Base), palette.color(QPalette::Base));
+        EXPECT_EQ(Control(window, 11)->palette().color(QPalette::Base), palette.color(QPalette::Window));
     });
 }
 

@@ -173,6 +173,17 @@ TEST(MessageBox, LongFileNamesStayWithinTheScreen) {
     ExpectWithinTheScreen(L"C:\\" + std::wstring(255, L'_'));
 }
 
+TEST(MessageBox, TextsWithoutEndStayWithinTheScreen) {
+    ExpectWithinTheScreen(std::wstring(10000, L'M'));
+    ExpectWithinTheScreen(std::wstring(10000, L'i'));
+    ExpectWithinTheScreen(std::wstring(10000, L'日'));
+    ExpectWithinTheScreen(std::wstring(10000, L'\n'));
+    std::wstring text;
+    for (int i = 0; i < 2500; ++i)
+        text += L"😀 a\n";
+    ExpectWithinTheScreen(text);
+}
+
 TEST(MessageBox, LosesNoLetterOfALongName) {
     const std::wstring name = std::wstring(100, L'M') + L"\\" + std::wstring(41, L'a') + L"e\u0301 b\nc/d";
     QString shown;

@@ -10,7 +10,8 @@ namespace {
 
 // Widths are meant for digits of six pixels.
 int ShownWidth(const QWidget& view, int width) {
-    return qRound(width * QFontMetricsF(view.font()).horizontalAdvance('0') / 6);
+    constexpr int kEdgesOfAnEdit = 8;
+    return qRound(width * QFontMetricsF(view.font()).horizontalAdvance('0') / 6) + kEdgesOfAnEdit;
 }
 
 TEST(QcUiGridWindow, TakesThePlaceThatTheTemplateKeepsForIt) {
