@@ -1,0 +1,47 @@
+// The faces of a drawing while they are gathered, before anybody knows how many there will be.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "platform/geometry/QcGePoint.h"
+
+class QcGeFace3dEX;
+
+// A corner, and whether the edge from it to the next one is not to be drawn.
+struct FaceCorner {
+    QcGePoint m_pt;
+    bool m_bHidden = false;
+};
+
+class FaceList {
+public:
+    std::size_t GetCount() const { return m_faces.size(); }
+    // Takes back the faces from `count` on.
+    void Shorten(std::size_t count);
+
+    // The polygon with these corners, whose last joins the first. Corners closer than g_fZero to the next are dropped
+    // with the edge between. A flat convex quadrilateral is one face; one that is not flat (a corner farther from the
+    // plane of the others than a millionth of the longest side or diagonal) is two, divided between corners 0 and 2,
+    // and so is one that crosses itself; all else becomes triangles. What has no area adds nothing.
+    void AddPolygon(std::vector<FaceCorner> corners);
+    // A face as it is: the caller knows that its three or four corners are sound.
+    void AddFace(const FaceCorner* corners, int count);
+
+    // All faces with their normals ready, and the box around them.
+    void MoveTo(std::vector<QcGeFace3dEX>& faces, QcGePoint& least, QcGePoint& most);
+
+private:
+    // Much smaller than a face, and moved in one piece when the list grows.
+    struct Face {
+        QcGePoint m_pt[4];
+        bool m_bHidden[4] = {false, false, false, false};
+        int m_nCount = 3;
+    };
+
+    void AddTriangle(const FaceCorner& a, const FaceCorner& b, const FaceCorner& c);
+    void AddDivided(const std::vector<FaceCorner>& corners);
+    void AddHalves(const std::vector<FaceCorner>& corners);
+
+    std::vector<Face> m_faces;
+};

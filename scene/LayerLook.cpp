@@ -1,0 +1,81 @@
+// Reads the table of layers once.
+#include "scene/LayerLook.h"
+
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "platform/host/AcDbDatabase.h"
+#include "platform/host/DxfScanner.h"
+#include "scene/EntityGroups.h"
+
+namespace {
+
+constexpr int kName = 2;
+constexpr int kColor = 62;
+constexpr int kFlags = 70;
+constexpr int kTrueColor = 420;
+constexpr int kFrozen = 1;
+constexpr int kByBlock = 0;
+constexpr int kByLayer = 256;
+constexpr int kDefaultColor = 7;
+constexpr int kMostTrueColor = 0xFFFFFF;
+
+bool IsColor(int color) {
+    return color >= 1 && color < kByLayer;
+}
+
+int TrueColorOf(const EntityGroups& groups) {
+    const int color = groups.IntegerOr(kTrueColor, -1);
+    return color >= 0 && color <= kMostTrueColor ? color : -1;
+}
+
+LayerLook LookOf(const EntityGroups& record) {
+    const int color = record.IntegerOr(kColor, kDefaultColor);
+    const bool isFrozen = (record.IntegerOr(kFlags, 0) & kFrozen) != 0;
+    LayerLook look;
+    look.m_bVisible = !isFrozen && color >= 0;
+    // The sign says off. Only colours that are one are turned round, so that no number overflows.
+    look.m_color.m_nIndex = IsColor(color) ? color : color > -kByLayer && color < 0 ? -color : kDefaultColor;
+    look.m_color.m_nTrue = TrueColorOf(record);
+    return look;
+}
+
+}  // namespace
+
+LayerTable::LayerTable(const AcDbDatabase& drawing) : m_drawing(drawing) {
+    std::vector<AcDbObjectId> ids;
+    if (!drawing.GetSymbolTableRecords("LAYER", ids))
+        throw std::bad_alloc();
+    std::vector<DxfGroup> groups;
+    for (const AcDbObjectId id : ids) {
+        drawing.GetGroups(id, groups);
+        const EntityGroups record(std::move(groups));
+        if (const DxfGroup* const name = record.Find(kName))
+            m_layers.emplace(KeyOf(name->strValue), LookOf(record));
+    }
+}
+
+std::wstring LayerTable::KeyOf(std::string_view name) const {
+    return std::wstring(m_drawing.Decode(TrimDxfValue(name)).MakeLower().View());
+}
+
+const LayerLook& LayerTable::Find(std::string_view name) {
+    const auto [known, isNew] = m_known.try_emplace(std::string(name));
+    if (isNew) {
+        const auto layer = m_layers.find(KeyOf(name));
+        if (layer != m_layers.end())
+            known->second = layer->second;
+    }
+    return known->second;
+}
+
+EntityColor ColorOf(const EntityGroups& entity, const LayerLook& layer) {
+    const int color = entity.IntegerOr(kColor, kByLayer);
+    const int trueColor = TrueColorOf(entity);
+    if (IsColor(color))
+        return {color, trueColor};
+    if (color == kByBlock)
+        return {kDefaultColor, trueColor};
+    return {layer.m_color.m_nIndex, trueColor >= 0 ? trueColor : layer.m_color.m_nTrue};
+}

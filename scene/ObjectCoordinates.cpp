@@ -1,0 +1,33 @@
+// Axes out of an extrusion direction.
+#include "scene/ObjectCoordinates.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr double kShortest = 1e-12;
+constexpr double kNearZAxis = 1.0 / 64.0;
+
+QcGeVector3d UnitOf(const QcGeVector3d& vector) {
+    const double length = vector.Length();
+    return {vector.x / length, vector.y / length, vector.z / length};
+}
+
+}  // namespace
+
+bool ObjectCoordinates::SetExtrusion(const QcGeVector3d& extrusion) {
+    if (!(extrusion.Length() > kShortest))
+        return false;
+    m_zAxis = UnitOf(extrusion);
+    const bool isNearZAxis = std::fabs(m_zAxis.x) < kNearZAxis && std::fabs(m_zAxis.y) < kNearZAxis;
+    const QcGeVector3d world = isNearZAxis ? QcGeVector3d(0.0, 1.0, 0.0) : QcGeVector3d(0.0, 0.0, 1.0);
+    m_xAxis = UnitOf(world * m_zAxis);
+    m_yAxis = UnitOf(m_zAxis * m_xAxis);
+    return true;
+}
+
+QcGePoint ObjectCoordinates::ToWorld(const QcGePoint& point) const {
+    return {point.x * m_xAxis.x + point.y * m_yAxis.x + point.z * m_zAxis.x,
+            point.x * m_xAxis.y + point.y * m_yAxis.y + point.z * m_zAxis.y,
+            point.x * m_xAxis.z + point.y * m_yAxis.z + point.z * m_zAxis.z};
+}

@@ -1,0 +1,24 @@
+// Reads a VERTEX.
+#include "scene/PolylineVertex.h"
+
+#include "scene/EntityGroups.h"
+
+namespace {
+
+constexpr int kPoint = 10;
+constexpr int kBulge = 42;
+constexpr int kFlags = 70;
+constexpr int kFirstCorner = 71;
+
+}  // namespace
+
+bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex) {
+    vertex = PolylineVertex();
+    if (!entity.Integer(kFlags, vertex.m_nFlags) || !entity.Real(kBulge, vertex.m_fBulge))
+        return false;
+    for (int i = 0; i < 4; ++i)
+        if (!entity.Integer(kFirstCorner + i, vertex.m_nCorner[i]))
+            return false;
+    vertex.m_bPoint = entity.Point(kPoint, vertex.m_pt);
+    return true;
+}

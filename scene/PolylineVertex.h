@@ -1,0 +1,23 @@
+// The VERTEX entities that follow a POLYLINE, as numbers.
+#pragma once
+
+#include "platform/geometry/QcGePoint.h"
+
+class EntityGroups;
+
+// Bits of a vertex's flags (group 70).
+inline constexpr int kVertexOfSpline = 8;
+inline constexpr int kFramePoint = 16;
+inline constexpr int kPolyfaceLocation = 64;
+inline constexpr int kPolyfacePart = 128;
+
+struct PolylineVertex {
+    int m_nFlags = 0;
+    bool m_bPoint = false;  // whether there is a point; a face record needs none
+    QcGePoint m_pt;
+    double m_fBulge = 0.0;
+    int m_nCorner[4] = {0, 0, 0, 0};  // of a face record: 1 and more, negative for an invisible edge, 0 for none
+};
+
+// False when a number cannot be read.
+bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex);

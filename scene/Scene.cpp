@@ -1,0 +1,146 @@
+// Walks over the entities of a drawing: who is seen, of which kind it is, and what it looks like.
+#include "scene/Scene.h"
+
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "platform/host/AcDbDatabase.h"
+#include "platform/host/DrawingUnits.h"
+#include "scene/EntityGroups.h"
+#include "scene/Face3dFaces.h"
+#include "scene/FaceList.h"
+#include "scene/LayerLook.h"
+#include "scene/MeshFaces.h"
+#include "scene/PolyfaceFaces.h"
+#include "scene/PolylineFaces.h"
+
+namespace {
+
+constexpr int kLayer = 8;
+constexpr int kInvisible = 60;
+constexpr int kInPaperSpace = 67;
+constexpr int kFlags = 70;
+constexpr int kThreeDimensional = 8;
+constexpr int kPolygonMesh = 16;
+constexpr int kPolyface = 64;
+constexpr double kSagittaInMillimetres = 50.0;
+constexpr double kSagittaInMetres = 0.05;
+
+// What an entity turned out to be.
+enum class Outcome { Faces, Faulty, Other };
+
+Outcome OutcomeOf(bool isSound) {
+    return isSound ? Outcome::Faces : Outcome::Faulty;
+}
+
+class SceneBuilder {
+public:
+    explicit SceneBuilder(const AcDbDatabase& drawing) : m_drawing(drawing), m_layers(drawing) {
+        m_division.m_fSagitta = IsDrawingInMetres(&drawing) ? kSagittaInMetres : kSagittaInMillimetres;
+    }
+    Scene Run();
+
+private:
+    EntityGroups GroupsOf(AcDbObjectId id) const;
+    void Take(std::size_t index, const EntityGroups& entity);
+    const LayerLook& LayerOf(const EntityGroups& entity);
+    Outcome AddFaces(std::size_t index, const EntityGroups& entity);
+    Outcome AddPolyline(std::size_t index, const EntityGroups& entity);
+    bool ReadVertices(std::size_t index, std::vector<PolylineVertex>& vertices) const;
+
+    const AcDbDatabase& m_drawing;
+    LayerTable m_layers;
+    ArcDivision m_division;
+    FaceList m_faces;
+    Scene m_scene;
+};
+
+Scene SceneBuilder::Run() {
+    for (std::size_t i = 0; i < m_drawing.GetEntityCount(); ++i)
+        Take(i, GroupsOf(m_drawing.GetEntityId(i)));
+    m_faces.MoveTo(m_scene.m_faces, m_scene.m_ptMin, m_scene.m_ptMax);
+    return std::move(m_scene);
+}
+
+EntityGroups SceneBuilder::GroupsOf(AcDbObjectId id) const {
+    std::vector<DxfGroup> groups;
+    // An id out of the drawing's own list has groups, unless there is no memory for them.
+    if (!m_drawing.GetGroups(id, groups))
+        throw std::bad_alloc();
+    return EntityGroups(std::move(groups));
+}
+
+const LayerLook& SceneBuilder::LayerOf(const EntityGroups& entity) {
+    const DxfGroup* const layer = entity.Find(kLayer);
+    return m_layers.Find(layer ? std::string_view(layer->strValue) : std::string_view("0"));
+}
+
+void SceneBuilder::Take(std::size_t index, const EntityGroups& entity) {
+    const std::string_view type = entity.Type();
+    if (type == "VERTEX" || type == "SEQEND" || type == "ATTRIB")
+        return;
+    const LayerLook& layer = LayerOf(entity);
+    if (!layer.m_bVisible || entity.IntegerOr(kInvisible, 0) == 1 || entity.IntegerOr(kInPaperSpace, 0) == 1)
+        return;
+    const std::size_t first = m_faces.GetCount();
+    const Outcome outcome = AddFaces(index, entity);
+    if (outcome == Outcome::Other) {
+        ++m_scene.m_nOther;
+    } else if (outcome == Outcome::Faulty || m_faces.GetCount() == first) {
+        m_faces.Shorten(first);
+        ++m_scene.m_nFaulty;
+    } else {
+        const EntityColor color = ColorOf(entity, layer);
+        m_scene.m_entities.push_back(
+            {m_drawing.GetEntityId(index), color.m_nIndex, color.m_nTrue, first, m_faces.GetCount() - first});
+    }
+}
+
+Outcome SceneBuilder::AddFaces(std::size_t index, const EntityGroups& entity) {
+    const std::string_view type = entity.Type();
+    if (type == "3DFACE")
+        return OutcomeOf(AddFace3d(entity, m_faces));
+    if (type == "MESH")
+        return OutcomeOf(AddMesh(entity, m_faces));
+    if (type == "LWPOLYLINE")
+        return HasThickness(entity) ? OutcomeOf(AddLwPolyline(entity, m_division, m_faces)) : Outcome::Other;
+    return type == "POLYLINE" ? AddPolyline(index, entity) : Outcome::Other;
+}
+
+Outcome SceneBuilder::AddPolyline(std::size_t index, const EntityGroups& entity) {
+    int flags = 0;
+    if (!entity.Integer(kFlags, flags))
+        return Outcome::Faulty;
+    const bool isMesh = (flags & (kPolyface | kPolygonMesh)) != 0;
+    if (!isMesh && ((flags & kThreeDimensional) != 0 || !HasThickness(entity)))
+        return Outcome::Other;
+    std::vector<PolylineVertex> vertices;
+    if (!ReadVertices(index, vertices))
+        return Outcome::Faulty;
+    if ((flags & kPolyface) != 0)
+        return OutcomeOf(AddPolyface(vertices, m_faces));
+    if ((flags & kPolygonMesh) != 0)
+        return OutcomeOf(AddPolygonMesh(entity, vertices, m_faces));
+    return OutcomeOf(AddPolyline2d(entity, vertices, m_division, m_faces));
+}
+
+// The vertices up to SEQEND, or up to whatever stands there instead.
+bool SceneBuilder::ReadVertices(std::size_t index, std::vector<PolylineVertex>& vertices) const {
+    for (std::size_t i = index + 1; i < m_drawing.GetEntityCount(); ++i) {
+        const EntityGroups entity = GroupsOf(m_drawing.GetEntityId(i));
+        if (entity.Type() != "VERTEX")
+            break;
+        PolylineVertex vertex;
+        if (!ReadPolylineVertex(entity, vertex))
+            return false;
+        vertices.push_back(vertex);
+    }
+    return true;
+}
+
+}  // namespace
+
+Scene BuildScene(const AcDbDatabase& drawing) {
+    return SceneBuilder(drawing).Run();
+}

@@ -1,0 +1,57 @@
+// What of a drawing casts and catches shadows: the faces of its entities, in the drawing's units.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "geometry/QcGeFace3dEX.h"
+#include "platform/geometry/QcGePoint.h"
+#include "platform/host/AcDbObjectId.h"
+
+class AcDbDatabase;
+
+// m_flag[i] of a scene's face when the edge from corner i to the next corner is not to be drawn: one that the drawing
+// makes invisible, or that only divides a face or an arc. 0 for an edge that is drawn.
+inline constexpr unsigned char kHiddenEdge = 1;
+
+// The faces of one entity: faces[m_nFirstFace] and the m_nFaceCount - 1 behind it.
+struct SceneEntity {
+    AcDbObjectId m_id;
+    int m_nColorIndex = 7;  // 1 to 255, by-layer and by-block already resolved
+    // 0xRRGGBB where the entity has a true colour of its own, or its layer when the entity's colour is the layer's; it
+    // then counts instead of the index. Else -1.
+    int m_nTrueColor = -1;
+    std::size_t m_nFirstFace = 0;
+    std::size_t m_nFaceCount = 0;
+};
+
+// A value: it keeps nothing of the drawing but the ids.
+//
+// Faces have no material, and their normals are stored and ready: asking for one only reads, so that several threads
+// may ask at once. A face is a triangle or a flat convex quadrilateral; no three of its corners are in one line, and no
+// two are closer than g_fZero.
+struct Scene {
+    std::vector<QcGeFace3dEX> m_faces;
+    std::vector<SceneEntity> m_entities;  // in the drawing's order; only those with faces
+    QcGePoint m_ptMin, m_ptMax;           // the box around all faces; both at the origin when there are none
+    std::size_t m_nOther = 0;             // visible entities of kinds that have no faces
+    std::size_t m_nFaulty = 0;            // visible entities of kinds with faces whose data give none
+};
+
+// Reads every visible entity of the drawing's model space. Throws std::bad_alloc, and nothing else.
+//
+// Faces come of 3DFACE, MESH (the base cage, whatever its subdivision level), POLYLINE that is a polyface or polygon
+// mesh, and LWPOLYLINE and two-dimensional POLYLINE with a thickness: a wall for each segment, and where the outline is
+// closed a bottom and a top. The faces of a closed outline face outwards, the walls of an open one to the right of the
+// path; all others have their corners in the drawing's order. VERTEX, ATTRIB and SEQEND are parts of the entity before
+// them and not counted. What is invisible (group 60, a layer that is off or frozen, paper space) is not counted either.
+//
+// An entity whose data are unsound - a number that cannot be read or lies beyond 1e50, a missing corner, counts that
+// are not what follows, an index without a vertex - is faulty as a whole. Faces without an area are left out, and so
+// are polygons of more than four corners that cross themselves or have more than 4096 corners; an entity that has no
+// face left is faulty. An extruded outline that crosses itself, or has more than 4096 corners with its arcs divided,
+// keeps its walls and has neither bottom nor top.
+//
+// Arcs (bulges) become chords that stray at most 50 mm from them, 4 to 64 for each arc. The drawing is in metres when
+// its $INSUNITS says so, else in millimetres. Beyond 250,000 chords in a drawing each further arc has 4.
+Scene BuildScene(const AcDbDatabase& drawing);
