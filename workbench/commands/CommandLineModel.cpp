@@ -25,6 +25,7 @@ CommandLineModel::CommandLineModel() : m_root(Described(L"日照分析共享数�
     AddRecord();
     AddEntity();
     AddSet();
+    AddWindow();
 }
 
 CLI::App* CommandLineModel::AddSubcommand(const char* name, const wchar_t* description) {
@@ -99,6 +100,11 @@ void CommandLineModel::AddRecord() {
     AddValue(record, "--rate", "N", L"每秒帧数，从 1 到 1000；不给出时为 10");
     AddValue(record, "--bits", "8|24|32", L"每像素位数；不给出时为 24");
     AddFlag(record, "-y,--yes", L"替换已有的文件而不询问");
+}
+
+void CommandLineModel::AddWindow() {
+    CLI::App* window = AddSubcommand("window", L"打开窗口：三维视图、命令行和菜单");
+    AddValue(window, "FILE", "", L"要打开的 DXF 文件；不给出时不打开图形");
 }
 
 void CommandLineModel::AddEntity() {

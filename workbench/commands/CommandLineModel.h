@@ -39,6 +39,7 @@ private:
     void AddShadow();
     void AddRecord();
     void AddEntity();
+    void AddWindow();
     CLI::App* AddSubcommand(const char* name, const wchar_t* description);
     void AddFlag(CLI::App* app, const char* flag, const wchar_t* description);
     void AddValue(CLI::App* app, const char* option, const char* type, const wchar_t* description);

@@ -15,6 +15,7 @@
 #include "workbench/commands/ShadowCommand.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/commands/UsageText.h"
+#include "workbench/window/WindowCommand.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ CString LanguageError(CommandLineModel& model, WordsFrom from) {
 
 int RunSubcommand(CommandLineModel& model, Output& output) {
     const std::string& name = model.Chosen()->get_name();
-    const bool isJson = name != "set" && name != "record" && model.HasFlag("--json");
+    const bool isJson = name != "set" && name != "record" && name != "window" && model.HasFlag("--json");
     if (name == "info")
         return RunInfo({model.Value("--place"), model.Value("--date"), model.Value("--standard"), isJson}, output);
     if (name == "terms")
@@ -83,6 +84,8 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
         return RunRecord({model.Values("FRAMES"), model.Value("--output"), model.Value("--rate"), model.Value("--bits"),
                           model.HasFlag("--yes")},
                          output);
+    if (name == "window")
+        return RunWindow({model.Value("FILE")});
     if (name == "entity")
         return RunEntity(
             {model.Value("FILE"), model.HasFlag("--list"), model.Values("--get"), model.Values("--set"), isJson},

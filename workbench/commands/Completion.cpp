@@ -37,6 +37,26 @@ std::vector<CString> FirstWords() {
     return names;
 }
 
+// What all of the names begin with.
+CString CommonStart(const std::vector<CString>& names) {
+    CString start(names.front());
+    for (const CString& name : names) {
+        int length = 0;
+        while (length < start.GetLength() && start.GetAt(length) == name.GetAt(length))
+            ++length;
+        start = start.Left(length);
+    }
+    return start;
+}
+
+// Where the last word of a line begins.
+int StartOfLastWord(const CString& line) {
+    int start = line.GetLength();
+    while (start > 0 && !IsTextSpace(line.GetAt(start - 1)))
+        --start;
+    return start;
+}
+
 // Everything that may follow the finished words of a line.
 std::vector<CString> Followers(const std::vector<CString>& words) {
     if (words.empty())
@@ -68,9 +88,7 @@ std::vector<CString> PromptWords() {
 }
 
 std::vector<CString> CompletionsOf(const CString& line) {
-    int start = line.GetLength();
-    while (start > 0 && !IsTextSpace(line.GetAt(start - 1)))
-        --start;
+    const int start = StartOfLastWord(line);
     const CString begun = line.Mid(start);
     const std::optional<std::vector<CString>> words = SplitWords(line.Left(start));
     std::vector<CString> matches;
@@ -80,4 +98,9 @@ std::vector<CString> CompletionsOf(const CString& line) {
             matches.push_back(name);
     }
     return matches;
+}
+
+CString RestOfWord(const CString& line, const std::vector<CString>& completions) {
+    const CString rest = CommonStart(completions).Mid(line.GetLength() - StartOfLastWord(line));
+    return completions.size() == 1 ? rest + L" " : rest;
 }

@@ -10,6 +10,10 @@
 // take them. Sorted as they are met, each once.
 std::vector<CString> CompletionsOf(const CString& line);
 
+// What can be added to the line because all of its completions (of which there must be one) agree on it; behind the
+// only one a blank. Empty when they go different ways at once.
+CString RestOfWord(const CString& line, const std::vector<CString>& completions);
+
 // Every command that plug-ins have added to the host.
 std::vector<CString> HostCommandNames();
 

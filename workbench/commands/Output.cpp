@@ -5,8 +5,24 @@
 #include <cstdio>
 #include <cstring>
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "workbench/commands/OutputSink.h"
 #include "workbench/commands/Texts.h"
+
+namespace {
+
+OutputSink* g_sink = nullptr;
+
+}  // namespace
+
+void SetOutputSink(OutputSink* sink) {
+    g_sink = sink;
+}
+
+OutputSink* CurrentOutputSink() {
+    return g_sink;
+}
 
 void Output::Line(const CString& text) {
     m_text += ToUtf8(text.View());
@@ -19,6 +35,11 @@ void Output::Json(const nlohmann::ordered_json& document) {
 }
 
 bool Output::Write() {
+    if (g_sink) {
+        const std::string answer = std::exchange(m_text, std::string());
+        g_sink->TakeAnswer(answer);
+        return true;
+    }
     errno = 0;
     const bool isWritten = std::fwrite(m_text.data(), 1, m_text.size(), stdout) == m_text.size();
     const bool isFlushed = std::fflush(stdout) == 0;
@@ -33,6 +54,10 @@ bool Output::Write() {
 }
 
 void Complain(const CString& text) {
+    if (g_sink) {
+        g_sink->TakeComplaint(ToUtf8(text.View()));
+        return;
+    }
     const std::string line = "orvo: " + ToUtf8(text.View()) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }

@@ -1,4 +1,4 @@
-// What a subcommand answers on the standard output stream, and the way it complains.
+// What a subcommand answers, and the way it complains: on the standard streams, or into the sink of OutputSink.h.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -23,5 +23,5 @@ private:
     std::string m_text;
 };
 
-// Writes one message to the standard error stream: "orvo: " and the text.
+// Writes one message: "orvo: " and the text on the standard error stream, the text alone into a sink.
 void Complain(const CString& text);

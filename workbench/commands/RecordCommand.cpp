@@ -13,6 +13,7 @@
 #include "workbench/commands/DayText.h"
 #include "workbench/commands/ExitCode.h"
 #include "workbench/commands/Output.h"
+#include "workbench/commands/OutputSink.h"
 #include "workbench/commands/PictureFile.h"
 #include "workbench/commands/PlainText.h"
 #include "workbench/commands/Texts.h"
@@ -74,6 +75,11 @@ int ReadRequest(const RecordOptions& options, Request& request) {
     return kExitOk;
 }
 
+// Somebody who can be asked is at the terminal, unless a window has taken the answers over.
+bool CanAsk() {
+    return !CurrentOutputSink() && isatty(STDIN_FILENO);
+}
+
 bool AsksYes(const CString& question) {
     const std::string text = ToUtf8(question.View()) + " ";
     std::fwrite(text.data(), 1, text.size(), stderr);
@@ -106,7 +112,7 @@ int CheckOutput(const Request& request, bool isYes) {
         return Fail(SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
     if (isYes)
         return kExitOk;
-    if (!isatty(STDIN_FILENO))
+    if (!CanAsk())
         return Fail(SayFormat(L"“%s”已经存在；要替换它，请加 --yes", TextOf(output)));
     if (AsksYes(SayFormat(L"“%s”已经存在。替换它吗？[y/N]", TextOf(output))))
         return kExitOk;
@@ -143,7 +149,7 @@ private:
 // A line that is written over as long as the work goes on; nothing where nobody watches.
 class Progress {
 public:
-    explicit Progress(std::size_t count) : m_count(count), m_isShown(isatty(STDERR_FILENO) != 0) {}
+    explicit Progress(std::size_t count) : m_count(count), m_isShown(!CurrentOutputSink() && isatty(STDERR_FILENO)) {}
     ~Progress() {
         if (m_isShown)
             std::fputs("\r\033[K", stderr);

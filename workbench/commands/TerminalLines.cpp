@@ -1,7 +1,6 @@
 // The line editor.
 #include "workbench/commands/TerminalLines.h"
 
-#include <dlfcn.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,13 +10,10 @@
 #include <iterator>
 #include <vector>
 
-#include "platform/base/Support.h"
 #include "workbench/commands/Completion.h"
 #include "workbench/commands/PlainText.h"
 
 namespace {
-
-constexpr int kMostRemembered = 1000;
 
 volatile std::sig_atomic_t g_wasInterrupted = 0;
 volatile std::sig_atomic_t g_wasResized = 0;
@@ -96,26 +92,6 @@ int ReadCharacter(EditLine* editor, wchar_t* character) {
     return 1;
 }
 
-// The editor's library holds descriptions of the terminal until the process ends. It must not be unloaded together with
-// the workbench, or they would be lost.
-void KeepEditorLoaded() {
-    Dl_info library = {};
-    if (dladdr(reinterpret_cast<void*>(&el_init), &library) != 0)
-        dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-}
-
-// What all of the matches begin with.
-CString CommonStart(const std::vector<CString>& matches) {
-    CString start(matches.front());
-    for (const CString& match : matches) {
-        int length = 0;
-        while (length < start.GetLength() && start.GetAt(length) == match.GetAt(length))
-            ++length;
-        start = start.Left(length);
-    }
-    return start;
-}
-
 void ShowMatches(const std::vector<CString>& matches) {
     constexpr std::size_t kMostShown = 60;
     std::string list = "\n";
@@ -130,26 +106,17 @@ void ShowMatches(const std::vector<CString>& matches) {
 
 }  // namespace
 
-TerminalLines::TerminalLines() : m_history(history_init()) {
+TerminalLines::TerminalLines() {
     // The editor draws and reads by the character set of the process. Only that part of the locale is chosen here, and
     // the texts of the program are UTF-8 in any case.
     std::setlocale(LC_CTYPE, "C.UTF-8");
-    KeepEditorLoaded();
     m_editor = el_init("orvo", stdin, stdout, stderr);
     if (!IsUsable())
         return;
-    HistEvent event = {};
-    history(m_history, &event, H_SETSIZE, kMostRemembered);
-    history(m_history, &event, H_SETUNIQUE, 1);
-    const CString folder = UserFolder();
-    if (!folder.IsEmpty()) {
-        m_historyFile = ToUtf8((folder + L"/history").View());
-        history(m_history, &event, H_LOAD, m_historyFile.c_str());
-    }
     el_set(m_editor, EL_GETCFN, ReadCharacter);
     el_set(m_editor, EL_PROMPT, &TerminalLines::PromptOf);
     el_set(m_editor, EL_EDITOR, "emacs");
-    el_set(m_editor, EL_HIST, history, m_history);
+    el_set(m_editor, EL_HIST, history, m_history.GetHandle());
     // By its wide form, which keeps the two texts instead of copies that nobody frees.
     el_wset(m_editor, EL_ADDFN, L"orvo-complete", L"completes the word", &TerminalLines::Complete);
     el_set(m_editor, EL_BIND, "^I", "orvo-complete", nullptr);
@@ -158,8 +125,6 @@ TerminalLines::TerminalLines() : m_history(history_init()) {
 TerminalLines::~TerminalLines() {
     if (m_editor)
         el_end(m_editor);
-    if (m_history)
-        history_end(m_history);
 }
 
 char* TerminalLines::PromptOf(EditLine*) {
@@ -174,23 +139,12 @@ unsigned char TerminalLines::Complete(EditLine* editor, int) {
     const std::vector<CString> matches = CompletionsOf(line);
     if (matches.empty())
         return CC_REFRESH_BEEP;
-    const int begun = line.GetLength() - (line.ReverseFind(L' ') + 1);
-    CString rest = CommonStart(matches).Mid(begun);
-    if (matches.size() == 1)
-        rest += L" ";
+    const CString rest = RestOfWord(line, matches);
     if (rest.IsEmpty()) {
         ShowMatches(matches);
         return CC_REDISPLAY;
     }
     return el_insertstr(editor, ToUtf8(rest.View()).c_str()) == 0 ? CC_REFRESH : CC_ERROR;
-}
-
-void TerminalLines::Remember(const char* line) {
-    HistEvent event = {};
-    history(m_history, &event, H_ENTER, line);
-    if (!m_historyFile.empty())
-        history(m_history, &event, H_SAVE,
-                m_historyFile.c_str());  // a history that cannot be kept is no loss to report
 }
 
 LineSource::Got TerminalLines::Next(CString& line) {
@@ -210,8 +164,8 @@ LineSource::Got TerminalLines::Next(CString& line) {
     std::string_view text(read, static_cast<std::size_t>(length));
     while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
         text.remove_suffix(1);
-    if (text.find_first_not_of(" \t") != std::string_view::npos)
-        Remember(std::string(text).c_str());
     line = FromUtf8(text);
+    if (text.find_first_not_of(" \t") != std::string_view::npos)
+        m_history.Remember(line);
     return Got::Line;
 }

@@ -38,6 +38,8 @@ constexpr Example kExamples[] = {
     {"entity", L"orvo entity house.dxf --list"},
     {"entity", L"orvo entity house.dxf --get 2F 8"},
     {"entity", L"orvo entity house.dxf --set 2F 10 1.5,2,0"},
+    {"window", L"orvo window"},
+    {"window", L"orvo window house.dxf"},
     {"set", L"orvo set --place 上海 --standard 上海标准"},
     {"set", L"orvo set --date 2025-12-22 --start 9:00 --end 15:00 --step 5"},
 };

@@ -12,6 +12,7 @@
 #include "workbench/commands/Output.h"
 #include "workbench/commands/Prompt.h"
 #include "workbench/commands/Texts.h"
+#include "workbench/window/WindowCommand.h"
 
 namespace {
 
@@ -26,6 +27,8 @@ int Run(int argc, const char* const* argv) {
     const std::vector<CString> words = WordsOf(argc, argv);
     ReportUnusableFiles();
     RefreshWholeStep();
+    if (IsStartedFromDesktop(words))
+        return RunWindow({});
     Output output;
     return AsksForPrompt(words) ? RunPrompt(output) : RunWords(words, WordsFrom::CommandLine, output);
 }

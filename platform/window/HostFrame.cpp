@@ -1,0 +1,30 @@
+// The host's main window.
+#include "platform/window/HostFrame.h"
+
+#include <QWidget>
+
+#include "platform/base/Language.h"
+#include "platform/window/Application.h"
+#include "platform/window/CWnd.h"
+#include "platform/window/ModalRun.h"
+#include "platform/window/WindowLink.h"
+
+bool PrepareWindows(CString& reason) {
+    const bool isHopeless = !HasDisplay() && !ModalDriver::IsThere();  // the toolkit need not even start
+    if (!isHopeless && !NeedApplication())
+        reason = PlatformText(L"窗口只能在程序的主线程中打开。");
+    else if (isHopeless || !CanBeAnswered())
+        reason = PlatformText(L"没有显示器，无法打开窗口。");
+    else
+        return true;
+    return false;
+}
+
+bool AttachFrame(CWnd& frame, void* widget) {
+    if (!widget)
+        return false;
+    auto* window = static_cast<QWidget*>(widget);
+    if (!WindowLink::Of(window))
+        WindowLink::Make(window, 0, 0, CommonProcedure);
+    return frame.Attach(WindowLink::HandleOf(window)) != FALSE;
+}

@@ -1,0 +1,16 @@
+// What a host needs in order to have a window: the toolkit ready, and its main window among the framework's.
+#pragma once
+
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+
+class CWnd;
+
+// Makes the toolkit ready for windows of this thread. False, with the reason in words, where nobody could see them: no
+// display, or another thread than that of the first window. A ModalDriver counts as somebody who sees them.
+ORVO_API bool PrepareWindows(CString& reason);
+
+// Makes a widget of the host's (a QWidget, which stays the host's) a window of the framework and attaches `frame` to
+// it. When the widget is destroyed, `frame` is left without a window. False for null, and when either has a partner
+// already.
+ORVO_API bool AttachFrame(CWnd& frame, void* widget);

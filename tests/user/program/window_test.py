@@ -1,0 +1,131 @@
+"""The window, on a display of the test's own: shown, typed into, closed."""
+import os
+import shutil
+import signal
+import subprocess
+import time
+import unittest
+
+from orvo_program import FAILED, OK, PROGRAM, SHIPPED, USAGE, ProgramTest, main
+
+SUPPRESSIONS = os.path.join(os.path.dirname(__file__), "../../support/window.supp")
+
+
+class WithoutDisplay(ProgramTest):
+    def test_says_so(self):
+        answer = self.refused(FAILED, "window")
+        self.assertIn("没有显示器", answer.err)
+        self.assertIn("display", self.orvo("window", LANG="en_US.UTF-8").err)
+
+    def test_says_so_when_the_display_does_not_answer(self):
+        answer = self.orvo("window", DISPLAY=":4711", XDG_RUNTIME_DIR=self.home)
+        self.assertEqual((answer.code, answer.out), (FAILED, ""), answer)
+        self.assertIn("没有显示器", answer.err)
+
+    def test_the_prompt_comes_instead_of_it(self):
+        self.assertEqual(self.ok(text="").out, "")
+        process = subprocess.run([PROGRAM], stdin=subprocess.DEVNULL, capture_output=True, timeout=60, check=False,
+                                 env=self.environment(), cwd=self.home)
+        self.assertEqual((process.returncode, process.stdout, process.stderr), (OK, b"", b""))
+
+    def test_takes_one_file(self):
+        self.refused(USAGE, "window", "a.dxf", "b.dxf")
+
+
+@unittest.skipUnless(shutil.which("Xvfb") and shutil.which("xdotool"), "Xvfb and xdotool are not installed")
+class WithDisplay(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        read, write = os.pipe()
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x900x24", "-noreset",
+                                        "-nolisten", "tcp"], pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write)
+        self.addCleanup(self.stop_server)
+        with os.fdopen(read) as numbers:  # to the end of the line: the server dies of a pipe that is closed earlier
+            self.display = ":" + numbers.readline().strip()
+
+    def stop_server(self):
+        self.server.terminate()
+        self.server.wait(timeout=30)
+
+    def start(self, *arguments):
+        runtime = os.path.join(self.home, "runtime")
+        os.makedirs(runtime, mode=0o700, exist_ok=True)
+        environment = self.environment(DISPLAY=self.display, XDG_RUNTIME_DIR=runtime,
+                                       LSAN_OPTIONS="suppressions=" + SUPPRESSIONS)
+        process = subprocess.Popen([PROGRAM, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, env=environment, cwd=self.home)
+        self.addCleanup(process.kill)
+        return process
+
+    def xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.environment(DISPLAY=self.display), timeout=60,
+                              capture_output=True, text=True, check=False)
+
+    def wait_for(self, title, seconds=60):
+        """The number of the window of this title, once it can be seen."""
+        deadline = time.monotonic() + seconds
+        while time.monotonic() < deadline:
+            found = self.xdotool("search", "--onlyvisible", "--name", title)
+            if found.returncode == 0:
+                return found.stdout.split()[0]
+            time.sleep(0.1)
+        self.fail(f"no window “{title}”")
+
+    def type_line(self, window, line):
+        self.xdotool("windowfocus", "--sync", window)
+        self.xdotool("type", "--delay", "20", line)
+        self.xdotool("key", "Return")
+
+    def ends_well(self, process):
+        out, err = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, out), (OK, b""), err.decode())
+
+    def test_shows_a_drawing_and_ends_on_quit(self):
+        process = self.start("window", os.path.join(SHIPPED, "samples", "house.dxf"))
+        window = self.wait_for("^house.dxf - orvo$")
+        self.type_line(window, "quit")
+        self.ends_well(process)
+
+    def test_keeps_what_was_set_when_it_is_asked_to_end(self):
+        self.ok("info")  # the first start
+        process = self.start("window")
+        window = self.wait_for("^orvo$")
+        self.type_line(window, "set --step 7")
+        deadline = time.monotonic() + 60
+        while b">7<" not in self.read("SunSet.xml") and time.monotonic() < deadline:
+            time.sleep(0.1)
+        process.send_signal(signal.SIGTERM)
+        self.ends_well(process)
+        self.assertIn("step: 7 min", self.ok("info", LANG="en_US.UTF-8").out)
+
+    def test_opens_a_dialog_from_the_command_line_of_the_window(self):
+        process = self.start("--language", "en", "window")  # xdotool finds no Chinese titles in every locale
+        window = self.wait_for("^orvo$")
+        self.type_line(window, "QSetSunPrec")
+        dialog = self.wait_for("^Sunlight Settings$")
+        self.xdotool("windowfocus", "--sync", dialog)
+        self.xdotool("key", "Escape")
+        deadline = time.monotonic() + 60
+        while self.xdotool("search", "--onlyvisible", "--name", "^Sunlight Settings$").returncode == 0:
+            self.assertLess(time.monotonic(), deadline)
+            time.sleep(0.1)
+        self.type_line(window, "quit")
+        self.ends_well(process)
+
+    def test_comes_up_when_the_program_is_started_from_a_desktop(self):
+        process = self.start()
+        window = self.wait_for("^orvo$")
+        self.type_line(window, "exit")
+        self.ends_well(process)
+
+    def test_a_drawing_that_cannot_be_read_gives_the_code_of_a_failure(self):
+        process = self.start("window", "missing.dxf")
+        window = self.wait_for("^orvo$")
+        self.type_line(window, "quit")
+        process.communicate(timeout=60)
+        self.assertEqual(process.returncode, FAILED)
+
+
+if __name__ == "__main__":
+    main()

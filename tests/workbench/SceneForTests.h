@@ -1,0 +1,68 @@
+// Scenes made by hand, and a look at single pixels.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+#include "platform/media/OffscreenGl.h"
+#include "scene/Scene.h"
+
+inline void AddFaces(Scene& scene, const std::vector<QcGeFace3dEX>& faces, int colorIndex, int trueColor = -1) {
+    SceneEntity entity;
+    entity.m_nColorIndex = colorIndex;
+    entity.m_nTrueColor = trueColor;
+    entity.m_nFirstFace = scene.m_faces.size();
+    entity.m_nFaceCount = faces.size();
+    scene.m_entities.push_back(entity);
+    for (QcGeFace3dEX face : faces) {
+        for (int i = 0; i < face.GetPointNum(); ++i) {
+            const QcGePoint pt = face.m_pt[i];
+            if (scene.m_faces.empty() && i == 0)
+                scene.m_ptMin = scene.m_ptMax = pt;
+            scene.m_ptMin = {std::min(scene.m_ptMin.x, pt.x), std::min(scene.m_ptMin.y, pt.y),
+                             std::min(scene.m_ptMin.z, pt.z)};
+            scene.m_ptMax = {std::max(scene.m_ptMax.x, pt.x), std::max(scene.m_ptMax.y, pt.y),
+                             std::max(scene.m_ptMax.z, pt.z)};
+        }
+        face.GetNormal();
+        scene.m_faces.push_back(face);
+    }
+}
+
+inline QcGeFace3dEX Quad(const QcGePoint& a, const QcGePoint& b, const QcGePoint& c, const QcGePoint& d) {
+    return {a, b, c, d, true};
+}
+
+// Six faces, all with their fronts outwards.
+inline void AddBox(Scene& scene, const QcGePoint& a, const QcGePoint& b, int colorIndex, int trueColor = -1) {
+    AddFaces(scene,
+             {Quad({a.x, a.y, a.z}, {a.x, b.y, a.z}, {b.x, b.y, a.z}, {b.x, a.y, a.z}),
+              Quad({a.x, a.y, b.z}, {b.x, a.y, b.z}, {b.x, b.y, b.z}, {a.x, b.y, b.z}),
+              Quad({a.x, a.y, a.z}, {b.x, a.y, a.z}, {b.x, a.y, b.z}, {a.x, a.y, b.z}),
+              Quad({b.x, a.y, a.z}, {b.x, b.y, a.z}, {b.x, b.y, b.z}, {b.x, a.y, b.z}),
+              Quad({b.x, b.y, a.z}, {a.x, b.y, a.z}, {a.x, b.y, b.z}, {b.x, b.y, b.z}),
+              Quad({a.x, b.y, a.z}, {a.x, a.y, a.z}, {a.x, a.y, b.z}, {a.x, b.y, b.z})},
+             colorIndex, trueColor);
+}
+
+struct Pixel {
+    int r = 0;
+    int g = 0;
+    int b = 0;
+    int GetSum() const { return r + g + b; }
+    // Red, and nothing else to speak of.
+    bool IsReddish() const { return r > 60 && r > 3 * g && r > 3 * b; }
+    bool IsGreenish() const { return g > 60 && g > 3 * r && g > 3 * b; }
+    // The sky, the haze and the ground are all pale.
+    bool IsBackground() const { return std::min({r, g, b}) > 140; }
+};
+
+inline Pixel PixelAt(const GlPicture& picture, double x, double y) {
+    const int column = std::clamp(static_cast<int>(x), 0, picture.width - 1);
+    const int row = std::clamp(static_cast<int>(y), 0, picture.height - 1);
+    const unsigned char* const p =
+        picture.rgba.data() +
+        (static_cast<std::size_t>(row) * static_cast<std::size_t>(picture.width) + static_cast<std::size_t>(column)) *
+            4;
+    return {p[0], p[1], p[2]};
+}

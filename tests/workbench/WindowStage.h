@@ -1,0 +1,85 @@
+// The host with its window: the module loaded with one place, a home of the test's own, and the window closed at the
+// end.
+#pragma once
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <memory>
+
+#include "frame/ConfigSandbox.h"
+#include "platform/base/Language.h"
+#include "platform/host/DynamicLinker.h"
+#include "platform/host/HostMessages.h"
+#include "platform/host/RxRegistry.h"
+#include "platform/window/CFileDialog.h"
+#include "platform/window/HostFrame.h"
+#include "platform/window/ModalDriver.h"
+#include "workbench/view/SceneView.h"
+#include "workbench/window/CommandEdit.h"
+#include "workbench/window/CommandLog.h"
+#include "workbench/window/MainWindow.h"
+
+class WindowStage : public ConfigSandbox {
+protected:
+    void SetUp() override {
+        ConfigSandbox::SetUp();
+        m_folder.Write("zone.xml",
+                       "<ORVO_ZONEDATA><北京市 type=\"PROVINCE\"><北京 type=\"CITY\" longitude=\"116.4\" "
+                       "latitude=\"39.9\"/><通州 type=\"CITY\" longitude=\"116.7\" latitude=\"39.9\"/></北京市>"
+                       "</ORVO_ZONEDATA>");
+        m_folder.Write("SunSet.xml", FileBytes(ORVO_SOURCE_DIR "/data/SunSet.xml"));
+        std::filesystem::create_directories(ToUtf8(UserFolder().View()));
+        m_folder.Write("languages/en.xml", FileBytes(ORVO_SOURCE_DIR "/data/languages/en.xml"));
+        g_pTeskLangSwitch = &m_language;
+        acrxEntryPoint(AcRx::kInitAppMsg, &g_SunDataSet);
+        // Windows are seen by nobody here, and a driver is somebody.
+        m_seen = std::make_unique<ModalDriver>([](const ModalWindow& window) {
+            ADD_FAILURE() << "not expected: " << ToUtf8(window.caption.View()) << ToUtf8(window.text.View());
+            return int{IDCANCEL};
+        });
+        CString reason;
+        ASSERT_TRUE(PrepareWindows(reason)) << ToUtf8(reason.View());
+        m_window = std::make_unique<MainWindow>();
+        m_window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    }
+    void TearDown() override {
+        m_window.reset();
+        m_seen.reset();
+        acrxEntryPoint(AcRx::kUnloadAppMsg, &g_SunDataSet);
+        dynamic_cast<AcRxDynamicLinker*>(acrxSysRegistry()->at(L"DynamicLinker"))->forget(&g_SunDataSet);
+        g_pTeskLangSwitch = nullptr;
+        g_pCurModuleLang = nullptr;
+        g_strCurLanguage = L"Chs";
+        CFileDialog::ShowDialogsAgainForTest();
+        ConfigSandbox::TearDown();
+    }
+
+    template <class Widget>
+    Widget* Find(const char* name) const {
+        return m_window->findChild<Widget*>(name);
+    }
+    CommandEdit* Edit() const { return Find<CommandEdit>("CommandEdit"); }
+    std::string Log() const { return Find<CommandLog>("CommandLog")->toPlainText().toStdString(); }
+    bool HasLogged(const char* text) const { return Log().find(text) != std::string::npos; }
+    std::string Note() const { return Find<QLabel>("Note")->text().toStdString(); }
+    // Types a line and Enter.
+    void Type(const char* line) const {
+        Edit()->setFocus();
+        Edit()->insert(QString::fromUtf8(line));  // key clicks know no Chinese letters
+        QTest::keyClick(Edit(), Qt::Key_Return);
+    }
+    // One entity with a face, one without.
+    std::filesystem::path WriteDrawing(const char* name) const {
+        return m_folder.Write(
+            name,
+            "0\nSECTION\n2\nENTITIES\n0\n3DFACE\n5\n1A\n8\n0\n10\n0\n20\n0\n30\n0\n11\n4\n21\n0\n31\n0\n"
+            "12\n4\n22\n3\n32\n0\n13\n0\n23\n3\n33\n0\n0\nLINE\n5\n1B\n8\n0\n10\n0\n20\n0\n11\n1\n21\n1\n"
+            "0\nENDSEC\n0\nEOF\n");
+    }
+
+    TeskLanguageSwitch m_language;
+    std::unique_ptr<ModalDriver> m_seen;
+    std::unique_ptr<MainWindow> m_window;
+};

@@ -1,0 +1,62 @@
+// From a line to whatever runs it.
+#include "workbench/commands/PromptLine.h"
+
+#include <cstdio>
+#include <vector>
+
+#include "platform/host/RxRegistry.h"
+#include "workbench/commands/CommandLineModel.h"
+#include "workbench/commands/CommandRunner.h"
+#include "workbench/commands/Completion.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/LineWords.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/Texts.h"
+#include "workbench/commands/UsageText.h"
+
+namespace {
+
+bool IsQuit(const std::vector<CString>& words) {
+    return words.size() == 1 && (words.front() == L"quit" || words.front() == L"exit");
+}
+
+bool IsSubcommand(const CString& word) {
+    return word == L"help" || word.Left(1) == L"-" || CommandLineModel().FindSubcommand(word) != nullptr;
+}
+
+int UnknownCommand(const CString& word) {
+    std::vector<CString> names = CommandLineModel().SubcommandNames();
+    for (const std::vector<CString>& more : {HostCommandNames(), PromptWords()})
+        names.insert(names.end(), more.begin(), more.end());
+    Complain(UnknownSubcommandText(word, names));
+    return kExitUsage;
+}
+
+int RunHostCommand(AcRxFunctionPtr function) {
+    function();
+    return std::fflush(stdout) == 0 ? kExitOk : kExitFailed;
+}
+
+int RunLineWords(std::vector<CString> words, Output& output) {
+    if (words.size() > 1 && words.front() == L"orvo")  // a line copied from a shell
+        words.erase(words.begin());
+    if (words.empty() || words.front().Left(1) == L"#")
+        return kExitOk;
+    const AcEdCommand* command = words.size() == 1 ? HostCommandStack().lookupCmd(words.front()) : nullptr;
+    if (command)
+        return RunHostCommand(command->m_pFunction);
+    return IsSubcommand(words.front()) ? RunWords(words, WordsFrom::Prompt, output) : UnknownCommand(words.front());
+}
+
+}  // namespace
+
+PromptAnswer RunPromptLine(const CString& line, Output& output) {
+    const std::optional<std::vector<CString>> words = SplitWords(line);
+    if (!words) {
+        Complain(Say(L"引号没有配对"));
+        return {kExitUsage, false};
+    }
+    if (IsQuit(*words))
+        return {kExitOk, true};
+    return {RunLineWords(*words, output), false};
+}

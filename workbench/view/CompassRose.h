@@ -1,0 +1,11 @@
+// The compass in a corner of the 3-D view: which way north is, and how steeply one looks down.
+#pragma once
+
+#include <QPointF>
+
+class QPainter;
+class ViewCamera;
+
+// Draws a ring lying on the ground around `center`, with a needle to the north (+Y) and a pole up (+Z), as the camera
+// sees them from afar, but never flatter than from 15 degrees. The radius is in the painter's units.
+void DrawCompassRose(QPainter& painter, const ViewCamera& camera, const QPointF& center, double radius);

@@ -1,0 +1,199 @@
+// Recording display lists with the faces' own drawing members.
+#include "workbench/view/SceneLists.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "workbench/view/IndexColors.h"
+
+namespace {
+
+constexpr double kFarthestCoordinate = 1e15;
+constexpr float kEdgeBrightness = 0.4F;
+
+bool IsUsable(const QcGePoint& point) {
+    return std::fabs(point.x) <= kFarthestCoordinate && std::fabs(point.y) <= kFarthestCoordinate &&
+           std::fabs(point.z) <= kFarthestCoordinate;
+}
+
+bool IsUsable(const QcGeFace3dEX& face) {
+    return std::all_of(face.m_pt, face.m_pt + face.GetCornerCount(), [](const QcGePoint& pt) { return IsUsable(pt); });
+}
+
+double TakeMedian(std::vector<double>& values) {
+    if (values.empty())
+        return 0.0;
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+QcGePoint FindOrigin(const Scene& scene) {
+    QcGePoint origin;
+    for (double QcGePoint::*const axis : {&QcGePoint::x, &QcGePoint::y, &QcGePoint::z}) {
+        std::vector<double> values;
+        values.reserve(scene.m_faces.size());
+        for (const QcGeFace3dEX& face : scene.m_faces) {
+            if (IsUsable(face))
+                values.push_back(face.m_pt[0].*axis);
+        }
+        origin.*axis = TakeMedian(values);
+    }
+    return origin;
+}
+
+bool IsNumber(const QcGeVector3dEX& normal) {
+    return std::isfinite(normal.x) && std::isfinite(normal.y) && std::isfinite(normal.z);
+}
+
+// Sends the face relative to the origin, with the normal that it has. One that has no normal has no area to draw.
+void DrawFace(const QcGeFace3dEX& face, const QcGePoint& origin) {
+    const int count = face.GetCornerCount();
+    QcGePoint corners[4];
+    for (int i = 0; i < count; ++i)
+        corners[i] = face.m_pt[i] - origin;
+    QcGeFace3dEX shown(corners, count, true);
+    if (face.IsNormalReady())
+        shown.SetNormal(face.Normal());
+    if (IsNumber(shown.GetNormal()))
+        shown.DrawVertexAsTriangles();
+}
+
+// A line from the smaller to the larger of two points.
+struct Edge {
+    QcGePoint from, to;
+    bool operator==(const Edge& other) const { return from == other.from && to == other.to; }
+    bool operator<(const Edge& other) const { return from == other.from ? other.to > to : other.from > from; }
+};
+
+void AddVisibleEdges(const QcGeFace3dEX& face, std::vector<Edge>& edges) {
+    const int count = face.GetCornerCount();
+    for (int i = 0; i < count; ++i) {
+        const QcGePoint& a = face.m_pt[i];
+        const QcGePoint& b = face.m_pt[(i + 1) % count];
+        if (face.m_flag[i] == 0)
+            edges.push_back(a > b ? Edge{b, a} : Edge{a, b});
+    }
+}
+
+void SendPoint(const QcGePoint& point, const QcGePoint& origin) {
+    const double coordinates[] = {point.x - origin.x, point.y - origin.y, point.z - origin.z};
+    glVertex3dv(coordinates);
+}
+
+int RgbOf(const SceneEntity& entity) {
+    return entity.m_nTrueColor >= 0 ? entity.m_nTrueColor & 0xFFFFFF : RgbOfColorIndex(entity.m_nColorIndex);
+}
+
+struct Color {
+    float r, g, b;
+    explicit Color(int rgb)
+        : r(static_cast<float>(rgb >> 16 & 255) / 255.0F),
+          g(static_cast<float>(rgb >> 8 & 255) / 255.0F),
+          b(static_cast<float>(rgb & 255) / 255.0F) {}
+};
+
+FaceMaterial MaterialOf(int rgb) {
+    const Color color(rgb);
+    FaceMaterial material;
+    material.SetAmbient(color.r, color.g, color.b, 1.0F);
+    material.SetDiffuse(color.r, color.g, color.b, 1.0F);
+    material.SetSpecular(0.0F, 0.0F, 0.0F, 1.0F);
+    material.SetEmission(0.0F, 0.0F, 0.0F, 1.0F);
+    material.SetShininess(0.0F);
+    return material;
+}
+
+// What is drawn in one colour, so that OpenGL changes it once a colour and not once a face.
+struct Coat {
+    std::vector<const QcGeFace3dEX*> faces;
+    std::vector<Edge> edges;
+};
+
+using Coats = std::map<int, Coat>;
+
+// Adds an entity's edges, each once: neighbouring faces have them in common, and lines are dear.
+void AddEdges(Coat& coat, std::size_t firstFace) {
+    std::vector<Edge> edges;
+    for (std::size_t i = firstFace; i < coat.faces.size(); ++i)
+        AddVisibleEdges(*coat.faces[i], edges);
+    std::sort(edges.begin(), edges.end());
+    coat.edges.insert(coat.edges.end(), edges.begin(), std::unique(edges.begin(), edges.end()));
+}
+
+Coats SortByColor(const Scene& scene) {
+    Coats coats;
+    const std::size_t total = scene.m_faces.size();
+    for (const SceneEntity& entity : scene.m_entities) {
+        const std::size_t first = std::min(entity.m_nFirstFace, total);
+        const std::size_t count = std::min(entity.m_nFaceCount, total - first);
+        Coat& coat = coats[RgbOf(entity)];
+        const std::size_t before = coat.faces.size();
+        for (std::size_t i = first; i < first + count; ++i) {
+            if (IsUsable(scene.m_faces[i]))
+                coat.faces.push_back(&scene.m_faces[i]);
+        }
+        AddEdges(coat, before);
+    }
+    return coats;
+}
+
+void RecordFaces(const Coats& coats, const QcGePoint& origin) {
+    for (const auto& [rgb, coat] : coats) {
+        MaterialOf(rgb).Draw();
+        glBegin(GL_TRIANGLES);
+        for (const QcGeFace3dEX* face : coat.faces)
+            DrawFace(*face, origin);
+        glEnd();
+    }
+}
+
+void RecordEdges(const Coats& coats, const QcGePoint& origin) {
+    for (const auto& [rgb, coat] : coats) {
+        const Color color(rgb);
+        glColor3f(color.r * kEdgeBrightness, color.g * kEdgeBrightness, color.b * kEdgeBrightness);
+        glBegin(GL_LINES);
+        for (const Edge& edge : coat.edges) {
+            SendPoint(edge.from, origin);
+            SendPoint(edge.to, origin);
+        }
+        glEnd();
+    }
+}
+
+}  // namespace
+
+SceneLists::SceneLists(const Scene& scene) : m_ptOrigin(FindOrigin(scene)) {
+    const Coats coats = SortByColor(scene);
+    while (glGetError() != GL_NO_ERROR) {
+    }
+    m_nFaces = glGenLists(2);
+    if (m_nFaces == 0)
+        return;
+    m_nEdges = m_nFaces + 1;
+    glNewList(m_nFaces, GL_COMPILE);
+    RecordFaces(coats, m_ptOrigin);
+    glEndList();
+    glNewList(m_nEdges, GL_COMPILE);
+    RecordEdges(coats, m_ptOrigin);
+    glEndList();
+    m_bReady = glGetError() == GL_NO_ERROR;
+}
+
+SceneLists::~SceneLists() {
+    if (m_nFaces != 0)
+        glDeleteLists(m_nFaces, 2);
+}
+
+void SceneLists::DrawFaces() const {
+    if (m_bReady)
+        glCallList(m_nFaces);
+}
+
+void SceneLists::DrawEdges() const {
+    if (m_bReady)
+        glCallList(m_nEdges);
+}

@@ -1,0 +1,36 @@
+// A scene as OpenGL keeps it: one display list of faces, one of their edges.
+#pragma once
+
+#include "platform/geometry/QcGePoint.h"
+#include "scene/Scene.h"
+
+// Belongs to the context that is current when it is made, which has to be current in every other call, too.
+//
+// OpenGL computes in single precision, whose 7 digits would make a building 5e8 units from the origin shake by 30
+// units. So the lists hold copies of the faces, moved by an origin close to most of them; the camera's view matrix is
+// computed for that origin. It is the median of the faces' first corners and not the middle of the box around them: one
+// stray face far away, as drawings have them, moves that middle away from everything, but no median.
+//
+// Faces with a corner that is not finite or more than 1e15 units away are left out.
+class SceneLists {
+public:
+    explicit SceneLists(const Scene& scene);
+    ~SceneLists();
+    SceneLists(const SceneLists&) = delete;
+    SceneLists& operator=(const SceneLists&) = delete;
+
+    // False when the graphics had no memory for it; then nothing is drawn.
+    bool IsReady() const { return m_bReady; }
+    const QcGePoint& GetOrigin() const { return m_ptOrigin; }
+    // Expects lighting to be on: colours go into the material.
+    void DrawFaces() const;
+    // Expects lighting to be off: thin lines, darker than their face. Flag i of a face hides the edge that begins at
+    // its corner i.
+    void DrawEdges() const;
+
+private:
+    QcGePoint m_ptOrigin;
+    unsigned m_nFaces = 0;
+    unsigned m_nEdges = 0;
+    bool m_bReady = false;
+};

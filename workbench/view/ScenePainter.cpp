@@ -1,0 +1,135 @@
+// The lamps and the order of drawing.
+#include "workbench/view/ScenePainter.h"
+
+#include <GL/gl.h>
+
+#include <new>
+#include <optional>
+
+#include "workbench/view/SceneLists.h"
+#include "workbench/view/SmoothBuffer.h"
+
+struct ScenePainter::Parts {
+    std::optional<SceneLists> lists;
+    SmoothBuffer smooth;
+};
+
+namespace {
+
+// Directions to the lamps, which stand still in the world. The bright one is high in the south-east; a faint one
+// opposite tells apart the walls that the bright one does not reach. A flat roof gets 92 % of its colour, the shadiest
+// wall half of it.
+constexpr float kAmbient[] = {0.42F, 0.42F, 0.42F, 1.0F};
+constexpr float kToSun[] = {0.42F, -0.66F, 0.9F, 0.0F};
+constexpr float kSun[] = {0.66F, 0.66F, 0.65F, 1.0F};
+constexpr float kToSky[] = {-0.85F, 0.45F, 0.1F, 0.0F};
+constexpr float kSky[] = {0.18F, 0.185F, 0.2F, 1.0F};
+constexpr float kNoLight[] = {0.0F, 0.0F, 0.0F, 1.0F};
+
+constexpr float kSkyColor[] = {0.60F, 0.74F, 0.89F};
+constexpr float kHazeColor[] = {0.90F, 0.94F, 0.96F};
+constexpr float kGroundColor[] = {0.83F, 0.84F, 0.82F};
+
+void PlaceLamp(GLenum lamp, const float* direction, const float* color) {
+    glLightfv(lamp, GL_POSITION, direction);
+    glLightfv(lamp, GL_AMBIENT, kNoLight);
+    glLightfv(lamp, GL_DIFFUSE, color);
+    glLightfv(lamp, GL_SPECULAR, kNoLight);
+    glEnable(lamp);
+}
+
+// Faces are lit on both sides: drawings do not care which side of a wall is its front.
+void SetUpLight() {
+    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, kAmbient);
+    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE);
+    PlaceLamp(GL_LIGHT0, kToSun, kSun);
+    PlaceLamp(GL_LIGHT1, kToSky, kSky);
+}
+
+void DrawBand(double bottom, const float* lower, double top, const float* upper) {
+    glColor3fv(lower);
+    glVertex2d(-1.0, bottom);
+    glVertex2d(1.0, bottom);
+    glColor3fv(upper);
+    glVertex2d(1.0, top);
+    glVertex2d(-1.0, top);
+}
+
+void DrawBackground() {
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_LIGHTING);
+    glBegin(GL_QUADS);
+    DrawBand(-1.0, kGroundColor, 0.0, kHazeColor);
+    DrawBand(0.0, kHazeColor, 1.0, kSkyColor);
+    glEnd();
+}
+
+}  // namespace
+
+ScenePainter::ScenePainter(std::unique_ptr<OffscreenGl> gl) : m_gl(std::move(gl)), m_parts(std::make_unique<Parts>()) {}
+
+ScenePainter::~ScenePainter() {
+    m_gl->MakeCurrent();
+    m_parts.reset();
+}
+
+std::unique_ptr<ScenePainter> ScenePainter::Open(CString& reason) {
+    std::unique_ptr<OffscreenGl> gl = OffscreenGl::Open(1, 1, reason);
+    if (!gl)
+        return nullptr;
+    return std::unique_ptr<ScenePainter>(new ScenePainter(std::move(gl)));
+}
+
+bool ScenePainter::SetScene(const Scene& scene) {
+    if (!m_gl->MakeCurrent())
+        return false;
+    m_parts->lists.reset();
+    try {
+        m_parts->lists.emplace(scene);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return m_parts->lists->IsReady();
+}
+
+bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, GlPicture& picture) {
+    picture = GlPicture();
+    const int width = camera.GetWidth();
+    const int height = camera.GetHeight();
+    if (!m_gl->MakeCurrent())
+        return false;
+    if ((width != m_gl->GetWidth() || height != m_gl->GetHeight()) && !m_gl->Resize(width, height))
+        return false;
+    const bool smooth = effort.m_bSmooth && m_parts->smooth.Begin(width, height);
+    Draw(camera, effort.m_bEdges);
+    if (smooth)
+        m_parts->smooth.End();
+    return m_gl->Read(picture);
+}
+
+void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
+    glClear(GL_DEPTH_BUFFER_BIT);
+    DrawBackground();
+    if (!m_parts->lists)
+        return;
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixd(camera.GetProjectionMatrix().data());
+    glMatrixMode(GL_MODELVIEW);
+    glLoadMatrixd(camera.GetViewMatrix(m_parts->lists->GetOrigin()).data());
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LEQUAL);
+    glEnable(GL_LIGHTING);
+    SetUpLight();
+    // Faces step back a little, so that the edges in their planes are seen.
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glPolygonOffset(1.0F, 1.0F);
+    m_parts->lists->DrawFaces();
+    glDisable(GL_POLYGON_OFFSET_FILL);
+    glDisable(GL_LIGHTING);
+    if (edges)
+        m_parts->lists->DrawEdges();
+}

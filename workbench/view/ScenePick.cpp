@@ -1,0 +1,47 @@
+// A ray against triangles: where the ray is in the triangle's own coordinates.
+#include "workbench/view/ScenePick.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+double Dot(const QcGePoint& a, const QcGePoint& b) {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+// How far along the ray it meets the triangle; a negative number or none at all when it does not.
+double MeetTriangle(const ViewRay& ray, const QcGePoint& a, const QcGePoint& b, const QcGePoint& c) {
+    const QcGeVector3d first = b - a;
+    const QcGeVector3d second = c - a;
+    const QcGeVector3d across = ray.m_vecDirection * second;
+    const double volume = Dot(first, across);
+    const QcGeVector3d toStart = ray.m_ptStart - a;
+    const double u = Dot(toStart, across) / volume;
+    const QcGeVector3d turned = toStart * first;
+    const double v = Dot(ray.m_vecDirection, turned) / volume;
+    // Written so that what is not a number, in a face seen on its edge, misses.
+    if (!(u >= 0.0 && v >= 0.0 && u + v <= 1.0))
+        return -1.0;
+    return Dot(second, turned) / volume;
+}
+
+}  // namespace
+
+std::optional<QcGePoint> PickScene(const Scene& scene, const ViewRay& ray) {
+    double nearest = INFINITY;
+    for (const QcGeFace3dEX& face : scene.m_faces) {
+        const QcGePoint* const pt = face.m_pt;
+        const double first = MeetTriangle(ray, pt[0], pt[1], pt[2]);
+        const double second = face.IsTriangle() ? -1.0 : MeetTriangle(ray, pt[2], pt[3], pt[0]);
+        for (const double distance : {first, second}) {
+            if (distance > 0.0)
+                nearest = std::min(nearest, distance);
+        }
+    }
+    if (!std::isfinite(nearest))
+        return std::nullopt;
+    const QcGeVector3d& way = ray.m_vecDirection;
+    return QcGePoint(ray.m_ptStart.x + way.x * nearest, ray.m_ptStart.y + way.y * nearest,
+                     ray.m_ptStart.z + way.z * nearest);
+}

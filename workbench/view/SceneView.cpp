@@ -1,0 +1,355 @@
+// From events to the camera, from the camera to a picture.
+#include "workbench/view/SceneView.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "settings/AnalysisParameters.h"
+#include "workbench/view/CompassRose.h"
+#include "workbench/view/ScenePick.h"
+#include "workbench/window/WidgetText.h"
+
+namespace {
+
+constexpr double kDegreesPerPixel = 0.35;
+constexpr double kDegreesPerKey = 5.0;
+constexpr double kSteepDegreesPerKey = 15.0;
+constexpr double kZoomPerKey = 1.25;
+constexpr double kZoomPerNotch = 1.2;
+constexpr double kWheelPerNotch = 120.0;
+constexpr double kMovePerKey = 0.05;  // of the picture's shorter side
+constexpr int kRestMilliseconds = 180;
+
+// The module's view angles, read as those of the line of sight: in the ground plane from +X towards +Y, and from the
+// zenith down. The eye is opposite. 120 and 120 look from the south-south-east, 30 degrees down.
+void LookByParameters(ViewCamera& camera) {
+    camera.Look(-90.0 - g_nViewXYAngle, g_nViewZAAngle - 90.0);
+}
+
+QImage ImageOf(const GlPicture& picture) {
+    const QImage view(picture.rgba.data(), picture.width, picture.height, picture.width * 4, QImage::Format_RGBX8888);
+    return view.convertToFormat(QImage::Format_RGB32);
+}
+
+}  // namespace
+
+SceneView::SceneView(QWidget* parent, Opener opener) : QWidget(parent), m_opener(std::move(opener)) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(64, 48);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setObjectName("SceneView");
+    Retranslate();
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kRestMilliseconds);
+    connect(&m_rest, &QTimer::timeout, this, [this] {
+        m_bMoving = false;
+        Redraw();
+    });
+    LookByParameters(m_camera);
+}
+
+SceneView::~SceneView() = default;
+
+void SceneView::Retranslate() {
+    setAccessibleName(ShownSay(L"三维视图"));
+    setAccessibleDescription(
+        ShownSay(L"方向键旋转，Shift+方向键平移，加号和减号缩放，Home 显示全部，数字 1 到 7 选择标准视图"));
+    update();
+}
+
+void SceneView::SetScene(std::shared_ptr<const Scene> scene) {
+    TakeScene(std::move(scene));
+    Fit();
+}
+
+void SceneView::UpdateScene(std::shared_ptr<const Scene> scene) {
+    TakeScene(std::move(scene));
+    if (m_bFitted)
+        Fit();
+}
+
+void SceneView::TakeScene(std::shared_ptr<const Scene> scene) {
+    m_pScene = std::move(scene);
+    m_bUploaded = false;
+    m_strProblem.clear();
+    m_picture = QImage();
+    if (HasFaces())
+        m_camera.SetBox({m_pScene->m_ptMin, m_pScene->m_ptMax});
+    else if (m_pPainter)
+        m_pPainter->SetScene(Scene());  // gives its memory back
+    Redraw();
+}
+
+void SceneView::SetHint(const QString& hint) {
+    m_strHint = hint;
+    update();
+}
+
+void SceneView::Look(StandardView view) {
+    m_camera.Look(view);
+    Fit();
+}
+
+void SceneView::Fit() {
+    m_bFitted = true;
+    TakeSize();
+    m_camera.Fit();
+    Redraw();
+}
+
+QImage SceneView::GetPicture() {
+    TakeSize();
+    if (m_bDirty)
+        DrawPicture();
+    return m_picture;
+}
+
+bool SceneView::IsLarge() const {
+    return HasFaces() && m_pScene->m_faces.size() > static_cast<std::size_t>(std::max(g_RenderMaxFaceNum, 0));
+}
+
+// The picture has the screen's own pixels, unless that is more than the graphics can draw.
+void SceneView::TakeSize() {
+    const double longest = std::max(1, std::max(width(), height()));
+    const double most = m_pPainter ? m_pPainter->GetMaxSize() : longest * devicePixelRatioF();
+    m_nScale = std::min(devicePixelRatioF(), most / longest);
+    const int pixelWidth = std::max(1, static_cast<int>(width() * m_nScale));
+    const int pixelHeight = std::max(1, static_cast<int>(height() * m_nScale));
+    if (pixelWidth == m_camera.GetWidth() && pixelHeight == m_camera.GetHeight())
+        return;
+    m_camera.SetViewport(pixelWidth, pixelHeight);
+    if (m_bFitted)
+        m_camera.Fit();
+    m_bDirty = true;
+}
+
+QPointF SceneView::InPicture(const QPointF& position) const {
+    return position * m_nScale;
+}
+
+void SceneView::HoldOnTo(const QPointF& pixel) {
+    if (!HasFaces())
+        return;
+    if (const auto point = PickScene(*m_pScene, m_camera.GetRayAt(pixel.x(), pixel.y())))
+        m_camera.TakeDepthOf(*point);
+}
+
+void SceneView::Turn(double azimuth, double altitude) {
+    m_camera.Orbit(azimuth, altitude);
+    RedrawMoving();
+}
+
+void SceneView::Move(double dx, double dy) {
+    m_camera.Pan(dx, dy);
+    RedrawMoving();
+}
+
+void SceneView::ZoomAt(double factor, const QPointF& pixel) {
+    HoldOnTo(pixel);
+    m_camera.Zoom(factor, pixel.x(), pixel.y());
+    RedrawMoving();
+}
+
+void SceneView::Redraw() {
+    m_bDirty = true;
+    update();
+}
+
+void SceneView::RedrawMoving() {
+    m_bFitted = false;
+    if (IsLarge()) {
+        m_bMoving = true;
+        m_rest.start();
+    }
+    Redraw();
+}
+
+void SceneView::Refuse(const QString& reason) {
+    m_strProblem = ShownSay(L"无法显示三维视图。") + "\n" + reason;
+}
+
+void SceneView::DrawPicture() {
+    m_bDirty = false;
+    m_picture = QImage();
+    if (!HasFaces() || !m_strProblem.isEmpty())
+        return;
+    if (!m_pPainter) {
+        CString reason;
+        m_pPainter = m_opener(reason);
+        if (!m_pPainter)
+            return Refuse(Shown(reason));
+        TakeSize();
+        m_bDirty = false;
+    }
+    if (!m_bUploaded && !m_pPainter->SetScene(*m_pScene))
+        return Refuse(ShownSay(L"内存不足，容不下这张图的所有面。"));
+    m_bUploaded = true;
+    GlPicture picture;
+    if (!m_pPainter->Paint(m_camera, {!m_bMoving, !m_bMoving}, picture))
+        return Refuse(ShownSay(L"图形驱动程序没有给出图像。"));
+    m_picture = ImageOf(picture);
+}
+
+void SceneView::paintEvent(QPaintEvent* /*event*/) {
+    const QImage picture = GetPicture();
+    QPainter painter(this);
+    if (!picture.isNull()) {
+        painter.drawImage(QRectF(rect()), picture);
+        constexpr double kRose = 36.0;
+        constexpr double kFromEdge = 58.0;
+        if (width() > 3 * kFromEdge && height() > 3 * kFromEdge)
+            DrawCompassRose(painter, m_camera, QPointF(kFromEdge, height() - kFromEdge), kRose);
+    } else {
+        QLinearGradient sky(0, 0, 0, height());
+        sky.setColorAt(0.0, QColor(214, 227, 240));
+        sky.setColorAt(1.0, QColor(240, 242, 241));
+        painter.fillRect(rect(), sky);
+        painter.setPen(QColor(70, 78, 88));
+        QFont large = font();
+        large.setPointSizeF(std::max(large.pointSizeF(), 8.0) * 1.3);
+        painter.setFont(large);
+        const QRect room = rect().adjusted(24, 24, -24, -24);
+        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, m_strProblem.isEmpty() ? m_strHint : m_strProblem);
+    }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void SceneView::resizeEvent(QResizeEvent* /*event*/) {
+    TakeSize();
+    if (IsLarge()) {
+        m_bMoving = true;
+        m_rest.start();
+    }
+}
+
+void SceneView::mousePressEvent(QMouseEvent* event) {
+    m_nDrag = Drag::None;
+    if (event->button() == Qt::MiddleButton ||
+        (event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier)))
+        m_nDrag = Drag::Move;
+    else if (event->button() == Qt::LeftButton)
+        m_nDrag = Drag::Turn;
+    if (m_nDrag == Drag::None)
+        return QWidget::mousePressEvent(event);
+    m_ptLast = event->position();
+    setCursor(m_nDrag == Drag::Move ? Qt::ClosedHandCursor : Qt::SizeAllCursor);
+    if (m_nDrag == Drag::Move)
+        HoldOnTo(InPicture(m_ptLast));
+}
+
+void SceneView::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF way = event->position() - m_ptLast;
+    if (m_nDrag == Drag::None || way.isNull())
+        return;
+    m_ptLast = event->position();
+    if (m_nDrag == Drag::Turn)
+        return Turn(way.x() * kDegreesPerPixel, way.y() * kDegreesPerPixel);
+    const QPointF inPicture = InPicture(way);
+    Move(inPicture.x(), inPicture.y());
+}
+
+void SceneView::mouseReleaseEvent(QMouseEvent* event) {
+    if (m_nDrag == Drag::None)
+        return QWidget::mouseReleaseEvent(event);
+    m_nDrag = Drag::None;
+    unsetCursor();
+}
+
+void SceneView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return QWidget::mouseDoubleClickEvent(event);
+    Fit();
+}
+
+void SceneView::wheelEvent(QWheelEvent* event) {
+    const int turned = event->angleDelta().y();
+    if (turned == 0)
+        return QWidget::wheelEvent(event);
+    ZoomAt(std::pow(kZoomPerNotch, turned / kWheelPerNotch), InPicture(event->position()));
+    event->accept();
+}
+
+void SceneView::keyPressEvent(QKeyEvent* event) {
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const bool plain = modifiers == Qt::NoModifier;
+    const bool shifted = modifiers == Qt::ShiftModifier;
+    const int key = event->key();
+    if (plain && (TurnByKey(key) || LookByKey(key)))
+        return;
+    if (shifted && MoveByKey(key))
+        return;
+    const QPointF middle(m_camera.GetWidth() / 2.0, m_camera.GetHeight() / 2.0);
+    if ((plain || shifted) && (key == Qt::Key_Plus || key == Qt::Key_Equal))
+        return ZoomAt(kZoomPerKey, middle);
+    if ((plain || shifted) && (key == Qt::Key_Minus || key == Qt::Key_Underscore))
+        return ZoomAt(1.0 / kZoomPerKey, middle);
+    QWidget::keyPressEvent(event);
+}
+
+// As if the picture were dragged that way.
+bool SceneView::TurnByKey(int key) {
+    switch (key) {
+        case Qt::Key_Left:
+            Turn(-kDegreesPerKey, 0.0);
+            return true;
+        case Qt::Key_Right:
+            Turn(kDegreesPerKey, 0.0);
+            return true;
+        case Qt::Key_Up:
+            Turn(0.0, -kDegreesPerKey);
+            return true;
+        case Qt::Key_Down:
+            Turn(0.0, kDegreesPerKey);
+            return true;
+        case Qt::Key_PageUp:
+            Turn(0.0, kSteepDegreesPerKey);
+            return true;
+        case Qt::Key_PageDown:
+            Turn(0.0, -kSteepDegreesPerKey);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool SceneView::MoveByKey(int key) {
+    const double step = std::max(1.0, std::min(m_camera.GetWidth(), m_camera.GetHeight()) * kMovePerKey);
+    const double dx = key == Qt::Key_Left ? -step : key == Qt::Key_Right ? step : 0.0;
+    const double dy = key == Qt::Key_Up ? -step : key == Qt::Key_Down ? step : 0.0;
+    if (dx == 0.0 && dy == 0.0)
+        return false;
+    Move(dx, dy);
+    return true;
+}
+
+bool SceneView::LookByKey(int key) {
+    struct Choice {
+        int number, letter;
+        StandardView view;
+    };
+    static constexpr Choice kChoices[] = {
+        {Qt::Key_1, Qt::Key_T, StandardView::Top},       {Qt::Key_2, Qt::Key_S, StandardView::South},
+        {Qt::Key_3, Qt::Key_E, StandardView::East},      {Qt::Key_4, Qt::Key_N, StandardView::North},
+        {Qt::Key_5, Qt::Key_W, StandardView::West},      {Qt::Key_6, Qt::Key_I, StandardView::SouthEast},
+        {Qt::Key_7, Qt::Key_7, StandardView::SouthWest},
+    };
+    if (key == Qt::Key_Home) {
+        Fit();
+        return true;
+    }
+    for (const Choice& choice : kChoices) {
+        if (key == choice.number || key == choice.letter) {
+            Look(choice.view);
+            return true;
+        }
+    }
+    return false;
+}

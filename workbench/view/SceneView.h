@@ -1,0 +1,98 @@
+// The widget that shows a scene in three dimensions, and is turned, moved and zoomed by mouse and keyboard.
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "scene/Scene.h"
+#include "workbench/view/ScenePainter.h"
+#include "workbench/view/ViewCamera.h"
+
+// Mouse: the left button turns, the middle one (or the left one with Shift) moves, the wheel zooms at the pointer, and
+// a double click shows everything. Moving and zooming hold on to the face under the pointer.
+//
+// Keys: arrows turn, with Shift they move; + and - zoom; Page Up and Page Down turn steeply; Home shows everything; 1
+// to 7, or T, S, E, N, W and I, look from the top, south, east, north, west, south-east and (7) south-west.
+//
+// A scene with more faces than g_RenderMaxFaceNum is shown without edges and smoothing while the view changes, and in
+// full as soon as it rests. Nothing is drawn anew while nothing changes.
+class SceneView : public QWidget {
+public:
+    using Opener = std::function<std::unique_ptr<ScenePainter>(CString& reason)>;
+
+    // The painter is opened when the first scene has to be drawn. Where that fails, the view says why.
+    explicit SceneView(QWidget* parent = nullptr, Opener opener = ScenePainter::Open);
+    ~SceneView() override;
+
+    // Shows another drawing: everything of it, from the direction in which the view looks already. Null is no scene.
+    void SetScene(std::shared_ptr<const Scene> scene);
+    // Shows a later state of the same drawing, from where the eye is.
+    void UpdateScene(std::shared_ptr<const Scene> scene);
+    void Clear() { SetScene(nullptr); }
+    // What stands in the view as long as there is nothing to see.
+    void SetHint(const QString& hint);
+
+    // Puts its texts (but the hint, which is the caller's) into the language in force.
+    void Retranslate();
+
+    // Each shows everything.
+    void Look(StandardView view);
+    void Fit();
+
+    const ViewCamera& GetCamera() const { return m_camera; }
+    // The picture of the scene as it is shown now, without the compass; null when there is none.
+    QImage GetPicture();
+    // Why there is no picture; empty when there is one or nothing to see.
+    QString GetProblem() const { return m_strProblem; }
+    QSize sizeHint() const override { return {800, 600}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    enum class Drag { None, Turn, Move };
+
+    bool HasFaces() const { return m_pScene && !m_pScene->m_faces.empty(); }
+    bool IsLarge() const;
+    void TakeScene(std::shared_ptr<const Scene> scene);
+    void TakeSize();
+    QPointF InPicture(const QPointF& position) const;
+    void HoldOnTo(const QPointF& pixel);
+    void Turn(double azimuth, double altitude);
+    void Move(double dx, double dy);
+    void ZoomAt(double factor, const QPointF& pixel);
+    void Redraw();
+    void RedrawMoving();
+    bool TurnByKey(int key);
+    bool MoveByKey(int key);
+    bool LookByKey(int key);
+    void DrawPicture();
+    void Refuse(const QString& reason);
+
+    Opener m_opener;
+    std::unique_ptr<ScenePainter> m_pPainter;
+    std::shared_ptr<const Scene> m_pScene;
+    ViewCamera m_camera;  // its pixels are those of the picture
+    QImage m_picture;
+    QString m_strHint;
+    QString m_strProblem;
+    QTimer m_rest;
+    Drag m_nDrag = Drag::None;
+    QPointF m_ptLast;
+    double m_nScale = 1.0;  // pixels of the picture in one of the widget's
+    bool m_bUploaded = false;
+    bool m_bDirty = true;
+    bool m_bMoving = false;
+    bool m_bFitted = true;  // everything is shown, and shall be after a change of size, too
+};

@@ -1,0 +1,29 @@
+// A second picture buffer with four samples a pixel, for edges without stairs.
+#pragma once
+
+// Belongs to the context that is current when Begin is first called, which has to be current in all calls, the
+// destructor included.
+class SmoothBuffer {
+public:
+    SmoothBuffer() = default;
+    ~SmoothBuffer();
+    SmoothBuffer(const SmoothBuffer&) = delete;
+    SmoothBuffer& operator=(const SmoothBuffer&) = delete;
+
+    // From here on OpenGL draws into this buffer. False, with nothing changed, where the graphics cannot do that: then
+    // the picture has its stairs.
+    bool Begin(int width, int height);
+    // Averages the samples into the context's own buffer and makes that the current one again.
+    void End() const;
+
+private:
+    bool Make(int width, int height);
+    void Drop();
+
+    unsigned m_nFrame = 0;
+    unsigned m_nColor = 0;
+    unsigned m_nDepth = 0;
+    int m_nWidth = 0;
+    int m_nHeight = 0;
+    bool m_bRefused = false;
+};

@@ -1,0 +1,329 @@
+// The geometry of looking: a basis from two angles, and similar triangles.
+#include "workbench/view/ViewCamera.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
+constexpr double kFarthestCoordinate = 1e15;
+constexpr double kHalfFieldTangent = 0.36397023426620234;  // 20 degrees to the upper edge of the picture
+constexpr double kMargin = 0.95;
+constexpr double kSteepest = 89.0;
+constexpr double kSmallestRadius = 1e-6;
+// Distances from the target, in radii of the box.
+constexpr double kNearestDistance = 1e-6;
+constexpr double kFarthestDistance = 1e6;
+
+double Dot(const QcGePoint& a, const QcGePoint& b) {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+double Cut(double coordinate) {
+    return std::isfinite(coordinate) ? std::clamp(coordinate, -kFarthestCoordinate, kFarthestCoordinate) : 0.0;
+}
+
+std::array<QcGePoint, 8> CornersOf(const QcGePoint& min, const QcGePoint& max) {
+    std::array<QcGePoint, 8> corners;
+    for (unsigned i = 0; i < 8; ++i)
+        corners[i] = {(i & 1U) ? max.x : min.x, (i & 2U) ? max.y : min.y, (i & 4U) ? max.z : min.z};
+    return corners;
+}
+
+double Middle(double a, double b) {
+    return a + (b - a) / 2.0;
+}
+
+// Eight corners as the picture sees them, from the box's middle: across one direction of the picture, and away.
+struct SeenCorners {
+    std::array<double, 8> across{};
+    std::array<double, 8> forward{};
+};
+
+// The smallest distance from which all corners fit between the two ends of a direction, wherever its middle is then:
+// for each corner |across - shift| <= (distance + forward) * tangent, `tangent` being that of half the field of view.
+double FitDistance(const SeenCorners& corners, double tangent, bool parallel) {
+    double high = -INFINITY;
+    double low = -INFINITY;
+    for (std::size_t i = 0; i < corners.across.size(); ++i) {
+        const double room = parallel ? 0.0 : corners.forward[i] * tangent;
+        high = std::max(high, corners.across[i] - room);
+        low = std::max(low, -corners.across[i] - room);
+    }
+    return (high + low) / (2.0 * tangent);
+}
+
+// How far the picture's middle has to be from the box's middle, so that the outermost corners are as far from both
+// ends. By halving: the further the shift, the further is everything towards one end.
+double CenterShift(const SeenCorners& corners, double distance, bool parallel) {
+    double low = *std::min_element(corners.across.begin(), corners.across.end());
+    double high = *std::max_element(corners.across.begin(), corners.across.end());
+    for (int step = 0; step < 100; ++step) {
+        const double shift = Middle(low, high);
+        double most = -INFINITY;
+        double least = INFINITY;
+        for (std::size_t i = 0; i < corners.across.size(); ++i) {
+            const double seen = (corners.across[i] - shift) / (parallel ? 1.0 : distance + corners.forward[i]);
+            most = std::max(most, seen);
+            least = std::min(least, seen);
+        }
+        (most + least > 0.0 ? low : high) = shift;
+    }
+    return Middle(low, high);
+}
+
+}  // namespace
+
+ViewCamera::ViewCamera() {
+    SetBox({{-0.5, -0.5, -0.5}, {0.5, 0.5, 0.5}});
+}
+
+void ViewCamera::SetBox(const ViewBox& box) {
+    const QcGePoint a(Cut(box.m_ptMin.x), Cut(box.m_ptMin.y), Cut(box.m_ptMin.z));
+    const QcGePoint b(Cut(box.m_ptMax.x), Cut(box.m_ptMax.y), Cut(box.m_ptMax.z));
+    m_ptMin = {std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
+    m_ptMax = {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
+    const double radius = (m_ptMax - m_ptMin).Length() / 2.0;
+    // A radius that the coordinates' own digits can still tell from nothing.
+    const double reach = std::max(m_ptMin.Length3d(), m_ptMax.Length3d());
+    m_nRadius = radius > 0.0 ? std::max({radius, kSmallestRadius, reach * 1e-12}) : std::max(1.0, reach * 1e-9);
+    SetDistance(m_nDistance);
+}
+
+void ViewCamera::SetViewport(int width, int height) {
+    m_nWidth = std::max(width, 1);
+    m_nHeight = std::max(height, 1);
+}
+
+void ViewCamera::Look(double azimuth, double altitude) {
+    if (!std::isfinite(azimuth) || !std::isfinite(altitude))
+        return;
+    azimuth = std::fmod(azimuth, 360.0);
+    if (azimuth < 0.0)
+        azimuth += 360.0;
+    m_nAzimuth = azimuth < 360.0 ? azimuth : 0.0;  // adding 360 to a hair less than 0 gives 360
+    m_nAltitude = std::clamp(altitude, -kSteepest, kSteepest);
+    m_bParallel = false;
+}
+
+void ViewCamera::Look(StandardView view) {
+    constexpr double kIsometric = 35.264389682754654;  // that of a cube's diagonal
+    switch (view) {
+        case StandardView::Top:
+            Look(180.0, 0.0);
+            m_nAltitude = 90.0;
+            m_bParallel = true;
+            return;
+        case StandardView::South:
+            return Look(180.0, 0.0);
+        case StandardView::East:
+            return Look(90.0, 0.0);
+        case StandardView::North:
+            return Look(0.0, 0.0);
+        case StandardView::West:
+            return Look(270.0, 0.0);
+        case StandardView::SouthEast:
+            return Look(135.0, kIsometric);
+        case StandardView::SouthWest:
+            return Look(225.0, kIsometric);
+    }
+}
+
+void ViewCamera::Orbit(double azimuth, double altitude) {
+    Look(m_nAzimuth + azimuth, m_nAltitude + altitude);
+}
+
+void ViewCamera::Pan(double dx, double dy) {
+    const double unitsPerPixel = GetUnitsPerPixel(m_nDistance);
+    MoveTarget(-dx * unitsPerPixel, dy * unitsPerPixel, 0.0);
+}
+
+void ViewCamera::Zoom(double factor, double x, double y) {
+    if (!std::isfinite(factor) || factor <= 0.0 || !std::isfinite(x) || !std::isfinite(y))
+        return;
+    const double before = GetUnitsPerPixel(m_nDistance);
+    SetDistance(m_nDistance / factor);
+    const double change = before - GetUnitsPerPixel(m_nDistance);
+    MoveTarget((x - m_nWidth / 2.0) * change, (m_nHeight / 2.0 - y) * change, 0.0);
+}
+
+void ViewCamera::Fit() {
+    m_ptTarget = {Middle(m_ptMin.x, m_ptMax.x), Middle(m_ptMin.y, m_ptMax.y), Middle(m_ptMin.z, m_ptMax.z)};
+    SeenCorners wide;
+    SeenCorners high;
+    const auto corners = CornersOf(m_ptMin, m_ptMax);
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const QcGeVector3d fromMiddle = corners[i] - m_ptTarget;
+        wide.across[i] = Dot(fromMiddle, GetRight());
+        high.across[i] = Dot(fromMiddle, GetUp());
+        wide.forward[i] = high.forward[i] = Dot(fromMiddle, GetForward());
+    }
+    const double tangent = kHalfFieldTangent * kMargin;
+    const double nearest = *std::min_element(wide.forward.begin(), wide.forward.end());
+    SetDistance(std::max({FitDistance(wide, tangent * m_nWidth / m_nHeight, m_bParallel),
+                          FitDistance(high, tangent, m_bParallel), m_nRadius * 0.1 - nearest}));
+    MoveTarget(CenterShift(wide, m_nDistance, m_bParallel), CenterShift(high, m_nDistance, m_bParallel), 0.0);
+}
+
+void ViewCamera::TakeDepthOf(const QcGePoint& point) {
+    const double depth = DepthOf(point);
+    if (!std::isfinite(depth) || (!m_bParallel && depth <= 0.0))
+        return;
+    const double before = m_nDistance;
+    // In a parallel view the distance is the scale, and the eye goes along.
+    if (!m_bParallel)
+        SetDistance(depth);
+    MoveTarget(0.0, 0.0, (m_bParallel ? depth : m_nDistance) - before);
+}
+
+QcGePoint ViewCamera::GetEye() const {
+    const QcGeVector3d forward = GetForward();
+    return {m_ptTarget.x - forward.x * m_nDistance, m_ptTarget.y - forward.y * m_nDistance,
+            m_ptTarget.z - forward.z * m_nDistance};
+}
+
+QcGeVector3d ViewCamera::GetRight() const {
+    const double azimuth = m_nAzimuth * kRadiansPerDegree;
+    return {-std::cos(azimuth), std::sin(azimuth), 0.0};
+}
+
+QcGeVector3d ViewCamera::GetUp() const {
+    return GetRight() * GetForward();
+}
+
+QcGeVector3d ViewCamera::GetForward() const {
+    const double azimuth = m_nAzimuth * kRadiansPerDegree;
+    const double altitude = m_nAltitude * kRadiansPerDegree;
+    return {-std::cos(altitude) * std::sin(azimuth), -std::cos(altitude) * std::cos(azimuth), -std::sin(altitude)};
+}
+
+void ViewCamera::GetDepths(double& nearest, double& farthest) const {
+    nearest = INFINITY;
+    farthest = -INFINITY;
+    for (const QcGePoint& corner : CornersOf(m_ptMin, m_ptMax)) {
+        nearest = std::min(nearest, DepthOf(corner));
+        farthest = std::max(farthest, DepthOf(corner));
+    }
+    const double room = m_nRadius * 0.01 + std::max(std::fabs(nearest), std::fabs(farthest)) * 1e-6;
+    nearest -= room;
+    farthest += room;
+    if (m_bParallel)
+        return;
+    // The depth buffer has 24 bits, most of which a nearest plane close to the eye would use up for nothing. Yet what
+    // is about the target has to be seen also when the eye is amidst the box and quite close to it.
+    farthest = std::max(farthest, m_nDistance * 1.01);
+    nearest = std::max({nearest, std::min(farthest * 1e-4, m_nDistance * 0.2), farthest * 1e-7});
+}
+
+std::array<double, 16> ViewCamera::GetViewMatrix(const QcGePoint& origin) const {
+    const QcGeVector3d right = GetRight();
+    const QcGeVector3d up = GetUp();
+    const QcGeVector3d forward = GetForward();
+    const QcGeVector3d target = m_ptTarget - QcGePoint(Cut(origin.x), Cut(origin.y), Cut(origin.z));
+    return {right.x,
+            up.x,
+            -forward.x,
+            0.0,
+            right.y,
+            up.y,
+            -forward.y,
+            0.0,
+            right.z,
+            up.z,
+            -forward.z,
+            0.0,
+            -Dot(right, target),
+            -Dot(up, target),
+            Dot(forward, target) - m_nDistance,
+            1.0};
+}
+
+std::array<double, 16> ViewCamera::GetProjectionMatrix() const {
+    double nearest = 0.0;
+    double farthest = 0.0;
+    GetDepths(nearest, farthest);
+    const double depth = farthest - nearest;
+    const double shape = static_cast<double>(m_nHeight) / m_nWidth;
+    std::array<double, 16> matrix{};
+    if (m_bParallel) {
+        const double scale = 1.0 / (kHalfFieldTangent * m_nDistance);
+        matrix[0] = scale * shape;
+        matrix[5] = scale;
+        matrix[10] = -2.0 / depth;
+        matrix[14] = -(farthest + nearest) / depth;
+        matrix[15] = 1.0;
+        return matrix;
+    }
+    matrix[0] = shape / kHalfFieldTangent;
+    matrix[5] = 1.0 / kHalfFieldTangent;
+    matrix[10] = -(farthest + nearest) / depth;
+    matrix[11] = -1.0;
+    matrix[14] = -2.0 * farthest * nearest / depth;
+    return matrix;
+}
+
+std::optional<ViewPixel> ViewCamera::Project(const QcGePoint& point) const {
+    const QcGeVector3d fromTarget = point - m_ptTarget;
+    const double depth = DepthOf(point);
+    if (!m_bParallel && !(depth > 0.0))
+        return std::nullopt;
+    const double unitsPerPixel = GetUnitsPerPixel(depth);
+    const ViewPixel pixel{m_nWidth / 2.0 + Dot(fromTarget, GetRight()) / unitsPerPixel,
+                          m_nHeight / 2.0 - Dot(fromTarget, GetUp()) / unitsPerPixel, depth};
+    if (!std::isfinite(pixel.x) || !std::isfinite(pixel.y) || !std::isfinite(depth))
+        return std::nullopt;
+    return pixel;
+}
+
+QcGePoint ViewCamera::GetPointAt(const ViewPixel& pixel) const {
+    const double x = Cut(pixel.x);
+    const double y = Cut(pixel.y);
+    const double depth = Cut(pixel.depth);
+    const double unitsPerPixel = GetUnitsPerPixel(depth);
+    ViewCamera moved = *this;
+    moved.MoveTarget((x - m_nWidth / 2.0) * unitsPerPixel, (m_nHeight / 2.0 - y) * unitsPerPixel, depth - m_nDistance);
+    return moved.m_ptTarget;
+}
+
+ViewRay ViewCamera::GetRayAt(double x, double y) const {
+    if (m_bParallel) {
+        double nearest = 0.0;
+        double farthest = 0.0;
+        GetDepths(nearest, farthest);
+        return {GetPointAt({x, y, nearest}), GetForward()};
+    }
+    const QcGeVector3d right = GetRight();
+    const QcGeVector3d up = GetUp();
+    const QcGeVector3d forward = GetForward();
+    const double across = (Cut(x) - m_nWidth / 2.0) * GetUnitsPerPixel(1.0);
+    const double above = (m_nHeight / 2.0 - Cut(y)) * GetUnitsPerPixel(1.0);
+    const QcGeVector3d way(forward.x + right.x * across + up.x * above, forward.y + right.y * across + up.y * above,
+                           forward.z + right.z * across + up.z * above);
+    const double length = way.Length();
+    return {GetEye(), {way.x / length, way.y / length, way.z / length}};
+}
+
+double ViewCamera::GetUnitsPerPixel(double depth) const {
+    return 2.0 * kHalfFieldTangent * (m_bParallel ? m_nDistance : depth) / m_nHeight;
+}
+
+double ViewCamera::DepthOf(const QcGePoint& point) const {
+    return m_nDistance + Dot(point - m_ptTarget, GetForward());
+}
+
+void ViewCamera::MoveTarget(double right, double up, double forward) {
+    const QcGeVector3d r = GetRight();
+    const QcGeVector3d u = GetUp();
+    const QcGeVector3d f = GetForward();
+    const QcGePoint moved(m_ptTarget.x + r.x * right + u.x * up + f.x * forward,
+                          m_ptTarget.y + r.y * right + u.y * up + f.y * forward,
+                          m_ptTarget.z + r.z * right + u.z * up + f.z * forward);
+    if (std::isfinite(moved.x) && std::isfinite(moved.y) && std::isfinite(moved.z))
+        m_ptTarget = {Cut(moved.x), Cut(moved.y), Cut(moved.z)};
+}
+
+void ViewCamera::SetDistance(double distance) {
+    if (std::isfinite(distance))
+        m_nDistance = std::clamp(distance, m_nRadius * kNearestDistance, m_nRadius * kFarthestDistance);
+}

@@ -1,0 +1,103 @@
+// Where the 3-D view is looked at from: an eye that circles a target, and what it sees where.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "platform/geometry/QcGePoint.h"
+#include "platform/geometry/QcGeVector3d.h"
+
+struct ViewBox {
+    QcGePoint m_ptMin, m_ptMax;
+};
+
+// Pixels from the left and from the top edge of the picture; whole numbers lie on the edges of pixels. The depth is
+// measured from the eye along the line of sight, in the drawing's units; in a parallel view it may be negative.
+struct ViewPixel {
+    double x = 0.0;
+    double y = 0.0;
+    double depth = 0.0;
+};
+
+struct ViewRay {
+    QcGePoint m_ptStart;
+    QcGeVector3d m_vecDirection;  // of length 1
+};
+
+enum class StandardView { Top, South, East, North, West, SouthEast, SouthWest };
+
+// Pure computing, in doubles. The drawing's +X is east, +Y north, +Z up.
+//
+// The eye stands at a distance from the target, in the direction of an azimuth (degrees clockwise from north, as seen
+// from the target) and an altitude (degrees above the horizon). A view from the south thus has the azimuth 180. All
+// views are in perspective but the one from the top, which is a plan: parallel, north up, until it is turned.
+//
+// Everything it answers is a finite number whatever it is given: arguments that are not finite change nothing, boxes
+// are cut to 1e15 units around the origin, a box turned inside out is turned back, and a picture has at least 1 pixel.
+class ViewCamera {
+public:
+    // Looks from the south-east at a box of one unit around the origin, into a picture of 1 pixel.
+    ViewCamera();
+
+    // What there is to see: Fit shows it, and the nearest and the farthest depth come from it. Nothing moves.
+    void SetBox(const ViewBox& box);
+    void SetViewport(int width, int height);
+    int GetWidth() const { return m_nWidth; }
+    int GetHeight() const { return m_nHeight; }
+
+    // Turns the eye around the target. Look cuts the altitude to -89..89 degrees.
+    void Look(double azimuth, double altitude);
+    void Look(StandardView view);
+    // From where the eye stands, by so many degrees clockwise (seen from above) and upwards. A plan becomes a view in
+    // perspective.
+    void Orbit(double azimuth, double altitude);
+    // Moves the picture by so many pixels to the right and down, exactly so at the target's depth.
+    void Pan(double dx, double dy);
+    // Makes everything `factor` times as large; what is at this pixel at the target's depth stays there. Stops at
+    // distances that are absurd for the box. Factors that are not above 0 change nothing.
+    void Zoom(double factor, double x, double y);
+    // Moves target and distance so that the whole box is seen, as large as a margin of 2.5 % on each side lets it.
+    void Fit();
+    // Moves the target along the line of sight to this point's depth, which changes nothing in the picture, but pan and
+    // zoom hold on to that depth from now on. A point that is not before the eye changes nothing.
+    void TakeDepthOf(const QcGePoint& point);
+
+    double GetAzimuth() const { return m_nAzimuth; }    // from 0 to less than 360
+    double GetAltitude() const { return m_nAltitude; }  // 90 only in a plan
+    double GetDistance() const { return m_nDistance; }
+    bool IsParallel() const { return m_bParallel; }
+    QcGePoint GetTarget() const { return m_ptTarget; }
+    QcGePoint GetEye() const;
+    // Of length 1, at right angles to each other: to the right and up in the picture, and away from the viewer.
+    QcGeVector3d GetRight() const;
+    QcGeVector3d GetUp() const;
+    QcGeVector3d GetForward() const;
+    // Between which depths the picture shows something; the nearest is above 0 in perspective.
+    void GetDepths(double& nearest, double& farthest) const;
+
+    // Column by column, as OpenGL takes them. The view matrix is for coordinates relative to `origin`: the large
+    // differences are taken here, in doubles, so that small numbers reach the single precision of the graphics.
+    std::array<double, 16> GetViewMatrix(const QcGePoint& origin) const;
+    std::array<double, 16> GetProjectionMatrix() const;
+
+    // Where a point is seen, be that in the picture or beside it. None for points that are not before the eye.
+    std::optional<ViewPixel> Project(const QcGePoint& point) const;
+    QcGePoint GetPointAt(const ViewPixel& pixel) const;
+    ViewRay GetRayAt(double x, double y) const;
+
+private:
+    double GetUnitsPerPixel(double depth) const;
+    double DepthOf(const QcGePoint& point) const;
+    void MoveTarget(double right, double up, double forward);
+    void SetDistance(double distance);
+
+    QcGePoint m_ptMin, m_ptMax;
+    double m_nRadius = 1.0;
+    QcGePoint m_ptTarget;
+    double m_nAzimuth = 135.0;
+    double m_nAltitude = 35.0;
+    double m_nDistance = 3.0;
+    bool m_bParallel = false;
+    int m_nWidth = 1;
+    int m_nHeight = 1;
+};

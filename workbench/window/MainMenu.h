@@ -1,0 +1,45 @@
+// The menu bar of the window.
+#pragma once
+
+#include <functional>
+
+#include "platform/base/CString.h"
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+// What the menu's entries do. Each must be set.
+struct MenuActions {
+    std::function<void()> open;
+    std::function<void()> save;
+    std::function<void()> saveAs;
+    std::function<void(const CString&)> run;          // a line of the command line
+    std::function<void(const CString&)> setLanguage;  // "zh" or "en"
+    std::function<void()> about;
+};
+
+// Belongs to a window and goes before it.
+class MainMenu {
+public:
+    MainMenu(QMainWindow& window, MenuActions actions) : m_window(window), m_actions(std::move(actions)) {}
+
+    // Builds the menus anew, in the language in force and with an entry for every command that plug-ins have added by
+    // now. May be called from an entry of the old menus.
+    void Build();
+    // Saving is possible when a drawing is open.
+    void SetHasDrawing(bool hasDrawing);
+
+private:
+    QMenu* AddMenu(const wchar_t* title);
+    void AddDrawingMenu();
+    void AddCommandMenu();
+    void AddLanguageMenu();
+    void AddHelpMenu();
+
+    QMainWindow& m_window;
+    MenuActions m_actions;
+    QAction* m_save = nullptr;
+    QAction* m_saveAs = nullptr;
+    bool m_hasDrawing = false;
+};

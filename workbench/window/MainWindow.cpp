@@ -1,0 +1,308 @@
+// The window's parts and how they work together.
+#include "workbench/window/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <exception>
+
+#include "platform/base/Language.h"
+#include "platform/base/Message.h"
+#include "platform/host/CommandLine.h"
+#include "platform/window/CFileDialog.h"
+#include "platform/window/HostFrame.h"
+#include "platform/window/MessageBox.h"
+#include "settings/OrvoDataSet.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/PromptLine.h"
+#include "workbench/commands/Texts.h"
+#include "workbench/view/SceneView.h"
+#include "workbench/window/CommandEdit.h"
+#include "workbench/window/CommandLog.h"
+#include "workbench/window/WidgetText.h"
+#include "workbench/window/WindowIcon.h"
+
+namespace {
+
+// The hour-glass while something takes its time; the window shows what it says before that begins.
+class WaitCursor {
+public:
+    WaitCursor() {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+// The first local file among what is dragged; empty when there is none.
+CString DraggedFile(const QMimeData& data) {
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            return Typed(url.toLocalFile());
+    return CString();
+}
+
+CString DrawingFilter() {
+    return Say(L"图形文件 (*.dxf)") + L"|*.dxf;*.DXF|" + Say(L"所有文件 (*)") + L"|*||";
+}
+
+}  // namespace
+
+MainWindow::MainWindow()
+    : m_menu(*this, {[this] { ChooseFile(); }, [this] { Save(); }, [this] { SaveAs(); },
+                     [this](const CString& line) { RunLine(line); },
+                     [this](const CString& language) { SetLanguage(language); }, [this] { ShowAbout(); }}) {
+    setObjectName("MainWindow");
+    setWindowIcon(WindowIcon());
+    setAcceptDrops(true);
+    BuildWidgets();
+    AttachFrame(m_frame, static_cast<QWidget*>(this));
+    acedSetAcadFrame(&m_frame);
+    TakeOverStreams();
+    Retranslate();
+    resize(1100, 760);
+    m_edit->setFocus();
+}
+
+MainWindow::~MainWindow() {
+    SetOutputSink(nullptr);
+    SetCommandLineSink(nullptr, nullptr);
+    SetMessageSink(nullptr, nullptr);
+    acedSetAcadFrame(nullptr);
+}
+
+void MainWindow::BuildWidgets() {
+    m_view = new SceneView(this);
+    m_log = new CommandLog(this);
+    m_edit = new CommandEdit(this);
+    m_edit->m_onLine = [this](const CString& line) { RunTyped(line); };
+    m_edit->m_onChoices = [this](const std::vector<CString>& choices) {
+        CString line;
+        for (const CString& choice : choices)
+            line += choice + L"  ";
+        m_log->AddText(line);
+    };
+
+    auto* commands = new QWidget(this);
+    auto* column = new QVBoxLayout(commands);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(m_log);
+    column->addWidget(m_edit);
+
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    splitter->addWidget(m_view);
+    splitter->addWidget(commands);
+    splitter->setStretchFactor(0, 1);
+    splitter->setSizes({520, 180});
+    splitter->setChildrenCollapsible(false);
+    setCentralWidget(splitter);
+
+    m_note = new QLabel(this);
+    m_note->setObjectName("Note");
+    m_note->setTextFormat(Qt::PlainText);
+    m_note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_counts = new QLabel(this);
+    m_counts->setObjectName("Counts");
+    statusBar()->addWidget(m_note, 1);
+    statusBar()->addPermanentWidget(m_counts);
+}
+
+void MainWindow::TakeOverStreams() {
+    SetOutputSink(this);
+    SetCommandLineSink(
+        [](const wchar_t* text, void* window) { static_cast<MainWindow*>(window)->m_log->AddText(text); }, this);
+    SetMessageSink(
+        [](const wchar_t* text, void* window) { static_cast<MainWindow*>(window)->m_log->AddComplaint(text); }, this);
+}
+
+void MainWindow::TakeAnswer(std::string_view text) {
+    m_log->AddText(FromUtf8(text));
+}
+
+void MainWindow::TakeComplaint(std::string_view text) {
+    m_log->AddComplaint(FromUtf8(text));
+}
+
+void MainWindow::Retranslate() {
+    m_menu.Build();
+    m_edit->setPlaceholderText(ShownSay(L"输入命令，Tab 补全，↑↓ 翻看用过的命令"));
+    m_edit->setAccessibleName(ShownSay(L"命令行"));
+    m_log->setAccessibleName(ShownSay(L"命令记录"));
+    m_view->Retranslate();
+    Refresh();
+}
+
+void MainWindow::Refresh() {
+    CString message;
+    const std::shared_ptr<const Scene> before = m_drawing.GetScene();
+    if (!m_drawing.RefreshScene(message))
+        m_log->AddComplaint(message);
+    if (m_drawing.GetScene() != before)
+        m_view->UpdateScene(m_drawing.GetScene());
+    m_view->SetHint(m_drawing.IsOpen() ? ShownSay(L"这个图形中没有可以显示的面")
+                                       : ShownSay(L"把 DXF 文件拖到这里，或按 Ctrl+O 打开"));
+    const QString note = Shown(Printable(g_SunDataSet.GetNoteString()));
+    m_note->setText(note);
+    m_note->setToolTip(note);
+    RefreshTitle();
+}
+
+void MainWindow::RefreshTitle() {
+    const Scene* scene = m_drawing.GetScene().get();
+    m_counts->setText(scene ? Shown(SayFormat(L"实体：%d　面：%d", static_cast<int>(m_drawing.GetEntityCount()),
+                                              static_cast<int>(scene->m_faces.size())))
+                            : QString());
+    setWindowTitle(scene ? Shown(Printable(m_drawing.GetFileName())) + "[*] - orvo" : QString("orvo"));
+    setWindowModified(m_drawing.IsModified());
+    m_menu.SetHasDrawing(m_drawing.IsOpen());
+}
+
+void MainWindow::RunLine(const CString& line) {
+    m_edit->Submit(line);
+}
+
+void MainWindow::RunTyped(const CString& line) {
+    if (m_isRunning) {
+        m_log->AddComplaint(Say(L"上一条命令还没有结束"));
+        return;
+    }
+    m_log->AddTyped(line);
+    m_isRunning = true;
+    PromptAnswer answer;
+    try {
+        answer = RunPromptLine(line, m_output);
+    } catch (const std::exception& error) {
+        m_output.Drop();
+        m_log->AddComplaint(SayFormat(L"内部错误：%s", FromUtf8(error.what())));
+    }
+    m_isRunning = false;
+    if (answer.isLeaving || m_isClosing)
+        close();
+    else
+        Refresh();
+}
+
+void MainWindow::CloseSoon() {
+    m_isClosing = true;
+    while (QWidget* dialog = QApplication::activeModalWidget())
+        if (!dialog->close())
+            break;  // it wants an answer
+    close();
+}
+
+void MainWindow::ChooseFile() {
+    CFileDialog dialog(TRUE, L"dxf", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, DrawingFilter().GetString(),
+                       &m_frame);
+    if (dialog.DoModal() == IDOK)
+        OpenFile(dialog.GetPathName());
+}
+
+bool MainWindow::OpenFile(const CString& path) {
+    if (m_isRunning)
+        return false;  // what runs may be working on the drawing that is open
+    if (!MayLeaveDrawing())
+        return false;
+    m_log->AddText(SayFormat(L"正在打开 %s ...", Printable(path)));
+    CString message;
+    bool isOpen = false;
+    {
+        const WaitCursor wait;
+        isOpen = m_drawing.Open(path, message);
+    }
+    if (!isOpen) {
+        m_log->AddComplaint(message);
+        return false;
+    }
+    const Scene& scene = *m_drawing.GetScene();
+    m_view->SetScene(m_drawing.GetScene());
+    m_log->AddText(SayFormat(L"已打开：实体 %d 个，面 %d 个", static_cast<int>(m_drawing.GetEntityCount()),
+                             static_cast<int>(scene.m_faces.size())));
+    if (scene.m_nFaulty > 0)
+        m_log->AddComplaint(SayFormat(L"%d 个实体的数据组不成面，没有显示", static_cast<int>(scene.m_nFaulty)));
+    Refresh();
+    return true;
+}
+
+bool MainWindow::Save() {
+    if (!m_drawing.IsOpen())
+        return true;
+    if (m_drawing.HasFileChanged() &&
+        MessageBox(
+            m_frame.m_hWnd,
+            SayFormat(L"%s 打开以后被别的程序改动过。仍要用这里的图形替换它吗？", m_drawing.GetFileName()).GetString(),
+            L"orvo", MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) != IDYES)
+        return false;
+    return SaveTo(m_drawing.GetPath());
+}
+
+bool MainWindow::SaveAs() {
+    if (!m_drawing.IsOpen())
+        return true;
+    CFileDialog dialog(FALSE, L"dxf", m_drawing.GetPath().GetString(), OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                       DrawingFilter().GetString(), &m_frame);
+    return dialog.DoModal() == IDOK && SaveTo(dialog.GetPathName());
+}
+
+bool MainWindow::SaveTo(const CString& path) {
+    CString message;
+    bool isSaved = false;
+    {
+        const WaitCursor wait;
+        isSaved = m_drawing.Save(path, message);
+    }
+    if (isSaved)
+        m_log->AddText(SayFormat(L"已保存到 %s", Printable(path)));
+    else
+        m_log->AddComplaint(message);
+    RefreshTitle();
+    return isSaved;
+}
+
+bool MainWindow::MayLeaveDrawing() {
+    if (!m_drawing.IsModified())
+        return true;
+    const CString question = SayFormat(L"%s 有没有保存的改动。现在保存吗？", m_drawing.GetFileName());
+    const int answer = MessageBox(m_frame.m_hWnd, question.GetString(), L"orvo", MB_YESNOCANCEL | MB_ICONQUESTION);
+    return answer == IDNO || (answer == IDYES && Save());
+}
+
+void MainWindow::SetLanguage(const CString& language) {
+    if (g_pTeskLangSwitch)
+        g_pTeskLangSwitch->SetLanguage(language.GetString());
+    Retranslate();
+}
+
+void MainWindow::ShowAbout() {
+    const CString text = L"orvo " + FromUtf8(ORVO_VERSION) + L"\n\n" +
+                         Say(L"日照分析共享数据的主机程序：地区、节气、日照标准和当前设置，以及图形的三维视图。");
+    MessageBox(m_frame.m_hWnd, text.GetString(), Say(L"关于 orvo").GetString(), MB_OK | MB_ICONINFORMATION);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    // A command that is still running would return to a window that is gone.
+    event->setAccepted(!m_isRunning && MayLeaveDrawing());
+    m_isClosing = m_isClosing && m_isRunning;
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!m_isRunning && !DraggedFile(*event->mimeData()).IsEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const CString path = DraggedFile(*event->mimeData());
+    if (m_isRunning || path.IsEmpty())
+        return;
+    event->acceptProposedAction();
+    OpenFile(path);
+}

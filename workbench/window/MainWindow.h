@@ -1,0 +1,70 @@
+// The host's main window: the drawing in three dimensions, the command line, the menus, and the settings in force.
+#pragma once
+
+#include <QMainWindow>
+
+#include "platform/window/CWnd.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/OutputSink.h"
+#include "workbench/window/MainMenu.h"
+#include "workbench/window/OpenDrawing.h"
+
+class CommandEdit;
+class CommandLog;
+class QLabel;
+class SceneView;
+
+// While it lives it is the host's frame (acedGetAcadFrame), and what subcommands answer, what commands print and what
+// the platform reports appears in its log. There may be one at a time. PrepareWindows must have succeeded.
+class MainWindow : public QMainWindow, private OutputSink {
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    // Opens a drawing as the menu does, the question about unsaved changes included. False when it was not opened; the
+    // reason stands in the log.
+    bool OpenFile(const CString& path);
+    // Runs a line as if it were typed.
+    void RunLine(const CString& line);
+    // Closes the window, now or when the command that runs has ended; dialogs that are open are cancelled. The question
+    // about unsaved changes is asked.
+    void CloseSoon();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void TakeAnswer(std::string_view text) override;
+    void TakeComplaint(std::string_view text) override;
+
+    void BuildWidgets();
+    void TakeOverStreams();
+    // Puts every text of the window into the language in force.
+    void Retranslate();
+    // Shows what a command may have changed: the settings' note, the drawing and its state.
+    void Refresh();
+    void RefreshTitle();
+    void RunTyped(const CString& line);
+    void ChooseFile();
+    bool Save();
+    bool SaveAs();
+    bool SaveTo(const CString& path);
+    // True when the open drawing may go: it has no unsaved changes, or the user has saved or given them up.
+    bool MayLeaveDrawing();
+    void SetLanguage(const CString& language);
+    void ShowAbout();
+
+    CWnd m_frame;
+    Output m_output;
+    OpenDrawing m_drawing;
+    MainMenu m_menu;
+    bool m_isRunning = false;
+    bool m_isClosing = false;
+    CommandLog* m_log = nullptr;
+    CommandEdit* m_edit = nullptr;
+    SceneView* m_view = nullptr;
+    QLabel* m_note = nullptr;
+    QLabel* m_counts = nullptr;
+};

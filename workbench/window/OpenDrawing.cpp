@@ -1,0 +1,83 @@
+// Opening and saving.
+#include "workbench/window/OpenDrawing.h"
+
+#include <new>
+
+#include "workbench/commands/Texts.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path PathOf(const CString& path) {
+    return fs::path(ToUtf8(path.View()));
+}
+
+std::shared_ptr<const Scene> SceneOf(const AcDbDatabase& drawing, CString& message) {
+    try {
+        return std::make_shared<const Scene>(BuildScene(drawing));
+    } catch (const std::bad_alloc&) {
+        message = Say(L"内存不够，显示不了这个图形");
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+OpenDrawing::~OpenDrawing() = default;
+
+std::optional<OpenDrawing::FileState> OpenDrawing::StateOf(const CString& path) {
+    std::error_code error;
+    FileState state;
+    state.size = fs::file_size(PathOf(path), error);
+    if (!error)
+        state.time = fs::last_write_time(PathOf(path), error);
+    return error ? std::nullopt : std::optional(state);
+}
+
+bool OpenDrawing::Open(const CString& path, CString& message) {
+    std::error_code error;
+    const fs::path absolute = fs::absolute(PathOf(path), error);
+    const CString target = error ? path : FromUtf8(absolute.string());
+    const std::optional<FileState> state = StateOf(target);
+    auto drawing = std::make_unique<AcDbDatabase>();
+    if (drawing->dxfIn(target.GetString(), &message) != Acad::eOk)
+        return false;
+    std::shared_ptr<const Scene> scene = SceneOf(*drawing, message);
+    if (!scene)
+        return false;
+    m_pDrawing = std::move(drawing);
+    m_pScene = std::move(scene);
+    m_nSceneChanges = 0;
+    m_strPath = target;
+    m_state = state;
+    acdbSetCurDwg(m_pDrawing.get());
+    return true;
+}
+
+bool OpenDrawing::Save(const CString& path, CString& message) {
+    if (m_pDrawing->dxfOut(path.GetString(), &message) != Acad::eOk)
+        return false;
+    m_strPath = path;
+    m_state = StateOf(path);
+    return true;
+}
+
+bool OpenDrawing::RefreshScene(CString& message) {
+    if (!IsOpen() || m_pDrawing->GetChangeCount() == m_nSceneChanges)
+        return true;
+    std::shared_ptr<const Scene> scene = SceneOf(*m_pDrawing, message);
+    if (!scene)
+        return false;
+    m_pScene = std::move(scene);
+    m_nSceneChanges = m_pDrawing->GetChangeCount();
+    return true;
+}
+
+bool OpenDrawing::HasFileChanged() const {
+    return IsOpen() && StateOf(m_strPath) != m_state;
+}
+
+CString OpenDrawing::GetFileName() const {
+    return FromUtf8(PathOf(m_strPath).filename().string());
+}

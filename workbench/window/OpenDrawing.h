@@ -1,0 +1,53 @@
+// The drawing that the window has open: the file, the drawing in the host, and the faces that are shown.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "platform/base/CString.h"
+#include "platform/host/AcDbDatabase.h"
+#include "scene/Scene.h"
+
+// It is the host's drawing (acdbCurDwg) from a first successful Open until this object goes.
+class OpenDrawing {
+public:
+    OpenDrawing() = default;
+    ~OpenDrawing();
+    OpenDrawing(const OpenDrawing&) = delete;
+    OpenDrawing& operator=(const OpenDrawing&) = delete;
+
+    // Takes the place of the drawing that was open. False, with the reason, and that one stays.
+    bool Open(const CString& path, CString& message);
+    // Saves under the given path, which is the drawing's from then on. False, with the reason.
+    bool Save(const CString& path, CString& message);
+    // Reads the faces anew when the drawing was changed after they were read. False, with the reason, and the faces
+    // stay.
+    bool RefreshScene(CString& message);
+
+    bool IsOpen() const { return m_pDrawing != nullptr; }
+    bool IsModified() const { return IsOpen() && m_pDrawing->IsModified(); }
+    // Whether somebody else has written the file since it was opened or saved; also when it is gone.
+    bool HasFileChanged() const;
+    // Absolute; empty when none is open.
+    const CString& GetPath() const { return m_strPath; }
+    CString GetFileName() const;
+    std::size_t GetEntityCount() const { return IsOpen() ? m_pDrawing->GetEntityCount() : 0; }
+    // Null when none is open.
+    const std::shared_ptr<const Scene>& GetScene() const { return m_pScene; }
+
+private:
+    struct FileState {
+        std::uintmax_t size = 0;
+        std::filesystem::file_time_type time;
+        bool operator==(const FileState&) const = default;
+    };
+    static std::optional<FileState> StateOf(const CString& path);
+
+    std::unique_ptr<AcDbDatabase> m_pDrawing;
+    std::shared_ptr<const Scene> m_pScene;
+    std::uint64_t m_nSceneChanges = 0;  // the drawing's changes that the faces know of
+    CString m_strPath;
+    std::optional<FileState> m_state;
+};
