@@ -10,7 +10,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 if(ORVO_SANITIZE)
   target_compile_options(orvo_flags INTERFACE -fsanitize=${ORVO_SANITIZE} -fno-omit-frame-pointer
-    -fno-sanitize-recover=all -O1)
+    -fno-sanitize-recover=all)
   target_link_options(orvo_flags INTERFACE -fsanitize=${ORVO_SANITIZE})
 endif()
 if(ORVO_COVERAGE)

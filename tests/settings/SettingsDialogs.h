@@ -27,6 +27,7 @@
 #include "resources/ModuleDialogs.h"
 #include "settings/AnalysisParameters.h"
 #include "settings/OrvoDataSet.h"
+#include "support/FileTree.h"
 
 // One window of a play: "IDD_2010" for a dialog, the text for a message box; and what is done in it. The answer is as a
 // ModalDriver's.
@@ -176,6 +177,18 @@ protected:
         g_nSunAngPrec = 0.00001;
         g_nSunDistPrec = 0.05;
         g_nSunWinOffset = 5.0;
+    }
+
+    // Through the file and back, as when the program ends and starts.
+    static void Reload() {
+        const FileTree folder;
+        QcDtDictionary saved(L"S");
+        ASSERT_TRUE(g_SunDataSet.SaveSunDataSetDict(&saved));
+        ASSERT_TRUE(saved.SaveToXML(folder.File("SunSet.xml")));
+        QcDtDictionary read;
+        ASSERT_TRUE(read.ReadFromXML(folder.File("SunSet.xml")));
+        g_SunDataSet = OrvoDataSet();
+        ASSERT_TRUE(g_SunDataSet.LoadSunDataSetDict(&read));
     }
 
     static void AddPlace(const wchar_t* province, const wchar_t* city, const wchar_t* longitude,

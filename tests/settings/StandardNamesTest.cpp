@@ -4,7 +4,6 @@
 #include "settings/OrvoSetStdDlg.h"
 #include "settings/QNewSetStdDlg.h"
 #include "settings/SettingsDialogs.h"
-#include "support/FileTree.h"
 
 namespace {
 
@@ -38,17 +37,6 @@ protected:
         for (OrvoStdSet** slot = g_SunDataSet.m_listStd.GetFirst(); slot; slot = g_SunDataSet.m_listStd.GetNext(slot))
             names.push_back((*slot)->m_strName);
         return names;
-    }
-    // Through the file and back, as when the program ends and starts.
-    static void Reload() {
-        const FileTree folder;
-        QcDtDictionary saved(L"S");
-        ASSERT_TRUE(g_SunDataSet.SaveSunDataSetDict(&saved));
-        ASSERT_TRUE(saved.SaveToXML(folder.File("SunSet.xml")));
-        QcDtDictionary read;
-        ASSERT_TRUE(read.ReadFromXML(folder.File("SunSet.xml")));
-        g_SunDataSet = OrvoDataSet();
-        ASSERT_TRUE(g_SunDataSet.LoadSunDataSetDict(&read));
     }
     // Adds a standard with whatever name, numbered by its minutes.
     static void Add(const CString& name) {

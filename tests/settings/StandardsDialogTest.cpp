@@ -16,6 +16,19 @@ protected:
     static INT_PTR Run(const std::function<void(const ModalWindow&)>& act, int command = IDCANCEL) {
         return Run({Do("IDD_2010", act, command)});
     }
+    // OK with this entry in a field is refused with the message, and the field has the focus.
+    static void RefusesEntry(int id, const QString& entry, const char* message) {
+        Run({Do("IDD_2010",
+                [&](const ModalWindow& window) {
+                    if (entry.isEmpty())
+                        Type(window, id, entry);
+                    else
+                        Paste(window, id, entry);
+                    Click(window, IDOK);
+                    EXPECT_TRUE(HasFocus(window, id));
+                }),
+             {message}});
+    }
 };
 
 double Hours(const OrvoDegree& time) {
@@ -294,20 +307,9 @@ TEST_F(StandardsDialog, RefusesWhateverIsNoNumber) {
     standard.m_nMaxContinue = 1;
     standard.m_nLimitWidth = 1;
     const QString entries[] = {"", "x", "1 2", QString::fromUtf8("😀"), QString(10000, '7')};
-    for (const int id : {2036, 2037, 2044}) {
-        for (const QString& entry : entries) {
-            Run({Do("IDD_2010",
-                    [&](const ModalWindow& window) {
-                        if (entry.isEmpty())
-                            Type(window, id, entry);
-                        else
-                            Paste(window, id, entry);
-                        Click(window, IDOK);
-                        EXPECT_TRUE(HasFocus(window, id));
-                    }),
-                 {"请键入一个数字。"}});
-        }
-    }
+    for (const int id : {2036, 2037, 2044})
+        for (const QString& entry : entries)
+            RefusesEntry(id, entry, "请键入一个数字。");
     EXPECT_EQ(standard.m_dMaxWidth, 2400.0);
     EXPECT_EQ(standard.m_dMinWidth, 1200.0);
     EXPECT_EQ(standard.m_dSpace, 10.0);
@@ -318,20 +320,9 @@ TEST_F(StandardsDialog, RefusesWhateverIsNoWholeNumber) {
     standard.m_nMaxContinue = 0;
     standard.m_nValidSunType = 1;
     const QString entries[] = {"", "1.5", "2147483648", QString::fromUtf8("😀"), QString(10000, '7')};
-    for (const int id : {2052, 2055, 2056}) {
-        for (const QString& entry : entries) {
-            Run({Do("IDD_2010",
-                    [&](const ModalWindow& window) {
-                        if (entry.isEmpty())
-                            Type(window, id, entry);
-                        else
-                            Paste(window, id, entry);
-                        Click(window, IDOK);
-                        EXPECT_TRUE(HasFocus(window, id));
-                    }),
-                 {"请键入一个整数。"}});
-        }
-    }
+    for (const int id : {2052, 2055, 2056})
+        for (const QString& entry : entries)
+            RefusesEntry(id, entry, "请键入一个整数。");
     standard.m_nMaxContinue = 1;
     standard.m_nAllMaxContinueTime = 1;
     Run({Do("IDD_2010",

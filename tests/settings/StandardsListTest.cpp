@@ -2,7 +2,6 @@
 #include "settings/OrvoSetStdDlg.h"
 #include "settings/QNewSetStdDlg.h"
 #include "settings/SettingsDialogs.h"
-#include "support/FileTree.h"
 #include "support/TableSwitch.h"
 
 namespace {
@@ -185,13 +184,7 @@ TEST_F(StandardsList, TakesLongAndStrangeNames) {
         EXPECT_EQ(Names().back(), name.toStdString());
     }
     const Texts before = Names();
-    const FileTree folder;
-    QcDtDictionary saved(L"S");
-    ASSERT_TRUE(g_SunDataSet.SaveSunDataSetDict(&saved));
-    ASSERT_TRUE(saved.SaveToXML(folder.File("SunSet.xml")));
-    QcDtDictionary read;
-    ASSERT_TRUE(read.ReadFromXML(folder.File("SunSet.xml")));
-    ASSERT_TRUE(g_SunDataSet.LoadSunDataSetDict(&read));
+    Reload();
     EXPECT_EQ(Names(), before);
 }
 

@@ -41,6 +41,18 @@ protected:
             [&body](const ModalWindow& window) { In(window, body); });
     }
 
+    // The editor with two provinces: rows 0 甲, 1 A, 2 B, 3 乙, 4 C.
+    void EditTwo(const std::function<void(const OpenEditor&)>& body) {
+        Load(kTwoProvinces);
+        bool ran = false;
+        Edit([&](const OpenEditor& editor) {
+            ran = true;
+            ASSERT_EQ(editor.grid.GetRowCount(), 5);
+            body(editor);
+        });
+        EXPECT_TRUE(ran);
+    }
+
     static void In(const ModalWindow& window, const std::function<void(const OpenEditor&)>& body) {
         auto* tree = ControlOf<QTreeView>(window, 2001);
         ASSERT_NE(tree, nullptr);

@@ -5,17 +5,6 @@ namespace {
 
 class ZoneGridCommands : public EditorStage {
 protected:
-    // The editor with two provinces: rows 0 甲, 1 A, 2 B, 3 乙, 4 C.
-    void EditTwo(const std::function<void(const OpenEditor&)>& body) {
-        Load(kTwoProvinces);
-        bool ran = false;
-        Edit([&](const OpenEditor& editor) {
-            ran = true;
-            ASSERT_EQ(editor.grid.GetRowCount(), 5);
-            body(editor);
-        });
-        EXPECT_TRUE(ran);
-    }
     static void Command(const OpenEditor& editor, int command) {
         editor.grid.SendMessage(WM_COMMAND, static_cast<WPARAM>(command), 0);
     }

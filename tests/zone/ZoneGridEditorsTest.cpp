@@ -6,17 +6,6 @@ namespace {
 
 class ZoneGridEditors : public EditorStage {
 protected:
-    // The editor with rows 0 甲, 1 A, 2 B, 3 乙, 4 C.
-    void EditTwo(const std::function<void(const OpenEditor&)>& body) {
-        Load(kTwoProvinces);
-        bool ran = false;
-        Edit([&](const OpenEditor& editor) {
-            ran = true;
-            ASSERT_EQ(editor.grid.GetRowCount(), 5);
-            body(editor);
-        });
-        EXPECT_TRUE(ran);
-    }
     // Whether a position's edit opens in a cell; else it is an ordinary one.
     static bool IsPosition(const OpenEditor& editor, int row, int column) {
         EXPECT_TRUE(editor.grid.EditCell(&editor.Row(row), column)) << row << ", " << column;

@@ -24,18 +24,6 @@ namespace {
 
 class ZoneGridMenu : public EditorStage {
 protected:
-    // The editor with rows 0 甲, 1 A, 2 B, 3 乙, 4 C.
-    void EditTwo(const std::function<void(const OpenEditor&)>& body) {
-        Load(kTwoProvinces);
-        bool ran = false;
-        Edit([&](const OpenEditor& editor) {
-            ran = true;
-            ASSERT_EQ(editor.grid.GetRowCount(), 5);
-            body(editor);
-        });
-        EXPECT_TRUE(ran);
-    }
-
     // The entries of the menu that a click on a row brings, one a line, answered with a command.
     static Texts Menu(const OpenEditor& editor, int row, int command = 0) {
         const Answers answers(command == 0 ? -1 : command);
