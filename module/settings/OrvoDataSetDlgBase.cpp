@@ -1,6 +1,8 @@
 // Filling the controls that the dialogs of the settings share.
 #include "settings/OrvoDataSetDlgBase.h"
 
+#include <utility>
+
 #include "frame/Resources.h"
 #include "platform/base/Abandon.h"
 #include "records/ExactText.h"
@@ -149,7 +151,7 @@ OrvoPlaceDlg* OrvoDataSetDlgBase::CreatPlaceDlg(CWnd* parent) {
 }
 
 bool OrvoDataSetDlgBase::FindPlaceDlgZone(CString name, OrvoZoneRecord& zone) {
-    return m_pPlaceDlg != nullptr && m_pPlaceDlg->FindZone(name, zone);
+    return m_pPlaceDlg != nullptr && m_pPlaceDlg->FindZone(std::move(name), zone);
 }
 
 OrvoZoneRecord OrvoDataSetDlgBase::GetPlaceDlgCurZone() {

@@ -76,6 +76,8 @@ OrvoZoneRecord OrvoPlaceDlg::GetCurZone() const {
     return record ? *record : OrvoZoneRecord();
 }
 
+// By value, because `zone` may be what the city is a part of.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool OrvoPlaceDlg::FindZone(CString city, OrvoZoneRecord& zone) {
     for (long i = 0; i < m_arrZone.GetLength(); ++i) {
         const OrvoZoneRecord& record = *m_arrZone.GetAt(i);
