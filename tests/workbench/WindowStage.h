@@ -31,7 +31,8 @@ protected:
         m_folder.Write("SunSet.xml", FileBytes(ORVO_SOURCE_DIR "/data/SunSet.xml"));
         std::filesystem::create_directories(ToUtf8(UserFolder().View()));
         m_folder.Write("languages/en.xml", FileBytes(ORVO_SOURCE_DIR "/data/languages/en.xml"));
-        g_pTeskLangSwitch = &m_language;
+        g_pTeskLangSwitch = &Language();
+        Language().SetLanguage(L"zh");
         acrxEntryPoint(AcRx::kInitAppMsg, &g_SunDataSet);
         // Windows are seen by nobody here, and a driver is somebody.
         m_seen = std::make_unique<ModalDriver>([](const ModalWindow& window) {
@@ -79,7 +80,12 @@ protected:
             "0\nENDSEC\n0\nEOF\n");
     }
 
-    TeskLanguageSwitch m_language;
+    // One for the whole process: the module keeps its dictionary.
+    static TeskLanguageSwitch& Language() {
+        static TeskLanguageSwitch language;
+        return language;
+    }
+
     std::unique_ptr<ModalDriver> m_seen;
     std::unique_ptr<MainWindow> m_window;
 };
