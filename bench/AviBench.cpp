@@ -155,12 +155,7 @@ int main(int argc, char** argv) {
     g_folder = fs::path(wanted ? wanted : ".") / ("avi-bench-" + std::to_string(getpid()));
     fs::create_directories(g_folder);
     AVIFileInit();
-    char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    char aggregates[] = "--benchmark_report_aggregates_only=true";
-    std::vector<char*> arguments = {argv[0], interleaving, aggregates};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
+    InitializeForMedians(argc, argv);
     MedianReporter recorder;
     benchmark::RunSpecifiedBenchmarks(&recorder);
     AVIFileExit();

@@ -295,12 +295,7 @@ void RunAll(MedianReporter& reporter) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    char aggregates[] = "--benchmark_report_aggregates_only=true";
-    std::vector<char*> arguments = {argv[0], interleaving, aggregates};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
+    InitializeForMedians(argc, argv);
     MedianReporter reporter;
 
     std::string folder = (std::filesystem::temp_directory_path() / "dialog-bench-XXXXXX").string();

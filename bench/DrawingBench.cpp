@@ -113,12 +113,7 @@ int main(int argc, char** argv) {
     }
     const long peak = PeakKilobytes() - before;
 
-    char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    char aggregates[] = "--benchmark_report_aggregates_only=true";
-    std::vector<char*> arguments = {argv[0], interleaving, aggregates};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
+    InitializeForMedians(argc, argv);
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::filesystem::remove(g_path);

@@ -219,14 +219,7 @@ int main(int argc, char** argv) {
         std::fputs("the two ways give different results\n", stderr);
         return 1;
     }
-    // Turn and turn about, so that a moment's load falls on both.
-    char repetitions[] = "--benchmark_repetitions=15";
-    char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    char aggregates[] = "--benchmark_report_aggregates_only=true";
-    std::vector<char*> arguments = {argv[0], repetitions, interleaving, aggregates};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
+    InitializeForMedians(argc, argv, {"--benchmark_repetitions=15"});
     MedianReporter recorder;
     benchmark::RunSpecifiedBenchmarks(&recorder);
     PrintRatio(recorder, "CompareWithPoint", kFaces, 1.3);

@@ -4,7 +4,6 @@
 #include <QScrollBar>
 #include <QTreeWidget>
 #include <cstdio>
-#include <vector>
 
 #include "MedianReporter.h"
 #include "platform/host/ResourceText.h"
@@ -146,12 +145,7 @@ BENCHMARK(ScrollGrid)->Iterations(1)->Repetitions(kRounds)->Unit(benchmark::kMil
 BENCHMARK(ScrollBareTree)->Iterations(1)->Repetitions(kRounds)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    char aggregates[] = "--benchmark_report_aggregates_only=true";
-    std::vector<char*> arguments = {argv[0], interleaving, aggregates};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
+    InitializeForMedians(argc, argv);
     MedianReporter reporter;
 
     AfxSetResourceText(nullptr, kDialog);

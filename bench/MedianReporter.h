@@ -25,3 +25,17 @@ public:
     std::map<std::string, double> cpuSeconds;
     std::map<std::string, double> realSeconds;
 };
+
+// Starts Google Benchmark so that the repetitions of all benchmarks are run turn and turn about (a moment's load falls
+// on each) and medians are reported. `more` holds further options; what the command line says beats all of them.
+inline void InitializeForMedians(int argc, char** argv, const std::vector<std::string>& more = {}) {
+    std::vector<std::string> options = {"--benchmark_enable_random_interleaving=true",
+                                        "--benchmark_report_aggregates_only=true"};
+    options.insert(options.end(), more.begin(), more.end());
+    std::vector<char*> arguments = {argv[0]};
+    for (std::string& option : options)
+        arguments.push_back(option.data());
+    arguments.insert(arguments.end(), argv + 1, argv + argc);
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+}

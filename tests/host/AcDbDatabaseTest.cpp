@@ -235,6 +235,7 @@ TEST(AcDbDatabase, IsEmptyAtFirst) {
     EXPECT_FALSE(database.SetGroups(AcDbObjectId::FromOldId(1), {{0, "LINE"}}));
     EXPECT_FALSE(database.GetHeaderVariable("$ACADVER", groups));
     EXPECT_FALSE(database.IsModified());
+    EXPECT_EQ(database.GetChangeCount(), 0U);
     EXPECT_EQ(database.GetHandle(AcDbObjectId()), 0U);
 }
 
