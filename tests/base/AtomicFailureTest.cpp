@@ -13,6 +13,7 @@
 #include "platform/base/DictionaryWriter.h"
 #include "platform/base/QcDtDictionary.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -53,11 +54,10 @@ public:
     }
 
     Outcome Save(const char* how, int at, const std::string& more = "") const {
-        std::string command = "ASAN_OPTIONS=verify_asan_link_order=0:$ASAN_OPTIONS LD_PRELOAD='" ORVO_BUILD_DIR
-                              "/lib/orvo/libfailing-calls.so' FAILING_CALLS_HOW=" +
-                              std::string(how) + " FAILING_CALLS_AT=" + std::to_string(at) + " " + more +
-                              " exec '" ORVO_BUILD_DIR "/bin/save-driver' '" + (m_tree / "file.xml").string() + "' " +
-                              kText;
+        std::string command = "ASAN_OPTIONS=verify_asan_link_order=0:$ASAN_OPTIONS LD_PRELOAD='" + BuildFolder() +
+                              "/lib/orvo/libfailing-calls.so' FAILING_CALLS_HOW=" + std::string(how) +
+                              " FAILING_CALLS_AT=" + std::to_string(at) + " " + more + " exec '" + BuildFolder() +
+                              "/bin/save-driver' '" + (m_tree / "file.xml").string() + "' " + kText;
         Outcome outcome;
         std::FILE* pipe = popen(command.c_str(), "r");
         if (!pipe || std::fscanf(pipe, "%d\n", &outcome.calls) != 1)

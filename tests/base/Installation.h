@@ -12,6 +12,7 @@
 
 #include "support/Environment.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 
 class Installation : public testing::Test {
 protected:
@@ -22,8 +23,8 @@ protected:
     };
 
     void SetUp() override {
-        Install(ORVO_BUILD_DIR "/bin/support-probe", Prefix() / "bin/support-probe");
-        Install(ORVO_BUILD_DIR "/lib/orvo/libOrvoPlatform.so", Prefix() / "lib/orvo/libOrvoPlatform.so");
+        Install(BuildFolder() + "/bin/support-probe", Prefix() / "bin/support-probe");
+        Install(BuildFolder() + "/lib/orvo/libOrvoPlatform.so", Prefix() / "lib/orvo/libOrvoPlatform.so");
         std::filesystem::create_directories(Shipped());
         std::filesystem::create_directories(m_folder / "home");
     }

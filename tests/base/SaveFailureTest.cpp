@@ -15,6 +15,7 @@
 #include "platform/base/Support.h"
 #include "support/Environment.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 #include "support/FullDisk.h"
 #include "support/OrdinaryUser.h"
 #include "support/Recorder.h"
@@ -164,7 +165,7 @@ TEST_F(SaveFailure, TellsOfATreeOnce) {
 }
 
 TEST_F(SaveFailure, SpeaksEnglishWhereTheUserDoes) {
-    const EnvironmentVariable data("ORVO_SUPPORT_PATH", ORVO_SOURCE_DIR "/data");
+    const EnvironmentVariable data("ORVO_SUPPORT_PATH", SourceFolder() + "/data");
     TeskLanguageSwitch languages;
     ASSERT_TRUE(languages.SetLanguage(L"en"));
     g_pTeskLangSwitch = &languages;

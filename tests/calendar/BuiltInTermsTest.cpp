@@ -10,6 +10,7 @@
 #include "ExpectedTerms.h"
 #include "calendar/OrvoDate.h"
 #include "platform/base/TextNumber.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ struct ObservedTerm {
 };
 
 std::vector<ObservedTerm> ReadObservedTerms() {
-    std::ifstream file(std::string(ORVO_SOURCE_DIR) + "/tests/calendar/data/terms-2001.csv");
+    std::ifstream file(SourceFolder() + "/tests/calendar/data/terms-2001.csv");
     std::vector<ObservedTerm> terms;
     for (std::string line; std::getline(file, line);) {
         if (line.empty() || line[0] == '#' || line.rfind("term,", 0) == 0)

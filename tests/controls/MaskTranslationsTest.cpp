@@ -9,6 +9,7 @@
 #include "controls/OrvoDegreeEdit.h"
 #include "controls/OrvoTimeEdit.h"
 #include "support/Environment.h"
+#include "support/Folders.h"
 #include "support/TableSwitch.h"
 
 namespace {
@@ -25,9 +26,9 @@ void ExpectSamePlaces(const CString& grammar, const CString& builtIn, const CStr
 TEST(MaskTranslations, OfTheShippedLanguagesKeepEveryPlace) {
     // The module keeps the dictionary that it once got from a switch.
     static const auto language = std::make_unique<TeskLanguageSwitch>();
-    const EnvironmentVariable data("ORVO_SUPPORT_PATH", ORVO_SOURCE_DIR "/data");
+    const EnvironmentVariable data("ORVO_SUPPORT_PATH", SourceFolder() + "/data");
     int count = 0;
-    for (const auto& file : std::filesystem::directory_iterator(ORVO_SOURCE_DIR "/data/languages")) {
+    for (const auto& file : std::filesystem::directory_iterator(SourceFolder() + "/data/languages")) {
         if (file.path().extension() != ".xml")
             continue;
         SCOPED_TRACE(file.path().filename().string());

@@ -12,13 +12,14 @@
 #include "platform/host/CommandLine.h"
 #include "platform/host/RxRegistry.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 #include "support/Recorder.h"
 
 namespace {
 
 using Unloaded = ModuleLoader::Unloaded;
 
-const std::string kPlugins = ORVO_BUILD_DIR "/lib/test-plugins/";
+const std::string kPlugins = BuildFolder() + "/lib/test-plugins/";
 
 class Loader : public testing::Test {
 protected:

@@ -9,6 +9,7 @@
 #include "platform/base/QcDtDictionary.h"
 #include "support/Environment.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -83,7 +84,7 @@ std::string SunOfAYear(int year) {
 
 struct Language {
     explicit Language(const wchar_t* name) {
-        const EnvironmentVariable data("ORVO_SUPPORT_PATH", ORVO_SOURCE_DIR "/data");
+        const EnvironmentVariable data("ORVO_SUPPORT_PATH", SourceFolder() + "/data");
         EXPECT_TRUE(language.SetLanguage(name));
         g_pTeskLangSwitch = &language;
     }

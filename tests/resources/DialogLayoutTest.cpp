@@ -8,6 +8,7 @@
 
 #include "platform/base/QcDtDictionary.h"
 #include "resources/ModuleDialogs.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -201,7 +202,7 @@ TEST(DialogLayout, HasRoomForTheChineseTexts) {
 
 TEST(DialogLayout, HasRoomForEnglishAndAThirdMoreInTheRoomyVariants) {
     QcDtDictionary languages;
-    ASSERT_TRUE(languages.ReadFromXML(FromUtf8(ORVO_SOURCE_DIR "/data/languages/en.xml")));
+    ASSERT_TRUE(languages.ReadFromXML(FromUtf8(SourceFolder() + "/data/languages/en.xml")));
     const QcDtDictionary* table = languages.FindDict(L"ORVODATABASE");
     ASSERT_NE(table, nullptr);
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs()) {

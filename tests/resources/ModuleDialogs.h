@@ -8,6 +8,7 @@
 
 #include "platform/window/ResourceScript.h"
 #include "platform/window/WindowStyles.h"
+#include "support/Folders.h"
 
 // The dialogs for Chinese texts, each with the roomier one beside it.
 struct DialogPair {
@@ -18,7 +19,7 @@ inline constexpr DialogPair kPairs[] = {{2000, 2001}, {2004, 2015}, {2005, 2016}
                                         {2008, 2014}, {2009, 2013}, {2010, 2017}};
 
 inline std::string SourceText(const std::string& path) {
-    std::ifstream file(ORVO_SOURCE_DIR "/" + path, std::ios::binary);
+    std::ifstream file(SourceFolder() + "/" + path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 

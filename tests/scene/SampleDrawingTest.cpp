@@ -2,6 +2,7 @@
 #include <numbers>
 
 #include "SceneForTests.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -9,7 +10,7 @@ namespace {
 struct Sample {
     Sample() {
         CString message;
-        EXPECT_EQ(m_drawing.dxfIn(FromUtf8(ORVO_SOURCE_DIR "/data/samples/house.dxf"), &message), Acad::eOk)
+        EXPECT_EQ(m_drawing.dxfIn(FromUtf8(SourceFolder() + "/data/samples/house.dxf"), &message), Acad::eOk)
             << ToUtf8(message.View());
         m_scene = BuildScene(m_drawing);
     }

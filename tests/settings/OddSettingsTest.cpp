@@ -6,6 +6,7 @@
 #include "settings/OrvoSetStdDlg.h"
 #include "settings/SettingsDialogs.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -64,7 +65,7 @@ const char* const kStandard =
 
 TEST_F(OddSettings, WithTheShippedStandardsChangeByEditingAlone) {
     QcDtDictionary shipped;
-    ASSERT_TRUE(shipped.ReadFromXML(FromUtf8(ORVO_SOURCE_DIR "/data/SunSet.xml")));
+    ASSERT_TRUE(shipped.ReadFromXML(FromUtf8(SourceFolder() + "/data/SunSet.xml")));
     ASSERT_TRUE(g_SunDataSet.LoadSunDataSetDict(&shipped));
     const int count = static_cast<int>(g_SunDataSet.m_listStd.GetLength());
     ASSERT_GT(count, 3);

@@ -13,14 +13,15 @@
 #include "platform/window/MessageBox.h"
 #include "platform/window/ModalDriver.h"
 #include "support/FileTree.h"
+#include "support/Folders.h"
 #include "support/Recorder.h"
 
 namespace {
 
 // Runs the probe with these settings (NAME=VALUE ...) and without a display; its lines, and what it reports.
 std::string Probe(const std::string& who, const std::string& settings = "") {
-    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " + settings +
-                                " '" ORVO_BUILD_DIR "/bin/window-probe' " + who + " 2>&1";
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " + settings + " '" +
+                                BuildFolder() + "/bin/window-probe' " + who + " 2>&1";
     std::string lines;
     std::FILE* pipe = popen(command.c_str(), "r");
     if (pipe == nullptr)

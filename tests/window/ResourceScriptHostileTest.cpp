@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/window/ResourceScript.h"
+#include "support/Folders.h"
 
 namespace {
 
@@ -100,8 +101,8 @@ TEST(ResourceScriptHostile, IsReadOrRefusedWhereverItIsCut) {
 }
 
 TEST(ResourceScriptHostile, TakesTheModulesOwnScriptCutAnywhere) {
-    const std::string whole = FileText(ORVO_SOURCE_DIR "/module/resources/Resource.h") +
-                              FileText(ORVO_SOURCE_DIR "/module/resources/OrvoDataBase.rc");
+    const std::string whole = FileText(SourceFolder() + "/module/resources/Resource.h") +
+                              FileText(SourceFolder() + "/module/resources/OrvoDataBase.rc");
     const int dialogs = Read(whole);
     ASSERT_GT(dialogs, 0);
     for (std::size_t length = 0; length < whole.size(); length += 97)

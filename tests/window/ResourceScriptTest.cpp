@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/window/WindowStyles.h"
+#include "support/Folders.h"
 #include "support/TableSwitch.h"
 
 namespace {
@@ -362,7 +363,7 @@ TEST(ResourceScript, SpeaksTheLanguageOfTheInterface) {
 
 // Every constant of the header, as its source has it, is a name with the same value in scripts.
 TEST(ResourceScript, KnowsEveryNameOfTheStyles) {
-    std::ifstream header(ORVO_SOURCE_DIR "/platform/window/WindowStyles.h");
+    std::ifstream header(SourceFolder() + "/platform/window/WindowStyles.h");
     const std::string begin = "inline constexpr DWORD ";
     int count = 0;
     for (std::string line; std::getline(header, line);) {

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 
 #include "platform/base/Message.h"
+#include "support/Folders.h"
 #include "window/DialogForTests.h"
 #include "workbench/WindowStage.h"
 #include "workbench/commands/CommandRunner.h"
@@ -151,7 +152,7 @@ TEST_F(HostWindow, ClosesOnQuit) {
 
 TEST_F(HostWindow, DoesNotAskAtTheTerminalBeforeItReplacesARecording) {
     m_folder.Write("there.avi", "there");
-    const std::string picture = ORVO_SOURCE_DIR "/tests/workbench/none.bmp";
+    const std::string picture = SourceFolder() + "/tests/workbench/none.bmp";
     Type(("record " + picture + " -o " + (m_folder / "there.avi").string()).c_str());
     EXPECT_TRUE(HasLogged("--yes")) << Log();
     EXPECT_EQ(m_folder.Read("there.avi"), "there");

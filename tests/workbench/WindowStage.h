@@ -15,6 +15,7 @@
 #include "platform/window/CFileDialog.h"
 #include "platform/window/HostFrame.h"
 #include "platform/window/ModalDriver.h"
+#include "support/Folders.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
@@ -28,9 +29,9 @@ protected:
                        "<ORVO_ZONEDATA><北京市 type=\"PROVINCE\"><北京 type=\"CITY\" longitude=\"116.4\" "
                        "latitude=\"39.9\"/><通州 type=\"CITY\" longitude=\"116.7\" latitude=\"39.9\"/></北京市>"
                        "</ORVO_ZONEDATA>");
-        m_folder.Write("SunSet.xml", FileBytes(ORVO_SOURCE_DIR "/data/SunSet.xml"));
+        m_folder.Write("SunSet.xml", FileBytes(SourceFolder() + "/data/SunSet.xml"));
         std::filesystem::create_directories(ToUtf8(UserFolder().View()));
-        m_folder.Write("languages/en.xml", FileBytes(ORVO_SOURCE_DIR "/data/languages/en.xml"));
+        m_folder.Write("languages/en.xml", FileBytes(SourceFolder() + "/data/languages/en.xml"));
         g_pTeskLangSwitch = &Language();
         Language().SetLanguage(L"zh");
         acrxEntryPoint(AcRx::kInitAppMsg, &g_SunDataSet);

@@ -29,6 +29,7 @@
 #include "platform/host/RxRegistry.h"
 #include "platform/window/CFileDialog.h"
 #include "platform/window/ModalDriver.h"
+#include "support/Folders.h"
 #include "zone/OrvoZoneDbSetDlg.h"
 #include "zone/OrvoZoneWDGrid.h"
 
@@ -86,7 +87,7 @@ private:
 class EnglishInterface {
 public:
     EnglishInterface() {
-        const EnvironmentVariable data("ORVO_SUPPORT_PATH", ORVO_SOURCE_DIR "/data");
+        const EnvironmentVariable data("ORVO_SUPPORT_PATH", SourceFolder() + "/data");
         EXPECT_TRUE(Switch().SetLanguage(L"en"));
         g_pTeskLangSwitch = &Switch();
     }

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "HouseScene.h"
+#include "support/Folders.h"
 #include "support/OffscreenGlForTests.h"
 
 namespace {
@@ -144,10 +145,10 @@ TEST(LitHouse, LooksAsInTheDocumentation) {
     const QImage picture = QImage(fine.rgba.data(), fine.width, fine.height, QImage::Format_RGBX8888)
                                .scaled(kWidth, kHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                                .convertToFormat(QImage::Format_RGB32);
-    ASSERT_TRUE(picture.save(ORVO_BUILD_DIR "/lit-house.png"));
+    ASSERT_TRUE(picture.save(QString::fromStdString(BuildFolder() + "/lit-house.png")));
 
-    const QImage documented =
-        QImage(ORVO_SOURCE_DIR "/docs/pictures/lit-house.png").convertToFormat(QImage::Format_RGB32);
+    const QImage documented = QImage(QString::fromStdString(SourceFolder() + "/docs/pictures/lit-house.png"))
+                                  .convertToFormat(QImage::Format_RGB32);
     ASSERT_EQ(documented.size(), picture.size()) << "the build folder holds the picture as it is now";
     // Another renderer may round otherwise, and shift an outline by a part of a pixel.
     int different = 0;
