@@ -4,7 +4,9 @@
 // element tells how large the block is and how many elements live in it. No other way of allocating fits.
 #pragma once
 
+#include <cassert>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -13,10 +15,14 @@
 #include <type_traits>
 #include <utility>
 
-// What stands in front of a buffer's first element. m_nBuilt is kept only while no container holds the buffer.
+// What stands in front of a buffer's first element. The last two are kept only while no container holds the buffer: how
+// many elements live in it, and a mark that says so.
 struct QcBufferHead {
-    std::size_t m_nBytes;
-    std::size_t m_nBuilt;
+    static constexpr std::uint32_t kLoose = 0x51634275;
+
+    std::uint64_t m_nBytes;
+    std::uint32_t m_nBuilt;
+    std::uint32_t m_nMark;
 };
 
 template <class T>
@@ -29,6 +35,22 @@ public:
 
     static QcBufferHead* Head(T* pData) {
         return reinterpret_cast<QcBufferHead*>(reinterpret_cast<char*>(pData) - kOffset);
+    }
+
+    // The buffer leaves its container, or never had one yet: n elements live in it.
+    static void Loosen(T* pData, long n) {
+        Head(pData)->m_nBuilt = static_cast<std::uint32_t>(n);
+        Head(pData)->m_nMark = QcBufferHead::kLoose;
+    }
+
+    // Somebody takes the buffer over. Gives how many elements live in it. Memory of another origin has no head, and
+    // what would follow is an abort of the allocator, so debug builds look for the mark first.
+    static long Claim(T* pData) {
+        assert(IsLoose(pData) &&
+               "only a buffer from QcNewBuffer or Detach, which no container holds, can be attached or "
+               "go to QcDeleteBuffer");
+        Head(pData)->m_nMark = 0;
+        return static_cast<long>(Head(pData)->m_nBuilt);
     }
 
     // Room for n elements, none of them built yet; null when there is no memory for it.
@@ -91,6 +113,12 @@ public:
     }
 
 private:
+    // In front of foreign memory lies what is nobody's to read. The look happens all the same, unseen by the sanitizer,
+    // so that the assertion can have its say.
+    [[gnu::no_sanitize_address, gnu::noinline]] static bool IsLoose(T* pData) {
+        return Head(pData)->m_nMark == QcBufferHead::kLoose;
+    }
+
     static constexpr std::size_t kAlign = alignof(T) > alignof(std::max_align_t) ? alignof(T)
                                                                                  : alignof(std::max_align_t);
     static constexpr std::size_t kOffset = sizeof(QcBufferHead) > kAlign ? sizeof(QcBufferHead) : kAlign;
@@ -134,7 +162,7 @@ private:
         if (pBlock == nullptr) {
             return nullptr;
         }
-        ::new (pBlock) QcBufferHead{bytes, 0};
+        ::new (pBlock) QcBufferHead{bytes, 0, 0};
         return reinterpret_cast<T*>(static_cast<char*>(pBlock) + kOffset);
     }
 
@@ -174,17 +202,17 @@ T* QcNewBuffer(long n) {
     T* const pData = n < 1 ? nullptr : QcBuffer<T>::Allocate(n);
     if (pData != nullptr) {
         std::uninitialized_value_construct_n(pData, n);
-        QcBuffer<T>::Head(pData)->m_nBuilt = static_cast<std::size_t>(n);
+        QcBuffer<T>::Loosen(pData, n);
     }
     return pData;
 }
 
 // Destroys the elements of a buffer that came from QcNewBuffer or from a container's Detach, and frees it. Null is
-// fine.
+// fine; memory of any other origin is not (free, delete[] and their kin do not fit either way round).
 template <class T>
 void QcDeleteBuffer(T* pData) {
     if (pData != nullptr) {
-        std::destroy_n(pData, QcBuffer<T>::Head(pData)->m_nBuilt);
+        std::destroy_n(pData, QcBuffer<T>::Claim(pData));
         QcBuffer<T>::Free(pData);
     }
 }

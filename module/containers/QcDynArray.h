@@ -110,11 +110,13 @@ public:
     }
     long GetAllocUnit() const { return m_nAllocUnit; }
 
-    // Takes over a buffer of n elements from QcNewBuffer or Detach; the old elements go. An n below the buffer's number
-    // of elements takes the first n, one above it what there is. Null, or an n below 1, leaves the array empty (the
-    // buffer is freed then too). Cursor out.
+    // Takes over a buffer of n elements from QcNewBuffer<T>(n) or another array's Detach; the old elements go. Memory
+    // from new[], malloc or elsewhere cannot be attached: debug builds stop with a sentence, others abort. An n below
+    // the buffer's number of elements takes the first n, one above it what there is. Null, or an n below 1, leaves the
+    // array empty (the buffer is freed then too). Cursor out.
     void Attach(long n, T* pBuffer);
-    // Hands the buffer over, to be freed with QcDeleteBuffer, and leaves the array empty. Null when there is none.
+    // Hands the buffer over, to be freed with QcDeleteBuffer<T>(p) (never with delete[] or free) or attached again, and
+    // leaves the array empty. Null when there is none.
     T* Detach();
 
 protected:
@@ -332,7 +334,7 @@ void QcDynArray<T>::Attach(long n, T* pBuffer) {
         QcDeleteBuffer(pBuffer);
         return;
     }
-    const long nBuilt = static_cast<long>(QcBuffer<T>::Head(pBuffer)->m_nBuilt);
+    const long nBuilt = QcBuffer<T>::Claim(pBuffer);
     m_pData = pBuffer;
     this->SetCount(nBuilt);
     m_nCapacity = static_cast<int>(nBuilt);
@@ -343,7 +345,7 @@ template <class T>
 T* QcDynArray<T>::Detach() {
     T* const pBuffer = m_pData;
     if (pBuffer != nullptr) {
-        QcBuffer<T>::Head(pBuffer)->m_nBuilt = static_cast<std::size_t>(this->GetLength());
+        QcBuffer<T>::Loosen(pBuffer, this->GetLength());
     }
     ClearFields();
     return pBuffer;

@@ -1,5 +1,6 @@
 // The contiguous array: its capacity, its buffers, and the lives of its elements.
 #include <cstdlib>
+#include <vector>
 
 #include "TestElements.h"
 #include "containers/QcDynArray.h"
@@ -156,6 +157,30 @@ TEST(QcDynArray, HandsItsBufferOverAndTakesOne) {
     b.Attach(0, nullptr);
     EXPECT_TRUE(b.IsEmpty());
     EXPECT_EQ(b.GetSpaceSize(), 0);
+}
+
+// Only debug builds look; in others the allocator aborts later, or nothing does.
+TEST(QcDynArrayDeathTest, DebugBuildsSayWhichMemoryCanBeAttached) {
+#ifdef NDEBUG
+    GTEST_SKIP() << "a release build does not look";
+#else
+    const char* const kSentence = "only a buffer from QcNewBuffer or Detach";
+    QcDynArray<int> a;
+    std::vector<int> foreign(64, 7);
+    EXPECT_DEATH(a.Attach(3, foreign.data() + 8), kSentence);
+    EXPECT_DEATH(QcDeleteBuffer(foreign.data() + 8), kSentence);
+    int* const pNew = new int[4]();
+    EXPECT_DEATH(a.Attach(4, pNew), kSentence);
+    delete[] pNew;
+
+    a.Attach(3, QcNewBuffer<int>(3));
+    QcDynArray<int> b;
+    EXPECT_DEATH(b.Attach(3, a.GetFirst()), kSentence) << "another array holds it";
+    EXPECT_DEATH(QcDeleteBuffer(a.GetFirst()), kSentence);
+    b.Attach(3, a.Detach());
+    EXPECT_EQ(b.GetLength(), 3);
+    QcDeleteBuffer(b.Detach());
+#endif
 }
 
 TEST(QcDynArray, AttachNeverReadsBeyondTheBuffer) {
