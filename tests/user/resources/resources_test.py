@@ -2,7 +2,6 @@
 """Compiles resource scripts with the resource compiler of binutils and compares what it made of them, item by item, with
 what our reader makes of the same text."""
 import os
-import re
 import subprocess
 import tempfile
 import unittest
@@ -11,6 +10,7 @@ from res_walk import read_dialogs
 
 SOURCE = os.environ["ORVO_SOURCE_DIR"]
 RESOURCES = os.path.join(SOURCE, "module", "resources")
+HEADERS = "/usr/x86_64-w64-mingw32/include"  # the framework's own, as Debian packs them
 SS_ICON = 3
 SS_TYPEMASK = 0x1F
 
@@ -62,21 +62,12 @@ def write(folder, name, text):
     return path
 
 
-def system_headers(folder):
-    """The framework's names, as the compiler expects them in its headers."""
-    styles = read(os.path.join(SOURCE, "platform", "window", "WindowStyles.h"))
-    lines = [f"#define {name} {value}" for name, value in re.findall(r"DWORD (\w+) = (0x[0-9A-F]+);", styles)]
-    assert len(lines) > 150
-    lines += ["#define IDOK 1", "#define IDCANCEL 2", "#define IDC_STATIC (-1)", ""]
-    write(folder, "windows.h", "\n".join(lines))
-    write(folder, "commctrl.h", "")
-
-
 def compiled(folder, script):
     """What the resource compiler makes of a script."""
     result = os.path.join(folder, "out.res")
     command = ["x86_64-w64-mingw32-windres", f"--preprocessor={os.environ.get('CXX', 'c++')}"]
-    command += [f"--preprocessor-arg={argument}" for argument in ("-E", "-xc", "-DRC_INVOKED", f"-I{folder}")]
+    command += [f"--preprocessor-arg={argument}" for argument in (
+        "-E", "-xc", "-DRC_INVOKED", "-D_WIN32", "-D_WIN64", "-nostdinc", f"-I{HEADERS}")]
     done = subprocess.run(command + ["-O", "res", script, result], capture_output=True, text=True)
     assert done.returncode == 0, done.stderr
     assert not done.stderr, done.stderr
@@ -119,7 +110,6 @@ class Resources(unittest.TestCase):
         temporary = tempfile.TemporaryDirectory()
         self.addCleanup(temporary.cleanup)
         self.folder = temporary.name
-        system_headers(self.folder)
 
     def compare(self, theirs, mine):
         mine = sorted(mine, key=lambda dialog: dialog["id"])  # as the compiler sorts them
