@@ -1,6 +1,7 @@
 // Members and controls, one at a time.
 #include "platform/window/DataExchange.h"
 
+#include <QWidget>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -8,6 +9,7 @@
 #include "platform/base/Language.h"
 #include "platform/window/CEdit.h"
 #include "platform/window/DataExchangeFailure.h"
+#include "platform/window/QtText.h"
 #include "platform/window/WindowLink.h"
 
 namespace {
@@ -48,6 +50,14 @@ bool ReadNumber(CString text, Number& value) {
     exchange->Fail();
 }
 
+// The name of an edit that cannot take the focus, for a message that would not say which one it means; else nothing.
+CString NameOfDisabled(const CWnd& edit) {
+    const QWidget* widget = WindowLink::Of(edit.m_hWnd)->m_pWidget;
+    if (widget->isEnabled() || widget->accessibleName().isEmpty())
+        return CString();
+    return FromQString(widget->accessibleName() + ": ");
+}
+
 template <class Number>
 void ExchangeNumber(CDataExchange* exchange, int id, Number& value, const wchar_t* refusal) {
     CWnd* edit = exchange->PrepareEditCtrl(id);
@@ -58,7 +68,7 @@ void ExchangeNumber(CDataExchange* exchange, int id, Number& value, const wchar_
     CString text;
     edit->GetWindowText(text);
     if (!ReadNumber(text, value))
-        Refuse(exchange, PlatformText(refusal));
+        Refuse(exchange, NameOfDisabled(*edit) + PlatformText(refusal));
 }
 
 void ExchangeIndex(CDataExchange* exchange, int id, int& index, UINT get, UINT set) {

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QDialog>
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -184,9 +185,17 @@ void FormGroups(const std::vector<Placed>& controls, QWidget* dialog) {
     }
 }
 
-// A label names the control behind it: for its mnemonic, and for who cannot see it.
+QString WithoutColon(QString name) {
+    while (name.endsWith(':') || name.endsWith(QChar(0xFF1A)))
+        name.chop(1);
+    return name;
+}
+
+// A label names the control behind it: for its mnemonic, and for who cannot see it. A field without one that stands
+// behind a check box or a radio button belongs to that.
 void NameControls(const std::vector<Placed>& controls) {
     QLabel* label = nullptr;
+    QString choice;
     for (const Placed& control : controls) {
         QWidget* widget = control.link->m_pWidget;
         CString own;
@@ -194,14 +203,15 @@ void NameControls(const std::vector<Placed>& controls) {
         if (auto* text = qobject_cast<QLabel*>(widget)) {
             label = text;
         } else if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QGroupBox*>(widget)) {
-            widget->setAccessibleName(ToQString(own).remove('&'));
-        } else if (label != nullptr) {
-            label->setBuddy(widget);
-            QString name = label->text().remove('&');
-            while (name.endsWith(':') || name.endsWith(QChar(0xFF1A)))
-                name.chop(1);
+            const QString name = ToQString(own).remove('&');
             widget->setAccessibleName(name);
+            choice = qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget) ? name : QString();
+        } else {
+            if (label != nullptr)
+                label->setBuddy(widget);
+            widget->setAccessibleName(WithoutColon(label != nullptr ? label->text().remove('&') : choice));
             label = nullptr;
+            choice.clear();
         }
     }
 }

@@ -315,6 +315,37 @@ TEST_F(StandardsDialog, RefusesWhateverIsNoNumber) {
     EXPECT_EQ(standard.m_dSpace, 10.0);
 }
 
+// What another control shut away cannot have the focus, so the message names it.
+TEST_F(StandardsDialog, SaysWhichFieldIsBadWhereItCannotShowIt) {
+    OrvoStdSet& standard = AddStandard(L"甲");
+    standard.m_nMaxContinue = 0;
+    standard.m_nFullWin = 0;
+    standard.m_nValidSunType = 0;
+    const std::string number = "请键入一个数字。";
+    const std::string whole = "请键入一个整数。";
+    const std::pair<int, std::string> fields[] = {{2036, "最大宽度(mm): " + number},
+                                                  {2037, "最小宽度(mm): " + number},
+                                                  {2051, "累计超过: " + whole},
+                                                  {2052, "最小角度: " + whole}};
+    for (const auto& [id, message] : fields)
+        Run({Do("IDD_2010",
+                [id = id](const ModalWindow& window) {
+                    ASSERT_FALSE(Item(window, id)->isEnabled()) << id;
+                    Item<QLineEdit>(window, id)->setText("x");
+                    Click(window, IDOK);
+                }),
+             {message}});
+    standard.m_nMaxContinue = 1;
+    for (const auto& [id, name] : {std::pair{2055, "最短有效时段: "}, std::pair{2056, "最长时段至少: "}})
+        Run({Do("IDD_2010",
+                [id = id](const ModalWindow& window) {
+                    ASSERT_FALSE(Item(window, id)->isEnabled()) << id;
+                    Item<QLineEdit>(window, id)->setText("x");
+                    Click(window, IDOK);
+                }),
+             {name + whole}});
+}
+
 TEST_F(StandardsDialog, RefusesWhateverIsNoWholeNumber) {
     OrvoStdSet& standard = AddStandard(L"甲");
     standard.m_nMaxContinue = 0;

@@ -135,6 +135,22 @@ TEST_F(Exchange, IntegersAreReadWhole) {
     EXPECT_EQ(Read<int>(std::wstring(9999, L'0') + L"5"), std::optional<int>(5));
 }
 
+// The focus cannot go to it, so the message has to say which one is wrong.
+TEST_F(Exchange, ABadNumberInADisabledEditIsToldWithItsName) {
+    double value = 4;
+    Run([&](CDataExchange* exchange) { DDX_Text(exchange, 10, value); },
+        [&] {
+            edit->setAccessibleName(QString::fromUtf8("最大宽度(mm)"));
+            edit->setText("wide");
+            edit->setEnabled(false);
+            EXPECT_FALSE(dialog.UpdateData(TRUE));
+            edit->setEnabled(true);
+            EXPECT_FALSE(dialog.UpdateData(TRUE));
+        });
+    EXPECT_EQ(value, 4);
+    EXPECT_EQ(boxes, (std::vector<std::string>{"最大宽度(mm): 请键入一个数字。", "请键入一个数字。"}));
+}
+
 TEST_F(Exchange, RealNumbersAreReadWhole) {
     const std::pair<const wchar_t*, double> good[] = {{L"0", 0},       {L"1.5", 1.5},    {L"-.5", -0.5},
                                                       {L"5.", 5},      {L"+2.25", 2.25}, {L" 1e3 ", 1e3},
