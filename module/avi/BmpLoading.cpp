@@ -65,8 +65,6 @@ HBITMAP MakeBitmap(BYTE* bytes, std::uint64_t size) {
     if (size < sizeof header)
         return nullptr;
     std::memcpy(&header, bytes, sizeof header);
-    header.biSize = sizeof header;
-    std::memcpy(bytes, &header, sizeof header);
     if (!IsWithin(header, size))
         return nullptr;
     const HDC screen = GetDC(nullptr);
