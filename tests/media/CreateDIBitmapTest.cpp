@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 
 #include "media/DibForTests.h"
@@ -240,11 +239,6 @@ TEST(CreateDIBitmap, FindsItsStructuresAnywhere) {
     EXPECT_TRUE(ReadBitmapPixels(bitmap, &pixel));
     EXPECT_EQ(pixel, 0xFF00FFu);
 }
-
-struct Refusal {
-    const char* what;
-    std::function<void(BITMAPINFOHEADER&)> change;
-};
 
 TEST(CreateDIBitmap, RefusesHeadersThatMakeNoSense) {
     const Refusal refusals[] = {

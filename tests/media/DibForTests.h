@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <vector>
 
 #include "platform/media/CBitmap.h"
@@ -21,6 +22,12 @@ public:
 
 private:
     HDC m_context;
+};
+
+// A header that has to be refused: what is wrong with it, and how a sound one gets it.
+struct Refusal {
+    const char* what;
+    std::function<void(BITMAPINFOHEADER&)> change;
 };
 
 // A header, and behind it exactly as many table bytes as it is made with, so that the sanitizer sees a step beyond.

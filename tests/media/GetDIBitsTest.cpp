@@ -3,7 +3,6 @@
 
 #include <climits>
 #include <cstdlib>
-#include <functional>
 #include <map>
 #include <random>
 #include <set>
@@ -313,11 +312,6 @@ TEST(GetDIBits, FindsItsStructureAnywhere) {
     EXPECT_EQ(GetDIBits(screen, bitmap, 0, 1, row, static_cast<BITMAPINFO*>(info), DIB_RGB_COLORS), 1);
     EXPECT_EQ(row[0], 0x80);
 }
-
-struct Refusal {
-    const char* what;
-    std::function<void(BITMAPINFOHEADER&)> change;
-};
 
 TEST(GetDIBits, RefusesOtherFormsAndSizesAndWritesNothing) {
     const Refusal refusals[] = {
