@@ -5,6 +5,7 @@
 
 #include "frame/Resources.h"
 #include "platform/base/Abandon.h"
+#include "platform/window/MessageBox.h"
 #include "records/ExactText.h"
 #include "settings/OrvoDataSet.h"
 
@@ -46,8 +47,13 @@ OrvoDataSetDlgBase::~OrvoDataSetDlgBase() {
 }
 
 void OrvoDataSetDlgBase::ShowMessage(const wchar_t* text) {
-    if (auto* dialog = dynamic_cast<CWnd*>(this))
-        dialog->MessageBox(text);
+    auto* owner = dynamic_cast<CWnd*>(this);
+    if (owner == nullptr)
+        owner = acedGetAcadFrame();
+    if (owner != nullptr)
+        owner->MessageBox(text);
+    else
+        MessageBox(nullptr, text, L"", MB_OK);
 }
 
 void OrvoDataSetDlgBase::InitDlgBaseData(bool standardsMode) {

@@ -20,8 +20,8 @@ public:
     OrvoDataSetDlgBase& operator=(const OrvoDataSetDlgBase&) = delete;
 
     // Fills the controls. For the dialog of the standards (true) day and times are the current standard's; for others
-    // they are the data set's own, and the place dialog is asked for the data set's place, with a message over the
-    // dialog when that is unknown or there are no places at all.
+    // they are the data set's own, and the place dialog is asked for the data set's place, with a message when that is
+    // unknown or there are no places at all.
     void InitDlgBaseData(bool standardsMode);
     // Shows the standards' names, the current one selected.
     void RefreshStdCombo();
@@ -53,7 +53,7 @@ protected:
     // Shows a time of day in an edit and marks it modified. A time that no clock shows leaves the edit unmodified, with
     // its default text.
     static void ShowTime(OrvoTimeEdit& edit, const OrvoDegree& time);
-    // A box over the dialog that this is a base of.
+    // A box over the dialog that this is a base of, else over the host's window.
     void ShowMessage(const wchar_t* text);
 
 private:

@@ -1,5 +1,6 @@
 // What the dialogs of the settings share, in a dialog of the test's own that has all of its controls.
 #include "platform/base/Abandon.h"
+#include "platform/window/HostFrame.h"
 #include "platform/window/QcUiDialog.h"
 #include "settings/OrvoDataSetDlgBase.h"
 #include "settings/SettingsDialogs.h"
@@ -139,6 +140,33 @@ TEST_F(DataSetDlgBase, TellsOfMissingPlacesByTheFilesOldName) {
     g_dictSunZone.RemoveAll();
     const Play play({{"未能打开地区数据库Zone.dbf!"}, Do("IDD_7", [](const ModalWindow&) {})});
     AnalysisDialog().DoModal();
+}
+
+// Whoever has the controls elsewhere than in a dialog of its own.
+TEST_F(DataSetDlgBase, TellsOfPlacesAlsoWhenItIsNoWindow) {
+    OrvoDataSetDlgBase base;
+    base.CreatPlaceDlg(nullptr);
+    g_SunDataSet.CurCity() = L"仙境";
+    CWnd frame;
+    const auto overFrame = [&frame](const ModalWindow& window) {
+        EXPECT_EQ(window.owner, frame.GetSafeHwnd());
+        return IDOK;
+    };
+    const Play play({{"请在地区数据库中建立 仙境 的位置数据", overFrame},
+                     {"请在地区数据库中建立 仙境 的位置数据", overFrame},
+                     {"未能打开地区数据库Zone.dbf!", overFrame}});
+    base.InitDlgBaseData(false);
+
+    QWidget window;
+    ASSERT_TRUE(AttachFrame(frame, &window));
+    acedSetAcadFrame(&frame);
+    base.InitDlgBaseData(false);
+    g_dictSunZone.RemoveAll();
+    base.CreatPlaceDlg(nullptr);
+    base.InitDlgBaseData(false);
+    acedSetAcadFrame(nullptr);
+
+    base.InitDlgBaseData(true);  // standards have no place
 }
 
 TEST_F(DataSetDlgBase, GivesNothingWithoutAPlaceDialog) {
