@@ -33,16 +33,16 @@ unsigned int ChooseTemplate(unsigned int chinese, unsigned int other) {
     return g_strCurLanguage == L"Chs" ? chinese : other;
 }
 
-CString LanguageKeyOfModuleFile(const wchar_t* fileName) {
+std::optional<CString> LanguageKeyOfModuleFile(const wchar_t* fileName) {
     CString name(fileName);
     name.MakeUpper();
     const int folderEnd = name.ReverseFind(L'\\');
     if (folderEnd < 1 || folderEnd == name.GetLength() - 1)
-        return CString();
+        return std::nullopt;
     name = name.Mid(folderEnd + 1);
     const int point = name.Find(L'.');
     if (point < 1)
-        return CString();
+        return std::nullopt;
     name = name.Left(point);
     const wchar_t last = name.GetAt(name.GetLength() - 1);
     return last >= L'0' && last <= L'9' ? name.Left(name.GetLength() - 1) : name;
@@ -52,9 +52,9 @@ CString LoadModuleLanguage() {
     constexpr unsigned kMostFileName = 1024;
     wchar_t fileName[kMostFileName] = {};
     GetModuleFileName(g_hAppInstance, fileName, kMostFileName);
-    CString key = LanguageKeyOfModuleFile(fileName);
-    if (key.IsEmpty() || !g_pTeskLangSwitch)
+    const std::optional<CString> key = LanguageKeyOfModuleFile(fileName);
+    if (!key || !g_pTeskLangSwitch)
         return CString();
-    g_pModuleLanguage = g_pTeskLangSwitch->GetModuleDictionary(key);
-    return key;
+    g_pModuleLanguage = g_pTeskLangSwitch->GetModuleDictionary(*key);
+    return *key;
 }

@@ -2,6 +2,8 @@
 // every text that a user sees takes through the language switch.
 #pragma once
 
+#include <optional>
+
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 #include "platform/base/ModuleFile.h"
@@ -45,11 +47,12 @@ CString FormatTranslated(const wchar_t* format, const Args&... args) {
 // Dialogs come in two templates: the one for the Chinese interface and the one for every other language.
 ORVO_API unsigned int ChooseTemplate(unsigned int chinese, unsigned int other);
 
-// Finds this module's language dictionary by the key in its file name, and makes it the module's. Gives the key; an
-// empty text, with nothing changed, when the file name holds no key or there is no language switch.
+// Finds this module's language dictionary by the key in its file name, and makes it the module's, also when there is
+// none for that key. Gives the key; an empty text, with nothing changed, when the file name holds no key or there is no
+// language switch.
 ORVO_API CString LoadModuleLanguage();
 
 // The language key in the full file name of a module: upper-cased, without folders, without everything from the first
-// point on, without one final digit. Folders end in '\'. Empty when there is no folder before the name, no name behind
-// the last '\', no point in the name or none but at its start.
-ORVO_API CString LanguageKeyOfModuleFile(const wchar_t* fileName);
+// point on, without one final digit, so that "8.ARX" has an empty key. Folders end in '\'. None when there is no folder
+// before the name, no name behind the last '\', no point in the name or none but at its start.
+ORVO_API std::optional<CString> LanguageKeyOfModuleFile(const wchar_t* fileName);

@@ -81,21 +81,26 @@ TEST(LanguageKey, LosesEveryDecimalDigitAndNothingElse) {
         EXPECT_EQ(LanguageKeyOfModuleFile(CString(L"C:\\x\\") + name + L".ARX"), name);
 }
 
-TEST(LanguageKey, IsEmptyForANameWithoutFolderOrPoint) {
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"ORVODATABASE.ARX"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\ORVODATABASE.ARX"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\ORVODATABASE"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x.y\\ORVODATABASE"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\.ARX"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x.arx\\"), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(L""), L"");
-    EXPECT_EQ(LanguageKeyOfModuleFile(nullptr), L"");
+TEST(LanguageKey, IsMissingForANameWithoutFolderOrPoint) {
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"ORVODATABASE.ARX"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\ORVODATABASE.ARX"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\ORVODATABASE"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x.y\\ORVODATABASE"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\.ARX"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x.arx\\"), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(L""), std::nullopt);
+    EXPECT_EQ(LanguageKeyOfModuleFile(nullptr), std::nullopt);
 }
 
 TEST(LanguageKey, NeedsTheFolderMarkBehindTheFirstCharacter) {
     EXPECT_EQ(LanguageKeyOfModuleFile(L"C\\A.ARX"), L"A");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"\\A.ARX"), std::nullopt);
+}
+
+TEST(LanguageKey, IsEmptyWhenTheNameIsOneDigit) {
     EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\8.ARX"), L"");
+    EXPECT_EQ(LanguageKeyOfModuleFile(L"C:\\x\\88.ARX"), L"8");
 }
 
 TEST_F(Resources, ShowTextsAsBuiltInWithoutASwitch) {
@@ -125,12 +130,38 @@ TEST_F(Resources, AskForTheLanguageInEachScopeUntilItIsThere) {
     ASSERT_EQ(language.m_keys.size(), 2U);
     EXPECT_EQ(language.m_keys[0], L"ORVODATABASE");
 
+    SetModuleFileNameForTest(L"C:\\p\\8.ARX");
+    { const QcUtPushResource scope(&kFirstModule); }
+    ASSERT_EQ(language.m_keys.size(), 3U) << "an empty key is a key";
+    EXPECT_EQ(language.m_keys[2], L"");
+
+    SetModuleFileNameForTest(L"C:\\p\\OrvoDataBase8.arx");
     language.m_pAnswer = &ModuleTable();
     EXPECT_EQ(LoadModuleLanguage(), L"ORVODATABASE");
-    EXPECT_EQ(language.m_keys.size(), 3U);
+    EXPECT_EQ(language.m_keys.size(), 4U);
     { const QcUtPushResource scope(&kFirstModule); }
     { const QcUtPushResource scope(&kFirstModule); }
-    EXPECT_EQ(language.m_keys.size(), 3U);
+    EXPECT_EQ(language.m_keys.size(), 4U);
+}
+
+// Behind a key that is empty there may be a dictionary too, and where there is none the module has none.
+TEST_F(Resources, AskTheSwitchForAnEmptyKey) {
+    FindLanguage();
+    RecordingSwitch language;
+    g_pTeskLangSwitch = &language;
+    SetModuleFileNameForTest(L"C:\\p\\8.ARX");
+    QcDtDictionary answer(L"answer");
+    language.m_pAnswer = &answer;
+    EXPECT_EQ(LoadModuleLanguage(), L"");
+    EXPECT_EQ(language.m_keys, std::vector<CString>{L""});
+    {
+        const QcUtPushResource scope(&kFirstModule);
+        EXPECT_EQ(g_pCurModuleLang, &answer);
+    }
+    language.m_pAnswer = nullptr;
+    EXPECT_EQ(LoadModuleLanguage(), L"");
+    const QcUtPushResource scope(&kFirstModule);
+    EXPECT_EQ(g_pCurModuleLang, nullptr);
 }
 
 TEST_F(Resources, KeepTheLanguageWhenTheNameHoldsNoKey) {
