@@ -88,6 +88,7 @@ public:
     void Invalidate(BOOL erase = TRUE);
     // The font's object belongs to the window and is valid until the window's font is set.
     CFont* GetFont() const;
+    // The whole font, also where the toolkit has another one for this kind of window; null gives the toolkit's.
     void SetFont(CFont* font, BOOL redraw = TRUE);
 
     // ---- Controls of a dialog, by number. ----

@@ -162,8 +162,14 @@ CFont* CWnd::GetFont() const {
 }
 
 void CWnd::SetFont(CFont* font, BOOL /*redraw*/) {
-    if (QWidget* widget = Widget(m_hWnd))
-        widget->setFont(font ? font->m_pImpl->font : QFont());
+    QWidget* widget = Widget(m_hWnd);
+    if (widget == nullptr)
+        return;
+    QFont whole = font ? font->m_pImpl->font : QFont();
+    // What a font has not been told by itself would come from the toolkit's font for this class of widgets.
+    if (font != nullptr)
+        whole.setResolveMask(QFont::AllPropertiesResolved);
+    widget->setFont(whole);
 }
 
 CWnd* CWnd::GetDlgItem(int id) const {

@@ -8,6 +8,7 @@
 #include "controls/EditDialog.h"
 #include "controls/OrvoDegreeEdit.h"
 #include "platform/window/QcUiGrid.h"
+#include "support/ClassFont.h"
 
 namespace {
 
@@ -81,6 +82,17 @@ TEST(DegreeCell, HasTheEditorsStyleNumberAndPlace) {
         EXPECT_GT(place.right - place.left, 50) << "the cell's rectangle is a real one";
         EXPECT_EQ(LineOf(edit)->font(), WidgetOf(grid)->font());
         EXPECT_EQ(LineOf(edit)->textMargins(), QMargins(0, grid.GetEditOffset(), 0, 0));
+    });
+}
+
+TEST(DegreeCell, HasTheGridsFontWhereTheToolkitHasAnotherForEdits) {
+    RunGrid(0, [](EditDialog& dialog, AngleGrid& grid) {
+        const QFont font = WidgetOf(grid)->font();
+        const ClassFont large("QLineEdit", 2 * font.pointSize());
+        ASSERT_NE(WidgetOf(*dialog.GetDlgItem(kSecondEdit))->font(), font);
+        grid.CancelEditCell();
+        ASSERT_TRUE(grid.EditCell(grid.GetRow(0), 1));
+        EXPECT_EQ(LineOf(*grid.m_editor)->font(), font);
     });
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/window/CButton.h"
 #include "platform/window/CEdit.h"
+#include "support/ClassFont.h"
 #include "window/DialogForTests.h"
 
 namespace {
@@ -289,6 +290,22 @@ TEST(CWnd, AFontGoesFromOneWindowToAnother) {
         Control(window, 10)->setFont(big);
         dialog.GetDlgItem(11)->SetFont(dialog.GetDlgItem(10)->GetFont());
         EXPECT_EQ(Control(window, 11)->font().pointSize(), big.pointSize());
+    });
+}
+
+TEST(CWnd, AFontThatIsSetHoldsAgainstTheToolkitsFontForTheClass) {
+    DialogForTests dialog(kTwoEdits);
+    dialog.Run([&](const ModalWindow& window) {
+        const QFont font = static_cast<QWidget*>(window.widget)->font();
+        const ClassFont large("QLineEdit", font.pointSize() + 9);
+        ASSERT_EQ(Control(window, 10)->font().pointSize(), font.pointSize() + 9);
+        dialog.GetDlgItem(10)->SetFont(dialog.GetFont());
+        EXPECT_EQ(Control(window, 10)->font(), font);
+        EXPECT_EQ(Control(window, 10)->font().pointSize(), font.pointSize());
+        EXPECT_FALSE(Control(window, 10)->font().italic());
+        EXPECT_NE(Control(window, 11)->font(), font);
+        dialog.GetDlgItem(10)->SetFont(nullptr);
+        EXPECT_EQ(Control(window, 10)->font(), Control(window, 11)->font()) << "back to the toolkit's";
     });
 }
 

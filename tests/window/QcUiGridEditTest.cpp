@@ -4,6 +4,7 @@
 #include <QInputMethodEvent>
 #include <QPushButton>
 
+#include "support/ClassFont.h"
 #include "window/GridForTests.h"
 
 namespace {
@@ -66,6 +67,16 @@ TEST(QcUiGridEdit, TypingReplacesTheText) {
         Press(Qt::Key_Return);
         EXPECT_EQ(CityName(grid), L"ab");
         EXPECT_FALSE(grid.IsEditing());
+    });
+}
+
+TEST(QcUiGridEdit, HasTheGridsFontWhereTheToolkitHasAnotherForEdits) {
+    RunAtCity([](GridDialog&, NotingGrid& grid) {
+        const QFont font = ViewOf(grid)->font();
+        const ClassFont large("QLineEdit", 2 * font.pointSize());
+        Type("ab");
+        ASSERT_NE(EditorOf(grid), nullptr);
+        EXPECT_EQ(EditorOf(grid)->font(), font);
     });
 }
 
