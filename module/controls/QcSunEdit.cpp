@@ -37,7 +37,7 @@ bool IsRefused(UINT message) {
         case WM_UNDO:
         case EM_UNDO:
         case WM_CONTEXTMENU:
-        case WM_IME_COMPOSITION:
+        case WM_IME_COMPOSITION:  // what it commits comes as characters instead
             return true;
         default:
             return false;

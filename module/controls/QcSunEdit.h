@@ -14,8 +14,8 @@
 // itself; where a number is written into a text that is too short for it, the missing characters come from the default
 // text, behind its end from the template's fixed characters, else they are blanks.
 //
-// Only keys and the class's own operations change the text: paste, cut, clear, undo, input methods and the context menu
-// do nothing. Copying works.
+// Only keys and the class's own operations change the text: paste, cut, clear, undo and the context menu do nothing.
+// Copying works. What an input method commits is typed, character by character; what it composes is not shown.
 class ORVO_API QcSunEdit : public CEdit {
 public:
     QcSunEdit();

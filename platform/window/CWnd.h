@@ -24,9 +24,10 @@ class CFont;
 // What comes from a person: WM_KEYDOWN and, for a key that gives characters, WM_CHAR for each of them (also the control
 // characters of Ctrl with a letter, of Backspace, Enter and Escape); keys with Alt as WM_SYSKEYDOWN; WM_SETFOCUS and
 // WM_KILLFOCUS; WM_SETCURSOR when the mouse moves over the window or presses or releases a button there;
-// WM_CONTEXTMENU; WM_IME_COMPOSITION when an input method composes or commits text; WM_PASTE for the middle button's
-// paste; WM_CLOSE; WM_SIZE. A key whose character a handler keeps to itself does nothing else. Within a dialog Tab,
-// Enter, Escape and mnemonics belong to the dialog, unless the window asks for them (WM_GETDLGCODE).
+// WM_CONTEXTMENU; WM_IME_COMPOSITION when an input method composes or commits text, and when a handler keeps that to
+// itself, WM_CHAR for each character committed; WM_PASTE for the middle button's paste; WM_CLOSE; WM_SIZE. A key whose
+// character a handler keeps to itself does nothing else. Within a dialog Tab, Enter, Escape and mnemonics belong to the
+// dialog, unless the window asks for them (WM_GETDLGCODE).
 //
 // All operations are harmless without a window: they do nothing and give 0, false, null or an empty text. Texts count
 // in wchar_t units.

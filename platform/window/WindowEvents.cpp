@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QResizeEvent>
@@ -68,7 +69,7 @@ public:
             case QEvent::ContextMenu:
                 return ContextMenu(static_cast<QContextMenuEvent*>(event));
             case QEvent::InputMethod:
-                return Pass(event, WM_IME_COMPOSITION, 0, 0);
+                return Compose(static_cast<QInputMethodEvent*>(event));
             case QEvent::Wheel:
                 return Wheel(event);
             case QEvent::Resize:
@@ -125,6 +126,22 @@ private:
                 Dispatch(*link, WM_CHAR, static_cast<WPARAM>(character), 1);
         if (!live.IsDelivered())
             event->accept();
+        return true;
+    }
+
+    // A window that keeps what is being composed shows none of it, and gets what comes of it as if it were typed.
+    bool Compose(QInputMethodEvent* event) {
+        const HWND handle = m_pLink->Handle();
+        const std::wstring committed = event->commitString().toStdWString();
+        LiveEvent live(*m_pLink, event);
+        live.Allow(WM_IME_COMPOSITION, 0);
+        Dispatch(*m_pLink, WM_IME_COMPOSITION, 0, 0);
+        if (live.IsDelivered())
+            return true;
+        event->accept();
+        for (const wchar_t character : committed)
+            if (WindowLink* link = WindowLink::Of(handle))
+                Dispatch(*link, WM_CHAR, static_cast<WPARAM>(character), 1);
         return true;
     }
 

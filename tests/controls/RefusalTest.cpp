@@ -1,4 +1,5 @@
-// What could break the mask is refused: the clipboard's ways in, undo, dropping, input methods, the context menu.
+// What could break the mask is refused: the clipboard's ways in, undo, dropping, texts still being composed, the
+// context menu.
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
@@ -8,6 +9,7 @@
 
 #include "controls/EditDialog.h"
 #include "controls/OrvoTimeEdit.h"
+#include "controls/Typist.h"
 
 namespace {
 
@@ -96,14 +98,21 @@ TEST(Refusal, MeetsWhatIsDropped) {
     });
 }
 
-TEST(Refusal, MeetsInputMethods) {
+// No digits between the mask's that nobody has typed yet.
+TEST(Refusal, MeetsWhatIsBeingComposed) {
     ExpectUntouched([](OrvoTimeEdit&, QLineEdit& line) {
         QInputMethodEvent composing(QStringLiteral("7"), {});
-        QApplication::sendEvent(&line, &composing);
-        QInputMethodEvent commit;
-        commit.setCommitString(QStringLiteral("7"));
-        QApplication::sendEvent(&line, &commit);
+        EXPECT_TRUE(QApplication::sendEvent(&line, &composing));
+        EXPECT_TRUE(composing.isAccepted());
+        EXPECT_EQ(line.displayText(), QStringLiteral("12:34"));
+        QInputMethodEvent givenUp;
+        QApplication::sendEvent(&line, &givenUp);
     });
+}
+
+// They are judged like what is typed, and these are no digits of a time.
+TEST(Refusal, MeetsCommittedCharactersThatCannotBeTyped) {
+    ExpectUntouched([](OrvoTimeEdit&, QLineEdit& line) { Commit(&line, L"７月a ５"); });
 }
 
 TEST(Refusal, MeetsTheContextMenu) {

@@ -9,7 +9,7 @@
 namespace {
 
 class Typing : public Typist {};
-INSTANTIATE_TEST_SUITE_P(Both, Typing, testing::Values(Way::kMessages, Way::kKeys), NameOfWay);
+INSTANTIATE_TEST_SUITE_P(Both, Typing, testing::Values(Way::kMessages, Way::kKeys, Way::kInputMethod), NameOfWay);
 
 }  // namespace
 

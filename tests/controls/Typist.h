@@ -1,22 +1,45 @@
-// Typing in two ways: by messages as the program's own code sends them, and by a person's keys.
+// Typing in three ways: by messages as the program's own code sends them, by a person's keys, and by what an input
+// method commits.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <QInputMethodEvent>
 #include <QTest>
 #include <string_view>
 
 #include "controls/EditDialog.h"
 
-enum class Way { kMessages, kKeys };
+enum class Way { kMessages, kKeys, kInputMethod };
 
 inline std::string NameOfWay(const testing::TestParamInfo<Way>& way) {
-    return way.param == Way::kMessages ? "Messages" : "Keys";
+    switch (way.param) {
+        case Way::kMessages:
+            return "Messages";
+        case Way::kKeys:
+            return "Keys";
+        default:
+            return "InputMethod";
+    }
+}
+
+// As an input method does it: first the text is composed, then all of it is committed at once.
+inline void Commit(QWidget* widget, std::wstring_view text) {
+    const QString committed = QString::fromWCharArray(text.data(), static_cast<qsizetype>(text.size()));
+    QInputMethodEvent composing(committed, {});
+    QApplication::sendEvent(widget, &composing);
+    QInputMethodEvent commit;
+    commit.setCommitString(committed);
+    QApplication::sendEvent(widget, &commit);
 }
 
 class Typist : public testing::TestWithParam<Way> {
 protected:
     static void Type(CEdit& edit, std::wstring_view text) {
+        if (GetParam() == Way::kInputMethod) {
+            Commit(WidgetOf(edit), text);
+            return;
+        }
         for (const wchar_t character : text) {
             if (GetParam() == Way::kMessages)
                 edit.SendMessage(WM_CHAR, static_cast<WPARAM>(character), 1);
@@ -28,7 +51,7 @@ protected:
 
     // A key of which the keyboard's driver makes no character, or the control character `character`.
     static void Press(CEdit& edit, UINT virtualKey, Qt::Key key, wchar_t character = 0) {
-        if (GetParam() == Way::kKeys) {
+        if (GetParam() != Way::kMessages) {
             QTest::keyClick(WidgetOf(edit), key);
             return;
         }

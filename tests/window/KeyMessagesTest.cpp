@@ -295,11 +295,50 @@ TEST_F(KeyMessages, AnInputMethodsTextCanBeKept) {
         QApplication::sendEvent(widget, &commit);
         EXPECT_EQ(edit.Take(), Heard{"compose 0"});
         EXPECT_EQ(edit.Text(), L"月");
-        edit.m_kept = {WM_IME_COMPOSITION};
+        edit.m_kept = {WM_IME_COMPOSITION, WM_CHAR};
         QInputMethodEvent again;
         again.setCommitString(QString(QChar(0x6708)));
         QApplication::sendEvent(widget, &again);
         EXPECT_EQ(edit.Text(), L"月");
+    });
+}
+
+TEST_F(KeyMessages, AnInputMethodsTextIsTypedWhereComposingIsKept) {
+    edit.m_kept = {WM_IME_COMPOSITION};
+    Run([&](QLineEdit* widget, const ModalWindow&) {
+        QInputMethodEvent composing(QStringLiteral("yue"), {});
+        QApplication::sendEvent(widget, &composing);
+        EXPECT_EQ(edit.Take(), Heard{"compose 0"}) << "nothing to type yet";
+        EXPECT_EQ(widget->displayText(), "");
+
+        // The next text may be begun together with the end of the one before.
+        QInputMethodEvent commit(QStringLiteral("r"), {});
+        commit.setCommitString(QStringLiteral("5月") + QString::fromUcs4(U"\U00020000"));
+        QApplication::sendEvent(widget, &commit);
+        EXPECT_TRUE(commit.isAccepted());
+        EXPECT_EQ(edit.Take(), (Heard{"compose 0", "char 53", "char 26376", "char 131072"}));
+        EXPECT_EQ(edit.Text(), L"5月\U00020000");
+        EXPECT_EQ(widget->displayText(), widget->text());
+    });
+}
+
+TEST_F(KeyMessages, AnInputMethodsTextEndsWithItsWindow) {
+    class Ending : public Recorder {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            const LRESULT result = Recorder::WindowProc(message, wParam, lParam);
+            if (message == WM_CHAR && wParam == L'b')
+                DestroyWindow();
+            return result;
+        }
+    } ending;
+    ending.m_kept = {WM_IME_COMPOSITION};
+    Run([&](QLineEdit*, const ModalWindow& window) {
+        ASSERT_TRUE(ending.SubclassDlgItem(11, &dialog));
+        QInputMethodEvent commit;
+        commit.setCommitString(QStringLiteral("abc"));
+        QApplication::sendEvent(Control(window, 11), &commit);
+        EXPECT_EQ(ending.Take(), (Heard{"compose 0", "char 97", "char 98"}));
+        EXPECT_EQ(ending.m_hWnd, nullptr);
     });
 }
 
