@@ -29,5 +29,6 @@ ORVO_API resbuf* acdbEntGet(const ads_name entity);
 // RTNORM, also when nothing changed. RTERROR when no drawing is open, the chain names no object, or memory runs out.
 // RTREJ when the drawing cannot hold the chain: line breaks in texts, handles that are none, numbers that are not
 // finite, a z for a point that has none, switches (290-299) that are neither 0 nor 1, names of objects that bear no
-// handle, new codes below 0; or when the object's type or handle would change. The drawing is then as it was.
+// handle, new codes below 0, a new number that would be read as the missing coordinate of the point that it comes to
+// stand behind; or when the object's type or handle would change. The drawing is then as it was.
 ORVO_API int acdbEntMod(const resbuf* chain);

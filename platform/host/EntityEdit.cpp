@@ -54,6 +54,7 @@ bool EntityEdit::Append(std::size_t occurrence, const GroupValue& value) {
     std::vector<DxfGroup>& end = value.code >= kExtendedData ? m_extendedData : m_ownData;
     if (!WriteNewGroup(m_drawing, value, end))
         return false;
+    ++m_nAppended;
     NoteName(occurrence, value, end.back().strValue);
     return true;
 }
@@ -73,8 +74,16 @@ std::vector<DxfGroup> EntityEdit::Result() const {
     return result;
 }
 
+// A number that came to stand behind a point without its last coordinates would be read as one of them: 38 behind 18
+// and 28, for instance.
+bool EntityEdit::ReadsBack(const std::vector<DxfGroup>& result) const {
+    return m_nAppended == 0 || GatherGroups(result).size() == m_items.size() + m_nAppended;
+}
+
 bool EntityEdit::Apply() {
     const std::vector<DxfGroup> result = Result();
+    if (!ReadsBack(result))
+        return false;
     if (result != m_old && !m_drawing.SetGroups(m_id, result))
         return false;
     for (const KeptWord& kept : m_words)

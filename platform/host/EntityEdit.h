@@ -35,6 +35,7 @@ private:
     bool Append(std::size_t occurrence, const GroupValue& value);
     void NoteName(std::size_t occurrence, const GroupValue& value, const std::string& handle);
     std::vector<DxfGroup> Result() const;
+    bool ReadsBack(const std::vector<DxfGroup>& result) const;
 
     AcDbDatabase& m_drawing;
     AcDbObjectId m_id;
@@ -43,6 +44,7 @@ private:
     std::vector<GroupItem> m_items;
     std::unordered_map<int, std::vector<std::size_t>> m_itemsOf;  // by code
     std::unordered_map<int, std::size_t> m_taken;                 // by code
+    std::size_t m_nAppended = 0;
     std::vector<DxfGroup> m_ownData;
     std::vector<DxfGroup> m_extendedData;
     std::vector<KeptWord> m_words;

@@ -12,9 +12,7 @@ std::size_t CountCoordinates(const std::vector<DxfGroup>& groups, std::size_t fi
         return 1;
     std::size_t count = 1;
     while (count < 3 && first + count < groups.size()) {
-        const int expected = code + 10 * static_cast<int>(count);
-        const bool isElevation = expected == 38;  // a number of its own: the point 18 has no z
-        if (groups[first + count].nCode != expected || isElevation)
+        if (groups[first + count].nCode != code + 10 * static_cast<int>(count))
             break;
         ++count;
     }

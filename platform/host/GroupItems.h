@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "platform/base/Api.h"
 #include "platform/host/DxfGroup.h"
 
 // One value: the group at `first`, and for a point the y and z groups that follow it.
@@ -14,5 +15,5 @@ struct GroupItem {
 };
 
 // All groups in their order. A y follows its x at once, with the code 10 above, and a z its y; coordinates that stand
-// elsewhere are values of their own.
-std::vector<GroupItem> GatherGroups(const std::vector<DxfGroup>& groups);
+// elsewhere are values of their own. So 38 is the z of a point 18 that it follows, and everywhere else the elevation.
+ORVO_API std::vector<GroupItem> GatherGroups(const std::vector<DxfGroup>& groups);

@@ -31,6 +31,7 @@ protected:
 
     // Opens a drawing in which the entity's groups are these (with the first, "0", and the handle before them).
     void Open(const std::string& groups) {
+        m_drawing.reset();  // the one before is the host's no more
         m_drawing = std::make_unique<DrawingForTests>(ChineseDrawing("0\nX\n5\nA1\n" + groups + "0\nY\n5\nA2\n"));
     }
     // Fetches the chain, lets the test change it, and writes it back.
@@ -197,6 +198,45 @@ TEST_F(AdsEntityMod, AppendsWhatTheEntityLacks) {
     EXPECT_EQ(Text(), "0=X|5=A1|8=0|62=5|10=1|20=0|30=3.5|1=\xB4\xB0|330=A2|62=6|");
     const OwnedChain again = DataOf(m_drawing->Id(0xA1));
     EXPECT_EQ(FindBuffer(again.get(), 330)->resval.rlname[1], 9U);
+}
+
+TEST_F(AdsEntityMod, AppendsPointsThatComeBackWhole) {
+    Open("38\n1.0\n");
+    EXPECT_EQ(Modify([](resbuf* chain) {
+                  for (int code = 10; code <= 18; ++code) {
+                      resbuf* point = Append(chain, code);
+                      point->resval.rpoint[0] = code;
+                      point->resval.rpoint[1] = 2;
+                      point->resval.rpoint[2] = 3;
+                  }
+                  Append(chain, 38)->resval.rreal = 4;  // a second elevation, not the z of the point in front of it
+              }),
+              RTNORM);
+    const OwnedChain again = DataOf(m_drawing->Id(0xA1));
+    for (int code = 10; code <= 18; ++code) {
+        const double* point = FindBuffer(again.get(), code)->resval.rpoint;
+        EXPECT_EQ(point[0], code);
+        EXPECT_EQ(point[1], 2) << code;
+        EXPECT_EQ(point[2], 3) << code;
+    }
+    EXPECT_EQ(FindBuffer(again.get(), 38, 0)->resval.rreal, 1);
+    EXPECT_EQ(FindBuffer(again.get(), 38, 1)->resval.rreal, 4);
+}
+
+TEST_F(AdsEntityMod, RefusesANumberThatWouldBecomeACoordinate) {
+    Open("18\n1\n28\n2\n");
+    ExpectRefused([](resbuf* chain) { Append(chain, 38)->resval.rreal = 5; });
+    EXPECT_EQ(Modify([](resbuf* chain) {
+                  Append(chain, 62)->resval.rint = 1;
+                  Append(chain, 38)->resval.rreal = 5;
+              }),
+              RTNORM)
+        << "behind something else it is the elevation";
+    EXPECT_EQ(Text(), "0=X|5=A1|18=1|28=2|62=1|38=5|");
+    Open("10\n1\n");
+    ExpectRefused([](resbuf* chain) { Append(chain, 20)->resval.rreal = 5; });
+    Open("1010\n1\n1020\n2\n");
+    ExpectRefused([](resbuf* chain) { Append(chain, 1030)->resval.rreal = 5; });
 }
 
 TEST_F(AdsEntityMod, AppendsBeforeExtendedDataAndThatAtTheEnd) {

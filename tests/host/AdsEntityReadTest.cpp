@@ -68,7 +68,7 @@ TEST(AdsEntityRead, JoinsOnlyCoordinatesThatFollowEachOther) {
 }
 
 TEST(AdsEntityRead, JoinsPointsOfEveryRange) {
-    for (const int code : {10, 11, 12, 13, 14, 15, 16, 17, 110, 111, 112, 210, 1010, 1011, 1012, 1013}) {
+    for (const int code : {10, 11, 12, 13, 14, 15, 16, 17, 18, 110, 111, 112, 210, 1010, 1011, 1012, 1013}) {
         const std::string x = std::to_string(code) + "\n1\n";
         const std::string y = std::to_string(code + 10) + "\n2\n";
         const std::string z = std::to_string(code + 20) + "\n3\n";
@@ -80,12 +80,16 @@ TEST(AdsEntityRead, JoinsPointsOfEveryRange) {
 }
 
 TEST(AdsEntityRead, TakesElevationAndThicknessForNumbersOfTheirOwn) {
-    const DrawingForTests drawing(ChineseDrawing("0\nX\n5\nA1\n18\n1\n28\n2\n38\n3\n39\n4\n"));
+    const DrawingForTests drawing(
+        ChineseDrawing("0\nX\n5\nA1\n38\n7\n18\n1\n28\n2\n38\n3\n38\n8\n39\n4\n18\n5\n38\n9\n"));
     const OwnedChain chain = DataOf(drawing, 0xA1);
-    EXPECT_EQ(TypesOf(chain), (std::vector<int>{-1, 0, 5, 18, 38, 39}));
-    ExpectPoint(Buffer(chain, 18), 1, 2, 0);
-    EXPECT_EQ(Buffer(chain, 38).resval.rreal, 3);
+    EXPECT_EQ(TypesOf(chain), (std::vector<int>{-1, 0, 5, 38, 18, 38, 39, 18, 38}));
+    EXPECT_EQ(Buffer(chain, 38, 0).resval.rreal, 7);
+    ExpectPoint(Buffer(chain, 18, 0), 1, 2, 3);
+    EXPECT_EQ(Buffer(chain, 38, 1).resval.rreal, 8);
     EXPECT_EQ(Buffer(chain, 39).resval.rreal, 4);
+    ExpectPoint(Buffer(chain, 18, 1), 5, 0, 0);
+    EXPECT_EQ(Buffer(chain, 38, 2).resval.rreal, 9) << "behind an x without a y";
 }
 
 TEST(AdsEntityRead, DecodesTextsByTheCodePage) {

@@ -11,6 +11,7 @@
 #include "platform/base/TextNumber.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/CodeToType.h"
+#include "platform/host/GroupItems.h"
 #include "platform/host/QcAdsEnt.h"
 #include "records/EntityData.h"
 #include "workbench/commands/CoordinateText.h"
@@ -49,19 +50,11 @@ bool HoldsHandle(int code) {
     return (code >= 320 && code <= 329) || code == 1005;
 }
 
-int CountCoordinates(const std::vector<DxfGroup>& groups, int code, int type) {
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        if (groups[i].nCode != code)
-            continue;
-        int count = 1;
-        const auto hasNext = [&](int n) {
-            const std::size_t next = i + static_cast<std::size_t>(n);
-            return next < groups.size() && groups[next].nCode == code + 10 * n && groups[next].nCode != 38;
-        };
-        while (IsPoint(type) && count < 3 && hasNext(count))
-            ++count;
-        return count;
-    }
+// Of the first value of that code; 0 when there is none.
+int CountCoordinates(const std::vector<DxfGroup>& groups, int code) {
+    for (const GroupItem& item : GatherGroups(groups))
+        if (item.code == code)
+            return static_cast<int>(item.count);
     return 0;
 }
 
@@ -125,7 +118,7 @@ EntityGroup::EntityGroup(const AcDbDatabase& drawing, AcDbObjectId id, int code)
     : m_drawing(drawing), m_id(id), m_nCode(code), m_nType(CodeToType(code)), m_nCoordinates(0) {
     std::vector<DxfGroup> groups;
     if (HasType() && drawing.GetGroups(id, groups))
-        m_nCoordinates = code == -1 ? 1 : CountCoordinates(groups, code, m_nType);
+        m_nCoordinates = code == -1 ? 1 : CountCoordinates(groups, code);
 }
 
 bool EntityGroup::HasType() const {

@@ -7,6 +7,7 @@ import unittest
 
 import ezdxf
 from ezdxf.addons import r12writer
+from ezdxf.lldxf import tagger
 
 EDITOR = os.environ["ORVO_EDIT_DRAWING"]
 VERSIONS = ("R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018")
@@ -184,6 +185,18 @@ class Drawings(unittest.TestCase):
                 tags = self.first(self.audit(), "LINE").get_xdata("ORVO")
                 self.assertEqual([tuple(tag) for tag in tags], [(1000, "日照")])
                 self.assert_only(line.dxf.handle, lambda entity: entity[3].update(ORVO=[(1000, "日照")]))
+
+    def test_points_are_added_with_their_z(self):
+        line = self.first(make("R2010", self.path), "LINE")
+        point = {code: (float(code), -2.5, 3.0) for code in range(12, 19)}
+        changes = [(line.dxf.handle, code, ",".join(map(str, value))) for code, value in point.items()]
+        self.edit(*(word for change in changes for word in change))
+        with open(self.out, encoding="utf-8") as stream:
+            tags = list(tagger.tag_compiler(tagger.ascii_tags_loader(stream)))
+        start = tags.index((5, line.dxf.handle))
+        end = next(index for index in range(start, len(tags)) if tags[index].code == 0)
+        found = [(tag.code, tag.value) for tag in tags[start:end] if tag.code in point or tag.code == 38]
+        self.assertEqual(found, list(point.items()))
 
     def test_records_and_block_entities_are_changed(self):
         for version in VERSIONS[1:]:

@@ -126,6 +126,20 @@ class Entity(ProgramTest):
         answer = self.ok("entity", "a.dxf", "--set", "A1", "62", "6", "--json")
         self.assertEqual(answer.json(), {"handle": "A1", "type": "LINE", "code": 62, "value": 6, "changed": True})
 
+    def test_a_point_18_has_its_z(self):
+        point = [(18, b"1.0"), (28, b"2.0"), (38, b"3.0")]
+        self.put("a.dxf", drawing([(0, b"X"), (5, b"A1"), *point], [(0, b"X"), (5, b"A2"), *point, (38, b"4.0")]))
+        self.assertEqual(self.get("A1", "18"), "1,2,3")
+        self.refused(FAILED, "entity", "a.dxf", "--get", "A1", "38")
+        self.assertEqual(self.get("A2", "38"), "4")
+        self.ok("entity", "a.dxf", "--set", "A2", "18", "5,6,7")
+        self.assertEqual(self.get("A2", "18"), "5,6,7")
+        self.assertEqual(self.get("A2", "38"), "4")
+        with open(self.path("a.dxf"), encoding="gbk") as stream:
+            tags = [tag for tag in ezdxf.lldxf.tagger.tag_compiler(ezdxf.lldxf.tagger.ascii_tags_loader(stream))
+                    if tag.code in (18, 28, 38)]
+        self.assertEqual([(tag.code, tag.value) for tag in tags], [(18, (1, 2, 3)), (18, (5, 6, 7)), (38, 4)])
+
     def test_a_character_that_the_code_page_lacks(self):
         self.ok("entity", "a.dxf", "--set", "A1", "8", "𠮷é")
         self.assertEqual(self.get("A1", "8"), "𠮷é")
