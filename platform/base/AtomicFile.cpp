@@ -24,6 +24,7 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 10000;
 constexpr mode_t kPermissionBits = 07777;
+constexpr const char* kBackup = ".bak";
 constexpr auto kSameUser = static_cast<uid_t>(-1);
 
 // A file descriptor that closes itself.
@@ -112,7 +113,7 @@ std::string FollowLinks(std::string path) {
         if (length < 0)
             return errno == EINVAL || errno == ENOENT ? path : std::string();  // no link
         const std::string to(link.data(), static_cast<std::size_t>(length));
-        path = to.rfind('/', 0) == 0 ? to : FolderOf(path) + "/" + to;
+        path = to.rfind('/', 0) == 0 ? to : path.substr(0, path.rfind('/') + 1) + to;
     }
     errno = ELOOP;
     return std::string();
@@ -238,7 +239,7 @@ bool AtomicSave::KeepAsBackup() {
         RemoveQuietly(second);
         return false;
     }
-    m_kept = m_target + ".bak";
+    m_kept = m_target + kBackup;
     const bool isGood = rename(second.c_str(), m_kept.c_str()) == 0;
     if (!isGood && errno == EISDIR)
         errno = kNoRoomForBackup;
@@ -347,4 +348,9 @@ bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge i
     else
         ReportMessage(text);
     return false;
+}
+
+CString BackupPath(const wchar_t* path) {
+    const std::string target = FollowLinks(ToUtf8(CString(path).View()));
+    return target.empty() ? CString() : FromUtf8(target + kBackup);
 }

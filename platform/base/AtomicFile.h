@@ -22,3 +22,7 @@ using FileJudge = bool (*)(const char* path);
 // what to do about it; it goes to `message`, which is left alone otherwise, or to ReportMessage when that is null.
 ORVO_API bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood,
                                  CString* message = nullptr);
+
+// Where such a save keeps the version before: NAME.bak, beside what symbolic links lead to. Empty for an empty path,
+// null and links that go in a circle.
+ORVO_API CString BackupPath(const wchar_t* path);

@@ -178,6 +178,20 @@ TEST_F(AtomicSave, ReplacesWhatASymbolicLinkLeadsTo) {
     EXPECT_EQ(Names(), (NameList{"a", "middle", "real", "real/b", "real/b.bak"}));
 }
 
+TEST_F(AtomicSave, TellsWhereTheBackupLies) {
+    const auto path = [this](const char* name) { return FromUtf8((m_tree / name).string()); };
+    EXPECT_EQ(BackupPath(path("a")), path("a.bak")) << "before there is anything";
+    EXPECT_EQ(BackupPath(L"a"), L"a.bak");
+    fs::create_directory(m_tree / "real");
+    fs::create_symlink("real/b", m_tree / "middle");
+    fs::create_symlink(m_tree / "middle", m_tree / "a");
+    EXPECT_EQ(BackupPath(path("a")), path("real/b.bak"));
+    fs::create_symlink("circle", m_tree / "circle");
+    EXPECT_EQ(BackupPath(path("circle")), L"");
+    EXPECT_EQ(BackupPath(L""), L"");
+    EXPECT_EQ(BackupPath(nullptr), L"");
+}
+
 TEST_F(AtomicSave, MakesTheFileThatADanglingLinkNames) {
     fs::create_directory(m_tree / "real");
     fs::create_symlink("real/b", m_tree / "a");

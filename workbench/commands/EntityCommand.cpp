@@ -4,6 +4,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "platform/base/AtomicFile.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/GroupStorage.h"
 #include "workbench/commands/EntityGroup.h"
@@ -116,7 +117,7 @@ void ReportChange(const CString& path, const CString& before, const EntityGroup&
         return;
     }
     output.Line(SayFormat(L"组码 %d：“%s”改为“%s”", group.Code(), before, after));
-    output.Line(SayFormat(L"已保存到 %s，原来的文件是 %s.bak", Printable(path), Printable(path)));
+    output.Line(SayFormat(L"已保存到 %s，原来的文件是 %s", Printable(path), Printable(BackupPath(path))));
 }
 
 int Set(AcDbDatabase& drawing, const EntityOptions& options, Output& output) {

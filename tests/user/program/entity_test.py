@@ -1,6 +1,7 @@
 """orvo entity: listing entities, showing and changing one group, and drawings that are never damaged."""
 import json
 import os
+import re
 import sys
 
 from orvo_program import FAILED, USAGE, ProgramTest, main
@@ -125,6 +126,22 @@ class Entity(ProgramTest):
         self.assertEqual(answer.out, 'group 62: "3" changed to "5"\nSaved to a.dxf; the file before is a.dxf.bak\n')
         answer = self.ok("entity", "a.dxf", "--set", "A1", "62", "6", "--json")
         self.assertEqual(answer.json(), {"handle": "A1", "type": "LINE", "code": 62, "value": 6, "changed": True})
+
+    def test_names_the_backup_that_lies_beside_what_a_link_leads_to(self):
+        os.mkdir(self.path("kept"))
+        before = drawing(LINE)
+        self.put("kept/house.dxf", before)
+        for name, target in (("link.dxf", "kept/house.dxf"), ("whole.dxf", self.path("kept/house.dxf")),
+                             ("second.dxf", "link.dxf")):
+            with self.subTest(name=name):
+                self.put("kept/house.dxf", before)
+                os.symlink(target, self.path(name))
+                answer = self.ok("entity", name, "--set", "A1", "62", "5", **ENGLISH)
+                saved, backup = re.fullmatch("Saved to (.*); the file before is (.*)", answer.out.splitlines()[1]).groups()
+                self.assertEqual(saved, name)
+                self.assertTrue(os.path.samefile(self.path(backup), self.path("kept/house.dxf.bak")))
+                self.assertEqual(self.bytes_of(backup), before)
+                os.remove(self.path("kept/house.dxf.bak"))
 
     def test_a_point_18_has_its_z(self):
         point = [(18, b"1.0"), (28, b"2.0"), (38, b"3.0")]
