@@ -9,8 +9,8 @@ namespace AcRx {
 enum AppMsgCode : int {
     kInitAppMsg = 1,    // the plug-in has just been loaded
     kUnloadAppMsg = 2,  // it is about to be unloaded
-    kLoadDwgMsg = 3,    // a drawing was opened
-    kUnloadDwgMsg = 4,  // a drawing is being closed
+    kLoadDwgMsg = 3,    // a drawing was opened: the one that the host has now (acdbCurDwg)
+    kUnloadDwgMsg = 4,  // it is being closed
     kInvkSubrMsg = 5,   // a function that the plug-in defined is called
 };
 

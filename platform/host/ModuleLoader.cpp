@@ -4,9 +4,11 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/base/Language.h"
 #include "platform/host/RxRegistry.h"
@@ -36,6 +38,12 @@ AcRxEntryPoint OwnEntryPoint(void* handle) {
         dlinfo(handle, RTLD_DI_LINKMAP, &library) != 0 || owner != library)
         return nullptr;
     return reinterpret_cast<AcRxEntryPoint>(symbol);
+}
+
+// Those whose plug-in is loaded, in the order of loading. Never destroyed: plug-ins may outlive static objects.
+std::vector<ModuleLoader*>& LoadedOnes() {
+    static auto* const list = new std::vector<ModuleLoader*>;
+    return *list;
 }
 
 }  // namespace
@@ -75,6 +83,7 @@ bool ModuleLoader::Load(const wchar_t* path, CString& error) {
         error.Format(PlatformText(L"无法加载模块“%s”：初始化失败（%d）。"), m_path, answer);
         return false;
     }
+    LoadedOnes().push_back(this);
     return true;
 }
 
@@ -92,6 +101,7 @@ ModuleLoader::Unloaded ModuleLoader::Unload() {
 }
 
 ModuleLoader::Unloaded ModuleLoader::Close() {
+    std::erase(LoadedOnes(), this);
     HostDynamicLinker().forget(m_handle);
     dlclose(m_handle);
     m_handle = nullptr;
@@ -101,4 +111,12 @@ ModuleLoader::Unloaded ModuleLoader::Close() {
         return Unloaded::Gone;
     dlclose(still);
     return Unloaded::StillMapped;
+}
+
+void SendToPlugIns(int message) {
+    // A plug-in may have others loaded or unloaded while it handles the message.
+    const std::vector<ModuleLoader*> loaders = LoadedOnes();
+    for (ModuleLoader* loader : loaders)
+        if (std::find(LoadedOnes().begin(), LoadedOnes().end(), loader) != LoadedOnes().end())
+            loader->Send(message);
 }

@@ -42,3 +42,7 @@ private:
     AcRxEntryPoint m_entryPoint = nullptr;
     CString m_path;
 };
+
+// Sends a message to every plug-in that is loaded (their first message answered), in the order of loading. What they
+// answer does not count.
+ORVO_API void SendToPlugIns(int message);

@@ -72,6 +72,26 @@ TEST_F(Loader, PassesOtherMessagesAndAnswersOn) {
     EXPECT_EQ(m_loader->Send(AcRx::kLoadDwgMsg), AcRx::kRetError);
 }
 
+TEST_F(Loader, SendsAMessageToAllThatAreLoaded) {
+    ModuleLoader second;
+    SendToPlugIns(AcRx::kLoadDwgMsg);
+    EXPECT_FALSE(Load("plugin-failing.so"));
+    ASSERT_TRUE(Load("plugin-good.so")) << Error();
+    ASSERT_TRUE(second.Load(FromUtf8(kPlugins + "plugin-locked.so"), m_error)) << Error();
+    m_recorder.texts.clear();
+    SendToPlugIns(AcRx::kLoadDwgMsg);
+    EXPECT_EQ(m_recorder.All(), "message 3;message 3;");
+    m_loader->Unload();
+    m_recorder.texts.clear();
+    SendToPlugIns(AcRx::kUnloadDwgMsg);
+    EXPECT_EQ(m_recorder.All(), "message 4;");
+    acrxUnlockApplication(second.ApplicationHandle());
+    ASSERT_EQ(second.Unload(), Unloaded::Gone);
+    m_recorder.texts.clear();
+    SendToPlugIns(AcRx::kUnloadDwgMsg);
+    EXPECT_EQ(m_recorder.All(), "");
+}
+
 TEST_F(Loader, LoadsAgainAfterUnloadingAndAsOftenAsWanted) {
     for (int round = 0; round < 20; ++round) {
         m_recorder.texts.clear();

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "support/FileTree.h"
+#include "support/RecordingPlugIn.h"
 #include "workbench/MoveFirstCorner.h"
 
 namespace {
@@ -69,6 +70,29 @@ TEST_F(WindowDrawing, GivesWayToAnotherOne) {
     EXPECT_EQ(m_drawing.GetFileName(), L"b.dxf");
     EXPECT_EQ(m_drawing.GetScene()->m_ptMax.x, 7.0);
     EXPECT_NE(acdbCurDwg(), nullptr);
+}
+
+TEST_F(WindowDrawing, IsToldToPlugIns) {
+    m_folder.Write("a.dxf", Drawing("4"));
+    m_folder.Write("empty.dxf", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
+    m_folder.Write("broken.dxf", "0\nSECTION\n2\nENTITIES\nnoise\n");
+    const RecordingPlugIn plugIn;
+    {
+        OpenDrawing drawing;
+        EXPECT_FALSE(drawing.Open(m_folder.File("broken.dxf"), m_message));
+        EXPECT_EQ(plugIn.Take(), "") << "nothing was opened";
+        ASSERT_TRUE(drawing.Open(m_folder.File("a.dxf"), m_message));
+        EXPECT_EQ(plugIn.Take(), "3 of 1;");
+        EXPECT_FALSE(drawing.Open(m_folder.File("broken.dxf"), m_message));
+        ASSERT_TRUE(drawing.Save(m_folder.File("b.dxf"), m_message));
+        EXPECT_EQ(plugIn.Take(), "") << "nothing was closed";
+        ASSERT_TRUE(drawing.Open(m_folder.File("empty.dxf"), m_message));
+        EXPECT_EQ(plugIn.Take(), "4 of 1;3 of 0;") << "one takes the other's place";
+        ASSERT_TRUE(drawing.Open(m_folder.File("empty.dxf"), m_message));
+        EXPECT_EQ(plugIn.Take(), "4 of 0;3 of 0;") << "read again";
+    }
+    EXPECT_EQ(plugIn.Take(), "4 of 0;");
+    EXPECT_EQ(acdbCurDwg(), nullptr);
 }
 
 TEST_F(WindowDrawing, IsSavedAndItsFileBeforeKept) {

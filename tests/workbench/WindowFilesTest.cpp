@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "support/RecordingPlugIn.h"
 #include "workbench/MoveFirstCorner.h"
 #include "workbench/WindowStage.h"
 
@@ -33,6 +34,22 @@ TEST_F(WindowFiles, OpensADrawing) {
     EXPECT_FALSE(Find<SceneView>("SceneView")->GetPicture().isNull())
         << Find<SceneView>("SceneView")->GetProblem().toStdString();
     EXPECT_NE(acdbCurDwg(), nullptr);
+}
+
+TEST_F(WindowFiles, TellsPlugInsOfTheDrawingAndOfTheOneThatACommandOpens) {
+    const RecordingPlugIn plugIn;
+    const auto path = WriteDrawing("house.dxf");
+    ASSERT_TRUE(Open(path));
+    EXPECT_EQ(plugIn.Take(), "3 of 2;");
+    m_folder.Write("empty.dxf", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
+    Type(("entity " + (m_folder / "empty.dxf").string()).c_str());
+    EXPECT_EQ(plugIn.Take(), "3 of 0;4 of 0;") << "the window's own stays open";
+    EXPECT_EQ(acdbCurDwg()->GetEntityCount(), 2u);
+    Type("entity nowhere.dxf");
+    EXPECT_EQ(plugIn.Take(), "");
+    m_window.reset();
+    EXPECT_EQ(plugIn.Take(), "4 of 2;") << "before the plug-in goes";
+    EXPECT_EQ(acdbCurDwg(), nullptr);
 }
 
 TEST_F(WindowFiles, OpensFromTheMenuAndItsShortcut) {

@@ -7,6 +7,7 @@
 #include "platform/base/AtomicFile.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/GroupStorage.h"
+#include "platform/host/HostDrawing.h"
 #include "workbench/commands/EntityGroup.h"
 #include "workbench/commands/EntityList.h"
 #include "workbench/commands/ExitCode.h"
@@ -25,18 +26,6 @@ int Fail(const CString& text) {
     Complain(text);
     return kExitFailed;
 }
-
-// Makes a drawing the host's own for as long as a command works on it.
-class HostDrawing {
-public:
-    explicit HostDrawing(AcDbDatabase& drawing) : m_pBefore(acdbCurDwg()) { acdbSetCurDwg(&drawing); }
-    ~HostDrawing() { acdbSetCurDwg(m_pBefore); }
-    HostDrawing(const HostDrawing&) = delete;
-    HostDrawing& operator=(const HostDrawing&) = delete;
-
-private:
-    AcDbDatabase* m_pBefore;
-};
 
 struct Request {
     std::uint64_t handle = 0;

@@ -46,12 +46,13 @@ bool OpenDrawing::Open(const CString& path, CString& message) {
     std::shared_ptr<const Scene> scene = SceneOf(*drawing, message);
     if (!scene)
         return false;
+    m_inHost.reset();
     m_pDrawing = std::move(drawing);
     m_pScene = std::move(scene);
     m_nSceneChanges = 0;
     m_strPath = target;
     m_state = state;
-    acdbSetCurDwg(m_pDrawing.get());
+    m_inHost.emplace(*m_pDrawing);
     return true;
 }
 

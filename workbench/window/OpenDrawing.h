@@ -8,9 +8,11 @@
 
 #include "platform/base/CString.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/HostDrawing.h"
 #include "scene/Scene.h"
 
-// It is the host's drawing (acdbCurDwg) from a first successful Open until this object goes.
+// It is open in the host (acdbCurDwg, and known to the plug-ins) from a successful Open until another one takes its
+// place or this object goes.
 class OpenDrawing {
 public:
     OpenDrawing() = default;
@@ -46,6 +48,7 @@ private:
     static std::optional<FileState> StateOf(const CString& path);
 
     std::unique_ptr<AcDbDatabase> m_pDrawing;
+    std::optional<HostDrawing> m_inHost;  // goes before the drawing itself
     std::shared_ptr<const Scene> m_pScene;
     std::uint64_t m_nSceneChanges = 0;  // the drawing's changes that the faces know of
     CString m_strPath;

@@ -1,6 +1,7 @@
 // A plug-in that writes everything that happens to it on the host's command line.
 #include "platform/base/CString.h"
 #include "platform/base/ModuleFile.h"
+#include "platform/host/AcDbDatabase.h"
 #include "platform/host/CommandLine.h"
 #include "platform/host/HostMessages.h"
 #include "platform/host/RxRegistry.h"
@@ -26,7 +27,20 @@ Life::Life() {
     acutPrintf(L"made %s;", file.Mid(file.ReverseFind(L'\\') + 1));
 }
 
+// The messages about drawings since the last call, each with the number of entities of the host's drawing.
+CString& DrawingMessages() {
+    static CString messages;
+    return messages;
+}
+
 }  // namespace
+
+extern "C" ORVO_API const wchar_t* TakeMessages() {
+    static CString taken;
+    taken = DrawingMessages();
+    DrawingMessages().Empty();
+    return taken;
+}
 
 // The module's own file, asked for at the time of the call.
 extern "C" ORVO_API void PrintOwnFile() {
@@ -35,6 +49,11 @@ extern "C" ORVO_API void PrintOwnFile() {
 
 extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle) {
     acutPrintf(L"message %d;", message);
+    if (message == AcRx::kLoadDwgMsg || message == AcRx::kUnloadDwgMsg) {
+        CString note;
+        note.Format(L"%d of %d;", message, acdbCurDwg() ? static_cast<int>(acdbCurDwg()->GetEntityCount()) : -1);
+        DrawingMessages() += note;
+    }
     if (message == AcRx::kInitAppMsg) {
 #ifdef ORVO_PLUGIN_FAILS
         return AcRx::kRetError;

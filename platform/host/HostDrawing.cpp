@@ -1,0 +1,17 @@
+// Opening and closing drawings in the host.
+#include "platform/host/HostDrawing.h"
+
+#include "platform/host/AcDbDatabase.h"
+#include "platform/host/HostMessages.h"
+#include "platform/host/ModuleLoader.h"
+
+HostDrawing::HostDrawing(AcDbDatabase& drawing) : m_drawing(drawing), m_pBefore(acdbCurDwg()) {
+    acdbSetCurDwg(&m_drawing);
+    SendToPlugIns(AcRx::kLoadDwgMsg);
+}
+
+HostDrawing::~HostDrawing() {
+    acdbSetCurDwg(&m_drawing);
+    SendToPlugIns(AcRx::kUnloadDwgMsg);
+    acdbSetCurDwg(m_pBefore);
+}
