@@ -32,11 +32,12 @@ bool Exists(const wchar_t* path) {
     return std::filesystem::exists(std::filesystem::symlink_status(PathOf(path), error));
 }
 
-// A file only: a folder that is in the way stays, and opening the file fails.
+// A file only: a folder, a pipe or a device that is in the way stays, and opening the file fails.
 void DeleteExisting(const wchar_t* path) {
     std::error_code error;
     const std::filesystem::path name = PathOf(path);
-    if (!std::filesystem::is_directory(std::filesystem::symlink_status(name, error)))
+    const std::filesystem::file_status there = std::filesystem::symlink_status(name, error);
+    if (std::filesystem::is_regular_file(there) || std::filesystem::is_symlink(there))
         std::filesystem::remove(name, error);
 }
 

@@ -15,7 +15,9 @@ extern ORVO_API CString g_sRecordFile;
 // one of its name exists already, the user is asked first.
 //
 // Each picture is placed `rate` positions behind the one before, in a stream of `rate` frames a second: whatever the
-// rate, it is shown for a second. All pictures are key frames of one size.
+// rate, it is shown for a second, until the next one comes. Behind the last one nothing comes, and the file ends with
+// its single position, after 1/rate of a second. Who wants a whole second of it adds it once more. All pictures are key
+// frames of one size.
 //
 // Operations give 1 for success and 0 otherwise. After a failure of the file nothing is recorded any more until Init.
 class ORVO_API OrvoAVIFile : public CObject {

@@ -462,6 +462,22 @@ TEST_F(ExistingFile, AFolderCountsAndStays) {
     EXPECT_TRUE(std::filesystem::is_directory(m_tree / "a.avi"));
 }
 
+// Somebody may be reading at the other end.
+TEST_F(ExistingFile, APipeCountsAndStays) {
+    std::filesystem::remove(m_tree / "a.avi");
+    ASSERT_EQ(mkfifo((m_tree / "a.avi").c_str(), 0600), 0);
+    int questions = 0;
+    const ModalDriver yes([&](const ModalWindow&) {
+        ++questions;
+        return 6;
+    });
+    OrvoAVIFile recorder(m_name, -1, -1, 1);
+    EXPECT_EQ(recorder.AddFrame(m_picture), 0);
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(recorder.IsOK(), 0);
+    EXPECT_TRUE(std::filesystem::is_fifo(m_tree / "a.avi"));
+}
+
 TEST_F(ExistingFile, ALinkThatLeadsNowhereCountsToo) {
     std::filesystem::remove(m_tree / "a.avi");
     std::filesystem::create_symlink("nowhere", m_tree / "a.avi");

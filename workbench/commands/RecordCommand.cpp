@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <string>
 
 #include "avi/OrvoAVIFile.h"
@@ -98,6 +99,21 @@ CString FrameInTheWay(const Request& request) {
     return CString();
 }
 
+// Why what bears the output's name cannot be replaced: others may be waiting at its end.
+CString NoFileText(const fs::path& output, fs::file_type type) {
+    switch (type) {
+        case fs::file_type::directory:
+            return SayFormat(L"“%s”是文件夹，不能被录像替换；请用 -o 给出另一个文件名", TextOf(output));
+        case fs::file_type::fifo:
+            return SayFormat(L"“%s”是管道，不能被录像替换；请用 -o 给出另一个文件名", TextOf(output));
+        case fs::file_type::block:
+        case fs::file_type::character:
+            return SayFormat(L"“%s”是设备，不能被录像替换；请用 -o 给出另一个文件名", TextOf(output));
+        default:
+            return SayFormat(L"“%s”不是普通文件，不能被录像替换；请用 -o 给出另一个文件名", TextOf(output));
+    }
+}
+
 // Whether the output may be written, as far as what is there now goes.
 int CheckOutput(const Request& request, bool isYes) {
     const fs::path& output = request.output;
@@ -106,7 +122,7 @@ int CheckOutput(const Request& request, bool isYes) {
     if (!fs::exists(there))
         return kExitOk;
     if (!fs::is_regular_file(there))
-        return Fail(SayFormat(L"“%s”不是普通文件，不能被录像替换", TextOf(output)));
+        return Fail(NoFileText(output, there.type()));
     const CString frame = FrameInTheWay(request);
     if (!frame.IsEmpty())
         return Fail(SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
@@ -175,9 +191,12 @@ struct Size {
     int height = -1;
 };
 
-// Appends one picture; an empty text, or what went wrong.
-CString AddPicture(OrvoAVIFile& recorder, const CString& path, const fs::path& output, Size& size) {
-    CBitmap bitmap;
+CString NotWrittenText(const fs::path& output) {
+    return SayFormat(L"写不进“%s”：文件夹不可写、磁盘已满，或画面太大", TextOf(output));
+}
+
+// Loads one picture and appends it; an empty text, or what went wrong.
+CString AddPicture(OrvoAVIFile& recorder, const CString& path, const fs::path& output, Size& size, CBitmap& bitmap) {
     CString cause;
     if (!LoadPicture(path, bitmap, cause))
         return SayFormat(L"“%s”：%s", Printable(path), cause);
@@ -189,9 +208,7 @@ CString AddPicture(OrvoAVIFile& recorder, const CString& path, const fs::path& o
         return SayFormat(L"“%s”的大小是 %d x %d，而第一幅是 %d x %d：所有画面要一样大", Printable(path),
                          static_cast<int>(information.bmWidth), static_cast<int>(information.bmHeight), size.width,
                          size.height);
-    if (!recorder.AddFrame(bitmap))
-        return SayFormat(L"写不进“%s”：文件夹不可写、磁盘已满，或画面太大", TextOf(output));
-    return CString();
+    return recorder.AddFrame(bitmap) ? CString() : NotWrittenText(output);
 }
 
 // Whether the recorder came to the end: it marks a file as complete last of all.
@@ -210,12 +227,17 @@ CString RecordTo(const fs::path& path, const Request& request, Size& size) {
     {
         OrvoAVIFile recorder(name, -1, -1, request.rate);
         recorder.SetColorNum(static_cast<UINT>(request.bits));
+        std::unique_ptr<CBitmap> picture;
         for (std::size_t i = 0; i < request.frames.size(); ++i) {
             progress.Show(i + 1);
-            const CString wrong = AddPicture(recorder, request.frames[i], request.output, size);
+            picture = std::make_unique<CBitmap>();
+            const CString wrong = AddPicture(recorder, request.frames[i], request.output, size, *picture);
             if (!wrong.IsEmpty())
                 return wrong;
         }
+        // Nothing follows the last one: once more at the end of its second, unless its own position lasts that long.
+        if (request.rate > 1 && !recorder.AddFrame(*picture))
+            return NotWrittenText(request.output);
     }
     return IsComplete(path) ? CString() : SayFormat(L"“%s”没有写完：磁盘可能已满", TextOf(request.output));
 }

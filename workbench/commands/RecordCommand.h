@@ -16,6 +16,7 @@ struct RecordOptions {
     bool isYes = false;             // replace a file without asking
 };
 
-// Gives an ExitCode. The recording grows under a name of its own beside the output and takes its name when it is
-// complete: until then a file of that name stays as it is, and after a failure nothing is left behind.
+// Gives an ExitCode. The last picture is written twice, so that it has its second, too. The recording grows under a
+// name of its own beside the output and takes its name when it is complete: until then a file of that name stays as it
+// is, and after a failure nothing is left behind.
 int RunRecord(const RecordOptions& options, Output& output);

@@ -2,6 +2,8 @@
 import hashlib
 import os
 import random
+import socket
+import stat
 import struct
 import subprocess
 import zlib
@@ -78,7 +80,8 @@ class Record(ProgramTest):
                 answer = self.ok("record", *frames, "-o", "a.avi", "--bits", str(bits), "--yes")
                 self.assertIn(f"{width} x {height}", answer.out)
                 avi = Avi(self.path("a.avi"))
-                self.assertEqual(sorted(avi.samples), [0, 10, 20])
+                self.assertEqual(sorted(avi.samples), [0, 10, 20, 30])
+                self.assertEqual(avi.samples[30], avi.samples[20])
                 row = (width * bits + 31) // 32 * 4
                 colours = 256 if bits == 8 else 0
                 header = struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, row * height, 0, 0, colours, 0)
@@ -87,8 +90,8 @@ class Record(ProgramTest):
                 self.assertEqual({len(sample) for sample in avi.samples.values()}, {row * height})
                 self.assertEqual((avi.main["width"], avi.main["height"]), (width, height))
                 self.assertEqual([avi.stream[side] for side in ("left", "top", "right", "bottom")], [0, 0, width, height])
-                self.assertEqual(self.probe("a.avi", "packet=pts"), ["0", "10", "20"])
-                for decoded, pixels in zip(self.rgb("a.avi", 3), self.pictures, strict=True):
+                self.assertEqual(self.probe("a.avi", "packet=pts"), ["0", "10", "20", "30"])
+                for decoded, pixels in zip(self.rgb("a.avi", 4), [*self.pictures, self.pictures[2]], strict=True):
                     self.compare(decoded, pixels, avi.format[40:])
 
     def compare(self, decoded, pixels, table):
@@ -120,18 +123,25 @@ class Record(ProgramTest):
             with self.subTest(rate=rate):
                 self.ok("record", *frames, "-o", "a.avi", "--rate", str(rate), "--yes")
                 avi = Avi(self.path("a.avi"))
-                self.assertEqual(sorted(avi.samples), [0, rate, 2 * rate, 3 * rate])
-                self.assertEqual(avi.length, 3 * rate + 1)
+                # The last picture is there again at the end of its second, unless a position lasts a second.
+                ends = [] if rate == 1 else [4 * rate]
+                self.assertEqual(sorted(avi.samples), [0, rate, 2 * rate, 3 * rate, *ends])
+                self.assertEqual(avi.length, 4 if rate == 1 else 4 * rate + 1)
                 self.assertEqual((avi.stream["scale"], avi.stream["rate"]), (1, rate))
                 times = self.probe("a.avi", "packet=pts_time")
-                self.assertEqual([float(time) for time in times], [0, 1, 2, 3])
+                self.assertEqual([float(time) for time in times], [0, 1, 2, 3] if rate == 1 else [0, 1, 2, 3, 4])
+                for entry in ("format=duration", "stream=duration"):
+                    duration = float(self.probe("a.avi", entry)[0])
+                    self.assertGreaterEqual(duration, 4)
+                    self.assertLessEqual(duration, 4 + 1 / rate)
 
     def test_players_show_each_picture_for_its_second(self):
         self.ok("record", *self.frames(3), "-o", "a.avi", "--rate", "10")
-        process = self.ffmpeg("a.avi", "-vf", "tpad=stop_mode=clone:stop=9,fps=10", "-f", "framemd5")
+        process = self.ffmpeg("a.avi", "-vf", "fps=10", "-f", "framemd5")
         sums = [line.split()[-1] for line in process.stdout.decode().splitlines() if not line.startswith("#")]
-        self.assertEqual(len(sums), 30)
+        self.assertEqual(len(sums), 31)
         self.assertEqual([len(set(sums[i:i + 10])) for i in (0, 10, 20)], [1, 1, 1])
+        self.assertEqual(sums[30], sums[20])
         self.assertEqual(len(set(sums)), 3)
 
     def test_asks_at_a_terminal_before_it_replaces(self):
@@ -156,11 +166,13 @@ class Record(ProgramTest):
         with open(self.path("a.avi"), "rb") as stream:
             self.assertEqual(stream.read(), b"what was there")
         self.ok("record", *frames, "-o", "a.avi", "--yes")
-        self.assertEqual(Avi(self.path("a.avi")).length, 11)
+        self.assertEqual(Avi(self.path("a.avi")).length, 21)
 
     def test_one_picture_makes_an_animation(self):
         self.ok("record", *self.frames(1), "-o", "a.avi")
-        self.assertEqual(Avi(self.path("a.avi")).length, 1)
+        self.assertEqual(Avi(self.path("a.avi")).length, 11)
+        self.ok("record", *self.frames(1), "-o", "b.avi", "--rate", "1")
+        self.assertEqual(Avi(self.path("b.avi")).length, 1)
 
     def test_wrong_usage(self):
         frames = self.frames(1)
@@ -215,6 +227,28 @@ class Record(ProgramTest):
         os.mkdir(self.path("a.avi"))
         self.assertIn("a.avi", self.refused(FAILED, "record", *self.frames(1), "-o", "a.avi", "--yes").err)
         self.assertEqual(os.listdir(self.path("a.avi")), [])
+
+    def test_what_is_no_file_is_never_replaced(self):
+        frames = self.frames(2)
+        os.mkfifo(self.path("pipe"))
+        os.symlink("pipe", self.path("link"))
+        # By a link of our own: a program that did replace it must not take the machine's device away.
+        os.symlink("/dev/null", self.path("device"))
+        with socket.socket(socket.AF_UNIX) as listener:
+            listener.bind(self.path("socket"))
+            for output, kind in (("pipe", "管道"), ("link", "管道"), ("device", "设备"), ("socket", "不是普通文件")):
+                for yes in ([], ["--yes"]):
+                    with self.subTest(output=output, yes=yes):
+                        answer = self.refused(FAILED, "record", *frames, "-o", output, *yes)
+                        self.assertIn(f"“{output}”", answer.err)
+                        self.assertIn(kind, answer.err)
+                        self.assertIn("-o", answer.err)
+            self.assertTrue(stat.S_ISFIFO(os.stat(self.path("pipe")).st_mode))
+            self.assertTrue(os.path.islink(self.path("link")))
+            self.assertTrue(stat.S_ISCHR(os.stat(self.path("device")).st_mode))
+            self.left_over("pipe", "link", "device", "socket")
+        answer = self.refused(FAILED, "record", *frames, "-o", "pipe", "--yes", LANG="en_US.UTF-8")
+        self.assertEqual(answer.err, "orvo: pipe is a pipe, which a recording cannot replace; name another file with -o\n")
 
     def test_a_picture_is_never_replaced_by_its_recording(self):
         frames = self.frames(2)
