@@ -4,6 +4,9 @@
 
 namespace {
 
+QcUiGridObserver s_observer = nullptr;
+void* s_pObserverContext = nullptr;
+
 // Enter opens an editor where there is something to edit, and is the dialog's elsewhere.
 bool WantsEnter(const QcUiGrid& grid) {
     return grid.GetCurRow() != nullptr && !grid.IsReadOnly();
@@ -33,6 +36,11 @@ LRESULT ContextMenu(WindowLink& link, QcUiGrid& grid, WPARAM wParam, LPARAM lPar
 
 }  // namespace
 
+void SetGridObserver(QcUiGridObserver observer, void* context) {
+    s_observer = observer;
+    s_pObserverContext = context;
+}
+
 LRESULT GridProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* grid = dynamic_cast<QcUiGrid*>(link.m_pWnd);
     if (grid == nullptr)
@@ -58,6 +66,8 @@ LRESULT GridProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lPar
             return DLGC_WANTARROWS | (wParam == VK_RETURN && WantsEnter(*grid) ? DLGC_WANTALLKEYS : 0);
         case WM_DESTROY:
             grid->EndEditCell();
+            if (s_observer != nullptr)
+                s_observer(*grid, s_pObserverContext);
             return 0;
         default:
             return CommonProcedure(link, message, wParam, lParam);

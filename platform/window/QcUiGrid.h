@@ -155,3 +155,8 @@ private:
 
     std::unique_ptr<Impl> m_pImpl;
 };
+
+// The host may look at each grid whose window goes: its edit has ended, and its rows are still there. One observer,
+// null for none; the context must outlive its use.
+using QcUiGridObserver = void (*)(const QcUiGrid& grid, void* context);
+ORVO_API void SetGridObserver(QcUiGridObserver observer, void* context);

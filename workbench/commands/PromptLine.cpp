@@ -13,6 +13,7 @@
 #include "workbench/commands/Output.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/commands/UsageText.h"
+#include "workbench/commands/ZoneEditorWatch.h"
 
 namespace {
 
@@ -33,7 +34,11 @@ int UnknownCommand(const CString& word) {
 }
 
 int RunHostCommand(AcRxFunctionPtr function) {
-    function();
+    {
+        const ZoneEditorWatch watch;
+        function();
+        watch.Report();
+    }
     return std::fflush(stdout) == 0 ? kExitOk : kExitFailed;
 }
 
