@@ -56,14 +56,14 @@ double WritePlain(const fs::path& path, const std::vector<std::vector<char>>& fr
     return Seconds(start);
 }
 
-double WriteAvi(const fs::path& path, const std::vector<std::vector<char>>& frames) {
+double WriteAvi(const fs::path& path, std::vector<std::vector<char>>& frames) {
     const Clock::time_point start = Clock::now();
     AVISTREAMINFOW info{};
     info.fccType = streamtypeVIDEO;
     info.dwScale = 1;
     info.dwRate = 1;
     info.rcFrame = {0, 0, kWidth, kHeight};
-    const BITMAPINFOHEADER format = {40, kWidth, kHeight, 1, 24, BI_RGB, kFrameBytes, 0, 0, 0, 0};
+    BITMAPINFOHEADER format = {40, kWidth, kHeight, 1, 24, BI_RGB, kFrameBytes, 0, 0, 0, 0};
     PAVIFILE file = nullptr;
     PAVISTREAM stream = nullptr;
     if (AVIFileOpenW(&file, FromUtf8(path.string()), OF_WRITE | OF_CREATE, nullptr) != AVIERR_OK ||
@@ -71,7 +71,7 @@ double WriteAvi(const fs::path& path, const std::vector<std::vector<char>>& fram
         AVIStreamSetFormat(stream, 0, &format, sizeof format) != AVIERR_OK)
         std::abort();
     for (int i = 0; i < kFrames; ++i) {
-        const std::vector<char>& frame = frames[static_cast<std::size_t>(i) % frames.size()];
+        std::vector<char>& frame = frames[static_cast<std::size_t>(i) % frames.size()];
         if (AVIStreamWrite(stream, i, 1, frame.data(), static_cast<LONG>(frame.size()), AVIIF_KEYFRAME, nullptr,
                            nullptr) != AVIERR_OK)
             std::abort();

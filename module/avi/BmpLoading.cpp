@@ -5,6 +5,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "avi/FilePath.h"
 #include "avi/LockedBlock.h"
 #include "avi/OrvoAVIFile.h"
 #include "platform/media/DeviceContext.h"
@@ -79,7 +80,7 @@ HBITMAP MakeBitmap(BYTE* bytes, std::uint64_t size) {
 BOOL OrvoAVIFile::LoadBMPImage(const wchar_t* path, CBitmap& bitmap) {
     if (path == nullptr || bitmap.GetSafeHandle() != nullptr)
         return FALSE;
-    const std::filesystem::path name(ToUtf8(path));
+    const std::filesystem::path name = FilePathOf(path);
     const std::uint64_t fileSize = SizeOfFile(name);
     BITMAPFILEHEADER start{};
     // Asked before opening: opening a pipe would wait for whoever writes to it.

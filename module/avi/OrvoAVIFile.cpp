@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 #include <utility>
 
+#include "avi/FilePath.h"
 #include "avi/LockedBlock.h"
 #include "frame/Resources.h"
 #include "platform/base/Abandon.h"
@@ -22,20 +24,16 @@ bool IsVersionEnough() {
     return (VideoForWindowsVersion() >> 16) >= kLeastVersion;
 }
 
-std::filesystem::path PathOf(const wchar_t* path) {
-    return {ToUtf8(path)};
-}
-
 // Whether anything bears this name, be it a file or a folder.
 bool Exists(const wchar_t* path) {
     std::error_code error;
-    return std::filesystem::exists(std::filesystem::symlink_status(PathOf(path), error));
+    return std::filesystem::exists(std::filesystem::symlink_status(FilePathOf(path), error));
 }
 
 // A file only: a folder, a pipe or a device that is in the way stays, and opening the file fails.
 void DeleteExisting(const wchar_t* path) {
     std::error_code error;
-    const std::filesystem::path name = PathOf(path);
+    const std::filesystem::path name = FilePathOf(path);
     const std::filesystem::file_status there = std::filesystem::symlink_status(name, error);
     if (std::filesystem::is_regular_file(there) || std::filesystem::is_symlink(there))
         std::filesystem::remove(name, error);
@@ -45,8 +43,8 @@ LONG HeaderBytes(const BITMAPINFOHEADER& header) {
     return static_cast<LONG>(header.biSize + kColourEntry * header.biClrUsed);
 }
 
-const BYTE* Pixels(const BITMAPINFOHEADER& header) {
-    return reinterpret_cast<const BYTE*>(&header) + HeaderBytes(header);
+BYTE* Pixels(BITMAPINFOHEADER& header) {
+    return reinterpret_cast<BYTE*>(&header) + HeaderBytes(header);
 }
 
 }  // namespace
@@ -125,7 +123,7 @@ BOOL OrvoAVIFile::AddFrame(CBitmap& bitmap) {
     LockedBlock dib(MakeDib(bitmap, m_nColorBits));
     if (dib.Address() == nullptr)
         return FALSE;
-    const auto& header = *static_cast<const BITMAPINFOHEADER*>(dib.Address());
+    auto& header = *static_cast<BITMAPINFOHEADER*>(dib.Address());
     if ((m_nWidth >= 0 && m_nWidth != header.biWidth) || (m_nHeight >= 0 && m_nHeight != header.biHeight))
         return FALSE;
     m_nWidth = header.biWidth;
@@ -149,7 +147,7 @@ bool OrvoAVIFile::AskToReplace() {
     return MessageBox(m_hSaveOptionsParentWnd, text, TranslateText(L"自动录像"), MB_YESNO) == IDYES;
 }
 
-bool OrvoAVIFile::CreateFileFor(const BITMAPINFOHEADER& header) {
+bool OrvoAVIFile::CreateFileFor(BITMAPINFOHEADER& header) {
     ReleaseAll();  // of a recording before the last Init
     // Init sets the mark again, but does not make the interface newer.
     if (!IsVersionEnough() || AVIFileOpenW(&m_pAviFile, m_strFileName, OF_WRITE | OF_CREATE, nullptr) != AVIERR_OK)
@@ -165,10 +163,12 @@ bool OrvoAVIFile::CreateFileFor(const BITMAPINFOHEADER& header) {
            AVIStreamSetFormat(m_pStream, 0, &header, HeaderBytes(header)) == AVIERR_OK;
 }
 
-bool OrvoAVIFile::WriteFrame(const BITMAPINFOHEADER& header) {
+// A position that the stream cannot count is none.
+bool OrvoAVIFile::WriteFrame(BITMAPINFOHEADER& header) {
     const std::int64_t position = std::int64_t{m_nFrameCount} * m_nRate;
-    return AVIStreamWrite(m_pStream, position, 1, Pixels(header), static_cast<LONG>(header.biSizeImage), AVIIF_KEYFRAME,
-                          nullptr, nullptr) == AVIERR_OK;
+    return position <= std::numeric_limits<LONG>::max() &&
+           AVIStreamWrite(m_pStream, static_cast<LONG>(position), 1, Pixels(header),
+                          static_cast<LONG>(header.biSizeImage), AVIIF_KEYFRAME, nullptr, nullptr) == AVIERR_OK;
 }
 
 BOOL OrvoAVIFile::Compress() {

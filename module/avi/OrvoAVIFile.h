@@ -69,8 +69,8 @@ private:
     void InitVideo();
     void ReleaseAll();
     bool AskToReplace();
-    bool CreateFileFor(const struct BITMAPINFOHEADER& header);
-    bool WriteFrame(const struct BITMAPINFOHEADER& header);
+    bool CreateFileFor(struct BITMAPINFOHEADER& header);
+    bool WriteFrame(struct BITMAPINFOHEADER& header);
 
     CString m_strFileName;
     UINT m_nColorBits;

@@ -128,7 +128,7 @@ int AviFileInitCount() {
     return s_initCount;
 }
 
-HRESULT AVIFileOpenW(PAVIFILE* file, const wchar_t* path, UINT mode, const CLSID* handler) {
+HRESULT AVIFileOpenW(PAVIFILE* file, const wchar_t* path, UINT mode, CLSID* handler) {
     if (!file)
         return AVIERR_BADPARAM;
     *file = nullptr;
@@ -148,7 +148,7 @@ HRESULT AVIFileOpenW(PAVIFILE* file, const wchar_t* path, UINT mode, const CLSID
     return *file ? AVIERR_OK : AVIERR_MEMORY;
 }
 
-HRESULT AVIFileCreateStreamW(PAVIFILE file, PAVISTREAM* stream, const AVISTREAMINFOW* info) {
+HRESULT AVIFileCreateStreamW(PAVIFILE file, PAVISTREAM* stream, AVISTREAMINFOW* info) {
     if (!stream)
         return AVIERR_BADPARAM;
     *stream = nullptr;
@@ -174,7 +174,7 @@ HRESULT AVIFileCreateStreamW(PAVIFILE file, PAVISTREAM* stream, const AVISTREAMI
     return AVIERR_OK;
 }
 
-HRESULT AVIStreamSetFormat(PAVISTREAM stream, std::int64_t position, const void* format, LONG bytes) {
+HRESULT AVIStreamSetFormat(PAVISTREAM stream, LONG position, void* format, LONG bytes) {
     const std::shared_ptr<AviStream> object = Streams().Find(stream);
     if (!object)
         return AVIERR_BADHANDLE;
@@ -191,8 +191,8 @@ HRESULT AVIStreamSetFormat(PAVISTREAM stream, std::int64_t position, const void*
     }
 }
 
-HRESULT AVIStreamWrite(PAVISTREAM stream, std::int64_t position, LONG samples, const void* buffer, LONG bytes,
-                       DWORD flags, LONG* samplesWritten, LONG* bytesWritten) {
+HRESULT AVIStreamWrite(PAVISTREAM stream, LONG position, LONG samples, void* buffer, LONG bytes, DWORD flags,
+                       LONG* samplesWritten, LONG* bytesWritten) {
     if (samplesWritten)
         *samplesWritten = 0;
     if (bytesWritten)
@@ -215,8 +215,8 @@ HRESULT AVIStreamWrite(PAVISTREAM stream, std::int64_t position, LONG samples, c
     return result;
 }
 
-HRESULT AVIMakeCompressedStream(PAVISTREAM* compressed, PAVISTREAM source, const AVICOMPRESSOPTIONS* options,
-                                const CLSID* handler) {
+HRESULT AVIMakeCompressedStream(PAVISTREAM* compressed, PAVISTREAM source, AVICOMPRESSOPTIONS* options,
+                                CLSID* handler) {
     if (!compressed)
         return AVIERR_BADPARAM;
     *compressed = nullptr;

@@ -9,9 +9,10 @@
 //
 // Files and streams are counted: a stream keeps its file, a compressed stream its source. Releasing a handle once too
 // often does nothing. All may be called from any thread, one at a time for each file.
+//
+// Infos, formats, samples and options are taken as the framework takes them, by pointers to what could be changed, but
+// nothing is ever written to them.
 #pragma once
-
-#include <cstdint>
 
 #include "platform/base/Api.h"
 #include "platform/base/FrameworkTypes.h"
@@ -89,22 +90,22 @@ ORVO_API int AviFileInitCount();
 
 // Makes a new file, in place of one of the same name. mode must be OF_WRITE | OF_CREATE and the handler null.
 // AVIERR_FILEOPEN when the file cannot be made: what was there then stays.
-ORVO_API HRESULT AVIFileOpenW(PAVIFILE* file, const wchar_t* path, UINT mode, const CLSID* handler);
+ORVO_API HRESULT AVIFileOpenW(PAVIFILE* file, const wchar_t* path, UINT mode, CLSID* handler);
 // Adds the file's one stream, of type "vids". AVIERR_BADPARAM for a scale or rate that is 0 or beyond 31 bits,
 // AVIERR_UNSUPPORTED for a second stream or another type.
-ORVO_API HRESULT AVIFileCreateStreamW(PAVIFILE file, PAVISTREAM* stream, const AVISTREAMINFOW* info);
+ORVO_API HRESULT AVIFileCreateStreamW(PAVIFILE file, PAVISTREAM* stream, AVISTREAMINFOW* info);
 // Sets the format of all samples: an info header with its colour table, at most 64 KiB. Only at position 0 and before
 // the first sample.
-ORVO_API HRESULT AVIStreamSetFormat(PAVISTREAM stream, std::int64_t position, const void* format, LONG bytes);
+ORVO_API HRESULT AVIStreamSetFormat(PAVISTREAM stream, LONG position, void* format, LONG bytes);
 // Appends one sample (samples must be 1). The position is the stream's end or later (-1 for the end). A gap that no
 // file can hold, or the disk has no room for, is refused before anything is written. AVIERR_FILEWRITE when the disk
 // does not take the sample: the file then ends with the one before. The counts written may be null.
-ORVO_API HRESULT AVIStreamWrite(PAVISTREAM stream, std::int64_t position, LONG samples, const void* buffer, LONG bytes,
-                                DWORD flags, LONG* samplesWritten, LONG* bytesWritten);
+ORVO_API HRESULT AVIStreamWrite(PAVISTREAM stream, LONG position, LONG samples, void* buffer, LONG bytes, DWORD flags,
+                                LONG* samplesWritten, LONG* bytesWritten);
 // A stream that codes what is written to it and passes it on to the source. There are no codecs here: only options
 // whose handler is 0 or "DIB ", for samples as they are, are served; others give AVIERR_NOCOMPRESSOR.
-ORVO_API HRESULT AVIMakeCompressedStream(PAVISTREAM* compressed, PAVISTREAM source, const AVICOMPRESSOPTIONS* options,
-                                         const CLSID* handler);
+ORVO_API HRESULT AVIMakeCompressedStream(PAVISTREAM* compressed, PAVISTREAM source, AVICOMPRESSOPTIONS* options,
+                                         CLSID* handler);
 
 // These give what is left of the object's count, 0 for a handle that names none. The last one finishes the file.
 ORVO_API DWORD AVIStreamRelease(PAVISTREAM stream);

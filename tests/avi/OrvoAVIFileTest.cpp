@@ -376,6 +376,34 @@ TEST_F(Recording, ADerivedRecorderMayWriteFramesItself) {
     EXPECT_EQ(recorder.widths, std::vector<LONG>{6});
 }
 
+// A path by units of either width: pairs of surrogates are one character, and a half of one is U+FFFD.
+TEST_F(Recording, FindsFilesWhateverCharactersTheirNamesHold) {
+    const wchar_t pair[] = {static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0xDE00), 0};
+    const wchar_t low[] = {static_cast<wchar_t>(0xDE00), 0};
+    const wchar_t high[] = {static_cast<wchar_t>(0xD83D), L'x', 0};
+    const std::pair<CString, std::string> names[] = {
+        {L"日照 ä", "日照 ä"},   {L"\U0001F600", "\xF0\x9F\x98\x80"}, {pair, "\xF0\x9F\x98\x80"}, {low, "\xEF\xBF\xBD"},
+        {high, "\xEF\xBF\xBDx"},
+    };
+    CBitmap picture;
+    MakePicture(picture);
+    for (const auto& [text, bytes] : names) {
+        m_tree.Write(bytes, "what was there");
+        int asked = 0;
+        const ModalDriver driver([&asked](const ModalWindow&) {
+            ++asked;
+            return 7;  // No
+        });
+        OrvoAVIFile recorder(m_tree.File("") + text, -1, -1, 1);
+        EXPECT_EQ(recorder.AddFrame(picture), 0) << bytes;
+        EXPECT_EQ(asked, 1) << bytes;
+        EXPECT_EQ(m_tree.Read(bytes), "what was there") << bytes;
+        EXPECT_EQ(recorder.AddFrame(m_tree.File("") + text), 1) << bytes;
+        std::filesystem::remove(m_tree / bytes);
+        EXPECT_EQ(recorder.AddFrame(m_tree.File("") + text), 0) << bytes << " is gone";
+    }
+}
+
 // ---- The question. ----
 
 class ExistingFile : public Recording {

@@ -49,13 +49,13 @@ protected:
 
     // A file that is ready for samples.
     void Open(DWORD rate = 10) {
-        const AVISTREAMINFOW info = Info(rate);
-        const BITMAPINFOHEADER format = Format();
+        AVISTREAMINFOW info = Info(rate);
+        BITMAPINFOHEADER format = Format();
         ASSERT_EQ(AVIFileOpenW(&m_file, m_tree.File("a.avi"), kCreate, nullptr), AVIERR_OK);
         ASSERT_EQ(AVIFileCreateStreamW(m_file, &m_stream, &info), AVIERR_OK);
         ASSERT_EQ(AVIStreamSetFormat(m_stream, 0, &format, sizeof format), AVIERR_OK);
     }
-    HRESULT Write(std::int64_t position, const std::string& bytes, DWORD flags = AVIIF_KEYFRAME) {
+    HRESULT Write(LONG position, std::string bytes, DWORD flags = AVIIF_KEYFRAME) {
         return AVIStreamWrite(m_stream, position, 1, bytes.data(), static_cast<LONG>(bytes.size()), flags, nullptr,
                               nullptr);
     }
@@ -126,7 +126,7 @@ TEST_F(AviFileTest, TellsWhatItWasTold) {
     EXPECT_EQ(avi.Stream(36), static_cast<std::uint32_t>(kSample));
     EXPECT_EQ(avi.Stream16(52), 4U) << "right";
     EXPECT_EQ(avi.Stream16(54), 2U) << "bottom";
-    const BITMAPINFOHEADER format = Format();
+    BITMAPINFOHEADER format = Format();
     EXPECT_EQ(avi.Format(), std::string(reinterpret_cast<const char*>(&format), sizeof format));
 }
 
@@ -193,10 +193,11 @@ TEST_F(AviFileTest, SaysHowMuchWasWritten) {
     Open();
     LONG samples = -1;
     LONG bytes = -1;
-    EXPECT_EQ(AVIStreamWrite(m_stream, 0, 1, "ab", 2, 0, &samples, &bytes), AVIERR_OK);
+    char sample[] = "ab";
+    EXPECT_EQ(AVIStreamWrite(m_stream, 0, 1, sample, 2, 0, &samples, &bytes), AVIERR_OK);
     EXPECT_EQ(samples, 1);
     EXPECT_EQ(bytes, 2);
-    EXPECT_LT(AVIStreamWrite(m_stream, 0, 1, "ab", 2, 0, &samples, &bytes), 0);
+    EXPECT_LT(AVIStreamWrite(m_stream, 0, 1, sample, 2, 0, &samples, &bytes), 0);
     EXPECT_EQ(samples, 0);
     EXPECT_EQ(bytes, 0);
     Close();
@@ -209,9 +210,10 @@ TEST_F(AviFileTest, RefusesWhatCannotBeAppended) {
     EXPECT_EQ(Write(4, Sample(2)), AVIERR_UNSUPPORTED) << "it is there already";
     EXPECT_EQ(Write(2, Sample(2)), AVIERR_UNSUPPORTED) << "a gap cannot be filled later";
     EXPECT_EQ(Write(-2, Sample(2)), AVIERR_BADPARAM);
-    EXPECT_EQ(AVIStreamWrite(m_stream, 5, 2, "ab", 2, 0, nullptr, nullptr), AVIERR_BADPARAM);
-    EXPECT_EQ(AVIStreamWrite(m_stream, 5, 0, "ab", 2, 0, nullptr, nullptr), AVIERR_BADPARAM);
-    EXPECT_EQ(AVIStreamWrite(m_stream, 5, 1, "ab", -1, 0, nullptr, nullptr), AVIERR_BADPARAM);
+    char sample[] = "ab";
+    EXPECT_EQ(AVIStreamWrite(m_stream, 5, 2, sample, 2, 0, nullptr, nullptr), AVIERR_BADPARAM);
+    EXPECT_EQ(AVIStreamWrite(m_stream, 5, 0, sample, 2, 0, nullptr, nullptr), AVIERR_BADPARAM);
+    EXPECT_EQ(AVIStreamWrite(m_stream, 5, 1, sample, -1, 0, nullptr, nullptr), AVIERR_BADPARAM);
     EXPECT_EQ(AVIStreamWrite(m_stream, 5, 1, nullptr, 2, 0, nullptr, nullptr), AVIERR_BADPARAM);
     EXPECT_EQ(Write(5, Sample(3)), AVIERR_OK) << "nothing of that did any harm";
     EXPECT_EQ(Close().Samples().size(), 6U);
@@ -221,8 +223,6 @@ TEST_F(AviFileTest, RefusesGapsThatNoFileHolds) {
     Open();
     EXPECT_EQ(Write(0, Sample(0)), AVIERR_OK);
     const std::size_t size = Read().Size();
-    EXPECT_LT(Write(std::int64_t{1} << 31, Sample(1)), 0);
-    EXPECT_LT(Write(std::int64_t{1} << 62, Sample(1)), 0);
     EXPECT_LT(Write(0x7FFFFFFF, Sample(1)), 0);
     EXPECT_EQ(Read().Size(), size) << "nothing was written";
     EXPECT_EQ(Write(1, Sample(1)), AVIERR_OK);
@@ -243,7 +243,7 @@ TEST_F(AviFileTest, StreamsNeedAScaleAndARate) {
     sound.fccType = mmioFOURCC('a', 'u', 'd', 's');
     EXPECT_EQ(AVIFileCreateStreamW(m_file, &m_stream, &sound), AVIERR_UNSUPPORTED);
     EXPECT_EQ(AVIFileCreateStreamW(m_file, &m_stream, nullptr), AVIERR_BADPARAM);
-    const AVISTREAMINFOW info = Info();
+    AVISTREAMINFOW info = Info();
     EXPECT_EQ(AVIFileCreateStreamW(m_file, &m_stream, &info), AVIERR_OK);
     PAVISTREAM second = nullptr;
     EXPECT_EQ(AVIFileCreateStreamW(m_file, &second, &info), AVIERR_UNSUPPORTED);
@@ -253,8 +253,8 @@ TEST_F(AviFileTest, StreamsNeedAScaleAndARate) {
 }
 
 TEST_F(AviFileTest, TheFormatComesBeforeTheFirstSample) {
-    const AVISTREAMINFOW info = Info();
-    const BITMAPINFOHEADER format = Format();
+    AVISTREAMINFOW info = Info();
+    BITMAPINFOHEADER format = Format();
     ASSERT_EQ(AVIFileOpenW(&m_file, m_tree.File("a.avi"), kCreate, nullptr), AVIERR_OK);
     ASSERT_EQ(AVIFileCreateStreamW(m_file, &m_stream, &info), AVIERR_OK);
     EXPECT_EQ(Write(0, Sample(0)), AVIERR_BADFORMAT);
@@ -313,9 +313,9 @@ TEST_F(AviFileTest, AStreamKeepsItsFileOpen) {
 }
 
 TEST_F(AviFileTest, HandlesThatNameNothingAreRefused) {
-    const AVISTREAMINFOW info = Info();
-    const BITMAPINFOHEADER format = Format();
-    const AVICOMPRESSOPTIONS options{};
+    AVISTREAMINFOW info = Info();
+    BITMAPINFOHEADER format = Format();
+    AVICOMPRESSOPTIONS options{};
     EXPECT_EQ(AVIFileCreateStreamW(nullptr, &m_stream, &info), AVIERR_BADHANDLE);
     EXPECT_EQ(AVIStreamSetFormat(nullptr, 0, &format, 40), AVIERR_BADHANDLE);
     EXPECT_EQ(Write(0, Sample(0)), AVIERR_BADHANDLE);
@@ -402,7 +402,7 @@ TEST_F(AviFileTest, AFullDiskAtTheEndKeepsTheSamplesAndSaysSo) {
 class AviParts : public testing::Test {
 protected:
     void Open(std::uint64_t partSize) {
-        const BITMAPINFOHEADER format = Format();
+        BITMAPINFOHEADER format = Format();
         ASSERT_TRUE(m_writer.Create(m_tree / "a.avi"));
         m_writer.SetInfo(Info());
         m_writer.SetPartSize(partSize);
@@ -479,7 +479,7 @@ TEST_F(AviParts, AFullDiskBetweenThemLeavesTheSamplesBefore) {
     const std::size_t after = m_tree.Read("a.avi").size();
     for (std::size_t size = before.size(); size < after; size += 7) {
         AviWriter writer;
-        const BITMAPINFOHEADER format = Format();
+        BITMAPINFOHEADER format = Format();
         ASSERT_TRUE(writer.Create(m_tree / "b.avi"));
         writer.SetInfo(Info());
         writer.SetPartSize(6000);
