@@ -1,9 +1,6 @@
 // Reading Y年M月D日.
 #include "calendar/DateText.h"
 
-#include <cstddef>
-
-#include "platform/base/CString.h"
 #include "platform/base/TextNumber.h"
 
 namespace {
@@ -16,9 +13,8 @@ int NumberBetween(const CString& text, int mark, int end) {
 
 }  // namespace
 
-DateText ParseDateText(std::wstring_view text) {
+DateText ParseDateText(const CString& date) {
     // The marks are literal, not translated: they belong to what files hold.
-    const CString date(text);
     const int year = date.Find(L"年");
     const int month = date.Find(L"月");
     const int day = date.Find(L"日");

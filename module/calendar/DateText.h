@@ -1,7 +1,7 @@
 // Reading the dates that people see and files hold: Y年M月D日, or M月D日 without a year.
 #pragma once
 
-#include <string_view>
+#include "platform/base/CString.h"
 
 // A day of any year, in calendar order. Not validated.
 struct MonthDay {
@@ -22,4 +22,4 @@ struct DateText {
 // The year is the number before the first 年, the month the one between 年 (without it: the start) and the first 月,
 // the day the one between 月 (without it: the start) and the first 日. A number that is missing, unreadable or not in
 // that order reads as 0.
-DateText ParseDateText(std::wstring_view text);
+DateText ParseDateText(const CString& date);

@@ -39,10 +39,12 @@ CString JoinRows(const QcPDList<OrvoColorMap>& rows) {
 
 CString JoinColors(const QcDList<int>& colors) {
     CString text;
+    CString piece;
     for (const int* color = colors.GetFirst(); color; color = colors.GetNext(color)) {
         if (!text.IsEmpty())
             text += L';';
-        text += IntToText(*color);
+        piece.Format(L"%d", *color);
+        text += piece;
     }
     return text;
 }

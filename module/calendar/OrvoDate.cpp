@@ -74,7 +74,7 @@ CString OrvoDate::GetDateXmlString() const {
 
 void OrvoDate::SetDate(const wchar_t* text) {
     Reset();
-    const DateText parsed = ParseDateText(text ? text : L"");
+    const DateText parsed = ParseDateText(text);
     if (parsed.hasYear)
         m_nYear = parsed.year;
     m_nMonth = parsed.date.month;

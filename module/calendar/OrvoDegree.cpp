@@ -38,15 +38,10 @@ struct RoundedMinutes {
     int minute;
 };
 
-// Unlike _wtoi this knows no sign.
+// Two characters. Unlike _wtoi this knows no sign; one behind a blank has no digit behind it anyway.
 int ReadDigits(const CString& text) {
-    for (const wchar_t character : text.View()) {
-        if (character == L'-' || character == L'+')
-            return 0;
-        if (!IsTextSpace(character))
-            break;
-    }
-    return _wtoi(text);
+    const CString first = text.Left(1);
+    return first == L"-" || first == L"+" ? 0 : _wtoi(text);
 }
 
 bool HoldsDouble(const QcDtDictItem* item) {

@@ -14,7 +14,7 @@ bool IsTerm(const QcDtDictItem* item) {
 
 MonthDay OrvoSTerm::GetMonthDay() const {
     if (m_strDate != m_strParsed) {
-        m_parsed = ParseDateText(m_strDate.View()).date;
+        m_parsed = ParseDateText(m_strDate).date;
         m_strParsed = m_strDate;
     }
     return m_parsed;

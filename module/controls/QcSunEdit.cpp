@@ -1,8 +1,6 @@
 // The caret's ways through the template, and what keys do.
 #include "controls/QcSunEdit.h"
 
-#include <string_view>
-
 #include "controls/PrintableCharacter.h"
 #include "platform/base/TextNumber.h"
 #include "platform/window/CPropertyPage.h"
@@ -20,12 +18,9 @@ int FindForward(const CString& grammar, int start) {
 
 // The last typeable index up to `start`, going around at the beginning; -1 when there is none.
 int FindBackward(const CString& grammar, int start) {
-    const std::wstring_view text = grammar.View();
-    const auto from = start < 0 ? std::wstring_view::npos : static_cast<std::size_t>(start);
-    std::size_t found = text.rfind(kTypeable, from);
-    if (found == std::wstring_view::npos)
-        found = text.rfind(kTypeable);
-    return found == std::wstring_view::npos ? -1 : static_cast<int>(found);
+    const bool isWithin = start >= 0 && start < grammar.GetLength();
+    const int found = isWithin ? grammar.Left(start + 1).ReverseFind(kTypeable) : -1;
+    return found >= 0 ? found : grammar.ReverseFind(kTypeable);
 }
 
 // What would change the text past the template, or offer to.

@@ -22,7 +22,7 @@ const wchar_t* const kNoSettingsFile = L"\n加载选项配置文件失败！未�
 bool FindOrReport(const wchar_t* file, const wchar_t* message, CString& path) {
     if (FindFile(file, path))
         return true;
-    acutPrintf(L"%s", TranslateText(message));
+    acutPrintf(L"%s", TranslateText(message).GetString());
     return false;
 }
 

@@ -34,13 +34,15 @@ private:
 // the built-in text itself; null gives an empty text.
 ORVO_API CString TranslateText(const wchar_t* text);
 
-// Fills a built-in printf-style format after translating it. A translation that asks for other arguments than the
-// built-in format (see HasSameConversions) is passed over in favour of the built-in format.
+// The translation of a built-in printf-style format; the format itself where the translation asks for arguments of
+// other kinds or in another order, or is no sound format. (The built-in ones are.)
+CString TranslateFormat(const wchar_t* format);
+
+// Fills a built-in printf-style format after translating it.
 template <class... Args>
 CString FormatTranslated(const wchar_t* format, const Args&... args) {
-    const CString translated = TranslateText(format);
     CString text;
-    text.Format(HasSameConversions(format, translated) ? translated.GetString() : format, args...);
+    text.Format(TranslateFormat(format), args...);
     return text;
 }
 

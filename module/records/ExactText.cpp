@@ -3,12 +3,12 @@
 
 namespace {
 
-bool GetEntry(const CListBox& control, int index, CString& text) {
-    return control.GetText(index, text) != LB_ERR;
+void GetEntry(const CListBox& control, int index, CString& text) {
+    control.GetText(index, text);
 }
 
-bool GetEntry(const CComboBox& control, int index, CString& text) {
-    return control.GetLBText(index, text) != CB_ERR;
+void GetEntry(const CComboBox& control, int index, CString& text) {
+    control.GetLBText(index, text);
 }
 
 template <class Control>
@@ -16,7 +16,8 @@ int FindEntry(const Control& control, const CString& text) {
     const int count = control.GetCount();
     for (int i = 0; i < count; ++i) {
         CString entry;
-        if (GetEntry(control, i, entry) && entry == text)
+        GetEntry(control, i, entry);
+        if (entry == text)
             return i;
     }
     return -1;

@@ -3,8 +3,7 @@
 
 #include <memory>
 #include <new>
-#include <string_view>
-#include <unordered_set>
+#include <set>
 
 #include "frame/ConfigDictionaries.h"
 #include "frame/Resources.h"
@@ -116,10 +115,10 @@ void OrvoPlaceDlg::FillLists() {
     m_listProvince.ResetContent();
     m_listCity.ResetContent();
     int provinceEntry = 0;
-    std::unordered_set<std::wstring_view> listed;  // the same exact search as in the list, but not as long as that is
+    std::set<CString> listed;  // the same exact search as in the list, but not as long as that is
     for (long i = 0; i < m_arrZone.GetLength(); ++i) {
         const CString& province = m_arrZone.GetAt(i)->m_strProvince;
-        if (!listed.insert(province.View()).second)
+        if (!listed.insert(province).second)
             continue;
         const int entry = m_listProvince.AddString(province);
         if (province == current)

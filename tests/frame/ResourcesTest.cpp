@@ -5,12 +5,16 @@
 
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "avi/OrvoAVIFile.h"
+#include "calendar/OrvoDate.h"
+#include "calendar/OrvoDegree.h"
 #include "platform/base/Language.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/host/ExtensionModule.h"
+#include "support/TableSwitch.h"
 
 namespace {
 
@@ -212,18 +216,34 @@ TEST_F(Resources, AreCurrentWhileATextIsLookedUp) {
     EXPECT_EQ(g_pCurModuleLang, &outside);
 }
 
+// Formats are translated wherever the module fills one; a date's asks for three whole numbers.
 TEST_F(Resources, FillATranslatedFormat) {
-    RecordingSwitch language;
-    g_pTeskLangSwitch = &language;
-    EXPECT_EQ(FormatTranslated(L"%d-%s", 5, CString(L"x")), L"<5-x>");
+    for (const auto& [format, text] :
+         {std::pair(L"%d/%d/%d", L"2001/2/3"), std::pair(L"%5i|%-3d|%.2u", L" 2001|2  |03"),
+          std::pair(L"100%% %ld %x %o", L"100% 2001 2 3")}) {
+        const TableSwitch language({{L"%4d年%2d月%2d日", format}});
+        EXPECT_EQ(OrvoDate(2001, 2, 3).GetDateString(), text);
+    }
 }
 
 TEST_F(Resources, PassOverATranslatedFormatThatAsksForOtherArguments) {
-    class BadSwitch : public TeskLanguageSwitch {
-        CString Translate(const wchar_t*) const override { return L"%s%n%2000000000d"; }
-    } language;
-    g_pTeskLangSwitch = &language;
-    EXPECT_EQ(FormatTranslated(L"%d度", 5), L"5度");
+    for (const wchar_t* format :
+         {L"%d/%d", L"%d/%d/%d/%d", L"%d/%s/%d", L"%s/%d/%d", L"%d/%d/%f", L"%d/%d/%lld", L"%d/%d/%ls", L"%d/%d/%n",
+          L"%d/%d/%*d", L"%100d/%d/%d", L"%d/%d/%.100d", L"%d/%d/%d %", L"%d/%d/%-", L"%d/%d/%3.", L"", L"date"}) {
+        const TableSwitch language({{L"%4d年%2d月%2d日", format}});
+        EXPECT_EQ(OrvoDate(2001, 2, 3).GetDateString(), L"2001年 2月 3日") << ToUtf8(format);
+    }
+}
+
+// The order counts, too: here the built-in format asks for a text and two whole numbers.
+TEST_F(Resources, PassOverATranslatedFormatInAnotherOrder) {
+    const OrvoDegree degree(-1.5);
+    {
+        const TableSwitch language({{L"%s%.3d度%.2d分", L"%d %d %s"}});
+        EXPECT_EQ(degree.Format(false), L"-001度30分");
+    }
+    const TableSwitch language({{L"%s%.3d度%.2d分", L"%s%d d %d"}});
+    EXPECT_EQ(degree.Format(false), L"-1 d 30");
 }
 
 TEST(ModuleState, HasAVirtualScopeAndTheDefaultAnimationPath) {
