@@ -1,5 +1,6 @@
 # Turns a resource script into a C++ source that holds its text, with the header of its numbers in place of the header's
-# include, so that whoever reads the text at run time needs no files.
+# include, so that whoever reads the text at run time needs no files. The text is a symbol of the library that the source
+# is linked into, by which platform/host/ResourceText.h finds it.
 # cmake -DSCRIPT=file.rc -DHEADER=Resource.h -DOUTPUT=file.cpp -P EmbedScript.cmake
 file(READ ${HEADER} header)
 file(READ ${SCRIPT} script)
@@ -19,14 +20,11 @@ string(HEX "${script}" bytes)
 string(REGEX REPLACE "(................................)" "\\1\n" bytes "${bytes}")
 string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," bytes "${bytes}")
 file(WRITE ${OUTPUT} "// Made from ${name} and its script while building.
-#include \"resources/ModuleResourceText.h\"
+#include \"platform/base/Api.h\"
 
-namespace {
-constexpr char kText[] = {
-${bytes}};
-}  // namespace
-
-std::string_view ModuleResourceText() {
-    return {kText, sizeof kText};
+extern \"C\" {
+extern ORVO_API const char OrvoResourceScript[];
+const char OrvoResourceScript[] = {
+${bytes}0};
 }
 ")

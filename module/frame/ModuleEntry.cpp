@@ -7,9 +7,7 @@
 #include "platform/host/DynamicLinker.h"
 #include "platform/host/ExtensionModule.h"
 #include "platform/host/HostMessages.h"
-#include "platform/host/ResourceText.h"
 #include "platform/host/RxRegistry.h"
-#include "resources/ModuleResourceText.h"
 
 namespace {
 
@@ -26,7 +24,6 @@ Service* FindService(const wchar_t* name) {
 void InitApplication(void* applicationHandle) {
     if (AfxInitExtensionModule(g_extensionModule, g_hAppInstance)) {
         g_hResourceInstance = g_hAppInstance;
-        AfxSetResourceText(g_hResourceInstance, ModuleResourceText());
         new CDynLinkLibrary(g_extensionModule);  // the framework deletes it when the extension module ends
     }
     acrxUnlockApplication(applicationHandle);
@@ -42,7 +39,6 @@ void UnloadApplication() {
     SaveSunSet();
     if (AcEdCommandStack* commands = FindService<AcEdCommandStack>(L"ACAD_REGISTERED_COMMANDS"))
         commands->removeGroup(kCommandGroup);
-    AfxSetResourceText(g_hAppInstance, {});
     AfxTermExtensionModule(g_extensionModule);
 }
 

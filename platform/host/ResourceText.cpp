@@ -1,6 +1,8 @@
 // A short table: there are as many scripts as modules with dialogs, and a look-up comes before a dialog is shown.
 #include "platform/host/ResourceText.h"
 
+#include <dlfcn.h>
+
 #include <algorithm>
 #include <array>
 
@@ -26,6 +28,21 @@ Entry* FindFreeEntry() {
     return found == g_texts.end() ? nullptr : &*found;
 }
 
+// What the build linked into the library in which the address lies: not into one that this library depends on.
+std::string_view LinkedText(HINSTANCE module) {
+    Dl_info library{};
+    if (!module || dladdr(module, &library) == 0 || !library.dli_fname)
+        return {};
+    void* const handle = dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD);
+    if (!handle)
+        return {};
+    const void* const text = dlsym(handle, "OrvoResourceScript");
+    dlclose(handle);
+    Dl_info origin{};
+    const bool isOwn = text && dladdr(text, &origin) != 0 && origin.dli_fbase == library.dli_fbase;
+    return isOwn ? static_cast<const char*>(text) : std::string_view();
+}
+
 }  // namespace
 
 bool AfxSetResourceText(HINSTANCE module, std::string_view text) {
@@ -39,5 +56,5 @@ bool AfxSetResourceText(HINSTANCE module, std::string_view text) {
 
 std::string_view AfxGetResourceText(HINSTANCE module) {
     const Entry* entry = FindEntry(module);
-    return entry ? entry->text : std::string_view();
+    return entry ? entry->text : LinkedText(module);
 }

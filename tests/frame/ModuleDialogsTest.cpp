@@ -1,4 +1,4 @@
-// The script of the module's dialogs, compiled in and announced while the module is initialised.
+// The script of the module's dialogs, found in the module itself.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -45,13 +45,21 @@ void ExpectSame(const DialogTemplate& one, const DialogTemplate& other) {
 
 }  // namespace
 
-TEST_F(ModuleDialogText, IsFoundByTheModulesHandleFromInitialisationToUnloading) {
-    EXPECT_TRUE(AfxGetResourceText(GetModuleResourceHandle()).empty());
+TEST_F(ModuleDialogText, IsFoundByTheModulesHandle) {
     acrxEntryPoint(1, kHandle);
     EXPECT_FALSE(AfxGetResourceText(GetModuleResourceHandle()).empty());
     EXPECT_TRUE(AfxGetResourceText(nullptr).empty()) << "the program's is another one";
     acrxEntryPoint(2, kHandle);
-    EXPECT_TRUE(AfxGetResourceText(GetModuleResourceHandle()).empty());
+}
+
+TEST_F(ModuleDialogText, IsFoundByAnyAddressInTheModuleAndByNoOther) {
+    const std::string_view text = AfxGetResourceText(&g_SunDataSet);
+    EXPECT_FALSE(text.empty());
+    EXPECT_EQ(AfxGetResourceText(&g_dictSunZone).data(), text.data());
+    const int ofTheTest = 0;
+    EXPECT_TRUE(AfxGetResourceText(&kHandle).empty()) << "the test program has none";
+    EXPECT_TRUE(AfxGetResourceText(&ofTheTest).empty()) << "in no file at all";
+    EXPECT_TRUE(AfxGetResourceText(AfxGetModuleState()).empty()) << "the platform has none";
 }
 
 TEST_F(ModuleDialogText, IsThatOfTheSources) {
@@ -89,14 +97,4 @@ TEST_F(ModuleDialogText, LeavesTheProgramsAloneInAModuleThatTheFrameworkRefuses)
     acrxEntryPoint(2, kHandle);
     EXPECT_EQ(AfxGetResourceText(nullptr), "of the program");
     EXPECT_TRUE(AfxSetResourceText(nullptr, {}));
-}
-
-TEST_F(ModuleDialogText, IsNotAnnouncedByAModuleThatTheFrameworkRefuses) {
-    acrxEntryPoint(1, kHandle);
-    acrxEntryPoint(2, kHandle);
-    ASSERT_NE(GetModuleResourceHandle(), nullptr);
-    SetExtensionModuleFailureForTest(true);
-    acrxEntryPoint(1, kHandle);
-    EXPECT_TRUE(AfxGetResourceText(GetModuleResourceHandle()).empty());
-    acrxEntryPoint(2, kHandle);
 }

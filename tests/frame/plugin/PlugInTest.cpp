@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/base/Language.h"
@@ -11,6 +12,7 @@
 #include "platform/host/CommandLine.h"
 #include "platform/host/ExtensionModule.h"
 #include "platform/host/ModuleLoader.h"
+#include "platform/host/ResourceText.h"
 #include "support/Environment.h"
 #include "support/FileTree.h"
 
@@ -86,6 +88,19 @@ TEST_F(PlugIn, LoadsAndIsGoneAfterwards) {
     EXPECT_EQ(loader.Send(3), 0);
     EXPECT_EQ(loader.Unload(), ModuleLoader::Unloaded::Gone);
     EXPECT_FALSE(IsMapped());
+}
+
+TEST_F(PlugIn, BringsTheScriptOfItsDialogsWithItAndTakesItAway) {
+    void* const module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(module, nullptr) << dlerror();
+    const void* const entry = dlsym(module, "acrxEntryPoint");
+    EXPECT_NE(AfxGetResourceText(entry).find("DIALOGEX"), std::string_view::npos);
+    void* const dependent = dlopen(ORVO_WORKBENCH_FILE, RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(dependent, nullptr) << dlerror();
+    EXPECT_TRUE(AfxGetResourceText(dlsym(dependent, "acrxEntryPoint")).empty()) << "it has none, what it links has";
+    ASSERT_EQ(dlclose(dependent), 0);
+    ASSERT_EQ(dlclose(module), 0);
+    EXPECT_TRUE(AfxGetResourceText(entry).empty());
 }
 
 TEST_F(PlugIn, DestroysItsStaticObjectsInsideDlclose) {
