@@ -7,8 +7,43 @@ import unittest
 
 CHECK = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools", "check-layers")
 
+TEXT = """// Text.
+#include <string>
+#define TEXT_CHECK(text) ((text).IsSound())
+class CString {
+public:
+    CString() = default;
+    explicit CString(const wchar_t* text, int length = -1) : m_text(text) { Store(text); }
+    int GetLength() const { return static_cast<int>(m_text.size()); }
+    std::wstring_view View() const { return m_text; }
+    bool IsSound() const;
+private:
+    void Store(const wchar_t* text);
+    std::wstring m_text;
+};
+namespace Marks {
+enum Mark : int { kPlain, kBold = 2 };
+}
+struct Place {
+    int row, column;
+    struct Inner* parent = nullptr;
+};
+using Handle = void*;
+inline constexpr int kWidest = sizeof(int);
+template <class T>
+ORVO_API bool ReadNumber(const CString& text, T (*reader)(int));
+[[nodiscard]] std::string toUtf8(const CString& text);
+"""
+
+# What the framework of the small trees has.
+NAMES = """# Names.
+[text.h]
+CString GetLength Handle
+"""
+
 SOUND = {
-    "platform/base/CString.h": "// Text.\n#include <string>\n",
+    "tools/framework-names.txt": NAMES,
+    "platform/base/CString.h": TEXT,
     "platform/base/Reader.cpp": '// Reads.\n#include <libxml/xmlreader.h>\n#include "platform/base/CString.h"\n',
     "module/frame/Resources.h": '// Texts.\n#include "platform/base/CString.h"\n',
     "module/containers/QcList.h": "// List.\n#include <cstddef>\n",
@@ -81,6 +116,47 @@ class CheckLayers(unittest.TestCase):
 
     def test_a_file_says_what_it_is_for(self):
         self.refuses({"module/calendar/X.cpp": "#include <string>\n"}, "what it is for")
+
+    def test_the_module_may_use_the_frameworks_names(self):
+        code, text = check({"module/calendar/X.cpp": "// X.\nHandle Of(CString text) { return text.GetLength(); }\n"})
+        self.assertEqual(code, 0, text)
+
+    def test_the_module_may_not_use_other_names_of_the_platform(self):
+        for name, use in [("View", "text.View()"), ("View", "&CString::View"), ("TEXT_CHECK", "TEXT_CHECK(text)"),
+                          ("IsSound", "pointer->IsSound()"), ("Mark", "Mark(1)"), ("kBold", "kBold"),
+                          ("Place", "new Place"), ("column", "place.column"), ("row", "place->row"),
+                          ("parent", "where.parent"), ("kWidest", "kWidest + 1"), ("ReadNumber", "ReadNumber(text, 0)"),
+                          ("toUtf8", "1 && toUtf8(text)"), ("toUtf8", "::toUtf8(text)")]:
+            with self.subTest(use=use):
+                self.refuses({"module/calendar/X.cpp": f"// X.\nauto x = {use};\n"}, f"{name} (platform/base/CString.h)")
+
+    def test_names_of_its_own_are_the_modules(self):
+        for own in ["int row = column + parent;", "Type row(5);", 'auto x = "View()"; // View()', "char c = '\\'';",
+                    "struct Mark { int column; }; int x = mark.column + Mark().column;", "/* kBold\n kBold */",
+                    "int View() { return 1; } int x = View();", "void Store(int); auto x = Store(1);"]:
+            with self.subTest(own=own):
+                code, text = check({"module/calendar/X.cpp": f"// X.\n{own}\n"})
+                self.assertEqual(code, 0, text)
+
+    def test_naming_a_class_of_the_platform_does_not_make_it_the_modules(self):
+        self.refuses({"module/calendar/X.cpp": "// X.\nstruct Place;\nPlace* x;\n"}, "Place (platform/base/CString.h)")
+
+    def test_the_standard_librarys_texts_are_not_the_frameworks(self):
+        for name in ["string", "wstring", "string_view", "wstring_view"]:
+            with self.subTest(name=name):
+                self.refuses({"module/calendar/X.cpp": f"// X.\nstd::{name} x;\n"}, f"std::{name} is not")
+
+    def test_the_list_names_only_what_there_is(self):
+        self.refuses({"tools/framework-names.txt": NAMES + "GetLenght  # with a comment\n"}, "GetLenght is no name")
+
+    def test_the_list_is_needed(self):
+        with tempfile.TemporaryDirectory() as root:
+            os.makedirs(os.path.join(root, "module/calendar"))
+            with open(os.path.join(root, "module/calendar/X.cpp"), "w", encoding="utf-8") as file:
+                file.write("// X.\n")
+            done = subprocess.run([CHECK, "--root", root], capture_output=True, text=True)
+            self.assertEqual(done.returncode, 1)
+            self.assertIn("framework-names.txt is missing", done.stdout)
 
     def test_an_unknown_file_is_noticed(self):
         self.refuses({"module/calendar/X.cpp": '// X.\n#include "Gone.h"\n'}, "not a file of the project")
