@@ -12,8 +12,8 @@ struct CalendarDay {
 using TodayFunction = CalendarDay (*)();
 
 // Today in the local time zone, by the system's clock. 1970-01-01 when the system cannot tell.
-ORVO_API CalendarDay LocalToday();
+CalendarDay LocalToday();
 
 // What OrvoDate asks for today's date: LocalToday, unless somebody (a test, a host with a clock of its own) puts
 // another function here; null stands for LocalToday too. Ready before any constructor of a static object runs.
-extern ORVO_API TodayFunction g_pfnToday;
+extern ORVO_API TodayFunction g_pfnOrvoToday;

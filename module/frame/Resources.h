@@ -47,7 +47,7 @@ CString FormatTranslated(const wchar_t* format, const Args&... args) {
 }
 
 // Dialogs come in two templates: the one for the Chinese interface and the one for every other language.
-ORVO_API unsigned int ChooseTemplate(unsigned int chinese, unsigned int other);
+unsigned int ChooseTemplate(unsigned int chinese, unsigned int other);
 
 // Finds this module's language dictionary by the key in its file name, and makes it the module's, also when there is
 // none for that key. Gives the key; an empty text, with nothing changed, when the file name holds no key or there is no

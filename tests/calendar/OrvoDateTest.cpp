@@ -42,10 +42,10 @@ TEST(OrvoDate, AsksTheSystemForTheLocalDate) {
 }
 
 TEST(OrvoDate, FallsBackToTheSystemForANullClock) {
-    const TodayFunction before = g_pfnToday;
-    g_pfnToday = nullptr;
+    const TodayFunction before = g_pfnOrvoToday;
+    g_pfnOrvoToday = nullptr;
     const OrvoDate date;
-    g_pfnToday = before;
+    g_pfnOrvoToday = before;
     EXPECT_GE(date.m_nYear, 2020);
 }
 
