@@ -48,10 +48,6 @@ bool acrxUnlockApplication(void* applicationHandle) {
     return HostDynamicLinker().setLocked(applicationHandle, false);
 }
 
-bool acrxLockApplication(void* applicationHandle) {
-    return HostDynamicLinker().setLocked(applicationHandle, true);
-}
-
 bool acrxApplicationIsLocked(void* applicationHandle) {
     return HostDynamicLinker().isLocked(applicationHandle);
 }

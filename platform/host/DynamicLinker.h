@@ -33,5 +33,4 @@ private:
 // The host does not unload a plug-in that is locked, as each is at first; unlocking permits it. False for a null
 // handle. They act on the registry's own linker.
 ORVO_API bool acrxUnlockApplication(void* applicationHandle);
-ORVO_API bool acrxLockApplication(void* applicationHandle);
 ORVO_API bool acrxApplicationIsLocked(void* applicationHandle);

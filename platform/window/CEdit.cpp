@@ -55,14 +55,6 @@ int CEdit::LineLength(int line) const {
     return static_cast<int>(SendMessage(EM_LINELENGTH, static_cast<WPARAM>(line)));
 }
 
-void CEdit::LimitText(int count) {
-    SendMessage(EM_LIMITTEXT, static_cast<WPARAM>(count));
-}
-
-BOOL CEdit::SetReadOnly(BOOL readOnly) {
-    return static_cast<BOOL>(SendMessage(EM_SETREADONLY, static_cast<WPARAM>(readOnly)));
-}
-
 void CEdit::SetRect(const RECT* rect) {
     SendMessage(EM_SETRECT, 0, reinterpret_cast<LPARAM>(rect));
 }

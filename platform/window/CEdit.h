@@ -22,8 +22,6 @@ public:
     void SetModify(BOOL modified = TRUE);
     // The length of the line.
     int LineLength(int line = -1) const;
-    void LimitText(int count = 0);  // 0: no limit
-    BOOL SetReadOnly(BOOL readOnly = TRUE);
     // The formatting rectangle within the client area.
     void SetRect(const RECT* rect);
     BOOL Undo();

@@ -63,18 +63,6 @@ int CMenu::GetMenuItemCount() const {
     return static_cast<int>(m_items.size());
 }
 
-UINT CMenu::GetMenuItemID(int position) const {
-    const bool known = position >= 0 && position < GetMenuItemCount();
-    return known ? m_items[static_cast<std::size_t>(position)].nID : static_cast<UINT>(-1);
-}
-
-int CMenu::GetMenuString(int position, CString& text) const {
-    text.Empty();
-    if (position >= 0 && position < GetMenuItemCount())
-        text = m_items[static_cast<std::size_t>(position)].strText;
-    return text.GetLength();
-}
-
 int CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* owner) {
     if (!m_bCreated || !CanBeAnswered())
         return 0;

@@ -2,7 +2,6 @@
 #include "platform/window/CWnd.h"
 
 #include <QPointer>
-#include <QTimer>
 #include <QWidget>
 
 #include "platform/window/DataExchange.h"
@@ -160,15 +159,6 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
     return ::SendMessage(m_hWnd, message, wParam, lParam);
-}
-
-BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    const WindowLink* link = WindowLink::Of(m_hWnd);
-    if (link == nullptr)
-        return FALSE;
-    QTimer::singleShot(0, link->m_pWidget,
-                       [window = m_hWnd, message, wParam, lParam] { ::SendMessage(window, message, wParam, lParam); });
-    return TRUE;
 }
 
 BOOL CWnd::UpdateData(BOOL saveAndValidate) {

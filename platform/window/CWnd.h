@@ -60,8 +60,6 @@ public:
     // ---- Messages. ----
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    // Sent when the handlers that are running now have returned; dropped when the window is gone by then.
-    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
     // ---- Text, state, place. ----
     void SetWindowText(const wchar_t* text);

@@ -170,38 +170,10 @@ void DDX_CBIndex(CDataExchange* exchange, int id, int& index) {
     ExchangeIndex(exchange, id, index, CB_GETCURSEL, CB_SETCURSEL);
 }
 
-void DDX_LBIndex(CDataExchange* exchange, int id, int& index) {
-    ExchangeIndex(exchange, id, index, LB_GETCURSEL, LB_SETCURSEL);
-}
-
-void DDV_MinMaxInt(CDataExchange* exchange, int value, int minimum, int maximum) {
-    if (!exchange->m_bSaveAndValidate || (value >= minimum && value <= maximum))
-        return;
-    CString message;
-    message.Format(PlatformText(L"请键入一个介于 %d 和 %d 之间的整数。"), minimum, maximum);
-    Refuse(exchange, message);
-}
-
 void DDV_MinMaxDouble(CDataExchange* exchange, const double& value, double minimum, double maximum) {
     if (!exchange->m_bSaveAndValidate || (value >= minimum && value <= maximum))
         return;
     CString message;
     message.Format(PlatformText(L"请键入一个介于 %s 和 %s 之间的数字。"), NumberText(minimum), NumberText(maximum));
     Refuse(exchange, message);
-}
-
-void DDV_MaxChars(CDataExchange* exchange, const CString& value, int count) {
-    if (!exchange->m_bSaveAndValidate) {
-        exchange->LimitLastEdit(count);
-        return;
-    }
-    if (value.GetLength() <= count)
-        return;
-    CString message;
-    message.Format(PlatformText(L"请键入最多 %d 个字符。"), count);
-    Refuse(exchange, message);
-}
-
-void CDataExchange::LimitLastEdit(int count) {
-    ::SendMessage(m_hLastControl, EM_LIMITTEXT, static_cast<WPARAM>(count), 0);
 }

@@ -18,8 +18,6 @@ public:
     CWnd* PrepareEditCtrl(int id);
     // Ends the run: UpdateData gives FALSE. To be called after the user has been told.
     [[noreturn]] void Fail();
-    // No more characters than this can be typed into the edit that was prepared last.
-    void LimitLastEdit(int count);
 
 private:
     HWND m_hLastControl = nullptr;  // which may be gone when the user has been told
@@ -37,12 +35,8 @@ ORVO_API void DDX_Text(CDataExchange* exchange, int id, double& value);
 ORVO_API void DDX_Check(CDataExchange* exchange, int id, int& value);
 // Radio buttons: the index of the checked one counted from the first of the group, which the id names; -1 for none.
 ORVO_API void DDX_Radio(CDataExchange* exchange, int id, int& value);
-// The selected entry of a combo or list box; -1 for none.
+// The selected entry of a combo box; -1 for none.
 ORVO_API void DDX_CBIndex(CDataExchange* exchange, int id, int& index);
-ORVO_API void DDX_LBIndex(CDataExchange* exchange, int id, int& index);
-// Range checks, to be called right after the value was exchanged. They check entries, not what is shown; both ends are
-// allowed. Refused with "请键入一个介于 %1 和 %2 之间的整数。" (or 数字).
-ORVO_API void DDV_MinMaxInt(CDataExchange* exchange, int value, int minimum, int maximum);
+// A range check, to be called right after the value was exchanged. It checks entries, not what is shown; both ends are
+// allowed. Refused with "请键入一个介于 %1 和 %2 之间的数字。".
 ORVO_API void DDV_MinMaxDouble(CDataExchange* exchange, const double& value, double minimum, double maximum);
-// Texts of at most `count` characters: longer ones cannot be typed, and are refused if they get there otherwise.
-ORVO_API void DDV_MaxChars(CDataExchange* exchange, const CString& value, int count);

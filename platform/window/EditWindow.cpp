@@ -80,13 +80,6 @@ void KeepOnOneLine(QLineEdit& edit) {
     edit.setModified(true);
 }
 
-// A limit cuts nothing off that is there already.
-void LimitText(QLineEdit& edit, WPARAM count) {
-    const int most = std::numeric_limits<int>::max() / 4;
-    const int limit = count == 0 || count > static_cast<WPARAM>(most) ? most : static_cast<int>(count);
-    edit.setMaxLength(std::max(limit, static_cast<int>(edit.text().size())));
-}
-
 void SetFormattingRect(QLineEdit& edit, const RECT* rect) {
     if (rect != nullptr)
         edit.setTextMargins(rect->left, rect->top, std::max(0, edit.width() - rect->right),
@@ -169,12 +162,6 @@ LRESULT EditProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lPar
         case EM_SETMODIFY:
             edit.setModified(wParam != 0);
             return 0;
-        case EM_LIMITTEXT:
-            LimitText(edit, wParam);
-            return 0;
-        case EM_SETREADONLY:
-            edit.setReadOnly(wParam != 0);
-            return TRUE;
         case EM_SETRECT:
             SetFormattingRect(edit, reinterpret_cast<const RECT*>(lParam));
             return 0;
@@ -216,7 +203,7 @@ WindowLink& MakeEdit(const ControlRequest& request) {
     edit->setReadOnly((request.dwStyle & ES_READONLY) != 0);
     if ((request.dwStyle & ES_PASSWORD) != 0)
         edit->setEchoMode(QLineEdit::Password);
-    LimitText(*edit, 0);
+    edit->setMaxLength(std::numeric_limits<int>::max() / 4);
     SetText(*edit, request.strText);
     WindowLink& link = WindowLink::Make(edit, request.nID, request.dwStyle, &EditProcedure);
     QObject::connect(edit, &QLineEdit::textEdited, edit, [edit] { KeepOnOneLine(*edit); });

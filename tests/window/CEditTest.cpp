@@ -127,32 +127,14 @@ TEST_F(Edits, AnyTextComesBackWhole) {
     });
 }
 
-TEST_F(Edits, ALimitHoldsForTypingAndCutsNothingOff) {
-    Run([&] {
-        edit.SetWindowText(L"abcdef");
-        edit.LimitText(3);
-        EXPECT_EQ(Text(), L"abcdef");
-        edit.SetWindowText(L"");
-        edit.LimitText(3);
-        QTest::keyClicks(widget, "123456");
-        EXPECT_EQ(Text(), L"123");
-        edit.LimitText(0);
-        QTest::keyClicks(widget, "456");
-        EXPECT_EQ(Text(), L"123456");
-    });
-}
-
 TEST_F(Edits, ReadOnlyKeepsThePersonOutAndNotTheProgram) {
-    Run([&] {
-        EXPECT_TRUE(edit.SetReadOnly());
-        QTest::keyClicks(widget, "no");
+    dialog.Run([this](const ModalWindow& window) {
+        edit.SubclassDlgItem(11, &dialog);
         edit.SetWindowText(L"yes");
-        QTest::keyClicks(widget, "no");
-        edit.Clear();
+        QTest::keyClicks(Control<QLineEdit>(window, 11), "no");
         EXPECT_EQ(Text(), L"yes");
-        edit.SetReadOnly(FALSE);
-        QTest::keyClicks(widget, "o");
-        EXPECT_EQ(Text(), L"oyes");
+        edit.SetWindowText(L"other");
+        EXPECT_EQ(Text(), L"other");
     });
 }
 

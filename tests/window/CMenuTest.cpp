@@ -40,18 +40,8 @@ struct Menus : testing::Test {
     }
 };
 
-TEST_F(Menus, TellTheirEntries) {
+TEST_F(Menus, CountTheirEntries) {
     EXPECT_EQ(menu.GetMenuItemCount(), 5);
-    EXPECT_EQ(menu.GetMenuItemID(0), 101U);
-    EXPECT_EQ(menu.GetMenuItemID(2), 0U);
-    CString text;
-    EXPECT_EQ(menu.GetMenuString(3, text), 7);
-    EXPECT_TRUE(text == L"&Insert");
-    for (const int position : {-1, 5}) {
-        EXPECT_EQ(menu.GetMenuItemID(position), static_cast<UINT>(-1));
-        EXPECT_EQ(menu.GetMenuString(position, text), 0);
-        EXPECT_TRUE(text.IsEmpty());
-    }
     EXPECT_FALSE(menu.CreatePopupMenu()) << "it is made already";
 }
 

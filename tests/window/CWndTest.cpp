@@ -74,7 +74,6 @@ TEST(CWnd, WithoutAWindowEverythingIsHarmless) {
     EXPECT_EQ(rect.right, 0);
     EXPECT_EQ(point.x, 5);
     EXPECT_EQ(none.SendMessage(WM_GETTEXTLENGTH), 0);
-    EXPECT_FALSE(none.PostMessage(WM_APP));
     EXPECT_FALSE(none.EnableWindow());
     EXPECT_FALSE(none.IsWindowEnabled());
     EXPECT_FALSE(none.ShowWindow(SW_SHOW));
@@ -162,23 +161,6 @@ TEST(CWnd, AMessageCarriesItsWordsAndItsAnswer) {
         EXPECT_EQ(::SendMessage(edit.m_hWnd, WM_APP + 1, 3, -4), -12);
         EXPECT_EQ(edit.m_heard, std::vector<std::string>{"own 3 -4"});
         EXPECT_EQ(::SendMessage(nullptr, WM_APP + 1, 0, 0), 0);
-    });
-}
-
-TEST(CWnd, APostedMessageComesLaterAndNotAtAllWithoutItsWindow) {
-    DialogForTests dialog(kTwoEdits);
-    dialog.Run([&](const ModalWindow&) {
-        Listener edit;
-        Listener other;
-        ASSERT_TRUE(edit.SubclassDlgItem(10, &dialog));
-        ASSERT_TRUE(other.SubclassDlgItem(11, &dialog));
-        EXPECT_TRUE(edit.PostMessage(WM_APP + 1, 5, 6));
-        EXPECT_TRUE(other.PostMessage(WM_APP + 1, 7, 8));
-        EXPECT_TRUE(edit.m_heard.empty());
-        other.DestroyWindow();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(edit.m_heard, std::vector<std::string>{"own 5 6"});
-        EXPECT_EQ(other.m_heard, (std::vector<std::string>{"destroy", "gone"}));
     });
 }
 
