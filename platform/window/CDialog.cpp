@@ -27,14 +27,17 @@ void FocusFirst(const QWidget* dialog) {
     }
 }
 
-// What a driver's command does: presses the button of that number, or leaves the dialog as Escape does.
-void Press(QDialog* dialog, int command) {
+// What a driver's command does: presses the button of that number, or leaves the dialog as Escape does. False when it
+// is the number of no button that a person could press.
+bool Press(QDialog* dialog, int command) {
     const WindowLink* control = WindowLink::Find(dialog, static_cast<UINT>(command));
     auto* button = control ? qobject_cast<QAbstractButton*>(control->m_pWidget) : nullptr;
-    if (button != nullptr && button->isEnabled() && !button->isHidden())
+    if (button != nullptr && button->isEnabled() && !button->isHidden()) {
         button->click();
-    else
-        dialog->reject();
+        return true;
+    }
+    dialog->reject();
+    return command == IDCANCEL || command == ModalDriver::kCareful;
 }
 
 }  // namespace
@@ -92,7 +95,7 @@ INT_PTR CDialog::RunModal() {
         FocusFirst(dialog);
     const HWND owner = m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr;
     ::RunModal(dialog, {FromQString(dialog->windowTitle()), CString(), owner, nullptr},
-               [&dialog](int command) { Press(dialog, command); });
+               [&dialog](int command) { return Press(dialog, command); });
     return m_nResult;
 }
 

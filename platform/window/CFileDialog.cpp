@@ -58,13 +58,14 @@ public:
         setLabelText(Reject, ToQString(PlatformText(L"取消")));
     }
 
-    // Carries out a driver's answer. What cannot be accepted is left.
-    void Press(int command) {
+    // Carries out a driver's answer. What cannot be accepted is left. False for an answer that it does not know.
+    bool Press(int command) {
         const QPointer<FileDialog> alive = this;
         if (command == IDOK)
             accept();
         if (!alive.isNull() && isVisible())
             reject();
+        return command == IDOK || command == IDCANCEL || command == ModalDriver::kCareful;
     }
 
 protected:
@@ -134,7 +135,7 @@ INT_PTR CFileDialog::DoModal() {
         dialog->selectFile(ToQString(m_strFileName));
     // It goes with its owner, should that be destroyed meanwhile.
     if (!::RunModal(dialog, {FromQString(dialog->windowTitle()), CString(), owner, nullptr},
-                    [dialog](int command) { dialog->Press(command); }))
+                    [dialog](int command) { return dialog->Press(command); }))
         return IDCANCEL;
     const QStringList files = dialog->selectedFiles();
     if (dialog->result() == QDialog::Accepted && !files.isEmpty())

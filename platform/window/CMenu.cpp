@@ -40,6 +40,8 @@ int Choose(const QPointer<QMenu>& menu, const QPoint& place, ModalWindow window)
         return 0;
     if (command != 0)
         chosen = ActionOf(*menu, command);
+    if (command != 0 && !chosen && command != IDCANCEL && command != ModalDriver::kCareful)
+        ModalDriver::ReportUnknown(window, command);
     return chosen ? chosen->data().toInt() : 0;
 }
 

@@ -143,7 +143,8 @@ public:
         setDefaultButton(m_buttons[DefaultOf(type, m_buttons.size())]);
     }
 
-    // Carries out a driver's answer, unless its keys have ended the box already.
+    // Carries out a driver's answer, unless its keys have ended the box already. An answer without a button counts,
+    // too.
     void Press(int command) {
         for (std::size_t i = 0; i < m_choices.size(); ++i) {
             if (m_choices[i].command == command) {
@@ -151,7 +152,7 @@ public:
                 return;
             }
         }
-        Finish(CarefulAnswer(m_choices));
+        Finish(command == ModalDriver::kCareful ? CarefulAnswer(m_choices) : command);
     }
 
     // The command the box was answered with, when it is over.
@@ -203,7 +204,11 @@ private:
 
 // Shows the box until it is answered. It goes with its owner, should that be closed meanwhile.
 int Run(Box* box, const ModalWindow& window, int carefulAnswer) {
-    if (!RunModal(box, window, [box](int command) { box->Press(command); }))
+    const auto press = [box](int command) {
+        box->Press(command);
+        return true;
+    };
+    if (!RunModal(box, window, press))
         return carefulAnswer;
     const int answer = box->Answer();
     delete box;

@@ -1,11 +1,25 @@
 // The drivers in force, the newest one first.
 #include "platform/window/ModalDriver.h"
 
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <string>
 #include <utility>
 
 namespace {
 
 ModalDriver* s_pNewest = nullptr;
+ModalDriver::MistakeHandler s_handler = nullptr;
+
+void Report(const std::string& text) {
+    if (s_handler != nullptr) {
+        s_handler(text.c_str());
+        return;
+    }
+    std::fprintf(stderr, "A driver of modal windows made a mistake: %s\n", text.c_str());
+    std::abort();
+}
 
 }  // namespace
 
@@ -36,7 +50,24 @@ int ModalDriver::Ask(const ModalWindow& window) {
     try {
         const Answer answer = s_pNewest->m_answer;  // a copy: the driver may go while it answers
         return answer(window);
+    } catch (const std::exception& thrown) {  // nothing may pass through the event loop
+        Report(std::string("its answer threw: ") + thrown.what());
     } catch (...) {
-        return -1;  // nothing may pass through the event loop
+        Report("its answer threw what is no exception of the library's");
     }
+    return kCareful;
+}
+
+void ModalDriver::ReportUnknown(const ModalWindow& window, int command) {
+    Report("the window \"" + ToUtf8(window.caption.View()) + "\" knows nothing of the command " +
+           std::to_string(command));
+}
+
+void ModalDriver::ReportOpen(const ModalWindow& window, int command) {
+    Report("the command " + std::to_string(command) + " did not end the window \"" + ToUtf8(window.caption.View()) +
+           "\"");
+}
+
+ModalDriver::MistakeHandler ModalDriver::SetMistakeHandler(MistakeHandler handler) {
+    return std::exchange(s_handler, handler);
 }

@@ -18,7 +18,7 @@ bool CanBeAnswered() {
     return NeedApplication() && (CanBeSeen() || ModalDriver::IsThere());
 }
 
-bool RunModal(QDialog* dialog, ModalWindow window, const std::function<void(int)>& press) {
+bool RunModal(QDialog* dialog, ModalWindow window, const std::function<bool(int)>& press) {
     const QPointer<QDialog> box = dialog;
     window.widget = static_cast<QWidget*>(dialog);
     int waits = 0;
@@ -29,8 +29,14 @@ bool RunModal(QDialog* dialog, ModalWindow window, const std::function<void(int)
             return;
         timer.stop();
         const int command = ModalDriver::Ask(window);
-        if (command != 0 && !box.isNull() && box->isVisible())
-            press(command);
+        if (command == 0 || box.isNull() || !box->isVisible())
+            return;
+        if (!press(command))
+            ModalDriver::ReportUnknown(window, command);
+        if (box.isNull() || !box->isVisible())
+            return;
+        ModalDriver::ReportOpen(window, command);
+        box->reject();
     });
     if (ModalDriver::IsThere())
         timer.start(0);

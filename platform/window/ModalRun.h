@@ -12,5 +12,6 @@ class QDialog;
 ORVO_API bool CanBeAnswered();
 
 // Runs the dialog. Once it is shown and active, the newest ModalDriver is asked; a command of it other than 0 goes to
-// `press`, unless the dialog is over already. The dialog may be destroyed meanwhile: false then.
-ORVO_API bool RunModal(QDialog* dialog, ModalWindow window, const std::function<void(int)>& press);
+// `press`, unless the dialog is over already. `press` gives whether the command was one that the dialog knows, and
+// should end it. The dialog may be destroyed meanwhile: false then.
+ORVO_API bool RunModal(QDialog* dialog, ModalWindow window, const std::function<bool(int)>& press);

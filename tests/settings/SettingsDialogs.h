@@ -55,7 +55,7 @@ private:
     int Answer(const ModalWindow& window) {
         if (m_next == m_scenes.size()) {
             ADD_FAILURE() << "an unexpected window: " << NameOf(window);
-            return -1;
+            return ModalDriver::kCareful;
         }
         const Scene scene = m_scenes[m_next++];
         EXPECT_EQ(NameOf(window), scene.window);
@@ -79,7 +79,7 @@ template <class Widget = QWidget>
 Widget* Item(const ModalWindow& window, int id) {
     auto* widget = static_cast<QWidget*>(window.widget)->findChild<Widget*>(QString("IDC_%1").arg(id));
     if (widget == nullptr)
-        throw std::runtime_error("no such control");  // the driver closes the window
+        throw std::runtime_error("no control " + std::to_string(id));  // the driver fails the test
     return widget;
 }
 

@@ -1,6 +1,7 @@
 // Dialogs: from DoModal to its result, and what can go wrong on the way.
 #include "platform/window/CDialog.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -44,8 +45,19 @@ TEST(CDialog, IsAnsweredByADriversCommand) {
     DialogForTests dialog(kItems);
     const ModalDriver driver([](const ModalWindow&) { return IDOK; });
     EXPECT_EQ(dialog.DoModal(), IDOK);
-    const ModalDriver unknown([](const ModalWindow&) { return 4711; });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL) << "no such button: left";
+    for (const int leaving : {int{IDCANCEL}, ModalDriver::kCareful}) {
+        const ModalDriver leaves([leaving](const ModalWindow&) { return leaving; });
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    }
+}
+
+TEST(CDialog, ACommandThatNoPersonCouldGiveIsADriversMistake) {
+    DialogForTests dialog(kItems);
+    const ModalDriver driver([](const ModalWindow&) { return 4711; });
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(dialog.DoModal(), IDCANCEL) << "left", "knows nothing of the command 4711");
+    dialog.m_onInit = [&dialog] { dialog.GetDlgItem(IDOK)->EnableWindow(FALSE); };
+    const ModalDriver accepts([](const ModalWindow&) { return IDOK; });
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(dialog.DoModal(), IDCANCEL) << "grey", "knows nothing of the command 1");
 }
 
 TEST(CDialog, TheFramesCloseButtonCancels) {

@@ -1,6 +1,7 @@
 // Asking for a file: names typed into the real dialog, its questions, and the seams of tests.
 #include "platform/window/CFileDialog.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -120,6 +121,12 @@ TEST_F(FileDialogs, KeysAnswerThem) {
         });
         EXPECT_EQ(dialog.DoModal(), key == Qt::Key_Return ? IDOK : IDCANCEL);
     }
+}
+
+TEST_F(FileDialogs, ACommandThatTheyDoNotKnowIsADriversMistake) {
+    CFileDialog dialog(TRUE);
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Ask(dialog, "plan.dxf", IDYES), IDCANCEL), "knows nothing of the command 6");
+    EXPECT_EQ(Ask(dialog, "plan.dxf", ModalDriver::kCareful), IDCANCEL);
 }
 
 TEST_F(FileDialogs, GoWithTheirOwner) {

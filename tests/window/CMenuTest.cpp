@@ -1,6 +1,7 @@
 // Menus that pop up: entries, choosing by keys, mouse and driver, and what the owner hears.
 #include "platform/window/CMenu.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <QMenu>
@@ -35,7 +36,7 @@ struct Menus : testing::Test {
         return Track([&](const ModalWindow& window) {
             for (const Qt::Key key : keys)
                 QTest::keyClick(MenuOf(window), key);
-            return MenuOf(window)->isVisible() ? -1 : 0;
+            return MenuOf(window)->isVisible() ? ModalDriver::kCareful : 0;
         });
     }
 };
@@ -55,16 +56,21 @@ TEST_F(Menus, ShowTheirEntriesAsTheyAre) {
         EXPECT_FALSE(actions[1]->isEnabled());
         EXPECT_TRUE(actions[2]->isSeparator());
         EXPECT_TRUE(actions[4]->isChecked());
-        return -1;
+        return ModalDriver::kCareful;
     });
 }
 
 TEST_F(Menus, ADriversCommandChoosesAnEntry) {
     EXPECT_EQ(Track([](const ModalWindow&) { return 103; }), 103);
     EXPECT_EQ(Track([](const ModalWindow&) { return 104; }), 104);
-    EXPECT_EQ(Track([](const ModalWindow&) { return 102; }), 0) << "grey";
-    EXPECT_EQ(Track([](const ModalWindow&) { return 999; }), 0) << "unknown";
-    EXPECT_EQ(Track([](const ModalWindow&) -> int { throw 1; }), 0);
+    for (const int leaving : {int{IDCANCEL}, ModalDriver::kCareful})
+        EXPECT_EQ(Track([leaving](const ModalWindow&) { return leaving; }), 0);
+}
+
+TEST_F(Menus, ACommandThatNoPersonCouldChooseIsADriversMistake) {
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Track([](const ModalWindow&) { return 102; }), 0) << "grey", "command 102");
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Track([](const ModalWindow&) { return 999; }), 0) << "unknown", "command 999");
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Track([](const ModalWindow&) -> int { throw 1; }), 0), "its answer threw");
 }
 
 TEST_F(Menus, KeysChooseAnEntry) {
@@ -81,7 +87,7 @@ TEST_F(Menus, AClickChoosesAnEntry) {
             QMenu* shown = MenuOf(window);
             QTest::mouseClick(shown, Qt::LeftButton, Qt::NoModifier,
                               shown->actionGeometry(shown->actions()[position]).center());
-            return shown->isVisible() ? -1 : 0;
+            return shown->isVisible() ? ModalDriver::kCareful : 0;
         });
     };
     EXPECT_EQ(click(3), 103);
@@ -96,7 +102,7 @@ TEST_F(Menus, TheOwnerHearsOfTheChoiceUnlessItIsGivenBack) {
         EXPECT_EQ(Track([](const ModalWindow&) { return 103; }, TPM_LEFTALIGN, &dialog), TRUE);
         EXPECT_EQ(heard.Take(), (std::vector<Notification>{{103, 0}}));
         EXPECT_EQ(Track([](const ModalWindow&) { return 103; }, TPM_RETURNCMD, &dialog), 103);
-        EXPECT_EQ(Track([](const ModalWindow&) { return -1; }, TPM_LEFTALIGN, &dialog), FALSE);
+        EXPECT_EQ(Track([](const ModalWindow&) { return IDCANCEL; }, TPM_LEFTALIGN, &dialog), FALSE);
         EXPECT_TRUE(heard.Take().empty());
     });
 }

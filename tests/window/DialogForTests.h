@@ -57,7 +57,7 @@ public:
     INT_PTR Run(const std::function<void(const ModalWindow&)>& answer) {
         const ModalDriver driver([this, &answer](const ModalWindow& window) {
             if (window.widget != WidgetFor(m_hWnd))
-                return -1;  // a window over this one is for a driver of its own
+                return ModalDriver::kCareful;  // a window over this one is for a driver of its own
             answer(window);
             return IDCANCEL;
         });

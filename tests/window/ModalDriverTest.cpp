@@ -1,6 +1,7 @@
 // Who answers a modal window, and that every answer ends it.
 #include "platform/window/ModalDriver.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <QPushButton>
@@ -41,15 +42,36 @@ TEST(ModalDriver, ABoxMayOpenAnother) {
     EXPECT_EQ(driver.GetCount(), 2);
 }
 
-TEST(ModalDriver, ACommandWithoutAButtonIsTheCarefulAnswer) {
-    const ModalDriver driver([](const ModalWindow&) { return 77; });
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDNO);
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_OK), IDOK);
+TEST(ModalDriver, AnAnswerWithoutAButtonArrives) {
+    for (const int answer : {int{IDCANCEL}, 77, -2}) {
+        const ModalDriver driver([answer](const ModalWindow&) { return answer; });
+        EXPECT_EQ(Ask(MB_YESNO), answer);
+        EXPECT_EQ(Ask(MB_OK), answer);
+    }
 }
 
-TEST(ModalDriver, AnAnswerThatThrowsIsTheCarefulOne) {
-    const ModalDriver driver([](const ModalWindow&) -> int { throw std::runtime_error("no"); });
-    EXPECT_EQ(MessageBox(nullptr, L"text", L"caption", MB_YESNO), IDNO);
+TEST(ModalDriver, MayLeaveABoxToItsCarefulAnswer) {
+    const ModalDriver driver([](const ModalWindow&) { return ModalDriver::kCareful; });
+    EXPECT_EQ(Ask(MB_OK), IDOK);
+    EXPECT_EQ(Ask(MB_YESNO), IDNO);
+    EXPECT_EQ(Ask(MB_YESNOCANCEL), IDCANCEL);
+}
+
+TEST(ModalDriver, AnAnswerThatThrowsFailsTheTestAndIsTheCarefulOne) {
+    const ModalDriver driver([](const ModalWindow&) -> int { throw std::runtime_error("no such control"); });
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Ask(MB_YESNO), IDNO), "its answer threw: no such control");
+    const ModalDriver odd([](const ModalWindow&) -> int { throw 1; });
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Ask(MB_YESNO), IDNO), "its answer threw");
+}
+
+TEST(ModalDriver, AMistakeThatNobodyIsToldOfEndsTheProgram) {
+    const auto throwAlone = [] {
+        ModalDriver::SetMistakeHandler(nullptr);
+        const ModalDriver driver([](const ModalWindow&) -> int { throw std::runtime_error("no such control"); });
+        ModalDriver::Ask({});
+    };
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // the toolkit has threads, which no fork takes along
+    EXPECT_DEATH(throwAlone(), "a mistake: its answer threw: no such control");
 }
 
 TEST(ModalDriver, IsAskedWhenTheBoxIsShownAndActive) {
@@ -99,15 +121,15 @@ TEST(ModalDriver, NestedBoxesAreAnsweredByTheDriverMadeInside) {
 TEST(ModalDriver, AnAnswerThatThrowsLeavesTheOuterBoxToBeAnswered) {
     const ModalDriver driver([](const ModalWindow&) {
         const ModalDriver throwing([](const ModalWindow&) -> int { throw 1; });
-        EXPECT_EQ(Ask(MB_YESNOCANCEL), IDCANCEL);
+        EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Ask(MB_YESNOCANCEL), IDCANCEL), "its answer threw");
         return IDYES;
     });
     EXPECT_EQ(Ask(MB_YESNO), IDYES);
 }
 
-TEST(ModalDriver, WithoutAFunctionItGivesTheCarefulAnswer) {
+TEST(ModalDriver, WithoutAFunctionItIsAMistake) {
     const ModalDriver driver{ModalDriver::Answer()};
-    EXPECT_EQ(Ask(MB_YESNO), IDNO);
+    EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Ask(MB_YESNO), IDNO), "its answer threw");
 }
 
 TEST(ModalDriver, MayGoBeforeTheDriversMadeAfterIt) {

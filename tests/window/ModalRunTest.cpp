@@ -1,6 +1,7 @@
 // Running a modal dialog of the toolkit: who answers, when, and what becomes of it.
 #include "platform/window/ModalRun.h"
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <QDialog>
@@ -14,12 +15,16 @@ namespace {
 struct Runs : testing::Test {
     Runs() { CanBeAnswered(); }  // starts the toolkit
 
+    static constexpr int kUnknown = 4711;
+    static constexpr int kRefused = 4712;
     std::vector<int> pressed;
 
     bool Run(QDialog* dialog) {
         return RunModal(dialog, {L"caption", L"text", nullptr, nullptr}, [this, dialog](int command) {
             pressed.push_back(command);
-            dialog->done(command);
+            if (command != kRefused)
+                dialog->done(command);
+            return command != kUnknown;
         });
     }
 };
@@ -60,6 +65,20 @@ TEST_F(Runs, ACommandOfNothingLeavesTheDialogToItself) {
     EXPECT_TRUE(Run(&dialog));
     EXPECT_EQ(dialog.result(), 4);
     EXPECT_TRUE(pressed.empty());
+}
+
+TEST_F(Runs, ACommandThatTheDialogDoesNotKnowIsAMistake) {
+    QDialog dialog;
+    const ModalDriver driver([&](const ModalWindow&) { return kUnknown; });
+    EXPECT_NONFATAL_FAILURE(Run(&dialog), "the window \"caption\" knows nothing of the command 4711");
+    EXPECT_EQ(pressed, std::vector<int>{kUnknown});
+}
+
+TEST_F(Runs, ACommandThatLeavesTheDialogOpenIsAMistake) {
+    QDialog dialog;
+    const ModalDriver driver([&](const ModalWindow&) { return kRefused; });
+    EXPECT_NONFATAL_FAILURE(Run(&dialog), "the command 4712 did not end the window \"caption\"");
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
 }
 
 TEST_F(Runs, ADialogThatIsDestroyedIsOver) {
