@@ -193,6 +193,28 @@ TEST(Qc2dArray, HasRowsOfEqualLength) {
     EXPECT_EQ(Qc2dArray<double>(2, 0).GetColNum(), 0);
 }
 
+TEST(Qc2dArray, KeepsNothingWhereItIsMadeAnewWithoutKeeping) {
+    const auto sevens = [](long rows, long columns) {
+        Qc2dArray<int> made(rows, columns);
+        made.SetAll(7);
+        return made;
+    };
+    Qc2dArray<int> rows = sevens(2, 2);
+    rows.ReAllocate(3, 2, false);
+    for (long row = 0; row < 3; ++row)
+        EXPECT_EQ(All(rows[row]), (Ints{0, 0})) << "new rows, row " << row;
+    Qc2dArray<int> columns = sevens(2, 2);
+    columns.ReAllocate(2, 3, false);
+    for (long row = 0; row < 2; ++row)
+        EXPECT_EQ(All(columns[row]), (Ints{0, 0, 0})) << "rows made longer, row " << row;
+    columns = sevens(2, 3);
+    columns.ReAllocate(2, 2, false);
+    EXPECT_EQ(All(columns[1]), (Ints{0, 0})) << "rows made shorter";
+    Qc2dArray<int> same = sevens(2, 2);
+    same.ReAllocate(2, 2, false);
+    EXPECT_EQ(All(same[1]), (Ints{7, 7})) << "of that size already";
+}
+
 // Every virtual operation exists for these types, whether or not they can compare.
 template <class C>
 void EditWithoutOperators() {
