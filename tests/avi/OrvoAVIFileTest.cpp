@@ -3,11 +3,14 @@
 
 #include <sys/stat.h>
 
+#include <QAbstractButton>
 #include <type_traits>
 
+#include "FileReferences.h"
 #include "Recording.h"
 #include "platform/base/Abandon.h"
 #include "platform/media/DeviceContext.h"
+#include "window/BoxOf.h"
 
 namespace {
 
@@ -224,6 +227,32 @@ TEST_F(Recording, OneSideMayBeFree) {
     EXPECT_EQ(recorder.AddFrame(right), 1);
 }
 
+TEST_F(Recording, ASideOfNothingFitsNoPicture) {
+    CBitmap picture;
+    MakePicture(picture, 7, 2);
+    OrvoAVIFile flat(m_name, 7, 0, 2);
+    EXPECT_EQ(flat.AddFrame(picture), 0) << "only a negative height is free";
+    OrvoAVIFile narrow(m_name, 0, 2, 2);
+    EXPECT_EQ(narrow.AddFrame(picture), 0) << "only a negative width is free";
+    EXPECT_EQ(flat.IsOK() + narrow.IsOK(), 2);
+    EXPECT_FALSE(IsThere());
+}
+
+// Whoever plays the file while it grows, or after the program has died, finds what was recorded up to then.
+TEST_F(Recording, TheHeaderFitsAfterEachFrame) {
+    OrvoAVIFile recorder(m_name, 4, 3, 10);
+    CBitmap picture;
+    MakePicture(picture);
+    for (std::uint32_t frame = 0; frame < 3; ++frame) {
+        ASSERT_EQ(recorder.AddFrame(picture), 1);
+        const AviReader avi = Read();
+        const std::uint32_t length = 10 * frame + 1;  // ten positions from frame to frame
+        EXPECT_EQ(avi.Samples().size(), length);
+        EXPECT_EQ(avi.Main(16), length) << "frames in the file";
+        EXPECT_EQ(avi.Stream(32), length) << "the stream's length";
+    }
+}
+
 TEST_F(Recording, ABitmapThatIsNoneIsNoFailureOfTheFile) {
     OrvoAVIFile recorder(m_name, -1, -1, 2);
     CBitmap none;
@@ -285,12 +314,18 @@ TEST_F(Recording, InitFinishesTheRecordingBeforeWithTheNextFile) {
 TEST_F(Recording, CompressGivesUpOneReferenceAndGoesOn) {
     {
         OrvoAVIFile recorder(m_name, -1, -1, 1);
+        int before = AviFileReleases();
         EXPECT_EQ(recorder.Compress(), 0) << "there is no stream yet";
+        EXPECT_EQ(AviFileReleases(), before) << "nor anything to give up";
         CBitmap picture;
         MakePicture(picture);
         EXPECT_EQ(recorder.AddFrame(picture), 1);
+        before = AviFileReleases();
         EXPECT_EQ(recorder.Compress(), 1);
+        EXPECT_EQ(AviFileReleases(), before + 1);
+        EXPECT_EQ(ReferencesLeft(), 0U) << "the file was opened once";
         EXPECT_EQ(recorder.AddFrame(picture), 1);
+        EXPECT_EQ(AviFileReleases(), before + 1);
     }
     EXPECT_EQ(Read().Samples().size(), 2U);
     EXPECT_TRUE(Read().Has("idx1")) << "released once more by the destructor, it was finished all the same";
@@ -420,19 +455,24 @@ TEST_F(ExistingFile, IsAskedForInTheseWords) {
     int windowOwner = 0;
     recorder.SetSaveOptionsParentWnd(reinterpret_cast<HWND>(&windowOwner));
     ModalWindow asked;
+    QStringList buttons;
     const ModalDriver driver([&](const ModalWindow& window) {
         asked = window;
+        for (const QAbstractButton* button : BoxOf(window)->buttons())
+            buttons << button->objectName();
         return 7;
     });
     recorder.AddFrame(m_picture);
     EXPECT_TRUE(asked.text == m_name + L" 文件已经存在，是否录像并替换此文件?") << ToUtf8(asked.text.View());
     EXPECT_TRUE(asked.caption == L"自动录像");
+    buttons.sort();
+    EXPECT_EQ(buttons, (QStringList{"ID_6", "ID_7"})) << "Yes and No";
     EXPECT_EQ(asked.owner, reinterpret_cast<HWND>(&windowOwner));
 }
 
 TEST_F(ExistingFile, StaysWithAnyAnswerButYes) {
     OrvoAVIFile recorder(m_name, -1, -1, 1);
-    for (const int answer : {7, 2, 77}) {
+    for (const int answer : {7, 2, 1, 77}) {
         const ModalDriver driver([&](const ModalWindow&) { return answer; });
         EXPECT_EQ(recorder.AddFrame(m_picture), 0);
         EXPECT_EQ(driver.GetCount(), 1) << "the next frame asks again";
