@@ -111,8 +111,9 @@ public:
     // Does nothing without an edit.
     void EndEditCell();
     void CancelEditCell();
-    // How far below the top of its client area an editor begins with its text, beyond where it stands by itself.
-    int GetEditOffset() const;
+    // How far below the top of its client area an editor begins with its text, beyond where it stands by itself. A
+    // derived grid that shows its texts lower supplies its own; by itself 0.
+    virtual int GetEditOffset() const;
     // Shows or hides the frame of the active cell.
     void ShowActive(bool show);
     bool IsActiveShown() const;

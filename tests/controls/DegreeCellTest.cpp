@@ -14,18 +14,25 @@ namespace {
 
 constexpr UINT kGrid = 2001;
 
-// Notes the rectangle that the grid gives for the cell.
+// Notes the rectangle that the grid gives for the cell, and whether the active cell is shown when a modified edit is
+// about to end.
 class NotingEdit : public OrvoDegreeEdit {
 public:
-    NotingEdit(QcUiGridCell* cell, RECT& rect) : OrvoDegreeEdit(cell), m_rect(rect) {}
+    NotingEdit(QcUiGridCell* cell, RECT& rect, std::vector<bool>& wasShown)
+        : OrvoDegreeEdit(cell), m_rect(rect), m_wasShown(wasShown) {}
     using OrvoDegreeEdit::Create;
     bool Create(const RECT& cellRect) override {
         m_rect = cellRect;
         return OrvoDegreeEdit::Create(cellRect);
     }
+    bool CanEndEdit() override {
+        m_wasShown.push_back(GetCell()->GetGrid()->IsActiveShown());
+        return OrvoDegreeEdit::CanEndEdit();
+    }
 
 private:
     RECT& m_rect;
+    std::vector<bool>& m_wasShown;
 };
 
 // Two columns of angles.
@@ -36,15 +43,28 @@ public:
         AppendColumn(L"two", 120);
     }
     QcUiGridCellCtrl* CreateCellCtrl(QcUiGridCell* cell) override {
-        m_editor = new NotingEdit(cell, m_rect);  // the grid's from here on
+        m_editor = new NotingEdit(cell, m_rect, m_wasShown);  // the grid's from here on
         return m_editor;
     }
+    int GetEditOffset() const override { return kEditOffset; }
+    // Every edit tells its parent that the focus has gone, as part of its default processing.
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
+        if (wParam == MAKEWPARAM(101, EN_KILLFOCUS))
+            m_losses.push_back(IsEditing());
+        return QcUiGrid::OnCommand(wParam, lParam);
+    }
+
+    static constexpr int kEditOffset = 3;
+    std::vector<bool> m_losses;    // of the focus: whether the cell was still being edited
+    std::vector<bool> m_wasShown;  // the active cell, when a modified edit was about to end
 
     OrvoDegreeEdit* m_editor = nullptr;
     RECT m_rect{};
 };
 
-void RunGrid(DWORD cellStyle, const std::function<void(EditDialog&, AngleGrid&)>& body) {
+using GridBody = std::function<void(EditDialog&, AngleGrid&)>;
+
+void RunGrid(DWORD cellStyle, const GridBody& body, const std::function<void(AngleGrid&)>& beforeEdit = nullptr) {
     EditDialog dialog;
     AngleGrid grid;
     RunDialog(dialog, [&] {
@@ -53,6 +73,8 @@ void RunGrid(DWORD cellStyle, const std::function<void(EditDialog&, AngleGrid&)>
         row->SetItemText(0, L"116度28分00秒");
         row->GetCell(0)->SetStyle(cellStyle);
         row->SetItemText(1, L"039度54分00秒");
+        if (beforeEdit)
+            beforeEdit(grid);
         ASSERT_TRUE(grid.EditCell(row, 0));
         ASSERT_NE(grid.m_editor, nullptr);
         body(dialog, grid);
@@ -80,8 +102,21 @@ TEST(DegreeCell, HasTheEditorsStyleNumberAndPlace) {
         EXPECT_EQ(place.right, grid.m_rect.right);
         EXPECT_EQ(place.bottom, grid.m_rect.bottom);
         EXPECT_GT(place.right - place.left, 50) << "the cell's rectangle is a real one";
-        EXPECT_EQ(LineOf(edit)->font(), WidgetOf(grid)->font());
-        EXPECT_EQ(LineOf(edit)->textMargins(), QMargins(0, grid.GetEditOffset(), 0, 0));
+        EXPECT_EQ(LineOf(edit)->textMargins(), QMargins(0, AngleGrid::kEditOffset, 0, 0))
+            << "lower by the grid's offset";
+    });
+}
+
+TEST(DegreeCell, IsGivenTheGridsFont) {
+    const auto body = [](EditDialog&, AngleGrid& grid) {
+        const QLineEdit& line = *LineOf(*grid.m_editor);
+        EXPECT_EQ(line.font().pointSize(), 23);
+        EXPECT_TRUE(line.testAttribute(Qt::WA_SetFont)) << "as its own, and not by lying in the grid";
+    };
+    RunGrid(0, body, [](AngleGrid& grid) {
+        QFont font = WidgetOf(grid)->font();
+        font.setPointSize(23);
+        WidgetOf(grid)->setFont(font);
     });
 }
 
@@ -132,6 +167,8 @@ TEST(DegreeCell, EndsWhenTheFocusLeavesTheGrid) {
         dialog.GetDlgItem(kSecondEdit)->SetFocus();
         EXPECT_FALSE(grid.IsEditing());
         EXPECT_FALSE(grid.IsActiveShown());
+        EXPECT_EQ(grid.m_losses, std::vector<bool>{true}) << "told once, before the end";
+        EXPECT_EQ(grid.m_wasShown, std::vector<bool>{false}) << "hidden before the end";
         EXPECT_EQ(grid.GetRow(0)->GetItemText(0), L"016度28分00秒");
         EXPECT_TRUE(WidgetOf(*dialog.GetDlgItem(kSecondEdit))->hasFocus());
     });
@@ -147,11 +184,26 @@ TEST(DegreeCell, EndsWithTheActiveCellShownWhenTheFocusStaysInTheGrid) {
     });
 }
 
+// Where the focus stays in the grid, the frame is the grid's own affair.
+TEST(DegreeCell, LeavesAnActiveCellHiddenThatWasSo) {
+    RunGrid(0, [](EditDialog&, AngleGrid& grid) {
+        grid.ShowActive(false);
+        grid.m_editor->SendMessage(WM_KILLFOCUS, reinterpret_cast<WPARAM>(grid.m_editor->GetSafeHwnd()));
+        EXPECT_FALSE(grid.IsActiveShown()) << "the focus stays in the editor";
+        EXPECT_TRUE(IsEditingCell(grid));
+        grid.m_editor->SendMessage(WM_CHAR, L'0', 1);
+        grid.m_editor->SendMessage(WM_KILLFOCUS, reinterpret_cast<WPARAM>(grid.GetSafeHwnd()));
+        EXPECT_FALSE(grid.IsEditing());
+        EXPECT_EQ(grid.m_wasShown, std::vector<bool>{false}) << "the focus goes to the grid";
+    });
+}
+
 TEST(DegreeCell, GoesOnWhenTheFocusStaysInTheEditor) {
     RunGrid(0, [](EditDialog&, AngleGrid& grid) {
         grid.m_editor->SendMessage(WM_KILLFOCUS, reinterpret_cast<WPARAM>(grid.m_editor->GetSafeHwnd()));
         EXPECT_TRUE(IsEditingCell(grid));
         EXPECT_TRUE(grid.IsActiveShown());
+        EXPECT_TRUE(grid.m_losses.empty()) << "nothing happens at all";
     });
 }
 
