@@ -26,6 +26,22 @@ void ShowOwnText(OrvoTimeEdit& edit) {
         edit.SetWindowText(text);
 }
 
+// A time that no clock shows leaves the edit as it is.
+void SetClock(OrvoTimeEdit& edit, const OrvoDegree& time) {
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    time.getDegree(hour, minute, second);
+    if (minute == kMinutesPerHour) {  // angles carry seconds into minutes, and no further
+        minute = 0;
+        ++hour;
+    }
+    if (hour < 0 || hour >= kHoursPerDay || minute < 0)
+        return;
+    edit.SetHour(hour);
+    edit.SetMinute(minute);
+}
+
 // Dates hold any numbers; false for those that would become others in the picker's fields.
 bool ToSystemTime(const OrvoDate& date, SYSTEMTIME& time) {
     const auto fits = [](int number) { return number >= 0 && number <= 0xFFFF; };
@@ -66,10 +82,9 @@ void OrvoDataSetDlgBase::InitDlgBaseData(bool standardsMode) {
         m_comboTerm.ResetContent();
         g_SunDataSet.CurDate().InitStermCombo(m_comboTerm);
     }
-    if (m_editStart.GetSafeHwnd() != nullptr && m_editEnd.GetSafeHwnd() != nullptr) {
-        ShowOwnText(m_editStart);
-        ShowOwnText(m_editEnd);
-    }
+    for (OrvoTimeEdit* edit : {&m_editStart, &m_editEnd})
+        if (edit->GetSafeHwnd() != nullptr)
+            ShowOwnText(*edit);
     if (m_spinSpace.GetSafeHwnd() != nullptr)
         m_spinSpace.SetRange(kShortestStep, kLongestStep);
     if (standardsMode) {
@@ -128,26 +143,15 @@ void OrvoDataSetDlgBase::ShowSolarTerm(OrvoDate& date) {
 }
 
 void OrvoDataSetDlgBase::ShowTime(OrvoTimeEdit& edit, const OrvoDegree& time) {
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    time.getDegree(hour, minute, second);
-    if (minute == kMinutesPerHour) {  // angles carry seconds into minutes, and no further
-        minute = 0;
-        ++hour;
-    }
     edit.SetDefault();
-    if (hour < 0 || hour >= kHoursPerDay || minute < 0)
-        return;
-    edit.SetHour(hour);
-    edit.SetMinute(minute);
+    SetClock(edit, time);
 }
 
 void OrvoDataSetDlgBase::ShowTimes(const OrvoDegree& start, const OrvoDegree& end) {
     if (m_editStart.GetSafeHwnd() != nullptr)
-        ShowTime(m_editStart, start);
+        SetClock(m_editStart, start);
     if (m_editEnd.GetSafeHwnd() != nullptr)
-        ShowTime(m_editEnd, end);
+        SetClock(m_editEnd, end);
 }
 
 OrvoPlaceDlg* OrvoDataSetDlgBase::CreatPlaceDlg(CWnd* parent) {

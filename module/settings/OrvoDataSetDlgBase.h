@@ -19,9 +19,10 @@ public:
     OrvoDataSetDlgBase(const OrvoDataSetDlgBase&) = delete;
     OrvoDataSetDlgBase& operator=(const OrvoDataSetDlgBase&) = delete;
 
-    // Fills the controls. For the dialog of the standards (true) day and times are the current standard's; for others
-    // they are the data set's own, and the place dialog is asked for the data set's place, with a message when that is
-    // unknown or there are no places at all.
+    // Fills the controls. A time that no clock shows leaves its edit with the text that it had, or with its default
+    // text when it had none. For the dialog of the standards (true) day and times are the current standard's; for
+    // others they are the data set's own, and the place dialog is asked for the data set's place, with a message when
+    // that is unknown or there are no places at all.
     void InitDlgBaseData(bool standardsMode);
     // Shows the standards' names, the current one selected.
     void RefreshStdCombo();

@@ -266,6 +266,26 @@ TEST_F(DataSetDlgBase, ShowsTheOwnTextOfTheTimesAgain) {
     AnalysisDialog dialog;
     g_SunDataSet.m_dgStartTime = 24.0;
     g_SunDataSet.m_dgEndTime = -0.5;
+    dialog.m_onInit = [&dialog] {
+        dialog.SetDlgItemText(14, L"12:34");
+        dialog.SetDlgItemText(15, L"23:45");
+        dialog.InitDlgBaseData(false);
+    };
+    const Play play({Do("IDD_7", [&dialog](const ModalWindow& window) {
+        EXPECT_EQ(EditText(window, 14), "12:34") << "no clock shows the settings' own";
+        EXPECT_EQ(EditText(window, 15), "23:45");
+        g_SunDataSet.m_dgStartTime = 7.5;
+        dialog.InitDlgBaseData(false);
+        EXPECT_EQ(EditText(window, 14), "07:30") << "a clock shows this one";
+        EXPECT_EQ(EditText(window, 15), "23:45");
+    })});
+    dialog.DoModal();
+}
+
+TEST_F(DataSetDlgBase, ShowsTheDefaultTextOfTimesThatHaveNone) {
+    AnalysisDialog dialog;
+    g_SunDataSet.m_dgStartTime = 24.0;
+    g_SunDataSet.m_dgEndTime = -0.5;
     const Play play({Do("IDD_7", [](const ModalWindow& window) {
         EXPECT_EQ(EditText(window, 14), "00:00") << "no clock shows it";
         EXPECT_EQ(EditText(window, 15), "00:00");

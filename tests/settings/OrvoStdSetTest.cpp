@@ -262,33 +262,76 @@ TEST(OrvoStdSet, DropsWhatTheDictionaryHeld) {
     EXPECT_EQ(dict->FindItem(L"MaxWidth")->GetType(), 4);
 }
 
+namespace {
+
+// A key, the value that it has in a file, and the field that it fills.
+struct FiledValue {
+    const wchar_t* key;
+    int kind;
+    double value;
+    double (*field)(const OrvoStdSet&);
+};
+
+// No value is a default, and none is one of Unusual's.
+const std::vector<FiledValue> kFiled = {
+    {L"FullWin", 1, 20, [](const OrvoStdSet& s) -> double { return s.m_nFullWin; }},
+    {L"LimitWidth", 1, 21, [](const OrvoStdSet& s) -> double { return s.m_nLimitWidth; }},
+    {L"MaxContinue", 1, 22, [](const OrvoStdSet& s) -> double { return s.m_nMaxContinue; }},
+    {L"BJTime", 1, 23, [](const OrvoStdSet& s) -> double { return s.m_nBJTime; }},
+    {L"AllMaxContinueTime", 1, 24, [](const OrvoStdSet& s) -> double { return s.m_nAllMaxContinueTime; }},
+    {L"MaxWidth", 4, 2525.5, [](const OrvoStdSet& s) { return s.m_dMaxWidth; }},
+    {L"MinWidth", 4, 262.5, [](const OrvoStdSet& s) { return s.m_dMinWidth; }},
+    {L"Space", 4, 2.75, [](const OrvoStdSet& s) { return s.m_dSpace; }},
+    {L"StartTime", 4, 7.25, [](const OrvoStdSet& s) { return s.m_dgStartTime.getDegree(); }},
+    {L"EndTime", 4, 17.75, [](const OrvoStdSet& s) { return s.m_dgEndTime.getDegree(); }},
+    {L"MinValidAngle", 3, 31, [](const OrvoStdSet& s) -> double { return s.m_nMinValidAngle; }},
+    {L"MinValidTime", 3, 32, [](const OrvoStdSet& s) -> double { return s.m_nMinValidTime; }},
+    {L"MinMaxValidTime", 3, 33, [](const OrvoStdSet& s) -> double { return s.m_nMinMaxValidTime; }},
+    {L"MinContinueTime", 3, 34, [](const OrvoStdSet& s) -> double { return s.m_nMinContinueTime; }},
+    {L"ValidSunType", 3, 35, [](const OrvoStdSet& s) -> double { return s.m_nValidSunType; }},
+    {L"TotalTimeType", 3, 36, [](const OrvoStdSet& s) -> double { return s.m_nTotalTimeType; }},
+};
+
+// A file with all values but one.
+std::unique_ptr<QcDtDictionary> FiledWithout(const wchar_t* missing) {
+    auto dict = Marked();
+    for (const FiledValue& filed : kFiled) {
+        if (filed.key == missing)
+            continue;
+        QcDtDictItem* item = dict->FindOrAddItem(filed.key, filed.kind);
+        if (filed.kind == 4)
+            item->SetDoubleValue(filed.value);
+        else
+            item->SetIntValue(static_cast<int>(filed.value));
+    }
+    return dict;
+}
+
+}  // namespace
+
 TEST(OrvoStdSet, KeepsAFieldWhoseKeyIsMissing) {
-    for (const Key& key : kKeys) {
-        const auto dict = Saved(OrvoStdSet());
-        dict->SetName(L"杭州大寒日");
-        dict->SetAttributeValue(L"date", L"2010- 1-20");
-        for (const Key& other : kKeys) {
-            if (other.name != key.name)
-                continue;
-            dict->RemoveItem(dict->FindItem(other.name));
-        }
-        OrvoStdSet standard = Unusual();
-        standard.m_colors.m_listType.Append(77);
-        EXPECT_TRUE(standard.ReadFromDict(dict.get()));
-        // Save both and compare: only the missing key's value is still the unusual one.
-        const auto before = Saved(Unusual());
-        const auto fresh = Saved(OrvoStdSet());
-        const auto after = Saved(standard);
-        for (const Key& other : kKeys) {
-            if (other.kind == 0) {
-                EXPECT_EQ(standard.m_colors.GetTypeColor(5), other.name == key.name ? 77 : 256);
-                continue;
-            }
-            const QcDtDictionary* expected = other.name == key.name ? before.get() : fresh.get();
-            EXPECT_EQ(after->FindItem(other.name)->GetIntValue(), expected->FindItem(other.name)->GetIntValue());
-            EXPECT_EQ(after->FindItem(other.name)->GetDoubleValue(), expected->FindItem(other.name)->GetDoubleValue());
+    const OrvoStdSet unusual = Unusual();
+    ASSERT_EQ(kFiled.size() + 1, kKeys.size()) << "and the table of colours";
+    for (const FiledValue& missing : kFiled) {
+        OrvoStdSet standard = unusual;
+        EXPECT_TRUE(standard.ReadFromDict(FiledWithout(missing.key).get()));
+        for (const FiledValue& filed : kFiled) {
+            const double expected = filed.key == missing.key ? filed.field(unusual) : filed.value;
+            EXPECT_EQ(filed.field(standard), expected) << ToUtf8(filed.key) << " without " << ToUtf8(missing.key);
         }
     }
+}
+
+TEST(OrvoStdSet, KeepsItsColoursWhereTheirTableIsMissing) {
+    OrvoStdSet standard;
+    standard.m_colors.m_listType.Append(77);
+    const auto dict = FiledWithout(nullptr);
+    EXPECT_TRUE(standard.ReadFromDict(dict.get()));
+    EXPECT_EQ(standard.m_colors.GetTypeColor(5), 77);
+    // With one, the colours are the file's: five of the types have one, and any other has the colour 256.
+    EXPECT_TRUE(OrvoColorTable().SaveToXml(dict->FindOrAddDict(L"SUNCOLORTABLE")));
+    EXPECT_TRUE(standard.ReadFromDict(dict.get()));
+    EXPECT_EQ(standard.m_colors.GetTypeColor(5), 256);
 }
 
 TEST(OrvoStdSet, StopsReadingAtAnItemOfAnotherKind) {
@@ -368,8 +411,7 @@ TEST(OrvoStdSet, ReadsADateWithTooManyDashesWithoutHanging) {
 }
 
 TEST(OrvoStdSet, StopsRewritingADateAtALeadingDash) {
-    // "-2010-12-22日": neither year nor month mark, so month and day are what the date parser makes of that.
-    OrvoDate expected;
-    expected.SetDate(L"-2010-12-22日");
-    ExpectDate(DateReadFrom(L"-2010-12-22"), expected.GetYear(), expected.GetMonth(), expected.m_nDay);
+    // What is parsed is "-2010-12-22日": no mark of a year, so this year; no mark of a month, so no digits of one; and
+    // the number before the mark of the day ends at the second dash.
+    ExpectDate(DateReadFrom(L"-2010-12-22"), OrvoDate().GetYear(), 0, -2010);
 }
