@@ -1,24 +1,17 @@
 // The module as a plug-in: opened with dlopen, driven by messages, closed, and really gone.
 #include <dlfcn.h>
-#include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/base/Language.h"
+#include "PlugIn.h"
 #include "platform/base/QcDtDictionary.h"
-#include "platform/host/CommandLine.h"
 #include "platform/host/ExtensionModule.h"
 #include "platform/host/ModuleLoader.h"
 #include "platform/host/ResourceText.h"
-#include "support/Environment.h"
-#include "support/FileTree.h"
 
 namespace {
-
-const CString kModule = FromUtf8(ORVO_MODULE_FILE);
 
 bool IsMapped() {
     void* handle = dlopen(ORVO_MODULE_FILE, RTLD_LAZY | RTLD_NOLOAD);
@@ -59,22 +52,6 @@ public:
     }
     mutable std::vector<CString> m_texts;
     std::vector<CString> m_keys;
-};
-
-class PlugIn : public testing::Test {
-protected:
-    void SetUp() override {
-        SetCommandLineSink([](const wchar_t*, void*) {}, nullptr);
-    }
-    void TearDown() override {
-        SetCommandLineSink(nullptr, nullptr);
-        g_pTeskLangSwitch = nullptr;
-    }
-
-    FileTree m_folder;
-    FileTree m_home;
-    EnvironmentVariable m_support{"ORVO_SUPPORT_PATH", m_folder.Path().c_str()};
-    EnvironmentVariable m_config{"XDG_CONFIG_HOME", m_home.Path().c_str()};
 };
 
 }  // namespace
@@ -148,37 +125,6 @@ TEST_F(PlugIn, TranslatesItsDefaultsWhileItIsConstructed) {
     ASSERT_FALSE(language.m_keys.empty());
     for (const CString& key : language.m_keys)
         EXPECT_EQ(key, L"ORVODATABASE");  // by the name of its own file, and not the program's
-    dlclose(module);
-}
-
-TEST_F(PlugIn, ConstructsItsSettingsBeforeItsDictionaries) {
-    // Looks at the memory of the dictionaries while the settings ask for their texts: still as the loader made it.
-    class Watch : public TeskLanguageSwitch {
-    public:
-        CString Translate(const wchar_t* text) const override {
-            if (void* module = dlopen(ORVO_MODULE_FILE, RTLD_LAZY | RTLD_NOLOAD)) {
-                for (const char* symbol : {"g_dictSunZone", "g_dictSunSet", "g_dictSunSterm"})
-                    m_constructed += FirstWord(module, symbol) != nullptr;
-                ++m_asked;
-                dlclose(module);
-            }
-            return text;
-        }
-        static const void* FirstWord(void* module, const char* symbol) {
-            const void* word = nullptr;
-            std::memcpy(&word, dlsym(module, symbol), sizeof(word));
-            return word;
-        }
-        mutable int m_asked = 0;
-        mutable int m_constructed = 0;
-    } language;
-    g_pTeskLangSwitch = &language;
-    void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(module, nullptr) << dlerror();
-    EXPECT_GT(language.m_asked, 0);
-    EXPECT_EQ(language.m_constructed, 0);
-    EXPECT_NE(Watch::FirstWord(module, "g_dictSunSterm"), nullptr);
-    g_pTeskLangSwitch = nullptr;
     dlclose(module);
 }
 
