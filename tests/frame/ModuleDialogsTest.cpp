@@ -12,7 +12,9 @@
 #include "platform/host/HostMessages.h"
 #include "platform/host/ResourceText.h"
 #include "platform/host/RxRegistry.h"
+#include "platform/window/MessageBox.h"
 #include "resources/ModuleDialogs.h"
+#include "settings/OrvoDataSetDlgBase.h"
 
 namespace {
 
@@ -87,6 +89,40 @@ TEST_F(ModuleDialogText, CountsTheLinesOfItsFile) {
     CString line;
     line.Format(L"第 %d 行", static_cast<int>(lines + 1));
     EXPECT_EQ(message.Find(line), 0) << ToUtf8(message.View());
+}
+
+namespace {
+
+// Notes whose resources are current when it is run.
+class NotingPlaces : public OrvoPlaceDlg {
+public:
+    explicit NotingPlaces(HINSTANCE& current) : OrvoPlaceDlg(nullptr), m_current(current) {}
+    INT_PTR DoModal() override {
+        m_current = AfxGetResourceHandle();
+        return IDCANCEL;
+    }
+
+private:
+    HINSTANCE& m_current;
+};
+
+class ChoosingPlaces : public OrvoDataSetDlgBase {
+public:
+    explicit ChoosingPlaces(OrvoPlaceDlg* places) { m_pPlaceDlg = places; }
+};
+
+}  // namespace
+
+TEST_F(ModuleDialogText, IsInForceForWhateverDialogOfPlacesIsRun) {
+    acrxEntryPoint(1, kHandle);
+    AfxSetResourceHandle(&kHandle);  // some other module's
+    HINSTANCE current = nullptr;
+    ChoosingPlaces dialog(new NotingPlaces(current));  // the dialog's from here on
+    EXPECT_EQ(dialog.PlaceDlgDoModal(), IDCANCEL);
+    EXPECT_EQ(current, GetModuleResourceHandle());
+    EXPECT_EQ(AfxGetResourceHandle(), &kHandle) << "given back";
+    AfxSetResourceHandle(nullptr);
+    acrxEntryPoint(2, kHandle);
 }
 
 TEST_F(ModuleDialogText, LeavesTheProgramsAloneInAModuleThatTheFrameworkRefuses) {
