@@ -35,7 +35,7 @@ QModelIndex CellOf(const QTreeView& tree, int city, int column) {
 void ShowMenu(Album& album, const char* name, const ModalWindow& window, QTreeView& tree, const QModelIndex& cell) {
     const ModalDriver driver([&](const ModalWindow& menu) {
         album.Take(name, window, static_cast<QWidget*>(menu.widget));
-        return -1;  // no entry: the menu closes
+        return ModalDriver::kCareful;  // no entry: the menu closes
     });
     const QPoint place = tree.visualRect(cell).center();
     QContextMenuEvent event(QContextMenuEvent::Mouse, place, tree.viewport()->mapToGlobal(place));
