@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -16,63 +15,21 @@
 #include "platform/base/CString.h"
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
+#include "platform/base/OpenFile.h"
 #include "platform/base/SaveFailure.h"
 #include "platform/base/Support.h"
+#include "platform/base/TemporaryFile.h"
 
 namespace {
 
-constexpr int kMostLinks = 40;
 constexpr int kMostNames = 10000;
 constexpr mode_t kPermissionBits = 07777;
 constexpr const char* kBackup = ".bak";
 constexpr auto kSameUser = static_cast<uid_t>(-1);
 
-// A file descriptor that closes itself.
-class OpenFile {
-public:
-    OpenFile(const std::string& path, int flags, mode_t mode = 0) {
-        do
-            m_file = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
-        while (m_file < 0 && errno == EINTR);
-    }
-    // Without hiding why the step before failed.
-    ~OpenFile() {
-        const int error = errno;
-        Close();
-        errno = error;
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    bool IsOpen() const { return m_file >= 0; }
-    int Get() const { return m_file; }
-    // Some file systems tell only now that they could not write. (An interrupted close has closed.)
-    bool Close() {
-        const int file = std::exchange(m_file, -1);
-        return file >= 0 && (close(file) == 0 || errno == EINTR);
-    }
-    bool Flush() const {
-        int result = 0;
-        do
-            result = fsync(m_file);
-        while (result != 0 && errno == EINTR);
-        return result == 0;
-    }
-
-private:
-    int m_file = -1;
-};
-
 bool FailWith(int error) {
     errno = error;
     return false;
-}
-
-// Removes a name without hiding why the step before failed.
-void RemoveQuietly(const std::string& path) {
-    const int error = errno;
-    unlink(path.c_str());
-    errno = error;
 }
 
 bool WriteAll(int file, std::string_view bytes) {
@@ -95,33 +52,6 @@ ssize_t ReadSome(int file, char* buffer, std::size_t size) {
         count = read(file, buffer, size);
     while (count < 0 && errno == EINTR);
     return count;
-}
-
-std::string FolderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-// The path behind all symbolic links of its last part, also when they lead nowhere yet; empty for a circle and when a
-// link cannot be read; errno says why.
-std::string FollowLinks(std::string path) {
-    for (int i = 0; i < kMostLinks; ++i) {
-        std::array<char, PATH_MAX> link = {};
-        const ssize_t length = readlink(path.c_str(), link.data(), link.size());
-        if (length < 0)
-            return errno == EINVAL || errno == ENOENT ? path : std::string();  // no link
-        const std::string to(link.data(), static_cast<std::size_t>(length));
-        path = to.rfind('/', 0) == 0 ? to : path.substr(0, path.rfind('/') + 1) + to;
-    }
-    errno = ELOOP;
-    return std::string();
-}
-
-bool IsSameFile(const std::string& path, const struct stat& status) {
-    struct stat other = {};
-    return lstat(path.c_str(), &other) == 0 && other.st_dev == status.st_dev && other.st_ino == status.st_ino;
 }
 
 class AtomicSave {
@@ -149,14 +79,12 @@ private:
     std::string m_folder;
     struct stat m_status = {};  // of the present file
     bool m_hasPresent = false;
-    std::string m_temporary;   // empty: none is there
+    TemporaryFile m_temporary;
     std::string m_kept;        // the present file's second name
     bool m_isKeptNew = false;  // and it is to go when the save fails
 };
 
 AtomicSave::~AtomicSave() {
-    if (!m_temporary.empty())
-        RemoveQuietly(m_temporary);
     if (m_isKeptNew)
         RemoveQuietly(m_kept);
 }
@@ -209,21 +137,11 @@ bool AtomicSave::TakeOverRights(int file) const {
 }
 
 bool AtomicSave::WriteTemporary(std::string_view bytes) {
-    const std::string stem = m_target + ".saving-" + std::to_string(getpid()) + "-";
-    for (int i = 0; i < kMostNames; ++i) {
-        const std::string name = stem + std::to_string(i);
-        // A new file gets what the user's mask allows, a replacement nothing before it has the rights of the old one.
-        OpenFile file(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, m_hasPresent ? 0600 : 0666);
-        if (!file.IsOpen()) {
-            if (errno == EEXIST)
-                continue;
-            return false;
-        }
-        m_temporary = name;
-        return WriteAll(file.Get(), bytes) && (!m_hasPresent || TakeOverRights(file.Get())) && file.Flush() &&
-               file.Close();
-    }
-    return false;
+    RemoveAbandonedFiles(m_target);
+    // A new file gets what the user's mask allows, a replacement nothing before it has the rights of the old one.
+    return m_temporary.Create(m_target, m_hasPresent ? 0600 : 0666) && WriteAll(m_temporary.Get(), bytes) &&
+           (!m_hasPresent || TakeOverRights(m_temporary.Get())) && m_temporary.File().Flush() &&
+           m_temporary.CloseForWriting();
 }
 
 bool AtomicSave::KeepPresent(FileJudge isGood) {
@@ -234,7 +152,7 @@ bool AtomicSave::KeepPresent(FileJudge isGood) {
 
 // The backup appears in one step too: a second name first, which then takes the place of the backup before.
 bool AtomicSave::KeepAsBackup() {
-    const std::string second = m_temporary + ".bak";
+    const std::string second = m_temporary.Name() + ".bak";
     if (link(m_target.c_str(), second.c_str()) != 0 && !Copy(m_target, second)) {
         RemoveQuietly(second);
         return false;
@@ -289,7 +207,7 @@ bool AtomicSave::Copy(const std::string& from, const std::string& to) const {
 
 bool AtomicSave::Replace() {
     const OpenFile folder(m_folder, O_RDONLY | O_DIRECTORY);
-    if (!folder.IsOpen() || rename(m_temporary.c_str(), m_target.c_str()) != 0)
+    if (!folder.IsOpen() || rename(m_temporary.Name().c_str(), m_target.c_str()) != 0)
         return false;
     // Some file systems cannot flush a folder and say so.
     if (!folder.Flush() && errno != EINVAL) {
@@ -297,7 +215,7 @@ bool AtomicSave::Replace() {
         Undo();
         return FailWith(error);
     }
-    m_temporary.clear();
+    m_temporary.Forget();
     m_isKeptNew = false;
     return true;
 }
@@ -308,9 +226,12 @@ void AtomicSave::Undo() {
         unlink(m_target.c_str());
         return;
     }
-    const bool isThere = link(m_kept.c_str(), m_temporary.c_str()) == 0 || Copy(m_kept, m_temporary);
+    const std::string& temporary = m_temporary.Name();
+    const OpenFile kept(m_kept, O_RDONLY | O_NONBLOCK);
+    kept.Lock();  // or another save might take the link for abandoned
+    const bool isThere = link(m_kept.c_str(), temporary.c_str()) == 0 || Copy(m_kept, temporary);
     // Should even this fail, the second name is all that is left of the old file.
-    m_isKeptNew = isThere && rename(m_temporary.c_str(), m_target.c_str()) == 0 && m_isKeptNew;
+    m_isKeptNew = isThere && rename(temporary.c_str(), m_target.c_str()) == 0 && m_isKeptNew;
 }
 
 // All steps; fills in what to tell when one fails.

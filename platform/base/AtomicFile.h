@@ -18,8 +18,9 @@ using FileJudge = bool (*)(const char* path);
 //   - The folder must exist. A file that may not be read and written, and what is no ordinary file, is refused.
 //   - In the installed data folder nothing is written.
 // False when a step fails: the old file then stands, and nothing is left beside it but possibly a NAME.bak of the same
-// content. (A process that is killed can leave one file NAME.saving-*.) One sentence then names the file, the cause and
-// what to do about it; it goes to `message`, which is left alone otherwise, or to ReportMessage when that is null.
+// content. (A process that is killed can leave files NAME.saving-*; the next save that writes removes them.) One
+// sentence then names the file, the cause and what to do about it; it goes to `message`, which is left alone otherwise,
+// or to ReportMessage when that is null.
 ORVO_API bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood,
                                  CString* message = nullptr);
 

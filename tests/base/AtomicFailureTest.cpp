@@ -125,7 +125,7 @@ bool CanBeInterrupted(const Outcome& outcome, int at) {
     std::string name;
     for (int i = 0; i < at && names >> name; ++i) {
     }
-    return name == "open" || name == "read" || name == "write" || name == "fsync" || name == "close";
+    return name == "open" || name == "read" || name == "write" || name == "fsync" || name == "close" || name == "flock";
 }
 
 struct Case {
@@ -197,7 +197,10 @@ TEST_P(AtomicFailure, AProcessThatDiesAtAnyCallLeavesAWholeFileAndTheNextSaveSuc
             break;
         const Outcome next = scene.Save("error", 0, GetParam().environment);
         EXPECT_TRUE(next.isSaved);
-        EXPECT_EQ(scene.Files().at(scene.Real()), FileWith(kText));
+        const auto files = scene.Files();
+        EXPECT_EQ(files.at(scene.Real()), FileWith(kText));
+        for (const auto& [name, content] : files)
+            EXPECT_EQ(name.find(".saving-"), std::string::npos) << name << " is left of the save that died";
     }
 }
 
@@ -259,6 +262,20 @@ TEST_P(AtomicFailure, ACallThatWritesOrReadsLessThanAskedForIsCarriedOn) {
         if (at > outcome.calls)
             break;
     }
+}
+
+TEST_P(AtomicFailure, ATemporaryFileThatIsTakenForAbandonedIsMadeAnew) {
+    const Outcome plain = Make().Save("error", 0, GetParam().environment);
+    std::istringstream names(plain.names);
+    int at = 1;
+    for (std::string name; names >> name && name != "flock"; ++at) {
+    }
+    ASSERT_LE(at, plain.calls) << "no lock is taken: " << plain.names;
+    const Scene scene = Make();
+    const Outcome outcome = scene.Save("swept", at, GetParam().environment);
+    EXPECT_TRUE(outcome.isSaved);
+    EXPECT_GT(outcome.calls, plain.calls);
+    ExpectWhole(scene, outcome);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -1,12 +1,16 @@
 // Saving a file: what is replaced, what is kept, what is left alone.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/base/AtomicFile.h"
@@ -114,6 +118,7 @@ TEST_F(AtomicSave, WithoutAJudgeEveryVersionIsGood) {
 TEST_F(AtomicSave, TouchesNothingWhenTheBytesAreTheSame) {
     m_tree.Write("a", "bad");
     m_tree.Write("a.bak", "good 0");
+    m_tree.Write("a.saving-1-0", "left");
     const auto age = Age("a");
     const auto backupAge = Age("a.bak");
     struct stat before = {};
@@ -124,7 +129,7 @@ TEST_F(AtomicSave, TouchesNothingWhenTheBytesAreTheSame) {
     EXPECT_EQ(before.st_ino, after.st_ino);
     EXPECT_EQ(fs::last_write_time(m_tree / "a"), age);
     EXPECT_EQ(fs::last_write_time(m_tree / "a.bak"), backupAge);
-    EXPECT_EQ(Names(), (NameList{"a", "a.bak"}));
+    EXPECT_EQ(Names(), (NameList{"a", "a.bak", "a.saving-1-0"}));
 }
 
 TEST_F(AtomicSave, SeesTheSmallestDifference) {
@@ -255,12 +260,82 @@ TEST_F(AtomicSave, ARefusedVersionIsKeptOnceThoughTheSaveBeforeDied) {
     EXPECT_EQ(Bytes("a.refused-1"), "bad");
 }
 
-TEST_F(AtomicSave, LeavesAnotherProcessesTemporaryFileAlone) {
+TEST_F(AtomicSave, LeavesTheFilesOfASaveThatGoesOnAlone) {
     const std::string other = "a.saving-" + std::to_string(getpid()) + "-0";
-    m_tree.Write(other, "theirs");
-    EXPECT_TRUE(Save("a", "good"));
-    EXPECT_EQ(Bytes("a"), "good");
+    const fs::path path = m_tree.Write(other, "theirs");
+    m_tree.Write(other + ".bak", "their copy");
+    m_tree.Write("a", "good 1");
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(flock(file, LOCK_EX | LOCK_NB), 0);
+    EXPECT_TRUE(Save("a", "good 2"));
+    EXPECT_EQ(Bytes("a"), "good 2");
     EXPECT_EQ(Bytes(other.c_str()), "theirs");
+    EXPECT_EQ(Bytes((other + ".bak").c_str()), "their copy");
+    close(file);
+    EXPECT_TRUE(Save("a", "good 3"));
+    EXPECT_EQ(Names(), (NameList{"a", "a.bak"})) << "the other one is gone by now";
+}
+
+TEST_F(AtomicSave, RemovesTheFilesOfSavesThatDied) {
+    m_tree.Write("a", "good 1");
+    for (const char* name : {"a.saving-1-0", "a.saving-1-0.bak", "a.saving-22-333", "a.saving-4-5.bak"})
+        m_tree.Write(name, "left");
+    m_tree.Write("a.saving-9-9", "locked for itself alone");
+    ASSERT_EQ(chmod((m_tree / "a.saving-9-9").c_str(), 0400), 0);
+    EXPECT_TRUE(Save("a", "good 2"));
+    EXPECT_EQ(Names(), (NameList{"a", "a.bak"}));
+    EXPECT_EQ(Bytes("a.bak"), "good 1");
+}
+
+TEST_F(AtomicSave, RemovesThemWhereALinkLeads) {
+    m_tree.Write("real/b", "good 1");
+    m_tree.Write("real/b.saving-1-0", "left");
+    m_tree.Write("a.saving-1-0", "of another file");
+    fs::create_symlink("real/b", m_tree / "a");
+    EXPECT_TRUE(Save("a", "good 2"));
+    EXPECT_EQ(Names(), (NameList{"a", "a.saving-1-0", "real", "real/b", "real/b.bak"}));
+}
+
+TEST_F(AtomicSave, RemovesNothingThatOnlyLooksAlike) {
+    NameList expected = {"a"};
+    for (const char* name :
+         {"a.saving-", "a.saving-1", "a.saving-1-", "a.saving--1", "a.saving-1-x", "a.saving-1-0.txt",
+          "a.saving-1-0.bak.bak", "aa.saving-1-0", "b.saving-1-0", "saving-1-0", "a.refused-1"}) {
+        m_tree.Write(name, "mine");
+        expected.emplace_back(name);
+    }
+    fs::create_directory(m_tree / "a.saving-5-0");
+    ASSERT_EQ(mkfifo((m_tree / "a.saving-6-0").c_str(), 0600), 0);
+    m_tree.Write("elsewhere", "mine");
+    fs::create_symlink("elsewhere", m_tree / "a.saving-7-0");
+    for (const char* name : {"a.saving-5-0", "a.saving-6-0", "a.saving-7-0", "elsewhere"})
+        expected.emplace_back(name);
+    std::sort(expected.begin(), expected.end());
+    EXPECT_TRUE(Save("a", "good"));
+    EXPECT_EQ(Names(), expected);
+}
+
+TEST_F(AtomicSave, SavesAtTheSameTimeDoNotTakeEachOtherForDead) {
+    constexpr int kWriters = 4;
+    constexpr int kSaves = 40;
+    m_tree.Write("a", "good");
+    const CString path = m_tree.File("a");
+    std::atomic<int> failures = 0;
+    std::vector<std::thread> writers;
+    for (int writer = 0; writer < kWriters; ++writer)
+        writers.emplace_back([&, writer] {
+            for (int i = 0; i < kSaves; ++i) {
+                CString message;
+                const std::string bytes = "good " + std::to_string(writer) + "/" + std::to_string(i);
+                if (!SaveFileAtomically(path, bytes, IsGood, &message))
+                    ++failures;
+            }
+        });
+    for (std::thread& writer : writers)
+        writer.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(Names(), (NameList{"a", "a.bak"}));
+    EXPECT_NE(Bytes("a").find("/" + std::to_string(kSaves - 1)), std::string::npos);
 }
 
 TEST_F(AtomicSave, TakesRelativePathsFromTheCurrentFolder) {

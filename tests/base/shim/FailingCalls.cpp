@@ -6,9 +6,11 @@
 //   dead       this call and every later one fail with EIO
 //   full       from this call on whatever needs room on the disk fails with ENOSPC
 //   short      this call, when it writes or reads, does so for one byte only
+//   swept      another process removes the file that this call, when it locks one, is about to lock
 // and FAILING_CALLS_NO_LINKS: no hard link can be made at all.
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +21,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 #define SHOWN extern "C" __attribute__((visibility("default")))
@@ -130,6 +133,15 @@ SHOWN ssize_t write(int file, const void* buffer, size_t size) {
 }
 SHOWN int fsync(int file) {
     return Fails("fsync", true) ? -1 : REAL(fsync)(file);
+}
+SHOWN int flock(int file, int operation) noexcept {
+    if (g_isCounting && g_seen + 1 == At() && Is("swept")) {
+        char path[4096] = {};
+        const std::string link = "/proc/self/fd/" + std::to_string(file);
+        if (REAL(readlink)(link.c_str(), path, sizeof path - 1) > 0)
+            REAL(unlink)(path);
+    }
+    return Fails("flock") ? -1 : REAL(flock)(file, operation);
 }
 SHOWN int fchmod(int file, mode_t mode) {
     return Fails("fchmod") ? -1 : REAL(fchmod)(file, mode);

@@ -1,0 +1,44 @@
+// Files by their paths as the system takes them: open ones that close themselves, and what a path leads to.
+#pragma once
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <string>
+
+// A file descriptor that closes itself. Programs that are started do not inherit it.
+class OpenFile {
+public:
+    OpenFile() = default;
+    OpenFile(const std::string& path, int flags, mode_t mode = 0);
+    OpenFile(OpenFile&& other) noexcept;
+    OpenFile& operator=(OpenFile&& other) noexcept;
+    // Without hiding why the step before failed.
+    ~OpenFile();
+
+    bool IsOpen() const { return m_file >= 0; }
+    int Get() const { return m_file; }
+    // Some file systems tell only now that they could not write. (An interrupted close has closed.)
+    bool Close();
+    bool Flush() const;
+    // Takes the lock of the open file without waiting. False when another open file has it (errno EWOULDBLOCK), and
+    // where the file system has no such locks.
+    bool Lock() const;
+    // Another descriptor of the same open file, which holds its lock, too; not open when there is none to be had.
+    OpenFile Duplicate() const;
+
+private:
+    int m_file = -1;
+};
+
+// Removes a name without hiding why the step before failed.
+void RemoveQuietly(const std::string& path);
+
+std::string FolderOf(const std::string& path);
+
+// The path behind all symbolic links of its last part, also when they lead nowhere yet; empty for a circle and when a
+// link cannot be read; errno says why.
+std::string FollowLinks(std::string path);
+
+// Whether the path itself (no link followed) is the file of this status.
+bool IsSameFile(const std::string& path, const struct stat& status);
