@@ -67,6 +67,8 @@ public:
     bool WriteTemporary(std::string_view bytes);
     bool KeepPresent(FileJudge isGood);
     bool Replace();
+    // Instead of these: keeps the present file as a refused one, whatever it is.
+    bool OnlyKeep();
 
 private:
     bool TakeOverRights(int file) const;
@@ -148,6 +150,12 @@ bool AtomicSave::KeepPresent(FileJudge isGood) {
     if (!m_hasPresent)
         return true;
     return !isGood || isGood(m_target.c_str()) ? KeepAsBackup() : KeepAsRefused();
+}
+
+bool AtomicSave::OnlyKeep() {
+    const bool isKept = m_hasPresent && KeepAsRefused();
+    m_isKeptNew = m_isKeptNew && !isKept;
+    return isKept;
 }
 
 // The backup appears in one step too: a second name first, which then takes the place of the backup before.
@@ -274,4 +282,13 @@ bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge i
 CString BackupPath(const wchar_t* path) {
     const std::string target = FollowLinks(ToUtf8(CString(path).View()));
     return target.empty() ? CString() : FromUtf8(target + kBackup);
+}
+
+bool KeepRefusedFile(const wchar_t* path) {
+    const std::string target = path && *path ? FollowLinks(ToUtf8(path)) : std::string();
+    if (target.empty() || IsInstalledDataPath(FromUtf8(target)))
+        return false;
+    AtomicSave save(target);
+    save.LookAtPresent({});
+    return save.OnlyKeep();
 }

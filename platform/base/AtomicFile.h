@@ -27,3 +27,7 @@ ORVO_API bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, Fi
 // Where such a save keeps the version before: NAME.bak, beside what symbolic links lead to. Empty for an empty path,
 // null and links that go in a circle.
 ORVO_API CString BackupPath(const wchar_t* path);
+
+// Gives the file at `path` the second name NAME.refused-1 (or the next number that is free), under which it outlives
+// the saves to come; one that it has already is enough. False where there is no ordinary file, and when it cannot be.
+ORVO_API bool KeepRefusedFile(const wchar_t* path);

@@ -95,20 +95,42 @@ bool DictionaryReader::AcceptsBytes(std::string_view bytes) {
     return DictionaryReader().ReadBytes(bytes);
 }
 
+DictionaryReader::Fault DictionaryReader::FaultOf(const char* path) {
+    DictionaryReader reader;
+    return reader.ReadFile(path) ? Fault() : reader.m_fault;
+}
+
 bool DictionaryReader::ReadFile(const char* path) {
-    // Asked before opening as well, since opening a device can do things. Not blocking: nobody may ever write to a
-    // pipe.
-    struct stat status = {};
     Source source;
-    if (stat(path, &status) == 0 && S_ISREG(status.st_mode))
-        source.file = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    const bool isGood = source.file >= 0 && fstat(source.file, &status) == 0 && S_ISREG(status.st_mode) &&
-                        static_cast<std::uint64_t>(status.st_size) <= kDictionaryMaxBytes && Read(source);
+    const bool isGood = Open(path, source) && Read(source);
     if (source.file >= 0)
         close(source.file);
     if (!isGood)
         Clear();
     return isGood;
+}
+
+// Asks before opening as well, since opening a device can do things. Not blocking: nobody may ever write to a pipe.
+bool DictionaryReader::Open(const char* path, Source& source) {
+    struct stat status = {};
+    const auto refuse = [this](Fault::Kind kind, int error) {
+        m_fault = {kind, error, 0};
+        return false;
+    };
+    if (stat(path, &status) != 0)
+        return refuse(Fault::Kind::System, errno);
+    if (!S_ISREG(status.st_mode))
+        return refuse(Fault::Kind::NoOrdinaryFile, 0);
+    source.file = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (source.file < 0 || fstat(source.file, &status) != 0)
+        return refuse(Fault::Kind::System, errno);
+    if (!S_ISREG(status.st_mode))
+        return refuse(Fault::Kind::NoOrdinaryFile, 0);
+    if (status.st_size == 0)
+        return refuse(Fault::Kind::Empty, 0);
+    if (static_cast<std::uint64_t>(status.st_size) > kDictionaryMaxBytes)
+        return refuse(Fault::Kind::System, EFBIG);
+    return true;
 }
 
 int DictionaryReader::ReadFrom(void* context, char* buffer, int length) {
@@ -130,6 +152,8 @@ int DictionaryReader::ReadFrom(void* context, char* buffer, int length) {
     source.position += static_cast<std::uint64_t>(std::max<ssize_t>(count, 0));
     const std::string_view bytes(buffer, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     // The file may have grown since its size was asked for.
+    if (count < 0)
+        source.error = errno;
     source.hasFailed =
         source.hasFailed || count < 0 || source.position > kDictionaryMaxBytes || !source.guard.Take(bytes);
     return source.hasFailed ? -1 : static_cast<int>(count);
@@ -158,7 +182,16 @@ bool DictionaryReader::ReadAs(const char* encoding, Source& source) {
     const int options = XML_PARSE_NONET | (encoding ? XML_PARSE_IGNORE_ENC : 0);
     const std::unique_ptr<xmlTextReader, void (*)(xmlTextReader*)> xml(
         xmlReaderForIO(ReadFrom, nullptr, &source, nullptr, encoding, options), xmlFreeTextReader);
-    return xml && ReadNodes(xml.get()) && !source.hasFailed && !quiet.HasErrors();
+    if (!xml)
+        return false;
+    const bool isRead = ReadNodes(xml.get());
+    if (isRead && !source.hasFailed && !quiet.HasErrors())
+        return true;
+    const Fault::Kind kind = source.error != 0                        ? Fault::Kind::System
+                             : source.hasFailed || !quiet.HasErrors() ? Fault::Kind::Forbidden
+                                                                      : Fault::Kind::NoXml;
+    m_fault = {kind, source.error, std::max(xmlTextReaderGetParserLineNumber(xml.get()), 1)};
+    return false;
 }
 
 void DictionaryReader::Clear() {

@@ -44,6 +44,22 @@ public:
     static bool AcceptsFile(const char* path);
     static bool AcceptsBytes(std::string_view bytes);
 
+    // Why a file is refused.
+    struct Fault {
+        enum class Kind {
+            None,            // it is not
+            System,          // it cannot be opened or read: `error`
+            NoOrdinaryFile,  // a folder, a pipe, a device
+            Empty,
+            Forbidden,  // more than a file may hold, or a document type declaration: near `line`
+            NoXml,      // the XML library stopped at `line`
+        };
+        Kind kind = Kind::None;
+        int error = 0;  // an errno
+        int line = 0;   // from 1
+    };
+    static Fault FaultOf(const char* path);
+
 private:
     // Where bytes come from: an open file, or memory when there is none.
     struct Source {
@@ -52,6 +68,7 @@ private:
         std::uint64_t position = 0;
         std::array<char, 256> beginning = {};  // enough of it to see the XML declaration
         XmlGuard guard;
+        int error = 0;           // an errno of a read that failed
         bool hasFailed = false;  // a read that failed, or more than a file may hold
     };
     // An element that has begun and not yet ended.
@@ -74,6 +91,7 @@ private:
     DictionaryReader() = default;
     static int ReadFrom(void* source, char* buffer, int length);
     bool ReadFile(const char* path);
+    bool Open(const char* path, Source& source);
     bool Read(Source& source);
     bool ReadAs(const char* encoding, Source& source);
     bool ReadNodes(_xmlTextReader* xml);
@@ -95,4 +113,5 @@ private:
     std::vector<int> m_namespaces;  // declared by each open element
     int m_namespaceCount = 0;
     std::string m_text;  // of the innermost element, as far as it has come
+    Fault m_fault;       // of the last reading
 };

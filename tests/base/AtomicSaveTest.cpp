@@ -354,6 +354,21 @@ TEST_F(AtomicSave, TakesNamesThatAreNotAscii) {
     EXPECT_EQ(Names(), (NameList{"日照 设置.xml", "日照 设置.xml.bak"}));
 }
 
+TEST_F(AtomicSave, KeepsAFileAsRefusedForWhoeverKnowsMoreThanItsReader) {
+    m_tree.Write("a", "good 1");
+    m_tree.Write("a.refused-1", "older");
+    EXPECT_TRUE(KeepRefusedFile(m_tree.File("a")));
+    EXPECT_TRUE(KeepRefusedFile(m_tree.File("a"))) << "once is enough";
+    EXPECT_EQ(Names(), (NameList{"a", "a.refused-1", "a.refused-2"}));
+    EXPECT_TRUE(Save("a", "good 2"));
+    EXPECT_TRUE(Save("a", "good 3"));
+    EXPECT_EQ(Bytes("a.refused-1"), "older");
+    EXPECT_EQ(Bytes("a.refused-2"), "good 1");
+    EXPECT_FALSE(KeepRefusedFile(m_tree.File("missing")));
+    EXPECT_FALSE(KeepRefusedFile(FromUtf8(m_tree.Path().string())));
+    EXPECT_FALSE(KeepRefusedFile(nullptr));
+}
+
 TEST_F(AtomicSave, RespectsAFileThatMayNotBeWritten) {
     m_tree.Write("a", "good 1");
     ASSERT_EQ(chmod((m_tree / "a").c_str(), 0444), 0);
