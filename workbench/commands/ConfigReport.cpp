@@ -4,7 +4,6 @@
 #include "frame/ConfigDictionaries.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/base/Support.h"
-#include "settings/OrvoDataSet.h"
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlaceSearch.h"
 #include "workbench/commands/PlainText.h"
@@ -37,10 +36,4 @@ void ReportUnusableFiles() {
     Report(L"SunTerm.xml", g_dictSunSterm, HasUsableTermFile(), L"%s 中没有完整的节气表，改用内置的节气表。");
     const QcDtDictionary* settings = g_dictSunSet.FindDict(L"CUR_SUNSETDATA");
     Report(L"SunSet.xml", g_dictSunSet, settings != nullptr, L"%s 中没有当前设置，改用默认值。");
-}
-
-void RefreshWholeStep() {
-    constexpr double kMostMinutes = 24 * 60;
-    if (g_SunDataSet.m_dSpace >= 1.0 && g_SunDataSet.m_dSpace <= kMostMinutes)
-        g_SunDataSet.m_nSpace = static_cast<int>(g_SunDataSet.m_dSpace);
 }

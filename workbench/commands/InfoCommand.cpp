@@ -19,7 +19,7 @@ namespace {
 std::optional<OrvoZoneRecord> LocateOwnPlace() {
     std::optional<OrvoZoneRecord> place = FindPlace(g_SunDataSet.m_strCurCity);
     if (place)
-        SetPlace(g_SunDataSet, *place);
+        static_cast<OrvoZoneRecord&>(g_SunDataSet) = *place;  // a question changes nothing that is saved
     else
         Complain(UnknownPlaceText(g_SunDataSet.m_strCurCity));
     return place;

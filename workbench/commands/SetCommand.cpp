@@ -1,14 +1,13 @@
 // Checking, writing and saving of settings.
 #include "workbench/commands/SetCommand.h"
 
-#include "frame/ConfigFiles.h"
-#include "platform/base/Support.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/commands/DayText.h"
 #include "workbench/commands/ExitCode.h"
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlaceSearch.h"
 #include "workbench/commands/PlainText.h"
+#include "workbench/commands/SettingsChange.h"
 #include "workbench/commands/SettingsEdit.h"
 #include "workbench/commands/SettingsSnapshot.h"
 #include "workbench/commands/StandardSearch.h"
@@ -108,9 +107,6 @@ int CheckSpan(const Changes& changes) {
 }
 
 int ReadChanges(const SetOptions& options, Changes& changes) {
-    if (!options.place && !options.date && !options.start && !options.end && !options.step && !options.standard)
-        return Refuse(kExitUsage,
-                      Say(L"没有要设置的内容：请给出 --place、--date、--start、--end、--step 或 --standard"));
     if (const int code = ReadDay(options.date, changes))
         return code;
     if (const int code = ReadTimes(options, changes))
@@ -147,21 +143,23 @@ void PrintChanges(const Changes& changes, Output& output) {
 }  // namespace
 
 int RunSet(const SetOptions& options, Output& output) {
+    if (!options.HasValues())
+        return Refuse(kExitUsage,
+                      Say(L"没有要设置的内容：请给出 --place、--date、--start、--end、--step 或 --standard"));
+    SettingsChange change;
+    if (!change.Begin())
+        return kExitFailed;
     Changes changes;
     if (const int code = ReadChanges(options, changes))
         return code;
     const SettingsSnapshot before(g_SunDataSet);
     changes.ApplyTo(g_SunDataSet);
-    CString path;
-    const bool isFound = FindFile(L"SunSet.xml", path);
-    if (!SaveSunSet()) {
+    if (!change.Save()) {
         before.Restore(g_SunDataSet);
-        // Why the file that is there cannot be written has been told by the platform.
-        return Refuse(kExitFailed, isFound ? Say(L"设置没有保存，原来的设置不变。")
-                                           : Say(L"设置没有保存：找不到 SunSet.xml。原来的设置不变。"));
+        return kExitFailed;
     }
     PrintChanges(changes, output);
-    output.Line(SayFormat(L"已保存到 %s", Printable(path)));
+    output.Line(SayFormat(L"已保存到 %s", Printable(change.Path())));
     output.Line(Printable(g_SunDataSet.GetNoteString()));
     return kExitOk;
 }

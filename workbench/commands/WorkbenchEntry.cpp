@@ -6,11 +6,13 @@
 
 #include "platform/host/DynamicLinker.h"
 #include "platform/host/HostMessages.h"
+#include "settings/OrvoDataSet.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/ConfigReport.h"
 #include "workbench/commands/ExitCode.h"
 #include "workbench/commands/Output.h"
 #include "workbench/commands/Prompt.h"
+#include "workbench/commands/SettingsChange.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/window/WindowCommand.h"
 
@@ -26,11 +28,21 @@ std::vector<CString> WordsOf(int argc, const char* const* argv) {
 int Run(int argc, const char* const* argv) {
     const std::vector<CString> words = WordsOf(argc, argv);
     ReportUnusableFiles();
-    RefreshWholeStep();
+    RefreshWholeStep(g_SunDataSet);
+    RememberSavedSettings();
     if (IsStartedFromDesktop(words))
         return RunWindow({});
     Output output;
     return AsksForPrompt(words) ? RunPrompt(output) : RunWords(words, WordsFrom::CommandLine, output);
+}
+
+// The module, which is unloaded next, saves what is in force then.
+void PrepareLastSave() {
+    try {
+        TakeInAtTheEnd();
+    } catch (const std::exception& error) {
+        Complain(SayFormat(L"内部错误：%s", FromUtf8(error.what())));
+    }
 }
 
 }  // namespace
@@ -47,5 +59,7 @@ extern "C" ORVO_API int OrvoWorkbenchRun(int argc, const char* const* argv) {
 extern "C" int acrxEntryPoint(int message, void* applicationHandle) {
     if (message == AcRx::kInitAppMsg)
         acrxUnlockApplication(applicationHandle);
+    else if (message == AcRx::kUnloadAppMsg)
+        PrepareLastSave();
     return AcRx::kRetOK;
 }

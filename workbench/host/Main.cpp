@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/base/FileLock.h"
 #include "platform/base/Language.h"
 #include "platform/base/Support.h"
 #include "platform/host/ModuleLoader.h"
@@ -29,7 +30,19 @@ bool LoadOrComplain(ModuleLoader& loader, const wchar_t* name) {
     return false;
 }
 
-int RunWorkbench(int argc, char** argv) {
+// From the moment when the workbench reads the settings anew until the module has saved them, nobody else saves. Where
+// that cannot be had, this program's changes are worth more than waiting for ever.
+void LockSettings(FileLock& lock) {
+    CString path;
+    FindFile(L"SunSet.xml", path);
+    if (lock.Take(path, kLockPatience) != FileLock::Taken::Busy)
+        return;
+    CString text;
+    text.Format(PlatformText(L"另一个程序一直锁着“%s”，不再等待：保存设置时，它同时写入的内容可能丢失。"), path);
+    Complain(text);
+}
+
+int RunWorkbench(int argc, char** argv, FileLock& lock) {
     ModuleLoader workbench;
     if (!LoadOrComplain(workbench, L"OrvoWorkbench.so"))
         return kExitFailed;
@@ -38,7 +51,9 @@ int RunWorkbench(int argc, char** argv) {
         Complain(PlatformText(L"程序库 OrvoWorkbench.so 与程序不匹配，请重新安装。"));
         return kExitFailed;
     }
-    return run(argc, argv);
+    const int code = run(argc, argv);
+    LockSettings(lock);
+    return code;
 }
 
 }  // namespace
@@ -53,11 +68,13 @@ int main(int argc, char** argv) {
     CopyShippedFiles();  // says itself what it could not do; the shipped files then serve as they are
 
     int code = kExitFailed;
+    FileLock lock;
     {
         ModuleLoader module;
         if (LoadOrComplain(module, L"OrvoDataBase.so"))
-            code = RunWorkbench(argc, argv);
+            code = RunWorkbench(argc, argv, lock);
     }
+    lock.Release();
     g_pTeskLangSwitch = nullptr;
     return code;
 }

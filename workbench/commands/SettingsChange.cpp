@@ -1,0 +1,78 @@
+// Lock, read, merge; save, tell.
+#include "workbench/commands/SettingsChange.h"
+
+#include "frame/ConfigFiles.h"
+#include "platform/base/DictionaryFault.h"
+#include "platform/base/Support.h"
+#include "settings/OrvoDataSet.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/Texts.h"
+
+namespace {
+
+const wchar_t* const kFile = L"SunSet.xml";
+
+CString ConflictWords(const SettingsConflict& conflict) {
+    if (conflict.standard.IsEmpty())
+        return Say(conflict.label);
+    const CString name = Printable(conflict.standard);
+    return conflict.label ? SayFormat(L"标准“%s”的%s", name, Say(conflict.label)) : SayFormat(L"标准“%s”", name);
+}
+
+void TellConflicts(const std::vector<SettingsConflict>& conflicts) {
+    CString words;
+    for (const SettingsConflict& conflict : conflicts)
+        words += words.IsEmpty() ? ConflictWords(conflict) : Say(L"、") + ConflictWords(conflict);
+    if (!words.IsEmpty())
+        Complain(SayFormat(L"另一个程序也改动了：%s。以这里后保存的为准。", words));
+}
+
+void TakeIn(const CString& path, OthersChanges& others) {
+    SettingsFile& file = SharedSettingsFile();
+    const bool wasSound = file.IsSound();
+    if (file.TakeIn(g_SunDataSet, path, others) == SettingsFile::State::Sound || !wasSound)
+        return;
+    const CString fault = DictionaryFaultText(path);
+    Complain(SayFormat(L"%s 在此期间损坏（%s），现在由这里的设置替换；损坏的文件留作 .refused-1（或下一个空号）。",
+                       Printable(path), fault.IsEmpty() ? Say(L"其中没有当前设置") : Printable(fault)));
+}
+
+}  // namespace
+
+bool SettingsChange::Begin() {
+    FindFile(kFile, m_path);
+    if (m_lock.Take(m_path, kLockPatience) == FileLock::Taken::Busy) {
+        Complain(SayFormat(L"设置没有改动：另一个程序正锁着 %s。请稍后再试。", Printable(m_path)));
+        return false;
+    }
+    TakeIn(m_path, m_others);
+    return true;
+}
+
+bool SettingsChange::Save() {
+    const std::vector<SettingsConflict> conflicts = m_others.ConflictsWith(g_SunDataSet);
+    if (!SaveSunSet()) {
+        // Why the file that is there cannot be written has been told by the platform.
+        Complain(m_path.IsEmpty() ? Say(L"设置没有保存：找不到 SunSet.xml。原来的设置不变。")
+                                  : Say(L"设置没有保存，原来的设置不变。"));
+        return false;
+    }
+    TellConflicts(conflicts);
+    SharedSettingsFile().Remember(g_SunDataSet, m_path);
+    return true;
+}
+
+void RememberSavedSettings() {
+    CString path;
+    FindFile(kFile, path);
+    SharedSettingsFile().Remember(g_SunDataSet, path);
+}
+
+void TakeInAtTheEnd() {
+    CString path;
+    OthersChanges others;
+    FindFile(kFile, path);
+    TakeIn(path, others);
+    TellConflicts(others.ConflictsWith(g_SunDataSet));
+}
