@@ -9,6 +9,7 @@
 #include "window/DialogForTests.h"
 #include "workbench/WindowStage.h"
 #include "workbench/commands/CommandRunner.h"
+#include "workbench/commands/ConfigRecovery.h"
 
 namespace {
 
@@ -138,6 +139,25 @@ TEST_F(HostWindow, ShowsTheNoteAfreshAfterADialog) {
     });
     Type("QSetSunPrec");
     EXPECT_EQ(Note(), ToUtf8(g_SunDataSet.GetNoteString().View()));
+}
+
+TEST_F(HostWindow, SaysWhichFilesCouldNotBeUsedWhenItWasStarted) {
+    m_window.reset();
+    m_folder.Write("zone.xml", "<broken");
+    g_dictSunZone.ReadFromXML(m_folder.File("zone.xml"));
+    testing::internal::CaptureStderr();
+    ReplaceUnusableFiles();
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("zone.xml 不可用"), std::string::npos);
+    m_window = std::make_unique<MainWindow>();
+    EXPECT_TRUE(HasLogged("zone.xml 不可用：第 1 行")) << Log();
+    m_folder.Write("zone.xml", "<ORVO_ZONEDATA/>");
+    g_dictSunZone.ReadFromXML(m_folder.File("zone.xml"));
+    ReplaceUnusableFiles();
+    EXPECT_EQ(MessagesOnUnusableFiles().size(), 1U) << "no places, and nothing of the time before";
+    m_folder.Write("zone.xml", "<ORVO_ZONEDATA><省><城>x</城></省></ORVO_ZONEDATA>");
+    g_dictSunZone.ReadFromXML(m_folder.File("zone.xml"));
+    ReplaceUnusableFiles();
+    EXPECT_TRUE(MessagesOnUnusableFiles().empty());
 }
 
 TEST_F(HostWindow, OpensOnlyOnce) {

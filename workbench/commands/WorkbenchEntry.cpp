@@ -8,7 +8,7 @@
 #include "platform/host/HostMessages.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/commands/CommandRunner.h"
-#include "workbench/commands/ConfigReport.h"
+#include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/ExitCode.h"
 #include "workbench/commands/Output.h"
 #include "workbench/commands/Prompt.h"
@@ -27,7 +27,7 @@ std::vector<CString> WordsOf(int argc, const char* const* argv) {
 
 int Run(int argc, const char* const* argv) {
     const std::vector<CString> words = WordsOf(argc, argv);
-    ReportUnusableFiles();
+    ReplaceUnusableFiles();
     RefreshWholeStep(g_SunDataSet);
     RememberSavedSettings();
     if (IsStartedFromDesktop(words))

@@ -19,6 +19,7 @@
 #include "platform/window/HostFrame.h"
 #include "platform/window/MessageBox.h"
 #include "settings/OrvoDataSet.h"
+#include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/PlainText.h"
 #include "workbench/commands/PromptLine.h"
 #include "workbench/commands/Texts.h"
@@ -70,6 +71,8 @@ MainWindow::MainWindow()
     Retranslate();
     resize(1100, 760);
     m_edit->setFocus();
+    for (const CString& message : MessagesOnUnusableFiles())
+        m_log->AddComplaint(message);
 }
 
 MainWindow::~MainWindow() {

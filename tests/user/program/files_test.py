@@ -3,7 +3,7 @@ import os
 import re
 import shutil
 
-from orvo_program import CONFIG_FILES, FAILED, OK, SHIPPED, ProgramTest, main, shipped
+from orvo_program import CONFIG_FILES, FAILED, OK, PREFIX, SHIPPED, ProgramTest, main, shipped
 
 BROKEN = {
     "empty": b"",
@@ -39,19 +39,28 @@ class BrokenFiles(ProgramTest):
                 self.assertIn("SunTerm.xml", answer.err)
                 self.assertEqual(self.read("SunTerm.xml"), self.content("SunTerm.xml", kind))
 
-    def test_broken_places_leave_none_and_are_kept(self):
+    def test_broken_places_give_the_shipped_ones_and_are_kept(self):
         for kind in BROKEN:
             with self.subTest(kind=kind):
                 self.write("zone.xml", self.content("zone.xml", kind))
                 answer = self.orvo("info", "--json")
-                self.assertEqual(answer.code, FAILED, answer)
-                self.assertEqual(answer.json()["place"], {"city": "北京", "province": None, "longitude": None, "latitude": None})
-                self.assertIn("zone.xml", answer.err)
+                self.assertEqual(answer.code, OK, answer)
+                self.assertEqual((answer.json()["place"]["city"], answer.json()["place"]["province"]), ("北京", "北京"))
+                self.assertIn(self.file("zone.xml") + " 不可用", answer.err)
+                self.assertIn("移走这个文件", answer.err)
                 self.assertEqual(self.read("zone.xml"), self.content("zone.xml", kind))
-        self.refused(FAILED, "places")
-        self.refused(FAILED, "set", "--place", "上海")
+        self.assertEqual(len(self.orvo("places", "--json").json()), shipped("zone.xml").count(b'type="CITY"'))
+        self.assertEqual(self.orvo("set", "--place", "上海").code, OK)
+        os.remove(self.file("zone.xml"))
+        self.ok("places")
+        self.assertEqual(self.read("zone.xml"), shipped("zone.xml"), "the way back that the message tells")
 
-    def test_broken_settings_give_defaults_and_stay_beside_the_new_file(self):
+    def test_a_place_file_without_places_tells_the_way_back(self):
+        self.write("zone.xml", "<ORVO_ZONEDATA/>")
+        answer = self.refused(FAILED, "places")
+        self.assertIn("移走这个文件", answer.err)
+
+    def test_broken_settings_give_the_shipped_ones_and_stay_beside_the_new_file(self):
         for number, kind in enumerate(BROKEN, 1):
             with self.subTest(kind=kind):
                 broken = self.content("SunSet.xml", kind)
@@ -59,9 +68,44 @@ class BrokenFiles(ProgramTest):
                 answer = self.orvo("info", "--date", "2025-12-22")
                 self.assertEqual(answer.code, OK, answer)
                 self.assertTrue(answer.out.startswith("分析标准:上海标准;地区:北京;时间:2025年12月22日(冬至)09:00～15:00,计算精度:10分钟\n"))
-                self.assertIn("SunSet.xml", answer.err)
+                self.assertIn(self.file("SunSet.xml") + " 不可用", answer.err)
+                self.assertIn("SunSet.xml.refused-1", answer.err)
                 self.assertEqual(self.read(f"SunSet.xml.refused-{number}"), broken)
+                self.assertEqual(self.read("SunSet.xml"), shipped("SunSet.xml"))
                 self.ok("info")
+
+    def test_settings_of_another_kind_are_kept_for_good(self):
+        for number, content in enumerate(FOREIGN.values(), 1):
+            self.write("SunSet.xml", content)
+            answer = self.orvo("standards", "--json")
+            self.assertEqual((answer.code, len(answer.json()["standards"])), (OK, 6))
+            self.assertIn("其中没有当前设置", answer.err)
+            self.ok("set", "--step", "7")
+            self.ok("set", "--step", "8")
+            self.assertEqual(self.read(f"SunSet.xml.refused-{number}"), content)
+            self.assertFalse(os.path.exists(self.file(f"SunSet.xml.refused-{number + 1}")))
+
+    def test_the_cause_is_told(self):
+        for content, words in (("", "文件是空的"), ("<a>\n<b>\n</a>\n", "第 3 行"), ("<!DOCTYPE a><a/>", "文档类型声明")):
+            for name in CONFIG_FILES:
+                self.write(name, content)
+                self.assertRegex(self.orvo("terms").err, f"{name} 不可用：[^\n]*{words}")
+                os.remove(self.file(name))
+        self.write("SunTerm.xml", "")
+        self.assertIn("SunTerm.xml cannot be used: the file is empty. The shipped tables of solar terms are in force.",
+                      self.orvo("terms", "--language", "en").err)
+
+    def test_a_shipped_file_that_is_broken_too(self):
+        prefix = os.path.join(self.home, "prefix")
+        shutil.copytree(PREFIX, prefix)
+        self.program = os.path.join(prefix, "bin", "orvo")
+        for name in CONFIG_FILES:
+            with open(os.path.join(prefix, "share", "orvo", name), "w", encoding="utf-8") as stream:
+                stream.write("<broken")
+            self.write(name, "<broken")
+        answer = self.orvo("terms", "--year", "2025")
+        self.assertEqual((answer.code, len(answer.out.splitlines())), (OK, 25))
+        self.assertEqual(answer.err.count("重新安装"), 3)
 
     def test_foreign_files_are_told_from_sound_ones(self):
         for kind, content in FOREIGN.items():

@@ -1,0 +1,31 @@
+// The settings, standards and other files that come with the program.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/base/CString.h"
+#include "platform/base/QcDtDictionary.h"
+#include "workbench/settings/SettingsForm.h"
+
+class OrvoDataSet;
+class OrvoStdSet;
+
+// The path of a shipped file, whether or not it is there.
+CString ShippedPath(const wchar_t* name);
+
+// The shipped SunSet.xml; null where the installation lacks it, or has one that holds no settings.
+std::unique_ptr<OrvoDataSet> ReadShippedSettings();
+
+// The standard of a name; null for none.
+const OrvoStdSet* FindStandard(const OrvoDataSet& settings, const CString& name);
+
+// The fields in which a standard differs from the shipped one of its name; nothing where none of that name was shipped,
+// or it is not known what was.
+std::optional<std::vector<const StandardField*>> ChangesFromShipped(const OrvoStdSet& standard,
+                                                                    const OrvoDataSet* shipped);
+
+// Gives the settings the shipped values in every field of a standard, colours included; a standard that was deleted
+// comes back at the end of the list. Gives its index.
+int ResetStandard(OrvoDataSet& settings, const OrvoStdSet& shipped);
