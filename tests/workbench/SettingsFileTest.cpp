@@ -6,6 +6,7 @@
 #include "settings/OrvoDataSet.h"
 #include "support/FileTree.h"
 #include "workbench/settings/SettingsForm.h"
+#include "workbench/settings/ShippedSettings.h"
 
 namespace {
 
@@ -133,4 +134,24 @@ TEST_F(SettingsFiles, StayAsTheyAreWhereTheFileIsDamagedOrAnother) {
     EXPECT_EQ(m_settings.m_strCurCity, L"北京") << "a file that this program never read";
     EXPECT_EQ(SettingsFile().TakeIn(m_settings, m_path, m_others), State::Sound);
     EXPECT_EQ(m_settings.m_dSpace, 4.0);
+}
+
+TEST_F(SettingsFiles, GiveAStandardItsShippedValuesBack) {
+    OrvoDataSet shipped;
+    OrvoStdSet original;
+    original.m_strName = L"甲";
+    original.m_colors.m_listType.Append(77);
+    original.m_dSpace = 3.0;
+    shipped.NewStd(original)->m_colors = original.m_colors;
+    original.m_strName = L"乙";
+    shipped.NewStd(original);
+    EXPECT_EQ(ChangesFromShipped(m_settings.GetStd(0), &shipped)->size(), 2U);
+    EXPECT_EQ(ResetStandard(m_settings, shipped.GetStd(0)), 0);
+    EXPECT_TRUE(ChangesFromShipped(m_settings.GetStd(0), &shipped)->empty());
+    EXPECT_EQ(ResetStandard(m_settings, shipped.GetStd(1)), 1) << "it was not there";
+    EXPECT_EQ(m_settings.m_listStd.GetLength(), 2);
+    EXPECT_TRUE(ChangesFromShipped(m_settings.GetStd(1), &shipped)->empty());
+    original.m_strName = L"丙";
+    EXPECT_FALSE(ChangesFromShipped(original, &shipped).has_value());
+    EXPECT_FALSE(ChangesFromShipped(m_settings.GetStd(0), nullptr).has_value());
 }

@@ -72,7 +72,8 @@ void CommandLineModel::AddLists() {
     AddValue(places, "TEXT", "", L"地区名或省份名的一部分；不给出时列出全部");
     AddFlag(places, "--json", L"以 JSON 输出");
 
-    CLI::App* standards = AddSubcommand("standards", L"列出日照标准");
+    CLI::App* standards = AddSubcommand("standards", L"列出日照标准，或恢复一个标准的出厂值");
+    AddValue(standards, "--reset", "NAME", L"不列出，而把这个标准恢复为出厂值并保存；删除了的也会恢复");
     AddFlag(standards, "--json", L"以 JSON 输出");
 }
 
@@ -91,6 +92,7 @@ void CommandLineModel::AddSet() {
     AddValue(set, "--end", "H:MM", L"分析时段的结束");
     AddValue(set, "--step", "MINUTES", L"计算精度，从 1 到 60 分钟");
     AddValue(set, "--standard", "NAME", L"当前标准；它的日期、时段和精度随之采用");
+    AddFlag(set, "--reset", L"把设置和标准全部恢复为出厂值；原来的文件留作 .bak");
 }
 
 void CommandLineModel::AddRecord() {

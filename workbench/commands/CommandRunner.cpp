@@ -77,7 +77,7 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
     if (name == "places")
         return RunPlaces({model.Value("TEXT").value_or(CString()), isJson}, output);
     if (name == "standards")
-        return RunStandards({isJson}, output);
+        return RunStandards({model.Value("--reset"), isJson}, output);
     if (name == "shadow")
         return RunShadow({model.Value("--face"), model.Value("--light"), isJson}, output);
     if (name == "record")
@@ -91,7 +91,7 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
             {model.Value("FILE"), model.HasFlag("--list"), model.Values("--get"), model.Values("--set"), isJson},
             output);
     return RunSet({model.Value("--place"), model.Value("--date"), model.Value("--start"), model.Value("--end"),
-                   model.Value("--step"), model.Value("--standard")},
+                   model.Value("--step"), model.Value("--standard"), model.HasFlag("--reset")},
                   output);
 }
 

@@ -9,6 +9,8 @@
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/LineWords.h"
 #include "workbench/commands/PlaceSearch.h"
+#include "workbench/commands/StandardSearch.h"
+#include "workbench/settings/ShippedSettings.h"
 
 namespace {
 
@@ -23,10 +25,10 @@ std::vector<CString> PlaceNames() {
     return names;
 }
 
-std::vector<CString> StandardNames() {
+std::vector<CString> ShippedStandardNames() {
     std::vector<CString> names;
-    for (int i = 0; i < g_SunDataSet.m_listStd.GetLength(); ++i)
-        names.push_back(g_SunDataSet.GetStd(i).m_strName);
+    if (const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings())
+        names = NamesOfStandards(*shipped);
     return names;
 }
 
@@ -66,7 +68,9 @@ std::vector<CString> Followers(const std::vector<CString>& words) {
     if (words.back() == L"--place")
         return PlaceNames();
     if (words.back() == L"--standard")
-        return StandardNames();
+        return NamesOfStandards(g_SunDataSet);
+    if (words.front() == L"standards" && words.back() == L"--reset")
+        return ShippedStandardNames();
     return subcommand ? model.OptionNames(subcommand) : std::vector<CString>();
 }
 

@@ -11,9 +11,9 @@
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlaceSearch.h"
 #include "workbench/commands/PlainText.h"
-#include "workbench/commands/StandardRules.h"
 #include "workbench/commands/TextTable.h"
 #include "workbench/commands/Texts.h"
+#include "workbench/settings/StandardWords.h"
 
 namespace {
 
@@ -82,19 +82,13 @@ void AddSun(TextTable& table, const InfoAnswer& answer) {
     table.Add({L"", Say(L"（日面中心，平坦地平线，不计大气折射）")});
 }
 
-void PrintStandard(Output& output, const OrvoStdSet* standard) {
+void PrintStandard(Output& output, const OrvoStdSet* standard, const StandardChanges& changes) {
     if (!standard) {
         output.Line(Say(L"当前标准：无（设置没有选定标准）"));
         return;
     }
     output.Line(SayFormat(L"当前标准：%s", Printable(standard->m_strName)));
-    TextTable table({Align::Left, Align::Left});
-    for (const Rule& rule : RulesInWords(*standard))
-        table.Add({rule.label, rule.words});
-    const CString source = SourceOf(standard->m_strName);
-    if (!source.IsEmpty())
-        table.Add({Say(L"出厂值来源"), source});
-    table.PrintTo(output, 2);
+    PrintRules(*standard, changes, output);
 }
 
 void PrintFacings(Output& output, const std::vector<FacingPeriod>& facings) {
@@ -190,7 +184,7 @@ void InfoAnswer::PrintAsText(Output& output) const {
     AddSun(table, *this);
     table.PrintTo(output);
     output.Line(L"");
-    PrintStandard(output, standard);
+    PrintStandard(output, standard, changes);
     if (standard)
         output.Line(SourceWarning());
     output.Line(L"");
@@ -209,7 +203,7 @@ void InfoAnswer::PrintAsJson(Output& output) const {
                         {"next", ToUtf8(term.next.View())},
                         {"daysToNext", term.daysToNext}};
     document["sun"] = SunAsJson(*this);
-    document["standard"] = standard ? RulesAsJson(*standard) : Json(nullptr);
+    document["standard"] = standard ? RulesAsJson(*standard, changes) : Json(nullptr);
     document["shanghaiValidTime"] = FacingsAsJson(facings);
     output.Json(document);
 }

@@ -6,6 +6,7 @@
 
 #include "platform/base/CString.h"
 #include "workbench/commands/DayText.h"
+#include "workbench/commands/StandardRules.h"
 #include "workbench/commands/SunDay.h"
 #include "workbench/commands/TermCalendar.h"
 #include "zone/OrvoZoneRecord.h"
@@ -37,6 +38,7 @@ struct InfoAnswer {
     double equationOfTime;       // hours
     std::optional<SunDay> sun;   // when the place is known
     const OrvoStdSet* standard;  // the current one; null when there is none
+    StandardChanges changes;     // of the one that is kept: what was asked for this once is no change
     std::vector<FacingPeriod> facings;
 
     void PrintAsText(Output& output) const;

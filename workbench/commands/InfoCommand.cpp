@@ -12,6 +12,7 @@
 #include "workbench/commands/StandardSearch.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/commands/ValueErrors.h"
+#include "workbench/settings/ShippedSettings.h"
 
 namespace {
 
@@ -101,8 +102,11 @@ int RunInfo(const InfoOptions& options, Output& output) {
     answer.ownDay = DayOf(settings.m_date);
     // The copy has default colours, so the colours to show are those of the settings themselves.
     OrvoStdSet& current = settings.CurStd();
-    if (hasStandard)
-        current.m_colors = g_SunDataSet.GetStd(settings.m_nCurStd).m_colors;
+    if (hasStandard) {
+        const OrvoStdSet& kept = g_SunDataSet.GetStd(settings.m_nCurStd);
+        current.m_colors = kept.m_colors;
+        answer.changes = ChangesFromShipped(kept, ReadShippedSettings().get());
+    }
     answer.standard = hasStandard ? &current : nullptr;
     answer.facings = MainFacings();
     if (options.isJson)

@@ -11,11 +11,14 @@
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlaceSearch.h"
 #include "workbench/commands/PlainText.h"
+#include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/StandardRules.h"
 #include "workbench/commands/TermCalendar.h"
 #include "workbench/commands/TextTable.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/commands/ValueErrors.h"
+#include "workbench/settings/ShippedSettings.h"
+#include "workbench/settings/StandardWords.h"
 
 namespace {
 
@@ -87,19 +90,6 @@ void PrintPlacesAsJson(const std::vector<OrvoZoneRecord>& places, Output& output
     output.Json(list);
 }
 
-void PrintStandard(const OrvoStdSet& standard, bool isCurrent, Output& output) {
-    const CString name = Printable(standard.m_strName);
-    output.Line(isCurrent ? SayFormat(L"%s（当前）", name) : name);
-    TextTable table({Align::Left, Align::Left});
-    for (const Rule& rule : RulesInWords(standard))
-        table.Add({rule.label, rule.words});
-    const CString source = SourceOf(standard.m_strName);
-    if (!source.IsEmpty())
-        table.Add({Say(L"出厂值来源"), source});
-    table.PrintTo(output, 2);
-    output.Line(L"");
-}
-
 }  // namespace
 
 int RunTerms(const TermsOptions& options, Output& output) {
@@ -135,17 +125,25 @@ int RunPlaces(const PlacesOptions& options, Output& output) {
 }
 
 int RunStandards(const StandardsOptions& options, Output& output) {
+    if (options.reset)
+        return RunStandardReset(*options.reset, options.isJson, output);
+    const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
     Json list = Json::array();
     for (int i = 0; i < g_SunDataSet.m_listStd.GetLength(); ++i) {
         const OrvoStdSet* const* slot = g_SunDataSet.m_listStd.GetAt(i);
         if (!slot || !*slot)
             continue;
+        const OrvoStdSet& standard = **slot;
+        const StandardChanges changes = ChangesFromShipped(standard, shipped.get());
         const bool isCurrent = i == g_SunDataSet.m_nCurStd;
         if (options.isJson) {
             list.push_back({{"index", i}, {"current", isCurrent}});
-            list.back().update(RulesAsJson(**slot));
+            list.back().update(RulesAsJson(standard, changes));
         } else {
-            PrintStandard(**slot, isCurrent, output);
+            const CString name = Printable(standard.m_strName);
+            output.Line(isCurrent ? SayFormat(L"%s（当前）", name) : name);
+            PrintRules(standard, changes, output);
+            output.Line(L"");
         }
     }
     if (options.isJson)

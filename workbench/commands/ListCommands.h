@@ -22,7 +22,8 @@ struct PlacesOptions {
 int RunPlaces(const PlacesOptions& options, Output& output);
 
 struct StandardsOptions {
+    std::optional<CString> reset;  // a standard that gets its shipped values back, instead of a listing
     bool isJson = false;
 };
-// Every standard with its rules, and which is the current one.
+// Every standard with its rules, which is the current one, and what was changed since it was shipped.
 int RunStandards(const StandardsOptions& options, Output& output);

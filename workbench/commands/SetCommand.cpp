@@ -7,6 +7,7 @@
 #include "workbench/commands/Output.h"
 #include "workbench/commands/PlaceSearch.h"
 #include "workbench/commands/PlainText.h"
+#include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/SettingsChange.h"
 #include "workbench/commands/SettingsEdit.h"
 #include "workbench/commands/SettingsSnapshot.h"
@@ -143,9 +144,14 @@ void PrintChanges(const Changes& changes, Output& output) {
 }  // namespace
 
 int RunSet(const SetOptions& options, Output& output) {
+    if (options.isReset) {
+        if (options.HasValues())
+            return Refuse(kExitUsage, Say(L"--reset 恢复全部设置，不能和别的选项一起给出"));
+        return RunReset(output);
+    }
     if (!options.HasValues())
         return Refuse(kExitUsage,
-                      Say(L"没有要设置的内容：请给出 --place、--date、--start、--end、--step 或 --standard"));
+                      Say(L"没有要设置的内容：请给出 --place、--date、--start、--end、--step、--standard 或 --reset"));
     SettingsChange change;
     if (!change.Begin())
         return kExitFailed;

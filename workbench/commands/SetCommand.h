@@ -14,6 +14,7 @@ struct SetOptions {
     std::optional<CString> end;       // H:MM
     std::optional<CString> step;      // whole minutes
     std::optional<CString> standard;  // name; chosen before the other values are written
+    bool isReset = false;             // everything as shipped, and nothing else
 
     bool HasValues() const { return place || date || start || end || step || standard; }
 };

@@ -1,27 +1,23 @@
-// A sunlight standard in words and as data.
+// A sunlight standard as rows of a table and as data, and what has been changed since it was shipped.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <vector>
 
-#include "platform/base/CString.h"
+#include "workbench/settings/SettingsForm.h"
 
+class OrvoDataSet;
 class OrvoStdSet;
+class Output;
 
-struct Rule {
-    CString label;
-    CString words;
-};
+// The fields in which the standard that is kept differs from the shipped one; nothing when none of its name was
+// shipped.
+using StandardChanges = std::optional<std::vector<const StandardField*>>;
 
-// Every rule of the standard, save its name, in the order in which a person would ask.
-std::vector<Rule> RulesInWords(const OrvoStdSet& standard);
+// Each rule in words, where the shipped values come from, and which of them have been changed.
+void PrintRules(const OrvoStdSet& standard, const StandardChanges& changes, Output& output);
 
-// Every field with its number as it is stored; "source" where one is known (see SourceOf).
-nlohmann::ordered_json RulesAsJson(const OrvoStdSet& standard);
-
-// Where the values come from that a standard of this name was shipped with, and how sure they are; empty for a name
-// that was not shipped.
-CString SourceOf(const CString& name);
-
-// The reminder that belongs under every listing of standards.
-CString SourceWarning();
+// Every field with its number as it is stored; "source" where one is known (see SourceOf); "changedFromShipped", the
+// keys of the fields that were changed, null when none of its name was shipped.
+nlohmann::ordered_json RulesAsJson(const OrvoStdSet& standard, const StandardChanges& changes);

@@ -2,7 +2,6 @@
 #include "workbench/commands/StandardSearch.h"
 
 #include <cmath>
-#include <vector>
 
 #include "settings/OrvoDataSet.h"
 #include "workbench/commands/NearestNames.h"
@@ -10,9 +9,7 @@
 #include "workbench/commands/SettingsEdit.h"
 #include "workbench/commands/Texts.h"
 
-namespace {
-
-std::vector<CString> StandardNames(const OrvoDataSet& settings) {
+std::vector<CString> NamesOfStandards(const OrvoDataSet& settings) {
     std::vector<CString> names;
     for (int i = 0; i < settings.m_listStd.GetLength(); ++i) {
         const OrvoStdSet* const* slot = settings.m_listStd.GetAt(i);
@@ -22,15 +19,13 @@ std::vector<CString> StandardNames(const OrvoDataSet& settings) {
     return names;
 }
 
-}  // namespace
-
 bool HasCurrentStandard(const OrvoDataSet& settings) {
     const OrvoStdSet* const* slot = settings.m_listStd.GetAt(settings.m_nCurStd);
     return slot && *slot;
 }
 
 CString UnknownStandardText(const OrvoDataSet& settings, const CString& name) {
-    const std::vector<CString> names = StandardNames(settings);
+    const std::vector<CString> names = NamesOfStandards(settings);
     if (names.empty())
         return SayFormat(L"没有名为“%s”的标准：设置中没有任何标准。", Printable(name));
     const std::vector<CString> nearest = NearestNames(name, names);

@@ -1,9 +1,14 @@
 // Finding standards in the settings.
 #pragma once
 
+#include <vector>
+
 #include "platform/base/CString.h"
 
 class OrvoDataSet;
+
+// In the order of the list.
+std::vector<CString> NamesOfStandards(const OrvoDataSet& settings);
 
 // Whether the settings have a current standard at all: their index may point beyond the list.
 bool HasCurrentStandard(const OrvoDataSet& settings);

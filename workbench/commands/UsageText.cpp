@@ -31,6 +31,7 @@ constexpr Example kExamples[] = {
     {"places", L"orvo places 江"},
     {"places", L"orvo places --json"},
     {"standards", L"orvo standards"},
+    {"standards", L"orvo standards --reset 上海标准"},
     {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,3,0;0,3,0\" --light 1,0,-2"},
     {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,0,3\" --light 0,1,-1 --json"},
     {"record", L"orvo record 0900.png 0930.png 1000.png -o sun.avi"},
@@ -42,6 +43,7 @@ constexpr Example kExamples[] = {
     {"window", L"orvo window house.dxf"},
     {"set", L"orvo set --place 上海 --standard 上海标准"},
     {"set", L"orvo set --date 2025-12-22 --start 9:00 --end 15:00 --step 5"},
+    {"set", L"orvo set --reset"},
 };
 
 CString OptionTitle(const CLI::Option& option) {

@@ -74,6 +74,15 @@ class BrokenFiles(ProgramTest):
                 self.assertEqual(self.read("SunSet.xml"), shipped("SunSet.xml"))
                 self.ok("info")
 
+    def test_what_is_set_over_broken_settings_goes_into_the_shipped_ones(self):
+        for kind in ("truncated", "empty"):
+            with self.subTest(kind=kind):
+                self.write("SunSet.xml", self.content("SunSet.xml", kind))
+                answer = self.orvo("set", "--step", "7")
+                self.assertEqual(answer.code, OK, answer)
+                listed = self.ok("standards", "--json").json()["standards"]
+                self.assertEqual([standard["changedFromShipped"] for standard in listed], [["step"]] + [[]] * 5)
+
     def test_settings_of_another_kind_are_kept_for_good(self):
         for number, content in enumerate(FOREIGN.values(), 1):
             self.write("SunSet.xml", content)

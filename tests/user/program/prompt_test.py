@@ -180,6 +180,19 @@ class TerminalPrompt(ProgramTest):
         terminal.type("\x15quit\n")
         self.assertEqual(terminal.finish(), 0)
 
+    def test_completes_what_can_be_reset(self):
+        self.write("SunSet.xml", "<ORVO><CUR_SUNSETDATA><CUR_CITY>上海</CUR_CITY></CUR_SUNSETDATA></ORVO>")
+        terminal = self.open()
+        terminal.type("standards --re\t")
+        terminal.wait_for("set ")
+        terminal.type("杭\t\n")
+        terminal.wait_for("标准“杭州大寒日”已恢复")
+        terminal.wait_for("orvo> ")
+        terminal.type("set --re\t\n")
+        terminal.wait_for("恢复出厂值（标准 6 个）")
+        terminal.type("quit\n")
+        self.assertEqual(terminal.finish(), 0)
+
     def test_history_outlives_the_program(self):
         terminal = self.open()
         terminal.type("places 上海\n")

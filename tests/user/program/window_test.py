@@ -99,6 +99,21 @@ class WithDisplay(ProgramTest):
         self.ends_well(process)
         self.assertIn("step: 7 min", self.ok("info", LANG="en_US.UTF-8").out)
 
+    def test_undoes_nothing_that_others_set_while_it_was_open(self):
+        self.ok("info")
+        process = self.start("window")
+        window = self.wait_for("^orvo$")
+        self.type_line(window, "set --step 7")
+        deadline = time.monotonic() + 60
+        while b">7<" not in self.read("SunSet.xml") and time.monotonic() < deadline:
+            time.sleep(0.1)
+        self.ok("set", "--place", "上海")
+        self.type_line(window, "quit")
+        self.ends_well(process)
+        note = self.ok("info", LANG="en_US.UTF-8").out.splitlines()[0]
+        self.assertIn("place: 上海", note)
+        self.assertIn("step: 7 min", note)
+
     def test_opens_a_dialog_from_the_command_line_of_the_window(self):
         process = self.start("--language", "en", "window")  # xdotool finds no Chinese titles in every locale
         window = self.wait_for("^orvo$")

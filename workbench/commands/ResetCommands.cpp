@@ -1,0 +1,142 @@
+// Putting shipped values in force and saving them.
+#include "workbench/commands/ResetCommands.h"
+
+#include <nlohmann/json.hpp>
+
+#include "platform/base/Support.h"
+#include "settings/OrvoDataSet.h"
+#include "workbench/commands/ExitCode.h"
+#include "workbench/commands/NearestNames.h"
+#include "workbench/commands/Output.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/SettingsChange.h"
+#include "workbench/commands/SettingsSnapshot.h"
+#include "workbench/commands/StandardRules.h"
+#include "workbench/commands/StandardSearch.h"
+#include "workbench/commands/Texts.h"
+#include "workbench/settings/SettingsForm.h"
+#include "workbench/settings/ShippedSettings.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+int Refuse(const CString& text) {
+    Complain(text);
+    return kExitFailed;
+}
+
+int RefuseWithoutShipped() {
+    return Refuse(
+        SayFormat(L"读不了随程序提供的 %s，无法恢复出厂值；请重新安装程序。", Printable(ShippedPath(L"SunSet.xml"))));
+}
+
+int RefuseStandard(const CString& name, const OrvoDataSet& shipped) {
+    if (FindStandard(g_SunDataSet, name))
+        return Refuse(SayFormat(L"标准“%s”不是随程序提供的，没有出厂值。随程序提供的有：%s", Printable(name),
+                                JoinNames(NamesOfStandards(shipped))));
+    return Refuse(UnknownStandardText(shipped, name));
+}
+
+// Standards that were never shipped.
+std::vector<CString> OwnStandards(const OrvoDataSet& shipped) {
+    std::vector<CString> own;
+    for (const CString& name : NamesOfStandards(g_SunDataSet)) {
+        if (!FindStandard(shipped, name))
+            own.push_back(name);
+    }
+    return own;
+}
+
+// What was in the file that was replaced is kept; where depends on whether it was sound.
+CString KeptWords(const CString& path, bool wasSound) {
+    return wasSound ? SayFormat(L"原来的文件留作 %s.bak", Printable(path))
+                    : SayFormat(L"原来的文件已损坏，留作 %s.refused-1（或下一个空号）", Printable(path));
+}
+
+void TellReset(const CString& name, const std::vector<const StandardField*>& fields, bool wasThere, Output& output) {
+    if (!wasThere) {
+        output.Line(SayFormat(L"标准“%s”已恢复：它曾被删除。", Printable(name)));
+        return;
+    }
+    std::vector<CString> labels;
+    for (const StandardField* field : fields)
+        labels.push_back(Say(field->label));
+    if (labels.empty())
+        output.Line(SayFormat(L"标准“%s”本来就是出厂值。", Printable(name)));
+    else
+        output.Line(SayFormat(L"标准“%s”已恢复出厂值：%s", Printable(name), JoinNames(labels)));
+}
+
+}  // namespace
+
+int RunReset(Output& output) {
+    const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
+    if (!shipped)
+        return RefuseWithoutShipped();
+    SettingsChange change;
+    if (!change.Begin())
+        return kExitFailed;
+    const bool wasSound = SharedSettingsFile().IsSound();
+    const SettingsSnapshot before(g_SunDataSet);
+    const std::unique_ptr<QcDtDictionary> form = FormOf(*shipped);
+    const bool isChange = !IsSameItem(FormOf(g_SunDataSet).get(), form.get()) || !wasSound;
+    const std::vector<CString> own = OwnStandards(*shipped);
+    PutInForce(*form, g_SunDataSet);
+    if (!change.Save()) {
+        before.Restore(g_SunDataSet);
+        return kExitFailed;
+    }
+    if (isChange) {
+        output.Line(
+            SayFormat(L"设置和标准已恢复出厂值（标准 %d 个）。", static_cast<int>(g_SunDataSet.m_listStd.GetLength())));
+        if (!own.empty())
+            output.Line(SayFormat(L"不是随程序提供的标准已删除：%s", JoinNames(own)));
+        output.Line(SayFormat(L"已保存到 %s，%s", Printable(change.Path()), KeptWords(change.Path(), wasSound)));
+    } else {
+        output.Line(Say(L"设置和标准本来就是出厂值。"));
+    }
+    output.Line(Printable(g_SunDataSet.GetNoteString()));
+    return kExitOk;
+}
+
+int RunStandardReset(const CString& name, bool isJson, Output& output) {
+    const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
+    if (!shipped)
+        return RefuseWithoutShipped();
+    SettingsChange change;
+    if (!change.Begin())
+        return kExitFailed;
+    const OrvoStdSet* original = FindStandard(*shipped, name);
+    if (!original)
+        return RefuseStandard(name, *shipped);
+    const SettingsSnapshot before(g_SunDataSet);
+    const OrvoStdSet* kept = FindStandard(g_SunDataSet, name);
+    const bool wasThere = kept != nullptr;
+    const std::vector<const StandardField*> fields =
+        kept ? DifferingFields(*kept, *original) : std::vector<const StandardField*>();
+    const int index = ResetStandard(g_SunDataSet, *original);
+    const bool isCurrent = index == g_SunDataSet.GetCurStdIndex();
+    if (isCurrent)
+        UseStandard(g_SunDataSet, index);
+    if (!change.Save()) {
+        before.Restore(g_SunDataSet);
+        return kExitFailed;
+    }
+    if (isJson) {
+        Json document = {{"index", index}, {"current", isCurrent}};
+        document.update(
+            RulesAsJson(g_SunDataSet.GetStd(index), DifferingFields(g_SunDataSet.GetStd(index), *original)));
+        document["reset"] = Json::array();
+        for (const StandardField* field : fields)
+            document["reset"].push_back(field->jsonKey);
+        document["restored"] = !wasThere;
+        output.Json(document);
+        return kExitOk;
+    }
+    TellReset(name, fields, wasThere, output);
+    if (isCurrent)
+        output.Line(Say(L"它是当前标准：设置采用了它的日期、时段和精度。"));
+    output.Line(SayFormat(L"已保存到 %s", Printable(change.Path())));
+    return kExitOk;
+}

@@ -1,0 +1,127 @@
+// The words for each field of a standard.
+#include "workbench/settings/StandardWords.h"
+
+#include "platform/base/TextNumber.h"
+#include "settings/OrvoStdSet.h"
+#include "workbench/commands/PlainText.h"
+#include "workbench/commands/Texts.h"
+
+namespace {
+
+CString YesNo(int flag) {
+    return flag ? Say(L"是") : Say(L"否");
+}
+
+template <std::size_t Count>
+CString Choice(const wchar_t* const (&words)[Count], int value) {
+    if (value >= 0 && value < static_cast<int>(Count))
+        return Say(words[value]);
+    return SayFormat(L"未知的选择 %d", value);
+}
+
+constexpr const wchar_t* kCount[] = {L"总有效日照分析(累计)", L"最长有效连照分析(连续)"};
+constexpr const wchar_t* kTimeBase[] = {L"真太阳时", L"北京时间"};
+constexpr const wchar_t* kValidSun[] = {L"上海规定", L"自定义"};
+constexpr const wchar_t* kTotal[] = {L"累计所有时间段", L"累计最长两个时间段", L"累计最长三个时间段"};
+
+CString WidthWords(const OrvoStdSet& standard) {
+    if (!standard.m_nFullWin)
+        return Say(L"不适用（只用于满窗日照分析）");
+    if (!standard.m_nLimitWidth)
+        return Say(L"不限定");
+    return SayFormat(L"限定宽度 %s～%s 毫米", DoubleToText(standard.m_dMinWidth), DoubleToText(standard.m_dMaxWidth));
+}
+
+CString SpanWords(const OrvoStdSet& standard) {
+    const OrvoDegree& start = standard.m_dgStartTime;
+    const OrvoDegree& end = standard.m_dgEndTime;
+    if (start.getDegree() == 0.0 && end.getDegree() == 0.0)
+        return Say(L"未设定");
+    return SayFormat(L"%s～%s", start.TimeFormat(false), end.TimeFormat(false));
+}
+
+CString ValidSunWords(const OrvoStdSet& standard) {
+    const CString rule = Choice(kValidSun, standard.m_nValidSunType);
+    if (standard.m_nValidSunType == ORVO_SUN_SHANGHAI)
+        return rule;
+    return SayFormat(L"%s，光线与墙面的水平夹角不小于 %d 度", rule, standard.m_nMinValidAngle);
+}
+
+CString AccumulateWords(const OrvoStdSet& standard) {
+    return SayFormat(L"%s（%d 分钟）", YesNo(standard.m_nAllMaxContinueTime), standard.m_nMinContinueTime);
+}
+
+CString TimeColorWords(const OrvoColorTable& colors) {
+    CString words;
+    for (int i = 0; i < colors.GetLength(); ++i) {
+        const OrvoColorMap* const* row = colors.GetAt(i);
+        if (!row || !*row)
+            continue;
+        if (!words.IsEmpty())
+            words += L" ";
+        words += SayFormat(L"≥%s小时:%d", DoubleToText((*row)->m_dValue), (*row)->m_nColor);
+    }
+    return words;
+}
+
+CString TypeColorWords(const OrvoColorTable& colors) {
+    CString words;
+    for (int i = 0; i < colors.m_listType.GetLength(); ++i) {
+        if (i > 0)
+            words += L" ";
+        words += IntToText(colors.GetTypeColor(i));
+    }
+    return words;
+}
+
+// Name of a shipped standard, and where its values were found.
+struct Source {
+    const wchar_t* name;
+    const wchar_t* text;
+};
+const wchar_t* const kNational =
+    L"日期和时段：GB 50180 1993/2002 年版的表格，查过原文，2018 年版凭记忆；5 分钟下限、1.80 米窗宽、1 "
+    L"分钟精度和真太阳时：GB/T "
+    L"50947-2014，凭记忆";
+const wchar_t* const kBeijing = L"时间段下限、12 度夹角和分钟精度：地方计算规则，查过原文，年份不详；时段：凭记忆";
+const Source kSources[] = {
+    {L"上海标准", L"有效时段：程序内置的规定；冬至日满窗连续日照一小时的要求：凭记忆"},
+    {L"国标大寒日", kNational},
+    {L"国标冬至日", kNational},
+    {L"北京大寒日", kBeijing},
+    {L"北京冬至日", kBeijing},
+    {L"杭州大寒日", L"较早的地方规定的摘要，查过原文"},
+};
+
+}  // namespace
+
+std::vector<Rule> RulesInWords(const OrvoStdSet& standard) {
+    return {
+        {Say(L"分析日期"), Printable(standard.m_date.GetDateString())},
+        {Say(L"分析时段"), SpanWords(standard)},
+        {Say(L"时间基准"), Choice(kTimeBase, standard.m_nBJTime)},
+        {Say(L"计算精度"), SayFormat(L"%s 分钟", DoubleToText(standard.m_dSpace))},
+        {Say(L"日照窗"), standard.m_nFullWin ? Say(L"满窗日照分析") : Say(L"窗台中点分析")},
+        {Say(L"窗宽"), WidthWords(standard)},
+        {Say(L"有效日照规定"), ValidSunWords(standard)},
+        {Say(L"判断依据"), Choice(kCount, standard.m_nMaxContinue)},
+        {Say(L"累计方式"), Choice(kTotal, standard.m_nTotalTimeType)},
+        {Say(L"有效时间段下限"), SayFormat(L"%d 分钟", standard.m_nMinValidTime)},
+        {Say(L"最长连续时间段下限"), SayFormat(L"%d 分钟", standard.m_nMinMaxValidTime)},
+        {Say(L"累计超过下限的时间段"), AccumulateWords(standard)},
+        {Say(L"时数颜色"), TimeColorWords(standard.m_colors)},
+        {Say(L"类型颜色"), TypeColorWords(standard.m_colors)},
+    };
+}
+
+CString SourceOf(const CString& name) {
+    for (const Source& source : kSources) {
+        if (name == source.name)
+            return Say(source.text);
+    }
+    return CString();
+}
+
+CString SourceWarning() {
+    return Say(L"随程序提供的标准只是起始值，使用前须与现行有效的文本核对。");
+}

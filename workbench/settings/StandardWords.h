@@ -1,0 +1,23 @@
+// A sunlight standard in words.
+#pragma once
+
+#include <vector>
+
+#include "platform/base/CString.h"
+
+class OrvoStdSet;
+
+struct Rule {
+    CString label;
+    CString words;
+};
+
+// Every rule of the standard, save its name, in the order in which a person would ask.
+std::vector<Rule> RulesInWords(const OrvoStdSet& standard);
+
+// Where the values come from that a standard of this name was shipped with, and how sure they are; empty for a name
+// that was not shipped.
+CString SourceOf(const CString& name);
+
+// The reminder that belongs under every listing of standards.
+CString SourceWarning();
