@@ -185,8 +185,11 @@ void InfoAnswer::PrintAsText(Output& output) const {
     table.PrintTo(output);
     output.Line(L"");
     PrintStandard(output, standard, changes);
-    if (standard)
-        output.Line(SourceWarning());
+    if (!standard)
+        return;
+    output.Line(SourceWarning());
+    if (standard->m_nValidSunType != ORVO_SUN_SHANGHAI)
+        return;
     output.Line(L"");
     PrintFacings(output, facings);
 }

@@ -34,12 +34,12 @@ struct InfoAnswer {
     Day ownDay;                           // of the settings
     CString dayText;
     TermInForce term;
-    double declination;          // degrees
-    double equationOfTime;       // hours
-    std::optional<SunDay> sun;   // when the place is known
-    const OrvoStdSet* standard;  // the current one; null when there is none
-    StandardChanges changes;     // of the one that is kept: what was asked for this once is no change
-    std::vector<FacingPeriod> facings;
+    double declination;                 // degrees
+    double equationOfTime;              // hours
+    std::optional<SunDay> sun;          // when the place is known
+    const OrvoStdSet* standard;         // the current one; null when there is none
+    StandardChanges changes;            // of the one that is kept: what was asked for this once is no change
+    std::vector<FacingPeriod> facings;  // printed only where the standard follows the Shanghai rule
 
     void PrintAsText(Output& output) const;
     void PrintAsJson(Output& output) const;

@@ -11,6 +11,7 @@
 #include "workbench/commands/ExitCode.h"
 #include "workbench/commands/LineWords.h"
 #include "workbench/commands/Output.h"
+#include "workbench/commands/StandardNotice.h"
 #include "workbench/commands/Texts.h"
 #include "workbench/commands/UsageText.h"
 #include "workbench/commands/ZoneEditorWatch.h"
@@ -33,12 +34,14 @@ int UnknownCommand(const CString& word) {
     return kExitUsage;
 }
 
-int RunHostCommand(AcRxFunctionPtr function) {
+int RunHostCommand(const AcEdCommand& command) {
+    const StandardNotice notice(command);
     {
         const ZoneEditorWatch watch;
-        function();
+        command.m_pFunction();
         watch.Report();
     }
+    notice.Tell();
     return std::fflush(stdout) == 0 ? kExitOk : kExitFailed;
 }
 
@@ -49,7 +52,7 @@ int RunLineWords(std::vector<CString> words, Output& output) {
         return kExitOk;
     const AcEdCommand* command = words.size() == 1 ? HostCommandStack().lookupCmd(words.front()) : nullptr;
     if (command)
-        return RunHostCommand(command->m_pFunction);
+        return RunHostCommand(*command);
     return IsSubcommand(words.front()) ? RunWords(words, WordsFrom::Prompt, output) : UnknownCommand(words.front());
 }
 

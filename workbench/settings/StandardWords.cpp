@@ -114,6 +114,30 @@ std::vector<Rule> RulesInWords(const OrvoStdSet& standard) {
     };
 }
 
+// What the standard's choices leave without effect is left out.
+CString RulesInOneLine(const OrvoStdSet& standard) {
+    std::vector<CString> words = {standard.m_nFullWin ? Say(L"整个日照窗都须照到（满窗日照分析）")
+                                                      : Say(L"窗台中点照到即可（窗台中点分析）")};
+    if (standard.m_nFullWin && standard.m_nLimitWidth)
+        words.push_back(WidthWords(standard));
+    words.push_back(Choice(kCount, standard.m_nMaxContinue));
+    if (standard.m_nMaxContinue == ORVO_COUNT_TOTAL) {
+        words.push_back(Choice(kTotal, standard.m_nTotalTimeType));
+        words.push_back(SayFormat(L"有效时间段不短于 %d 分钟", standard.m_nMinValidTime));
+        words.push_back(SayFormat(L"最长的时间段不短于 %d 分钟", standard.m_nMinMaxValidTime));
+    } else if (standard.m_nAllMaxContinueTime) {
+        words.push_back(SayFormat(L"累计超过 %d 分钟的时间段", standard.m_nMinContinueTime));
+    }
+    words.push_back(ValidSunWords(standard));
+    words.push_back(Printable(standard.m_date.GetDateString()));
+    words.push_back(Choice(kTimeBase, standard.m_nBJTime) + L" " + SpanWords(standard));
+    words.push_back(SayFormat(L"计算精度 %s 分钟", DoubleToText(standard.m_dSpace)));
+    CString line;
+    for (const CString& each : words)
+        line += line.IsEmpty() ? each : Say(L"；") + each;
+    return SayFormat(L"当前标准“%s”：%s。", Printable(standard.m_strName), line);
+}
+
 CString SourceOf(const CString& name) {
     for (const Source& source : kSources) {
         if (name == source.name)

@@ -15,6 +15,9 @@ struct Rule {
 // Every rule of the standard, save its name, in the order in which a person would ask.
 std::vector<Rule> RulesInWords(const OrvoStdSet& standard);
 
+// The current standard's rules in one line, first of all which part of a window must be lit; without the colours.
+CString RulesInOneLine(const OrvoStdSet& standard);
+
 // Where the values come from that a standard of this name was shipped with, and how sure they are; empty for a name
 // that was not shipped.
 CString SourceOf(const CString& name);

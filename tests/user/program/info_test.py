@@ -105,6 +105,19 @@ class InfoTexts(ProgramTest):
         seconds = round(sun.noon(2025, 12, 22, place["longitude"]) * 3600)
         self.assertIn(f"{seconds // 3600:02}:{seconds // 60 % 60:02}:{seconds % 60:02} 北京时间", text)
 
+    def test_the_table_of_the_shanghai_rule_stands_only_where_that_rule_is_in_force(self):
+        title = "上海规定的有效时段"
+        for standard in self.ok("standards", "--json").json()["standards"]:
+            with self.subTest(standard=standard["name"]):
+                text = self.ok("info", "--standard", standard["name"]).out
+                self.assertEqual(title in text, standard["validSunType"] == 0)
+                self.assertEqual("东北" in text, standard["validSunType"] == 0)
+                self.assertNotRegex(text, r"\n\n$")
+                listed = self.ok("info", "--standard", standard["name"], "--json").json()["shanghaiValidTime"]
+                self.assertEqual(len(listed), 8, "the data are the same for everybody")
+        self.write("SunSet.xml", "<ORVO><CUR_SUNSETDATA><CUR_CITY>上海</CUR_CITY></CUR_SUNSETDATA></ORVO>")
+        self.assertNotIn(title, self.ok("info").out)
+
     def test_speaks_english(self):
         text = self.ok("info", "--date", "2025-12-22", "--language", "en").out
         for words in ("Sunrise", "Winter Solstice", "whole window", "no refraction", "northeast"):

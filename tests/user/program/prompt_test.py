@@ -63,6 +63,11 @@ class PipedPrompt(ProgramTest):
         self.assertEqual(answer.code, USAGE)
         self.assertNotIn("\x1b", answer.err)
 
+    def test_no_dialog_no_word_on_the_rule_in_force(self):
+        answer = self.orvo(text="QSetSunPrec\n")
+        self.assertEqual(answer.out, "", answer)
+        self.assertIn("没有显示器", answer.err)
+
     def test_many_lines(self):
         answer = self.ok(text="info --json --date 2025-6-22\n" * 300)
         self.assertEqual(answer.out.count('"note"'), 300)
