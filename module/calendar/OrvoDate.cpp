@@ -56,7 +56,7 @@ OrvoDate& OrvoDate::operator=(const OrvoDate& other) {  // NOLINT(bugprone-unhan
 }
 
 void OrvoDate::Reset() {
-    const CalendarDay today = g_pfnOrvoToday ? g_pfnOrvoToday() : LocalToday();
+    const CalendarDay today = g_pfnToday ? g_pfnToday() : LocalToday();
     m_nYear = today.year;
     m_nMonth = today.month;
     m_nDay = today.day;

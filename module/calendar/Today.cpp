@@ -3,7 +3,7 @@
 
 #include <ctime>
 
-constinit TodayFunction g_pfnOrvoToday = &LocalToday;
+constinit TodayFunction g_pfnToday = &LocalToday;
 
 CalendarDay LocalToday() {
     const std::time_t now = std::time(nullptr);

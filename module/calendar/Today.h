@@ -16,4 +16,4 @@ CalendarDay LocalToday();
 
 // What OrvoDate asks for today's date: LocalToday, unless somebody (a test, a host with a clock of its own) puts
 // another function here; null stands for LocalToday too. Ready before any constructor of a static object runs.
-extern ORVO_API TodayFunction g_pfnOrvoToday;
+extern ORVO_API TodayFunction g_pfnToday;

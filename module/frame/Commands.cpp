@@ -24,7 +24,7 @@ void SetPrecision() {
 }  // namespace
 
 // Writable: the host's interface takes it so.
-constinit QcCmdTable g_OrvoCommandTable[kCommandCount] = {
+constinit QcCmdTable g_commandTable[kCommandCount] = {
     {L"QcCityData", &EditCities, 0},
     {L"QSetSunPrec", &SetPrecision, 0},
 };

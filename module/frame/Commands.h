@@ -7,4 +7,4 @@
 inline constexpr int kCommandCount = 2;
 
 // "QcCityData": the editor of the places. "QSetSunPrec": precisions, standard and place.
-extern ORVO_API QcCmdTable g_OrvoCommandTable[kCommandCount];
+extern ORVO_API QcCmdTable g_commandTable[kCommandCount];

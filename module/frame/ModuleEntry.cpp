@@ -29,7 +29,7 @@ void InitApplication(void* applicationHandle) {
     acrxUnlockApplication(applicationHandle);
     if (AcRxDynamicLinker* linker = FindService<AcRxDynamicLinker>(L"DynamicLinker"))
         linker->registerAppMDIAware(applicationHandle);
-    QcDefineCommand(kCommandGroup, g_OrvoCommandTable, kCommandCount, 0);
+    QcDefineCommand(kCommandGroup, g_commandTable, kCommandCount, 0);
     LoadSunData();
     LoadSunSterm();
     LoadSunSet();

@@ -5,11 +5,11 @@
 
 class FixedToday {
 public:
-    FixedToday(int year, int month, int day) : m_before(g_pfnOrvoToday) {
+    FixedToday(int year, int month, int day) : m_before(g_pfnToday) {
         s_today = {year, month, day};
-        g_pfnOrvoToday = &Give;
+        g_pfnToday = &Give;
     }
-    ~FixedToday() { g_pfnOrvoToday = m_before; }
+    ~FixedToday() { g_pfnToday = m_before; }
 
     FixedToday(const FixedToday&) = delete;
     FixedToday& operator=(const FixedToday&) = delete;

@@ -42,10 +42,10 @@ TEST(OrvoDate, AsksTheSystemForTheLocalDate) {
 }
 
 TEST(OrvoDate, FallsBackToTheSystemForANullClock) {
-    const TodayFunction before = g_pfnOrvoToday;
-    g_pfnOrvoToday = nullptr;
+    const TodayFunction before = g_pfnToday;
+    g_pfnToday = nullptr;
     const OrvoDate date;
-    g_pfnOrvoToday = before;
+    g_pfnToday = before;
     EXPECT_GE(date.m_nYear, 2020);
 }
 

@@ -20,7 +20,7 @@ EXPORTED = set("""
     g_nSunDistPrec g_nSunExpert g_nSunWinOffset g_nViewXYAngle g_nViewZAAngle g_nWinThickness g_nZtRatio
     g_nZtWEMaxScope g_nZtWEMinScope
 
-    OrvoResourceScript g_OrvoCommandTable g_pfnOrvoToday GetModuleResourceHandle LanguageKeyOfModuleFile
+    OrvoResourceScript g_commandTable g_pfnToday GetModuleResourceHandle LanguageKeyOfModuleFile
 """.split())
 
 # A symbol of the dynamic table: not weak ones, which are templates' and stand for classes.

@@ -70,7 +70,7 @@ void TakeAll(Album& album) {
 bool StartModule(const char* language) {
     static TeskLanguageSwitch languages;
     g_pTeskLangSwitch = &languages;
-    g_pfnOrvoToday = &FixedToday;
+    g_pfnToday = &FixedToday;
     return languages.SetLanguage(FromUtf8(language)) && CopyShippedFiles() &&
            acrxEntryPoint(AcRx::kInitAppMsg, &languages) == AcRx::kRetOK;
 }

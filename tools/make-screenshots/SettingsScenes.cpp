@@ -14,7 +14,7 @@
 namespace {
 
 void EditSettings() {
-    g_OrvoCommandTable[1].m_pFunction();
+    g_commandTable[1].m_pFunction();
 }
 
 void EditGlareSettings() {

@@ -25,7 +25,7 @@ constexpr int kLongitude = 2;
 constexpr int kNote = 4;
 
 void EditPlaces() {
-    g_OrvoCommandTable[0].m_pFunction();
+    g_commandTable[0].m_pFunction();
 }
 
 QModelIndex CellOf(const QTreeView& tree, int city, int column) {

@@ -24,9 +24,8 @@ struct MergedSettings {
 //   - What only one of them has changed, added or deleted is changed, added or deleted. What both have changed is as in
 //     `mine`, and told; also where one deleted the standard that the other changed.
 //   - Standards stand in the order of `theirs`; those that only `mine` has follow the one that they follow there.
-//   - The current standard is a name here, not an index. Where the chosen one was deleted, it is the other one's
-//   choice,
-//     else the first.
+//   - The current standard is a name here, not an index. Where the chosen one was deleted, the other one's choice takes
+//     its place, else the first standard.
 //   - The analysed places are those of both, without those that either has removed.
 //   - Should nothing be left of the standards, because each deleted what the other kept, those of `mine` stay.
 MergedSettings MergeSettings(const QcDtDictionary& known, const QcDtDictionary& mine, const QcDtDictionary& theirs);
