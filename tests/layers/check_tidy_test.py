@@ -99,6 +99,14 @@ class CheckTidy(unittest.TestCase):
             self.assertEqual((code, log), (1, asked))
             self.assertIn("clang-tidy: scene/Clean.cpp\nit is bad", text)
 
+    def test_a_source_that_a_test_compiles_again_is_asked_about_once(self):
+        path = os.path.join(self.folder, "one/build/release/compile_commands.json")
+        with open(path, encoding="utf-8") as file:
+            commands = json.load(file)
+        again = {**commands[0], "command": commands[0]["command"].replace("-o ", "-include pch.h -o tests/")}
+        self.write(path, json.dumps(commands + [again]))
+        self.assertEqual(self.run_tool()[::2], (0, ["Clean.cpp", "Other.cpp"]))
+
     def test_a_source_that_was_not_built_is_told(self):
         self.write("bin/ninja", "#!/bin/sh\n")
         code, text, log = self.run_tool()
