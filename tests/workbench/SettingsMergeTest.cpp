@@ -37,8 +37,9 @@ protected:
         m_conflicts = merged.conflicts;
     }
     std::string Names() const {
+        const std::unique_ptr<QcDtDictionary> form = FormOf(m_merged);
         std::string names;
-        for (const QcDtDictionary* standard : StandardsIn(*FormOf(m_merged)))
+        for (const QcDtDictionary* standard : StandardsIn(*form))
             names += ToUtf8(standard->GetName().View());
         return names;
     }
