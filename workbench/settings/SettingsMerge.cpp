@@ -94,6 +94,7 @@ private:
     std::unique_ptr<QcDtDictionary> MergeStandard(const CString& name);
     void MergeFields(const Three<QcDtDictionary>& three, QcDtDictionary& merged);
     void PlaceMyOwn();
+    bool IsTold(const CString& standard) const;
     void MergeSettingItems(QcDtDictionary& settings);
     void MergeCities(QcDtDictionary& settings) const;
     void ChooseStandard(QcDtDictionary& settings);
@@ -172,12 +173,18 @@ void Merger::MergeStandards() {
         if ((!three.mine || !three.theirs) && three.IsConflict())
             m_conflicts.push_back({standard->GetName(), nullptr});
     }
-    if (!m_standards.empty())
+    if (!m_standards.empty() || StandardsIn(m_theirs).empty())
         return;
     for (const QcDtDictionary* standard : StandardsIn(m_mine)) {
         m_standards.emplace_back(standard->Clone());
-        m_conflicts.push_back({standard->GetName(), nullptr});
+        if (!IsTold(standard->GetName()))
+            m_conflicts.push_back({standard->GetName(), nullptr});
     }
+}
+
+bool Merger::IsTold(const CString& standard) const {
+    return std::any_of(m_conflicts.begin(), m_conflicts.end(),
+                       [&](const SettingsConflict& conflict) { return conflict.standard == standard; });
 }
 
 // Null when it is gone. Of those that only one of the two has.
