@@ -39,6 +39,9 @@ FileLock::Taken FileLock::Take(const wchar_t* path, std::chrono::milliseconds pa
 
 FileLock::Taken FileLock::TryOnce() {
     OpenFile file(m_path, O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK, 0666);
+    if (!file.IsOpen() && errno == EACCES)
+        file =
+            OpenFile(m_path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);  // another user's, which can be locked all the same
     struct stat status = {};
     if (!file.IsOpen() || fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode))
         return Taken::Impossible;

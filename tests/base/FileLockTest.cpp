@@ -1,6 +1,7 @@
 // The lock between programs: who gets it, who waits, and what is left of it.
 #include "platform/base/FileLock.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -130,4 +131,16 @@ TEST_F(FileLocks, IsImpossibleWhereNothingCanBeWritten) {
     const OrdinaryUser user(m_tree.Path());
     EXPECT_EQ(lock.Take(m_tree.File("closed/a"), kMuchPatience), Taken::Impossible);
     EXPECT_FALSE(lock.IsHeld());
+}
+
+// What another user's program left, when it was killed.
+TEST_F(FileLocks, AFileThatCannotBeWrittenIsLockedAllTheSame) {
+    ASSERT_EQ(close(open((m_tree / "a.lock").c_str(), O_CREAT | O_WRONLY, 0444)), 0);
+    const OrdinaryUser user(m_tree.Path());
+    FileLock one;
+    FileLock other;
+    EXPECT_EQ(one.Take(m_file, kNoPatience), Taken::Yes);
+    EXPECT_EQ(other.Take(m_file, kNoPatience), Taken::Busy);
+    one.Release();
+    EXPECT_FALSE(IsLockFileThere());
 }

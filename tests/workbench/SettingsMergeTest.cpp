@@ -197,6 +197,24 @@ TEST_F(SettingsMerging, AddingTheSameNameIsToldWhereTheyDiffer) {
     EXPECT_EQ(Conflicts(), "D/计算精度 ");
 }
 
+TEST_F(SettingsMerging, AllStandardsThatTheOtherDeletedAreGone) {
+    for (int i = 0; i < 3; ++i)
+        m_theirs.RemoveStd(0);
+    Merge();
+    EXPECT_EQ(Names(), "");
+    EXPECT_EQ(Conflicts(), "");
+}
+
+TEST_F(SettingsMerging, TheListIsNotEmptiedByDeletingOnBothSides) {
+    m_mine.RemoveStd(0);
+    m_mine.RemoveStd(0);
+    m_theirs.RemoveStd(2);
+    Merge();
+    EXPECT_EQ(Names(), "C");
+    EXPECT_EQ(Current(), "C");
+    EXPECT_EQ(Conflicts(), "C/ ");
+}
+
 TEST_F(SettingsMerging, TheCurrentStandardIsANameAndNotAnIndex) {
     m_mine.SetCurStdIndex(2);
     m_theirs.RemoveStd(0);

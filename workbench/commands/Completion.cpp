@@ -59,8 +59,16 @@ int StartOfLastWord(const CString& line) {
     return start;
 }
 
+// A line may begin with the program's name, as on the command line.
+std::vector<CString> WithoutProgramName(std::vector<CString> words) {
+    if (!words.empty() && words.front() == L"orvo")
+        words.erase(words.begin());
+    return words;
+}
+
 // Everything that may follow the finished words of a line.
-std::vector<CString> Followers(const std::vector<CString>& words) {
+std::vector<CString> Followers(const std::vector<CString>& line) {
+    const std::vector<CString> words = WithoutProgramName(line);
     if (words.empty())
         return FirstWords();
     CommandLineModel model;

@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "platform/base/AtomicFile.h"
 #include "platform/base/Support.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/commands/ExitCode.h"
@@ -20,6 +21,8 @@
 namespace {
 
 using Json = nlohmann::ordered_json;
+
+constexpr int kNoStandard = -1;
 
 int Refuse(const CString& text) {
     Complain(text);
@@ -48,10 +51,14 @@ std::vector<CString> OwnStandards(const OrvoDataSet& shipped) {
     return own;
 }
 
-// What was in the file that was replaced is kept; where depends on whether it was sound.
+// What was in the file that was replaced is kept beside it, or beside what a link leads to; under which name depends on
+// whether it was sound.
 CString KeptWords(const CString& path, bool wasSound) {
-    return wasSound ? SayFormat(L"原来的文件留作 %s.bak", Printable(path))
-                    : SayFormat(L"原来的文件已损坏，留作 %s.refused-1（或下一个空号）", Printable(path));
+    const CString backup = BackupPath(path);
+    if (wasSound)
+        return SayFormat(L"原来的文件留作 %s", Printable(backup));
+    const CString target = backup.Left(backup.ReverseFind(L'.'));
+    return SayFormat(L"原来的文件已损坏，留作 %s.refused-1（或下一个空号）", Printable(target));
 }
 
 void TellReset(const CString& name, const std::vector<const StandardField*>& fields, bool wasThere, Output& output) {
@@ -111,14 +118,19 @@ int RunStandardReset(const CString& name, bool isJson, Output& output) {
     if (!original)
         return RefuseStandard(name, *shipped);
     const SettingsSnapshot before(g_SunDataSet);
+    const std::unique_ptr<QcDtDictionary> formBefore = FormOf(g_SunDataSet);
     const OrvoStdSet* kept = FindStandard(g_SunDataSet, name);
     const bool wasThere = kept != nullptr;
     const std::vector<const StandardField*> fields =
         kept ? DifferingFields(*kept, *original) : std::vector<const StandardField*>();
+    const bool hadCurrent = HasCurrentStandard(g_SunDataSet);
     const int index = ResetStandard(g_SunDataSet, *original);
-    const bool isCurrent = index == g_SunDataSet.GetCurStdIndex();
+    if (!hadCurrent)
+        g_SunDataSet.m_nCurStd = kNoStandard;  // no index of a longer list may come to mean one
+    const bool isCurrent = index == g_SunDataSet.m_nCurStd;
     if (isCurrent)
         UseStandard(g_SunDataSet, index);
+    const bool isChange = !IsSameItem(formBefore.get(), FormOf(g_SunDataSet).get());
     if (!change.Save()) {
         before.Restore(g_SunDataSet);
         return kExitFailed;
@@ -135,6 +147,8 @@ int RunStandardReset(const CString& name, bool isJson, Output& output) {
         return kExitOk;
     }
     TellReset(name, fields, wasThere, output);
+    if (!isChange)
+        return kExitOk;
     if (isCurrent)
         output.Line(Say(L"它是当前标准：设置采用了它的日期、时段和精度。"));
     output.Line(SayFormat(L"已保存到 %s", Printable(change.Path())));

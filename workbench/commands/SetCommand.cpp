@@ -107,11 +107,14 @@ int CheckSpan(const Changes& changes) {
                                         trial.m_dgEndTime.TimeFormat(false)));
 }
 
-int ReadChanges(const SetOptions& options, Changes& changes) {
-    if (const int code = ReadDay(options.date, changes))
-        return code;
-    if (const int code = ReadTimes(options, changes))
-        return code;
+// What is right or wrong by itself.
+int ReadValues(const SetOptions& options, Changes& changes) {
+    const int code = ReadDay(options.date, changes);
+    return code ? code : ReadTimes(options, changes);
+}
+
+// What the settings have to say to it.
+int ReadChoices(const SetOptions& options, Changes& changes) {
     if (const int code = ReadPlace(options.place, changes))
         return code;
     if (const int code = ReadStandard(options.standard, changes))
@@ -152,11 +155,13 @@ int RunSet(const SetOptions& options, Output& output) {
     if (!options.HasValues())
         return Refuse(kExitUsage,
                       Say(L"没有要设置的内容：请给出 --place、--date、--start、--end、--step、--standard 或 --reset"));
+    Changes changes;
+    if (const int code = ReadValues(options, changes))
+        return code;
     SettingsChange change;
     if (!change.Begin())
         return kExitFailed;
-    Changes changes;
-    if (const int code = ReadChanges(options, changes))
+    if (const int code = ReadChoices(options, changes))
         return code;
     const SettingsSnapshot before(g_SunDataSet);
     changes.ApplyTo(g_SunDataSet);

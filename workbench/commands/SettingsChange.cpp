@@ -34,7 +34,7 @@ void TakeIn(const CString& path, OthersChanges& others) {
     if (file.TakeIn(g_SunDataSet, path, others) == SettingsFile::State::Sound || !wasSound)
         return;
     const CString fault = DictionaryFaultText(path);
-    Complain(SayFormat(L"%s 在此期间损坏（%s），现在由这里的设置替换；损坏的文件留作 .refused-1（或下一个空号）。",
+    Complain(SayFormat(L"%s 在此期间损坏（%s）；保存时由这里的设置替换，损坏的文件留作 .refused-1（或下一个空号）。",
                        Printable(path), fault.IsEmpty() ? Say(L"其中没有当前设置") : Printable(fault)));
 }
 

@@ -38,7 +38,8 @@ void LockSettings(FileLock& lock) {
     if (lock.Take(path, kLockPatience) != FileLock::Taken::Busy)
         return;
     CString text;
-    text.Format(PlatformText(L"另一个程序一直锁着“%s”，不再等待：保存设置时，它同时写入的内容可能丢失。"), path);
+    text.Format(PlatformText(L"另一个程序一直锁着“%s”，不再等待：这里改动过的设置照样保存，它同时写入的内容可能丢失。"),
+                path);
     Complain(text);
 }
 

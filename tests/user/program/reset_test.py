@@ -75,6 +75,19 @@ class ResetEverything(ProgramTest):
         self.assertEqual(len(text.splitlines()), 3, "no standard was deleted")
         self.assertIn("(standards: 6)", (self.ok("set", "--step", "7"), self.ok("set", "--reset", "--language", "en"))[1].out)
 
+    def test_names_the_file_that_is_kept_beside_what_a_link_leads_to(self):
+        self.ok("set", "--step", "7")
+        real = os.path.join(os.path.dirname(self.file("SunSet.xml")), "real.xml")
+        os.rename(self.file("SunSet.xml"), real)
+        os.symlink("real.xml", self.file("SunSet.xml"))
+        text = self.ok("set", "--reset").out
+        named = re.search(r"留作 (\S+)", text).group(1)
+        self.assertTrue(os.path.exists(named) and os.path.samefile(named, real + ".bak"), text)
+        self.write("SunSet.xml", "damaged")
+        text = self.orvo("set", "--reset").out
+        named = re.search(r"留作 ([^（\s]+)", text).group(1)
+        self.assertTrue(os.path.exists(named) and os.path.samefile(named, real + ".refused-1"), text)
+
     def test_names_the_standards_that_go(self):
         self.write("SunSet.xml", shipped("SunSet.xml").decode().replace("国标大寒日", "我的标准"))
         self.assertIn("已删除：我的标准\n", self.ok("set", "--reset").out)
@@ -169,6 +182,22 @@ class ResetOneStandard(ProgramTest):
         self.assertEqual(self.standard("国标大寒日"), self.shipped_standard("国标大寒日"))
         self.assertEqual(self.ok("standards", "--json").json()["standards"][-1]["name"], "国标大寒日")
         self.assertIn("本来就是出厂值", self.ok("standards", "--reset", "国标大寒日").out)
+
+    def test_one_that_comes_back_does_not_become_the_current_one_by_its_place(self):
+        good = shipped("SunSet.xml").decode()
+        good = re.sub(r"  <杭州大寒日 .*?</杭州大寒日>\n", "", good, flags=re.S)
+        self.write("SunSet.xml", re.sub(r"(<CUR_STDINDEX [^>]*>)0<", r"\g<1>5<", good))
+        self.assertIsNone(self.ok("info", "--json").json()["standard"])
+        self.ok("set", "--step", "4")
+        text = self.ok("standards", "--reset", "杭州大寒日").out
+        self.assertNotIn("当前标准", text)
+        self.assertIsNone(self.ok("info", "--json").json()["standard"])
+        self.assertIn("计算精度:4分钟", self.ok("set", "--step", "4").out)
+
+    def test_one_that_has_its_values_is_not_saved(self):
+        answer = self.ok("standards", "--reset", "上海标准").out
+        self.assertIn("本来就是出厂值", answer)
+        self.assertNotIn("已保存", answer)
 
     def test_in_json(self):
         self.ok("set", "--standard", "国标大寒日", "--step", "7")

@@ -5,7 +5,7 @@ import re
 import subprocess
 import xml.etree.ElementTree as tree
 
-from orvo_program import CONFIG_FILES, FAILED, OK, PROGRAM, ProgramTest, main, shipped
+from orvo_program import CONFIG_FILES, FAILED, OK, PROGRAM, USAGE, ProgramTest, main, shipped
 
 
 class Prompt:
@@ -198,6 +198,8 @@ class Lock(Shared):
             self.assertIn("设置没有改动", answer.err)
             self.assertIn(self.file("SunSet.xml"), answer.err)
             self.assertIn("不再等待", answer.err, "the module saves at the end all the same")
+            answer = self.orvo("set", "--step", "99")
+            self.assertEqual(answer.code, USAGE, "what is wrong by itself needs no file")
         os.remove(self.file("SunSet.xml.lock"))
         self.assertEqual(self.files(), before)
 
