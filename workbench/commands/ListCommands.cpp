@@ -149,6 +149,8 @@ int RunStandards(const StandardsOptions& options, Output& output) {
     if (options.isJson)
         output.Json({{"warning", ToUtf8(SourceWarning().View())}, {"standards", list}});
     else
-        output.Line(g_SunDataSet.m_listStd.GetLength() > 0 ? SourceWarning() : Say(L"设置中没有任何标准；orvo set --reset 恢复随程序提供的标准。"));
+        output.Line(g_SunDataSet.m_listStd.GetLength() > 0
+                        ? SourceWarning()
+                        : Say(L"设置中没有任何标准；orvo set --reset 恢复随程序提供的标准。"));
     return kExitOk;
 }

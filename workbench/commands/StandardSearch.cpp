@@ -27,7 +27,8 @@ bool HasCurrentStandard(const OrvoDataSet& settings) {
 CString UnknownStandardText(const OrvoDataSet& settings, const CString& name) {
     const std::vector<CString> names = NamesOfStandards(settings);
     if (names.empty())
-        return SayFormat(L"没有名为“%s”的标准：设置中没有任何标准；orvo set --reset 恢复随程序提供的标准。", Printable(name));
+        return SayFormat(L"没有名为“%s”的标准：设置中没有任何标准；orvo set --reset 恢复随程序提供的标准。",
+                         Printable(name));
     const std::vector<CString> nearest = NearestNames(name, names);
     if (nearest.empty())
         return SayFormat(L"没有名为“%s”的标准。现有的标准：%s", Printable(name), JoinNames(names));
