@@ -4,6 +4,7 @@
 #include <new>
 #include <string_view>
 
+#include "platform/base/LibraryTexts.h"
 #include "platform/base/Message.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/base/Support.h"
@@ -175,6 +176,16 @@ bool TeskLanguageSwitch::Load(const CString& path) {
     return true;
 }
 
+CString TranslateFor(const wchar_t* key, const wchar_t* text) {
+    if (!g_pTeskLangSwitch)
+        return CString(text);
+    QcDtDictionary* const outer = g_pCurModuleLang;
+    g_pCurModuleLang = g_pTeskLangSwitch->GetModuleDictionary(key);
+    CString translated = g_pTeskLangSwitch->Translate(text);
+    g_pCurModuleLang = outer;
+    return translated;
+}
+
 CString PlatformText(const wchar_t* text) {
-    return g_pTeskLangSwitch ? g_pTeskLangSwitch->Translate(text) : CString(text);
+    return TranslateFor(L"ORVOPLATFORM", text);
 }

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Looks for texts that the program shows and that a language does not translate.
 
-A text is any literal with a character beyond ASCII: a wide one in the sources of the platform, the module and the
-workbench, any one in a resource script. Each has to stand in every language table, under its own module, or in
+A text is any literal with a character beyond ASCII: a wide one in the sources of the platform, the module, the facts
+and the workbench, any one in a resource script. Each has to stand in every language table, under its own module, or in
 untranslated.txt (there a line names a text, or after "file " a source whose texts are all data).
 """
 import glob
@@ -13,7 +13,7 @@ import xml.etree.ElementTree as ET
 
 ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
 NAME = "{urn:orvo:dictionary}name"
-KEYS = {"platform": "ORVOPLATFORM", "module": "ORVODATABASE", "workbench": "ORVOWORKBENCH"}
+KEYS = {"platform": "ORVOPLATFORM", "module": "ORVODATABASE", "facts": "ORVOFACTS", "workbench": "ORVOWORKBENCH"}
 LITERAL = re.compile(r'(?<!\w)L"((?:[^"\\]|\\.)*)"((?:\s*L?"(?:[^"\\]|\\.)*")*)')
 
 

@@ -3,10 +3,10 @@
 #include <QComboBox>
 #include <QRadioButton>
 
+#include "facts/StandardWords.h"
 #include "platform/host/CommandStack.h"
 #include "window/DialogForTests.h"
 #include "workbench/WindowStage.h"
-#include "workbench/settings/StandardWords.h"
 
 namespace {
 

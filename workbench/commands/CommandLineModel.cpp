@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "workbench/commands/Texts.h"
+#include "workbench/Texts.h"
 
 namespace {
 

@@ -3,18 +3,18 @@
 
 #include <algorithm>
 
+#include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/EntityCommand.h"
-#include "workbench/commands/ExitCode.h"
 #include "workbench/commands/InfoCommand.h"
 #include "workbench/commands/ListCommands.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
 #include "workbench/commands/RecordCommand.h"
 #include "workbench/commands/SetCommand.h"
 #include "workbench/commands/ShadowCommand.h"
-#include "workbench/commands/Texts.h"
 #include "workbench/commands/UsageText.h"
+#include "workbench/terminal/Output.h"
 #include "workbench/window/WindowCommand.h"
 
 namespace {

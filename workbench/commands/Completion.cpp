@@ -3,14 +3,14 @@
 
 #include <algorithm>
 
+#include "facts/PlaceSearch.h"
+#include "facts/ShippedSettings.h"
+#include "facts/StandardSearch.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/RxRegistry.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/LineWords.h"
-#include "workbench/commands/PlaceSearch.h"
-#include "workbench/commands/StandardSearch.h"
-#include "workbench/settings/ShippedSettings.h"
 
 namespace {
 

@@ -1,17 +1,17 @@
 // Judging the three files, and loading the shipped ones.
 #include "workbench/commands/ConfigRecovery.h"
 
+#include "facts/PlaceSearch.h"
+#include "facts/ShippedSettings.h"
+#include "facts/TermCalendar.h"
 #include "frame/ConfigDictionaries.h"
 #include "platform/base/DictionaryFault.h"
+#include "platform/base/PlainText.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/base/Support.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlaceSearch.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/TermCalendar.h"
-#include "workbench/commands/Texts.h"
-#include "workbench/settings/ShippedSettings.h"
+#include "workbench/Texts.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 

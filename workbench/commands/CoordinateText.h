@@ -1,5 +1,5 @@
-// The numbers, directions and faces that a user types, read strictly: a text that is not exactly what it should be is
-// refused, never guessed. The point of a number is always '.', whatever the locale.
+// The directions and faces that a user types, read strictly: a text that is not exactly what it should be is
+// refused, never guessed.
 #pragma once
 
 #include <optional>
@@ -7,10 +7,6 @@
 
 #include "platform/base/CString.h"
 #include "platform/geometry/QcGePoint.h"
-
-// A decimal number: sign, digits with or without a point, exponent; blanks around it are passed over. None for every
-// other text, and for a number beyond the range of double. One too small for it is a zero.
-std::optional<double> ParseDecimal(const CString& text);
 
 // "x,y,z"; the comma may be a wide one (U+FF0C).
 std::optional<QcGePoint> ParseCoordinates(const CString& text);

@@ -5,15 +5,15 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/base/AtomicFile.h"
+#include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/ExitCode.h"
 #include "platform/host/GroupStorage.h"
 #include "platform/host/HostDrawing.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
 #include "workbench/commands/EntityList.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 

@@ -8,15 +8,16 @@
 #include <string>
 #include <vector>
 
+#include "facts/NumberText.h"
+#include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/CodeToType.h"
 #include "platform/host/GroupItems.h"
 #include "platform/host/QcAdsEnt.h"
 #include "records/EntityData.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CoordinateText.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/Texts.h"
 
 namespace {
 

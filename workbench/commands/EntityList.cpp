@@ -5,12 +5,12 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/TextTable.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextTable.h"
 
 namespace {
 

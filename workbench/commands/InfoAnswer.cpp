@@ -5,15 +5,15 @@
 #include <numbers>
 
 #include "calendar/ShanghaiValidTime.h"
+#include "facts/ClockText.h"
+#include "facts/PlaceSearch.h"
+#include "facts/StandardWords.h"
+#include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "settings/OrvoStdSet.h"
-#include "workbench/commands/ClockText.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlaceSearch.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/TextTable.h"
-#include "workbench/commands/Texts.h"
-#include "workbench/settings/StandardWords.h"
+#include "workbench/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextTable.h"
 
 namespace {
 

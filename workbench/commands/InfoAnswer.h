@@ -4,11 +4,11 @@
 #include <optional>
 #include <vector>
 
+#include "facts/DayText.h"
+#include "facts/SunDay.h"
+#include "facts/TermCalendar.h"
 #include "platform/base/CString.h"
-#include "workbench/commands/DayText.h"
 #include "workbench/commands/StandardRules.h"
-#include "workbench/commands/SunDay.h"
-#include "workbench/commands/TermCalendar.h"
 #include "zone/OrvoZoneRecord.h"
 
 class Output;

@@ -3,16 +3,16 @@
 
 #include <cmath>
 
+#include "facts/PlaceSearch.h"
+#include "facts/SettingsEdit.h"
+#include "facts/ShippedSettings.h"
+#include "facts/StandardSearch.h"
+#include "platform/host/ExitCode.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/commands/ExitCode.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/InfoAnswer.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlaceSearch.h"
-#include "workbench/commands/SettingsEdit.h"
-#include "workbench/commands/StandardSearch.h"
-#include "workbench/commands/Texts.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/settings/ShippedSettings.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 

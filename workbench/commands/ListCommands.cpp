@@ -3,22 +3,23 @@
 
 #include <nlohmann/json.hpp>
 
+#include "facts/ClockText.h"
+#include "facts/DayText.h"
+#include "facts/NumberText.h"
+#include "facts/PlaceSearch.h"
+#include "facts/ShippedSettings.h"
+#include "facts/StandardWords.h"
+#include "facts/TermCalendar.h"
+#include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
+#include "platform/host/ExitCode.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/commands/ClockText.h"
-#include "workbench/commands/DayText.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlaceSearch.h"
-#include "workbench/commands/PlainText.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/StandardRules.h"
-#include "workbench/commands/TermCalendar.h"
-#include "workbench/commands/TextTable.h"
-#include "workbench/commands/Texts.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/settings/ShippedSettings.h"
-#include "workbench/settings/StandardWords.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextTable.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "avi/OrvoAVIFile.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/Texts.h"
 
 namespace {
 

@@ -4,12 +4,12 @@
 #include <unistd.h>
 
 #include "platform/host/CommandLine.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PipeLines.h"
+#include "platform/host/ExitCode.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/PromptLine.h"
-#include "workbench/commands/TerminalLines.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/PipeLines.h"
+#include "workbench/terminal/TerminalLines.h"
 
 namespace {
 

@@ -4,17 +4,17 @@
 #include <cstdio>
 #include <vector>
 
+#include "platform/host/ExitCode.h"
 #include "platform/host/RxRegistry.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/Completion.h"
-#include "workbench/commands/ExitCode.h"
 #include "workbench/commands/LineWords.h"
-#include "workbench/commands/Output.h"
 #include "workbench/commands/StandardNotice.h"
-#include "workbench/commands/Texts.h"
 #include "workbench/commands/UsageText.h"
 #include "workbench/commands/ZoneEditorWatch.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 

@@ -11,14 +11,14 @@
 #include <string>
 
 #include "avi/OrvoAVIFile.h"
-#include "workbench/commands/DayText.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/OutputSink.h"
+#include "facts/NumberText.h"
+#include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/PictureFile.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/Texts.h"
 #include "workbench/commands/ValueErrors.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/OutputSink.h"
 
 namespace fs = std::filesystem;
 

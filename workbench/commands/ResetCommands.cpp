@@ -3,20 +3,20 @@
 
 #include <nlohmann/json.hpp>
 
+#include "facts/NearestNames.h"
+#include "facts/SettingsForm.h"
+#include "facts/SettingsSnapshot.h"
+#include "facts/ShippedSettings.h"
+#include "facts/StandardSearch.h"
 #include "platform/base/AtomicFile.h"
+#include "platform/base/PlainText.h"
 #include "platform/base/Support.h"
+#include "platform/host/ExitCode.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/NearestNames.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/SettingsChange.h"
-#include "workbench/commands/SettingsSnapshot.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/StandardRules.h"
-#include "workbench/commands/StandardSearch.h"
-#include "workbench/commands/Texts.h"
-#include "workbench/settings/SettingsForm.h"
-#include "workbench/settings/ShippedSettings.h"
+#include "workbench/commands/ToldChange.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 
@@ -82,7 +82,7 @@ int RunReset(Output& output) {
     if (!shipped)
         return RefuseWithoutShipped();
     SettingsChange change;
-    if (!change.Begin())
+    if (!BeginTelling(change))
         return kExitFailed;
     const bool wasSound = SharedSettingsFile().IsSound();
     const SettingsSnapshot before(g_SunDataSet);
@@ -90,7 +90,7 @@ int RunReset(Output& output) {
     const bool isChange = !IsSameItem(FormOf(g_SunDataSet).get(), form.get()) || !wasSound;
     const std::vector<CString> own = OwnStandards(*shipped);
     PutInForce(*form, g_SunDataSet);
-    if (!change.Save()) {
+    if (!SaveTelling(change)) {
         before.Restore(g_SunDataSet);
         return kExitFailed;
     }
@@ -112,7 +112,7 @@ int RunStandardReset(const CString& name, bool isJson, Output& output) {
     if (!shipped)
         return RefuseWithoutShipped();
     SettingsChange change;
-    if (!change.Begin())
+    if (!BeginTelling(change))
         return kExitFailed;
     const OrvoStdSet* original = FindStandard(*shipped, name);
     if (!original)
@@ -131,7 +131,7 @@ int RunStandardReset(const CString& name, bool isJson, Output& output) {
     if (isCurrent)
         UseStandard(g_SunDataSet, index);
     const bool isChange = !IsSameItem(formBefore.get(), FormOf(g_SunDataSet).get());
-    if (!change.Save()) {
+    if (!SaveTelling(change)) {
         before.Restore(g_SunDataSet);
         return kExitFailed;
     }

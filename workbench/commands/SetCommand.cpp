@@ -1,19 +1,20 @@
 // Checking, writing and saving of settings.
 #include "workbench/commands/SetCommand.h"
 
+#include "facts/DayText.h"
+#include "facts/NumberText.h"
+#include "facts/PlaceSearch.h"
+#include "facts/SettingsEdit.h"
+#include "facts/SettingsSnapshot.h"
+#include "facts/StandardSearch.h"
+#include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/commands/DayText.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlaceSearch.h"
-#include "workbench/commands/PlainText.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/ResetCommands.h"
-#include "workbench/commands/SettingsChange.h"
-#include "workbench/commands/SettingsEdit.h"
-#include "workbench/commands/SettingsSnapshot.h"
-#include "workbench/commands/StandardSearch.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/commands/ToldChange.h"
 #include "workbench/commands/ValueErrors.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 
@@ -159,13 +160,13 @@ int RunSet(const SetOptions& options, Output& output) {
     if (const int code = ReadValues(options, changes))
         return code;
     SettingsChange change;
-    if (!change.Begin())
+    if (!BeginTelling(change))
         return kExitFailed;
     if (const int code = ReadChoices(options, changes))
         return code;
     const SettingsSnapshot before(g_SunDataSet);
     changes.ApplyTo(g_SunDataSet);
-    if (!change.Save()) {
+    if (!SaveTelling(change)) {
         before.Restore(g_SunDataSet);
         return kExitFailed;
     }

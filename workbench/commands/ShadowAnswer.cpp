@@ -11,9 +11,9 @@
 
 #include "geometry/SideTolerance.h"
 #include "platform/base/TextNumber.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/TextTable.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextTable.h"
 
 namespace {
 

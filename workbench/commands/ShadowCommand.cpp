@@ -3,11 +3,11 @@
 
 #include <vector>
 
+#include "platform/host/ExitCode.h"
 #include "workbench/commands/CoordinateText.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
 #include "workbench/commands/ShadowAnswer.h"
 #include "workbench/commands/ValueErrors.h"
+#include "workbench/terminal/Output.h"
 
 namespace {
 

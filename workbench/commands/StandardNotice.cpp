@@ -1,14 +1,14 @@
 // Telling the current standard's rules on the host's command line.
 #include "workbench/commands/StandardNotice.h"
 
+#include "facts/SettingsForm.h"
+#include "facts/StandardSearch.h"
+#include "facts/StandardWords.h"
 #include "platform/host/CommandLine.h"
 #include "platform/host/CommandStack.h"
 #include "platform/window/HostFrame.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/commands/StandardSearch.h"
-#include "workbench/commands/Texts.h"
-#include "workbench/settings/SettingsForm.h"
-#include "workbench/settings/StandardWords.h"
+#include "workbench/Texts.h"
 
 namespace {
 

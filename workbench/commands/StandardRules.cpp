@@ -3,14 +3,14 @@
 
 #include <nlohmann/json.hpp>
 
+#include "facts/ClockText.h"
+#include "facts/NearestNames.h"
+#include "facts/StandardWords.h"
+#include "platform/base/PlainText.h"
 #include "settings/OrvoStdSet.h"
-#include "workbench/commands/ClockText.h"
-#include "workbench/commands/NearestNames.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/TextTable.h"
-#include "workbench/commands/Texts.h"
-#include "workbench/settings/StandardWords.h"
+#include "workbench/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextTable.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "workbench/settings/SettingsForm.h"
+#include "facts/SettingsForm.h"
 
 class OrvoDataSet;
 class OrvoStdSet;

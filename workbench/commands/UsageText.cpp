@@ -4,12 +4,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "facts/NearestNames.h"
+#include "platform/base/PlainText.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
-#include "workbench/commands/NearestNames.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/TextTable.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextTable.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Messages about values.
 #include "workbench/commands/ValueErrors.h"
 
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/Texts.h"
+#include "platform/base/PlainText.h"
+#include "workbench/Texts.h"
 
 namespace {
 

@@ -4,16 +4,16 @@
 #include <exception>
 #include <vector>
 
+#include "facts/SettingsChange.h"
 #include "platform/host/DynamicLinker.h"
+#include "platform/host/ExitCode.h"
 #include "platform/host/HostMessages.h"
 #include "settings/OrvoDataSet.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/ConfigRecovery.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
 #include "workbench/commands/Prompt.h"
-#include "workbench/commands/SettingsChange.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/terminal/Output.h"
 #include "workbench/window/WindowCommand.h"
 
 namespace {
@@ -39,7 +39,8 @@ int Run(int argc, const char* const* argv) {
 // The module, which is unloaded next, saves what is in force then.
 void PrepareLastSave() {
     try {
-        TakeInAtTheEnd();
+        for (const CString& message : TakeInAtTheEnd())
+            Complain(message);
     } catch (const std::exception& error) {
         Complain(SayFormat(L"内部错误：%s", FromUtf8(error.what())));
     }

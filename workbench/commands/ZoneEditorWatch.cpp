@@ -5,14 +5,14 @@
 #include <cmath>
 #include <utility>
 
+#include "facts/NearestNames.h"
 #include "frame/ConfigDictionaries.h"
+#include "platform/base/PlainText.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/base/Support.h"
 #include "platform/base/TextNumber.h"
-#include "workbench/commands/NearestNames.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/PlainText.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/Texts.h"
+#include "workbench/terminal/Output.h"
 #include "zone/OrvoZoneWDGrid.h"
 #include "zone/ZoneRows.h"
 

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <functional>
 
-#include "workbench/commands/LineHistory.h"
+#include "workbench/terminal/LineHistory.h"
 #include "workbench/window/RecalledLines.h"
 
 // Enter runs the line, Up and Down recall lines, Tab completes the word before the cursor (in an empty line it goes on

@@ -5,7 +5,7 @@
 #include <QFontDatabase>
 #include <QScrollBar>
 
-#include "workbench/commands/PlainText.h"
+#include "platform/base/PlainText.h"
 #include "workbench/window/EditMenu.h"
 #include "workbench/window/WidgetText.h"
 

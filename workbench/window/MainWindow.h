@@ -4,8 +4,8 @@
 #include <QMainWindow>
 
 #include "platform/window/CWnd.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/OutputSink.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/OutputSink.h"
 #include "workbench/window/MainMenu.h"
 #include "workbench/window/OpenDrawing.h"
 

@@ -3,7 +3,7 @@
 
 #include <new>
 
-#include "workbench/commands/Texts.h"
+#include "workbench/Texts.h"
 
 namespace fs = std::filesystem;
 

@@ -1,7 +1,7 @@
 // Through UTF-8, which both sides know whatever the width of their characters.
 #include "workbench/window/WidgetText.h"
 
-#include "workbench/commands/Texts.h"
+#include "workbench/Texts.h"
 
 QString Shown(const CString& text) {
     return QString::fromStdString(ToUtf8(text.View()));

@@ -7,12 +7,12 @@
 #include <QApplication>
 #include <cstdlib>
 
+#include "platform/host/ExitCode.h"
 #include "platform/window/HostFrame.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
-#include "workbench/commands/ExitCode.h"
-#include "workbench/commands/Output.h"
-#include "workbench/commands/OutputSink.h"
-#include "workbench/commands/Texts.h"
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/OutputSink.h"
 #include "workbench/window/MainWindow.h"
 #include "workbench/window/QuitSignals.h"
 

@@ -1,0 +1,72 @@
+// Values of the settings and of the current standard.
+#include "facts/SettingsEdit.h"
+
+#include "facts/StandardSearch.h"
+#include "settings/OrvoDataSet.h"
+
+namespace {
+
+constexpr int kMinutesPerHour = 60;
+
+OrvoDegree TimeOf(int minutes) {
+    return OrvoDegree(minutes / kMinutesPerHour, minutes % kMinutesPerHour, 0);
+}
+
+// Year, month and day one by one: assigning a whole date would put the built-in terms behind the target's own.
+void Assign(OrvoDate& date, const Day& day) {
+    date.SetYear(day.year);
+    date.SetMonth(day.month);
+    date.SetDay(day.day);
+}
+
+}  // namespace
+
+void SetPlace(OrvoDataSet& settings, const OrvoZoneRecord& place) {
+    static_cast<OrvoZoneRecord&>(settings) = place;
+    settings.CurCity() = place.m_strCity;
+}
+
+void SetOwnDay(OrvoDataSet& settings, const Day& day) {
+    Assign(settings.m_date, day);
+}
+
+void SetOwnStart(OrvoDataSet& settings, int minutes) {
+    settings.m_dgStartTime = TimeOf(minutes);
+    settings.m_nStartHour = minutes / kMinutesPerHour;
+    settings.m_nStartMinute = minutes % kMinutesPerHour;
+}
+
+void SetOwnEnd(OrvoDataSet& settings, int minutes) {
+    settings.m_dgEndTime = TimeOf(minutes);
+    settings.m_nEndHour = minutes / kMinutesPerHour;
+    settings.m_nEndMinute = minutes % kMinutesPerHour;
+}
+
+void SetOwnStep(OrvoDataSet& settings, int minutes) {
+    settings.m_dSpace = minutes;
+    settings.m_nSpace = minutes;
+}
+
+void SetDay(OrvoDataSet& settings, const Day& day) {
+    SetOwnDay(settings, day);
+    if (HasCurrentStandard(settings))
+        Assign(settings.CurDate(), day);
+}
+
+void SetStart(OrvoDataSet& settings, int minutes) {
+    SetOwnStart(settings, minutes);
+    if (HasCurrentStandard(settings))
+        settings.CurStd().m_dgStartTime = TimeOf(minutes);
+}
+
+void SetEnd(OrvoDataSet& settings, int minutes) {
+    SetOwnEnd(settings, minutes);
+    if (HasCurrentStandard(settings))
+        settings.CurStd().m_dgEndTime = TimeOf(minutes);
+}
+
+void SetStep(OrvoDataSet& settings, int minutes) {
+    SetOwnStep(settings, minutes);
+    if (HasCurrentStandard(settings))
+        settings.CurStd().m_dSpace = minutes;
+}

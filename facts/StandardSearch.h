@@ -1,0 +1,23 @@
+// Finding standards in the settings.
+#pragma once
+
+#include <vector>
+
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+
+class OrvoDataSet;
+
+// In the order of the list.
+ORVO_API std::vector<CString> NamesOfStandards(const OrvoDataSet& settings);
+
+// Whether the settings have a current standard at all: their index may point beyond the list.
+ORVO_API bool HasCurrentStandard(const OrvoDataSet& settings);
+
+// What to say about a name that no standard bears: which names there are that come near, or all of them.
+ORVO_API CString UnknownStandardText(const OrvoDataSet& settings, const CString& name);
+
+// Makes the standard at an index the current one, and takes its day, span and step into the settings' own fields (the
+// span and the step only where the standard has ones that make sense), so that the note line tells what the analysis
+// will use.
+ORVO_API void UseStandard(OrvoDataSet& settings, int index);

@@ -1,0 +1,151 @@
+// The words for each field of a standard.
+#include "facts/StandardWords.h"
+
+#include "facts/FactsTexts.h"
+#include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
+#include "settings/OrvoStdSet.h"
+
+namespace {
+
+CString YesNo(int flag) {
+    return flag ? FactsText(L"是") : FactsText(L"否");
+}
+
+template <std::size_t Count>
+CString Choice(const wchar_t* const (&words)[Count], int value) {
+    if (value >= 0 && value < static_cast<int>(Count))
+        return FactsText(words[value]);
+    return FactsFormat(L"未知的选择 %d", value);
+}
+
+constexpr const wchar_t* kCount[] = {L"总有效日照分析(累计)", L"最长有效连照分析(连续)"};
+constexpr const wchar_t* kTimeBase[] = {L"真太阳时", L"北京时间"};
+constexpr const wchar_t* kValidSun[] = {L"上海规定", L"自定义"};
+constexpr const wchar_t* kTotal[] = {L"累计所有时间段", L"累计最长两个时间段", L"累计最长三个时间段"};
+
+CString WidthWords(const OrvoStdSet& standard) {
+    if (!standard.m_nFullWin)
+        return FactsText(L"不适用（只用于满窗日照分析）");
+    if (!standard.m_nLimitWidth)
+        return FactsText(L"不限定");
+    return FactsFormat(L"限定宽度 %s～%s 毫米", DoubleToText(standard.m_dMinWidth), DoubleToText(standard.m_dMaxWidth));
+}
+
+CString SpanWords(const OrvoStdSet& standard) {
+    const OrvoDegree& start = standard.m_dgStartTime;
+    const OrvoDegree& end = standard.m_dgEndTime;
+    if (start.getDegree() == 0.0 && end.getDegree() == 0.0)
+        return FactsText(L"未设定");
+    return FactsFormat(L"%s～%s", start.TimeFormat(false), end.TimeFormat(false));
+}
+
+CString ValidSunWords(const OrvoStdSet& standard) {
+    const CString rule = Choice(kValidSun, standard.m_nValidSunType);
+    if (standard.m_nValidSunType == ORVO_SUN_SHANGHAI)
+        return rule;
+    return FactsFormat(L"%s，光线与墙面的水平夹角不小于 %d 度", rule, standard.m_nMinValidAngle);
+}
+
+CString AccumulateWords(const OrvoStdSet& standard) {
+    return FactsFormat(L"%s（%d 分钟）", YesNo(standard.m_nAllMaxContinueTime), standard.m_nMinContinueTime);
+}
+
+CString TimeColorWords(const OrvoColorTable& colors) {
+    CString words;
+    for (int i = 0; i < colors.GetLength(); ++i) {
+        const OrvoColorMap* const* row = colors.GetAt(i);
+        if (!row || !*row)
+            continue;
+        if (!words.IsEmpty())
+            words += L" ";
+        words += FactsFormat(L"≥%s小时:%d", DoubleToText((*row)->m_dValue), (*row)->m_nColor);
+    }
+    return words;
+}
+
+CString TypeColorWords(const OrvoColorTable& colors) {
+    CString words;
+    for (int i = 0; i < colors.m_listType.GetLength(); ++i) {
+        if (i > 0)
+            words += L" ";
+        words += IntToText(colors.GetTypeColor(i));
+    }
+    return words;
+}
+
+// Name of a shipped standard, and where its values were found.
+struct Source {
+    const wchar_t* name;
+    const wchar_t* text;
+};
+const wchar_t* const kNational =
+    L"日期和时段：GB 50180 1993/2002 年版的表格，查过原文，2018 年版凭记忆；5 分钟下限、1.80 米窗宽、1 "
+    L"分钟精度和真太阳时：GB/T "
+    L"50947-2014，凭记忆";
+const wchar_t* const kBeijing = L"时间段下限、12 度夹角和分钟精度：地方计算规则，查过原文，年份不详；时段：凭记忆";
+const Source kSources[] = {
+    {L"上海标准", L"有效时段：程序内置的规定；冬至日满窗连续日照一小时的要求：凭记忆"},
+    {L"国标大寒日", kNational},
+    {L"国标冬至日", kNational},
+    {L"北京大寒日", kBeijing},
+    {L"北京冬至日", kBeijing},
+    {L"杭州大寒日", L"较早的地方规定的摘要，查过原文"},
+};
+
+}  // namespace
+
+std::vector<Rule> RulesInWords(const OrvoStdSet& standard) {
+    return {
+        {FactsText(L"分析日期"), Printable(standard.m_date.GetDateString())},
+        {FactsText(L"分析时段"), SpanWords(standard)},
+        {FactsText(L"时间基准"), Choice(kTimeBase, standard.m_nBJTime)},
+        {FactsText(L"计算精度"), FactsFormat(L"%s 分钟", DoubleToText(standard.m_dSpace))},
+        {FactsText(L"日照窗"), standard.m_nFullWin ? FactsText(L"满窗日照分析") : FactsText(L"窗台中点分析")},
+        {FactsText(L"窗宽"), WidthWords(standard)},
+        {FactsText(L"有效日照规定"), ValidSunWords(standard)},
+        {FactsText(L"判断依据"), Choice(kCount, standard.m_nMaxContinue)},
+        {FactsText(L"累计方式"), Choice(kTotal, standard.m_nTotalTimeType)},
+        {FactsText(L"有效时间段下限"), FactsFormat(L"%d 分钟", standard.m_nMinValidTime)},
+        {FactsText(L"最长连续时间段下限"), FactsFormat(L"%d 分钟", standard.m_nMinMaxValidTime)},
+        {FactsText(L"累计超过下限的时间段"), AccumulateWords(standard)},
+        {FactsText(L"时数颜色"), TimeColorWords(standard.m_colors)},
+        {FactsText(L"类型颜色"), TypeColorWords(standard.m_colors)},
+    };
+}
+
+// What the standard's choices leave without effect is left out.
+CString RulesInOneLine(const OrvoStdSet& standard) {
+    std::vector<CString> words = {standard.m_nFullWin ? FactsText(L"整个日照窗都须照到（满窗日照分析）")
+                                                      : FactsText(L"窗台中点照到即可（窗台中点分析）")};
+    if (standard.m_nFullWin && standard.m_nLimitWidth)
+        words.push_back(WidthWords(standard));
+    words.push_back(Choice(kCount, standard.m_nMaxContinue));
+    if (standard.m_nMaxContinue == ORVO_COUNT_TOTAL) {
+        words.push_back(Choice(kTotal, standard.m_nTotalTimeType));
+        words.push_back(FactsFormat(L"有效时间段不短于 %d 分钟", standard.m_nMinValidTime));
+        words.push_back(FactsFormat(L"最长的时间段不短于 %d 分钟", standard.m_nMinMaxValidTime));
+    } else if (standard.m_nAllMaxContinueTime) {
+        words.push_back(FactsFormat(L"累计超过 %d 分钟的时间段", standard.m_nMinContinueTime));
+    }
+    words.push_back(ValidSunWords(standard));
+    words.push_back(Printable(standard.m_date.GetDateString()));
+    words.push_back(Choice(kTimeBase, standard.m_nBJTime) + L" " + SpanWords(standard));
+    words.push_back(FactsFormat(L"计算精度 %s 分钟", DoubleToText(standard.m_dSpace)));
+    CString line;
+    for (const CString& each : words)
+        line += line.IsEmpty() ? each : FactsText(L"；") + each;
+    return FactsFormat(L"当前标准“%s”：%s。", Printable(standard.m_strName), line);
+}
+
+CString SourceOf(const CString& name) {
+    for (const Source& source : kSources) {
+        if (name == source.name)
+            return FactsText(source.text);
+    }
+    return CString();
+}
+
+CString SourceWarning() {
+    return FactsText(L"随程序提供的标准只是起始值，使用前须与现行有效的文本核对。");
+}

@@ -1,0 +1,21 @@
+// The built-in texts of one library, translated by the table that bears the library's key.
+#pragma once
+
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+#include "platform/base/TextFormat.h"
+
+// The text to show for a built-in text of the library with this key (such as ORVOWORKBENCH): by the library's own table
+// first, then by those of the others, as TeskLanguageSwitch::Translate does. Without a language switch, or where no
+// table has it, the built-in text itself; null gives an empty text.
+ORVO_API CString TranslateFor(const wchar_t* key, const wchar_t* text);
+
+// Fills a built-in printf-style format (TextFormat.h) after translating it. A translation that asks for other arguments
+// is passed over.
+template <class... Args>
+CString FormatFor(const wchar_t* key, const wchar_t* format, const Args&... args) {
+    const CString translated = TranslateFor(key, format);
+    CString text;
+    text.Format(HasSameConversions(format, translated) ? translated.GetString() : format, args...);
+    return text;
+}

@@ -1,0 +1,28 @@
+// Column widths and lines of a table.
+#include "workbench/terminal/TextTable.h"
+
+#include <algorithm>
+
+#include "workbench/terminal/Output.h"
+#include "workbench/terminal/TextWidth.h"
+
+void TextTable::PrintTo(Output& output, int indent) const {
+    std::vector<int> widths(m_columns.size(), 0);
+    for (const std::vector<CString>& row : m_rows) {
+        for (std::size_t i = 0; i < widths.size() && i < row.size(); ++i)
+            widths[i] = std::max(widths[i], DisplayWidth(row[i]));
+    }
+    for (const std::vector<CString>& row : m_rows) {
+        CString line(L' ', std::max(indent, 0));
+        for (std::size_t i = 0; i < widths.size() && i < row.size(); ++i) {
+            if (i > 0)
+                line += L"  ";
+            const bool isLast = i + 1 == widths.size();
+            if (m_columns[i] == Align::Right)
+                line += PadLeft(row[i], widths[i]);
+            else
+                line += isLast ? row[i] : PadRight(row[i], widths[i]);
+        }
+        output.Line(line);
+    }
+}
