@@ -1,9 +1,10 @@
-// Formatting of times, durations and days.
+// Reading and writing of times of day and short durations.
 #include "facts/ClockText.h"
 
 #include <cmath>
 
 #include "facts/FactsTexts.h"
+#include "facts/NumberText.h"
 
 namespace {
 
@@ -17,6 +18,17 @@ int Seconds(double hours) {
 }
 
 }  // namespace
+
+std::optional<int> ParseClock(const CString& text) {
+    const int colon = text.Find(L':');
+    if (colon < 1 || colon > 2 || text.GetLength() != colon + 3)
+        return std::nullopt;
+    const std::optional<int> hour = ParseWhole(text.Left(colon), 0, 24);
+    const std::optional<int> minute = ParseWhole(text.Mid(colon + 1), 0, 59);
+    if (!hour || !minute || (*hour == 24 && *minute != 0))
+        return std::nullopt;
+    return *hour * 60 + *minute;
+}
 
 CString ClockText(double hours) {
     const int seconds = Seconds(hours);
@@ -34,14 +46,4 @@ CString ClockText(double hours) {
 CString MinutesText(double hours) {
     const int seconds = Seconds(std::abs(hours));
     return FactsFormat(L"%s%d分%02d秒", hours < 0 && seconds > 0 ? L"-" : L"+", seconds / kMinute, seconds % kMinute);
-}
-
-std::string IsoDay(int year, int month, int day) {
-    CString text;
-    text.Format(L"%04d-%02d-%02d", year, month, day);
-    return ToUtf8(text.View());
-}
-
-std::string IsoDay(const OrvoDate& date) {
-    return IsoDay(date.m_nYear, date.m_nMonth, date.m_nDay);
 }

@@ -1,8 +1,7 @@
-// Strict parsing of dates and times.
+// Days as texts, read strictly, and back.
 #include "facts/DayText.h"
 
-#include <ctime>
-
+#include "calendar/OrvoDate.h"
 #include "facts/NumberText.h"
 
 namespace {
@@ -18,12 +17,12 @@ int DaysOfMonth(int year, int month) {
 
 }  // namespace
 
-bool IsRealDay(const Day& day) {
+bool IsRealDay(const CalendarDay& day) {
     return day.year >= 1 && day.year <= 9999 && day.month >= 1 && day.month <= 12 && day.day >= 1 &&
            day.day <= DaysOfMonth(day.year, day.month);
 }
 
-std::optional<Day> ParseDay(const CString& text) {
+std::optional<CalendarDay> ParseDay(const CString& text) {
     const int first = text.Find(L'-');
     const int second = first < 0 ? -1 : text.Find(L'-', first + 1);
     if (second < 0)
@@ -33,25 +32,24 @@ std::optional<Day> ParseDay(const CString& text) {
     const std::optional<int> day = ParseWhole(text.Mid(second + 1), 1, 31);
     if (!year || !month || !day)
         return std::nullopt;
-    const Day parsed = {*year, *month, *day};
-    return IsRealDay(parsed) ? std::optional<Day>(parsed) : std::nullopt;
+    const CalendarDay parsed = {*year, *month, *day};
+    return IsRealDay(parsed) ? std::optional<CalendarDay>(parsed) : std::nullopt;
 }
 
-std::optional<int> ParseClock(const CString& text) {
-    const int colon = text.Find(L':');
-    if (colon < 1 || colon > 2 || text.GetLength() != colon + 3)
-        return std::nullopt;
-    const std::optional<int> hour = ParseWhole(text.Left(colon), 0, 24);
-    const std::optional<int> minute = ParseWhole(text.Mid(colon + 1), 0, 59);
-    if (!hour || !minute || (*hour == 24 && *minute != 0))
-        return std::nullopt;
-    return *hour * 60 + *minute;
+std::string IsoDay(const CalendarDay& day) {
+    CString text;
+    text.Format(L"%04d-%02d-%02d", day.year, day.month, day.day);
+    return ToUtf8(text.View());
 }
 
-Day Today() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    if (!localtime_r(&now, &local))
-        return {1970, 1, 1};
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+CString DayInWords(const CalendarDay& day) {
+    return OrvoDate(day.year, day.month, day.day).GetDateString();
+}
+
+CalendarDay Today() {
+    return DayOf(OrvoDate());
+}
+
+CalendarDay DayOf(const OrvoDate& date) {
+    return {date.m_nYear, date.m_nMonth, date.m_nDay};
 }

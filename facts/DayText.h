@@ -1,27 +1,30 @@
-// The dates and times that a user types, read strictly: a value that is not exactly what it should be is
-// refused, never guessed.
+// Days: as a user types them, as files and answers write them, today, and out of the module's dates.
 #pragma once
 
 #include <optional>
+#include <string>
 
+#include "calendar/CalendarDay.h"
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
-struct Day {
-    int year;
-    int month;
-    int day;
-};
+class OrvoDate;
 
 // Whether the day exists in the calendar (with the century rule of leap years; years 1 to 9999).
-ORVO_API bool IsRealDay(const Day& day);
+ORVO_API bool IsRealDay(const CalendarDay& day);
 
-// Y-M-D with ASCII digits, each part with or without leading zeros. None for other texts and for days that the calendar
-// does not have.
-ORVO_API std::optional<Day> ParseDay(const CString& text);
+// Y-M-D with ASCII digits, each part with or without leading zeros, read strictly: none for other texts and for days
+// that the calendar does not have.
+ORVO_API std::optional<CalendarDay> ParseDay(const CString& text);
 
-// H:MM or HH:MM from 0:00 to 24:00, in whole minutes since midnight.
-ORVO_API std::optional<int> ParseClock(const CString& text);
+// "YYYY-MM-DD", whatever the numbers are.
+ORVO_API std::string IsoDay(const CalendarDay& day);
 
-// Today in the user's time zone.
-ORVO_API Day Today();
+// The day as the module writes it for people, in the interface's language: 2025年12月22日.
+ORVO_API CString DayInWords(const CalendarDay& day);
+
+// Today in the user's time zone, as the module's dates have it.
+ORVO_API CalendarDay Today();
+
+// The day of one of the module's dates, without its terms.
+ORVO_API CalendarDay DayOf(const OrvoDate& date);

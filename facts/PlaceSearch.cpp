@@ -1,13 +1,13 @@
-// Walking and searching the zone tree.
+// Walking and searching the place database.
 #include "facts/PlaceSearch.h"
-
-#include <cmath>
 
 #include "facts/FactsTexts.h"
 #include "facts/NearestNames.h"
 #include "frame/ConfigDictionaries.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/QcDtDictionary.h"
+#include "platform/base/TextNumber.h"
+#include "settings/OrvoDataSet.h"
 
 namespace {
 
@@ -25,14 +25,26 @@ OrvoZoneRecord RecordOf(const QcDtDictionary& province, const QcDtDictItem& city
     return record;
 }
 
+Place PlaceOf(const OrvoZoneRecord& record) {
+    return {record.m_strProvince, record.m_strCity, record.GetTotalLong(), record.GetTotalLat()};
+}
+
+Place PlaceOf(const QcDtDictionary& province, const QcDtDictItem& city) {
+    return PlaceOf(RecordOf(province, city));
+}
+
 const QcDtDictItem* CityOf(const QcDtDictionary& province, const CString& name) {
     const QcDtDictItem* item = province.FindItem(name);
     return item && item->GetType() != QcDtKindDictionary ? item : nullptr;
 }
 
-std::optional<OrvoZoneRecord> FindInProvince(const QcDtDictionary& province, const CString& name) {
+std::optional<Place> FindInProvince(const QcDtDictionary& province, const CString& name) {
     const QcDtDictItem* city = CityOf(province, name);
-    return city ? std::optional<OrvoZoneRecord>(RecordOf(province, *city)) : std::nullopt;
+    return city ? std::optional<Place>(PlaceOf(province, *city)) : std::nullopt;
+}
+
+const QcDtDictionary* ProvinceAt(int index) {
+    return AsDictionary(g_dictSunZone.GetItem(index));
 }
 
 bool Holds(const CString& text, CString part) {
@@ -49,31 +61,35 @@ std::vector<CString> CitiesOf(const QcDtDictionary& province, int most) {
     return names;
 }
 
+bool IsSamePosition(const OrvoZoneRecord& record, const Place& place) {
+    return record.GetTotalLong() == place.longitude && record.GetTotalLat() == place.latitude;
+}
+
 }  // namespace
 
-std::vector<OrvoZoneRecord> AllPlaces() {
+std::vector<Place> AllPlaces() {
     return PlacesWith(CString());
 }
 
-std::vector<OrvoZoneRecord> PlacesWith(const CString& text) {
-    std::vector<OrvoZoneRecord> places;
+std::vector<Place> PlacesWith(const CString& text) {
+    std::vector<Place> places;
     for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
-        const QcDtDictionary* province = AsDictionary(g_dictSunZone.GetItem(i));
+        const QcDtDictionary* province = ProvinceAt(i);
         for (int j = 0; province && j < province->GetCount(); ++j) {
             const QcDtDictItem& city = *province->GetItem(j);
             if (city.GetType() == QcDtKindDictionary)
                 continue;
             if (Holds(city.GetName(), text) || Holds(province->GetName(), text))
-                places.push_back(RecordOf(*province, city));
+                places.push_back(PlaceOf(*province, city));
         }
     }
     return places;
 }
 
-std::optional<OrvoZoneRecord> FindPlace(const CString& name) {
+std::optional<Place> FindPlace(const CString& name) {
     for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
-        const QcDtDictionary* province = AsDictionary(g_dictSunZone.GetItem(i));
-        if (std::optional<OrvoZoneRecord> found = province ? FindInProvince(*province, name) : std::nullopt)
+        const QcDtDictionary* province = ProvinceAt(i);
+        if (std::optional<Place> found = province ? FindInProvince(*province, name) : std::nullopt)
             return found;
     }
     const int slash = name.Find(L'/');
@@ -81,8 +97,8 @@ std::optional<OrvoZoneRecord> FindPlace(const CString& name) {
     return province ? FindInProvince(*province, name.Mid(slash + 1)) : std::nullopt;
 }
 
-CString FullName(const OrvoZoneRecord& place) {
-    return place.m_strProvince + L"/" + place.m_strCity;
+std::optional<Place> CurrentPlace() {
+    return FindPlace(g_SunDataSet.m_strCurCity);
 }
 
 CString UnknownPlaceText(const CString& name) {
@@ -92,8 +108,8 @@ CString UnknownPlaceText(const CString& name) {
                            JoinNames(CitiesOf(*province, kMostExamples)));
     std::vector<CString> names;
     const bool isFullName = name.Find(L'/') >= 0;
-    for (const OrvoZoneRecord& place : AllPlaces())
-        names.push_back(isFullName ? FullName(place) : place.m_strCity);
+    for (const Place& place : AllPlaces())
+        names.push_back(isFullName ? place.FullName() : place.city);
     if (names.empty())
         return FactsFormat(L"没有名为“%s”的地区：地区数据库是空的。", Printable(name));
     const std::vector<CString> nearest = NearestNames(name, names);
@@ -102,8 +118,18 @@ CString UnknownPlaceText(const CString& name) {
     return FactsFormat(L"没有名为“%s”的地区。相近的有：%s", Printable(name), JoinNames(nearest));
 }
 
-bool IsOnTheGlobe(const OrvoZoneRecord& place) {
-    const double longitude = place.GetTotalLong();
-    const double latitude = place.GetTotalLat();
-    return std::abs(longitude) <= 180.0 && std::abs(latitude) <= 90.0;
+OrvoZoneRecord RecordOf(const Place& place) {
+    for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
+        const QcDtDictionary* province = ProvinceAt(i);
+        const QcDtDictItem* city =
+            province && province->GetName() == place.province ? CityOf(*province, place.city) : nullptr;
+        if (city && IsSamePosition(RecordOf(*province, *city), place))
+            return RecordOf(*province, *city);
+    }
+    OrvoZoneRecord record;
+    record.m_strProvince = place.province;
+    record.m_strCity = place.city;
+    record.m_strLongitude = DoubleToText(place.longitude);
+    record.m_strLatitude = DoubleToText(place.latitude);
+    return record;
 }

@@ -1,28 +1,33 @@
-// Finding places in the zone tree (g_dictSunZone): provinces, and the cities in them. Deeper levels are not looked at.
+// Finding places in the place database (g_dictSunZone, which the module has read from zone.xml): provinces, and the
+// cities in them. Deeper levels are not looked at.
 #pragma once
 
 #include <optional>
 #include <vector>
 
+#include "facts/Place.h"
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
-#include "zone/OrvoZoneRecord.h"
 
-// Every city, in the order of the tree.
-ORVO_API std::vector<OrvoZoneRecord> AllPlaces();
+class OrvoZoneRecord;
+
+// Every city, in the order of the database.
+ORVO_API std::vector<Place> AllPlaces();
 
 // The cities in whose own or whose province's name the text occurs (ASCII letters without case), in the order of the
-// tree; all of them for an empty text.
-ORVO_API std::vector<OrvoZoneRecord> PlacesWith(const CString& text);
+// database; all of them for an empty text.
+ORVO_API std::vector<Place> PlacesWith(const CString& text);
 
-// The first city of this exact name in the order of the tree; or, for a name "PROVINCE/CITY", that city.
-ORVO_API std::optional<OrvoZoneRecord> FindPlace(const CString& name);
+// The first city of this exact name in the order of the database; or, for a name "PROVINCE/CITY", that city.
+ORVO_API std::optional<Place> FindPlace(const CString& name);
 
-// "PROVINCE/CITY".
-ORVO_API CString FullName(const OrvoZoneRecord& place);
+// The current place of the settings (g_SunDataSet), which they keep by its name alone: their own position is not known
+// until somebody has looked it up. None when the database does not have the place (any more).
+ORVO_API std::optional<Place> CurrentPlace();
 
 // What to say about a name that FindPlace does not know: what is wrong with it and which names come near.
 ORVO_API CString UnknownPlaceText(const CString& name);
 
-// Whether the position is one on the globe: finite, latitude within [-90, 90], longitude within [-180, 180].
-ORVO_API bool IsOnTheGlobe(const OrvoZoneRecord& place);
+// The module's record of a place: the database's, texts and comment as they stand there; for a place that the database
+// does not have, one made of the numbers.
+ORVO_API OrvoZoneRecord RecordOf(const Place& place);

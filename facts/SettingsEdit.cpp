@@ -1,6 +1,7 @@
 // Values of the settings and of the current standard.
 #include "facts/SettingsEdit.h"
 
+#include "facts/PlaceSearch.h"
 #include "facts/StandardSearch.h"
 #include "settings/OrvoDataSet.h"
 
@@ -13,7 +14,7 @@ OrvoDegree TimeOf(int minutes) {
 }
 
 // Year, month and day one by one: assigning a whole date would put the built-in terms behind the target's own.
-void Assign(OrvoDate& date, const Day& day) {
+void Assign(OrvoDate& date, const CalendarDay& day) {
     date.SetYear(day.year);
     date.SetMonth(day.month);
     date.SetDay(day.day);
@@ -21,12 +22,12 @@ void Assign(OrvoDate& date, const Day& day) {
 
 }  // namespace
 
-void SetPlace(OrvoDataSet& settings, const OrvoZoneRecord& place) {
-    static_cast<OrvoZoneRecord&>(settings) = place;
-    settings.CurCity() = place.m_strCity;
+void SetPlace(OrvoDataSet& settings, const Place& place) {
+    static_cast<OrvoZoneRecord&>(settings) = RecordOf(place);
+    settings.CurCity() = place.city;
 }
 
-void SetOwnDay(OrvoDataSet& settings, const Day& day) {
+void SetOwnDay(OrvoDataSet& settings, const CalendarDay& day) {
     Assign(settings.m_date, day);
 }
 
@@ -47,7 +48,7 @@ void SetOwnStep(OrvoDataSet& settings, int minutes) {
     settings.m_nSpace = minutes;
 }
 
-void SetDay(OrvoDataSet& settings, const Day& day) {
+void SetDay(OrvoDataSet& settings, const CalendarDay& day) {
     SetOwnDay(settings, day);
     if (HasCurrentStandard(settings))
         Assign(settings.CurDate(), day);

@@ -1,6 +1,7 @@
 // Reading what was shipped, and comparing with it.
 #include "facts/ShippedSettings.h"
 
+#include "facts/StandardSearch.h"
 #include "platform/base/Support.h"
 #include "settings/OrvoDataSet.h"
 
@@ -14,11 +15,6 @@ std::unique_ptr<OrvoDataSet> ReadShippedSettings() {
     if (!file.ReadFromXML(ShippedPath(L"SunSet.xml")) || !settings->LoadSunDataSetDict(&file))
         return nullptr;
     return settings;
-}
-
-const OrvoStdSet* FindStandard(const OrvoDataSet& settings, const CString& name) {
-    const OrvoStdSet* const* slot = settings.m_listStd.GetAt(settings.FindStd(name));
-    return slot ? *slot : nullptr;
 }
 
 std::optional<std::vector<const StandardField*>> ChangesFromShipped(const OrvoStdSet& standard,

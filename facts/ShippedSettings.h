@@ -19,9 +19,6 @@ ORVO_API CString ShippedPath(const wchar_t* name);
 // The shipped SunSet.xml; null where the installation lacks it, or has one that holds no settings.
 ORVO_API std::unique_ptr<OrvoDataSet> ReadShippedSettings();
 
-// The standard of a name; null for none.
-ORVO_API const OrvoStdSet* FindStandard(const OrvoDataSet& settings, const CString& name);
-
 // The fields in which a standard differs from the shipped one of its name; nothing where none of that name was shipped,
 // or it is not known what was.
 ORVO_API std::optional<std::vector<const StandardField*>> ChangesFromShipped(const OrvoStdSet& standard,

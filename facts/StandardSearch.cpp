@@ -6,22 +6,30 @@
 #include "facts/FactsTexts.h"
 #include "facts/NearestNames.h"
 #include "facts/SettingsEdit.h"
+#include "facts/Standard.h"
 #include "platform/base/PlainText.h"
 #include "settings/OrvoDataSet.h"
 
 std::vector<CString> NamesOfStandards(const OrvoDataSet& settings) {
     std::vector<CString> names;
     for (int i = 0; i < settings.m_listStd.GetLength(); ++i) {
-        const OrvoStdSet* const* slot = settings.m_listStd.GetAt(i);
-        if (slot && *slot)
-            names.push_back((*slot)->m_strName);
+        if (const OrvoStdSet* standard = StandardAt(settings, i))
+            names.push_back(standard->m_strName);
     }
     return names;
 }
 
+const OrvoStdSet* StandardAt(const OrvoDataSet& settings, int index) {
+    const OrvoStdSet* const* slot = settings.m_listStd.GetAt(index);
+    return slot ? *slot : nullptr;
+}
+
+const OrvoStdSet* FindStandard(const OrvoDataSet& settings, const CString& name) {
+    return StandardAt(settings, settings.FindStd(name));
+}
+
 bool HasCurrentStandard(const OrvoDataSet& settings) {
-    const OrvoStdSet* const* slot = settings.m_listStd.GetAt(settings.m_nCurStd);
-    return slot && *slot;
+    return StandardAt(settings, settings.m_nCurStd) != nullptr;
 }
 
 CString UnknownStandardText(const OrvoDataSet& settings, const CString& name) {
@@ -37,14 +45,12 @@ CString UnknownStandardText(const OrvoDataSet& settings, const CString& name) {
 
 void UseStandard(OrvoDataSet& settings, int index) {
     settings.SetCurStdIndex(index);
-    const OrvoStdSet& standard = settings.CurStd();
-    SetOwnDay(settings, {standard.m_date.m_nYear, standard.m_date.m_nMonth, standard.m_date.m_nDay});
-    const double start = standard.m_dgStartTime.getDegree();
-    const double end = standard.m_dgEndTime.getDegree();
-    if (start >= 0.0 && start < end && end <= 24.0) {
-        SetOwnStart(settings, static_cast<int>(std::lround(start * 60.0)));
-        SetOwnEnd(settings, static_cast<int>(std::lround(end * 60.0)));
+    const Standard standard = StandardOf(settings.CurStd());
+    SetOwnDay(settings, standard.day);
+    if (standard.HasSpan()) {
+        SetOwnStart(settings, static_cast<int>(std::lround(standard.start * 60.0)));
+        SetOwnEnd(settings, static_cast<int>(std::lround(standard.end * 60.0)));
     }
-    if (standard.m_dSpace >= kLeastStep && standard.m_dSpace <= kMostStep)
-        SetOwnStep(settings, static_cast<int>(standard.m_dSpace));
+    if (standard.HasStep())
+        SetOwnStep(settings, static_cast<int>(standard.step));
 }

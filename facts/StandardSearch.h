@@ -7,9 +7,15 @@
 #include "platform/base/CString.h"
 
 class OrvoDataSet;
+class OrvoStdSet;
 
 // In the order of the list.
 ORVO_API std::vector<CString> NamesOfStandards(const OrvoDataSet& settings);
+
+// The standard at an index, which may point beyond the list; null for none. It belongs to the settings.
+ORVO_API const OrvoStdSet* StandardAt(const OrvoDataSet& settings, int index);
+// The standard of a name; null for none.
+ORVO_API const OrvoStdSet* FindStandard(const OrvoDataSet& settings, const CString& name);
 
 // Whether the settings have a current standard at all: their index may point beyond the list.
 ORVO_API bool HasCurrentStandard(const OrvoDataSet& settings);

@@ -1,7 +1,9 @@
 // The words for each field of a standard.
 #include "facts/StandardWords.h"
 
+#include "facts/DayText.h"
 #include "facts/FactsTexts.h"
+#include "facts/Standard.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "settings/OrvoStdSet.h"
@@ -24,52 +26,48 @@ constexpr const wchar_t* kTimeBase[] = {L"真太阳时", L"北京时间"};
 constexpr const wchar_t* kValidSun[] = {L"上海规定", L"自定义"};
 constexpr const wchar_t* kTotal[] = {L"累计所有时间段", L"累计最长两个时间段", L"累计最长三个时间段"};
 
-CString WidthWords(const OrvoStdSet& standard) {
-    if (!standard.m_nFullWin)
+CString WidthWords(const Standard& standard) {
+    if (!standard.fullWindow)
         return FactsText(L"不适用（只用于满窗日照分析）");
-    if (!standard.m_nLimitWidth)
+    if (!standard.limitWidth)
         return FactsText(L"不限定");
-    return FactsFormat(L"限定宽度 %s～%s 毫米", DoubleToText(standard.m_dMinWidth), DoubleToText(standard.m_dMaxWidth));
+    return FactsFormat(L"限定宽度 %s～%s 毫米", DoubleToText(standard.minWidth), DoubleToText(standard.maxWidth));
 }
 
-CString SpanWords(const OrvoStdSet& standard) {
-    const OrvoDegree& start = standard.m_dgStartTime;
-    const OrvoDegree& end = standard.m_dgEndTime;
-    if (start.getDegree() == 0.0 && end.getDegree() == 0.0)
+CString SpanWords(const Standard& standard) {
+    if (standard.start == 0.0 && standard.end == 0.0)
         return FactsText(L"未设定");
-    return FactsFormat(L"%s～%s", start.TimeFormat(false), end.TimeFormat(false));
+    return FactsFormat(L"%s～%s", OrvoDegree(standard.start).TimeFormat(false),
+                       OrvoDegree(standard.end).TimeFormat(false));
 }
 
-CString ValidSunWords(const OrvoStdSet& standard) {
-    const CString rule = Choice(kValidSun, standard.m_nValidSunType);
-    if (standard.m_nValidSunType == ORVO_SUN_SHANGHAI)
+CString ValidSunWords(const Standard& standard) {
+    const CString rule = Choice(kValidSun, standard.validSunType);
+    if (standard.validSunType == ORVO_SUN_SHANGHAI)
         return rule;
-    return FactsFormat(L"%s，光线与墙面的水平夹角不小于 %d 度", rule, standard.m_nMinValidAngle);
+    return FactsFormat(L"%s，光线与墙面的水平夹角不小于 %d 度", rule, standard.minValidAngle);
 }
 
-CString AccumulateWords(const OrvoStdSet& standard) {
-    return FactsFormat(L"%s（%d 分钟）", YesNo(standard.m_nAllMaxContinueTime), standard.m_nMinContinueTime);
+CString AccumulateWords(const Standard& standard) {
+    return FactsFormat(L"%s（%d 分钟）", YesNo(standard.allMaxContinueTime), standard.minContinueTime);
 }
 
-CString TimeColorWords(const OrvoColorTable& colors) {
+CString TimeColorWords(const std::vector<TimeColor>& colors) {
     CString words;
-    for (int i = 0; i < colors.GetLength(); ++i) {
-        const OrvoColorMap* const* row = colors.GetAt(i);
-        if (!row || !*row)
-            continue;
+    for (const TimeColor& color : colors) {
         if (!words.IsEmpty())
             words += L" ";
-        words += FactsFormat(L"≥%s小时:%d", DoubleToText((*row)->m_dValue), (*row)->m_nColor);
+        words += FactsFormat(L"≥%s小时:%d", DoubleToText(color.hours), color.color);
     }
     return words;
 }
 
-CString TypeColorWords(const OrvoColorTable& colors) {
+CString TypeColorWords(const std::vector<int>& colors) {
     CString words;
-    for (int i = 0; i < colors.m_listType.GetLength(); ++i) {
-        if (i > 0)
+    for (const int color : colors) {
+        if (!words.IsEmpty())
             words += L" ";
-        words += IntToText(colors.GetTypeColor(i));
+        words += IntToText(color);
     }
     return words;
 }
@@ -95,47 +93,47 @@ const Source kSources[] = {
 
 }  // namespace
 
-std::vector<Rule> RulesInWords(const OrvoStdSet& standard) {
+std::vector<Rule> RulesInWords(const Standard& standard) {
     return {
-        {FactsText(L"分析日期"), Printable(standard.m_date.GetDateString())},
+        {FactsText(L"分析日期"), Printable(DayInWords(standard.day))},
         {FactsText(L"分析时段"), SpanWords(standard)},
-        {FactsText(L"时间基准"), Choice(kTimeBase, standard.m_nBJTime)},
-        {FactsText(L"计算精度"), FactsFormat(L"%s 分钟", DoubleToText(standard.m_dSpace))},
-        {FactsText(L"日照窗"), standard.m_nFullWin ? FactsText(L"满窗日照分析") : FactsText(L"窗台中点分析")},
+        {FactsText(L"时间基准"), Choice(kTimeBase, standard.beijingTime)},
+        {FactsText(L"计算精度"), FactsFormat(L"%s 分钟", DoubleToText(standard.step))},
+        {FactsText(L"日照窗"), standard.fullWindow ? FactsText(L"满窗日照分析") : FactsText(L"窗台中点分析")},
         {FactsText(L"窗宽"), WidthWords(standard)},
         {FactsText(L"有效日照规定"), ValidSunWords(standard)},
-        {FactsText(L"判断依据"), Choice(kCount, standard.m_nMaxContinue)},
-        {FactsText(L"累计方式"), Choice(kTotal, standard.m_nTotalTimeType)},
-        {FactsText(L"有效时间段下限"), FactsFormat(L"%d 分钟", standard.m_nMinValidTime)},
-        {FactsText(L"最长连续时间段下限"), FactsFormat(L"%d 分钟", standard.m_nMinMaxValidTime)},
+        {FactsText(L"判断依据"), Choice(kCount, standard.maxContinue)},
+        {FactsText(L"累计方式"), Choice(kTotal, standard.totalTimeType)},
+        {FactsText(L"有效时间段下限"), FactsFormat(L"%d 分钟", standard.minValidTime)},
+        {FactsText(L"最长连续时间段下限"), FactsFormat(L"%d 分钟", standard.minMaxValidTime)},
         {FactsText(L"累计超过下限的时间段"), AccumulateWords(standard)},
-        {FactsText(L"时数颜色"), TimeColorWords(standard.m_colors)},
-        {FactsText(L"类型颜色"), TypeColorWords(standard.m_colors)},
+        {FactsText(L"时数颜色"), TimeColorWords(standard.timeColors)},
+        {FactsText(L"类型颜色"), TypeColorWords(standard.typeColors)},
     };
 }
 
 // What the standard's choices leave without effect is left out.
-CString RulesInOneLine(const OrvoStdSet& standard) {
-    std::vector<CString> words = {standard.m_nFullWin ? FactsText(L"整个日照窗都须照到（满窗日照分析）")
+CString RulesInOneLine(const Standard& standard) {
+    std::vector<CString> words = {standard.fullWindow ? FactsText(L"整个日照窗都须照到（满窗日照分析）")
                                                       : FactsText(L"窗台中点照到即可（窗台中点分析）")};
-    if (standard.m_nFullWin && standard.m_nLimitWidth)
+    if (standard.fullWindow && standard.limitWidth)
         words.push_back(WidthWords(standard));
-    words.push_back(Choice(kCount, standard.m_nMaxContinue));
-    if (standard.m_nMaxContinue == ORVO_COUNT_TOTAL) {
-        words.push_back(Choice(kTotal, standard.m_nTotalTimeType));
-        words.push_back(FactsFormat(L"有效时间段不短于 %d 分钟", standard.m_nMinValidTime));
-        words.push_back(FactsFormat(L"最长的时间段不短于 %d 分钟", standard.m_nMinMaxValidTime));
-    } else if (standard.m_nAllMaxContinueTime) {
-        words.push_back(FactsFormat(L"累计超过 %d 分钟的时间段", standard.m_nMinContinueTime));
+    words.push_back(Choice(kCount, standard.maxContinue));
+    if (standard.maxContinue == ORVO_COUNT_TOTAL) {
+        words.push_back(Choice(kTotal, standard.totalTimeType));
+        words.push_back(FactsFormat(L"有效时间段不短于 %d 分钟", standard.minValidTime));
+        words.push_back(FactsFormat(L"最长的时间段不短于 %d 分钟", standard.minMaxValidTime));
+    } else if (standard.allMaxContinueTime) {
+        words.push_back(FactsFormat(L"累计超过 %d 分钟的时间段", standard.minContinueTime));
     }
     words.push_back(ValidSunWords(standard));
-    words.push_back(Printable(standard.m_date.GetDateString()));
-    words.push_back(Choice(kTimeBase, standard.m_nBJTime) + L" " + SpanWords(standard));
-    words.push_back(FactsFormat(L"计算精度 %s 分钟", DoubleToText(standard.m_dSpace)));
+    words.push_back(Printable(DayInWords(standard.day)));
+    words.push_back(Choice(kTimeBase, standard.beijingTime) + L" " + SpanWords(standard));
+    words.push_back(FactsFormat(L"计算精度 %s 分钟", DoubleToText(standard.step)));
     CString line;
     for (const CString& each : words)
         line += line.IsEmpty() ? each : FactsText(L"；") + each;
-    return FactsFormat(L"当前标准“%s”：%s。", Printable(standard.m_strName), line);
+    return FactsFormat(L"当前标准“%s”：%s。", Printable(standard.name), line);
 }
 
 CString SourceOf(const CString& name) {

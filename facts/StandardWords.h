@@ -6,7 +6,7 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
-class OrvoStdSet;
+struct Standard;
 
 struct Rule {
     CString label;
@@ -14,10 +14,10 @@ struct Rule {
 };
 
 // Every rule of the standard, save its name, in the order in which a person would ask.
-ORVO_API std::vector<Rule> RulesInWords(const OrvoStdSet& standard);
+ORVO_API std::vector<Rule> RulesInWords(const Standard& standard);
 
 // The current standard's rules in one line, first of all which part of a window must be lit; without the colours.
-ORVO_API CString RulesInOneLine(const OrvoStdSet& standard);
+ORVO_API CString RulesInOneLine(const Standard& standard);
 
 // Where the values come from that a standard of this name was shipped with, and how sure they are; empty for a name
 // that was not shipped.

@@ -1,13 +1,8 @@
 // Where the calendar gets today's date from.
 #pragma once
 
+#include "calendar/CalendarDay.h"
 #include "platform/base/Api.h"
-
-struct CalendarDay {
-    int year;
-    int month;  // 1 to 12
-    int day;    // 1 to 31
-};
 
 using TodayFunction = CalendarDay (*)();
 

@@ -20,8 +20,8 @@ void Append(std::vector<CString>& to, const std::vector<CString>& from) {
 
 std::vector<CString> PlaceNames() {
     std::vector<CString> names;
-    for (const OrvoZoneRecord& place : AllPlaces())
-        names.push_back(place.m_strCity);
+    for (const Place& place : AllPlaces())
+        names.push_back(place.city);
     return names;
 }
 

@@ -1,9 +1,9 @@
 // Judging the three files, and loading the shipped ones.
 #include "workbench/commands/ConfigRecovery.h"
 
+#include "facts/DayTerms.h"
 #include "facts/PlaceSearch.h"
 #include "facts/ShippedSettings.h"
-#include "facts/TermCalendar.h"
 #include "frame/ConfigDictionaries.h"
 #include "platform/base/DictionaryFault.h"
 #include "platform/base/PlainText.h"

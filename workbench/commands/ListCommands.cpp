@@ -1,15 +1,18 @@
 // orvo terms, orvo places, orvo standards.
 #include "workbench/commands/ListCommands.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "facts/ClockText.h"
+#include "facts/DayTerms.h"
 #include "facts/DayText.h"
 #include "facts/NumberText.h"
 #include "facts/PlaceSearch.h"
 #include "facts/ShippedSettings.h"
+#include "facts/Standard.h"
+#include "facts/StandardSearch.h"
 #include "facts/StandardWords.h"
-#include "facts/TermCalendar.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/ExitCode.h"
@@ -34,59 +37,51 @@ CString Decimals(const wchar_t* format, double value) {
     return text;
 }
 
-// Index of the term that comes `position`-th in a calendar year: the winter solstice, index 0, comes last.
-int TermAtPosition(int position) {
-    return (position + 1) % kTermCount;
+// The terms in the order of a calendar year: the winter solstice, index 0, comes last.
+std::vector<SolarTerm> InCalendarOrder(const DayTerms& terms) {
+    std::vector<SolarTerm> ordered = terms.table;
+    std::rotate(ordered.begin(), ordered.begin() + 1, ordered.end());
+    return ordered;
 }
 
-void PrintTerms(OrvoDate& date, Output& output) {
+void PrintTerms(const DayTerms& terms, Output& output) {
     TextTable table({Align::Left, Align::Left, Align::Right, Align::Right, Align::Right});
     table.Add({Say(L"节气"), Say(L"日期"), Say(L"时差（小时）"), Say(L"时差（分秒）"), Say(L"赤纬（度）")});
-    for (int i = 0; i < kTermCount; ++i) {
-        const int index = TermAtPosition(i);
-        const OrvoSTerm* term = date.GetTerm(index);
-        if (!term)
-            continue;
-        const double equation = term->m_dgTime.getDegree();
-        table.Add({Printable(Say(term->m_strName)), FromUtf8(IsoDay(DayOfTerm(date, index))),
-                   Decimals(L"%.6f", equation), MinutesText(equation), Decimals(L"%.6f", term->m_dgLat.getDegree())});
-    }
+    for (const SolarTerm& term : InCalendarOrder(terms))
+        table.Add({Printable(Say(term.name)), FromUtf8(IsoDay(term.day)), Decimals(L"%.6f", term.equationOfTime),
+                   MinutesText(term.equationOfTime), Decimals(L"%.6f", term.declination)});
     table.PrintTo(output);
 }
 
-void PrintTermsAsJson(OrvoDate& date, Output& output) {
+void PrintTermsAsJson(const DayTerms& terms, Output& output) {
     Json list = Json::array();
-    for (int i = 0; i < kTermCount; ++i) {
-        const int index = TermAtPosition(i);
-        const OrvoSTerm* term = date.GetTerm(index);
-        if (!term)
-            continue;
-        list.push_back({{"index", index},
-                        {"name", ToUtf8(term->m_strName.View())},
-                        {"date", IsoDay(DayOfTerm(date, index))},
-                        {"equationOfTime", term->m_dgTime.getDegree()},
-                        {"declination", term->m_dgLat.getDegree()}});
+    for (const SolarTerm& term : InCalendarOrder(terms)) {
+        list.push_back({{"index", term.index},
+                        {"name", ToUtf8(term.name.View())},
+                        {"date", IsoDay(term.day)},
+                        {"equationOfTime", term.equationOfTime},
+                        {"declination", term.declination}});
     }
-    output.Json({{"year", date.m_nYear}, {"leapYear", date.IsLeapYear()}, {"terms", list}});
+    output.Json({{"year", terms.day.year}, {"leapYear", terms.isLeapYear}, {"terms", list}});
 }
 
-void PrintPlaces(const std::vector<OrvoZoneRecord>& places, Output& output) {
+void PrintPlaces(const std::vector<Place>& places, Output& output) {
     TextTable table({Align::Left, Align::Left, Align::Right, Align::Right});
     table.Add({Say(L"省份"), Say(L"地区"), Say(L"经度"), Say(L"纬度")});
-    for (const OrvoZoneRecord& place : places)
-        table.Add({Printable(place.m_strProvince), Printable(place.m_strCity), DoubleToText(place.GetTotalLong()),
-                   DoubleToText(place.GetTotalLat())});
+    for (const Place& place : places)
+        table.Add({Printable(place.province), Printable(place.city), DoubleToText(place.longitude),
+                   DoubleToText(place.latitude)});
     table.PrintTo(output);
     output.Line(SayFormat(L"共 %d 个地区", static_cast<int>(places.size())));
 }
 
-void PrintPlacesAsJson(const std::vector<OrvoZoneRecord>& places, Output& output) {
+void PrintPlacesAsJson(const std::vector<Place>& places, Output& output) {
     Json list = Json::array();
-    for (const OrvoZoneRecord& place : places) {
-        list.push_back({{"province", ToUtf8(place.m_strProvince.View())},
-                        {"city", ToUtf8(place.m_strCity.View())},
-                        {"longitude", place.GetTotalLong()},
-                        {"latitude", place.GetTotalLat()}});
+    for (const Place& place : places) {
+        list.push_back({{"province", ToUtf8(place.province.View())},
+                        {"city", ToUtf8(place.city.View())},
+                        {"longitude", place.longitude},
+                        {"latitude", place.latitude}});
     }
     output.Json(list);
 }
@@ -103,17 +98,16 @@ int RunTerms(const TermsOptions& options, Output& output) {
         }
         year = *wanted;
     }
-    OrvoDate date(year, 1, 1);
-    FillTerms(date);
+    const DayTerms terms = TermsFor({year, 1, 1});
     if (options.isJson)
-        PrintTermsAsJson(date, output);
+        PrintTermsAsJson(terms, output);
     else
-        PrintTerms(date, output);
+        PrintTerms(terms, output);
     return kExitOk;
 }
 
 int RunPlaces(const PlacesOptions& options, Output& output) {
-    const std::vector<OrvoZoneRecord> places = PlacesWith(options.text);
+    const std::vector<Place> places = PlacesWith(options.text);
     if (options.isJson)
         PrintPlacesAsJson(places, output);
     if (places.empty()) {
@@ -131,17 +125,17 @@ int RunStandards(const StandardsOptions& options, Output& output) {
     const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
     Json list = Json::array();
     for (int i = 0; i < g_SunDataSet.m_listStd.GetLength(); ++i) {
-        const OrvoStdSet* const* slot = g_SunDataSet.m_listStd.GetAt(i);
-        if (!slot || !*slot)
+        const OrvoStdSet* kept = StandardAt(g_SunDataSet, i);
+        if (!kept)
             continue;
-        const OrvoStdSet& standard = **slot;
-        const StandardChanges changes = ChangesFromShipped(standard, shipped.get());
+        const Standard standard = StandardOf(*kept);
+        const StandardChanges changes = ChangesFromShipped(*kept, shipped.get());
         const bool isCurrent = i == g_SunDataSet.m_nCurStd;
         if (options.isJson) {
             list.push_back({{"index", i}, {"current", isCurrent}});
             list.back().update(RulesAsJson(standard, changes));
         } else {
-            const CString name = Printable(standard.m_strName);
+            const CString name = Printable(standard.name);
             output.Line(isCurrent ? SayFormat(L"%s（当前）", name) : name);
             PrintRules(standard, changes, output);
             output.Line(L"");

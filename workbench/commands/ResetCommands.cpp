@@ -7,6 +7,7 @@
 #include "facts/SettingsForm.h"
 #include "facts/SettingsSnapshot.h"
 #include "facts/ShippedSettings.h"
+#include "facts/Standard.h"
 #include "facts/StandardSearch.h"
 #include "platform/base/AtomicFile.h"
 #include "platform/base/PlainText.h"
@@ -137,8 +138,8 @@ int RunStandardReset(const CString& name, bool isJson, Output& output) {
     }
     if (isJson) {
         Json document = {{"index", index}, {"current", isCurrent}};
-        document.update(
-            RulesAsJson(g_SunDataSet.GetStd(index), DifferingFields(g_SunDataSet.GetStd(index), *original)));
+        document.update(RulesAsJson(StandardOf(g_SunDataSet.GetStd(index)),
+                                    DifferingFields(g_SunDataSet.GetStd(index), *original)));
         document["reset"] = Json::array();
         for (const StandardField* field : fields)
             document["reset"].push_back(field->jsonKey);

@@ -1,11 +1,13 @@
 // Checking, writing and saving of settings.
 #include "workbench/commands/SetCommand.h"
 
+#include "facts/ClockText.h"
 #include "facts/DayText.h"
 #include "facts/NumberText.h"
 #include "facts/PlaceSearch.h"
 #include "facts/SettingsEdit.h"
 #include "facts/SettingsSnapshot.h"
+#include "facts/Standard.h"
 #include "facts/StandardSearch.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
@@ -20,8 +22,8 @@ namespace {
 
 // The options as values.
 struct Changes {
-    std::optional<OrvoZoneRecord> place;
-    std::optional<Day> day;
+    std::optional<Place> place;
+    std::optional<CalendarDay> day;
     std::optional<int> start;  // minutes since midnight
     std::optional<int> end;
     std::optional<int> step;
@@ -57,13 +59,13 @@ int ReadPlace(const std::optional<CString>& name, Changes& changes) {
     changes.place = FindPlace(*name);
     if (!changes.place)
         return Refuse(kExitFailed, UnknownPlaceText(*name));
-    const CString city = Printable(changes.place->m_strCity);
+    const CString city = Printable(changes.place->city);
     // The file keeps the city's name alone, which later finds the first city of that name.
-    const std::optional<OrvoZoneRecord> first = FindPlace(changes.place->m_strCity);
-    if (first && first->m_strProvince != changes.place->m_strProvince)
+    const std::optional<Place> first = FindPlace(changes.place->city);
+    if (first && first->province != changes.place->province)
         return Refuse(kExitFailed, SayFormat(L"设置只保存地区名，而“%s”首先指 %s，所以不能设为 %s。", city,
-                                             Printable(FullName(*first)), Printable(FullName(*changes.place))));
-    if (!IsOnTheGlobe(*changes.place))
+                                             Printable(first->FullName()), Printable(changes.place->FullName())));
+    if (!changes.place->IsOnTheGlobe())
         return Refuse(kExitFailed, SayFormat(L"地区“%s”的位置不在地球上，算不出太阳的时刻。", city));
     return kExitOk;
 }
@@ -128,7 +130,7 @@ void PrintChanges(const Changes& changes, Output& output) {
     if (changes.standard)
         output.Line(SayFormat(L"当前标准：%s（日期、时段和精度随之采用）", Printable(settings.CurStd().m_strName)));
     if (changes.place)
-        output.Line(SayFormat(L"地区：%s", Printable(FullName(*changes.place))));
+        output.Line(SayFormat(L"地区：%s", Printable(changes.place->FullName())));
     if (changes.day)
         output.Line(SayFormat(L"分析日期：%s", settings.m_date.GetDateString()));
     if (changes.start || changes.end)

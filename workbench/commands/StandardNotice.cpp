@@ -2,6 +2,7 @@
 #include "workbench/commands/StandardNotice.h"
 
 #include "facts/SettingsForm.h"
+#include "facts/Standard.h"
 #include "facts/StandardSearch.h"
 #include "facts/StandardWords.h"
 #include "platform/host/CommandLine.h"
@@ -37,7 +38,7 @@ void StandardNotice::Tell() const {
     const bool isChanged = !IsSameItem(m_before.get(), StandardsNow().get());
     if (!isChanged && !(m_isForSettings && CanBeShown()))
         return;
-    const CString line = HasCurrentStandard(g_SunDataSet) ? RulesInOneLine(g_SunDataSet.CurStd())
+    const CString line = HasCurrentStandard(g_SunDataSet) ? RulesInOneLine(StandardOf(g_SunDataSet.CurStd()))
                                                           : Say(L"当前标准：无（设置没有选定标准）");
     acutPrintf(L"%s\n", line);
 }

@@ -3,41 +3,36 @@
 
 #include <nlohmann/json.hpp>
 
-#include "facts/ClockText.h"
+#include "facts/DayText.h"
 #include "facts/NearestNames.h"
+#include "facts/Standard.h"
 #include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
-#include "settings/OrvoStdSet.h"
 #include "workbench/Texts.h"
 #include "workbench/terminal/Output.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
 
-nlohmann::ordered_json ColorsAsJson(const OrvoColorTable& colors) {
+nlohmann::ordered_json ColorsAsJson(const Standard& standard) {
     nlohmann::ordered_json document;
     document["time"] = nlohmann::ordered_json::array();
-    for (int i = 0; i < colors.GetLength(); ++i) {
-        const OrvoColorMap* const* row = colors.GetAt(i);
-        if (row && *row)
-            document["time"].push_back({{"hours", (*row)->m_dValue}, {"color", (*row)->m_nColor}});
-    }
-    document["types"] = nlohmann::ordered_json::array();
-    for (int i = 0; i < colors.m_listType.GetLength(); ++i)
-        document["types"].push_back(colors.GetTypeColor(i));
+    for (const TimeColor& color : standard.timeColors)
+        document["time"].push_back({{"hours", color.hours}, {"color", color.color}});
+    document["types"] = standard.typeColors;
     return document;
 }
 
-CString ChangeWords(const OrvoStdSet& standard, const std::vector<const StandardField*>& changes) {
+CString ChangeWords(const Standard& standard, const std::vector<const StandardField*>& changes) {
     std::vector<CString> labels;
     for (const StandardField* field : changes)
         labels.push_back(Say(field->label));
-    return SayFormat(L"%s（“orvo standards --reset %s”恢复出厂值）", JoinNames(labels), Printable(standard.m_strName));
+    return SayFormat(L"%s（“orvo standards --reset %s”恢复出厂值）", JoinNames(labels), Printable(standard.name));
 }
 
 }  // namespace
 
-void PrintRules(const OrvoStdSet& standard, const StandardChanges& changes, Output& output) {
+void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output) {
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left});
     for (const Rule& rule : RulesInWords(standard))
@@ -45,34 +40,34 @@ void PrintRules(const OrvoStdSet& standard, const StandardChanges& changes, Outp
     const bool isChanged = changes && !changes->empty();
     if (isChanged)
         table.Add({Say(L"与出厂值不同"), ChangeWords(standard, *changes)});
-    const CString source = SourceOf(standard.m_strName);
+    const CString source = SourceOf(standard.name);
     if (!source.IsEmpty())
         table.Add({isChanged ? Say(L"其余出厂值来源") : Say(L"出厂值来源"), source});
     table.PrintTo(output, 2);
 }
 
-nlohmann::ordered_json RulesAsJson(const OrvoStdSet& standard, const StandardChanges& changes) {
+nlohmann::ordered_json RulesAsJson(const Standard& standard, const StandardChanges& changes) {
     nlohmann::ordered_json document;
-    document["name"] = ToUtf8(standard.m_strName.View());
-    document["date"] = IsoDay(standard.m_date);
-    document["start"] = standard.m_dgStartTime.getDegree();
-    document["end"] = standard.m_dgEndTime.getDegree();
-    document["step"] = standard.m_dSpace;
-    document["fullWindow"] = standard.m_nFullWin;
-    document["limitWidth"] = standard.m_nLimitWidth;
-    document["minWidth"] = standard.m_dMinWidth;
-    document["maxWidth"] = standard.m_dMaxWidth;
-    document["maxContinue"] = standard.m_nMaxContinue;
-    document["beijingTime"] = standard.m_nBJTime;
-    document["allMaxContinueTime"] = standard.m_nAllMaxContinueTime;
-    document["minContinueTime"] = standard.m_nMinContinueTime;
-    document["validSunType"] = standard.m_nValidSunType;
-    document["minValidAngle"] = standard.m_nMinValidAngle;
-    document["minValidTime"] = standard.m_nMinValidTime;
-    document["totalTimeType"] = standard.m_nTotalTimeType;
-    document["minMaxValidTime"] = standard.m_nMinMaxValidTime;
-    document["colors"] = ColorsAsJson(standard.m_colors);
-    const CString source = SourceOf(standard.m_strName);
+    document["name"] = ToUtf8(standard.name.View());
+    document["date"] = IsoDay(standard.day);
+    document["start"] = standard.start;
+    document["end"] = standard.end;
+    document["step"] = standard.step;
+    document["fullWindow"] = standard.fullWindow;
+    document["limitWidth"] = standard.limitWidth;
+    document["minWidth"] = standard.minWidth;
+    document["maxWidth"] = standard.maxWidth;
+    document["maxContinue"] = standard.maxContinue;
+    document["beijingTime"] = standard.beijingTime;
+    document["allMaxContinueTime"] = standard.allMaxContinueTime;
+    document["minContinueTime"] = standard.minContinueTime;
+    document["validSunType"] = standard.validSunType;
+    document["minValidAngle"] = standard.minValidAngle;
+    document["minValidTime"] = standard.minValidTime;
+    document["totalTimeType"] = standard.totalTimeType;
+    document["minMaxValidTime"] = standard.minMaxValidTime;
+    document["colors"] = ColorsAsJson(standard);
+    const CString source = SourceOf(standard.name);
     document["source"] =
         source.IsEmpty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(ToUtf8(source.View()));
     document["changedFromShipped"] = nullptr;

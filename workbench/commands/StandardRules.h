@@ -7,17 +7,16 @@
 
 #include "facts/SettingsForm.h"
 
-class OrvoDataSet;
-class OrvoStdSet;
 class Output;
+struct Standard;
 
 // The fields in which the standard that is kept differs from the shipped one; nothing when none of its name was
 // shipped.
 using StandardChanges = std::optional<std::vector<const StandardField*>>;
 
 // Each rule in words, where the shipped values come from, and which of them have been changed.
-void PrintRules(const OrvoStdSet& standard, const StandardChanges& changes, Output& output);
+void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output);
 
 // Every field with its number as it is stored; "source" where one is known (see SourceOf); "changedFromShipped", the
 // keys of the fields that were changed, null when none of its name was shipped.
-nlohmann::ordered_json RulesAsJson(const OrvoStdSet& standard, const StandardChanges& changes);
+nlohmann::ordered_json RulesAsJson(const Standard& standard, const StandardChanges& changes);

@@ -1,0 +1,110 @@
+// The choice of the table, and the module's answers about a day as one value.
+#include "facts/DayTerms.h"
+
+#include <cmath>
+
+#include "calendar/BuiltInTerms.h"
+#include "calendar/OrvoDate.h"
+#include "facts/DayText.h"
+#include "frame/ConfigDictionaries.h"
+#include "platform/base/QcDtDictionary.h"
+
+namespace {
+
+// Any common and any leap year: it only chooses the table.
+constexpr int kCommonYear = 2001;
+constexpr int kLeapYear = 2004;
+
+constexpr double kMostEquation = 24.0;     // hours
+constexpr double kMostDeclination = 90.0;  // degrees
+
+bool AreReasonable(double declination, double equationOfTime) {
+    return std::abs(equationOfTime) <= kMostEquation && std::abs(declination) <= kMostDeclination;
+}
+
+bool IsUsable(const OrvoSTerm& term) {
+    const MonthDay day = term.GetMonthDay();
+    return day.month >= 1 && day.month <= 12 && day.day >= 1 && day.day <= 31 &&
+           AreReasonable(term.m_dgLat.getDegree(), term.m_dgTime.getDegree());
+}
+
+bool IsUsable(OrvoDate& date) {
+    for (int i = 0; i < kTermCount; ++i) {
+        const OrvoSTerm* term = date.GetTerm(i);
+        if (!term || !IsUsable(*term))
+            return false;
+    }
+    return true;
+}
+
+// The date with the table that counts.
+OrvoDate DateWithTerms(const CalendarDay& day) {
+    OrvoDate date(day.year, day.month, day.day);
+    if (HasUsableTermFile())
+        date.LoadTermDataFromDict(&g_dictSunSterm);
+    else
+        date.LoadTermData();
+    return date;
+}
+
+std::vector<SolarTerm> TableOf(OrvoDate& date) {
+    std::vector<SolarTerm> table;
+    for (int i = 0; i < kTermCount; ++i) {
+        const OrvoSTerm& term = *date.GetTerm(i);
+        const MonthDay day = term.GetMonthDay();
+        table.push_back({i,
+                         term.m_strName,
+                         {date.m_nYear, day.month, day.day},
+                         term.m_dgTime.getDegree(),
+                         term.m_dgLat.getDegree()});
+    }
+    return table;
+}
+
+int DayIndex(const CalendarDay& day) {
+    return OrvoDate(day.year, day.month, day.day).GetDayIndex();
+}
+
+// Days from a day to a term's, which lies in the next year when it comes no later in this one; that year's own table
+// then tells its day.
+int DaysTo(int index, const DayTerms& terms) {
+    const int days = DayIndex(terms.table[static_cast<std::size_t>(index)].day) - DayIndex(terms.day);
+    if (days > 0)
+        return days;
+    OrvoDate nextYear = DateWithTerms({terms.day.year + 1, 1, 1});
+    const int daysOfYear = terms.isLeapYear ? 366 : 365;
+    return daysOfYear - DayIndex(terms.day) + DayIndex(TableOf(nextYear)[static_cast<std::size_t>(index)].day);
+}
+
+}  // namespace
+
+bool HasUsableTermFile() {
+    OrvoDate common(kCommonYear, 1, 1);
+    if (!common.LoadTermDataFromDict(&g_dictSunSterm))
+        return false;
+    if (common.m_listTerm.GetLength() < kTermCount || common.m_listLeapTerm.GetLength() < kTermCount)
+        return false;
+    OrvoDate leap(common);
+    leap.SetYear(kLeapYear);
+    return IsUsable(common) && IsUsable(leap);
+}
+
+bool DayTerms::IsReasonable() const {
+    return AreReasonable(declination, equationOfTime);
+}
+
+DayTerms TermsFor(const CalendarDay& day) {
+    OrvoDate date = DateWithTerms(day);
+    DayTerms terms;
+    terms.day = day;
+    terms.isLeapYear = date.IsLeapYear();
+    terms.table = TableOf(date);
+    const int index = date.GetSTermIndex(terms.isItsDay);
+    const int next = (index + 1) % kTermCount;
+    terms.term = terms.table[static_cast<std::size_t>(index)];
+    terms.next = terms.table[static_cast<std::size_t>(next)].name;
+    terms.daysToNext = DaysTo(next, terms);
+    terms.declination = date.GetDgLat();
+    terms.equationOfTime = date.GetDgTime();
+    return terms;
+}

@@ -1,0 +1,53 @@
+// The rules of a sunlight standard as a plain value.
+#pragma once
+
+#include <vector>
+
+#include "calendar/CalendarDay.h"
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+
+class OrvoStdSet;
+
+// From how many hours of sunlight on a result has a colour.
+struct TimeColor {
+    double hours = 0.0;
+    int color = 0;  // the host's index
+};
+
+// What a standard of the module (OrvoStdSet, where each field is explained) holds, field by field; the numbers are as
+// they are stored, and a file may hold any. Read on the module's thread, it is then anybody's. Copies are complete: the
+// module's own class keeps the target's colours when it is assigned.
+struct ORVO_API Standard {
+    CString name;
+    CalendarDay day = {};
+    double start = 0.0;  // of the analysed span, decimal hours; start and end 0: not set
+    double end = 0.0;
+    double step = 0.0;           // minutes
+    int fullWindow = 0;          // nonzero: the whole window must be lit; 0: the midpoint of its sill
+    int limitWidth = 0;          // nonzero: a window's width counts within [minWidth, maxWidth]
+    double minWidth = 0.0;       // millimetres
+    double maxWidth = 0.0;       // millimetres
+    int maxContinue = 0;         // OrvoSunCount
+    int beijingTime = 0;         // OrvoTimeBase
+    int allMaxContinueTime = 0;  // nonzero: periods longer than minContinueTime are added up
+    int minContinueTime = 0;     // minutes
+    int validSunType = 0;        // OrvoValidSun
+    int minValidAngle = 0;       // degrees
+    int minValidTime = 0;        // minutes
+    int totalTimeType = 0;       // OrvoTotalTime
+    int minMaxValidTime = 0;     // minutes
+    std::vector<TimeColor> timeColors;
+    std::vector<int> typeColors;  // by type number
+
+    // Whether start and end are a span within a day, and the step one that the dialogs offer (whole minutes are taken
+    // of it). Settings take over only what makes sense.
+    bool HasSpan() const;
+    bool HasStep() const;
+};
+
+// The step that the dialogs offer, minutes.
+inline constexpr int kLeastStep = 1;
+inline constexpr int kMostStep = 60;
+
+ORVO_API Standard StandardOf(const OrvoStdSet& standard);

@@ -1,0 +1,56 @@
+// Where the sun stands at a time: direction, altitude and azimuth.
+#pragma once
+
+#include <numbers>
+#include <optional>
+
+#include "platform/base/Api.h"
+
+struct SunDay;
+
+inline constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
+inline constexpr double kDegreesPerHour = 15.0;  // of the hour angle
+
+// The hour angle in degrees: 0 at true noon, afternoon positive. The time is true solar time in decimal hours.
+inline double HourAngle(double trueSolarTime) {
+    return (trueSolarTime - 12.0) * kDegreesPerHour;
+}
+
+// The way to the sun, of length 1. (Light travels the other way.)
+struct SunDirection {
+    double east = 0.0;
+    double north = 0.0;
+    double up = 0.0;
+};
+
+// With the latitude p, the declination d and the hour angle H:
+//
+//     east  = -cos d sin H
+//     north =  cos p sin d - sin p cos d cos H
+//     up    =  sin p sin d + cos p cos d cos H
+//
+// the transformation of equatorial into horizontal coordinates that every textbook of spherical astronomy has. The time
+// is true solar time in decimal hours; SunDay::TrueSolarTime makes it of Beijing time. Any time will do: the direction
+// repeats after 24 hours.
+//
+// Error, measured at the 936 directions that tests/facts/data/sun-directions.csv has from an independent almanac (11
+// places from 70 degrees north to 34 south, 9 days, day and night): with the almanac's own declination and hour angle
+// 0.0001 degrees; with the module's declination and equation of time, one of each for a day, at most 0.75 degrees, and
+// while the sun is up 0.12 degrees on December 22, 0.3 on January 20 and 0.6 on the worst of the days, March 21. What
+// is left out: refraction (which lifts the sun by 0.5 degrees on the horizon, 0.1 at 10 degrees) and the observer's
+// height.
+ORVO_API SunDirection DirectionOfSun(const SunDay& day, double trueSolarTime);
+
+struct SunPosition {
+    double altitude = 0.0;  // degrees above the horizon, negative below
+    double azimuth = 0.0;   // degrees from north clockwise, within [0, 360): east 90, south 180, west 270
+};
+
+// From a direction of any length but 0. The altitude is atan2(up, hypot(east, north)), which keeps its digits near the
+// zenith too; the azimuth atan2(east, north), 0 where the sun is in the zenith and has none.
+ORVO_API SunPosition PositionOf(const SunDirection& direction);
+ORVO_API SunPosition PositionOfSun(const SunDay& day, double trueSolarTime);
+
+// The length of the shadow on level ground of something one unit high: cot altitude. None while the sun is not above
+// the horizon.
+ORVO_API std::optional<double> ShadowLength(const SunPosition& position);

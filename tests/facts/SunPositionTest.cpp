@@ -1,0 +1,162 @@
+// Where the sun stands: against an independent almanac, and in cases that are known without computing.
+#include "facts/SunPosition.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "facts/DayTerms.h"
+#include "facts/SunDay.h"
+#include "support/Folders.h"
+
+namespace {
+
+// One row of the almanac.
+struct AlmanacSun {
+    double longitude;
+    double latitude;
+    std::time_t utc;
+    double trueSolarTime;
+    double declination;
+    SunPosition position;
+};
+
+std::vector<AlmanacSun> ReadAlmanac() {
+    std::ifstream file(SourceFolder() + "/tests/facts/data/sun-directions.csv");
+    std::vector<AlmanacSun> rows;
+    std::string line;
+    std::getline(file, line);
+    while (std::getline(file, line)) {
+        AlmanacSun row = {};
+        std::tm utc = {};
+        const int read =
+            std::sscanf(line.c_str(), "%*[^,],%lf,%lf,%d-%d-%dT%d:%d:%dZ,%lf,%lf,%lf,%lf", &row.longitude,
+                        &row.latitude, &utc.tm_year, &utc.tm_mon, &utc.tm_mday, &utc.tm_hour, &utc.tm_min, &utc.tm_sec,
+                        &row.trueSolarTime, &row.declination, &row.position.altitude, &row.position.azimuth);
+        EXPECT_EQ(read, 12) << line;
+        utc.tm_year -= 1900;
+        utc.tm_mon -= 1;
+        row.utc = timegm(&utc);
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+// The angle between two directions on the sky, degrees.
+double Apart(const SunPosition& left, const SunPosition& right) {
+    const auto vector = [](const SunPosition& position) {
+        const double altitude = position.altitude * M_PI / 180.0;
+        const double azimuth = position.azimuth * M_PI / 180.0;
+        return SunDirection{std::cos(altitude) * std::sin(azimuth), std::cos(altitude) * std::cos(azimuth),
+                            std::sin(altitude)};
+    };
+    const SunDirection a = vector(left);
+    const SunDirection b = vector(right);
+    return 2.0 * std::asin(std::hypot(a.east - b.east, a.north - b.north, a.up - b.up) / 2.0) * 180.0 / M_PI;
+}
+
+// The row's time by the module's calendar: the day that it is at the place, by its mean solar time.
+SunPosition PositionByTheCalendar(const AlmanacSun& row, CalendarDay& day) {
+    const auto meanTime = row.utc + static_cast<std::time_t>(row.longitude * 240.0);
+    std::tm local = {};
+    gmtime_r(&meanTime, &local);
+    day = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+    std::tm midnight = {};
+    midnight.tm_year = local.tm_year;
+    midnight.tm_mon = local.tm_mon;
+    midnight.tm_mday = local.tm_mday;
+    const double beijing = static_cast<double>(row.utc + 8 * 3600 - timegm(&midnight)) / 3600.0;
+    const DayTerms terms = TermsFor(day);
+    const SunDay sun = ComputeSunDay(terms.declination, terms.equationOfTime, row.longitude, row.latitude);
+    return PositionOfSun(sun, sun.TrueSolarTime(beijing));
+}
+
+SunPosition At(double latitude, double declination, double time) {
+    return PositionOfSun(ComputeSunDay(declination, 0.0, 120.0, latitude), time);
+}
+
+}  // namespace
+
+TEST(TheSunsPosition, IsTheAlmanacsForTheAlmanacsDeclinationAndHourAngle) {
+    const std::vector<AlmanacSun> rows = ReadAlmanac();
+    ASSERT_EQ(rows.size(), 936U);
+    for (const AlmanacSun& row : rows)
+        EXPECT_LT(Apart(At(row.latitude, row.declination, row.trueSolarTime), row.position), 1e-4)
+            << row.latitude << " at " << row.utc;
+}
+
+TEST(TheSunsPosition, ByTheModulesCalendarIsWithinTheStatedErrors) {
+    for (const AlmanacSun& row : ReadAlmanac()) {
+        CalendarDay day = {};
+        const double error = Apart(PositionByTheCalendar(row, day), row.position);
+        EXPECT_LT(error, 0.75) << day.month << '-' << day.day;
+        if (row.position.altitude <= 0.0)
+            continue;
+        const bool isSolstice = day.month == 12 && day.day == 22;
+        const bool isGreatCold = day.month == 1 && day.day == 20;
+        EXPECT_LT(error, isSolstice ? 0.12 : isGreatCold ? 0.3 : 0.6) << day.month << '-' << day.day;
+    }
+}
+
+TEST(TheSunsPosition, AtNoonIsTheDifferenceOfLatitudeAndDeclination) {
+    for (double latitude = -90.0; latitude <= 90.0; latitude += 7.5) {
+        for (const double declination : {-23.45, -3.0, 0.0, 11.0, 23.45}) {
+            const SunPosition noon = At(latitude, declination, 12.0);
+            EXPECT_NEAR(noon.altitude, 90.0 - std::abs(latitude - declination), 1e-12);
+            if (latitude == declination)
+                continue;
+            EXPECT_NEAR(noon.azimuth, latitude > declination ? 180.0 : 0.0, 1e-9) << latitude << ' ' << declination;
+        }
+    }
+}
+
+TEST(TheSunsPosition, IsKnownWithoutComputing) {
+    EXPECT_NEAR(At(40.0, 0.0, 6.0).azimuth, 90.0, 1e-9) << "on an equinox it rises in the east";
+    EXPECT_NEAR(At(40.0, 0.0, 18.0).azimuth, 270.0, 1e-9);
+    EXPECT_NEAR(At(90.0, 20.0, 3.0).altitude, 20.0, 1e-12) << "round the pole at one height";
+    EXPECT_NEAR(At(0.0, 0.0, 9.0).altitude, 45.0, 1e-12);
+    EXPECT_NEAR(At(30.0, 20.0, 24.0).altitude, -40.0, 1e-12) << "midnight";
+    EXPECT_NEAR(At(-33.9, 10.0, 12.0).azimuth, 0.0, 1e-9) << "noon is in the north of the southern half";
+    EXPECT_LT(At(31.2, -23.45, 9.0).azimuth, 180.0) << "mornings are in the east";
+    EXPECT_GT(At(31.2, -23.45, 15.0).azimuth, 180.0);
+}
+
+TEST(TheSunsPosition, RepeatsAfterADay) {
+    for (const double time : {-13.0, 0.5, 7.25}) {
+        EXPECT_NEAR(At(31.2, 15.0, time).altitude, At(31.2, 15.0, time + 24.0).altitude, 1e-9);
+        EXPECT_NEAR(At(31.2, 15.0, time).azimuth, At(31.2, 15.0, time + 24.0).azimuth, 1e-9);
+    }
+}
+
+TEST(TheSunsDirection, HasTheLengthOne) {
+    for (double time = 0.0; time < 24.0; time += 0.7) {
+        const SunDirection way = DirectionOfSun(ComputeSunDay(-17.0, 0.0, 120.0, 52.0), time);
+        EXPECT_NEAR(std::hypot(way.east, way.north, way.up), 1.0, 1e-15);
+    }
+}
+
+TEST(ThePositionOfADirection, HasAnAzimuthFromZeroUpToATurn) {
+    EXPECT_EQ(PositionOf({0.0, 0.0, 1.0}).azimuth, 0.0) << "the zenith has none";
+    EXPECT_EQ(PositionOf({0.0, 0.0, 1.0}).altitude, 90.0);
+    EXPECT_EQ(PositionOf({0.0, 0.0, -1.0}).altitude, -90.0);
+    EXPECT_FALSE(std::signbit(PositionOf({-0.0, 1.0, 0.0}).azimuth));
+    EXPECT_EQ(PositionOf({-1e-300, 1.0, 0.0}).azimuth, 0.0) << "not 360";
+    EXPECT_EQ(PositionOf({0.0, -1.0, 0.0}).azimuth, 180.0);
+    EXPECT_EQ(PositionOf({-0.0, -1.0, 0.0}).azimuth, 180.0);
+    EXPECT_EQ(PositionOf({1.0, 0.0, 0.0}).azimuth, 90.0);
+    EXPECT_EQ(PositionOf({-2.0, 0.0, 0.0}).azimuth, 270.0);
+    EXPECT_NEAR(PositionOf({1e-9, 0.0, 1.0}).altitude, 90.0 - 1e-9 * 180.0 / M_PI, 1e-13);
+}
+
+TEST(AShadow, IsAsLongAsTheSunIsLow) {
+    EXPECT_NEAR(ShadowLength({45.0, 0.0}).value(), 1.0, 1e-15);
+    EXPECT_NEAR(ShadowLength({30.0, 0.0}).value(), std::sqrt(3.0), 1e-14);
+    EXPECT_NEAR(ShadowLength({90.0, 0.0}).value(), 0.0, 1e-15);
+    EXPECT_FALSE(ShadowLength({0.0, 0.0}));
+    EXPECT_FALSE(ShadowLength({-5.0, 0.0}));
+}
