@@ -60,7 +60,7 @@ public:
     void LoadTermData();
 
     // A row of the table for this date's year, which stays the date's; null for an index outside 0 to 23 and for a row
-    // that is missing. Fills the tables first when either is empty.
+    // that is missing. Fills the tables first when either is empty. (BuiltInTerms.h: how good the built-in rows are.)
     OrvoSTerm* GetTerm(int index);
     // Days from a term to the next: from index 0, across the end of the year, always 15 in a common and 16 in a leap
     // year, else by the table. 0 for an index outside 0 to 23 or where one of the two rows is missing.
@@ -69,11 +69,26 @@ public:
     // table has no row that could be.
     int GetSTermIndex(bool& exact);
 
-    // Equation of time on this day, decimal hours: between two terms by straight interpolation. Where the next row is
-    // missing, or no day lies between the two, the term's own; 0 when there is no term.
+    // Equation of time on this day (true less mean solar time), decimal hours: on a term's day its own E0; k days later
+    // E0 + k (E1 - E0) / n, n days before the next term with E1. Where the next row is missing, or no day lies between
+    // the two, the term's own; 0 when there is no term.
+    //
+    // Straight interpolation is this system's own rule. Error with the built-in rows, against the sun of the almanacs'
+    // low-precision formulas at Beijing's noon on each day of 2001 to 2040: up to 35 seconds of time, 15 in the root
+    // mean square. Interpolating alone takes up to 24 of them (in mid-November); the rest is the rows' own.
     double GetDgTime();
-    // Declination of the sun on this day, decimal degrees: a term's own on its day, by a formula on
-    // all others.
+    // Declination of the sun on this day, decimal degrees, negative in the south: a term's own on its day; on all
+    // others
+    //
+    //     23.75 sin((N - 80.25) (1 - N / 9500))    the angle in degrees, N = GetDayIndex()
+    //
+    // which is an empirical fit of unknown origin: a sine from the spring equinox whose pace slackens a little through
+    // the year, and which reaches 0.3 degrees beyond the real sun's 23.44. Error, measured as that of the equation of
+    // time: up to 0.75 degrees (in mid-February), 0.26 on average.
+    //
+    // The rows and the formula do not meet: from a term's day to its neighbours the declination jumps, beside its own
+    // change, by a quarter of a degree at a typical term, at most by 0.50 in a common year (小满) and by 0.75 in a leap
+    // year (谷雨).
     double GetDgLat();
     // Day of the year, January 1st being 1. Months outside 1 to 12 count as December.
     int GetDayIndex() const;

@@ -27,7 +27,7 @@ public:
 
     CString m_strName;    // such as 冬至; kept as built in or read, to be translated where it is shown
     CString m_strDate;    // M月D日, such as 12月22日
-    OrvoDegree m_dgTime;  // equation of time on that day, decimal hours
+    OrvoDegree m_dgTime;  // equation of time on that day (true less mean solar time), decimal hours
     OrvoDegree m_dgLat;   // declination of the sun on that day, decimal degrees, negative in the south
 
 private:
