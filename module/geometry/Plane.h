@@ -9,6 +9,9 @@
 // The points where a x + b y + c z + d vanishes. The first three numbers are the normal, which points to the positive
 // side. It keeps the length that it was given, and with it the value that GetSide gives for a point, which is the
 // distance only for a unit normal. Tolerances are 1e-12 on that value.
+//
+// The value is formed in double from the coordinates as they are, and for a unit normal is off by up to 1e-15 of these:
+// half a millionth of a millimetre at 500 km, which is far more than the tolerance.
 class ORVO_API Plane {
 public:
     // Begins with no values: lists of planes are filled right after they are made, and zeroes would cost time.
