@@ -1,4 +1,4 @@
-// One pass over the groups, with the little state that the structure of a drawing file takes.
+// Builds the index in one pass over the groups, by the machine whose states the header lists.
 #include "platform/host/DxfIndex.h"
 
 #include <algorithm>

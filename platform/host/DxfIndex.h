@@ -9,21 +9,22 @@
 
 #include "platform/host/DxfScanner.h"
 
-// Why a text is no drawing.
+// Why a text is no drawing. The first four and the last come from the scanner, in any state; a zero byte is looked for
+// before that; the others come from the machine that DxfIndex is.
 enum class DxfFault {
-    NoNumber,
-    CodeOutOfRange,
-    NoValue,
-    LongLine,
-    ZeroByte,
+    NoNumber,         // a group's code is no number
+    CodeOutOfRange,   // or none that a group can have
+    NoValue,          // the text ends behind a code
+    LongLine,         // a line longer than kLongestDxfLine
+    ZeroByte,         // anywhere in the text
     SectionExpected,  // something stands where only a section or the end of the file may
     NameExpected,     // a section without its name
-    SectionOpen,      // a section begins, or the file ends, inside another section
+    SectionOpen,      // SECTION or EOF inside another section
     TableExpected,    // a record outside a table
     TableOpen,        // a table or the section's end inside a table
     BlockExpected,    // an entity outside a block
     BlockOpen,        // a block or the section's end inside a block
-    NoEnd,            // no EOF
+    NoEnd,            // the text ends without EOF
 };
 
 // What an entry of the index is. Structure has no data of its own and cannot be asked for: the heads and ends of
@@ -31,6 +32,30 @@ enum class DxfFault {
 enum class DxfKind : std::uint8_t { Structure, TableHead, TableRecord, BlockPart, Entity, Object };
 
 // One entry for each group 0, in the file's order: 5 bytes, and 16 for one with a handle.
+//
+// Build reads group after group. A group 0 begins an entry and may change the state; all other groups belong to the
+// entry before them, and only three kinds of them are looked at: a section's name, handles, comments (999), which may
+// stand anywhere.
+//
+//   state       group            next state; the entry's kind        refused with
+//   None        0 SECTION        Unnamed; Structure
+//               0 EOF            the end: no more is read
+//               all others                                           SectionExpected
+//   Unnamed     2 with a name    one of those below; Other for every name without a row of its own (HEADER, CLASSES)
+//               all others                                           NameExpected
+//   Tables      0 TABLE          in a table; TableHead               TableOpen when already in one
+//               0 ENDTAB         in no table; Structure              TableExpected when in none
+//               0 others         the same; TableRecord               TableExpected when in none
+//   Blocks      0 BLOCK          in a block; BlockPart               BlockOpen when already in one
+//               0 ENDBLK         in no block; BlockPart              BlockExpected when in none
+//               0 others         the same; BlockPart                 BlockExpected when in none
+//   Entities    0 others         the same; Entity
+//   Objects     0 others         the same; Object
+//   Other       0 others         the same; Structure
+//   all five    0 ENDSEC         None; Structure                     TableOpen, BlockOpen when in one
+//               0 SECTION, EOF                                       SectionOpen
+//
+// Sections may come in any order, more than once, or not at all.
 class DxfIndex {
 public:
     // Indexes a text of less than 4 GiB. False: `fault` at the offset `place`, and the index is of no use.
@@ -52,6 +77,7 @@ public:
     static constexpr std::size_t kNone = SIZE_MAX;
 
 private:
+    // In this order: what comes behind Unnamed is inside a section with a name.
     enum class Section { None, Unnamed, Other, Tables, Blocks, Entities, Objects };
     struct Run {  // entities that follow each other
         std::size_t firstIndex;
@@ -77,14 +103,14 @@ private:
     std::size_t m_entities = 0;
     std::size_t m_header = kNone;
 
-    // While it is being built.
+    // The machine's state, of no use once it has been built.
     Section m_section = Section::None;
-    bool m_isInTable = false;
-    bool m_isInBlock = false;
-    bool m_isAtEnd = false;
-    DxfKind m_kind = DxfKind::Structure;
+    bool m_isInTable = false;             // only in Tables
+    bool m_isInBlock = false;             // only in Blocks
+    bool m_isAtEnd = false;               // EOF has come: Build is done
+    DxfKind m_kind = DxfKind::Structure;  // of the current entry
     int m_handleCode = 0;  // of the group that would be the current entry's handle; 0: it has no handle, or has had it
-    DxfFault m_fault = DxfFault::NoEnd;
+    DxfFault m_fault = DxfFault::NoEnd;  // set by Refuse, which ends Build
 };
 
 // A handle's number; 0 for what is none.

@@ -20,11 +20,30 @@
 //
 // A scene with more faces than g_RenderMaxFaceNum is shown without edges and smoothing while the view changes, and in
 // full as soon as it rests. Nothing is drawn anew while nothing changes.
+//
+// Events change the camera or the scene and mark the picture as out of date; the next paint event (or GetPicture) draws
+// it, once for however many events. What each event does to the state below:
+//
+//   event                                m_bDirty   m_bFitted   m_bMoving   m_bUploaded   m_strProblem
+//   SetScene                             true       true                    false         empty
+//   UpdateScene                          true       (fits if)               false         empty
+//   Look, Fit, Home, double click        true       true
+//   turn, move, zoom                     true       false       if large
+//   another size                         true       (fits if)   if large
+//   another scale of the screen          true       (fits if)
+//   m_rest runs out                      true                   false
+//   the picture is drawn                 false                              true          the reason, if it fails
+//
+// "Fits if": the flag stays, and where it is set everything is shown again. "If large": true for a large scene, and the
+// timer m_rest starts anew, so that it runs out when nothing has come for a moment; other scenes never set it.
+//
+// A problem stays, and keeps anything from being drawn, until the next scene comes. The opener is called with the first
+// scene to be drawn, and with each further scene for as long as it has given no painter.
 class SceneView : public QWidget {
 public:
     using Opener = std::function<std::unique_ptr<ScenePainter>(CString& reason)>;
 
-    // The painter is opened when the first scene has to be drawn. Where that fails, the view says why.
+    // Where the opener gives no painter, the view says why.
     explicit SceneView(QWidget* parent = nullptr, Opener opener = ScenePainter::Open);
     ~SceneView() override;
 
@@ -87,12 +106,12 @@ private:
     QImage m_picture;
     QString m_strHint;
     QString m_strProblem;
-    QTimer m_rest;
+    QTimer m_rest;  // from the last change of a large scene's view to the picture in full
     Drag m_nDrag = Drag::None;
     QPointF m_ptLast;
-    double m_nScale = 1.0;  // pixels of the picture in one of the widget's
-    bool m_bUploaded = false;
-    bool m_bDirty = true;
-    bool m_bMoving = false;
-    bool m_bFitted = true;  // everything is shown, and shall be after a change of size, too
+    double m_nScale = 1.0;     // pixels of the picture in one of the widget's
+    bool m_bUploaded = false;  // the painter has this scene's faces
+    bool m_bDirty = true;      // m_picture is not what would be drawn now
+    bool m_bMoving = false;    // drawn without edges and smoothing
+    bool m_bFitted = true;     // everything is shown, and shall be after a change of size, too
 };
