@@ -1,4 +1,4 @@
-// Reading BMP files without trusting them.
+// Reads BMP files, and checks every number in them before it is used.
 #include <cstdint>
 #include <cstring>
 #include <filesystem>

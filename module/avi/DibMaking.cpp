@@ -1,4 +1,4 @@
-// From a bitmap to the packed form that stands in files.
+// Packs a bitmap into the device-independent form that stands in files.
 #include <cstdint>
 #include <limits>
 

@@ -1,5 +1,5 @@
-// By characters: only from those does the library make paths without asking the locale. There is a text of them for
-// either width of wchar_t.
+// Makes a path from a wide text, character by character: only from characters does the library make paths without
+// asking the locale. They are UTF-32, whatever the width of wchar_t.
 #include "avi/FilePath.h"
 
 #include <string>

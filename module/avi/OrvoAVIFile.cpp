@@ -1,4 +1,4 @@
-// The recorder: from a picture to a sample in the file.
+// The recorder: opens the file, makes each picture a sample of it, and closes it.
 #include "avi/OrvoAVIFile.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// One threshold row to and from a dictionary item.
+// Saving and loading one row of the colour table as a dictionary item.
 #include "calendar/OrvoColorMap.h"
 
 #include "platform/base/QcDtDictionary.h"

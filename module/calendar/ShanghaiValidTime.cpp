@@ -1,4 +1,4 @@
-// The Shanghai rule, in bands of whole degrees.
+// The Shanghai rule, computed in bands of whole degrees.
 #include "calendar/ShanghaiValidTime.h"
 
 #include "platform/geometry/GetStdAngle.h"

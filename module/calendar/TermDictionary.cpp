@@ -1,4 +1,4 @@
-// The tables of terms to and from a dictionary.
+// Saving and loading a date's tables of terms in a dictionary.
 #include <memory>
 
 #include "calendar/OrvoDate.h"

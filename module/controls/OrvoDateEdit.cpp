@@ -1,4 +1,4 @@
-// Months and days in a masked edit.
+// The date edit: which months and days can be typed.
 #include "controls/OrvoDateEdit.h"
 
 #include "frame/Resources.h"

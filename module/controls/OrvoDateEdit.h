@@ -1,4 +1,4 @@
-// A month and a day to type.
+// The edit into which a month and a day are typed.
 #pragma once
 
 #include "controls/QcSunEdit.h"

@@ -1,4 +1,4 @@
-// Angles in a masked edit, and its life in the cell of a grid.
+// The angle edit: reading and writing angles, and its work as the editor of a grid's cell.
 #include "controls/OrvoDegreeEdit.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// An angle to type, in degrees, minutes and seconds: also the editor that a grid puts into a cell.
+// The edit into which an angle is typed, in degrees, minutes and seconds: also the editor that a grid puts into a cell.
 #pragma once
 
 #include "controls/QcSunEdit.h"

@@ -1,4 +1,4 @@
-// Times of day in a masked edit: reading, writing, limits.
+// The time edit: reading and writing times of day, and their limits.
 #include "controls/OrvoTimeEdit.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// A time of day to type, hours and minutes, within limits.
+// The edit into which a time of day is typed, hours and minutes, within limits.
 #pragma once
 
 #include "controls/QcSunEdit.h"

@@ -1,4 +1,4 @@
-// The caret's ways through the template, and what keys do.
+// The edit of a fixed layout: the caret's ways through the template, and what keys do.
 #include "controls/QcSunEdit.h"
 
 #include "controls/PrintableCharacter.h"

@@ -1,5 +1,5 @@
-// Whether a translated format may stand in for the built-in one: filled with arguments that it does not expect, a
-// format reads whatever memory holds.
+// Checks whether a translated format may stand in for the built-in one: filled with arguments that it does not expect,
+// a format reads whatever memory holds.
 #include "frame/Resources.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// Asking each bounding plane whether it keeps a face out.
+// The test whether a face reaches into a cylinder: each bounding plane is asked whether it keeps the face out.
 #include "geometry/Cylinder.h"
 
 #include "geometry/QcGeFace3dEX.h"

@@ -1,4 +1,4 @@
-// The room that planes bound: of a face, the half-infinite prism from which light reaches it.
+// The part of space that a list of planes bounds: for a face, the half-infinite prism from which light reaches it.
 #pragma once
 
 #include "geometry/PlaneContainers.h"

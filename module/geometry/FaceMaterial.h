@@ -1,4 +1,4 @@
-// What a face looks like in the light.
+// The material of a face: what it looks like in the light.
 #pragma once
 
 #include "platform/base/Api.h"

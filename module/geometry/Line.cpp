@@ -1,4 +1,4 @@
-// Walking along a line.
+// A line's point at a parameter.
 #include "geometry/Line.h"
 
 QcGePoint Line::GetPoint(double t) const {

@@ -1,4 +1,4 @@
-// The sides of a plane.
+// A plane's equation, and on which side of the plane a point lies.
 #include "geometry/Plane.h"
 
 #include "geometry/SideTolerance.h"

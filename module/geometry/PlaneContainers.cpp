@@ -1,4 +1,4 @@
-// The code of the containers of planes.
+// The instantiations of the containers of planes, which the module exports.
 #include "geometry/PlaneContainers.h"
 
 template class QcDynArrayBase<Plane>;

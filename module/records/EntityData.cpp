@@ -1,4 +1,4 @@
-// Reading and setting one group.
+// Reading and setting one group of an entity's data.
 #include "records/EntityData.h"
 
 #include "platform/base/Abandon.h"

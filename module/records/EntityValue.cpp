@@ -1,4 +1,4 @@
-// The two directions, and the table of sizes.
+// Copies values from a caller's memory into result buffers and back, by a table of their sizes.
 #include "records/EntityValue.h"
 
 #include <cstring>

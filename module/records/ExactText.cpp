@@ -1,4 +1,4 @@
-// One search for both kinds of control.
+// The search for an exact text among the entries of a list box or combo box, written once for both.
 #include "records/ExactText.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// Static data, there before any code of the module runs.
+// The tuning parameters with the values that they start from: static data, there before any code of the module runs.
 #include "settings/AnalysisParameters.h"
 
 constinit int g_RenderMaxFaceNum = 5000;

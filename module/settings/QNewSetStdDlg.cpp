@@ -1,4 +1,4 @@
-// The name of a standard, and what is no name for one.
+// The dialog that asks for a standard's name, and its check of the name.
 #include "settings/QNewSetStdDlg.h"
 
 #include "frame/Resources.h"

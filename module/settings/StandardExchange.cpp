@@ -1,4 +1,4 @@
-// The controls of the standards' dialog and the fields of the current standard.
+// Moves values between the controls of the standards' dialog and the fields of the current standard.
 #include "frame/Resources.h"
 #include "platform/window/DataExchange.h"
 #include "resources/Resource.h"

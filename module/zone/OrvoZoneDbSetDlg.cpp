@@ -1,4 +1,4 @@
-// The editor of the places: from the tree to the grid, and back on OK.
+// The editor of the places: fills its grid from the tree of places, and writes it back on OK.
 #include "zone/OrvoZoneDbSetDlg.h"
 
 #include <memory>

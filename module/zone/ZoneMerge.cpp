@@ -1,4 +1,4 @@
-// One level of places after the other.
+// Merges two trees of places: provinces by their names, and in each its cities.
 #include "zone/ZoneMerge.h"
 
 #include <memory>

@@ -1,4 +1,4 @@
-// Rows of a grid and items of a dictionary, level by level.
+// Makes the rows of a grid from a tree of places and the tree from the rows, provinces first, then their cities.
 #include "zone/ZoneRows.h"
 
 #include <memory>

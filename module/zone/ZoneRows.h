@@ -1,4 +1,4 @@
-// Between a tree of places and the rows of a grid, and between the two forms of a position.
+// Converts a tree of places into the rows of a grid and back, and a position between its two forms.
 #pragma once
 
 #include "platform/base/CString.h"
