@@ -1,4 +1,5 @@
-// The list is made of blocks of pointers, so that a program that abandons much pays little more than a pointer each.
+// The list of abandoned storage, in blocks of pointers, so that a program that abandons much pays little more than a
+// pointer each.
 #include "platform/base/Abandon.h"
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// The steps of a save: temporary file, flush, backup, rename, flush of the folder.
+// Saves a file step by step: temporary file, flush, backup, rename, flush of the folder.
 #include "platform/base/AtomicFile.h"
 
 #include <fcntl.h>

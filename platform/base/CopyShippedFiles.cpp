@@ -1,4 +1,4 @@
-// The first start: the user's folder gets its own copies of the files that the package ships.
+// Copies the files that the package ships into the user's folder at the first start.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

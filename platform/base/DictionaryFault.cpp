@@ -1,4 +1,4 @@
-// Reads the file again to see where that fails: nobody asks for the cause of what went well.
+// Finds why a dictionary's file was refused by reading it a second time, so that files that are good cost nothing.
 #include "platform/base/DictionaryFault.h"
 
 #include <string.h>

@@ -1,4 +1,4 @@
-// From the nodes that libxml2's streaming reader gives to a tree of items.
+// Builds a tree of items from the nodes that libxml2's streaming reader gives.
 #include "platform/base/DictionaryReader.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// From a tree of items to the elements that libxml2's streaming writer puts out.
+// Writes a tree of items as elements, through libxml2's streaming writer.
 #include "platform/base/DictionaryWriter.h"
 
 #include <libxml/xmlwriter.h>

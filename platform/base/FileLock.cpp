@@ -1,5 +1,5 @@
-// The lock's file may vanish between opening and locking it, since its holder removes it: then the next try makes it
-// anew.
+// Takes and releases the lock. Its file may vanish between being opened and being locked, since its holder removes it:
+// then the next try makes it anew.
 #include "platform/base/FileLock.h"
 
 #include <unistd.h>

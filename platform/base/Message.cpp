@@ -1,4 +1,4 @@
-// Constant-initialised, so that a message from a static constructor finds its sink.
+// Hands messages to the sink. It is constant-initialised, so that a message from a static constructor finds it.
 #include "platform/base/Message.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// The system's calls, made again when a signal interrupts them.
+// Open files and paths by the system's calls, which are made again when a signal interrupts them.
 #include "platform/base/OpenFile.h"
 
 #include <sys/file.h>

@@ -1,4 +1,4 @@
-// Each cause with its remedy; causes that are rarer are told in the system's own words.
+// The messages for a failed save: each cause with its remedy; causes that are rarer in the system's own words.
 #include "platform/base/SaveFailure.h"
 
 #include <string.h>

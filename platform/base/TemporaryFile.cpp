@@ -1,4 +1,5 @@
-// A temporary file belongs to whoever holds its lock, which ends with the process at the latest.
+// Makes temporary files and removes abandoned ones. A file belongs to whoever holds its lock, which ends with the
+// process at the latest.
 #include "platform/base/TemporaryFile.h"
 
 #include <dirent.h>

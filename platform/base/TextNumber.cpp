@@ -1,4 +1,4 @@
-// Texts to numbers and back, without the locale.
+// Reads numbers from texts and writes them, without the locale.
 #include "platform/base/TextNumber.h"
 
 #include <algorithm>

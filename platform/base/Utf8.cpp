@@ -1,4 +1,4 @@
-// Wide text to UTF-8 and back, for either width of wchar_t.
+// Converts wide text to UTF-8 and back, for either width of wchar_t.
 #include <cstdint>
 
 #include "platform/base/CString.h"

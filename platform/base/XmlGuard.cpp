@@ -1,4 +1,4 @@
-// Follows the tags of a file, and what stands before the first.
+// Watches the bytes of an XML file: follows its tags, and what stands before the first one.
 #include "platform/base/XmlGuard.h"
 
 // The first two bytes tell: a byte-order mark, or a '<' in two bytes.

@@ -1,4 +1,4 @@
-// One remainder instead of turns added one by one, so that huge angles end too.
+// Brings an angle into one turn by one remainder instead of turns added one by one, so that huge angles end too.
 #include "platform/geometry/GetStdAngle.h"
 
 #include <cmath>

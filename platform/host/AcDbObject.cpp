@@ -1,4 +1,4 @@
-// Opening and closing objects.
+// Opens and closes objects of the open drawing.
 #include "platform/host/AcDbObject.h"
 
 #include <new>

@@ -1,4 +1,4 @@
-// Between the open drawing and chains of result buffers.
+// Reads an object of the open drawing into a chain of result buffers, and changes an object by such a chain.
 #include "platform/host/AdsEntity.h"
 
 #include <new>

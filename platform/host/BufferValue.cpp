@@ -1,4 +1,4 @@
-// From a value to a result buffer and back.
+// Makes a result buffer from a group's value, and a value from a buffer.
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>

@@ -1,4 +1,5 @@
-// Constant-initialised, so that a line that is printed from a static constructor finds its sink.
+// Hands lines to the command line's sink. It is constant-initialised, so that a line from a static constructor finds
+// it.
 #include "platform/host/CommandLine.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Groups and commands in their order of definition; there are few of both, so a look-up walks them.
+// The lists of groups and commands in their order of definition; there are few of both, so a look-up walks them.
 #include "platform/host/CommandStack.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What a drawing tells the host when it may be the host's own.
+// The two calls by which every drawing tells the host that it was read or closed: it may be the host's own.
 #pragma once
 
 class AcDbDatabase;

@@ -1,4 +1,4 @@
-// Character sets through the system's converter.
+// Decodes and encodes single characters with the system's converter.
 #include "platform/host/DxfCodePage.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// The text of one object in a drawing file: to its groups, and to the text of other groups that keeps what is the same.
+// Reads the groups of one object from its text in a drawing file, and writes changed groups back so that those that
+// stayed the same keep their bytes.
 #pragma once
 
 #include <cstddef>

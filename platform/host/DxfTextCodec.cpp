@@ -1,4 +1,4 @@
-// Texts by way of their characters: pairs of surrogates, escapes, and bytes that are no characters.
+// Decodes and encodes texts character by character: pairs of surrogates, escapes, and bytes that are no characters.
 #include "platform/host/DxfTextCodec.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Two sets of handles; everything not in them is in its first state.
+// What plug-ins have told about themselves: two sets of handles; everything not in them is in its first state.
 #include "platform/host/DynamicLinker.h"
 
 #include <set>

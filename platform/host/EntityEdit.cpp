@@ -1,4 +1,4 @@
-// Matching a chain with the groups that an object has.
+// Matches the result buffers of a chain with the groups that an object has, and notes what changes.
 #include "platform/host/EntityEdit.h"
 
 #include <algorithm>

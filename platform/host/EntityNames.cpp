@@ -1,4 +1,4 @@
-// A table of the few words that are not 0.
+// The table of second words: only those that are not 0 stand in it, and they are few.
 #include "platform/host/EntityNames.h"
 
 #include <map>

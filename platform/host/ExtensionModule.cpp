@@ -1,4 +1,5 @@
-// The framework's list of libraries is a chain through the announcing objects, so that it needs no storage of its own.
+// The libraries that extend a program: the framework's list is a chain through the objects that announce them, so that
+// it needs no storage of its own.
 #include "platform/host/ExtensionModule.h"
 
 namespace {

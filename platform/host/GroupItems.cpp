@@ -1,4 +1,4 @@
-// Gathering points.
+// Gathers groups into values: finds the x, y and z that make one point.
 #include "platform/host/GroupItems.h"
 
 #include "platform/host/GroupStorage.h"

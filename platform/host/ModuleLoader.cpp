@@ -1,4 +1,4 @@
-// dlopen and dlclose with the manners of the host around them.
+// Opens and closes plug-ins with dlopen and dlclose, and sends them the messages that the host sends around both.
 #include "platform/host/ModuleLoader.h"
 
 #include <dlfcn.h>

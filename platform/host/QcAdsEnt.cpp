@@ -1,4 +1,4 @@
-// Entities by name.
+// Makes an entity from its name or id, and reads its data.
 #include "platform/host/QcAdsEnt.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// From the drawing's text to a value.
+// Reads the value of a group from the drawing's text.
 #include <algorithm>
 #include <charconv>
 #include <limits>

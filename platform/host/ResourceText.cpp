@@ -1,4 +1,5 @@
-// A short table: there are as many scripts as modules with dialogs, and a look-up comes before a dialog is shown.
+// The table of resource scripts. It is short, there are as many as modules with dialogs, and a look-up comes before a
+// dialog is shown.
 #include "platform/host/ResourceText.h"
 
 #include <dlfcn.h>

@@ -1,4 +1,5 @@
-// The services are made at first use and never destroyed: a plug-in may still ask for them while the process ends.
+// The registry and its services. They are made at first use and never destroyed: a plug-in may still ask for them while
+// the process ends.
 #include "platform/host/RxRegistry.h"
 
 #include <string_view>

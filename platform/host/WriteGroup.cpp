@@ -1,4 +1,4 @@
-// From a value to the drawing's text.
+// Writes the value of a group as the drawing's text.
 #include <algorithm>
 #include <charconv>
 #include <cmath>

@@ -1,4 +1,4 @@
-// Counting chunks.
+// Counts the chunks of one RIFF part of an AVI file.
 #include "platform/media/AviIndex.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// A context is an entry in a table that knows how it came to be, because each kind is given back in its own way.
+// The table of device contexts. Each knows how it came to be, because each kind is given back in its own way.
 #include "platform/media/DeviceContext.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
-// The tables are computed by the compiler. Nothing is searched for a pixel: the entries fall into groups in which the
-// nearest one is found channel by channel (or, for greys, from the sum of the channels), and the best of the groups'
-// winners wins.
+// The colour tables, computed by the compiler. Nothing is searched for a pixel: the entries fall into groups in which
+// the nearest one is found channel by channel (or, for greys, from the sum of the channels), and the best of the
+// groups' winners wins.
 #include "platform/media/FixedPalette.h"
 
 #include <array>

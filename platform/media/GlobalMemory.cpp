@@ -1,5 +1,5 @@
-// The blocks stand in one table under their handles. A fixed block's handle is its address, which the allocator aligns
-// to 16 bytes; the handles of movable blocks are numbers that no such address can equal, and none is given twice.
+// The table of memory blocks by their handles. A fixed block's handle is its address, which the allocator aligns to 16
+// bytes; the handles of movable blocks are numbers that no such address can equal, and none is given twice.
 #include "platform/media/GlobalMemory.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// Bytes in the order in which RIFF files keep numbers.
+// Writes numbers as RIFF files keep them: the lowest byte first.
 #pragma once
 
 #include <cstdint>

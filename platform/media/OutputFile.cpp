@@ -1,4 +1,4 @@
-// The system's calls, repeated until everything is written.
+// Writes at given places of a file, repeating the system's calls until everything is written.
 #include "platform/media/OutputFile.h"
 
 #include <fcntl.h>

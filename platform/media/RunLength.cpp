@@ -1,4 +1,4 @@
-// The decoder is a pen over the picture that the orders move. It stays inside whatever they say.
+// The decoder of run-length coded pictures: its orders move a pen over the picture, and the pen never leaves it.
 #include "platform/media/RunLength.h"
 
 #include <QImage>

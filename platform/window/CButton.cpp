@@ -1,4 +1,4 @@
-// The operations of buttons are messages.
+// The operations of buttons, each of which sends a message.
 #include "platform/window/CButton.h"
 
 BEGIN_MESSAGE_MAP(CButton, CWnd)

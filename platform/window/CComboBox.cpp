@@ -1,4 +1,4 @@
-// The operations of combo boxes are messages.
+// The operations of combo boxes, each of which sends a message.
 #include "platform/window/CComboBox.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-// The edit's operations are messages, so that whoever is attached to it sees them.
+// The operations of edits, each of which sends a message, so that whoever is attached to the edit sees it.
 #include "platform/window/CEdit.h"
 
 #include <QWidget>

@@ -1,4 +1,4 @@
-// The operations of list boxes are messages.
+// The operations of list boxes, each of which sends a message.
 #include "platform/window/CListBox.h"
 
 #include <string>

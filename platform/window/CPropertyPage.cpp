@@ -1,4 +1,4 @@
-// A page and its sheet.
+// A page of a property sheet: tells the sheet that something has changed.
 #include "platform/window/CPropertyPage.h"
 
 CPropertyPage::~CPropertyPage() = default;

@@ -1,4 +1,4 @@
-// Spin buttons: the arrows do the work.
+// The operations of spin buttons, which the arrows on the screen carry out.
 #include "platform/window/CSpinButtonCtrl.h"
 
 #include "platform/window/SpinArrows.h"

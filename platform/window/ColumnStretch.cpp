@@ -1,4 +1,5 @@
-// One walk over the edges from left to right: each stands as far left as the edges before it allow.
+// Computes where a dialog's edges go, in one walk from left to right: each stands as far left as the edges before it
+// allow.
 #include "platform/window/ColumnStretch.h"
 
 #include <algorithm>

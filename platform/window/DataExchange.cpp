@@ -1,4 +1,4 @@
-// Members and controls, one at a time.
+// Moves the value of one member to its control or back, for each kind of both.
 #include "platform/window/DataExchange.h"
 
 #include <QWidget>

@@ -1,5 +1,5 @@
-// From dialog units to pixels, from class names to widgets, and what ties controls to each other: groups, labels,
-// order.
+// Makes a dialog's widgets: turns dialog units into pixels and class names into widgets, and ties controls to each
+// other by groups, labels and order.
 #include "platform/window/DialogBuilder.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// Cells: parent rows stand out, and the active cell has a frame.
+// Draws the cells of a grid: parent rows stand out, and the active cell has a frame.
 #include "platform/window/GridDelegate.h"
 
 #include <QFontMetricsF>

@@ -1,5 +1,5 @@
-// An editor's keys, and the order in which an edit ends: first nothing is being edited, then the editor goes. What its
-// going causes finds no edit to end.
+// Opens and closes the editor of a cell and watches its keys. An edit ends in this order: first nothing is being
+// edited, then the editor goes. What its going causes finds no edit to end.
 #include "platform/window/GridEditor.h"
 
 #include <QKeyEvent>

@@ -1,4 +1,5 @@
-// An index is a row's address with a column; the views ask for what they show, and nothing is kept twice.
+// The model of a grid's rows. An index is a row's address with a column; the views ask for what they show, and nothing
+// is kept twice.
 #include "platform/window/GridModel.h"
 
 #include <QAbstractItemModel>

@@ -1,4 +1,4 @@
-// Messages of a grid's window, as far as they are more than the toolkit's own.
+// Answers the messages of a grid's window that are more than the toolkit's own.
 #include "platform/window/GridView.h"
 #include "platform/window/QcUiGrid.h"
 

@@ -1,4 +1,4 @@
-// The tree of rows, and who hears of its changes.
+// The tree of a grid's rows; it tells its observer of each change.
 #include "platform/window/GridRows.h"
 
 #include <algorithm>

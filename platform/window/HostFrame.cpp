@@ -1,4 +1,4 @@
-// The host's main window.
+// Makes the toolkit ready, and the host's main window one of the framework's.
 #include "platform/window/HostFrame.h"
 
 #include <QWidget>

@@ -1,4 +1,4 @@
-// Events in the making, the newest one first.
+// The stack of the toolkit's events that are being turned into messages, the newest one first.
 #include "platform/window/LiveEvent.h"
 
 #include <QEvent>

@@ -1,4 +1,4 @@
-// The one thing that handlers' shapes need of windows.
+// Finds the window for a handle that a message carries: the one thing that the shapes of handlers need of windows.
 #include "platform/window/MessageMap.h"
 
 #include "platform/window/CWnd.h"

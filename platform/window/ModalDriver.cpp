@@ -1,4 +1,4 @@
-// The drivers in force, the newest one first.
+// The stack of modal drivers, the newest one first.
 #include "platform/window/ModalDriver.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// The question mark of the frame.
+// Shows the question mark in a dialog's frame, or takes it away.
 #include "platform/window/QcUiCaptionButton.h"
 
 #include "platform/window/DialogWindow.h"

@@ -1,4 +1,4 @@
-// A cell tells its grid what it shows.
+// A cell's text and style; a change of either is shown by its row.
 #include "platform/window/QcUiGridCell.h"
 
 #include "platform/window/QcUiGridRow.h"

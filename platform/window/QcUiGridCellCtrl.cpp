@@ -1,4 +1,4 @@
-// What all cell editors share.
+// What all cell editors share: whether a window is theirs.
 #include "platform/window/QcUiGridCellCtrl.h"
 
 #include "platform/window/CWnd.h"

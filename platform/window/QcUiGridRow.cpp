@@ -1,4 +1,4 @@
-// The texts of a row.
+// The cells of a row and their texts.
 #include "platform/window/QcUiGridRow.h"
 
 #include "platform/window/GridRows.h"

@@ -1,4 +1,4 @@
-// Rows and the rows under them.
+// A row's place in the tree: the rows under it, and the one above.
 #include "platform/window/QcUiGridTreeRow.h"
 
 #include <iterator>

@@ -1,4 +1,4 @@
-// The toolkit counts in 16-bit units whatever wchar_t is.
+// Converts texts and places in them. The toolkit counts in 16-bit units whatever wchar_t is.
 #include "platform/window/QtText.h"
 
 #include <QString>

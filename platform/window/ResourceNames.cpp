@@ -1,4 +1,4 @@
-// The names of the framework's headers, sorted by the compiler for the look-up.
+// The table of the names of the framework's headers, sorted by the compiler for the look-up.
 #include "platform/window/ResourceNames.h"
 
 #include <algorithm>

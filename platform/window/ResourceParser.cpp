@@ -1,4 +1,5 @@
-// Numbers are read as a C compiler reads them, so that a script means here what it means to a resource compiler.
+// Reads the parts of a statement. Numbers are read as a C compiler reads them, so that a script means here what it
+// means to a resource compiler.
 #include "platform/window/ResourceParser.h"
 
 #include <algorithm>

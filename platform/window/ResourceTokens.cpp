@@ -1,4 +1,5 @@
-// The letters of resource scripts. Names and numbers are ASCII; other characters stand in texts and comments.
+// Cuts a resource script into tokens, letter by letter. Names and numbers are ASCII; other characters stand in texts
+// and comments.
 #include "platform/window/ResourceTokens.h"
 
 #include <charconv>

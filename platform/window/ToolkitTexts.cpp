@@ -1,5 +1,5 @@
-// What a person can read that the toolkit wrote: the menus behind the right button of the mouse. It brings them in
-// English alone.
+// Translates the texts that the toolkit wrote and a person can read: the menus behind the right button of the mouse,
+// which it brings in English alone.
 #include "platform/window/ToolkitTexts.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-// Keys by their two numbers.
+// Translates keys between the framework's numbers and the toolkit's.
 #include "platform/window/VirtualKeys.h"
 
 #include <QKeyEvent>

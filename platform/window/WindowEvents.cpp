@@ -1,4 +1,4 @@
-// From events to messages: CWnd.h says which.
+// Turns a widget's events into its window's messages; CWnd.h says which becomes which.
 #include "platform/window/WindowEvents.h"
 
 #include <QApplication>
