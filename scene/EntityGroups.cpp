@@ -1,4 +1,4 @@
-// Finding groups and reading their numbers.
+// Finds groups of an entity and reads their numbers.
 #include "scene/EntityGroups.h"
 
 #include <charconv>

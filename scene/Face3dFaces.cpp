@@ -1,4 +1,4 @@
-// Three or four corners in the world's coordinates.
+// Makes a face of a 3DFACE from its three or four corners, which stand in the world's coordinates.
 #include "scene/Face3dFaces.h"
 
 #include "scene/EntityGroups.h"

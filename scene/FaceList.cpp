@@ -1,4 +1,4 @@
-// Polygons in space to faces.
+// Divides polygons in space into faces.
 #include "scene/FaceList.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Reads the table of layers once.
+// Reads the looks of all layers from the table of layers, once.
 #include "scene/LayerLook.h"
 
 #include <new>

@@ -1,4 +1,5 @@
-// The groups of a MESH mean what their place says: each count opens a run of vertices, indices or edges.
+// Reads the faces of a MESH. Its groups mean what their place says: each count opens a run of vertices, indices or
+// edges.
 #include "scene/MeshFaces.h"
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Axes out of an extrusion direction.
+// Computes the axes of an entity's plane from its extrusion direction.
 #include "scene/ObjectCoordinates.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// Arcs to chords.
+// Divides the arcs of an outline into chords.
 #include "scene/Outline.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Polyface and polygon meshes.
+// Reads the faces of polyface meshes and of polygon meshes.
 #include "scene/PolyfaceFaces.h"
 
 #include <cstddef>

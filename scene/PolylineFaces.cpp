@@ -1,4 +1,4 @@
-// Outlines to bodies.
+// Makes walls, bottom and top of a body from the outline of a polyline and its thickness.
 #include "scene/PolylineFaces.h"
 
 #include <algorithm>

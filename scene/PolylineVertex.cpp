@@ -1,4 +1,4 @@
-// Reads a VERTEX.
+// Reads the numbers of a VERTEX.
 #include "scene/PolylineVertex.h"
 
 #include "scene/EntityGroups.h"

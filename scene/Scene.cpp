@@ -1,4 +1,5 @@
-// Walks over the entities of a drawing: who is seen, of which kind it is, and what it looks like.
+// Makes a scene in a walk over the entities of a drawing: which are seen, of which kind each is, and what it looks
+// like.
 #include "scene/Scene.h"
 
 #include <new>

@@ -1,4 +1,4 @@
-// What of a drawing casts and catches shadows: the faces of its entities, in the drawing's units.
+// The scene of a drawing: the faces of its entities, which cast and catch shadows, in the drawing's units.
 #pragma once
 
 #include <cstddef>

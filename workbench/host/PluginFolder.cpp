@@ -1,4 +1,4 @@
-// The libraries' folder, seen from the program's file.
+// Finds the libraries' folder from the place of the program's own file.
 #include "workbench/host/PluginFolder.h"
 
 #include <filesystem>

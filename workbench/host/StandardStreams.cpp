@@ -1,4 +1,4 @@
-// Standard streams that are there, and messages on the error stream.
+// Opens the standard streams that are missing, and sends the host's lines to the error stream.
 #include "workbench/host/StandardStreams.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// A small drawing in parallel projection, with the camera's own axes.
+// Draws the compass: small, in parallel projection, with the camera's own axes.
 #include "workbench/view/CompassRose.h"
 
 #include <QFont>

@@ -1,4 +1,4 @@
-// Colours from the wheel.
+// Computes the numbered colours: a few fixed ones, and the hues of a wheel in shades.
 #include "workbench/view/IndexColors.h"
 
 #include <array>

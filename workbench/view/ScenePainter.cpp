@@ -1,4 +1,4 @@
-// The lamps and the order of drawing.
+// Draws a scene with OpenGL: the lamps, and sky, faces and edges in their order.
 #include "workbench/view/ScenePainter.h"
 
 #include <GL/gl.h>

@@ -1,4 +1,4 @@
-// A ray against triangles: where the ray is in the triangle's own coordinates.
+// Finds the nearest triangle that a ray meets, by the ray's place in each triangle's own coordinates.
 #include "workbench/view/ScenePick.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What of a scene is under a pixel.
+// Finds the point of a scene that is under a pixel.
 #pragma once
 
 #include <optional>

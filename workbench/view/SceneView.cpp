@@ -1,4 +1,4 @@
-// From events to the camera, from the camera to a picture.
+// Turns events of mouse and keyboard into changes of the camera, and draws the picture when it is out of date.
 #include "workbench/view/SceneView.h"
 
 #include <QKeyEvent>

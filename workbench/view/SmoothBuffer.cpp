@@ -1,4 +1,4 @@
-// Framebuffer objects with multisampling.
+// The buffer with four samples a pixel: a framebuffer object with multisampling.
 #include "workbench/view/SmoothBuffer.h"
 
 #define GL_GLEXT_PROTOTYPES

@@ -1,4 +1,4 @@
-// The geometry of looking: a basis from two angles, and similar triangles.
+// The camera's geometry: its axes from two angles, and places in the picture by similar triangles.
 #include "workbench/view/ViewCamera.h"
 
 #include <algorithm>

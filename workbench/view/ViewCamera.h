@@ -1,4 +1,4 @@
-// Where the 3-D view is looked at from: an eye that circles a target, and what it sees where.
+// The camera of the 3-D view: an eye that circles a target, and what it sees where.
 #pragma once
 
 #include <array>

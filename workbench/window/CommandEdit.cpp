@@ -1,4 +1,4 @@
-// Keys of the command line.
+// The keys of the command line.
 #include "workbench/window/CommandEdit.h"
 
 #include <QApplication>

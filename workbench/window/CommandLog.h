@@ -1,4 +1,4 @@
-// What was typed, answered and complained about, one below the other.
+// The log of the window: what was typed, answered and complained about, one below the other.
 #pragma once
 
 #include <QPlainTextEdit>

@@ -1,4 +1,5 @@
-// Built here because the toolkit's own menus are in another language than the program.
+// Makes the menus that a right click opens over texts, because the toolkit's own ones are in another language than the
+// program.
 #include "workbench/window/EditMenu.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// Opening and saving.
+// Opens and saves the window's drawing, and makes its scene.
 #include "workbench/window/OpenDrawing.h"
 
 #include <new>

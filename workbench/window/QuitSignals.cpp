@@ -1,4 +1,4 @@
-// A handler may do next to nothing, so it writes a byte into a pipe that the event loop reads.
+// Catches the signals. A handler may do next to nothing, so it writes a byte into a pipe that the event loop reads.
 #include "workbench/window/QuitSignals.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// Through UTF-8, which both sides know whatever the width of their characters.
+// Converts texts through UTF-8, which both sides know whatever the width of their characters.
 #include "workbench/window/WidgetText.h"
 
 #include "workbench/Texts.h"

@@ -1,4 +1,4 @@
-// Drawn, so that it is sharp at every size and needs no file.
+// Draws the program's picture, so that it is sharp at every size and needs no file.
 #include "workbench/window/WindowIcon.h"
 
 #include <QPainter>
