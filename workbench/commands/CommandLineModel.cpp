@@ -20,6 +20,7 @@ CommandLineModel::CommandLineModel() : m_root(Described(L"日照分析共享数�
     AddFlag(&m_root, "--version", L"显示版本");
     AddValue(&m_root, "--language", "zh|en", L"界面语言；不给出时由环境变量 LC_ALL、LC_MESSAGES、LANG 决定");
     AddInfo();
+    AddSun();
     AddLists();
     AddShadow();
     AddRecord();
@@ -61,6 +62,14 @@ void CommandLineModel::AddInfo() {
     AddValue(info, "--date", "Y-M-D", L"分析日期，例如 2025-12-22");
     AddValue(info, "--standard", "NAME", L"日照标准名");
     AddFlag(info, "--json", L"以 JSON 输出");
+}
+
+void CommandLineModel::AddSun() {
+    CLI::App* sun = AddSubcommand("sun", L"显示一天中太阳的高度角、方位角和影长");
+    AddValue(sun, "--place", "NAME", L"地区名，或 省份/地区");
+    AddValue(sun, "--date", "Y-M-D", L"分析日期，例如 2025-12-22");
+    AddValue(sun, "--step", "MINUTES", L"每隔多少分钟一行，从 1 到 60；不给出时为 60");
+    AddFlag(sun, "--json", L"以 JSON 输出");
 }
 
 void CommandLineModel::AddLists() {

@@ -34,6 +34,7 @@ public:
 
 private:
     void AddInfo();
+    void AddSun();
     void AddLists();
     void AddSet();
     void AddShadow();

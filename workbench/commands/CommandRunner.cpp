@@ -13,6 +13,7 @@
 #include "workbench/commands/RecordCommand.h"
 #include "workbench/commands/SetCommand.h"
 #include "workbench/commands/ShadowCommand.h"
+#include "workbench/commands/SunCommand.h"
 #include "workbench/commands/UsageText.h"
 #include "workbench/terminal/Output.h"
 #include "workbench/window/WindowCommand.h"
@@ -72,6 +73,8 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
     const bool isJson = name != "set" && name != "record" && name != "window" && model.HasFlag("--json");
     if (name == "info")
         return RunInfo({model.Value("--place"), model.Value("--date"), model.Value("--standard"), isJson}, output);
+    if (name == "sun")
+        return RunSun({model.Value("--place"), model.Value("--date"), model.Value("--step"), isJson}, output);
     if (name == "terms")
         return RunTerms({model.Value("--year"), isJson}, output);
     if (name == "places")

@@ -6,17 +6,15 @@
 #include "calendar/ShanghaiValidTime.h"
 #include "facts/ClockText.h"
 #include "facts/DayText.h"
-#include "facts/PlaceSearch.h"
 #include "facts/StandardWords.h"
 #include "facts/SunPosition.h"
 #include "platform/base/PlainText.h"
-#include "platform/base/TextNumber.h"
 #include "settings/OrvoStdSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/SunAsJson.h"
+#include "workbench/commands/SunRows.h"
 #include "workbench/terminal/Output.h"
 #include "workbench/terminal/TextTable.h"
-#include "zone/OrvoZoneRecord.h"
 
 namespace {
 
@@ -34,55 +32,17 @@ constexpr Facing kFacings[] = {
     {L"南", "S", 270.0}, {L"西南", "SW", 225.0}, {L"西", "W", 180.0}, {L"西北", "NW", 135.0},
 };
 
-CString TermText(const DayTerms& terms) {
-    const CString name = Printable(Say(terms.term.name));
-    const CString next = Printable(Say(terms.next));
-    if (terms.isItsDay)
-        return SayFormat(L"%s（当日），%d 天后%s", name, terms.daysToNext, next);
-    return SayFormat(L"%s，%d 天后%s", name, terms.daysToNext, next);
-}
-
-CString PositionText(const CString& split, double degrees) {
-    return SayFormat(L"%s（%s 度）", split, DoubleToText(degrees));
-}
-
 CString BeijingTime(double hours) {
     return SayFormat(L"%s 北京时间", ClockText(hours));
 }
 
-void AddPlace(TextTable& table, const Settings& settings) {
-    if (!settings.place) {
-        table.Add({Say(L"地区"), SayFormat(L"%s（位置未知）", Printable(settings.placeName))});
-        return;
-    }
-    CString longitude;
-    CString latitude;
-    const OrvoZoneRecord record = RecordOf(*settings.place);
-    record.FormatLongitude(longitude);
-    record.FormatLatitude(latitude);
-    table.Add({Say(L"地区"), Printable(settings.place->FullName())});
-    table.Add({Say(L"经度"), PositionText(longitude, settings.place->longitude)});
-    table.Add({Say(L"纬度"), PositionText(latitude, settings.place->latitude)});
-}
-
-void AddSun(TextTable& table, const InfoAnswer& answer) {
-    CString declination;
-    declination.Format(L"%.4f", answer.terms.declination);
-    CString equation;
-    equation.Format(L"%.6f", answer.terms.equationOfTime);
-    table.Add({Say(L"太阳赤纬"), SayFormat(L"%s 度", declination)});
-    table.Add({Say(L"时差"), SayFormat(L"%s（%s 小时）", MinutesText(answer.terms.equationOfTime), equation)});
-    if (!answer.sun)
-        return;
-    const SunDay& sun = *answer.sun;
+void AddSun(TextTable& table, const SunDay& sun) {
     table.Add({Say(L"真太阳时正午"), BeijingTime(sun.noon)});
-    if (sun.kind == SunDay::Kind::PolarDay) {
-        table.Add({Say(L"日出日落"), Say(L"极昼：太阳整日不落")});
-    } else if (sun.kind == SunDay::Kind::PolarNight) {
-        table.Add({Say(L"日出日落"), Say(L"极夜：太阳整日不出")});
-    } else {
+    if (sun.kind == SunDay::Kind::Ordinary) {
         table.Add({Say(L"日出"), BeijingTime(sun.sunrise)});
         table.Add({Say(L"日落"), BeijingTime(sun.sunset)});
+    } else {
+        table.Add({Say(L"日出日落"), PolarText(sun)});
     }
     table.Add({L"", Say(L"（日面中心，平坦地平线，不计大气折射）")});
 }
@@ -138,12 +98,13 @@ void InfoAnswer::PrintAsText(Output& output) const {
     output.Line(Printable(NoteOf(settings)));
     output.Line(L"");
     TextTable table({Align::Left, Align::Left});
-    AddPlace(table, settings);
+    AddPlaceRows(table, settings);
     table.Add({Say(L"分析日期"), Printable(DayInWords(terms.day))});
     if (terms.day.month != settings.ownDay.month || terms.day.day != settings.ownDay.day)
         table.Add({L"", Say(L"（取自当前标准；上面一行中的日期是设置自己的）")});
-    table.Add({Say(L"节气"), TermText(terms)});
-    AddSun(table, *this);
+    AddTermRows(table, terms);
+    if (sun)
+        AddSun(table, *sun);
     table.PrintTo(output);
     output.Line(L"");
     PrintStandard(output, settings.standard, changes);

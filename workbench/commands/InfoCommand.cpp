@@ -5,9 +5,9 @@
 #include "facts/StandardSearch.h"
 #include "platform/host/ExitCode.h"
 #include "settings/OrvoDataSet.h"
-#include "workbench/Texts.h"
 #include "workbench/commands/AskedSettings.h"
 #include "workbench/commands/InfoAnswer.h"
+#include "workbench/commands/ValueErrors.h"
 #include "workbench/terminal/Output.h"
 
 namespace {
@@ -28,7 +28,7 @@ int RunInfo(const InfoOptions& options, Output& output) {
     answer.settings = asked.settings;
     answer.terms = TermsFor(answer.settings.Day());
     if (!answer.terms.IsReasonable()) {
-        Complain(Say(L"节气文件中的赤纬或时差不合理，算不出太阳的时刻。"));
+        Complain(UnreasonableTermsText());
         return kExitFailed;
     }
     if (answer.settings.place)

@@ -27,6 +27,8 @@ constexpr Example kExamples[] = {
     {"info", L"orvo info"},
     {"info", L"orvo info --place 浙江/杭州 --date 2025-1-20"},
     {"info", L"orvo info --standard 国标大寒日 --json"},
+    {"sun", L"orvo sun"},
+    {"sun", L"orvo sun --place 浙江/杭州 --date 2025-1-20 --step 10"},
     {"terms", L"orvo terms --year 2024"},
     {"places", L"orvo places 江"},
     {"places", L"orvo places --json"},

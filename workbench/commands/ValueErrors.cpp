@@ -28,6 +28,10 @@ CString BadNumberText(const wchar_t* option, const CString& value, int least, in
     return SayFormat(L"%s 的值“%s”不对：请写一个从 %d 到 %d 的整数", option, Printable(value), least, most);
 }
 
+CString UnreasonableTermsText() {
+    return Say(L"节气文件中的赤纬或时差不合理，算不出太阳的时刻。");
+}
+
 CString MissingFaceText() {
     return Say(L"没有给出面 --face") + FaceForm();
 }

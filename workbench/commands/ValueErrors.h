@@ -7,6 +7,9 @@ CString BadDateText(const CString& value);
 CString BadClockText(const wchar_t* option, const CString& value);
 CString BadNumberText(const wchar_t* option, const CString& value, int least, int most);
 
+// The term file makes numbers of a day that no sun has.
+CString UnreasonableTermsText();
+
 // Each of these shows the accepted form.
 CString MissingFaceText();
 CString BadCornerText(const CString& face, int corner);  // the first corner is 1

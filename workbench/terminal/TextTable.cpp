@@ -15,9 +15,11 @@ void TextTable::PrintTo(Output& output, int indent) const {
     for (const std::vector<CString>& row : m_rows) {
         CString line(L' ', std::max(indent, 0));
         for (std::size_t i = 0; i < widths.size() && i < row.size(); ++i) {
+            const bool isLast = i + 1 == widths.size();
+            if (isLast && row[i].IsEmpty())
+                continue;  // no blanks at the end of a line
             if (i > 0)
                 line += L"  ";
-            const bool isLast = i + 1 == widths.size();
             if (m_columns[i] == Align::Right)
                 line += PadLeft(row[i], widths[i]);
             else
