@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
@@ -10,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "calendar/AlmanacSun.h"
 #include "facts/DayTerms.h"
 #include "facts/SunDay.h"
 #include "support/Folders.h"
@@ -17,7 +20,7 @@
 namespace {
 
 // One row of the almanac.
-struct AlmanacSun {
+struct TabulatedSun {
     double longitude;
     double latitude;
     std::time_t utc;
@@ -26,13 +29,13 @@ struct AlmanacSun {
     SunPosition position;
 };
 
-std::vector<AlmanacSun> ReadAlmanac() {
+std::vector<TabulatedSun> ReadAlmanac() {
     std::ifstream file(SourceFolder() + "/tests/facts/data/sun-directions.csv");
-    std::vector<AlmanacSun> rows;
+    std::vector<TabulatedSun> rows;
     std::string line;
     std::getline(file, line);
     while (std::getline(file, line)) {
-        AlmanacSun row = {};
+        TabulatedSun row = {};
         std::tm utc = {};
         const int read =
             std::sscanf(line.c_str(), "%*[^,],%lf,%lf,%d-%d-%dT%d:%d:%dZ,%lf,%lf,%lf,%lf", &row.longitude,
@@ -61,7 +64,7 @@ double Apart(const SunPosition& left, const SunPosition& right) {
 }
 
 // The row's time by the module's calendar: the day that it is at the place, by its mean solar time.
-SunPosition PositionByTheCalendar(const AlmanacSun& row, CalendarDay& day) {
+SunPosition PositionByTheCalendar(const TabulatedSun& row, CalendarDay& day) {
     const auto meanTime = row.utc + static_cast<std::time_t>(row.longitude * 240.0);
     std::tm local = {};
     gmtime_r(&meanTime, &local);
@@ -83,15 +86,15 @@ SunPosition At(double latitude, double declination, double time) {
 }  // namespace
 
 TEST(TheSunsPosition, IsTheAlmanacsForTheAlmanacsDeclinationAndHourAngle) {
-    const std::vector<AlmanacSun> rows = ReadAlmanac();
+    const std::vector<TabulatedSun> rows = ReadAlmanac();
     ASSERT_EQ(rows.size(), 936U);
-    for (const AlmanacSun& row : rows)
+    for (const TabulatedSun& row : rows)
         EXPECT_LT(Apart(At(row.latitude, row.declination, row.trueSolarTime), row.position), 1e-4)
             << row.latitude << " at " << row.utc;
 }
 
 TEST(TheSunsPosition, ByTheModulesCalendarIsWithinTheStatedErrors) {
-    for (const AlmanacSun& row : ReadAlmanac()) {
+    for (const TabulatedSun& row : ReadAlmanac()) {
         CalendarDay day = {};
         const double error = Apart(PositionByTheCalendar(row, day), row.position);
         EXPECT_LT(error, 0.75) << day.month << '-' << day.day;
@@ -101,6 +104,43 @@ TEST(TheSunsPosition, ByTheModulesCalendarIsWithinTheStatedErrors) {
         const bool isGreatCold = day.month == 1 && day.day == 20;
         EXPECT_LT(error, isSolstice ? 0.12 : isGreatCold ? 0.3 : 0.6) << day.month << '-' << day.day;
     }
+}
+
+// Every hour of every day on Beijing's meridian, while the sun is up, from the equator to the north of China.
+TEST(TheSunsPosition, ByTheModulesCalendarIsWithinTheStatedErrorsThroughTheYear) {
+    using namespace std::chrono;
+    double sum = 0.0;
+    int count = 0;
+    double worst = 0.0;
+    double worstOfSolstice = 0.0;
+    double worstOfGreatCold = 0.0;
+    for (sys_days day = year{2021} / 1 / 1; day < sys_days(year{2033} / 1 / 1); day += days{1}) {
+        const year_month_day date(day);
+        const CalendarDay calendarDay = {static_cast<int>(date.year()), static_cast<int>(unsigned(date.month())),
+                                         static_cast<int>(unsigned(date.day()))};
+        const DayTerms terms = TermsFor(calendarDay);
+        for (int hour = 0; hour < 24; ++hour) {
+            const AlmanacSun sun = SunAtBeijing(day, hours{hour});
+            for (const double latitude : {0.0, 25.0, 50.0}) {
+                const SunPosition real = At(latitude, sun.declination, hour + sun.equationOfTime);
+                if (real.altitude <= 0.0)
+                    continue;
+                const double error = Apart(At(latitude, terms.declination, hour + terms.equationOfTime), real);
+                sum += error;
+                ++count;
+                worst = std::max(worst, error);
+                if (date.month() == December && date.day() == std::chrono::day{22})
+                    worstOfSolstice = std::max(worstOfSolstice, error);
+                if (date.month() == January && date.day() == std::chrono::day{20})
+                    worstOfGreatCold = std::max(worstOfGreatCold, error);
+            }
+        }
+    }
+    EXPECT_LT(worst, 0.85);
+    EXPECT_GT(worst, 0.75) << "the statement is no better than the truth";
+    EXPECT_LT(sum / count, 0.3);
+    EXPECT_LT(worstOfSolstice, 0.3);
+    EXPECT_LT(worstOfGreatCold, 0.45);
 }
 
 TEST(TheSunsPosition, AtNoonIsTheDifferenceOfLatitudeAndDeclination) {
