@@ -1,4 +1,4 @@
-// Edit distance and ranking.
+// The edit distance between names, and the ranking by it.
 #include "facts/NearestNames.h"
 
 #include <algorithm>

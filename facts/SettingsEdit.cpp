@@ -1,4 +1,4 @@
-// Values of the settings and of the current standard.
+// Writes single values into the settings and into their current standard.
 #include "facts/SettingsEdit.h"
 
 #include "facts/PlaceSearch.h"

@@ -1,4 +1,4 @@
-// Reading the settings file again.
+// Reads the settings file again and merges what others have written into it.
 #include "facts/SettingsFile.h"
 
 #include "facts/SettingsForm.h"

@@ -1,4 +1,4 @@
-// Comparing and copying items of dictionaries.
+// Compares and copies the dictionary forms of settings and standards, value by value.
 #include "facts/SettingsForm.h"
 
 #include <cmath>

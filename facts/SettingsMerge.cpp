@@ -1,4 +1,4 @@
-// A three-way merge, which every item goes through by itself.
+// The three-way merge of settings, which every item goes through by itself.
 #include "facts/SettingsMerge.h"
 
 #include <algorithm>

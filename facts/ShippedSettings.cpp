@@ -1,4 +1,4 @@
-// Reading what was shipped, and comparing with it.
+// Reads the settings that were shipped, and compares a standard with the shipped one.
 #include "facts/ShippedSettings.h"
 
 #include "facts/StandardSearch.h"

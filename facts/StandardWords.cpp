@@ -1,4 +1,4 @@
-// The words for each field of a standard.
+// The words for each field of a standard, and the sources of the shipped values.
 #include "facts/StandardWords.h"
 
 #include "facts/DayText.h"

@@ -1,4 +1,4 @@
-// From hour angles to directions, and from directions to angles.
+// Computes the sun's direction from the hour angle, and altitude and azimuth from a direction.
 #include "facts/SunPosition.h"
 
 #include <cmath>

@@ -76,6 +76,7 @@ TEST_F(TermsOfADay, HaveTheWholeYearsTable) {
 }
 
 TEST_F(TermsOfADay, CountTheDaysToTheNextOneIntoTheNextYear) {
+    EXPECT_EQ(TermsFor({2024, 12, 31}).daysToNext, 6) << "the end of a leap year";
     EXPECT_EQ(TermsFor({2025, 12, 31}).daysToNext, 6);  // 小寒 on January 6th
     EXPECT_EQ(TermsFor({2025, 12, 31}).term.name, L"冬至");
     EXPECT_EQ(TermsFor({2026, 1, 5}).daysToNext, 1);

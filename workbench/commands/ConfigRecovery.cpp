@@ -1,4 +1,4 @@
-// Judging the three files, and loading the shipped ones.
+// Judges the three configuration files after the module has read them, and loads the shipped ones.
 #include "workbench/commands/ConfigRecovery.h"
 
 #include "facts/DayTerms.h"

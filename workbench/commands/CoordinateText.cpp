@@ -1,4 +1,4 @@
-// Strict parsing of coordinates.
+// Strict parsing of coordinates: three numbers with commas between them.
 #include "workbench/commands/CoordinateText.h"
 
 #include "facts/NumberText.h"

@@ -1,4 +1,4 @@
-// Between groups and texts, all through the module's own functions for entity data.
+// One group of one object, read and written as text through the module's functions for entity data.
 #include "workbench/commands/EntityGroup.h"
 
 #include <charconv>

@@ -1,4 +1,4 @@
-// Listing entities.
+// The entities of a drawing as a table and as a document.
 #include "workbench/commands/EntityList.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Looking at corners.
+// Finds which corners of a face make its plane, and what is wrong with a face that has none.
 #include "workbench/commands/FacePlane.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// The quotes and blanks of a line.
+// Splits a line at the prompt into words, by its quotes and blanks.
 #include "workbench/commands/LineWords.h"
 
 #include "platform/base/TextNumber.h"

@@ -1,4 +1,4 @@
-// Choosing the reader, and saying what was wrong.
+// Reads a picture with the module's reader or the toolkit's, and says what was wrong with it.
 #include "workbench/commands/PictureFile.h"
 
 #include <QImage>

@@ -1,4 +1,4 @@
-// Showing one standard.
+// Shows one standard: as rows of a table, and as data.
 #include "workbench/commands/StandardRules.h"
 
 #include <nlohmann/json.hpp>

@@ -1,4 +1,4 @@
-// Messages about values.
+// The messages about values that cannot be read.
 #include "workbench/commands/ValueErrors.h"
 
 #include "platform/base/PlainText.h"

@@ -1,4 +1,4 @@
-// Comparing the rows of an editor with what was saved of them.
+// Compares the rows of an editor of the places with what was saved of them.
 #include "workbench/commands/ZoneEditorWatch.h"
 
 #include <algorithm>

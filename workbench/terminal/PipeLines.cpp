@@ -1,4 +1,4 @@
-// Plain reading of lines.
+// Reads plain lines from the standard input stream.
 #include "workbench/terminal/PipeLines.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Column widths and lines of a table.
+// Finds the widths of a table's columns and prints its lines.
 #include "workbench/terminal/TextTable.h"
 
 #include <algorithm>
