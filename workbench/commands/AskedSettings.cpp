@@ -8,7 +8,7 @@
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

@@ -1,7 +1,10 @@
 // From words to a subcommand.
 #include "workbench/commands/CommandRunner.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <csignal>
 
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
@@ -15,7 +18,9 @@
 #include "workbench/commands/ShadowCommand.h"
 #include "workbench/commands/SunCommand.h"
 #include "workbench/commands/UsageText.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/CollectedOutput.h"
+#include "workbench/terminal/Complaint.h"
+#include "workbench/terminal/TerminalProgress.h"
 #include "workbench/window/WindowCommand.h"
 
 namespace {
@@ -68,7 +73,15 @@ CString LanguageError(CommandLineModel& model, WordsFrom from) {
     return CString();
 }
 
-int RunSubcommand(CommandLineModel& model, Output& output) {
+// A signal that cancelled one of several lines is not for that line alone, unless somebody at a terminal gave it up with
+// Ctrl-C and goes on typing.
+void PassOnSignal(int number, WordsFrom from) {
+    const bool goesOn = number == SIGINT && isatty(STDIN_FILENO);
+    if (number != 0 && from == WordsFrom::Prompt && !goesOn)
+        std::raise(number);
+}
+
+int RunSubcommand(CommandLineModel& model, TerminalProgress& progress, Output& output) {
     const std::string& name = model.Chosen()->get_name();
     const bool isJson = name != "set" && name != "record" && name != "window" && model.HasFlag("--json");
     if (name == "info")
@@ -86,7 +99,7 @@ int RunSubcommand(CommandLineModel& model, Output& output) {
     if (name == "record")
         return RunRecord({model.Values("FRAMES"), model.Value("--output"), model.Value("--rate"), model.Value("--bits"),
                           model.HasFlag("--yes")},
-                         output);
+                         output, progress);
     if (name == "window")
         return RunWindow({model.Value("FILE")});
     if (name == "entity")
@@ -116,7 +129,17 @@ int RunParsed(CommandLineModel& model, WordsFrom from, Output& output) {
         output.Line(L"orvo " + FromUtf8(ORVO_VERSION));
         return kExitOk;
     }
-    return model.Chosen() ? RunSubcommand(model, output) : static_cast<int>(kExitOk);
+    if (!model.Chosen())
+        return kExitOk;
+    int signal = 0;
+    int code = kExitOk;
+    {
+        TerminalProgress progress;
+        code = RunSubcommand(model, progress, output);
+        signal = progress.GetStopSignal();
+    }
+    PassOnSignal(signal, from);
+    return code;
 }
 
 // "help" and "help info" ask for what "--help" and "info --help" ask for.
@@ -128,8 +151,8 @@ std::vector<CString> WithHelpAsOption(const std::vector<CString>& words) {
     return turned;
 }
 
-int WriteAnswer(int code, Output& output) {
-    return output.Write() || code != kExitOk ? code : kExitFailed;
+int WriteAnswer(int code, CollectedOutput& output) {
+    return output.Flush() || code != kExitOk ? code : kExitFailed;
 }
 
 }  // namespace
@@ -145,7 +168,7 @@ bool AsksForPrompt(const std::vector<CString>& words) {
            LanguageError(model, WordsFrom::CommandLine).IsEmpty();
 }
 
-int RunWords(const std::vector<CString>& given, WordsFrom from, Output& output) {
+int RunWords(const std::vector<CString>& given, WordsFrom from, CollectedOutput& output) {
     const std::vector<CString> words = WithHelpAsOption(given);
     CommandLineModel model;
     try {

@@ -5,7 +5,7 @@
 
 #include "platform/base/CString.h"
 
-class Output;
+class CollectedOutput;
 
 // Where the words come from. At the prompt the language cannot be chosen any more, and an empty line asks for nothing.
 enum class WordsFrom { CommandLine, Prompt };
@@ -14,4 +14,4 @@ enum class WordsFrom { CommandLine, Prompt };
 bool AsksForPrompt(const std::vector<CString>& words);
 
 // Does what the words say, writes the answer, and gives an ExitCode.
-int RunWords(const std::vector<CString>& words, WordsFrom from, Output& output);
+int RunWords(const std::vector<CString>& words, WordsFrom from, CollectedOutput& output);

@@ -11,7 +11,7 @@
 #include "platform/base/Support.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

@@ -10,10 +10,12 @@
 #include "platform/host/ExitCode.h"
 #include "platform/host/GroupStorage.h"
 #include "platform/host/HostDrawing.h"
+#include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
 #include "workbench/commands/EntityList.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
+#include "workbench/terminal/JsonOutput.h"
 
 namespace {
 
@@ -92,7 +94,7 @@ int Get(const AcDbDatabase& drawing, const EntityOptions& options, Output& outpu
         return code;
     const EntityGroup group(drawing, id, request.code);
     if (options.isJson)
-        output.Json(JsonOf(drawing, id, group));
+        PrintJson(output, JsonOf(drawing, id, group));
     else
         output.Line(Printable(group.Text()));
     return kExitOk;
@@ -128,7 +130,7 @@ int Set(AcDbDatabase& drawing, const EntityOptions& options, Output& output) {
     if (options.isJson) {
         nlohmann::ordered_json document = JsonOf(drawing, id, group);
         document["changed"] = isChanged;
-        output.Json(document);
+        PrintJson(output, document);
     } else {
         ReportChange(*options.file, before, group, isChanged, output);
     }

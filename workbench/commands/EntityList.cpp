@@ -7,9 +7,10 @@
 
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/JsonOutput.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
@@ -65,5 +66,5 @@ void PrintEntitiesAsJson(const AcDbDatabase& drawing, Output& output) {
         list.push_back(
             {{"handle", handle}, {"type", ToUtf8(entity.type.View())}, {"layer", ToUtf8(entity.layer.View())}});
     }
-    output.Json(list);
+    PrintJson(output, list);
 }

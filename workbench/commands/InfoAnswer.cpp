@@ -9,11 +9,12 @@
 #include "facts/StandardWords.h"
 #include "facts/SunPosition.h"
 #include "platform/base/PlainText.h"
+#include "platform/host/Output.h"
 #include "settings/OrvoStdSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/SunAsJson.h"
 #include "workbench/commands/SunRows.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/JsonOutput.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
@@ -131,5 +132,5 @@ void InfoAnswer::PrintAsJson(Output& output) const {
     document["sun"] = SunAsJson(terms, sun ? &*sun : nullptr);
     document["standard"] = settings.standard ? RulesAsJson(*settings.standard, changes) : Json(nullptr);
     document["shanghaiValidTime"] = FacingsAsJson();
-    output.Json(document);
+    PrintJson(output, document);
 }

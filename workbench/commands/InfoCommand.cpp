@@ -8,7 +8,7 @@
 #include "workbench/commands/AskedSettings.h"
 #include "workbench/commands/InfoAnswer.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

@@ -16,12 +16,14 @@
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/ExitCode.h"
+#include "platform/host/Output.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/StandardRules.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
+#include "workbench/terminal/JsonOutput.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
@@ -62,7 +64,7 @@ void PrintTermsAsJson(const DayTerms& terms, Output& output) {
                         {"equationOfTime", term.equationOfTime},
                         {"declination", term.declination}});
     }
-    output.Json({{"year", terms.day.year}, {"leapYear", terms.isLeapYear}, {"terms", list}});
+    PrintJson(output, {{"year", terms.day.year}, {"leapYear", terms.isLeapYear}, {"terms", list}});
 }
 
 void PrintPlaces(const std::vector<Place>& places, Output& output) {
@@ -83,7 +85,7 @@ void PrintPlacesAsJson(const std::vector<Place>& places, Output& output) {
                         {"longitude", place.longitude},
                         {"latitude", place.latitude}});
     }
-    output.Json(list);
+    PrintJson(output, list);
 }
 
 }  // namespace
@@ -142,7 +144,7 @@ int RunStandards(const StandardsOptions& options, Output& output) {
         }
     }
     if (options.isJson)
-        output.Json({{"warning", ToUtf8(SourceWarning().View())}, {"standards", list}});
+        PrintJson(output, {{"warning", ToUtf8(SourceWarning().View())}, {"standards", list}});
     else
         output.Line(g_SunDataSet.m_listStd.GetLength() > 0
                         ? SourceWarning()

@@ -7,14 +7,14 @@
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/PromptLine.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 #include "workbench/terminal/PipeLines.h"
 #include "workbench/terminal/TerminalLines.h"
 
 namespace {
 
 // Reads and runs until the end; gives the code of the last line that failed, or success.
-int RunLines(LineSource& lines, Output& output) {
+int RunLines(LineSource& lines, CollectedOutput& output) {
     int failed = kExitOk;
     CString line;
     for (LineSource::Got got = lines.Next(line); got != LineSource::Got::End; got = lines.Next(line)) {
@@ -38,7 +38,7 @@ int RunLines(LineSource& lines, Output& output) {
 
 }  // namespace
 
-int RunPrompt(Output& output) {
+int RunPrompt(CollectedOutput& output) {
     SetCommandLineSink(nullptr, nullptr);  // what commands print is the answer here
     if (isatty(STDIN_FILENO) && isatty(STDOUT_FILENO)) {
         TerminalLines lines;

@@ -14,7 +14,7 @@
 #include "workbench/commands/StandardNotice.h"
 #include "workbench/commands/UsageText.h"
 #include "workbench/commands/ZoneEditorWatch.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ int RunHostCommand(const AcEdCommand& command) {
     return std::fflush(stdout) == 0 ? kExitOk : kExitFailed;
 }
 
-int RunLineWords(std::vector<CString> words, Output& output) {
+int RunLineWords(std::vector<CString> words, CollectedOutput& output) {
     if (words.size() > 1 && words.front() == L"orvo")  // a line copied from a shell
         words.erase(words.begin());
     if (words.empty() || words.front().Left(1) == L"#")
@@ -58,7 +58,7 @@ int RunLineWords(std::vector<CString> words, Output& output) {
 
 }  // namespace
 
-PromptAnswer RunPromptLine(const CString& line, Output& output) {
+PromptAnswer RunPromptLine(const CString& line, CollectedOutput& output) {
     const std::optional<std::vector<CString>> words = SplitWords(line);
     if (!words) {
         Complain(Say(L"引号没有配对"));

@@ -3,7 +3,7 @@
 
 #include "platform/base/CString.h"
 
-class Output;
+class CollectedOutput;
 
 struct PromptAnswer {
     int code = 0;            // an ExitCode
@@ -12,4 +12,4 @@ struct PromptAnswer {
 
 // Runs the line and writes its answer; complains itself about what it cannot make sense of. An empty line and one that
 // begins with # do nothing.
-PromptAnswer RunPromptLine(const CString& line, Output& output);
+PromptAnswer RunPromptLine(const CString& line, CollectedOutput& output);

@@ -14,10 +14,12 @@
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
+#include "platform/host/Output.h"
+#include "platform/host/Progress.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/PictureFile.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 #include "workbench/terminal/OutputSink.h"
 
 namespace fs = std::filesystem;
@@ -162,30 +164,6 @@ private:
     fs::path m_path;
 };
 
-// A line that is written over as long as the work goes on; nothing where nobody watches.
-class Progress {
-public:
-    explicit Progress(std::size_t count) : m_count(count), m_isShown(!CurrentOutputSink() && isatty(STDERR_FILENO)) {}
-    ~Progress() {
-        if (m_isShown)
-            std::fputs("\r\033[K", stderr);
-    }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    void Show(std::size_t done) const {
-        if (!m_isShown)
-            return;
-        const CString text =
-            SayFormat(L"正在录制第 %d 幅，共 %d 幅", static_cast<int>(done), static_cast<int>(m_count));
-        const std::string line = "\r\033[K" + ToUtf8(text.View());
-        std::fwrite(line.data(), 1, line.size(), stderr);
-    }
-
-private:
-    std::size_t m_count;
-    bool m_isShown;
-};
-
 struct Size {
     int width = -1;
     int height = -1;
@@ -193,6 +171,11 @@ struct Size {
 
 CString NotWrittenText(const fs::path& output) {
     return SayFormat(L"写不进“%s”：文件夹不可写、磁盘已满，或画面太大", TextOf(output));
+}
+
+CString CancelledText(const fs::path& output) {
+    std::error_code error;
+    return fs::exists(output, error) ? Say(L"已取消，没有录像，原来的文件没有变") : Say(L"已取消，没有录像");
 }
 
 // Loads one picture and appends it; an empty text, or what went wrong.
@@ -221,20 +204,24 @@ bool IsComplete(const fs::path& path) {
 }
 
 // Records all frames into the file; an empty text, or what went wrong.
-CString RecordTo(const fs::path& path, const Request& request, Size& size) {
-    const Progress progress(request.frames.size());
+CString RecordTo(const fs::path& path, const Request& request, Progress& progress, Size& size) {
+    const int count = static_cast<int>(request.frames.size());
+    const CString text = Say(L"正在录制第 %d 幅，共 %d 幅");
     const CString name = FromUtf8(path.string());
     {
         OrvoAVIFile recorder(name, -1, -1, request.rate);
         recorder.SetColorNum(static_cast<UINT>(request.bits));
         std::unique_ptr<CBitmap> picture;
         for (std::size_t i = 0; i < request.frames.size(); ++i) {
-            progress.Show(i + 1);
+            if (!progress.Show(static_cast<int>(i) + 1, count, text))
+                return CancelledText(request.output);
             picture = std::make_unique<CBitmap>();
             const CString wrong = AddPicture(recorder, request.frames[i], request.output, size, *picture);
             if (!wrong.IsEmpty())
                 return wrong;
         }
+        if (!progress.Show(count, count, text))
+            return CancelledText(request.output);
         // Nothing follows the last one: once more at the end of its second, unless its own position lasts that long.
         if (request.rate > 1 && !recorder.AddFrame(*picture))
             return NotWrittenText(request.output);
@@ -244,7 +231,7 @@ CString RecordTo(const fs::path& path, const Request& request, Size& size) {
 
 }  // namespace
 
-int RunRecord(const RecordOptions& options, Output& output) {
+int RunRecord(const RecordOptions& options, Output& output, Progress& progress) {
     Request request;
     const int readCode = ReadRequest(options, request);
     if (readCode != kExitOk)
@@ -254,7 +241,7 @@ int RunRecord(const RecordOptions& options, Output& output) {
         return outputCode;
     const TemporaryFile temporary(request.output);
     Size size;
-    const CString wrong = RecordTo(temporary.Path(), request, size);
+    const CString wrong = RecordTo(temporary.Path(), request, progress, size);
     if (!wrong.IsEmpty())
         return Fail(wrong);
     std::error_code error;

@@ -7,6 +7,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+class Progress;
 
 struct RecordOptions {
     std::vector<CString> frames;    // files, in the order in which they are shown
@@ -18,5 +19,5 @@ struct RecordOptions {
 
 // Gives an ExitCode. The last picture is written twice, so that it has its second, too. The recording grows under a
 // name of its own beside the output and takes its name when it is complete: until then a file of that name stays as it
-// is, and after a failure nothing is left behind.
-int RunRecord(const RecordOptions& options, Output& output);
+// is, and after a failure, or when the user cancels it, nothing is left behind.
+int RunRecord(const RecordOptions& options, Output& output, Progress& progress);

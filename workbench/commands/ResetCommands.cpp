@@ -13,11 +13,13 @@
 #include "platform/base/PlainText.h"
 #include "platform/base/Support.h"
 #include "platform/host/ExitCode.h"
+#include "platform/host/Output.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/StandardRules.h"
 #include "workbench/commands/ToldChange.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
+#include "workbench/terminal/JsonOutput.h"
 
 namespace {
 
@@ -144,7 +146,7 @@ int RunStandardReset(const CString& name, bool isJson, Output& output) {
         for (const StandardField* field : fields)
             document["reset"].push_back(field->jsonKey);
         document["restored"] = !wasThere;
-        output.Json(document);
+        PrintJson(output, document);
         return kExitOk;
     }
     TellReset(name, fields, wasThere, output);

@@ -11,12 +11,13 @@
 #include "facts/StandardSearch.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
+#include "platform/host/Output.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/ToldChange.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

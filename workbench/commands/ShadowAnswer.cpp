@@ -11,8 +11,9 @@
 
 #include "geometry/SideTolerance.h"
 #include "platform/base/TextNumber.h"
+#include "platform/host/Output.h"
 #include "workbench/Texts.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/JsonOutput.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
@@ -188,5 +189,5 @@ void ShadowAnswer::PrintAsJson(Output& output) const {
         for (const auto& row : matrix->rows)
             document["shadowMatrix"].push_back(NumbersAsJson({row[0], row[1], row[2], row[3]}));
     }
-    output.Json(document);
+    PrintJson(output, document);
 }

@@ -7,7 +7,7 @@
 #include "workbench/commands/CoordinateText.h"
 #include "workbench/commands/ShadowAnswer.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

@@ -9,7 +9,6 @@
 #include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
-#include "workbench/terminal/Output.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {

@@ -7,10 +7,11 @@
 #include "facts/ClockText.h"
 #include "facts/DayText.h"
 #include "platform/base/PlainText.h"
+#include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/SunAsJson.h"
 #include "workbench/commands/SunRows.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/JsonOutput.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
@@ -163,5 +164,5 @@ void SunAnswer::PrintAsJson(Output& output) const {
     document["times"] = Json::array();
     for (const Moment& moment : moments)
         document["times"].push_back(MomentAsJson(sun, moment));
-    output.Json(document);
+    PrintJson(output, document);
 }

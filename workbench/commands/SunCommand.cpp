@@ -7,7 +7,7 @@
 #include "workbench/commands/AskedSettings.h"
 #include "workbench/commands/SunAnswer.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

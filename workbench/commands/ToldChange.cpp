@@ -1,7 +1,7 @@
 // The messages of a change of the settings, on their way to the user.
 #include "workbench/commands/ToldChange.h"
 
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 
 #include "facts/NearestNames.h"
 #include "platform/base/PlainText.h"
+#include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
-#include "workbench/terminal/Output.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {

@@ -13,7 +13,8 @@
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/Prompt.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/CollectedOutput.h"
+#include "workbench/terminal/Complaint.h"
 #include "workbench/window/WindowCommand.h"
 
 namespace {
@@ -32,7 +33,7 @@ int Run(int argc, const char* const* argv) {
     RememberSavedSettings();
     if (IsStartedFromDesktop(words))
         return RunWindow({});
-    Output output;
+    CollectedOutput output;
     return AsksForPrompt(words) ? RunPrompt(output) : RunWords(words, WordsFrom::CommandLine, output);
 }
 

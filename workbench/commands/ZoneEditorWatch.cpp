@@ -12,7 +12,7 @@
 #include "platform/base/Support.h"
 #include "platform/base/TextNumber.h"
 #include "workbench/Texts.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 #include "zone/OrvoZoneWDGrid.h"
 #include "zone/ZoneRows.h"
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "workbench/terminal/Output.h"
+#include "platform/host/Output.h"
 #include "workbench/terminal/TextWidth.h"
 
 void TextTable::PrintTo(Output& output, int indent) const {

@@ -4,7 +4,7 @@
 #include <QMainWindow>
 
 #include "platform/window/CWnd.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/CollectedOutput.h"
 #include "workbench/terminal/OutputSink.h"
 #include "workbench/window/MainMenu.h"
 #include "workbench/window/OpenDrawing.h"
@@ -57,7 +57,7 @@ private:
     void ShowAbout();
 
     CWnd m_frame;
-    Output m_output;
+    CollectedOutput m_output;
     OpenDrawing m_drawing;
     MainMenu m_menu;
     bool m_isRunning = false;

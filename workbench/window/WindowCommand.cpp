@@ -11,7 +11,7 @@
 #include "platform/window/HostFrame.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
-#include "workbench/terminal/Output.h"
+#include "workbench/terminal/Complaint.h"
 #include "workbench/terminal/OutputSink.h"
 #include "workbench/window/MainWindow.h"
 #include "workbench/window/QuitSignals.h"

@@ -1,14 +1,17 @@
 """orvo record: animations that other programs play, and files that are never lost."""
 import hashlib
+import glob
 import os
 import random
+import signal
 import socket
 import stat
 import struct
 import subprocess
+import time
 import zlib
 
-from orvo_program import FAILED, USAGE, ProgramTest, main
+from orvo_program import FAILED, OK, PROGRAM, USAGE, ProgramTest, main
 from prompt_test import Terminal
 from riff_walk import Avi
 
@@ -274,6 +277,87 @@ class Record(ProgramTest):
                 with open(self.path("a.avi"), "rb") as stream:
                     self.assertEqual(stream.read(), b"what was there")
                 self.left_over("a.avi")
+
+    def long_recording(self):
+        """The words of a recording that takes its time: one large picture, again and again. Nobody waits for its end."""
+        name = self.put("large.img", bmp(1200, 900, [[(9, 99, 199)] * 1200] * 900))
+        return ["record", *[name] * 600, "-o", "a.avi", "--yes"]
+
+    def wait_until_it_grows(self):
+        end = time.monotonic() + 60
+        while not glob.glob(self.path("a.avi.recording-*")):
+            self.assertLess(time.monotonic(), end, "no recording was begun")
+            time.sleep(0.002)
+
+    def check_that_nothing_changed(self):
+        with open(self.path("a.avi"), "rb") as stream:
+            self.assertEqual(stream.read(), b"what was there")
+        self.left_over("a.avi")
+
+    def test_signals_cancel_it_and_leave_what_was_there(self):
+        words = self.long_recording()
+        for number in (signal.SIGINT, signal.SIGTERM):
+            for name in ("a.avi", None):
+                with self.subTest(number=number, name=name):
+                    if name:
+                        self.put(name, b"what was there")
+                    process = subprocess.Popen([PROGRAM, *words], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                               stderr=subprocess.PIPE, env=self.environment(), cwd=self.home)
+                    self.addCleanup(process.kill)
+                    self.wait_until_it_grows()
+                    process.send_signal(number)
+                    out, err = process.communicate(timeout=120)
+                    self.assertEqual((process.returncode, out), (FAILED, b""), err)
+                    unchanged = "，原来的文件没有变" if name else ""
+                    self.assertEqual(err.decode(), f"orvo: 已取消，没有录像{unchanged}\n")
+                    if name:
+                        self.check_that_nothing_changed()
+                        os.remove(self.path(name))
+                    else:
+                        self.left_over()
+
+    def test_a_program_told_to_ignore_interrupts_records_on(self):
+        words = self.long_recording()
+        process = subprocess.Popen(["sh", "-c", 'trap "" INT; exec "$@"', "sh", PROGRAM, *words[:30], *words[-3:]],
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   env=self.environment(), cwd=self.home)
+        self.addCleanup(process.kill)
+        self.wait_until_it_grows()
+        process.send_signal(signal.SIGINT)
+        _, err = process.communicate(timeout=120)
+        self.assertEqual((process.returncode, err), (OK, b""))
+        self.left_over("a.avi")
+
+    def test_an_interrupt_at_the_prompt_gives_up_the_recording_alone(self):
+        self.put("a.avi", b"what was there")
+        words = self.long_recording()
+        terminal = Terminal(self)
+        terminal.wait_for("orvo> ")
+        # A line is shorter than the words of a recording may be, and what it says counts all the same.
+        terminal.type(" ".join(words[:200] + words[-3:]) + "\n")
+        terminal.wait_for("正在录制第")
+        self.wait_until_it_grows()
+        terminal.type("\x03")
+        terminal.wait_for("\r\x1b[Korvo: 已取消，没有录像，原来的文件没有变")
+        terminal.wait_for("orvo> ")
+        self.check_that_nothing_changed()
+        terminal.type("places 上海\n")
+        terminal.wait_for("31.2")
+        terminal.type("quit\n")
+        self.assertEqual(terminal.finish(), OK)
+
+    def test_a_signal_ends_lines_from_a_pipe(self):
+        process = subprocess.Popen([PROGRAM], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   env=self.environment(), cwd=self.home)
+        self.addCleanup(process.kill)
+        process.stdin.write((" ".join(self.long_recording()) + "\nplaces 上海\n").encode())
+        process.stdin.flush()
+        self.wait_until_it_grows()
+        process.send_signal(signal.SIGINT)
+        out, err = process.communicate(timeout=120)
+        self.assertEqual((process.returncode, out), (-signal.SIGINT, b""))
+        self.assertEqual(err.decode(), "orvo: 已取消，没有录像\n")
+        self.left_over()
 
     def test_speaks_english(self):
         answer = self.ok("record", *self.frames(2), "-o", "a.avi", LANG="en_US.UTF-8")

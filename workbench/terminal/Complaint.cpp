@@ -1,0 +1,18 @@
+// One message, to the sink or to the error stream.
+#include "workbench/terminal/Complaint.h"
+
+#include <cstdio>
+#include <string>
+
+#include "workbench/terminal/OutputSink.h"
+#include "workbench/terminal/TerminalProgress.h"
+
+void Complain(const CString& text) {
+    if (OutputSink* sink = CurrentOutputSink()) {
+        sink->TakeComplaint(ToUtf8(text.View()));
+        return;
+    }
+    TerminalProgress::ClearLine();
+    const std::string line = "orvo: " + ToUtf8(text.View()) + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
