@@ -6,12 +6,15 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/base/Language.h"
+#include "platform/base/Message.h"
 #include "platform/host/RxRegistry.h"
+#include "platform/host/Subcommands.h"
 
 namespace {
 
@@ -88,7 +91,20 @@ bool ModuleLoader::Load(const wchar_t* path, CString& error) {
 }
 
 int ModuleLoader::Send(int message) {
-    return m_entryPoint ? m_entryPoint(message, m_handle) : static_cast<int>(AcRx::kRetError);
+    if (!m_entryPoint)
+        return AcRx::kRetError;
+    CString cause;
+    try {
+        return m_entryPoint(message, m_handle);
+    } catch (const std::exception& error) {
+        cause = FromUtf8(error.what());
+    } catch (...) {
+        cause = PlatformText(L"原因不明");
+    }
+    CString text;
+    text.Format(PlatformText(L"模块“%s”处理消息 %d 时出错：%s"), m_path, message, cause);
+    ReportMessage(text);
+    return AcRx::kRetError;
 }
 
 ModuleLoader::Unloaded ModuleLoader::Unload() {
@@ -102,6 +118,7 @@ ModuleLoader::Unloaded ModuleLoader::Unload() {
 
 ModuleLoader::Unloaded ModuleLoader::Close() {
     std::erase(LoadedOnes(), this);
+    HostSubcommands().Forget(m_handle);
     HostDynamicLinker().forget(m_handle);
     dlclose(m_handle);
     m_handle = nullptr;

@@ -23,7 +23,8 @@ public:
     // What the plug-in knows itself by with the host; null when none is loaded.
     void* ApplicationHandle() const { return m_handle; }
 
-    // Sends a message; gives the plug-in's answer, or kRetError when none is loaded.
+    // Sends a message; gives the plug-in's answer, or kRetError when none is loaded. What the plug-in throws is
+    // reported (Message.h) and stands for kRetError.
     int Send(int message);
 
     enum class Unloaded {
@@ -32,7 +33,8 @@ public:
         Locked,       // nothing was done: the plug-in never permitted it (acrxUnlockApplication)
         NotLoaded,    // there was nothing to unload
     };
-    // Sends kUnloadAppMsg, closes the library and looks whether it is gone.
+    // Sends kUnloadAppMsg, takes what the plug-in has left in the host's tables (subcommands, notes of the dynamic
+    // linker), closes the library and looks whether it is gone.
     Unloaded Unload();
 
 private:

@@ -97,6 +97,19 @@ class CheckLayers(unittest.TestCase):
     def test_the_program_may_not_include_the_module(self):
         self.refuses({"workbench/host/X.cpp": '// X.\n#include "calendar/OrvoDate.h"\n'}, "the program includes")
 
+    def test_the_workbench_has_floors_of_its_own(self):
+        for path, target in (("workbench/commands/X.cpp", "workbench/window/Y.h"),
+                             ("workbench/commands/X.cpp", "workbench/entry/Y.h"),
+                             ("workbench/terminal/X.cpp", "workbench/commands/Y.h"),
+                             ("workbench/terminal/X.h", "workbench/view/Y.h"),
+                             ("workbench/entry/X.cpp", "workbench/host/Y.h")):
+            with self.subTest(path=path, target=target):
+                self.refuses({path: f'// X.\n#include "{target}"\n', target: "// Y.\n"}, "lower floor")
+        code, text = check({"workbench/window/X.cpp": '// X.\n#include "workbench/commands/Y.h"\n',
+                            "workbench/commands/Y.h": '// Y.\n#include "workbench/Texts.h"\n',
+                            "workbench/Texts.h": "// T.\n"})
+        self.assertEqual(code, 0, text)
+
     def test_a_circle_of_headers_is_found(self):
         self.refuses({"module/calendar/A.h": '// A.\n#include "calendar/B.h"\n',
                       "module/calendar/B.h": '// B.\n#include "calendar/A.h"\n'}, "in a circle")

@@ -12,10 +12,12 @@
 #include "platform/host/DynamicLinker.h"
 #include "platform/host/HostMessages.h"
 #include "platform/host/RxRegistry.h"
+#include "platform/host/Subcommands.h"
 #include "platform/window/CFileDialog.h"
 #include "platform/window/HostFrame.h"
 #include "platform/window/ModalDriver.h"
 #include "support/Folders.h"
+#include "workbench/entry/OwnSubcommands.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
@@ -35,12 +37,13 @@ protected:
         g_pTeskLangSwitch = &Language();
         Language().SetLanguage(L"zh");
         acrxEntryPoint(AcRx::kInitAppMsg, &g_SunDataSet);
+        CString reason;
+        ASSERT_TRUE(AddOwnSubcommands(&g_SunDataSet, reason)) << ToUtf8(reason.View());
         // Windows are seen by nobody here, and a driver is somebody.
         m_seen = std::make_unique<ModalDriver>([](const ModalWindow& window) {
             ADD_FAILURE() << "not expected: " << ToUtf8(window.caption.View()) << ToUtf8(window.text.View());
             return int{IDCANCEL};
         });
-        CString reason;
         ASSERT_TRUE(PrepareWindows(reason)) << ToUtf8(reason.View());
         m_window = std::make_unique<MainWindow>();
         m_window->show();
@@ -50,6 +53,7 @@ protected:
         m_window.reset();
         m_seen.reset();
         acrxEntryPoint(AcRx::kUnloadAppMsg, &g_SunDataSet);
+        HostSubcommands().Forget(&g_SunDataSet);
         dynamic_cast<AcRxDynamicLinker*>(acrxSysRegistry()->at(L"DynamicLinker"))->forget(&g_SunDataSet);
         g_pTeskLangSwitch = nullptr;
         g_pCurModuleLang = nullptr;

@@ -1,14 +1,24 @@
-// The subcommands with their options, as the command-line library knows them.
+// The table of subcommands, as the command-line library knows it.
 #pragma once
 
 #include <CLI/CLI.hpp>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "platform/base/CString.h"
+#include "platform/host/Subcommands.h"
 
-// Every value that the command line can carry. One object serves one parse.
+// What may stand before a subcommand or behind any: --help, --version, --language, --plugin.
+std::vector<SubcommandOption> ProgramOptions();
+
+// "--name" of each option that may stand behind the subcommand (or, for null, before any), the program's own last.
+std::vector<CString> OptionNames(const Subcommand* subcommand);
+
+// The text of a row in the language in force.
+CString TextOf(const Subcommand& row, const CString& text);
+
+// Every value that the command line can carry. One object serves one parse, with the rows that the host's table has
+// when it is made.
 class CommandLineModel {
 public:
     CommandLineModel();
@@ -18,35 +28,22 @@ public:
     // Parses the words behind the program's name. Throws CLI::ParseError.
     void Parse(const std::vector<CString>& words);
 
-    // The subcommand that was named; null when there was none.
-    CLI::App* Chosen();
+    // The row of the subcommand that was named; null when there was none.
+    const Subcommand* Chosen() const;
     // What an option of the chosen subcommand (or of the program) was given; nothing when it was left out.
-    std::optional<CString> Value(const char* option);
+    std::optional<CString> Value(const wchar_t* option) const;
     // All values of an option that takes several.
-    std::vector<CString> Values(const char* option);
-    bool HasFlag(const char* flag);
+    std::vector<CString> Values(const wchar_t* option) const;
+    bool HasFlag(const wchar_t* flag) const;
 
-    CLI::App& Root() { return m_root; }
-    std::vector<CString> SubcommandNames();
-    // "--name" of each option that may stand behind the subcommand (or, for null, before any).
-    std::vector<CString> OptionNames(CLI::App* subcommand);
-    CLI::App* FindSubcommand(const CString& name);
+    // The options that could be given, as the library knows them: the chosen subcommand's, then the program's.
+    std::vector<const CLI::Option*> GetOptions() const;
+    // Words that belong to nothing.
+    std::vector<CString> GetRemaining() const;
 
 private:
-    void AddInfo();
-    void AddSun();
-    void AddLists();
-    void AddSet();
-    void AddShadow();
-    void AddRecord();
-    void AddEntity();
-    void AddWindow();
-    CLI::App* AddSubcommand(const char* name, const wchar_t* description);
-    void AddFlag(CLI::App* app, const char* flag, const wchar_t* description);
-    void AddValue(CLI::App* app, const char* option, const char* type, const wchar_t* description);
-    // An option that takes several values at once, whatever they look like.
-    void AddValues(CLI::App* app, const char* option, int count, const char* type, const wchar_t* description);
+    const CLI::App* ChosenApp() const;
+    const CLI::Option* FindOption(const wchar_t* option) const;
 
     CLI::App m_root;
-    std::vector<std::string> m_frames;  // where the library puts the one list of values
 };

@@ -5,141 +5,150 @@
 
 #include <algorithm>
 #include <csignal>
+#include <exception>
 
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
-#include "workbench/commands/EntityCommand.h"
-#include "workbench/commands/InfoCommand.h"
-#include "workbench/commands/ListCommands.h"
-#include "workbench/commands/RecordCommand.h"
-#include "workbench/commands/SetCommand.h"
-#include "workbench/commands/ShadowCommand.h"
-#include "workbench/commands/SunCommand.h"
 #include "workbench/commands/UsageText.h"
 #include "workbench/terminal/CollectedOutput.h"
 #include "workbench/terminal/Complaint.h"
 #include "workbench/terminal/TerminalProgress.h"
-#include "workbench/window/WindowCommand.h"
 
 namespace {
 
-int Refuse(const CString& text, CLI::App* subcommand) {
+int Refuse(const CString& text, const Subcommand* subcommand) {
     Complain(text);
-    const CString command = subcommand ? L"orvo " + FromUtf8(subcommand->get_name()) : CString(L"orvo");
+    const CString command = subcommand ? L"orvo " + subcommand->name : CString(L"orvo");
     Complain(SayFormat(L"用“%s --help”查看用法。", command));
     return kExitUsage;
 }
 
 // Another option where a value should be is a value that was forgotten.
-CString ForgottenValue(CommandLineModel& model) {
-    for (CLI::App* app : {model.Chosen(), &model.Root()}) {
-        if (!app)
-            continue;
-        const std::vector<CString> names = model.OptionNames(app);
-        for (const CLI::Option* option : app->get_options()) {
-            const bool takesValue = option->nonpositional() && option->get_items_expected_max() > 0;
-            const CString value = takesValue && option->count() > 0 ? FromUtf8(option->results().front()) : CString();
-            if (!value.IsEmpty() && std::find(names.begin(), names.end(), value) != names.end())
-                return FromUtf8(option->get_name());
-        }
+CString ForgottenValue(const CommandLineModel& model) {
+    const std::vector<CString> names = OptionNames(model.Chosen());
+    for (const CLI::Option* option : model.GetOptions()) {
+        const bool takesValue = option->nonpositional() && option->get_items_expected_max() > 0;
+        const CString value = takesValue && option->count() > 0 ? FromUtf8(option->results().front()) : CString();
+        if (!value.IsEmpty() && std::find(names.begin(), names.end(), value) != names.end())
+            return FromUtf8(option->get_name());
     }
     return CString();
 }
 
 // A flag that was given a value ("--json=yes").
-CString FlagWithValue(CommandLineModel& model) {
-    for (CLI::App* app : {model.Chosen(), &model.Root()}) {
-        if (!app)
-            continue;
-        for (const CLI::Option* option : app->get_options()) {
-            const bool isGivenFlag = option->get_items_expected_max() == 0 && option->count() > 0;
-            if (isGivenFlag && option->results().front() != "true")
-                return FromUtf8(option->get_name());
-        }
+CString FlagWithValue(const CommandLineModel& model) {
+    for (const CLI::Option* option : model.GetOptions()) {
+        const bool isGivenFlag = option->get_items_expected_max() == 0 && option->count() > 0;
+        if (isGivenFlag && option->results().front() != "true")
+            return FromUtf8(option->get_name());
     }
     return CString();
 }
 
-CString LanguageError(CommandLineModel& model, WordsFrom from) {
-    const std::optional<CString> language = model.Value("--language");
-    if (!language)
-        return CString();
-    if (from == WordsFrom::Prompt)
-        return Say(L"选项 --language 只能在启动程序时给出");
-    if (*language != L"zh" && *language != L"en")
+// What is wrong with the options that the program itself has taken at its start (PlugIns.h, LanguageChoice.h).
+CString StartError(const CommandLineModel& model, WordsFrom from) {
+    for (const wchar_t* option : {L"--language", L"--plugin"})
+        if (from == WordsFrom::Prompt && model.HasFlag(option))
+            return SayFormat(L"选项 %s 只能在启动程序时给出", option);
+    const std::optional<CString> language = model.Value(L"--language");
+    if (language && *language != L"zh" && *language != L"en")
         return SayFormat(L"没有语言“%s”：请写 zh 或 en", Printable(*language));
+    for (const CString& file : model.Values(L"--plugin"))
+        if (file.IsEmpty() || file.Left(2) == L"--")
+            return SayFormat(L"选项 %s 后面缺少值", L"--plugin");
     return CString();
 }
 
-// A signal that cancelled one of several lines is not for that line alone, unless somebody at a terminal gave it up with
-// Ctrl-C and goes on typing.
+// What has to be given and was not.
+CString MissingOption(const CommandLineModel& model, const Subcommand& row) {
+    for (const SubcommandOption& option : row.options)
+        if (option.isRequired && !model.HasFlag(option.GetNames().back()))
+            return option.GetNames().back();
+    return CString();
+}
+
+// The words of a command line, as the subcommand asks for them.
+class Call : public SubcommandCall {
+public:
+    Call(const CommandLineModel& model, Output& output, Progress& progress)
+        : m_model(model), m_output(output), m_progress(progress) {}
+    std::optional<CString> GetValue(const wchar_t* option) const override { return m_model.Value(option); }
+    std::vector<CString> GetValues(const wchar_t* option) const override { return m_model.Values(option); }
+    bool HasFlag(const wchar_t* option) const override { return m_model.HasFlag(option); }
+    Output& GetOutput() override { return m_output; }
+    Progress& GetProgress() override { return m_progress; }
+
+private:
+    const CommandLineModel& m_model;
+    Output& m_output;
+    Progress& m_progress;
+};
+
+int TellOfError(const CString& what, CollectedOutput& output) {
+    output.Drop();
+    Complain(SayFormat(L"内部错误：%s", what));
+    return kExitFailed;
+}
+
+int RunRow(const Subcommand& row, SubcommandCall& call, CollectedOutput& output) {
+    try {
+        return row.run(call);
+    } catch (const std::exception& error) {
+        return TellOfError(FromUtf8(error.what()), output);
+    } catch (...) {  // a plug-in may throw anything
+        return TellOfError(SayFormat(L"子命令 %s 出错", row.name), output);
+    }
+}
+
+// A signal that cancelled one of several lines is not for that line alone, unless somebody at a terminal gave it up
+// with Ctrl-C and goes on typing.
 void PassOnSignal(int number, WordsFrom from) {
     const bool goesOn = number == SIGINT && isatty(STDIN_FILENO);
     if (number != 0 && from == WordsFrom::Prompt && !goesOn)
         std::raise(number);
 }
 
-int RunSubcommand(CommandLineModel& model, TerminalProgress& progress, Output& output) {
-    const std::string& name = model.Chosen()->get_name();
-    const bool isJson = name != "set" && name != "record" && name != "window" && model.HasFlag("--json");
-    if (name == "info")
-        return RunInfo({model.Value("--place"), model.Value("--date"), model.Value("--standard"), isJson}, output);
-    if (name == "sun")
-        return RunSun({model.Value("--place"), model.Value("--date"), model.Value("--step"), isJson}, output);
-    if (name == "terms")
-        return RunTerms({model.Value("--year"), isJson}, output);
-    if (name == "places")
-        return RunPlaces({model.Value("TEXT").value_or(CString()), isJson}, output);
-    if (name == "standards")
-        return RunStandards({model.Value("--reset"), isJson}, output);
-    if (name == "shadow")
-        return RunShadow({model.Value("--face"), model.Value("--light"), isJson}, output);
-    if (name == "record")
-        return RunRecord({model.Values("FRAMES"), model.Value("--output"), model.Value("--rate"), model.Value("--bits"),
-                          model.HasFlag("--yes")},
-                         output, progress);
-    if (name == "window")
-        return RunWindow({model.Value("FILE")});
-    if (name == "entity")
-        return RunEntity(
-            {model.Value("FILE"), model.HasFlag("--list"), model.Values("--get"), model.Values("--set"), isJson},
-            output);
-    return RunSet({model.Value("--place"), model.Value("--date"), model.Value("--start"), model.Value("--end"),
-                   model.Value("--step"), model.Value("--standard"), model.HasFlag("--reset")},
-                  output);
-}
-
-int RunParsed(CommandLineModel& model, WordsFrom from, Output& output) {
-    const CString language = LanguageError(model, from);
-    if (!language.IsEmpty())
-        return Refuse(language, nullptr);
-    const CString forgotten = ForgottenValue(model);
-    if (!forgotten.IsEmpty())
-        return Refuse(SayFormat(L"选项 %s 后面缺少值", forgotten), model.Chosen());
-    const CString flag = FlagWithValue(model);
-    if (!flag.IsEmpty())
-        return Refuse(SayFormat(L"选项 %s 不带值", flag), model.Chosen());
-    if (model.HasFlag("--help")) {
-        PrintHelp(model, model.Chosen(), output);
-        return kExitOk;
-    }
-    if (model.HasFlag("--version")) {
-        output.Line(L"orvo " + FromUtf8(ORVO_VERSION));
-        return kExitOk;
-    }
-    if (!model.Chosen())
-        return kExitOk;
+int RunSubcommand(const Subcommand& row, const CommandLineModel& model, WordsFrom from, CollectedOutput& output) {
     int signal = 0;
     int code = kExitOk;
     {
         TerminalProgress progress;
-        code = RunSubcommand(model, progress, output);
+        Call call(model, output, progress);
+        code = RunRow(row, call, output);
         signal = progress.GetStopSignal();
     }
     PassOnSignal(signal, from);
     return code;
+}
+
+int RunParsed(const CommandLineModel& model, WordsFrom from, CollectedOutput& output) {
+    const Subcommand* chosen = model.Chosen();
+    const CString wrong = StartError(model, from);
+    if (!wrong.IsEmpty())
+        return Refuse(wrong, nullptr);
+    const CString forgotten = ForgottenValue(model);
+    if (!forgotten.IsEmpty())
+        return Refuse(SayFormat(L"选项 %s 后面缺少值", forgotten), chosen);
+    const CString flag = FlagWithValue(model);
+    if (!flag.IsEmpty())
+        return Refuse(SayFormat(L"选项 %s 不带值", flag), chosen);
+    if (model.HasFlag(L"--help")) {
+        PrintHelp(chosen, output);
+        return kExitOk;
+    }
+    if (model.HasFlag(L"--version")) {
+        output.Line(L"orvo " + FromUtf8(ORVO_VERSION));
+        return kExitOk;
+    }
+    if (!chosen)
+        return kExitOk;
+    const CString missing = MissingOption(model, *chosen);
+    if (!missing.IsEmpty())
+        return Refuse(SayFormat(L"没有给出 %s", missing), chosen);
+    const Subcommand row = *chosen;  // it may change the table it stands in
+    return RunSubcommand(row, model, from, output);
 }
 
 // "help" and "help info" ask for what "--help" and "info --help" ask for.
@@ -164,8 +173,8 @@ bool AsksForPrompt(const std::vector<CString>& words) {
     } catch (const CLI::ParseError&) {
         return false;
     }
-    return !model.Chosen() && !model.HasFlag("--help") && !model.HasFlag("--version") &&
-           LanguageError(model, WordsFrom::CommandLine).IsEmpty();
+    return !model.Chosen() && !model.HasFlag(L"--help") && !model.HasFlag(L"--version") &&
+           StartError(model, WordsFrom::CommandLine).IsEmpty();
 }
 
 int RunWords(const std::vector<CString>& given, WordsFrom from, CollectedOutput& output) {

@@ -3,14 +3,11 @@
 
 #include <algorithm>
 
-#include "facts/PlaceSearch.h"
-#include "facts/ShippedSettings.h"
-#include "facts/StandardSearch.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/RxRegistry.h"
-#include "settings/OrvoDataSet.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/LineWords.h"
+#include "workbench/commands/UsageText.h"
 
 namespace {
 
@@ -18,22 +15,8 @@ void Append(std::vector<CString>& to, const std::vector<CString>& from) {
     to.insert(to.end(), from.begin(), from.end());
 }
 
-std::vector<CString> PlaceNames() {
-    std::vector<CString> names;
-    for (const Place& place : AllPlaces())
-        names.push_back(place.city);
-    return names;
-}
-
-std::vector<CString> ShippedStandardNames() {
-    std::vector<CString> names;
-    if (const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings())
-        names = NamesOfStandards(*shipped);
-    return names;
-}
-
 std::vector<CString> FirstWords() {
-    std::vector<CString> names = CommandLineModel().SubcommandNames();
+    std::vector<CString> names = SubcommandNames();
     Append(names, HostCommandNames());
     Append(names, PromptWords());
     return names;
@@ -66,20 +49,43 @@ std::vector<CString> WithoutProgramName(std::vector<CString> words) {
     return words;
 }
 
+// The words that an option brings. A key that was pressed is no place for what a plug-in throws.
+std::vector<CString> WordsOf(const SubcommandOption& option) {
+    try {
+        return option.words ? option.words() : std::vector<CString>();
+    } catch (...) {
+        return {};
+    }
+}
+
+// The option whose value the last word of a line will be; null when it will be none.
+const SubcommandOption* OptionBefore(const Subcommand& row, const std::vector<CString>& words) {
+    for (const SubcommandOption& option : row.options) {
+        const std::vector<CString> names = option.GetNames();
+        if (!option.IsPositional() && std::find(names.begin(), names.end(), words.back()) != names.end())
+            return &option;
+    }
+    return nullptr;
+}
+
 // Everything that may follow the finished words of a line.
 std::vector<CString> Followers(const std::vector<CString>& line) {
     const std::vector<CString> words = WithoutProgramName(line);
     if (words.empty())
         return FirstWords();
-    CommandLineModel model;
-    CLI::App* subcommand = model.FindSubcommand(words.front());
-    if (words.back() == L"--place")
-        return PlaceNames();
-    if (words.back() == L"--standard")
-        return NamesOfStandards(g_SunDataSet);
-    if (words.front() == L"standards" && words.back() == L"--reset")
-        return ShippedStandardNames();
-    return subcommand ? model.OptionNames(subcommand) : std::vector<CString>();
+    const Subcommand* row = HostSubcommands().Find(words.front());
+    if (!row)
+        return {};
+    const SubcommandOption* before = OptionBefore(*row, words);
+    if (before && before->words)
+        return WordsOf(*before);
+    std::vector<CString> followers;
+    for (const SubcommandOption& option : row->options)
+        if (option.IsPositional())
+            Append(followers, WordsOf(option));
+    Append(followers, OptionNames(row));
+    std::erase(followers, L"--plugin");  // refused at a prompt, and in the way of --place
+    return followers;
 }
 
 }  // namespace
@@ -99,20 +105,20 @@ std::vector<CString> PromptWords() {
     return {L"help", L"quit", L"exit"};
 }
 
-std::vector<CString> CompletionsOf(const CString& line) {
+LineCompletion CompleteLine(const CString& line) {
     const int start = StartOfLastWord(line);
     const CString begun = line.Mid(start);
     const std::optional<std::vector<CString>> words = SplitWords(line.Left(start));
-    std::vector<CString> matches;
+    LineCompletion completion;
+    std::vector<CString>& choices = completion.choices;
     for (const CString& name : words ? Followers(*words) : std::vector<CString>()) {
-        const bool isNew = std::find(matches.begin(), matches.end(), name) == matches.end();
+        const bool isNew = std::find(choices.begin(), choices.end(), name) == choices.end();
         if (isNew && name.Left(begun.GetLength()) == begun)
-            matches.push_back(name);
+            choices.push_back(name);
     }
-    return matches;
-}
-
-CString RestOfWord(const CString& line, const std::vector<CString>& completions) {
-    const CString rest = CommonStart(completions).Mid(line.GetLength() - StartOfLastWord(line));
-    return completions.size() == 1 ? rest + L" " : rest;
+    if (!choices.empty())
+        completion.rest = CommonStart(choices).Mid(begun.GetLength());
+    if (choices.size() == 1)
+        completion.rest += L" ";
+    return completion;
 }

@@ -4,15 +4,12 @@
 #include <vector>
 
 #include "platform/base/CString.h"
+#include "workbench/terminal/LineCompletion.h"
 
 // The ways to go on with the last word of a line (everything behind its last blank; empty when the line ends in one):
-// commands and subcommands for the first word, then options, and names of places and standards behind the options that
-// take them. Sorted as they are met, each once.
-std::vector<CString> CompletionsOf(const CString& line);
-
-// What can be added to the line because all of its completions (of which there must be one) agree on it; behind the
-// only one a blank. Empty when they go different ways at once.
-CString RestOfWord(const CString& line, const std::vector<CString>& completions);
+// commands and subcommands for the first word, then the subcommand's options, and behind an option the words that it
+// brings (names of places and standards). Sorted as they are met, each once.
+LineCompletion CompleteLine(const CString& line);
 
 // Every command that plug-ins have added to the host.
 std::vector<CString> HostCommandNames();

@@ -11,6 +11,7 @@
 #include "platform/host/GroupStorage.h"
 #include "platform/host/HostDrawing.h"
 #include "platform/host/Output.h"
+#include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
 #include "workbench/commands/EntityList.h"
@@ -159,4 +160,22 @@ int RunEntity(const EntityOptions& options, Output& output) {
     else
         PrintEntities(drawing, output);
     return kExitOk;
+}
+
+Subcommand EntitySubcommand() {
+    return {L"entity",
+            L"列出图形中的实体，读出或更改实体的一个组码",
+            {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
+             FlagOption(L"--list", L"列出实体的句柄、类型和图层；不给出别的选项时就是它"),
+             ValuesOption(L"--get", 2, L"HANDLE CODE", L"显示一个组码的值"),
+             ValuesOption(L"--set", 3, L"HANDLE CODE VALUE", L"更改一个组码的值并保存；原来的文件留作 FILE.bak"),
+             FlagOption(L"--json", L"以 JSON 输出")},
+            {L"orvo entity house.dxf --list", L"orvo entity house.dxf --get 2F 8",
+             L"orvo entity house.dxf --set 2F 10 1.5,2,0"},
+            [](SubcommandCall& call) {
+                return RunEntity({call.GetValue(L"FILE"), call.HasFlag(L"--list"), call.GetValues(L"--get"),
+                                  call.GetValues(L"--set"), call.HasFlag(L"--json")},
+                                 call.GetOutput());
+            },
+            Say};
 }

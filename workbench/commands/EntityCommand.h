@@ -7,6 +7,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+struct Subcommand;
 
 struct EntityOptions {
     std::optional<CString> file;  // a DXF file
@@ -18,3 +19,6 @@ struct EntityOptions {
 
 // Gives an ExitCode. The file is written only when a value has changed: in one step, with the file before as NAME.bak.
 int RunEntity(const EntityOptions& options, Output& output);
+
+// Its row of the host's table.
+Subcommand EntitySubcommand();

@@ -6,6 +6,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+struct Subcommand;
 
 struct InfoOptions {
     std::optional<CString> place;     // instead of the settings' own, for this answer only
@@ -14,6 +15,8 @@ struct InfoOptions {
     bool isJson = false;
 };
 
-// Gives an ExitCode. The settings are left as they are, save that the position of their own place, which no file holds,
-// is looked up and put into them.
+// Gives an ExitCode. The settings are left as they are.
 int RunInfo(const InfoOptions& options, Output& output);
+
+// Its row of the host's table.
+Subcommand InfoSubcommand();

@@ -17,8 +17,10 @@
 #include "platform/base/TextNumber.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/Output.h"
+#include "platform/host/Subcommands.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/NameLists.h"
 #include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/StandardRules.h"
 #include "workbench/commands/ValueErrors.h"
@@ -150,4 +152,42 @@ int RunStandards(const StandardsOptions& options, Output& output) {
                         ? SourceWarning()
                         : Say(L"设置中没有任何标准；orvo set --reset 恢复随程序提供的标准。"));
     return kExitOk;
+}
+
+Subcommand TermsSubcommand() {
+    return {
+        L"terms",
+        L"列出一年的二十四节气",
+        {ValueOption(L"--year", L"Y", L"年份，从 1 到 9999；不给出时为今年"), FlagOption(L"--json", L"以 JSON 输出")},
+        {L"orvo terms --year 2024"},
+        [](SubcommandCall& call) {
+            return RunTerms({call.GetValue(L"--year"), call.HasFlag(L"--json")}, call.GetOutput());
+        },
+        Say};
+}
+
+Subcommand PlacesSubcommand() {
+    return {
+        L"places",
+        L"查找地区",
+        {ValueOption(L"TEXT", L"", L"地区名或省份名的一部分；不给出时列出全部"),
+         FlagOption(L"--json", L"以 JSON 输出")},
+        {L"orvo places 江", L"orvo places --json"},
+        [](SubcommandCall& call) {
+            return RunPlaces({call.GetValue(L"TEXT").value_or(CString()), call.HasFlag(L"--json")}, call.GetOutput());
+        },
+        Say};
+}
+
+Subcommand StandardsSubcommand() {
+    return {L"standards",
+            L"列出日照标准，或恢复一个标准的出厂值",
+            {ValueOption(L"--reset", L"NAME", L"不列出，而把这个标准恢复为出厂值并保存；删除了的也会恢复",
+                         ShippedStandardNames),
+             FlagOption(L"--json", L"以 JSON 输出")},
+            {L"orvo standards", L"orvo standards --reset 上海标准"},
+            [](SubcommandCall& call) {
+                return RunStandards({call.GetValue(L"--reset"), call.HasFlag(L"--json")}, call.GetOutput());
+            },
+            Say};
 }

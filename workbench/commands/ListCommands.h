@@ -6,6 +6,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+struct Subcommand;
 
 struct TermsOptions {
     std::optional<CString> year;  // 1 to 9999; this year when it is left out
@@ -27,3 +28,8 @@ struct StandardsOptions {
 };
 // Every standard with its rules, which is the current one, and what was changed since it was shipped.
 int RunStandards(const StandardsOptions& options, Output& output);
+
+// Their rows of the host's table.
+Subcommand TermsSubcommand();
+Subcommand PlacesSubcommand();
+Subcommand StandardsSubcommand();

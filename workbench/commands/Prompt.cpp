@@ -6,6 +6,7 @@
 #include "platform/host/CommandLine.h"
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/Completion.h"
 #include "workbench/commands/PromptLine.h"
 #include "workbench/terminal/Complaint.h"
 #include "workbench/terminal/PipeLines.h"
@@ -41,7 +42,7 @@ int RunLines(LineSource& lines, CollectedOutput& output) {
 int RunPrompt(CollectedOutput& output) {
     SetCommandLineSink(nullptr, nullptr);  // what commands print is the answer here
     if (isatty(STDIN_FILENO) && isatty(STDOUT_FILENO)) {
-        TerminalLines lines;
+        TerminalLines lines(CompleteLine);
         if (lines.IsUsable()) {
             RunLines(lines, output);
             return kExitOk;

@@ -6,8 +6,8 @@
 
 #include "platform/host/ExitCode.h"
 #include "platform/host/RxRegistry.h"
+#include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
-#include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/Completion.h"
 #include "workbench/commands/LineWords.h"
@@ -23,11 +23,11 @@ bool IsQuit(const std::vector<CString>& words) {
 }
 
 bool IsSubcommand(const CString& word) {
-    return word == L"help" || word.Left(1) == L"-" || CommandLineModel().FindSubcommand(word) != nullptr;
+    return word == L"help" || word.Left(1) == L"-" || HostSubcommands().Find(word) != nullptr;
 }
 
 int UnknownCommand(const CString& word) {
-    std::vector<CString> names = CommandLineModel().SubcommandNames();
+    std::vector<CString> names = SubcommandNames();
     for (const std::vector<CString>& more : {HostCommandNames(), PromptWords()})
         names.insert(names.end(), more.begin(), more.end());
     Complain(UnknownSubcommandText(word, names));

@@ -16,6 +16,7 @@
 #include "platform/host/ExitCode.h"
 #include "platform/host/Output.h"
 #include "platform/host/Progress.h"
+#include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/PictureFile.h"
 #include "workbench/commands/ValueErrors.h"
@@ -253,4 +254,21 @@ int RunRecord(const RecordOptions& options, Output& output, Progress& progress) 
                           static_cast<int>(request.frames.size()), TextOf(request.output), size.width, size.height,
                           request.bits));
     return kExitOk;
+}
+
+Subcommand RecordSubcommand() {
+    return {L"record",
+            L"把图像录成 AVI 动画，每幅一秒",
+            {ValuesOption(L"FRAMES", SubcommandOption::kMany, L"", L"图像文件（BMP 或 PNG），按放映次序"),
+             ValueOption(L"-o,--output", L"FILE", L"录像文件"),
+             ValueOption(L"--rate", L"N", L"每秒帧数，从 1 到 1000；不给出时为 10"),
+             ValueOption(L"--bits", L"8|24|32", L"每像素位数；不给出时为 24"),
+             FlagOption(L"-y,--yes", L"替换已有的文件而不询问")},
+            {L"orvo record 0900.png 0930.png 1000.png -o sun.avi", L"orvo record *.bmp -o sun.avi --bits 8 --yes"},
+            [](SubcommandCall& call) {
+                return RunRecord({call.GetValues(L"FRAMES"), call.GetValue(L"--output"), call.GetValue(L"--rate"),
+                                  call.GetValue(L"--bits"), call.HasFlag(L"--yes")},
+                                 call.GetOutput(), call.GetProgress());
+            },
+            Say};
 }

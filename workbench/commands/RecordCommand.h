@@ -8,6 +8,7 @@
 
 class Output;
 class Progress;
+struct Subcommand;
 
 struct RecordOptions {
     std::vector<CString> frames;    // files, in the order in which they are shown
@@ -21,3 +22,6 @@ struct RecordOptions {
 // name of its own beside the output and takes its name when it is complete: until then a file of that name stays as it
 // is, and after a failure, or when the user cancels it, nothing is left behind.
 int RunRecord(const RecordOptions& options, Output& output, Progress& progress);
+
+// Its row of the host's table.
+Subcommand RecordSubcommand();

@@ -12,8 +12,10 @@
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/Output.h"
+#include "platform/host/Subcommands.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/NameLists.h"
 #include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/ToldChange.h"
 #include "workbench/commands/ValueErrors.h"
@@ -177,4 +179,24 @@ int RunSet(const SetOptions& options, Output& output) {
     output.Line(SayFormat(L"已保存到 %s", Printable(change.Path())));
     output.Line(Printable(g_SunDataSet.GetNoteString()));
     return kExitOk;
+}
+
+Subcommand SetSubcommand() {
+    return {L"set",
+            L"更改当前设置并保存",
+            {ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
+             ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
+             ValueOption(L"--start", L"H:MM", L"分析时段的开始"), ValueOption(L"--end", L"H:MM", L"分析时段的结束"),
+             ValueOption(L"--step", L"MINUTES", L"计算精度，从 1 到 60 分钟"),
+             ValueOption(L"--standard", L"NAME", L"当前标准；它的日期、时段和精度随之采用", StandardNames),
+             FlagOption(L"--reset", L"把设置和标准全部恢复为出厂值；原来的文件留作 .bak")},
+            {L"orvo set --place 上海 --standard 上海标准",
+             L"orvo set --date 2025-12-22 --start 9:00 --end 15:00 --step 5", L"orvo set --reset"},
+            [](SubcommandCall& call) {
+                return RunSet({call.GetValue(L"--place"), call.GetValue(L"--date"), call.GetValue(L"--start"),
+                               call.GetValue(L"--end"), call.GetValue(L"--step"), call.GetValue(L"--standard"),
+                               call.HasFlag(L"--reset")},
+                              call.GetOutput());
+            },
+            Say};
 }

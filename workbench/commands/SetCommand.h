@@ -6,6 +6,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+struct Subcommand;
 
 struct SetOptions {
     std::optional<CString> place;
@@ -24,3 +25,6 @@ struct SetOptions {
 // reader finds the same. What others have saved meanwhile is taken in first. When saving fails, the settings are as
 // they were.
 int RunSet(const SetOptions& options, Output& output);
+
+// Its row of the host's table.
+Subcommand SetSubcommand();

@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "platform/host/ExitCode.h"
+#include "platform/host/Subcommands.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/CoordinateText.h"
 #include "workbench/commands/ShadowAnswer.h"
 #include "workbench/commands/ValueErrors.h"
@@ -48,4 +50,20 @@ int RunShadow(const ShadowOptions& options, Output& output) {
     else
         answer.PrintAsText(output);
     return kExitOk;
+}
+
+Subcommand ShadowSubcommand() {
+    return {
+        L"shadow",
+        L"显示一个面的法向、平面、受光情况和投影矩阵",
+        {ValueOption(L"--face", L"\"x,y,z;x,y,z;x,y,z[;x,y,z]\"", L"面的 3 或 4 个角点，从正面看按逆时针；必须给出"),
+         ValueOption(L"--light", L"dx,dy,dz", L"光线前进的方向，从太阳到场景；必须给出"),
+         FlagOption(L"--json", L"以 JSON 输出")},
+        {L"orvo shadow --face \"0,0,0;4,0,0;4,3,0;0,3,0\" --light 1,0,-2",
+         L"orvo shadow --face \"0,0,0;4,0,0;4,0,3\" --light 0,1,-1 --json"},
+        [](SubcommandCall& call) {
+            return RunShadow({call.GetValue(L"--face"), call.GetValue(L"--light"), call.HasFlag(L"--json")},
+                             call.GetOutput());
+        },
+        Say};
 }

@@ -6,6 +6,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+struct Subcommand;
 
 struct ShadowOptions {
     std::optional<CString> face;   // x,y,z;x,y,z;x,y,z with three or four corners
@@ -16,3 +17,6 @@ struct ShadowOptions {
 // Normal, plane, whether the light falls on the front, and the matrix that projects along the light onto the plane.
 // Gives an ExitCode; a face that has no plane is a failure.
 int RunShadow(const ShadowOptions& options, Output& output);
+
+// Its row of the host's table.
+Subcommand ShadowSubcommand();

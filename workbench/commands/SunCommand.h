@@ -6,6 +6,7 @@
 #include "platform/base/CString.h"
 
 class Output;
+struct Subcommand;
 
 struct SunOptions {
     std::optional<CString> place;  // instead of the settings' own
@@ -16,3 +17,6 @@ struct SunOptions {
 
 // Gives an ExitCode: a failure where nobody knows where the place is.
 int RunSun(const SunOptions& options, Output& output);
+
+// Its row of the host's table.
+Subcommand SunSubcommand();

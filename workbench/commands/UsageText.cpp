@@ -15,67 +15,57 @@ namespace {
 
 using Align = TextTable::Align;
 
-struct Example {
-    const char* subcommand;  // empty for the program
-    const wchar_t* command;
-};
-constexpr Example kExamples[] = {
-    {"", L"orvo info --place 上海"},
-    {"", L"orvo terms --year 2025 --json"},
-    {"", L"orvo --language en standards"},
-    {"", L"echo 'places 杭州' | orvo"},
-    {"info", L"orvo info"},
-    {"info", L"orvo info --place 浙江/杭州 --date 2025-1-20"},
-    {"info", L"orvo info --standard 国标大寒日 --json"},
-    {"sun", L"orvo sun"},
-    {"sun", L"orvo sun --place 浙江/杭州 --date 2025-1-20 --step 10"},
-    {"terms", L"orvo terms --year 2024"},
-    {"places", L"orvo places 江"},
-    {"places", L"orvo places --json"},
-    {"standards", L"orvo standards"},
-    {"standards", L"orvo standards --reset 上海标准"},
-    {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,3,0;0,3,0\" --light 1,0,-2"},
-    {"shadow", L"orvo shadow --face \"0,0,0;4,0,0;4,0,3\" --light 0,1,-1 --json"},
-    {"record", L"orvo record 0900.png 0930.png 1000.png -o sun.avi"},
-    {"record", L"orvo record *.bmp -o sun.avi --bits 8 --yes"},
-    {"entity", L"orvo entity house.dxf --list"},
-    {"entity", L"orvo entity house.dxf --get 2F 8"},
-    {"entity", L"orvo entity house.dxf --set 2F 10 1.5,2,0"},
-    {"window", L"orvo window"},
-    {"window", L"orvo window house.dxf"},
-    {"set", L"orvo set --place 上海 --standard 上海标准"},
-    {"set", L"orvo set --date 2025-12-22 --start 9:00 --end 15:00 --step 5"},
-    {"set", L"orvo set --reset"},
+constexpr const wchar_t* kProgramExamples[] = {
+    L"orvo info --place 上海",
+    L"orvo terms --year 2025 --json",
+    L"orvo --language en standards",
+    L"echo 'places 杭州' | orvo",
 };
 
-CString OptionTitle(const CLI::Option& option) {
-    CString title = FromUtf8(option.get_positional() ? option.get_name(true, false) : option.get_name(false, true));
+CString OptionTitle(const SubcommandOption& option) {
+    CString title = option.name;
     title.Replace(L",", L", ");
-    const CString type = FromUtf8(option.get_type_name());
-    return type.IsEmpty() ? title : title + L" " + type;
+    return option.type.IsEmpty() ? title : title + L" " + option.type;
 }
 
-void AddOptions(const CLI::App& app, TextTable& table) {
-    for (const CLI::Option* option : app.get_options())
-        table.Add({OptionTitle(*option), FromUtf8(option->get_description())});
-}
-
-CString UsageLine(const CLI::App* subcommand) {
+CString UsageLine(const Subcommand* subcommand) {
     if (!subcommand)
         return L"orvo [--language zh|en] [SUBCOMMAND [OPTIONS]]";
-    CString line = L"orvo " + FromUtf8(subcommand->get_name());
-    for (const CLI::Option* option : subcommand->get_options())
-        line += L" [" + OptionTitle(*option) + L"]";
+    CString line = L"orvo " + subcommand->name;
+    for (const SubcommandOption& option : subcommand->options) {
+        const CString title = OptionTitle(option);
+        line += option.isRequired ? L" " + title : L" [" + title + L"]";
+    }
     return line;
 }
 
-void PrintExamples(const std::string& subcommand, Output& output) {
+void PrintSubcommands(Output& output) {
+    TextTable table({Align::Left, Align::Left});
+    for (const Subcommand* row : HostSubcommands().GetAll())
+        table.Add({row->name, Printable(TextOf(*row, row->description))});
+    output.Line(Say(L"子命令："));
+    table.PrintTo(output, 2);
+    output.Line(L"");
+}
+
+void PrintOptions(const Subcommand* subcommand, Output& output) {
+    TextTable table({Align::Left, Align::Left});
+    if (subcommand)
+        for (const SubcommandOption& option : subcommand->options)
+            table.Add({Printable(OptionTitle(option)), Printable(TextOf(*subcommand, option.description))});
+    for (const SubcommandOption& option : ProgramOptions())
+        table.Add({OptionTitle(option), Say(option.description)});
+    output.Line(Say(L"选项："));
+    table.PrintTo(output, 2);
+}
+
+void PrintExamples(const std::vector<CString>& examples, Output& output) {
+    if (examples.empty())
+        return;
     output.Line(L"");
     output.Line(Say(L"例子："));
-    for (const Example& example : kExamples) {
-        if (example.subcommand == subcommand)
-            output.Line(CString(L"  ") + example.command);
-    }
+    for (const CString& example : examples)
+        output.Line(L"  " + Printable(example));
 }
 
 void PrintProgramNotes(Output& output) {
@@ -90,19 +80,19 @@ CString Near(const CString& name, const std::vector<CString>& names) {
     return nearest.empty() ? CString() : SayFormat(L"。相近的有：%s", JoinNames(nearest));
 }
 
-CString UnknownOptionText(const CString& option, CommandLineModel& model) {
+CString UnknownOptionText(const CString& option, const Subcommand* subcommand) {
     const int equals = option.Find(L'=');
     const CString name = equals < 0 ? option : option.Left(equals);
-    return SayFormat(L"没有选项 %s", Printable(name)) + Near(name, model.OptionNames(model.Chosen()));
+    return SayFormat(L"没有选项 %s", Printable(name)) + Near(name, OptionNames(subcommand));
 }
 
-CString ExtrasText(CommandLineModel& model) {
-    const std::vector<std::string> extras = model.Root().remaining(true);
-    const CString extra = extras.empty() ? CString() : FromUtf8(extras.front());
+CString ExtrasText(const CommandLineModel& model) {
+    const std::vector<CString> extras = model.GetRemaining();
+    const CString extra = extras.empty() ? CString() : extras.front();
     if (extra.GetLength() > 1 && extra.GetAt(0) == L'-')
-        return UnknownOptionText(extra, model);
+        return UnknownOptionText(extra, model.Chosen());
     if (!model.Chosen())
-        return UnknownSubcommandText(extra, model.SubcommandNames());
+        return UnknownSubcommandText(extra, SubcommandNames());
     return SayFormat(L"多余的参数“%s”", Printable(extra));
 }
 
@@ -121,30 +111,23 @@ bool IsRepeated(const CString& option, const std::vector<CString>& words) {
 
 }  // namespace
 
-void PrintHelp(CommandLineModel& model, CLI::App* subcommand, Output& output) {
-    output.Line(SayFormat(L"用法：%s", UsageLine(subcommand)));
-    output.Line(FromUtf8(subcommand ? subcommand->get_description() : model.Root().get_description()));
+void PrintHelp(const Subcommand* subcommand, Output& output) {
+    output.Line(SayFormat(L"用法：%s", Printable(UsageLine(subcommand))));
+    output.Line(subcommand ? Printable(TextOf(*subcommand, subcommand->description))
+                           : Say(L"日照分析共享数据的主机程序"));
     output.Line(L"");
-    if (!subcommand) {
-        TextTable subcommands({Align::Left, Align::Left});
-        for (const CString& name : model.SubcommandNames())
-            subcommands.Add({name, FromUtf8(model.FindSubcommand(name)->get_description())});
-        output.Line(Say(L"子命令："));
-        subcommands.PrintTo(output, 2);
-        output.Line(L"");
-    }
-    TextTable options({Align::Left, Align::Left});
-    if (subcommand)
-        AddOptions(*subcommand, options);
-    AddOptions(model.Root(), options);
-    output.Line(Say(L"选项："));
-    options.PrintTo(output, 2);
+    if (!subcommand)
+        PrintSubcommands(output);
+    PrintOptions(subcommand, output);
     if (!subcommand)
         PrintProgramNotes(output);
-    PrintExamples(subcommand ? subcommand->get_name() : std::string(), output);
+    PrintExamples(subcommand ? subcommand->examples
+                             : std::vector<CString>(std::begin(kProgramExamples), std::end(kProgramExamples)),
+                  output);
 }
 
-CString ExplainParseError(const CLI::ParseError& error, CommandLineModel& model, const std::vector<CString>& words) {
+CString ExplainParseError(const CLI::ParseError& error, const CommandLineModel& model,
+                          const std::vector<CString>& words) {
     if (dynamic_cast<const CLI::ExtrasError*>(&error))
         return ExtrasText(model);
     const CString option = OptionOf(error);
@@ -153,6 +136,13 @@ CString ExplainParseError(const CLI::ParseError& error, CommandLineModel& model,
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
         return SayFormat(L"选项 %s 后面缺少值", Printable(option));
     return Say(L"看不懂这个命令行");
+}
+
+std::vector<CString> SubcommandNames() {
+    std::vector<CString> names;
+    for (const Subcommand* row : HostSubcommands().GetAll())
+        names.push_back(row->name);
+    return names;
 }
 
 CString UnknownSubcommandText(const CString& name, const std::vector<CString>& names) {

@@ -6,18 +6,22 @@
 #include "platform/base/CString.h"
 
 namespace CLI {
-class App;
 class ParseError;
 }  // namespace CLI
 
 class CommandLineModel;
 class Output;
+struct Subcommand;
 
 // The help of a subcommand, or of the program for null.
-void PrintHelp(CommandLineModel& model, CLI::App* subcommand, Output& output);
+void PrintHelp(const Subcommand* subcommand, Output& output);
 
 // What a failed parse is to be told as, with the nearest names that exist.
-CString ExplainParseError(const CLI::ParseError& error, CommandLineModel& model, const std::vector<CString>& words);
+CString ExplainParseError(const CLI::ParseError& error, const CommandLineModel& model,
+                          const std::vector<CString>& words);
+
+// The names of all subcommands.
+std::vector<CString> SubcommandNames();
 
 // "no such subcommand" with the nearest of the names.
 CString UnknownSubcommandText(const CString& name, const std::vector<CString>& names);

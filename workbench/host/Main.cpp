@@ -10,7 +10,7 @@
 #include "platform/base/Support.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/ModuleLoader.h"
-#include "workbench/commands/WorkbenchEntry.h"
+#include "workbench/entry/WorkbenchEntry.h"
 #include "workbench/host/LanguageChoice.h"
 #include "workbench/host/PluginFolder.h"
 #include "workbench/host/StandardStreams.h"

@@ -8,10 +8,10 @@
 #include <csignal>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 #include "platform/base/PlainText.h"
-#include "workbench/commands/Completion.h"
 
 namespace {
 
@@ -106,13 +106,14 @@ void ShowMatches(const std::vector<CString>& matches) {
 
 }  // namespace
 
-TerminalLines::TerminalLines() {
+TerminalLines::TerminalLines(LineCompleter completer) : m_completer(std::move(completer)) {
     // The editor draws and reads by the character set of the process. Only that part of the locale is chosen here, and
     // the texts of the program are UTF-8 in any case.
     std::setlocale(LC_CTYPE, "C.UTF-8");
     m_editor = el_init("orvo", stdin, stdout, stderr);
     if (!IsUsable())
         return;
+    el_set(m_editor, EL_CLIENTDATA, this);
     el_set(m_editor, EL_GETCFN, ReadCharacter);
     el_set(m_editor, EL_PROMPT, &TerminalLines::PromptOf);
     el_set(m_editor, EL_EDITOR, "emacs");
@@ -136,15 +137,16 @@ unsigned char TerminalLines::Complete(EditLine* editor, int) {
     const LineInfo* info = el_line(editor);
     const CString line =
         FromUtf8(std::string_view(info->buffer, static_cast<std::size_t>(info->cursor - info->buffer)));
-    const std::vector<CString> matches = CompletionsOf(line);
-    if (matches.empty())
+    TerminalLines* self = nullptr;
+    el_get(editor, EL_CLIENTDATA, &self);
+    const LineCompletion completion = self->m_completer(line);
+    if (completion.choices.empty())
         return CC_REFRESH_BEEP;
-    const CString rest = RestOfWord(line, matches);
-    if (rest.IsEmpty()) {
-        ShowMatches(matches);
+    if (completion.rest.IsEmpty()) {
+        ShowMatches(completion.choices);
         return CC_REDISPLAY;
     }
-    return el_insertstr(editor, ToUtf8(rest.View()).c_str()) == 0 ? CC_REFRESH : CC_ERROR;
+    return el_insertstr(editor, ToUtf8(completion.rest.View()).c_str()) == 0 ? CC_REFRESH : CC_ERROR;
 }
 
 LineSource::Got TerminalLines::Next(CString& line) {

@@ -3,12 +3,13 @@
 
 #include <histedit.h>
 
+#include "workbench/terminal/LineCompletion.h"
 #include "workbench/terminal/LineHistory.h"
 #include "workbench/terminal/LineSource.h"
 
 class TerminalLines : public LineSource {
 public:
-    TerminalLines();
+    explicit TerminalLines(LineCompleter completer);
     ~TerminalLines() override;
 
     // Whether the terminal can be edited on at all.
@@ -20,6 +21,7 @@ private:
     static char* PromptOf(EditLine* editor);
     static unsigned char Complete(EditLine* editor, int key);
 
+    LineCompleter m_completer;
     LineHistory m_history;
     EditLine* m_editor = nullptr;
 };

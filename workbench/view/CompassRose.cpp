@@ -8,7 +8,7 @@
 #include <cmath>
 
 #include "workbench/view/ViewCamera.h"
-#include "workbench/window/WidgetText.h"
+#include "workbench/view/WidgetText.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "settings/AnalysisParameters.h"
 #include "workbench/view/CompassRose.h"
 #include "workbench/view/ScenePick.h"
-#include "workbench/window/WidgetText.h"
+#include "workbench/view/WidgetText.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <QKeyEvent>
 
 #include "workbench/commands/Completion.h"
+#include "workbench/view/WidgetText.h"
 #include "workbench/window/EditMenu.h"
-#include "workbench/window/WidgetText.h"
 
 namespace {
 
@@ -85,12 +85,9 @@ void CommandEdit::PasteLines() {
 
 void CommandEdit::Complete() {
     const CString before = Typed(text().left(cursorPosition()));
-    const std::vector<CString> completions = CompletionsOf(before);
-    if (completions.empty())
-        return;
-    const CString rest = RestOfWord(before, completions);
-    if (!rest.IsEmpty())
-        insert(Shown(rest));
-    else if (m_onChoices)
-        m_onChoices(completions);
+    const LineCompletion completion = CompleteLine(before);
+    if (!completion.rest.IsEmpty())
+        insert(Shown(completion.rest));
+    else if (m_onChoices && !completion.choices.empty())
+        m_onChoices(completion.choices);
 }

@@ -6,8 +6,8 @@
 #include <QScrollBar>
 
 #include "platform/base/PlainText.h"
+#include "workbench/view/WidgetText.h"
 #include "workbench/window/EditMenu.h"
-#include "workbench/window/WidgetText.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 
-#include "workbench/window/WidgetText.h"
+#include "workbench/view/WidgetText.h"
 
 void ShowEditMenu(QLineEdit& edit, const QPoint& at, const std::function<void()>& paste) {
     QMenu menu(&edit);

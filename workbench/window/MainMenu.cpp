@@ -7,7 +7,7 @@
 
 #include "platform/base/Language.h"
 #include "workbench/commands/Completion.h"
-#include "workbench/window/WidgetText.h"
+#include "workbench/view/WidgetText.h"
 
 namespace {
 

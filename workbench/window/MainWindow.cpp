@@ -24,9 +24,9 @@
 #include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/PromptLine.h"
 #include "workbench/view/SceneView.h"
+#include "workbench/view/WidgetText.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
-#include "workbench/window/WidgetText.h"
 #include "workbench/window/WindowIcon.h"
 
 namespace {

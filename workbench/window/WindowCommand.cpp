@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "platform/host/ExitCode.h"
+#include "platform/host/Subcommands.h"
 #include "platform/window/HostFrame.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
@@ -53,4 +54,13 @@ int RunWindow(const WindowOptions& options) {
 bool IsStartedFromDesktop(const std::vector<CString>& words) {
     const bool hasDisplay = IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY");
     return hasDisplay && !MayHoldLines(STDIN_FILENO) && AsksForPrompt(words);
+}
+
+Subcommand WindowSubcommand() {
+    return {L"window",
+            L"打开窗口：三维视图、命令行和菜单",
+            {ValueOption(L"FILE", L"", L"要打开的 DXF 文件；不给出时不打开图形")},
+            {L"orvo window", L"orvo window house.dxf"},
+            [](SubcommandCall& call) { return RunWindow({call.GetValue(L"FILE")}); },
+            Say};
 }

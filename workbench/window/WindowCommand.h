@@ -6,6 +6,8 @@
 
 #include "platform/base/CString.h"
 
+struct Subcommand;
+
 struct WindowOptions {
     std::optional<CString> file;  // a drawing to open at once
 };
@@ -17,3 +19,6 @@ int RunWindow(const WindowOptions& options);
 // Whether a program that was started with these words should show its window: they ask for nothing, there is a display,
 // and nobody types at a terminal or into a pipe, because the program was started from a desktop.
 bool IsStartedFromDesktop(const std::vector<CString>& words);
+
+// Its row of the host's table.
+Subcommand WindowSubcommand();

@@ -1,5 +1,5 @@
 // Converts texts through UTF-8, which both sides know whatever the width of their characters.
-#include "workbench/window/WidgetText.h"
+#include "workbench/view/WidgetText.h"
 
 #include "workbench/Texts.h"
 

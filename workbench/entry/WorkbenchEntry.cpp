@@ -1,5 +1,5 @@
 // The workbench library's exported functions.
-#include "workbench/commands/WorkbenchEntry.h"
+#include "workbench/entry/WorkbenchEntry.h"
 
 #include <exception>
 #include <vector>
@@ -8,11 +8,13 @@
 #include "platform/host/DynamicLinker.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/HostMessages.h"
+#include "platform/host/Subcommands.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/Prompt.h"
+#include "workbench/entry/OwnSubcommands.h"
 #include "workbench/terminal/CollectedOutput.h"
 #include "workbench/terminal/Complaint.h"
 #include "workbench/window/WindowCommand.h"
@@ -37,6 +39,14 @@ int Run(int argc, const char* const* argv) {
     return AsksForPrompt(words) ? RunPrompt(output) : RunWords(words, WordsFrom::CommandLine, output);
 }
 
+int BringSubcommands(void* applicationHandle) {
+    CString reason;
+    if (AddOwnSubcommands(applicationHandle, reason))
+        return AcRx::kRetOK;
+    Complain(reason);
+    return AcRx::kRetError;
+}
+
 // The module, which is unloaded next, saves what is in force then.
 void PrepareLastSave() {
     try {
@@ -59,9 +69,13 @@ extern "C" ORVO_API int OrvoWorkbenchRun(int argc, const char* const* argv) {
 }
 
 extern "C" int acrxEntryPoint(int message, void* applicationHandle) {
-    if (message == AcRx::kInitAppMsg)
+    if (message == AcRx::kInitAppMsg) {
         acrxUnlockApplication(applicationHandle);
-    else if (message == AcRx::kUnloadAppMsg)
+        return BringSubcommands(applicationHandle);
+    }
+    if (message == AcRx::kUnloadAppMsg) {
+        HostSubcommands().Forget(applicationHandle);
         PrepareLastSave();
+    }
     return AcRx::kRetOK;
 }
