@@ -1,5 +1,5 @@
-// The program orvo: chooses the language, prepares the user's folder, opens the module and the workbench, lets the
-// workbench do what was asked for, and closes both again.
+// The program orvo: chooses the language, prepares the user's folder, opens the module, the workbench and further
+// plug-ins, lets the workbench do what was asked for, and closes them again in reverse.
 #include <dlfcn.h>
 
 #include <cstdio>
@@ -12,6 +12,7 @@
 #include "platform/host/ModuleLoader.h"
 #include "workbench/entry/WorkbenchEntry.h"
 #include "workbench/host/LanguageChoice.h"
+#include "workbench/host/PlugIns.h"
 #include "workbench/host/PluginFolder.h"
 #include "workbench/host/StandardStreams.h"
 
@@ -52,7 +53,13 @@ int RunWorkbench(int argc, char** argv, FileLock& lock) {
         Complain(PlatformText(L"程序库 OrvoWorkbench.so 与程序不匹配，请重新安装。"));
         return kExitFailed;
     }
-    const int code = run(argc, argv);
+    int code = kExitOk;
+    {
+        PlugIns plugIns;
+        for (const CString& error : plugIns.Load(PlugInsNamed(argc, argv)))
+            Complain(error);
+        code = run(argc, argv);
+    }
     LockSettings(lock);
     return code;
 }

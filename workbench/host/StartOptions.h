@@ -1,0 +1,9 @@
+// The options that the program itself goes by, before the workbench reads the whole command line.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+// The values of each "OPTION VALUE" and "OPTION=VALUE" among the arguments, argv[0] being the program; an empty one
+// where the value is missing. What follows "--" is no option. Whether they make sense is the workbench's to say.
+std::vector<std::string_view> OptionValues(int argc, const char* const* argv, std::string_view option);
