@@ -7,10 +7,11 @@ std::vector<std::string_view> OptionValues(int argc, const char* const* argv, st
         const std::string_view argument(argv[i]);
         if (argument == "--")
             break;
-        if (argument == option)
-            values.push_back(++i < argc ? argv[i] : std::string_view());
-        else if (argument.substr(0, option.size()) == option && argument.substr(option.size(), 1) == "=")
+        const bool isJoined = argument.substr(0, option.size()) == option && argument.substr(option.size(), 1) == "=";
+        if (isJoined && argument.size() > option.size() + 1)
             values.push_back(argument.substr(option.size() + 1));
+        else if (isJoined || argument == option)
+            values.push_back(++i < argc ? argv[i] : std::string_view());
     }
     return values;
 }

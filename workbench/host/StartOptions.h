@@ -5,5 +5,6 @@
 #include <vector>
 
 // The values of each "OPTION VALUE" and "OPTION=VALUE" among the arguments, argv[0] being the program; an empty one
-// where the value is missing. What follows "--" is no option. Whether they make sense is the workbench's to say.
+// where the value is missing. Like the workbench it takes the next argument for the value of a lone "OPTION=", too.
+// What follows "--" is no option. Whether they make sense is the workbench's to say.
 std::vector<std::string_view> OptionValues(int argc, const char* const* argv, std::string_view option);
