@@ -5,12 +5,12 @@
 
 #include <algorithm>
 #include <csignal>
-#include <exception>
 
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
+#include "workbench/commands/GuardedRun.h"
 #include "workbench/commands/UsageText.h"
 #include "workbench/terminal/CollectedOutput.h"
 #include "workbench/terminal/Complaint.h"
@@ -86,20 +86,11 @@ private:
     Progress& m_progress;
 };
 
-int TellOfError(const CString& what, CollectedOutput& output) {
-    output.Drop();
-    Complain(SayFormat(L"内部错误：%s", what));
-    return kExitFailed;
-}
-
 int RunRow(const Subcommand& row, SubcommandCall& call, CollectedOutput& output) {
-    try {
-        return row.run(call);
-    } catch (const std::exception& error) {
-        return TellOfError(FromUtf8(error.what()), output);
-    } catch (...) {  // a plug-in may throw anything
-        return TellOfError(SayFormat(L"子命令 %s 出错", row.name), output);
-    }
+    const std::optional<int> code = RunGuarded(row.name, [&] { return row.run(call); });
+    if (!code)
+        output.Drop();
+    return code.value_or(kExitFailed);
 }
 
 // A signal that cancelled one of several lines is not for that line alone, unless somebody at a terminal gave it up

@@ -10,6 +10,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/Completion.h"
+#include "workbench/commands/GuardedRun.h"
 #include "workbench/commands/LineWords.h"
 #include "workbench/commands/StandardNotice.h"
 #include "workbench/commands/UsageText.h"
@@ -35,14 +36,17 @@ int UnknownCommand(const CString& word) {
 }
 
 int RunHostCommand(const AcEdCommand& command) {
-    const StandardNotice notice(command);
-    {
-        const ZoneEditorWatch watch;
-        command.m_pFunction();
-        watch.Report();
-    }
-    notice.Tell();
-    return std::fflush(stdout) == 0 ? kExitOk : kExitFailed;
+    const std::optional<int> code = RunGuarded(command.m_strName, [&command] {
+        const StandardNotice notice(command);
+        {
+            const ZoneEditorWatch watch;
+            command.m_pFunction();
+            watch.Report();
+        }
+        notice.Tell();
+        return static_cast<int>(kExitOk);
+    });
+    return std::fflush(stdout) == 0 ? code.value_or(kExitFailed) : static_cast<int>(kExitFailed);
 }
 
 int RunLineWords(std::vector<CString> words, CollectedOutput& output) {

@@ -3,11 +3,11 @@
 #include <stdexcept>
 
 #include "platform/host/CommandLine.h"
-#include "platform/host/DynamicLinker.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/HostMessages.h"
 #include "platform/host/Output.h"
 #include "platform/host/Progress.h"
+#include "platform/host/RxRegistry.h"
 #include "platform/host/Subcommands.h"
 
 namespace {
@@ -92,6 +92,10 @@ Subcommand WorkRow(const wchar_t* name) {
     return row;
 }
 
+void ThrowNumber() {
+    throw 42;
+}
+
 void Add(const Subcommand& row, void* applicationHandle) {
     CString reason;
     if (!HostSubcommands().Add(row, applicationHandle, reason))
@@ -109,11 +113,14 @@ extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle) {
 #endif
         Add(EchoRow(ECHO_NAME), applicationHandle);
         Add(WorkRow(ECHO_NAME L"-work"), applicationHandle);
+        HostCommandStack().addCommand(ECHO_NAME L"-commands", ECHO_NAME L"-command", 0, ThrowNumber);
 #ifdef ECHO_WANTS_INFO
         Add(EchoRow(L"info"), applicationHandle);
 #endif
     }
-    if (message == AcRx::kUnloadAppMsg)
+    if (message == AcRx::kUnloadAppMsg) {
+        HostCommandStack().removeGroup(ECHO_NAME L"-commands");
         acutPrintf(HostSubcommands().Find(L"info") ? L"\n" ECHO_NAME L" goes" : L"\n" ECHO_NAME L" goes too late");
+    }
     return AcRx::kRetOK;
 }

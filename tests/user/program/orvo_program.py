@@ -15,6 +15,8 @@ SHIPPED = os.path.join(PREFIX, "share", "orvo")
 CONFIG_FILES = ["SunSet.xml", "SunTerm.xml", "zone.xml"]
 
 OK, FAILED, USAGE = 0, 1, 2
+# What runs in the background of a shell ignores interrupts, and the program would inherit that.
+signal.signal(signal.SIGINT, signal.default_int_handler)
 NOBODY = 65534
 
 
