@@ -12,7 +12,8 @@
 ORVO_API int EditDistance(const CString& left, const CString& right);
 
 // Up to three of the candidates that lie nearest to the name, nearest first and in their own order where equally near:
-// those that hold the name or are held by it, then those of which at most half the characters differ.
+// those that hold the name or are held by it, then those of which at most half the characters differ (of the longer
+// of the two). A name that several candidates share is given once.
 ORVO_API std::vector<CString> NearestNames(const CString& name, const std::vector<CString>& candidates);
 
 // The names with the separator of the language between them, made printable.

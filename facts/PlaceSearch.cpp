@@ -1,6 +1,8 @@
 // Walking and searching the place database.
 #include "facts/PlaceSearch.h"
 
+#include <algorithm>
+
 #include "facts/FactsTexts.h"
 #include "facts/NearestNames.h"
 #include "frame/ConfigDictionaries.h"
@@ -33,9 +35,20 @@ Place PlaceOf(const QcDtDictionary& province, const QcDtDictItem& city) {
     return PlaceOf(RecordOf(province, city));
 }
 
+bool IsCity(const QcDtDictItem& item) {
+    return item.GetType() != QcDtKindDictionary;
+}
+
+// The first city of the name, which a deeper level may bear, too.
 const QcDtDictItem* CityOf(const QcDtDictionary& province, const CString& name) {
     const QcDtDictItem* item = province.FindItem(name);
-    return item && item->GetType() != QcDtKindDictionary ? item : nullptr;
+    if (!item || IsCity(*item))
+        return item;
+    for (int i = 0; i < province.GetCount(); ++i) {
+        if (IsCity(*province.GetItem(i)) && province.GetItem(i)->GetName() == name)
+            return province.GetItem(i);
+    }
+    return nullptr;
 }
 
 std::optional<Place> FindInProvince(const QcDtDictionary& province, const CString& name) {
@@ -52,13 +65,44 @@ bool Holds(const CString& text, CString part) {
     return folded.MakeLower().Find(part.MakeLower()) >= 0;
 }
 
-std::vector<CString> CitiesOf(const QcDtDictionary& province, int most) {
+// A city's item, and the dictionary that it stands in.
+struct City {
+    const QcDtDictionary* province;
+    const QcDtDictItem* item;
+};
+
+// The cities of one province, which may stand in the database more than once; of all provinces for null.
+std::vector<City> CitiesOf(const CString* provinceName) {
+    std::vector<City> cities;
+    for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
+        const QcDtDictionary* province = ProvinceAt(i);
+        if (!province || (provinceName && province->GetName() != *provinceName))
+            continue;
+        for (int j = 0; j < province->GetCount(); ++j) {
+            if (IsCity(*province->GetItem(j)))
+                cities.push_back({province, province->GetItem(j)});
+        }
+    }
+    return cities;
+}
+
+// Some names of a province's cities, each once.
+std::vector<CString> ExamplesOf(const CString& province) {
+    constexpr std::size_t kMostExamples = 3;
     std::vector<CString> names;
-    for (int i = 0; i < province.GetCount() && static_cast<int>(names.size()) < most; ++i) {
-        if (province.GetItem(i)->GetType() != QcDtKindDictionary)
-            names.push_back(province.GetItem(i)->GetName());
+    for (const City& city : CitiesOf(&province)) {
+        const CString name = city.item->GetName();
+        if (names.size() < kMostExamples && std::find(names.begin(), names.end(), name) == names.end())
+            names.push_back(name);
     }
     return names;
+}
+
+CString ProvinceText(const CString& province) {
+    const std::vector<CString> examples = ExamplesOf(province);
+    if (examples.empty())
+        return FactsFormat(L"“%s”是省份，其中没有地区。", Printable(province));
+    return FactsFormat(L"“%s”是省份，请写其中的一个地区，例如：%s", Printable(province), JoinNames(examples));
 }
 
 bool IsSamePosition(const OrvoZoneRecord& record, const Place& place) {
@@ -73,15 +117,9 @@ std::vector<Place> AllPlaces() {
 
 std::vector<Place> PlacesWith(const CString& text) {
     std::vector<Place> places;
-    for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
-        const QcDtDictionary* province = ProvinceAt(i);
-        for (int j = 0; province && j < province->GetCount(); ++j) {
-            const QcDtDictItem& city = *province->GetItem(j);
-            if (city.GetType() == QcDtKindDictionary)
-                continue;
-            if (Holds(city.GetName(), text) || Holds(province->GetName(), text))
-                places.push_back(PlaceOf(*province, city));
-        }
+    for (const City& city : CitiesOf(nullptr)) {
+        if (Holds(city.item->GetName(), text) || Holds(city.province->GetName(), text))
+            places.push_back(PlaceOf(*city.province, *city.item));
     }
     return places;
 }
@@ -92,9 +130,16 @@ std::optional<Place> FindPlace(const CString& name) {
         if (std::optional<Place> found = province ? FindInProvince(*province, name) : std::nullopt)
             return found;
     }
-    const int slash = name.Find(L'/');
-    const QcDtDictionary* province = slash < 0 ? nullptr : g_dictSunZone.FindDict(name.Left(slash));
-    return province ? FindInProvince(*province, name.Mid(slash + 1)) : std::nullopt;
+    // A province may stand there more than once, and either name may hold a stroke itself.
+    for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
+        const QcDtDictionary* province = ProvinceAt(i);
+        const CString start = province ? province->GetName() + L"/" : CString();
+        if (!province || name.Left(start.GetLength()) != start)
+            continue;
+        if (std::optional<Place> found = FindInProvince(*province, name.Mid(start.GetLength())))
+            return found;
+    }
+    return std::nullopt;
 }
 
 std::optional<Place> CurrentPlace() {
@@ -102,10 +147,8 @@ std::optional<Place> CurrentPlace() {
 }
 
 CString UnknownPlaceText(const CString& name) {
-    constexpr int kMostExamples = 3;
-    if (const QcDtDictionary* province = g_dictSunZone.FindDict(name))
-        return FactsFormat(L"“%s”是省份，请写其中的一个地区，例如：%s", Printable(name),
-                           JoinNames(CitiesOf(*province, kMostExamples)));
+    if (g_dictSunZone.FindDict(name))
+        return ProvinceText(name);
     std::vector<CString> names;
     const bool isFullName = name.Find(L'/') >= 0;
     for (const Place& place : AllPlaces())
@@ -119,12 +162,11 @@ CString UnknownPlaceText(const CString& name) {
 }
 
 OrvoZoneRecord RecordOf(const Place& place) {
-    for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
-        const QcDtDictionary* province = ProvinceAt(i);
-        const QcDtDictItem* city =
-            province && province->GetName() == place.province ? CityOf(*province, place.city) : nullptr;
-        if (city && IsSamePosition(RecordOf(*province, *city), place))
-            return RecordOf(*province, *city);
+    for (const City& city : CitiesOf(&place.province)) {
+        if (city.item->GetName() != place.city)
+            continue;
+        if (const OrvoZoneRecord record = RecordOf(*city.province, *city.item); IsSamePosition(record, place))
+            return record;
     }
     OrvoZoneRecord record;
     record.m_strProvince = place.province;

@@ -18,7 +18,8 @@ ORVO_API std::vector<Place> AllPlaces();
 // database; all of them for an empty text.
 ORVO_API std::vector<Place> PlacesWith(const CString& text);
 
-// The first city of this exact name in the order of the database; or, for a name "PROVINCE/CITY", that city.
+// The first city of this exact name in the order of the database; or, for a name "PROVINCE/CITY", the first such one. A
+// province may stand in the database more than once.
 ORVO_API std::optional<Place> FindPlace(const CString& name);
 
 // The current place of the settings (g_SunDataSet), which they keep by its name alone: their own position is not known
