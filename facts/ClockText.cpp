@@ -17,6 +17,17 @@ int Seconds(double hours) {
     return static_cast<int>(std::lround(hours * kHour));
 }
 
+// Which day a time lies on, counted from today; empty for today.
+CString DayMark(int days) {
+    if (days == 0)
+        return CString();
+    if (days == 1)
+        return FactsText(L"（次日）");
+    if (days == -1)
+        return FactsText(L"（前一日）");
+    return days > 0 ? FactsFormat(L"（%d 日后）", days) : FactsFormat(L"（%d 日前）", -days);
+}
+
 }  // namespace
 
 std::optional<int> ParseClock(const CString& text) {
@@ -32,14 +43,12 @@ std::optional<int> ParseClock(const CString& text) {
 
 CString ClockText(double hours) {
     const int seconds = Seconds(hours);
-    const int dayOffset = seconds < 0 ? -1 : seconds / kDay;
-    const int second = seconds - dayOffset * kDay;
+    const bool isBefore = seconds % kDay < 0;
+    const int days = seconds / kDay - (isBefore ? 1 : 0);
+    const int second = seconds % kDay + (isBefore ? kDay : 0);
     CString text;
     text.Format(L"%02d:%02d:%02d", second / kHour, second / kMinute % kMinute, second % kMinute);
-    if (dayOffset < 0)
-        text += FactsText(L"（前一日）");
-    else if (dayOffset > 0)
-        text += FactsText(L"（次日）");
+    text += DayMark(days);
     return text;
 }
 

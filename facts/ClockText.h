@@ -10,8 +10,8 @@
 // other text.
 ORVO_API std::optional<int> ParseClock(const CString& text);
 
-// A time of day in decimal hours as HH:MM:SS, rounded to the second; a time before 0 or from 24 on is marked as one of
-// the day before or after. The time is a finite number within a few days.
+// A time of day in decimal hours as HH:MM:SS, rounded to the second; a time before 0 or from 24 on is marked with the
+// day before or after that it lies on. The time is a finite number within a few days.
 ORVO_API CString ClockText(double hours);
 
 // A signed duration of less than some hours, such as "+1分53秒", rounded to the second.
