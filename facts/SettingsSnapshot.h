@@ -1,23 +1,20 @@
 // The settings as they were, to go back to when they cannot be saved.
 #pragma once
 
-#include <memory>
+#include <vector>
 
 #include "platform/base/Api.h"
-#include "platform/base/QcDtDictionary.h"
-#include "zone/OrvoZoneRecord.h"
+#include "settings/OrvoDataSet.h"
 
-class OrvoDataSet;
-
-// Remembers everything that a settings file holds, the list of standards included, and the position of the place.
-// (A copy of the data set would not do: standards lose their colours when they are assigned.)
+// Remembers every value of the settings, those that no file keeps included: all but the tables of solar terms in their
+// dates.
 class ORVO_API SettingsSnapshot {
 public:
     explicit SettingsSnapshot(const OrvoDataSet& settings);
+    // The standards are new objects afterwards.
     void Restore(OrvoDataSet& settings) const;
 
 private:
-    std::unique_ptr<QcDtDictionary> m_form;
-    OrvoZoneRecord m_place;
-    int m_wholeStep;
+    OrvoDataSet m_settings;
+    std::vector<OrvoColorTable> m_colors;  // of each standard, which loses them when it is copied
 };
