@@ -45,7 +45,10 @@ CString UnknownStandardText(const OrvoDataSet& settings, const CString& name) {
 
 void UseStandard(OrvoDataSet& settings, int index) {
     settings.SetCurStdIndex(index);
-    const Standard standard = StandardOf(settings.CurStd());
+    const OrvoStdSet* chosen = StandardAt(settings, index);
+    if (!chosen)
+        return;
+    const Standard standard = StandardOf(*chosen);
     SetOwnDay(settings, standard.day);
     if (standard.HasSpan()) {
         SetOwnStart(settings, static_cast<int>(std::lround(standard.start * 60.0)));
