@@ -1,7 +1,9 @@
 // The choice of the table, and the module's answers about a day as one value.
 #include "facts/DayTerms.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "calendar/BuiltInTerms.h"
 #include "calendar/OrvoDate.h"
@@ -61,19 +63,25 @@ std::vector<SolarTerm> TableOf(OrvoDate& date) {
     return table;
 }
 
-int DayIndex(const CalendarDay& day) {
+// In a type that takes the sum of two whatever the day is.
+long long DayIndex(const CalendarDay& day) {
     return OrvoDate(day.year, day.month, day.day).GetDayIndex();
 }
 
+bool IsBeforeALeapYear(int year) {
+    return (static_cast<long long>(year) + 1) % 4 == 0;
+}
+
 // Days from a day to a term's, which lies in the next year when it comes no later in this one; that year's own table
-// then tells its day.
-int DaysTo(int index, const DayTerms& terms) {
-    const int days = DayIndex(terms.table[static_cast<std::size_t>(index)].day) - DayIndex(terms.day);
-    if (days > 0)
-        return days;
-    OrvoDate nextYear = DateWithTerms({terms.day.year + 1, 1, 1});
-    const int daysOfYear = terms.isLeapYear ? 366 : 365;
-    return daysOfYear - DayIndex(terms.day) + DayIndex(TableOf(nextYear)[static_cast<std::size_t>(index)].day);
+// then tells its day. A day that no calendar has may lie anywhere.
+int DaysTo(std::size_t index, const DayTerms& terms) {
+    long long days = DayIndex(terms.table[index].day) - DayIndex(terms.day);
+    if (days <= 0) {
+        OrvoDate nextYear = DateWithTerms({IsBeforeALeapYear(terms.day.year) ? kLeapYear : kCommonYear, 1, 1});
+        const int daysOfYear = terms.isLeapYear ? 366 : 365;
+        days = daysOfYear - DayIndex(terms.day) + DayIndex(TableOf(nextYear)[index].day);
+    }
+    return static_cast<int>(std::clamp<long long>(days, 0, std::numeric_limits<int>::max()));
 }
 
 }  // namespace
@@ -99,10 +107,10 @@ DayTerms TermsFor(const CalendarDay& day) {
     terms.day = day;
     terms.isLeapYear = date.IsLeapYear();
     terms.table = TableOf(date);
-    const int index = date.GetSTermIndex(terms.isItsDay);
-    const int next = (index + 1) % kTermCount;
-    terms.term = terms.table[static_cast<std::size_t>(index)];
-    terms.next = terms.table[static_cast<std::size_t>(next)].name;
+    const std::size_t index = static_cast<std::size_t>(date.GetSTermIndex(terms.isItsDay));
+    const std::size_t next = (index + 1) % kTermCount;
+    terms.term = terms.table[index];
+    terms.next = terms.table[next].name;
     terms.daysToNext = DaysTo(next, terms);
     terms.declination = date.GetDgLat();
     terms.equationOfTime = date.GetDgTime();

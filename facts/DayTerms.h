@@ -25,7 +25,7 @@ struct ORVO_API DayTerms {
     SolarTerm term;             // the one in force: the last one on or before the day
     bool isItsDay = false;      // the day is the term's own
     CString next;               // the following term's name
-    int daysToNext = 0;         // until the following term's own day
+    int daysToNext = 0;         // until the following term's own day; not negative, whatever the day is
     double declination = 0;     // of the day, degrees, north positive
     double equationOfTime = 0;  // of the day, hours
 

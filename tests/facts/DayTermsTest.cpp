@@ -1,6 +1,8 @@
 // One table of terms for everybody: the file's where it can be used, else the built-in one.
 #include "facts/DayTerms.h"
 
+#include <limits>
+
 #include "facts/FactsStage.h"
 #include "support/Folders.h"
 
@@ -98,4 +100,22 @@ TEST_F(TermsOfADay, GoByTheNextYearsOwnTable) {
     ASSERT_TRUE(HasUsableTermFile());
     EXPECT_EQ(TermsFor({2026, 12, 31}).daysToNext, 6);
     EXPECT_EQ(TermsFor({2027, 12, 31}).daysToNext, 9);
+}
+
+TEST_F(TermsOfADay, AreSomeOfTheTableForAbsurdDaysToo) {
+    constexpr int kLeast = std::numeric_limits<int>::min();
+    constexpr int kMost = std::numeric_limits<int>::max();
+    for (const int year : {kLeast, -1, 0, 2025, kMost}) {
+        for (const int month : {kLeast, 0, 1, 13, kMost}) {
+            for (const int day : {kLeast, 0, 32, kMost}) {
+                const DayTerms terms = TermsFor({year, month, day});
+                EXPECT_EQ(terms.table.size(), 24U);
+                EXPECT_EQ(terms.term.name, terms.table.at(static_cast<std::size_t>(terms.term.index)).name);
+                EXPECT_GE(terms.daysToNext, 0);
+            }
+        }
+    }
+    EXPECT_EQ(TermsFor({kMost, 12, 31}).daysToNext, 6) << "into a leap year";
+    EXPECT_EQ(TermsFor({kMost, 1, 6}).daysToNext, 14);
+    EXPECT_EQ(TermsFor({2025, 1, kLeast}).daysToNext, kMost);
 }
