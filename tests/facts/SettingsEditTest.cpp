@@ -84,15 +84,15 @@ TEST_F(SettingsEdit, KeepsTheTermsOfADayThatItChanges) {
 
 TEST_F(SettingsEdit, PutsASpanAsAnglesAndInWholeNumbers) {
     SetStart(m_settings, 7 * 60 + 5);
-    SetEnd(m_settings, 24 * 60);
+    SetEnd(m_settings, 23 * 60 + 45);
     EXPECT_EQ(m_settings.m_dgStartTime.getDegree(), 7.0 + 5.0 / 60.0);
     EXPECT_EQ(m_settings.m_nStartHour, 7);
     EXPECT_EQ(m_settings.m_nStartMinute, 5);
-    EXPECT_EQ(m_settings.m_dgEndTime.getDegree(), 24.0);
-    EXPECT_EQ(m_settings.m_nEndHour, 24);
-    EXPECT_EQ(m_settings.m_nEndMinute, 0);
+    EXPECT_EQ(m_settings.m_dgEndTime.getDegree(), 23.75);
+    EXPECT_EQ(m_settings.m_nEndHour, 23);
+    EXPECT_EQ(m_settings.m_nEndMinute, 45);
     EXPECT_EQ(Current().m_dgStartTime.getDegree(), 7.0 + 5.0 / 60.0);
-    EXPECT_EQ(Current().m_dgEndTime.getDegree(), 24.0);
+    EXPECT_EQ(Current().m_dgEndTime.getDegree(), 23.75);
     ExpectUntouched(Other());
     int hour = 0;
     int minute = 0;
@@ -100,13 +100,13 @@ TEST_F(SettingsEdit, PutsASpanAsAnglesAndInWholeNumbers) {
     Current().m_dgStartTime.getDegree(hour, minute, second);
     EXPECT_EQ(hour * 3600 + minute * 60 + second, 7 * 3600 + 5 * 60) << "the angle's own split";
     SetOwnStart(m_settings, 10 * 60 + 59);
-    SetOwnEnd(m_settings, 11 * 60);
+    SetOwnEnd(m_settings, 24 * 60);
     EXPECT_EQ(m_settings.m_nStartHour * 60 + m_settings.m_nStartMinute, 10 * 60 + 59);
     EXPECT_EQ(m_settings.m_dgStartTime.getDegree(), 10.0 + 59.0 / 60.0);
-    EXPECT_EQ(m_settings.m_nEndHour * 60 + m_settings.m_nEndMinute, 11 * 60);
-    EXPECT_EQ(m_settings.m_dgEndTime.getDegree(), 11.0);
+    EXPECT_EQ(m_settings.m_nEndHour * 60 + m_settings.m_nEndMinute, 24 * 60);
+    EXPECT_EQ(m_settings.m_dgEndTime.getDegree(), 24.0);
     EXPECT_EQ(Current().m_dgStartTime.getDegree(), 7.0 + 5.0 / 60.0);
-    EXPECT_EQ(Current().m_dgEndTime.getDegree(), 24.0);
+    EXPECT_EQ(Current().m_dgEndTime.getDegree(), 23.75);
 }
 
 TEST_F(SettingsEdit, PutsAStepAndItsWholeNumber) {
