@@ -8,8 +8,15 @@
 
 namespace {
 
-// What the file holds, through the settings' own reading and writing, so that only values are compared, not ways of
-// writing them. Null for a damaged file.
+// The settings as a file gives them back: the module reads some values otherwise than it writes them, such as a step
+// with a fraction. So nothing that only a reading has changed counts as somebody's change.
+std::unique_ptr<QcDtDictionary> FileFormOf(const OrvoDataSet& settings) {
+    OrvoDataSet read;
+    read.LoadSunDataSetDict(FormOf(settings).get());
+    return FormOf(read);
+}
+
+// What the file holds, likewise, so that only values are compared, not ways of writing them. Null for a damaged file.
 std::unique_ptr<QcDtDictionary> ReadForm(const CString& path) {
     QcDtDictionary file;
     OrvoDataSet read;
@@ -23,11 +30,11 @@ std::unique_ptr<QcDtDictionary> ReadForm(const CString& path) {
 std::vector<SettingsConflict> OthersChanges::ConflictsWith(const OrvoDataSet& settings) const {
     if (IsEmpty())
         return {};
-    return MergeSettings(*m_known, *FormOf(settings), *m_theirs).conflicts;
+    return MergeSettings(*m_known, *FileFormOf(settings), *m_theirs).conflicts;
 }
 
 void SettingsFile::Remember(const OrvoDataSet& settings, const CString& path) {
-    m_known = FormOf(settings);
+    m_known = FileFormOf(settings);
     m_path = path;
     m_isSound = path.IsEmpty() || ReadForm(path);
 }
@@ -46,7 +53,7 @@ SettingsFile::State SettingsFile::TakeIn(OrvoDataSet& settings, const CString& p
     }
     if (IsSameItem(m_known.get(), theirs.get()))
         return State::Sound;
-    PutInForce(*MergeSettings(*m_known, *FormOf(settings), *theirs).form, settings);
+    PutInForce(*MergeSettings(*m_known, *FileFormOf(settings), *theirs).form, settings);
     changes = OthersChanges(std::move(m_known), std::unique_ptr<QcDtDictionary>(theirs->Clone()));
     m_known = std::move(theirs);
     return State::Sound;

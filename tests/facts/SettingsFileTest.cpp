@@ -75,6 +75,21 @@ TEST_F(SettingsFiles, LeaveTheSettingsAloneWhereNobodyWrote) {
     EXPECT_EQ(&m_settings.GetStd(0), standard);
 }
 
+TEST_F(SettingsFiles, TakeNoValueForAnothersThatTheFileGivesBackOtherwise) {
+    m_settings.m_dSpace = 4.5;  // which is read as whole minutes
+    Write(m_settings);
+    m_file.Remember(m_settings, m_path);
+    EXPECT_EQ(TakeIn(), State::Sound);
+    EXPECT_TRUE(m_others.IsEmpty());
+    EXPECT_EQ(m_settings.m_dSpace, 4.5);
+    OrvoDataSet theirs(m_settings);
+    theirs.m_dSpace = 6.0;
+    Write(theirs);
+    EXPECT_EQ(TakeIn(), State::Sound);
+    EXPECT_EQ(Conflicts(), 0U) << "only the others have changed it";
+    EXPECT_EQ(m_settings.m_dSpace, 6.0);
+}
+
 TEST_F(SettingsFiles, TellTheConflictOfAChangeThatCameAfterTheTakingIn) {
     OrvoDataSet theirs(m_settings);
     theirs.m_dSpace = 4.0;
