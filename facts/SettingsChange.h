@@ -18,7 +18,7 @@ public:
     SettingsChange& operator=(const SettingsChange&) = delete;
 
     // False, and why in the messages, when another program keeps the file locked. A file that was damaged meanwhile is
-    // told, too.
+    // told, too. Where no lock can be made (in a folder that cannot be written, say), it begins without one.
     bool Begin();
     // Saves the settings, and tells what others had changed, too. False, and why in the messages, when they cannot be
     // saved.

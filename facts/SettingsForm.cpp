@@ -2,6 +2,7 @@
 #include "facts/SettingsForm.h"
 
 #include <cmath>
+#include <string_view>
 
 #include "settings/OrvoDataSet.h"
 
@@ -36,6 +37,10 @@ bool HasSameItems(const QcDtDictionary& left, const QcDtDictionary& right) {
             return false;
     }
     return true;
+}
+
+bool IsDate(const StandardField& field) {
+    return std::wstring_view(field.key) == kDate;
 }
 
 }  // namespace
@@ -106,7 +111,7 @@ bool IsSameItem(const QcDtDictItem* left, const QcDtDictItem* right) {
 }
 
 std::unique_ptr<QcDtDictItem> FieldValue(const QcDtDictionary& standard, const StandardField& field) {
-    if (field.key == kDate) {
+    if (IsDate(field)) {
         auto date = std::make_unique<QcDtDictStringItem>(kDate);
         date->SetStringValue(standard.GetAttributeValue(kDate));
         return date;
@@ -118,7 +123,7 @@ std::unique_ptr<QcDtDictItem> FieldValue(const QcDtDictionary& standard, const S
 void SetFieldValue(QcDtDictionary& standard, const StandardField& field, const QcDtDictItem* value) {
     if (!value)
         return;
-    if (field.key == kDate) {
+    if (IsDate(field)) {
         standard.SetAttributeValue(kDate, value->GetStringValue());
         return;
     }
