@@ -33,6 +33,7 @@ TEST(FieldsOfAStandard, AreAllThatItHas) {
     OrvoStdSet another = Another();
     another.m_colors.m_listType.Append(99);
     const OrvoStdSet defaults;
+    EXPECT_EQ(StandardFields().size(), static_cast<std::size_t>(FormOf(defaults)->GetCount()) + 1) << "and the date";
     EXPECT_EQ(DifferingFields(defaults, another).size(), StandardFields().size());
     EXPECT_TRUE(DifferingFields(defaults, OrvoStdSet()).empty());
     std::set<std::wstring> keys;
