@@ -15,7 +15,11 @@ protected:
         Subcommand row;
         row.name = L"twilight";
         row.options = {ValueOption(L"--kind", L"NAME", L"which one", [] { return std::vector<CString>{L"nautical"}; })};
-        row.run = [this](SubcommandCall& call) { return Run(call); };
+        row.run = [this, end = CString(L"that was twilight")](SubcommandCall& call) {
+            const int code = Run(call);
+            call.GetOutput().Line(end);  // what runs is still there, whatever it did to the table
+            return code;
+        };
         CString reason;
         ASSERT_TRUE(HostSubcommands().Add(row, &m_owner, reason)) << ToUtf8(reason.View());
     }
@@ -67,7 +71,7 @@ TEST_F(RowInTheWindow, MayFail) {
 
 TEST_F(RowInTheWindow, MayTakeItselfAway) {
     Type("twilight --kind last");
-    EXPECT_TRUE(HasLogged("the kind is last")) << Log();
+    EXPECT_TRUE(HasLogged("the kind is last\nthat was twilight")) << Log();
     Type("twilight");
     EXPECT_TRUE(HasLogged("没有子命令“twilight”")) << Log();
 }
