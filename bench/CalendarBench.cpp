@@ -51,14 +51,9 @@ Sun PlainLookUp(const PlainTerm (&terms)[24], int month, int day) {
             23.75 * std::sin((count - 80.25) * (1.0 - count / 9500.0) * 3.141592653589793 / 180.0)};
 }
 
-struct Day {
-    int month;
-    int day;
-};
-
-std::vector<Day> AllDays() {
+std::vector<MonthDay> AllDays() {
     constexpr int kLength[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    std::vector<Day> days;
+    std::vector<MonthDay> days;
     for (int month = 1; month <= 12; ++month)
         for (int day = 1; day <= kLength[month - 1]; ++day)
             days.push_back({month, day});
@@ -74,11 +69,11 @@ void FillPlainTerms(OrvoDate& date, PlainTerm (&terms)[24]) {
 }
 
 void SunByDate(benchmark::State& state) {
-    const std::vector<Day> days = AllDays();
+    const std::vector<MonthDay> days = AllDays();
     OrvoDate date(2011, 1, 1);
     date.GetDgTime();
     for (auto unused : state)
-        for (const Day& day : days) {
+        for (const MonthDay& day : days) {
             date.SetMonth(day.month);
             date.SetDay(day.day);
             benchmark::DoNotOptimize(date.GetDgTime());
@@ -88,12 +83,12 @@ void SunByDate(benchmark::State& state) {
 }
 
 void SunByPlainArray(benchmark::State& state) {
-    const std::vector<Day> days = AllDays();
+    const std::vector<MonthDay> days = AllDays();
     OrvoDate date(2011, 1, 1);
     PlainTerm terms[24];
     FillPlainTerms(date, terms);
     for (auto unused : state)
-        for (const Day& day : days)
+        for (const MonthDay& day : days)
             benchmark::DoNotOptimize(PlainLookUp(terms, day.month, day.day));
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(days.size()));
 }
@@ -103,7 +98,7 @@ bool AgreeOnAllDays() {
     OrvoDate date(2011, 1, 1);
     PlainTerm terms[24];
     FillPlainTerms(date, terms);
-    for (const Day& day : AllDays()) {
+    for (const MonthDay& day : AllDays()) {
         date.SetMonth(day.month);
         date.SetDay(day.day);
         const Sun sun = PlainLookUp(terms, day.month, day.day);
