@@ -33,11 +33,11 @@ struct SunDirection {
 // is true solar time in decimal hours; SunDay::TrueSolarTime makes it of Beijing time. Any time will do: the direction
 // repeats after 24 hours.
 //
-// Error, measured at 936 directions that an independent almanac has (tests/facts/data): 0.0001 degrees with the almanac's
-// own declination and hour angle. With the module's declination and equation of time, one of each for a day, at most
-// 0.75 degrees there; against low-precision almanac formulas, every hour of daylight from 2021 to 2032, at most 0.85
-// degrees (in mid-February), 0.3 on December 22, 0.45 on January 20, and less than 0.3 on average. Left out: refraction,
-// which lifts the sun by 0.5 degrees on the horizon and by 0.1 at 10 degrees, and the observer's height.
+// Error, measured at 936 directions that an independent almanac has (tests/facts/data): 0.0001 degrees with the
+// almanac's own declination and hour angle. With the module's declination and equation of time, one of each for a day,
+// at most 0.75 degrees there; against low-precision almanac formulas, every hour of daylight from 2021 to 2032, at most
+// 0.85 degrees (in mid-February), 0.3 on December 22, 0.45 on January 20, and less than 0.3 on average. Left out:
+// refraction, which lifts the sun by 0.5 degrees on the horizon and by 0.1 at 10 degrees, and the observer's height.
 ORVO_API SunDirection DirectionOfSun(const SunDay& day, double trueSolarTime);
 
 struct SunPosition {
