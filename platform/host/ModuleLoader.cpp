@@ -13,6 +13,7 @@
 
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
+#include "platform/host/LibraryFile.h"
 #include "platform/host/RxRegistry.h"
 #include "platform/host/Subcommands.h"
 
@@ -68,6 +69,10 @@ bool ModuleLoader::Load(const wchar_t* path, CString& error) {
     m_path = AbsolutePath(name);
     if (m_path.IsEmpty()) {
         error.Format(PlatformText(L"无法加载模块“%s”：文件不存在。"), name);
+        return false;
+    }
+    if (const CString fault = FaultOfLibraryFile(m_path); !fault.IsEmpty()) {
+        error.Format(PlatformText(L"无法加载模块“%s”：%s。"), m_path, fault);
         return false;
     }
     m_handle = dlopen(ToUtf8(m_path.View()).c_str(), RTLD_NOW | RTLD_LOCAL);

@@ -15,8 +15,8 @@ public:
 
     // Opens the library of this path (relative to the current folder; no search path is used) with its own symbols kept
     // to itself, and sends kInitAppMsg. False, with a text that names the file and the cause, when this object has a
-    // plug-in already, the file cannot be opened, it has no acrxEntryPoint of its own, or it does not answer kRetOK;
-    // the file is then closed again without a further message.
+    // plug-in already, the file is no ordinary one, was cut short or cannot be opened, it has no acrxEntryPoint of its
+    // own, or it does not answer kRetOK; the file is then closed again without a further message.
     bool Load(const wchar_t* path, CString& error);
 
     bool IsLoaded() const { return m_handle != nullptr; }

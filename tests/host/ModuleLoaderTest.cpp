@@ -3,8 +3,11 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <link.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -20,6 +23,20 @@ namespace {
 using Unloaded = ModuleLoader::Unloaded;
 
 const std::string kPlugins = BuildFolder() + "/lib/test-plugins/";
+
+// How much of a library's file the system maps, by the table in its head.
+std::size_t MappedSize(const std::string& library) {
+    ElfW(Ehdr) head = {};
+    std::memcpy(&head, library.data(), sizeof(head));
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < head.e_phnum; ++i) {
+        ElfW(Phdr) part = {};
+        std::memcpy(&part, library.data() + head.e_phoff + i * sizeof(part), sizeof(part));
+        if (part.p_type == PT_LOAD)
+            size = std::max<std::size_t>(size, part.p_offset + part.p_filesz);
+    }
+    return size;
+}
 
 class Loader : public testing::Test {
 protected:
@@ -163,6 +180,41 @@ TEST_F(Loader, NamesAFileThatIsNoLibrary) {
     EXPECT_FALSE(m_loader->Load(nullptr, m_error));
     EXPECT_FALSE(m_loader->Load(L"", m_error));
     EXPECT_FALSE(m_error.IsEmpty());
+}
+
+TEST_F(Loader, RefusesWhatIsNoOrdinaryFileWithoutOpeningIt) {
+    const FileTree folder;
+    const std::string pipe = (folder.Path() / "pipe.so").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {pipe, folder.Path().string(), std::string("/dev/null")}) {
+        EXPECT_FALSE(m_loader->Load(FromUtf8(path), m_error));
+        EXPECT_NE(Error().find(path + "”：不是普通文件"), std::string::npos) << Error();
+    }
+}
+
+// The dynamic linker would end the process. Cut behind the last part that is mapped, a library is whole.
+TEST_F(Loader, RefusesALibraryThatWasCutShortWhereverThatIs) {
+    const FileTree folder;
+    const std::string whole = FileBytes(kPlugins + "plugin-good.so");
+    const std::size_t mapped = MappedSize(whole);
+    ASSERT_GT(mapped, 4096U);
+    ASSERT_LE(mapped, whole.size());
+    for (const std::size_t size : {std::size_t{64}, std::size_t{100}, std::size_t{4096}, mapped / 2, mapped - 1}) {
+        const std::string path = folder.Write("cut.so", whole.substr(0, size)).string();
+        EXPECT_FALSE(m_loader->Load(FromUtf8(path), m_error)) << size;
+        EXPECT_NE(Error().find("cut.so”：文件不完整"), std::string::npos) << size << Error();
+    }
+    EXPECT_EQ(m_recorder.All(), "");
+    const std::string path = folder.Write("mapped.so", whole.substr(0, mapped)).string();
+    EXPECT_TRUE(m_loader->Load(FromUtf8(path), m_error)) << Error();
+}
+
+TEST_F(Loader, LeavesALibraryOfAnotherMachineToTheSystemToName) {
+    const FileTree folder;
+    std::string foreign = FileBytes(kPlugins + "plugin-good.so").substr(0, 4096);
+    foreign[EI_CLASS] = sizeof(void*) == 8 ? ELFCLASS32 : ELFCLASS64;
+    EXPECT_FALSE(m_loader->Load(FromUtf8(folder.Write("foreign.so", foreign).string()), m_error));
+    EXPECT_NE(Error().find("foreign.so: wrong ELF class"), std::string::npos) << Error();
 }
 
 TEST_F(Loader, NeverSearchesForALibrary) {

@@ -147,8 +147,13 @@ class PlugIns(ProgramTest):
         broken = os.path.join(self.home, "broken.so")
         with open(broken, "wb") as stream:
             stream.write(b"\x7fELF and nothing more")
+        cut = os.path.join(self.home, "cut.so")
+        with open(ECHO, "rb") as whole, open(cut, "wb") as stream:
+            stream.write(whole.read(5000))
+        pipe = os.path.join(self.home, "pipe.so")
+        os.mkfifo(pipe)
         library = os.path.join(PREFIX, "lib", "orvo", "libOrvoPlatform.so")
-        for plugin, words in ((broken, "broken.so"), ("missing.so", "“missing.so”：文件不存在"), (self.home, self.home),
+        for plugin, words in ((broken, "broken.so"), (cut, "cut.so”：文件不完整"), (pipe, "pipe.so”：不是普通文件"), ("missing.so", "“missing.so”：文件不存在"), (self.home, self.home),
                               (library, "libOrvoPlatform.so”：不是插件"), (REFUSING, "refusing.so”：初始化失败（3）")):
             with self.subTest(plugin=plugin):
                 answer = self.echo("echo", "hello", plugins=(plugin, ECHO))

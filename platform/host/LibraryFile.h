@@ -1,0 +1,10 @@
+// A look at a library's file before the system opens it: the dynamic linker waits for ever at the end of a pipe, and
+// touches bytes that a file cut short does not have.
+#pragma once
+
+#include "platform/base/CString.h"
+
+// What is wrong with the file, in words without a full stop: it is no ordinary file (a folder, a pipe, a device), or a
+// part of the library that its own head announces is missing. Empty when neither is the case, which does not make it a
+// library: what else can be wrong, the dynamic linker finds itself.
+CString FaultOfLibraryFile(const CString& path);
