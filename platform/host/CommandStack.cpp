@@ -59,6 +59,11 @@ Acad::ErrorStatus AcEdCommandStack::removeGroup(const wchar_t* group) {
     return Acad::eOk;
 }
 
+void AcEdCommandStack::forget(const std::function<bool(AcRxFunctionPtr)>& isGone) {
+    for (Groups::Group& group : m_groups->all)
+        std::erase_if(group.commands, [&isGone](const AcEdCommand& command) { return isGone(command.m_pFunction); });
+}
+
 bool AcEdCommandStack::hasGroup(const wchar_t* group) const {
     return Groups::Find(*m_groups, group) != nullptr;
 }

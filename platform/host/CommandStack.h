@@ -1,6 +1,7 @@
 // The commands that plug-ins have added to the host, in groups.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "platform/base/CString.h"
@@ -30,6 +31,9 @@ public:
     Acad::ErrorStatus addCommand(const wchar_t* group, const wchar_t* name, int flags, AcRxFunctionPtr function);
     // Removes a group with its commands; eKeyNotFound when there is none.
     Acad::ErrorStatus removeGroup(const wchar_t* group);
+    // Removes the commands whose function is one of these, in every group; the groups stay. The host does so with a
+    // library's functions before it closes the library.
+    void forget(const std::function<bool(AcRxFunctionPtr)>& isGone);
 
     bool hasGroup(const wchar_t* group) const;
     int groupCount() const;

@@ -31,17 +31,20 @@ CString LinkerError() {
     return FromUtf8(cause ? cause : "");
 }
 
+// Whether something lies in the library itself, and not in one that it is linked with.
+bool IsOwn(void* handle, const void* address) {
+    Dl_info info{};
+    void* owner = nullptr;
+    link_map* library = nullptr;
+    return dladdr1(address, &info, &owner, RTLD_DL_LINKMAP) != 0 && dlinfo(handle, RTLD_DI_LINKMAP, &library) == 0 &&
+           owner == library;
+}
+
 // The library's own entry point; null when it has none. A look-up by name alone would also find that of another plug-in
 // that the library is linked with.
 AcRxEntryPoint OwnEntryPoint(void* handle) {
     void* symbol = dlsym(handle, "acrxEntryPoint");
-    Dl_info info{};
-    void* owner = nullptr;
-    link_map* library = nullptr;
-    if (!symbol || dladdr1(symbol, &info, &owner, RTLD_DL_LINKMAP) == 0 ||
-        dlinfo(handle, RTLD_DI_LINKMAP, &library) != 0 || owner != library)
-        return nullptr;
-    return reinterpret_cast<AcRxEntryPoint>(symbol);
+    return symbol && IsOwn(handle, symbol) ? reinterpret_cast<AcRxEntryPoint>(symbol) : nullptr;
 }
 
 // Those whose plug-in is loaded, in the order of loading. Never destroyed: plug-ins may outlive static objects.
@@ -124,6 +127,8 @@ ModuleLoader::Unloaded ModuleLoader::Unload() {
 ModuleLoader::Unloaded ModuleLoader::Close() {
     std::erase(LoadedOnes(), this);
     HostSubcommands().Forget(m_handle);
+    HostCommandStack().forget(
+        [this](AcRxFunctionPtr function) { return IsOwn(m_handle, reinterpret_cast<const void*>(function)); });
     HostDynamicLinker().forget(m_handle);
     dlclose(m_handle);
     m_handle = nullptr;

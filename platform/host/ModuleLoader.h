@@ -33,8 +33,8 @@ public:
         Locked,       // nothing was done: the plug-in never permitted it (acrxUnlockApplication)
         NotLoaded,    // there was nothing to unload
     };
-    // Sends kUnloadAppMsg, takes what the plug-in has left in the host's tables (subcommands, notes of the dynamic
-    // linker), closes the library and looks whether it is gone.
+    // Sends kUnloadAppMsg, takes what the plug-in has left in the host's tables (commands, subcommands, notes of the
+    // dynamic linker), closes the library and looks whether it is gone.
     Unloaded Unload();
 
 private:

@@ -85,6 +85,18 @@ TEST(CommandStack, RemovesAGroupWithItsCommands) {
     EXPECT_EQ(stack.removeGroup(nullptr), Acad::eKeyNotFound);
 }
 
+TEST(CommandStack, ForgetsTheCommandsOfAFunctionInEveryGroup) {
+    AcEdCommandStack stack;
+    stack.addCommand(L"A", L"one", 0, RunOne);
+    stack.addCommand(L"A", L"ten", 0, RunTen);
+    stack.addCommand(L"B", L"also one", 0, RunOne);
+    stack.forget([](AcRxFunctionPtr function) { return function == RunOne; });
+    EXPECT_EQ(stack.lookupCmd(L"one"), nullptr);
+    EXPECT_EQ(stack.lookupCmd(L"also one"), nullptr);
+    EXPECT_NE(stack.lookupCmd(L"ten"), nullptr);
+    EXPECT_TRUE(stack.hasGroup(L"B"));
+}
+
 TEST(CommandStack, RefusesWhatIsIncomplete) {
     AcEdCommandStack stack;
     EXPECT_EQ(stack.addGroup(nullptr), Acad::eInvalidInput);

@@ -8,6 +8,7 @@
 
 #include "platform/base/Message.h"
 #include "platform/host/ModuleLoader.h"
+#include "platform/host/RxRegistry.h"
 #include "support/Folders.h"
 
 namespace {
@@ -163,6 +164,26 @@ TEST(RowsOfAPlugIn, GoWithItWhenItForgotThem) {
     ASSERT_NE(HostSubcommands().Find(L"left-behind"), nullptr);
     ASSERT_EQ(loader.Unload(), ModuleLoader::Unloaded::Gone);
     EXPECT_EQ(HostSubcommands().Find(L"left-behind"), nullptr);
+}
+
+// Their functions are no longer in memory: whoever ran them would end the program.
+TEST(CommandsOfAPlugIn, GoWithItWhenItForgotThem) {
+    ModuleLoader loader;
+    CString error;
+    HostCommandStack().addCommand(L"own", L"stays", 0, [] {});
+    ASSERT_TRUE(loader.Load(TestPlugIn("plugin-rows.so"), error)) << ToUtf8(error.View());
+    ASSERT_NE(HostCommandStack().lookupCmd(L"left-behind"), nullptr);
+    ASSERT_EQ(loader.Unload(), ModuleLoader::Unloaded::Gone);
+    EXPECT_EQ(HostCommandStack().lookupCmd(L"left-behind"), nullptr);
+    EXPECT_NE(HostCommandStack().lookupCmd(L"stays"), nullptr);
+    HostCommandStack().removeGroup(L"own");
+}
+
+TEST(CommandsOfAPlugIn, GoWithItWhenItRefusesToBeInitialised) {
+    ModuleLoader loader;
+    CString error;
+    EXPECT_FALSE(loader.Load(TestPlugIn("plugin-rows-failing.so"), error));
+    EXPECT_EQ(HostCommandStack().lookupCmd(L"left-behind"), nullptr);
 }
 
 TEST(RowsOfAPlugIn, GoWithItWhenItRefusesToBeInitialised) {

@@ -1,8 +1,9 @@
-// A plug-in that adds a subcommand, never takes it back, and can misbehave besides.
+// A plug-in that adds a subcommand and a command, never takes them back, and can misbehave besides.
 #include <stdexcept>
 
 #include "platform/host/DynamicLinker.h"
 #include "platform/host/HostMessages.h"
+#include "platform/host/RxRegistry.h"
 #include "platform/host/Subcommands.h"
 
 namespace {
@@ -17,6 +18,8 @@ bool AddRow(void* applicationHandle) {
     return HostSubcommands().Add(row, applicationHandle, reason);
 }
 
+void Command() {}
+
 }  // namespace
 
 extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle) {
@@ -25,6 +28,7 @@ extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle) {
     if (message != AcRx::kInitAppMsg)
         return AcRx::kRetOK;
     acrxUnlockApplication(applicationHandle);
+    HostCommandStack().addCommand(L"rows", L"left-behind", 0, Command);
     if (!AddRow(applicationHandle))
         return AcRx::kRetError;
 #ifdef ORVO_PLUGIN_THROWS

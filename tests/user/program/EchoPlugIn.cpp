@@ -108,14 +108,14 @@ extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle) {
     if (message == AcRx::kInitAppMsg) {
         acrxUnlockApplication(applicationHandle);
         acutPrintf(L"\n" ECHO_NAME L" comes");
-#ifdef ECHO_REFUSES
-        return AcRx::kRetError;
-#endif
         Add(EchoRow(ECHO_NAME), applicationHandle);
         Add(WorkRow(ECHO_NAME L"-work"), applicationHandle);
         HostCommandStack().addCommand(ECHO_NAME L"-commands", ECHO_NAME L"-command", 0, ThrowNumber);
 #ifdef ECHO_WANTS_INFO
         Add(EchoRow(L"info"), applicationHandle);
+#endif
+#ifdef ECHO_REFUSES
+        return AcRx::kRetError;
 #endif
     }
     if (message == AcRx::kUnloadAppMsg) {

@@ -165,6 +165,12 @@ class PlugIns(ProgramTest):
         self.assertEqual(self.echo("info", "--date", "bad", plugins=("missing.so",), code=USAGE).out, "")
         self.assertIn("cannot load the module missing.so", self.english("--version", plugins=("missing.so",)).err.lower())
 
+    def test_nothing_is_left_of_one_that_refuses(self):
+        answer = self.echo(text="refusing-command\nrefusing hello\n", plugins=(REFUSING,), code=USAGE)
+        self.assertEqual(answer.out, "")
+        for name in ("refusing-command", "refusing"):
+            self.assertIn(f"没有子命令“{name}”", answer.err)
+
     def test_the_programs_own_plugins_are_open_already(self):
         own = [os.path.join(PREFIX, "lib", "orvo", name) for name in ("OrvoWorkbench.so", "OrvoDataBase.so")]
         answer = self.echo("terms", "--year", "2024", plugins=own)
