@@ -15,7 +15,8 @@ SunDirection DirectionOfSun(const SunDay& day, double trueSolarTime) {
     const double p = day.latitude * kRadiansPerDegree;
     const double d = day.declination * kRadiansPerDegree;
     const double h = HourAngle(trueSolarTime) * kRadiansPerDegree;
-    return {-std::cos(d) * std::sin(h), std::cos(p) * std::sin(d) - std::sin(p) * std::cos(d) * std::cos(h),
+    return {0.0 - std::cos(d) * std::sin(h),  // at noon no negative zero
+            std::cos(p) * std::sin(d) - std::sin(p) * std::cos(d) * std::cos(h),
             std::sin(p) * std::sin(d) + std::cos(p) * std::cos(d) * std::cos(h)};
 }
 

@@ -180,6 +180,12 @@ TEST(TheSunsDirection, HasTheLengthOne) {
     }
 }
 
+TEST(TheSunsDirection, IsNeitherEastNorWestAtNoon) {
+    const double east = DirectionOfSun(ComputeSunDay(-17.0, 0.0, 120.0, 52.0), 12.0).east;
+    EXPECT_EQ(east, 0.0);
+    EXPECT_FALSE(std::signbit(east)) << "nor is it written as -0";
+}
+
 TEST(ThePositionOfADirection, HasAnAzimuthFromZeroUpToATurn) {
     EXPECT_EQ(PositionOf({0.0, 0.0, 1.0}).azimuth, 0.0) << "the zenith has none";
     EXPECT_EQ(PositionOf({0.0, 0.0, 1.0}).altitude, 90.0);
