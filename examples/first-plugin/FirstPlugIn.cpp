@@ -4,6 +4,7 @@
 #include "facts/Settings.h"
 #include "facts/SunDay.h"
 #include "facts/SunPosition.h"
+#include "platform/host/CommandLine.h"
 #include "platform/host/DynamicLinker.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/HostMessages.h"
@@ -33,5 +34,8 @@ extern "C" int acrxEntryPoint(int message, void* applicationHandle) {
     row.description = L"tells the sun's direction at true noon";
     row.run = Noon;
     CString reason;
-    return HostSubcommands().Add(row, applicationHandle, reason) ? AcRx::kRetOK : AcRx::kRetError;
+    if (HostSubcommands().Add(row, applicationHandle, reason))
+        return AcRx::kRetOK;
+    acutPrintf(L"\nnoon: %s", reason);
+    return AcRx::kRetError;
 }

@@ -1,6 +1,7 @@
 """The newcomer's plug-in: it agrees with the program, and needs nothing above the facts."""
 import os
 import re
+import shutil
 import subprocess
 import sys
 
@@ -49,6 +50,12 @@ class FirstPlugIn(ProgramTest):
     def test_says_when_nobody_knows_the_place(self):
         self.write("zone.xml", '<ORVO_ZONEDATA><省 type="PROVINCE"><城 type="CITY" longitude="1" latitude="2"/></省></ORVO_ZONEDATA>')
         self.assertIn("北京", self.refused(FAILED, "--plugin", PLUGIN, "noon").err)
+
+    def test_says_when_another_has_its_name(self):
+        second = shutil.copy(PLUGIN, os.path.join(self.home, "second.so"))
+        answer = self.orvo("--plugin", PLUGIN, "--plugin", second, "noon")
+        self.assertIn("noon: 已经有名为“noon”的子命令。\n", answer.err)
+        self.assertIn("second.so”：初始化失败", answer.err)
 
     def test_needs_nothing_above_the_facts(self):
         with open(os.path.join(ROOT, "examples", "first-plugin", "FirstPlugIn.cpp"), encoding="utf-8") as stream:
