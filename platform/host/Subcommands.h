@@ -91,9 +91,7 @@ public:
     // Adds a row behind the others, in the name of the plug-in with this application handle, usually on kInitAppMsg.
     // False, with the reason in words and the table as it was, when
     // * the handle is null;
-    // * the name is no such word as above, is help, quit, exit or orvo, or another row has it (letters without regard
-    // to
-    //   case);
+    // * the name is no such word as above, is help, quit, exit or orvo, or another row has it (in whatever case);
     // * there is nothing to run;
     // * an option's name is none of the forms above, appears twice, or is the program's own (-h, --help, --version,
     //   --language, --plugin); its count makes no sense (fewer than kMany; something without a name that has not one
