@@ -1,7 +1,10 @@
-// Writes single values into the settings and into their current standard.
+// Writes single values into the settings and into their current standard, and takes a chosen standard's over.
 #include "facts/SettingsEdit.h"
 
+#include <cmath>
+
 #include "facts/PlaceSearch.h"
+#include "facts/Standard.h"
 #include "facts/StandardSearch.h"
 #include "settings/OrvoDataSet.h"
 
@@ -70,4 +73,19 @@ void SetStep(OrvoDataSet& settings, int minutes) {
     SetOwnStep(settings, minutes);
     if (HasCurrentStandard(settings))
         settings.CurStd().m_dSpace = minutes;
+}
+
+void UseStandard(OrvoDataSet& settings, int index) {
+    settings.SetCurStdIndex(index);
+    const OrvoStdSet* chosen = StandardAt(settings, index);
+    if (!chosen)
+        return;
+    const Standard standard = StandardOf(*chosen);
+    SetOwnDay(settings, standard.day);
+    if (standard.HasSpan()) {
+        SetOwnStart(settings, static_cast<int>(std::lround(standard.start * kMinutesPerHour)));
+        SetOwnEnd(settings, static_cast<int>(std::lround(standard.end * kMinutesPerHour)));
+    }
+    if (standard.HasStep())
+        SetOwnStep(settings, static_cast<int>(standard.step));
 }

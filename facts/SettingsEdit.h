@@ -1,5 +1,5 @@
-// Writing single values into the settings. Each value stands there more than once, for different readers; these keep
-// the copies alike.
+// Writing single values into the settings, and choosing a standard. Each value stands there more than once, for
+// different readers; these keep the copies alike.
 #pragma once
 
 #include "calendar/CalendarDay.h"
@@ -22,3 +22,9 @@ ORVO_API void SetDay(OrvoDataSet& settings, const CalendarDay& day);
 ORVO_API void SetStart(OrvoDataSet& settings, int minutes);
 ORVO_API void SetEnd(OrvoDataSet& settings, int minutes);
 ORVO_API void SetStep(OrvoDataSet& settings, int minutes);
+
+// Makes the standard at an index the current one, and takes its day, span and step into the settings' own fields (the
+// span and the step only where the standard has ones that make sense), so that the note line tells what the analysis
+// will use. An index that the list does not have leaves those fields alone, and the settings without a current
+// standard.
+ORVO_API void UseStandard(OrvoDataSet& settings, int index);

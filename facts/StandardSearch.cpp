@@ -1,12 +1,8 @@
-// The standards of the settings by name, and choosing one.
+// The standards of the settings by name.
 #include "facts/StandardSearch.h"
-
-#include <cmath>
 
 #include "facts/FactsTexts.h"
 #include "facts/NearestNames.h"
-#include "facts/SettingsEdit.h"
-#include "facts/Standard.h"
 #include "platform/base/PlainText.h"
 #include "settings/OrvoDataSet.h"
 
@@ -41,19 +37,4 @@ CString UnknownStandardText(const OrvoDataSet& settings, const CString& name) {
     if (nearest.empty())
         return FactsFormat(L"没有名为“%s”的标准。现有的标准：%s", Printable(name), JoinNames(names));
     return FactsFormat(L"没有名为“%s”的标准。相近的有：%s", Printable(name), JoinNames(nearest));
-}
-
-void UseStandard(OrvoDataSet& settings, int index) {
-    settings.SetCurStdIndex(index);
-    const OrvoStdSet* chosen = StandardAt(settings, index);
-    if (!chosen)
-        return;
-    const Standard standard = StandardOf(*chosen);
-    SetOwnDay(settings, standard.day);
-    if (standard.HasSpan()) {
-        SetOwnStart(settings, static_cast<int>(std::lround(standard.start * 60.0)));
-        SetOwnEnd(settings, static_cast<int>(std::lround(standard.end * 60.0)));
-    }
-    if (standard.HasStep())
-        SetOwnStep(settings, static_cast<int>(standard.step));
 }

@@ -22,9 +22,3 @@ ORVO_API bool HasCurrentStandard(const OrvoDataSet& settings);
 
 // What to say about a name that no standard bears: which names there are that come near, or all of them.
 ORVO_API CString UnknownStandardText(const OrvoDataSet& settings, const CString& name);
-
-// Makes the standard at an index the current one, and takes its day, span and step into the settings' own fields (the
-// span and the step only where the standard has ones that make sense), so that the note line tells what the analysis
-// will use. An index that the list does not have leaves those fields alone, and the settings without a current
-// standard.
-ORVO_API void UseStandard(OrvoDataSet& settings, int index);

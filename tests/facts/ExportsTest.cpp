@@ -109,6 +109,7 @@ void TakeSettings() {
     TAKE(SetStart);
     TAKE(SetEnd);
     TAKE(SetStep);
+    TAKE(UseStandard);
     TAKE(SettingsSnapshot::Restore);
 }
 
@@ -146,7 +147,6 @@ void TakeStandards() {
     TAKE(FindStandard);
     TAKE(HasCurrentStandard);
     TAKE(UnknownStandardText);
-    TAKE(UseStandard);
     TAKE(RulesInWords);
     TAKE(RulesInOneLine);
     TAKE(SourceOf);

@@ -1,8 +1,12 @@
-// Single values of the settings, in all their copies.
+// Single values of the settings, in all their copies, and choosing a standard.
 #include "facts/SettingsEdit.h"
+
+#include <limits>
 
 #include "facts/FactsStage.h"
 #include "facts/Place.h"
+#include "facts/Settings.h"
+#include "facts/StandardSearch.h"
 
 namespace {
 
@@ -133,4 +137,60 @@ TEST_F(SettingsEdit, ChangesTheSettingsAloneWhereThereIsNoCurrentStandard) {
     EXPECT_EQ(m_settings.m_nSpace, 5);
     ExpectUntouched(Other());
     ExpectUntouched(Current());
+}
+
+TEST_F(SettingsEdit, TakesOverWhatTheChosenOneHas) {
+    OrvoStdSet& standard = Current();
+    standard.m_date = OrvoDate(2026, 1, 20);
+    standard.m_dgStartTime = 8.0 + 20.0 / 60.0;
+    standard.m_dgEndTime = 24.0;
+    standard.m_dSpace = 2.75;
+    m_settings.m_nCurStd = 0;
+    UseStandard(m_settings, 1);
+    EXPECT_EQ(m_settings.m_nCurStd, 1);
+    const Settings settings = ReadSettings(m_settings);
+    EXPECT_EQ(settings.ownDay, (CalendarDay{2026, 1, 20}));
+    EXPECT_EQ(settings.start.hour, 8);
+    EXPECT_EQ(settings.start.minute, 20);
+    EXPECT_EQ(settings.end.hour, 24);
+    EXPECT_EQ(settings.end.minute, 0);
+    EXPECT_EQ(settings.step, 2) << "whole minutes";
+    EXPECT_EQ(m_settings.m_dSpace, 2.0);
+    EXPECT_EQ(m_settings.m_dgStartTime.getDegree(), OrvoDegree(8, 20, 0).getDegree());
+    EXPECT_EQ(m_settings.m_dgEndTime.getDegree(), 24.0);
+    EXPECT_EQ(standard.m_dSpace, 2.75) << "the standard itself stays";
+}
+
+TEST_F(SettingsEdit, TakesOverNoSpanAndNoStepThatMakeNoSense) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::pair<double, double> spans[] = {{0.0, 0.0}, {9.0, 9.0},   {15.0, 9.0}, {-1.0, 9.0},       {9.0, 24.5},
+                                               {nan, 9.0}, {9.0, 1e300}, {9.0, nan},  {-infinity, 1e300}};
+    for (const auto& [start, end] : spans) {
+        for (const double step : {nan, infinity, -infinity, 1e300, -1e300, -5.0, 0.0, 0.99, 60.01}) {
+            OrvoStdSet& standard = Other();
+            standard.m_dgStartTime = start;
+            standard.m_dgEndTime = end;
+            standard.m_dSpace = step;
+            UseStandard(m_settings, 0);
+            const Settings settings = ReadSettings(m_settings);
+            EXPECT_EQ(settings.start.hour, 9) << start << " " << end;
+            EXPECT_EQ(settings.end.hour, 15) << start << " " << end;
+            EXPECT_EQ(settings.step, 10) << step;
+            EXPECT_EQ(m_settings.m_dSpace, 10.0) << step;
+        }
+    }
+}
+
+TEST_F(SettingsEdit, LeavesTheOwnFieldsAloneWhereThereIsNoSuchStandard) {
+    m_settings.m_date = OrvoDate(2025, 3, 1);
+    m_settings.m_dSpace = 4.0;
+    m_settings.m_nSpace = 4;
+    for (const int index : {-1, 2, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        UseStandard(m_settings, index);
+        EXPECT_EQ(m_settings.m_nCurStd, index);
+        EXPECT_FALSE(HasCurrentStandard(m_settings));
+        EXPECT_EQ(ReadSettings(m_settings).Day(), (CalendarDay{2025, 3, 1}));
+        EXPECT_EQ(m_settings.m_dSpace, 4.0);
+    }
 }

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "facts/NearestNames.h"
+#include "facts/SettingsEdit.h"
 #include "facts/SettingsForm.h"
 #include "facts/SettingsSnapshot.h"
 #include "facts/ShippedSettings.h"
