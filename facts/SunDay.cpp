@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "facts/Angles.h"
 #include "facts/DayTerms.h"
 #include "facts/Place.h"
-#include "facts/SunPosition.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "facts/Angles.h"
 #include "facts/SunDay.h"
 
 namespace {

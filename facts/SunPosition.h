@@ -1,20 +1,11 @@
 // Where the sun stands at a time: direction, altitude and azimuth.
 #pragma once
 
-#include <numbers>
 #include <optional>
 
 #include "platform/base/Api.h"
 
 struct SunDay;
-
-inline constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
-inline constexpr double kDegreesPerHour = 15.0;  // of the hour angle
-
-// The hour angle in degrees: 0 at true noon, afternoon positive. The time is true solar time in decimal hours.
-inline double HourAngle(double trueSolarTime) {
-    return (trueSolarTime - 12.0) * kDegreesPerHour;
-}
 
 // The way to the sun, of length 1. (Light travels the other way.)
 struct SunDirection {

@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 
+#include "facts/Angles.h"
 #include "facts/ClockText.h"
 #include "facts/DayTerms.h"
 #include "facts/DayText.h"

@@ -4,10 +4,10 @@
 #include <nlohmann/json.hpp>
 
 #include "calendar/ShanghaiValidTime.h"
+#include "facts/Angles.h"
 #include "facts/ClockText.h"
 #include "facts/DayText.h"
 #include "facts/StandardWords.h"
-#include "facts/SunPosition.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/Output.h"
 #include "settings/OrvoStdSet.h"
