@@ -55,8 +55,10 @@ int RunLineWords(std::vector<CString> words, CollectedOutput& output) {
     if (words.empty() || words.front().Left(1) == L"#")
         return kExitOk;
     const AcEdCommand* command = words.size() == 1 ? HostCommandStack().lookupCmd(words.front()) : nullptr;
-    if (command)
-        return RunHostCommand(*command);
+    if (command) {
+        const AcEdCommand running = *command;  // it may change the list it stands in
+        return RunHostCommand(running);
+    }
     return IsSubcommand(words.front()) ? RunWords(words, WordsFrom::Prompt, output) : UnknownCommand(words.front());
 }
 

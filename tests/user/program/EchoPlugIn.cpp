@@ -92,7 +92,9 @@ Subcommand WorkRow(const wchar_t* name) {
     return row;
 }
 
+// A command that takes itself away while it runs.
 void ThrowNumber() {
+    HostCommandStack().removeGroup(ECHO_NAME L"-commands");
     throw 42;
 }
 
