@@ -30,7 +30,7 @@ CString OptionTitle(const SubcommandOption& option) {
 
 CString UsageLine(const Subcommand* subcommand) {
     if (!subcommand)
-        return L"orvo [--language zh|en] [SUBCOMMAND [OPTIONS]]";
+        return L"orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]";
     CString line = L"orvo " + subcommand->name;
     for (const SubcommandOption& option : subcommand->options) {
         const CString title = OptionTitle(option);
