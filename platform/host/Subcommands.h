@@ -77,7 +77,7 @@ struct ORVO_API Subcommand {
     // lines.
     std::function<int(SubcommandCall&)> run;
     // From a text of this row, as it is written here, to the one that is shown in the language in force; null: the
-    // texts are shown as they are.
+    // texts are shown as they are. So is one for which it throws.
     CString (*translate)(const wchar_t* text) = nullptr;
 };
 

@@ -49,7 +49,11 @@ std::vector<CString> OptionNames(const Subcommand* subcommand) {
 }
 
 CString TextOf(const Subcommand& row, const CString& text) {
-    return row.translate ? row.translate(text) : text;
+    try {
+        return row.translate ? row.translate(text) : text;
+    } catch (...) {  // help is worth more than its language
+        return text;
+    }
 }
 
 CommandLineModel::CommandLineModel() : m_root(std::string(), "orvo") {

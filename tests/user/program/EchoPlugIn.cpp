@@ -62,6 +62,8 @@ std::vector<CString> ThrowWords() {
 }
 
 CString Translated(const wchar_t* text) {
+    if (CString(text) == L"has no words")
+        throw 42;
     return CString(L"~") + text;
 }
 

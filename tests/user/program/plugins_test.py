@@ -80,6 +80,7 @@ class PlugIns(ProgramTest):
                                    "[MORE]")
         self.assertEqual(lines[1], "~says how it was called")
         for line in ("  TEXT              ~what to say", "  -c, --color NAME  ~in which color", "  --loud            ~louder",
+                     "  --bad             has no words",
                      "  --plugin FILE     open this plug-in at the start, after those in lib/orvo/plugins; may be repeated",
                      "Examples:", "  orvo echo hello --color cobalt"):
             self.assertIn(line, lines)
