@@ -164,7 +164,7 @@ public:
     }
     // Into an owning container go copies, into any other one the pointers, which stay owned here.
     void Left(long n, Base& out) const { CopyRun(0, n, out); }
-    void Right(long n, Base& out) const { CopyRun(n < this->GetLength() ? this->GetLength() - n : 0, n, out); }
+    void Right(long n, Base& out) const { CopyRun(this->FromRight(n), n, out); }
     void Mid(long from, long n, Base& out) const { CopyRun(from, n, out); }
     // Every slot gets a copy of the object, which stays the caller's; null releases all.
     void SetAll(const T* p);
@@ -504,7 +504,7 @@ void PointerOwner<T, TBase>::CopyRun(long from, long n, Base& out) const {
         Base::Mid(from, n, out);
         return;
     }
-    n = from < 0 ? 0 : std::min(n, this->GetLength() - from);
+    n = from < 0 || n < 0 ? 0 : std::min(n, this->GetLength() - from);
     if (&out == this) {
         const_cast<PointerOwner*>(this)->KeepRun(from, n);
         return;

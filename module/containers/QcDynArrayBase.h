@@ -10,6 +10,7 @@
 // An argument may be one of the container's own elements.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 #include <type_traits>
@@ -180,7 +181,7 @@ public:
     }
     // Make out a copy of the first n, the last n, or the n elements from index from on (fewer when there are fewer).
     void Left(long n, QcDynArrayBase& out) const { CopyRun(0, n, out); }
-    void Right(long n, QcDynArrayBase& out) const { CopyRun(n < GetLength() ? GetLength() - n : 0, n, out); }
+    void Right(long n, QcDynArrayBase& out) const { CopyRun(FromRight(n), n, out); }
     void Mid(long from, long n, QcDynArrayBase& out) const { CopyRun(from, n, out); }
 
     bool operator==(const QcDynArrayBase& other) const;
@@ -228,6 +229,8 @@ protected:
     const T* MatchInRun(const T* p, long to, After isAfter, Match isMatch, long& rnPos) const;
     bool BSearch(const T& x, long from, long to, long& rnPos) const;
     long EndIndex(long to) const { return IsValidIndex(to) ? to : GetMaxIndex(); }
+    // The index from which on there are n elements, as near as there is one.
+    long FromRight(long n) const { return GetLength() - std::clamp<long>(n, 0, GetLength()); }
     // Leaves only the n elements from index from on.
     void KeepRun(long from, long n);
 
@@ -531,7 +534,7 @@ void QcDynArrayBase<T>::DeepCopy(const QcDynArrayBase& other) {
 
 template <class T>
 void QcDynArrayBase<T>::CopyRun(long from, long n, QcDynArrayBase& out) const {
-    if (from < 0) {
+    if (from < 0 || n < 0) {
         n = 0;
     } else if (n > GetLength() - from) {
         n = GetLength() - from;

@@ -360,10 +360,13 @@ bool QcList<T>::BuildRun(long n, Node*& rpFirst, Node*& rpLast) const {
 
 template <class T>
 void QcList<T>::ReAllocate(long n) {
+    if (n <= this->GetLength() || n > Base::kMaxCount) {
+        return;
+    }
     Node* pFirst = nullptr;
     Node* pLast = nullptr;
     const long nMore = n - this->GetLength();
-    if (n <= Base::kMaxCount && nMore > 0 && BuildRun(nMore, pFirst, pLast)) {
+    if (BuildRun(nMore, pFirst, pLast)) {
         Splice(pFirst, pLast, nMore, m_pTail);
     }
 }

@@ -467,6 +467,9 @@ TYPED_TEST(Container, CopiesRuns) {
     }
     c.Mid(5, 1, out);
     EXPECT_TRUE(out.IsEmpty());
+    out.Append(99);
+    c.Right(std::numeric_limits<long>::min(), out);
+    EXPECT_TRUE(out.IsEmpty());
 }
 
 TYPED_TEST(Container, CopiesARunOfItselfOntoItself) {
@@ -478,6 +481,9 @@ TYPED_TEST(Container, CopiesARunOfItselfOntoItself) {
     c.Left(1, c);
     EXPECT_EQ(Elements(c), Ints{3});
     c.Left(0, c);
+    EXPECT_TRUE(c.IsEmpty());
+    c.Append(1);
+    c.Left(std::numeric_limits<long>::min(), c);
     EXPECT_TRUE(c.IsEmpty());
 }
 

@@ -1,4 +1,5 @@
 // What only linked lists can: keep an element at its address, cut, split and join; and the doubly linked one's links.
+#include <limits>
 #include <map>
 
 #include "TestElements.h"
@@ -68,6 +69,8 @@ TYPED_TEST(Lists, CutsOffBehindAnIndex) {
     EXPECT_EQ(list.DetachAfter(3), 0);
     EXPECT_EQ(list.DetachAfter(4), 0);
     EXPECT_EQ(list.DetachAfter(-2), 0);
+    EXPECT_EQ(list.DetachAfter(std::numeric_limits<long>::max()), 0);
+    list.ReAllocate(std::numeric_limits<long>::min());
     EXPECT_EQ(Elements(list), (Ints{1, 2, 3, 4}));
     EXPECT_EQ(list.DetachAfter(0), 3);
     EXPECT_TRUE(list.IsOut());

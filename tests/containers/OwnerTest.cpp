@@ -361,6 +361,7 @@ TEST(QcPDList, CutsAndSplitsWithItsObjects) {
         EXPECT_EQ(list.DetachAfter(4), 1);
         EXPECT_EQ(list.DetachAfter(-2), 0);
         EXPECT_EQ(list.DetachAfter(9), 0);
+        EXPECT_EQ(list.DetachAfter(std::numeric_limits<long>::max()), 0);
         EXPECT_EQ(Counted::s_nAlive, 3);
         QcPDList<Counted> other;
         FillObjects(other, {7});
