@@ -60,7 +60,7 @@ private:
             const QcElementCopy<T> first(pData[i]);
             long nHole = i;
             while (pOrder[nHole] != pData + i) {
-                const long nFrom = pOrder[nHole] - pData;
+                const long nFrom = static_cast<long>(pOrder[nHole] - pData);
                 pData[nHole] = pData[nFrom];
                 pOrder[nHole] = pData + nHole;
                 nHole = nFrom;

@@ -106,6 +106,8 @@ private:
     }
     long EndIndex(long to) const { return IsValidIndex(to) ? to : GetMaxIndex(); }
 
+    static constexpr long kMaxCount = std::numeric_limits<int>::max();
+
     T* m_pData = nullptr;
     int m_nLength = 0;
 };
@@ -124,7 +126,7 @@ QcArray<T>& QcArray<T>::operator=(const QcArray& other) {
 template <class T>
 void QcArray<T>::ReAllocate(long n, bool bKeep) {
     n = n < 0 ? 0 : n;
-    if (n == m_nLength || n > std::numeric_limits<int>::max()) {
+    if (n == m_nLength || n > kMaxCount) {
         return;
     }
     if (n == 0) {
@@ -151,7 +153,9 @@ template <class T>
 void QcArray<T>::Insert(long i, const T& x) {
     const QcElementCopy<T> copy(x);
     const long nOld = m_nLength;
-    ReAllocate(nOld + 1, true);
+    if (nOld < kMaxCount) {
+        ReAllocate(nOld + 1, true);
+    }
     if (m_nLength == nOld) {
         return;
     }

@@ -8,6 +8,7 @@
 
 #include "containers/ContainerBuffer.h"
 #include "containers/ElementSort.h"
+#include "containers/QcCounting.h"
 #include "containers/QcDynArrayBase.h"
 #include "containers/QcList.h"
 
@@ -75,8 +76,8 @@ public:
             QcBuffer<T>::BuildCopy(m_pData + n, x);
         } else {
             const QcElementCopy<T> copy(x);  // x may lie in the buffer
-            const long nCapacity = std::min(n + 1 + m_nAllocUnit, Base::kMaxCount);
-            T* const pNew = n < Base::kMaxCount ? QcBuffer<T>::Grow(m_pData, n, nCapacity) : nullptr;
+            const long nCapacity = n < Base::kMaxCount ? GrownTo(n + 1) : 0;
+            T* const pNew = nCapacity > 0 ? QcBuffer<T>::Grow(m_pData, n, nCapacity) : nullptr;
             if (pNew == nullptr) {
                 return;
             }
@@ -140,6 +141,8 @@ private:
         this->SetCount(0);
         this->SetCurPos(-1);
     }
+    // The capacity of an array that grows because it has to hold n elements.
+    long GrownTo(long n) const { return QcSumUpTo<long>(n, m_nAllocUnit, Base::kMaxCount); }
     bool Refit(long nCapacity, long nKeep, bool& rbZeroed);
     bool Reserve(long n);
     void SetCountTo(long n, bool bZeroed);
@@ -184,14 +187,14 @@ bool QcDynArray<T>::Refit(long nCapacity, long nKeep, bool& rbZeroed) {
     return true;
 }
 
-// Room for n elements, by the growth step if there is too little.
+// Room for n elements, which are no more than an array may have, by the growth step if there is too little.
 template <class T>
 bool QcDynArray<T>::Reserve(long n) {
     if (n <= m_nCapacity) {
         return true;
     }
     bool bZeroed = false;
-    return n <= Base::kMaxCount && Refit(std::min(n + m_nAllocUnit, Base::kMaxCount), this->GetLength(), bZeroed);
+    return Refit(GrownTo(n), this->GetLength(), bZeroed);
 }
 
 template <class T>
@@ -212,8 +215,7 @@ template <class T>
 void QcDynArray<T>::Resize(long n) {
     n = n < 0 ? 0 : n;
     bool bZeroed = false;
-    if (n > m_nCapacity &&
-        (n > Base::kMaxCount || !Refit(std::min(n + m_nAllocUnit, Base::kMaxCount), this->GetLength(), bZeroed))) {
+    if (n > m_nCapacity && (n > Base::kMaxCount || !Refit(GrownTo(n), this->GetLength(), bZeroed))) {
         return;
     }
     SetCountTo(n, bZeroed);
@@ -249,7 +251,7 @@ template <class T>
 void QcDynArray<T>::InsertAt(long i, const T& x) {
     const long n = this->GetLength();
     const QcElementCopy<T> copy(x);
-    if (!Reserve(n + 1)) {
+    if (n >= Base::kMaxCount || !Reserve(n + 1)) {
         return;
     }
     QcBuffer<T>::BuildCopy(m_pData + n, i == n ? copy.m_data : m_pData[n - 1]);
@@ -315,7 +317,7 @@ void QcDynArray<T>::Rotate(long from, long to) {
     if (!this->IsValidIndex(from) || !this->IsValidIndex(to) || from == to) {
         return;
     }
-    const long nFirst = (from - to + n) % n;  // where the element stands that comes to the front
+    const long nFirst = QcFirstOfRotation(from, to, n);
     ReverseRun(0, nFirst);
     ReverseRun(nFirst, n);
     ReverseRun(0, n);

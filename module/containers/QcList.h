@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "containers/ListSentinel.h"
+#include "containers/QcCounting.h"
 #include "containers/QcDListNode.h"
 #include "containers/QcDynArrayBase.h"
 
@@ -517,7 +518,7 @@ void QcList<T>::Rotate(long from, long to) {
         return;
     }
     const long n = this->GetLength();
-    Node* const pLast = NodeAt((from - to + n) % n - 1);
+    Node* const pLast = NodeAt(QcFirstOfRotation(from, to, n) - 1);
     Node* const pFirst = pLast->m_pNext;
     Link(m_pTail, m_pHead->m_pNext);
     Link(m_pHead, pFirst);
