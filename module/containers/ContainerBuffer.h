@@ -1,7 +1,8 @@
 // The memory behind the contiguous containers, and the one pair of functions that makes and frees a buffer which a
 // caller hands over with Attach or takes with Detach: QcNewBuffer and QcDeleteBuffer. Buffers come from the malloc
-// family, so that growing one of trivially copyable elements can happen in place; a small head in front of the first
-// element tells how large the block is and how many elements live in it. No other way of allocating fits.
+// family, so that growing one of trivially copyable elements can happen in place, or from operator new where elements
+// ask for more alignment than that family gives; a small head in front of the first element tells how large the block
+// is and how many elements live in it. No other way of allocating fits.
 #pragma once
 
 #include <cassert>
@@ -27,9 +28,11 @@ struct QcBufferHead {
 
 template <class T>
 class QcBuffer {
+    static constexpr bool kOverAligned = alignof(T) > alignof(std::max_align_t);
+
 public:
     // Moving the bytes is as good as moving the elements.
-    static constexpr bool kMovesAsBytes = std::is_trivially_copyable_v<T> && alignof(T) <= alignof(std::max_align_t);
+    static constexpr bool kMovesAsBytes = std::is_trivially_copyable_v<T> && !kOverAligned;
     // An element made from nothing has all its bytes zero.
     static constexpr bool kStartsAsZeros = std::is_arithmetic_v<T> || std::is_enum_v<T> || std::is_pointer_v<T>;
 
@@ -61,7 +64,12 @@ public:
 
     // Gives the memory back; the elements must be gone already. Null is fine.
     static void Free(T* pData) {
-        if (pData != nullptr) {
+        if (pData == nullptr) {
+            return;
+        }
+        if constexpr (kOverAligned) {
+            ::operator delete (static_cast<void*>(Head(pData)), std::align_val_t{kAlign});
+        } else {
             std::free(Head(pData));
         }
     }
@@ -119,8 +127,7 @@ private:
         return Head(pData)->m_nMark == QcBufferHead::kLoose;
     }
 
-    static constexpr std::size_t kAlign = alignof(T) > alignof(std::max_align_t) ? alignof(T)
-                                                                                 : alignof(std::max_align_t);
+    static constexpr std::size_t kAlign = kOverAligned ? alignof(T) : alignof(std::max_align_t);
     static constexpr std::size_t kOffset = sizeof(QcBufferHead) > kAlign ? sizeof(QcBufferHead) : kAlign;
     static_assert(kOffset % kAlign == 0);
     // Blocks above a page come in whole pages, large ones in whole granules, so that small steps of growth ask the
@@ -151,7 +158,7 @@ private:
 
     static std::size_t BlockFor(long n) {
         const std::size_t bytes = BytesFor(n);
-        if (bytes == 0 || (kExact && kAlign == alignof(std::max_align_t))) {
+        if (bytes == 0 || kExact) {
             return bytes;
         }
         const std::size_t step = bytes > kGranule ? kGranule : bytes > kPage ? kPage : kAlign;
@@ -187,8 +194,8 @@ private:
         if (bytes == 0) {
             return nullptr;
         }
-        if constexpr (kAlign > alignof(std::max_align_t)) {
-            return Data(std::aligned_alloc(kAlign, bytes), bytes);
+        if constexpr (kOverAligned) {
+            return Data(::operator new (bytes, std::align_val_t{kAlign}, std::nothrow), bytes);
         } else {
             return Data(bZeroed ? std::calloc(1, bytes) : std::malloc(bytes), bytes);
         }
