@@ -9,7 +9,8 @@
 #include "platform/window/CEdit.h"
 
 // Template, default text and window text are aligned: a character of the window text can be typed over when the
-// template has "_" at the same index; all others are fixed. Indexes count wchar_t units from 0. A template without "_"
+// template has "_" at the same index; all others are fixed. Indexes count wchar_t units from 0. Where a unit has 16
+// bits a character may be two of them; template and texts are aligned by whole characters then. A template without "_"
 // leaves the caret where it is. A window text that is shorter or longer than the template is never cut or filled up by
 // itself; where a number is written into a text that is too short for it, the missing characters come from the default
 // text, behind its end from the template's fixed characters, else they are blanks.
@@ -48,7 +49,8 @@ public:
     void replaceChar(wchar_t character);
 
     // Whether a character may be typed at all: one of the valid characters, or, when these are empty, any printable one
-    // (see PrintableCharacter.h). This is what typing asks.
+    // (see PrintableCharacter.h). This is what typing asks. Where a character can come in two halves, a half may be
+    // typed when there are such characters among the valid ones; typing asks for both and then looks at the whole.
     virtual bool IsValidChar(wchar_t character);
 
     CString m_strDefault;     // what SetDefault shows, and what Backspace restores
@@ -86,7 +88,13 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    wchar_t FillCharacter(int index) const;
+    int ActivePlace() const;
+    int SelectPlace(int place);
+    bool IsValidPair(wchar_t high, wchar_t low) const;
+    void Overwrite(const wchar_t* character);
+    CString FillCharacter(int place) const;
     void MoveFromEmptySelection();
     void RestoreSelection();
+
+    wchar_t m_cHigh = 0;  // the half of a character whose other half has not come yet
 };

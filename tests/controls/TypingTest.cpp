@@ -86,6 +86,11 @@ TEST_P(Typing, AcceptsEveryPrintableCharacterWhenNoneIsNamed) {
     edit.SetGrammarString(L"_-__");
     edit.SetDefaultString(L"a-bc");
     RunWith(edit, [&](EditDialog&) {
+        Type(edit, L"\U0001F600\U00020000");
+        EXPECT_EQ(TextOf(edit), L"\U0001F600-\U00020000c") << "characters beyond the basic plane have one place, too";
+        EXPECT_EQ(SelectionOf(edit), (Selection{3, 4}));
+        Type(edit, L"\U000E0001 ");
+        EXPECT_EQ(TextOf(edit), L"\U0001F600-\U00020000 ") << "an invisible one";
         Type(edit, L"月é ");
         EXPECT_EQ(TextOf(edit), L"月-é ");
         Type(edit, L"\x1\t\x7f\u200b\ufdd0");
