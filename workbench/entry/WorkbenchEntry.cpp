@@ -30,13 +30,17 @@ std::vector<CString> WordsOf(int argc, const char* const* argv) {
 
 int Run(int argc, const char* const* argv) {
     const std::vector<CString> words = WordsOf(argc, argv);
-    ReplaceUnusableFiles();
-    RefreshWholeStep(g_SunDataSet);
-    RememberSavedSettings();
     if (IsStartedFromDesktop(words))
         return RunWindow({});
     CollectedOutput output;
     return AsksForPrompt(words) ? RunPrompt(output) : RunWords(words, WordsFrom::CommandLine, output);
+}
+
+// Before further plug-ins are opened, so that they find the settings that will be in force.
+void PrepareSettings() {
+    ReplaceUnusableFiles();
+    RefreshWholeStep(g_SunDataSet);
+    RememberSavedSettings();
 }
 
 int BringSubcommands(void* applicationHandle) {
@@ -71,6 +75,7 @@ extern "C" ORVO_API int OrvoWorkbenchRun(int argc, const char* const* argv) {
 extern "C" int acrxEntryPoint(int message, void* applicationHandle) {
     if (message == AcRx::kInitAppMsg) {
         acrxUnlockApplication(applicationHandle);
+        PrepareSettings();
         return BringSubcommands(applicationHandle);
     }
     if (message == AcRx::kUnloadAppMsg) {

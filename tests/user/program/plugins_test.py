@@ -9,6 +9,7 @@ from prompt_test import Terminal
 
 FOLDER = os.environ["ORVO_PLUGINS"]
 ECHO, ANOTHER, REFUSING = (os.path.join(FOLDER, name + ".so") for name in ("echo", "another", "refusing"))
+CURIOUS = os.path.join(FOLDER, "curious.so")
 QUIET = ["more ", "color <none>", "pair ", "tags ", "quiet", "nothing"]
 
 
@@ -32,6 +33,13 @@ class PlugIns(ProgramTest):
         self.assertEqual(answer.out.splitlines(),
                          ["half an answer", "text <hello>", "more <世界><again>", "color <cobalt>", "pair <1><2>",
                           "tags <x><y>", "loud", "nothing"])
+
+    def test_it_finds_the_settings_that_are_in_force(self):
+        """Those that were shipped, where the user's own are damaged."""
+        self.write("SunSet.xml", "<broken")
+        answer = self.orvo("--plugin", CURIOUS, "standards", "--json")
+        self.assertEqual(len(answer.json()["standards"]), 6)
+        self.assertIn("finds 6 standards\n", answer.err)
 
     def test_its_option_stands_anywhere(self):
         for arguments in (["--plugin", ECHO, "echo", "hello"], [f"--plugin={ECHO}", "echo", "hello"],
