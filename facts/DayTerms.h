@@ -1,4 +1,5 @@
 // What the solar terms say of a day: declination and equation of time, the term in force, the whole year's table.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <vector>

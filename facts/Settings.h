@@ -1,4 +1,5 @@
 // The settings in force as a plain value: what an analysis is asked by, unless the question says otherwise.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <optional>

@@ -1,4 +1,5 @@
 // A change of the settings that are saved: nobody else saves between reading the file anew and writing it.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <vector>

@@ -1,4 +1,5 @@
 // The settings file between programs: what this one knows of it, and what others have written into it since.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <memory>

@@ -1,4 +1,5 @@
 // Two programs have changed the same settings: what each of them changed, put together.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <memory>

@@ -1,4 +1,5 @@
 // The settings, standards and other files that come with the program.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <memory>

@@ -1,4 +1,5 @@
 // The rules of a sunlight standard as a plain value.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include <vector>

@@ -1,4 +1,5 @@
 // The sun's day over a place: noon, rise and set, and the way between the two time bases.
+// Why: docs/decisions/facts.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,4 +1,5 @@
 // Everything that the module exports, for those who want it in one include.
+// Why: docs/decisions/module.md
 #pragma once
 
 #include "avi/OrvoAVIFile.h"

@@ -1,4 +1,5 @@
 // The path of a flat polyline with its arcs divided into chords.
+// Why: docs/decisions/scene.md
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
 // Faces of POLYLINE entities that are meshes.
+// Why: docs/decisions/scene.md
 #pragma once
 
 #include <vector>

@@ -1,4 +1,5 @@
 // Faces of flat polylines that have a thickness: walls, and the bottom and top of closed ones.
+// Why: docs/decisions/scene.md
 #pragma once
 
 #include <vector>

@@ -1,4 +1,5 @@
 // The scene of a drawing: the faces of its entities, which cast and catch shadows, in the drawing's units.
+// Why: docs/decisions/scene.md
 #pragma once
 
 #include <cstddef>

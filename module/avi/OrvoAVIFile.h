@@ -1,4 +1,5 @@
 // Recording an animation of the sun: pictures, one for each moment, as an uncompressed video in an AVI file.
+// Why: docs/decisions/avi.md
 #pragma once
 
 #include "platform/base/Api.h"

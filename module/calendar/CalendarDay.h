@@ -1,4 +1,5 @@
 // A day of a calendar.
+// Why: docs/decisions/facts.md
 #pragma once
 
 // A plain value, not validated. (OrvoDate is a day together with the tables of the solar terms.)

@@ -1,4 +1,5 @@
 // The day of an analysis, and where the sun stands on it: a month and a day with the tables of the 24 solar terms.
+// Why: docs/decisions/calendar.md
 #pragma once
 
 #include "calendar/OrvoSTerm.h"

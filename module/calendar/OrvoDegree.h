@@ -1,5 +1,6 @@
 // Angles and times of day: a decimal number of degrees (or hours) beside its split into whole degrees, minutes and
 // seconds.
+// Why: docs/decisions/calendar.md
 #pragma once
 
 #include "platform/base/Api.h"

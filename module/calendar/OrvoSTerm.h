@@ -1,4 +1,5 @@
 // One of the 24 solar terms, as a row of a date's tables.
+// Why: docs/decisions/calendar.md
 #pragma once
 
 #include "calendar/DateText.h"

@@ -1,5 +1,6 @@
 // Characters of a text by their number. Where wchar_t has 16 bits, a character beyond the basic plane is a pair of
 // units, a high half and a low one; where it has more, every unit is a character and a place is an index.
+// Why: docs/decisions/controls.md
 #pragma once
 
 #include "platform/base/CString.h"

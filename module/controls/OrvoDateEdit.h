@@ -1,4 +1,5 @@
 // The edit into which a month and a day are typed.
+// Why: docs/decisions/controls.md
 #pragma once
 
 #include "controls/QcSunEdit.h"

@@ -1,4 +1,5 @@
 // The edit into which an angle is typed, in degrees, minutes and seconds: also the editor that a grid puts into a cell.
+// Why: docs/decisions/controls.md
 #pragma once
 
 #include "controls/QcSunEdit.h"

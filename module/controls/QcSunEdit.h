@@ -1,5 +1,6 @@
 // An edit of a fixed layout: a template says where characters can be typed, what is typed overwrites the character
 // there, and the caret goes to the next such place.
+// Why: docs/decisions/controls.md
 #pragma once
 
 #include <utility>

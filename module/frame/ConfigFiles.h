@@ -5,6 +5,7 @@
 // All six give true when the file was read or written. A missing file is reported in one line on the host's command
 // line and gives false. A file that is there, but not to be written, gives false, and the platform reports the cause
 // (platform/base/Message.h); one that is there, but unreadable, gives false without a word.
+// Why: docs/decisions/frame.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,5 +1,6 @@
 // The module's resources and texts: the scope in which its resources and language are the current ones, and the way
 // every text that a user sees takes through the language switch.
+// Why: docs/decisions/frame.md
 #pragma once
 
 #include <optional>

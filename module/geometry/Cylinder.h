@@ -1,4 +1,5 @@
 // The part of space that a list of planes bounds: for a face, the half-infinite prism from which light reaches it.
+// Why: docs/decisions/geometry.md
 #pragma once
 
 #include "geometry/PlaneContainers.h"

@@ -1,4 +1,5 @@
 // A plane in space with its two sides.
+// Why: docs/decisions/geometry.md
 #pragma once
 
 #include "geometry/PlaneEquation.h"

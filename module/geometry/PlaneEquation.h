@@ -1,4 +1,5 @@
 // The four numbers of a plane's equation, as a bare value.
+// Why: docs/decisions/geometry.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,5 +1,6 @@
 // The face that casts and catches shadows: a triangle or quadrilateral in space, with its normal, its plane, the light
 // on it and its drawing.
+// Why: docs/decisions/geometry.md
 #pragma once
 
 #include "geometry/Cylinder.h"

@@ -1,4 +1,5 @@
 // The dialog of the precisions, which also chooses the current standard and place.
+// Why: docs/decisions/settings.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -2,6 +2,7 @@
 //
 // Dictionary form (see SaveSunDataSetDict), in SunSet.xml or in any dictionary of a caller's: "CUR_SUNSETDATA" with one
 // item per setting, one dictionary per standard named after it, and "CUR_SUNSETSTD", the current standard's name.
+// Why: docs/decisions/settings.md
 #pragma once
 
 #include "calendar/OrvoDate.h"

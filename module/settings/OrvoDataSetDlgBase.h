@@ -1,4 +1,5 @@
 // What the dialogs of the settings share: controls for standard, place, day and times, filled from g_SunDataSet.
+// Why: docs/decisions/settings.md
 #pragma once
 
 #include "calendar/OrvoDate.h"

@@ -1,4 +1,5 @@
 // Choosing, making, renaming, deleting and editing the standards.
+// Why: docs/decisions/settings.md
 #pragma once
 
 #include "platform/base/Api.h"

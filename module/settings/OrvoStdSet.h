@@ -2,6 +2,7 @@
 //
 // Dictionary form (see SaveToDict): a dictionary named after the standard, with the attributes "localname", "date"
 // (OrvoDate::GetDateXmlString) and "type" = "SunStd", holding the colour table "SUNCOLORTABLE" and one item per field.
+// Why: docs/decisions/settings.md
 #pragma once
 
 #include "calendar/OrvoColorTable.h"

@@ -1,4 +1,5 @@
 // Asks for the name of a standard.
+// Why: docs/decisions/settings.md
 #pragma once
 
 #include "platform/base/Api.h"

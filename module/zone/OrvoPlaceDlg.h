@@ -1,4 +1,5 @@
 // Choosing the site's city from the places that are known.
+// Why: docs/decisions/zone.md
 #pragma once
 
 #include "containers/QcDynArray.h"

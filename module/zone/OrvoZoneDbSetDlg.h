@@ -1,4 +1,5 @@
 // The editor of the places.
+// Why: docs/decisions/zone.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,5 +1,6 @@
 // Storage that is given up on purpose: some operations of the system drop an object that a caller may still refer to,
 // and must not free it. Such blocks pass through here, so that a leak checker can tell them from mistakes.
+// Why: docs/decisions/module.md
 #pragma once
 
 #include <cstddef>

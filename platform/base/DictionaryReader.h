@@ -1,4 +1,5 @@
 // Reads the XML file of a dictionary, or refuses it as a whole.
+// Why: docs/decisions/base.md
 #pragma once
 
 #include <array>

@@ -1,4 +1,5 @@
 // The built-in texts of one library, translated by the table that bears the library's key.
+// Why: docs/decisions/base.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,4 +1,5 @@
 // What the user is told of a file that could not be saved.
+// Why: docs/decisions/base.md
 #pragma once
 
 #include "platform/base/CString.h"

@@ -1,5 +1,6 @@
 // Where files that belong to the package lie: the folders that are searched for support files, the user's own folder,
 // the folder of the installation, and the first start that fills the one from the other.
+// Why: docs/decisions/base.md
 #pragma once
 
 #include "platform/base/Api.h"

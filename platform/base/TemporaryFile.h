@@ -1,4 +1,5 @@
 // The file that a save writes before it gets its name, and what is left of those whose process died.
+// Why: docs/decisions/base.md
 #pragma once
 
 #include <sys/stat.h>

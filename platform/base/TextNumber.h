@@ -1,4 +1,5 @@
 // Texts to numbers by the C run-time's lenient rules, without its locale.
+// Why: docs/decisions/base.md
 #pragma once
 
 #include "platform/base/Api.h"

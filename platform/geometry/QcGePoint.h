@@ -1,4 +1,5 @@
 // A point in space.
+// Why: docs/decisions/geometry.md
 #pragma once
 
 #include <cmath>

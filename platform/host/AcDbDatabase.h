@@ -1,5 +1,6 @@
 // The drawing database: a drawing file (text-form DXF, R12 to 2018) that is held as what it is, objects of (group code,
 // value) pairs, so that everything that is not understood or not touched is saved byte for byte as it was read.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
 // Reading and changing the data of one object of the open drawing, as a chain of result buffers.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include "platform/base/Api.h"

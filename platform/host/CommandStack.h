@@ -1,4 +1,5 @@
 // The commands that plug-ins have added to the host, in groups.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include <functional>

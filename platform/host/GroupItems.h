@@ -1,4 +1,5 @@
 // The groups of an object, gathered into the values that callers see: the x, y and z of a point are one.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include <cstddef>

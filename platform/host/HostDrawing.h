@@ -1,4 +1,5 @@
 // A drawing for as long as it is open in the host.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include "platform/base/Api.h"

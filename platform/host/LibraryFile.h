@@ -1,5 +1,6 @@
 // A look at a library's file before the system opens it: the dynamic linker waits for ever at the end of a pipe, and
 // touches bytes that a file cut short does not have.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include "platform/base/CString.h"

@@ -1,4 +1,5 @@
 // How work that takes its time tells how far it is, and learns that nobody wants it any more.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,5 +1,6 @@
 // The subcommands of the program, in one table: its own and those that plug-ins bring. Help, completion and the reading
 // of a command line all go by it.
+// Why: docs/decisions/host.md
 #pragma once
 
 #include <functional>

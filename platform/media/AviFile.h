@@ -12,6 +12,7 @@
 //
 // Infos, formats, samples and options are taken as the framework takes them, by pointers to what could be changed, but
 // nothing is ever written to them.
+// Why: docs/decisions/media.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -9,6 +9,7 @@
 //
 // The nearest entry is the one with the smallest sum of squared differences in red, green and blue; of equally near
 // ones the first.
+// Why: docs/decisions/media.md
 #pragma once
 
 #include <span>

@@ -1,5 +1,6 @@
 // The one way to OpenGL: a context of our own that draws off-screen, with or without a display. Its pictures are read
 // back and painted, stored or compared by whoever needs them.
+// Why: docs/decisions/media.md
 #pragma once
 
 #include <memory>

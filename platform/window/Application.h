@@ -1,4 +1,5 @@
 // The process's one Qt application: made when the first window is needed, and never destroyed.
+// Why: docs/decisions/window.md
 #pragma once
 
 class QWidget;

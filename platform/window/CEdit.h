@@ -1,4 +1,5 @@
 // An edit of one line. (ES_MULTILINE is accepted: such an edit has one line, too.)
+// Why: docs/decisions/window.md
 #pragma once
 
 #include "platform/window/CWnd.h"

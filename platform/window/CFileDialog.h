@@ -1,4 +1,5 @@
 // Asking for a file to open or to save.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include "platform/window/CWnd.h"

@@ -1,4 +1,5 @@
 // The pair of arrows beside an edit.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include "platform/window/CWnd.h"

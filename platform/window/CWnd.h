@@ -1,4 +1,5 @@
 // A window of the framework: the C++ side of a widget on the screen. Everything runs in the user interface's thread.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include "platform/base/Api.h"

@@ -1,4 +1,5 @@
 // Makes a dialog's widgets from its template. For the sources of this room only.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include "platform/base/ModuleFile.h"

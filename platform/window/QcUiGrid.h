@@ -1,4 +1,5 @@
 // A grid with columns, whose rows form a tree and whose cells are edited in place.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include <memory>

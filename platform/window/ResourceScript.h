@@ -1,5 +1,6 @@
 // Reads the dialogs of a resource script: the text form in which templates are written and which any resource compiler
 // takes.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include <string_view>

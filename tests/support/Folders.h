@@ -1,5 +1,6 @@
 // Where the checkout and its build lie, for tests that read files of the one or start programs of the other. Only one
 // small source is compiled with these paths, so that ccache serves all the others in every checkout.
+// Why: docs/decisions/tests.md
 #pragma once
 
 #include <string>

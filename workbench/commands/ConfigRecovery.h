@@ -1,4 +1,5 @@
 // Configuration files that the module could not use, about which it says nothing itself: what is in force instead.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <vector>

@@ -1,4 +1,5 @@
 // orvo entity: lists the entities of a drawing, shows one group of one of them, or changes it.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <optional>

@@ -1,4 +1,5 @@
 // Back to what was shipped: orvo set --reset, orvo standards --reset.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include "platform/base/CString.h"

@@ -1,4 +1,5 @@
 // orvo sun: altitude, azimuth and the length of a shadow, hour by hour of one day.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <optional>

@@ -1,4 +1,5 @@
 // Which language the program speaks.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include "platform/base/CString.h"

@@ -1,4 +1,5 @@
 // The plug-ins that others wrote: those in the program's plug-in folder and those named on the command line.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <memory>

@@ -1,4 +1,5 @@
 // How far work is, on the terminal at which it was asked for.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,5 @@
 // Makes pictures of a scene: sky, light, faces and their edges.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <memory>

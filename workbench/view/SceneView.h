@@ -1,4 +1,5 @@
 // The widget that shows a scene in three dimensions, and is turned, moved and zoomed by mouse and keyboard.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <QImage>

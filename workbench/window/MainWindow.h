@@ -1,4 +1,5 @@
 // The host's main window: the drawing in three dimensions, the command line, the menus, and the settings in force.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <QMainWindow>

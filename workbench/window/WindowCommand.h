@@ -1,4 +1,5 @@
 // orvo window: the host with a window.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <optional>
