@@ -46,8 +46,8 @@ OrvoDate::OrvoDate(const wchar_t* text) {
 
 OrvoDate::OrvoDate(const OrvoDate& other) = default;
 
-// clang-tidy would have assignment to oneself do nothing; here it refills the tables like any other.
-OrvoDate& OrvoDate::operator=(const OrvoDate& other) {  // NOLINT(bugprone-unhandled-self-assignment)
+// Assignment to oneself refills the tables like any other.
+OrvoDate& OrvoDate::operator=(const OrvoDate& other) {
     m_nYear = other.m_nYear;
     m_nMonth = other.m_nMonth;
     m_nDay = other.m_nDay;

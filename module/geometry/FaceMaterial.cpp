@@ -16,7 +16,7 @@ void Store(float (&colour)[4], float r, float g, float b, float a) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): begins with no values, as documented
+// Begins with no values, as documented.
 FaceMaterial::FaceMaterial() {}
 
 FaceMaterial::~FaceMaterial() = default;

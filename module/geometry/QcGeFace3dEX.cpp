@@ -52,7 +52,7 @@ QcGeFace3dEX::QcGeFace3dEX(const QcGeFace3dEX& other)
       m_bNormalReady(other.IsNormalReady()),
       m_pNormal(other.CopyOfStorage()) {}
 
-// NOLINTNEXTLINE(misc-unconventional-assign-operator): callers get a copy, as they always did
+// Callers get a copy, as they always did.
 QcGeFace3dEX QcGeFace3dEX::operator=(const QcGeFace& face) {
     m_nPointNum = face.IsTriangle() ? 3 : 4;
     CopyCorners(face);
@@ -63,7 +63,7 @@ QcGeFace3dEX QcGeFace3dEX::operator=(const QcGeFace& face) {
     return *this;
 }
 
-// NOLINTNEXTLINE(misc-unconventional-assign-operator): callers get a copy, as they always did
+// Callers get a copy, as they always did.
 QcGeFace3dEX QcGeFace3dEX::operator=(const QcGeFace3dEX& other) {
     QcGeVector3dEX* const pStorage = other.CopyOfStorage();  // before ours goes: the other face may be this one
     m_bNormalReady = other.IsNormalReady();

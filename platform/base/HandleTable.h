@@ -26,7 +26,7 @@ public:
             return nullptr;
         }
         m_next = number;
-        return reinterpret_cast<Handle>(number);  // NOLINT(performance-no-int-to-ptr): a name, never followed
+        return reinterpret_cast<Handle>(number);  // a name, never followed
     }
     // Null for a handle that names nothing (any more).
     std::shared_ptr<Object> Find(Handle handle) const noexcept {

@@ -35,7 +35,7 @@ public:
         }
         if (number == m_nextMovable)
             m_nextMovable += kStep;
-        return reinterpret_cast<HGLOBAL>(number);  // NOLINT(performance-no-int-to-ptr): a name, never followed
+        return reinterpret_cast<HGLOBAL>(number);  // a name, never followed
     }
     void* Lock(HGLOBAL handle) {
         const std::lock_guard lock(m_mutex);

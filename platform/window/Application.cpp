@@ -45,7 +45,7 @@ void MakeApplication() {
     static int count = 1;
     static char name[] = "orvo";
     static char* arguments[] = {name, nullptr};
-    new QApplication(count, arguments);  // NOLINT(cppcoreguidelines-owning-memory): never destroyed
+    new QApplication(count, arguments);  // never destroyed
     std::setlocale(LC_NUMERIC, "C");     // Qt has set the user's
     TranslateToolkit(QCoreApplication::instance());
 }

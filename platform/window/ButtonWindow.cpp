@@ -76,7 +76,7 @@ LRESULT GroupBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM 
     }
 }
 
-// NOLINTBEGIN(cppcoreguidelines-owning-memory): children of the parent
+// Children of the parent.
 QAbstractButton* NewButton(const ControlRequest& request) {
     switch (request.dwStyle & BS_TYPEMASK) {
         case BS_CHECKBOX:
@@ -104,7 +104,6 @@ WindowLink& MakeGroupBox(const ControlRequest& request) {
     auto* box = new QGroupBox(ToQString(request.strText), request.parent);
     return WindowLink::Make(box, request.nID, request.dwStyle, &GroupBoxProcedure);
 }
-// NOLINTEND(cppcoreguidelines-owning-memory)
 
 }  // namespace
 

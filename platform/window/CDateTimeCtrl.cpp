@@ -74,7 +74,7 @@ DWORD CDateTimeCtrl::GetTime(SYSTEMTIME* time) const {
 }
 
 WindowLink& MakeDatePicker(const ControlRequest& request) {
-    auto* picker = new QDateEdit(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
+    auto* picker = new QDateEdit(request.parent);  // a child of the parent
     picker->setLocale(InterfaceLocale());
     picker->setTimeSpec(Qt::UTC);  // local time has gaps, which would move a time of day in them
     picker->setCalendarPopup(true);

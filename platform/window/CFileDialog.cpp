@@ -127,7 +127,7 @@ INT_PTR CFileDialog::DoModal() {
         return IDCANCEL;
     }
     const HWND owner = m_pParent ? m_pParent->m_hWnd : nullptr;
-    auto* dialog = new FileDialog(WidgetOf(owner), m_bOpen, m_nFlags);  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* dialog = new FileDialog(WidgetOf(owner), m_bOpen, m_nFlags);
     dialog->setNameFilters(Filters(m_strFilter));
     if (!m_bOpen)
         dialog->setDefaultSuffix(ToQString(m_strExtension));

@@ -127,7 +127,7 @@ LRESULT ComboBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM 
 }  // namespace
 
 WindowLink& MakeComboBox(const ControlRequest& request) {
-    auto* combo = new QComboBox(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
+    auto* combo = new QComboBox(request.parent);  // a child of the parent
     constexpr DWORD kKindMask = CBS_DROPDOWNLIST;
     combo->setEditable((request.dwStyle & kKindMask) != CBS_DROPDOWNLIST);
     combo->setInsertPolicy(QComboBox::NoInsert);

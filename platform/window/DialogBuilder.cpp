@@ -70,7 +70,7 @@ CString Translated(const CString& text) {
 }
 
 WindowLink& MakePlaceholder(const ControlRequest& request) {
-    auto* frame = new QWidget(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
+    auto* frame = new QWidget(request.parent);  // a child of the parent
     return WindowLink::Make(frame, request.nID, request.dwStyle, &CommonProcedure);
 }
 
@@ -180,7 +180,7 @@ void FormGroups(const std::vector<Placed>& controls, QWidget* dialog) {
         if (radio == nullptr || (control.item->dwStyle & BS_TYPEMASK) != BS_AUTORADIOBUTTON)
             continue;
         if (group == nullptr)
-            group = new QButtonGroup(dialog);  // NOLINT(cppcoreguidelines-owning-memory): a child of the dialog
+            group = new QButtonGroup(dialog);  // a child of the dialog
         group->addButton(radio);
     }
 }

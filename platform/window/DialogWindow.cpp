@@ -50,8 +50,7 @@ private:
 }  // namespace
 
 WindowLink& MakeDialogWindow(const DialogTemplate& source, QWidget* owner) {
-    auto* dialog =
-        new DialogWindow(owner);  // NOLINT(cppcoreguidelines-owning-memory): the framework's dialog deletes it
+    auto* dialog = new DialogWindow(owner);  // the framework's dialog deletes it
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     dialog->setModal(true);
     WindowLink& link = WindowLink::Make(dialog, source.nID, source.dwStyle, &CommonProcedure);

@@ -196,7 +196,7 @@ Qt::Alignment AlignmentOf(DWORD style) {
 }  // namespace
 
 WindowLink& MakeEdit(const ControlRequest& request) {
-    auto* edit = new QLineEdit(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
+    auto* edit = new QLineEdit(request.parent);  // a child of the parent
     edit->setAcceptDrops(false);
     edit->setFrame((request.dwStyle & WS_BORDER) != 0);
     edit->setAlignment(AlignmentOf(request.dwStyle));

@@ -58,5 +58,5 @@ private:
 }  // namespace
 
 QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const QcUiGrid& grid) {
-    return new GridDelegate(view, grid);  // NOLINT(cppcoreguidelines-owning-memory): a child of the view
+    return new GridDelegate(view, grid);  // a child of the view
 }

@@ -112,7 +112,7 @@ bool GridEditor::Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& plac
 void GridEditor::WatchKeys() {
     QWidget* widget = WindowLink::Of(m_pEditor->GetWnd()->m_hWnd)->m_pWidget;
     widget->setAccessibleName(ToQString(m_grid.GetColumnTitle(m_pEditor->GetCell()->GetColumn())));
-    new EditorKeys(m_grid, *m_pEditor, widget);  // NOLINT(cppcoreguidelines-owning-memory): a child of the widget
+    new EditorKeys(m_grid, *m_pEditor, widget);  // a child of the widget
 }
 
 void GridEditor::Close(bool take) {
@@ -137,5 +137,5 @@ void GridEditor::Close(bool take) {
 }
 
 void GridEditor::Retire(std::unique_ptr<QcUiGridCellCtrl> editor) {
-    new Retired(std::move(editor), m_retired);  // NOLINT(cppcoreguidelines-owning-memory): deletes itself
+    new Retired(std::move(editor), m_retired);  // deletes itself
 }

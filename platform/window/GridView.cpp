@@ -391,7 +391,7 @@ private:
 }  // namespace
 
 GridView* GridView::Make(GridRows& rows, const ControlRequest& request, std::function<void()> gone) {
-    auto* view = new TreeView(rows, request.parent, std::move(gone));  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* view = new TreeView(rows, request.parent, std::move(gone));
     view->setFrameShape((request.dwStyle & WS_BORDER) != 0 ? QFrame::StyledPanel : QFrame::NoFrame);
     view->setFocusPolicy((request.dwStyle & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     WindowLink::Make(view, request.nID, request.dwStyle, &GridProcedure);

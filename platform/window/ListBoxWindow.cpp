@@ -118,7 +118,7 @@ LRESULT ListBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM l
 }  // namespace
 
 WindowLink& MakeListBox(const ControlRequest& request) {
-    auto* list = new ListBox(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
+    auto* list = new ListBox(request.parent);  // a child of the parent
     list->setUniformItemSizes(true);
     list->setSortingEnabled((request.dwStyle & LBS_SORT) != 0);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -108,7 +108,7 @@ void QcUiGrid::OnRightMenu(QcUiGridRow* /*row*/, POINT /*screen*/) {}
 void QcUiGrid::OnAfterInsertRow(QcUiGridRow* /*row*/) {}
 
 QcUiGridCellCtrl* QcUiGrid::CreateCellCtrl(QcUiGridCell* cell) {
-    return new QcUiGridEdit(cell);  // NOLINT(cppcoreguidelines-owning-memory): the edit owns it
+    return new QcUiGridEdit(cell);  // the edit owns it
 }
 
 bool QcUiGrid::EditCell(QcUiGridRow* row, int column) {

@@ -140,6 +140,6 @@ SpinArrows* SpinArrows::Of(HWND window) {
 }
 
 WindowLink& MakeSpinButton(const ControlRequest& request) {
-    auto* arrows = new Arrows(request.parent, request.dwStyle);  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* arrows = new Arrows(request.parent, request.dwStyle);
     return WindowLink::Make(arrows, request.nID, request.dwStyle, &CommonProcedure);
 }

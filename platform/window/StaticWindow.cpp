@@ -52,7 +52,7 @@ void Shape(QLabel& label, DWORD style) {
 }  // namespace
 
 WindowLink& MakeStatic(const ControlRequest& request) {
-    auto* label = new QLabel(request.parent);  // NOLINT(cppcoreguidelines-owning-memory): a child of the parent
+    auto* label = new QLabel(request.parent);  // a child of the parent
     label->setTextFormat(Qt::PlainText);
     label->setText(ToQString(request.strText));
     Shape(*label, request.dwStyle);

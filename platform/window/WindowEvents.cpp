@@ -192,5 +192,5 @@ private:
 }  // namespace
 
 void WatchEvents(WindowLink& link) {
-    new WindowEvents(link);  // NOLINT(cppcoreguidelines-owning-memory): a child of the widget
+    new WindowEvents(link);  // a child of the widget
 }

@@ -48,7 +48,7 @@ WindowLink::~WindowLink() {
 }
 
 WindowLink& WindowLink::Make(QWidget* widget, UINT id, DWORD style, Procedure procedure) {
-    auto* link = new WindowLink(widget, id, style, procedure);  // NOLINT(cppcoreguidelines-owning-memory)
+    auto* link = new WindowLink(widget, id, style, procedure);
     widget->setObjectName(QString("IDC_%1").arg(id));
     WatchEvents(*link);  // owns it from now on, and goes with the widget
     return *link;

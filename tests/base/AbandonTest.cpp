@@ -10,7 +10,7 @@ namespace {
 
 // A block that nobody remembers once this returns.
 __attribute__((noinline)) void AbandonBlock() {
-    Abandon(new int[12]());  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the leak is the point
+    Abandon(new int[12]());  // the leak is the point
 }
 
 TEST(Abandon, CountsEveryBlockAcrossTheListsGrowth) {

@@ -74,7 +74,7 @@ void MainMenu::AddCommandMenu() {
 
 void MainMenu::AddLanguageMenu() {
     QMenu* menu = AddMenu(L"语言(&L)");
-    auto* group = new QActionGroup(menu);  // NOLINT(cppcoreguidelines-owning-memory): the menu's
+    auto* group = new QActionGroup(menu);  // the menu's
     const auto add = [&](const QString& title, const wchar_t* language, const wchar_t* name) {
         QAction* action = menu->addAction(title, &m_window, [set = m_actions.setLanguage, language] { set(language); });
         action->setCheckable(true);
