@@ -117,7 +117,7 @@ EarClipper::EarClipper(const std::vector<FlatPoint>& outline) : m_points(outline
 
 // Whether a corner encloses nothing with its neighbours.
 bool EarClipper::IsFlat(std::size_t node) const {
-    return !IsFlatTriangle(m_points[m_nodes[node].before], m_points[node], m_points[m_nodes[node].behind]);
+    return !HasArea(m_points[m_nodes[node].before], m_points[node], m_points[m_nodes[node].behind]);
 }
 
 // Only reflex corners can be in the way, for where anything reaches into an ear one of them does.
@@ -244,7 +244,7 @@ bool IsConvexQuadrilateral(const std::vector<FlatPoint>& outline) {
         const FlatPoint& a = outline[i];
         const FlatPoint& b = outline[(i + 1) % 4];
         const FlatPoint& c = outline[(i + 2) % 4];
-        if (!IsFlatTriangle(a, b, c))
+        if (!HasArea(a, b, c))
             return false;
         left += Cross(a, b, c) > 0.0 ? 1 : 0;
     }
@@ -260,7 +260,7 @@ double TwiceSignedArea(const std::vector<FlatPoint>& outline) {
     return area;
 }
 
-bool IsFlatTriangle(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c) {
+bool HasArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c) {
     const double longest = std::max({Distance(a, b), Distance(b, c), Distance(c, a)});
     return std::fabs(Cross(a, b, c)) > longest * std::max(g_fZero, kFlatness * longest);
 }

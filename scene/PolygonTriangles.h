@@ -25,7 +25,7 @@ double TwiceSignedArea(const std::vector<FlatPoint>& outline);
 
 // Whether a corner's two edges enclose an area: its height over the line between its neighbours is more than g_fZero
 // and more than a thousand-millionth of the longest side.
-bool IsFlatTriangle(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c);
+bool HasArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c);
 
 // The pieces of an outline, whose last point joins its first, that runs in either sense: one of four corners for a
 // convex quadrilateral, else triangles. They cover what the outline encloses, and each part of it once. Corners in one
