@@ -7,8 +7,9 @@ import unittest
 
 TOOL = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "tools", "changed-rooms")
 FILES = ["CMakeLists.txt", "data/zone.xml", "docs/orvo.md", "platform/base/CString.h", "platform/window/CWnd.h",
-         "module/calendar/OrvoDate.h", "module/records/SunWinData.h", "module/zone/OrvoCity.h", "tests/base/A.cpp",
-         "tests/window/A.cpp", "tests/calendar/A.cpp", "tests/records/A.cpp", "tests/zone/A.cpp", "tests/user/a.py",
+         "module/calendar/OrvoDate.h", "module/records/SunWinData.h", "module/zone/OrvoCity.h",
+         "module/frame/Resources.cpp", "module/OrvoDataBase.h", "module/CMakeLists.txt", "platform/CMakeLists.txt",
+         "tests/base/A.cpp", "tests/window/A.cpp", "tests/calendar/A.cpp", "tests/records/A.cpp", "tests/zone/A.cpp", "tests/user/a.py",
          "tests/support/A.h"]
 ALL = ["base", "window", "calendar", "records", "zone", "user"]
 
@@ -47,6 +48,14 @@ class ChangedRooms(unittest.TestCase):
         self.assertEqual(self.changed_after("platform/window/CWnd.h"), ALL[1:])
         self.assertEqual(self.changed_after("module/calendar/OrvoDate.h"), ["calendar", "zone", "user"])
         self.assertEqual(self.changed_after("module/zone/OrvoCity.h"), ["zone", "user"])
+
+    def test_what_all_of_the_module_include_concerns_all_of_the_module(self):
+        for file in ("module/frame/Resources.cpp", "module/CMakeLists.txt"):
+            self.assertEqual(self.changed_after(file), ["calendar", "records", "zone", "user"], file)
+
+    def test_a_file_beside_the_rooms_concerns_those_above(self):
+        self.assertEqual(self.changed_after("module/OrvoDataBase.h"), ["user"])
+        self.assertEqual(self.changed_after("platform/CMakeLists.txt"), ALL)
 
     def test_a_test_concerns_its_room_and_the_whole(self):
         self.assertEqual(self.changed_after("tests/records/A.cpp"), ["records", "user"])
