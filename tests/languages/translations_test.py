@@ -1,19 +1,21 @@
 #!/usr/bin/env python3
 """Looks for texts that the program shows and that a language does not translate.
 
-A text is any literal with a character beyond ASCII: a wide one in the sources of the platform, the module, the facts
-and the workbench, any one in a resource script. Each has to stand in every language table, under its own module, or in
+A text is any literal with a character beyond ASCII: a wide one in the sources of the components that have tables, any
+one in a resource script. Each has to stand in every language table, under its own module, or in
 untranslated.txt (there a line names a text, or after "file " a source whose texts are all data).
 """
 import glob
 import os
 import re
+import sys
 import unittest
 import xml.etree.ElementTree as ET
 
 ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
+sys.path.insert(0, os.path.join(ROOT, "tools"))
+from rooms import COMPONENTS, TABLES  # noqa: E402
 NAME = "{urn:orvo:dictionary}name"
-KEYS = {"platform": "ORVOPLATFORM", "module": "ORVODATABASE", "facts": "ORVOFACTS", "workbench": "ORVOWORKBENCH"}
 LITERAL = re.compile(r'(?<!\w)L"((?:[^"\\]|\\.)*)"((?:\s*L?"(?:[^"\\]|\\.)*")*)')
 
 
@@ -40,10 +42,10 @@ def texts_of_source(source):
     return texts
 
 
-def texts_of(room):
+def texts_of(component):
     """Every text of a component's sources and scripts."""
     found = {}
-    for folder, _, files in os.walk(os.path.join(ROOT, room)):
+    for folder, _, files in os.walk(os.path.join(ROOT, component)):
         for name in files:
             if not name.endswith((".cpp", ".h", ".rc")):
                 continue
@@ -84,15 +86,19 @@ class Translations(unittest.TestCase):
         exempt = untranslated()
         for path in self.files:
             table = tables(path)
-            for room, key in KEYS.items():
-                texts = texts_of(room)
-                self.assertTrue(texts, room)
+            for component, key in TABLES.items():
+                texts = texts_of(component)
+                self.assertTrue(texts, component)
                 missing = [f"{source}: {text!r}" for text, source in sorted(texts.items())
                            if text not in table.get(key, {}) and not {text, f"file {source}"} & exempt]
                 self.assertEqual(missing, [], f"{os.path.basename(path)} lacks")
 
+    def test_a_component_without_a_table_shows_no_texts(self):
+        for component in set(COMPONENTS) - set(TABLES):
+            self.assertEqual(texts_of(component), {}, component)
+
     def test_no_table_holds_texts_that_nobody_shows(self):
-        shown = set().union(*(texts_of(room) for room in KEYS))
+        shown = set().union(*(texts_of(component) for component in TABLES))
         for path in self.files:
             for key, texts in tables(path).items():
                 left_over = [text for text, (_, is_kept) in texts.items() if not is_kept and text not in shown]
@@ -100,8 +106,9 @@ class Translations(unittest.TestCase):
 
     def test_no_exemption_is_left_over(self):
         shown = set()
-        for room in KEYS:
-            shown |= set(texts_of(room)) | {f"file {source}" for source in texts_of(room).values()}
+        for component in TABLES:
+            texts = texts_of(component)
+            shown |= set(texts) | {f"file {source}" for source in texts.values()}
         self.assertEqual(sorted(untranslated() - shown), [])
 
     def test_texts_that_stay_are_their_own_translation(self):

@@ -2,6 +2,7 @@
 """Lets tools/check-tidy ask a stand-in for clang-tidy, and counts what it was asked."""
 import json
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -15,6 +16,7 @@ TIDY = """#!/bin/sh
 if [ "$1" = --version ]; then echo "version ${TIDY_VERSION-1}"; exit; fi
 for last; do :; done
 basename "$last" >> "$TIDY_LOG"
+echo "$@" >> "$TIDY_LOG.words"
 if grep -q BAD "$last"; then echo "it is bad"; exit 1; fi
 """
 NINJA = """#!/bin/sh
@@ -66,6 +68,15 @@ class CheckTidy(unittest.TestCase):
     def test_a_clean_source_is_asked_about_once(self):
         self.assertEqual(self.run_tool()[::2], (0, ["Clean.cpp", "Other.cpp"]))
         self.assertEqual(self.run_tool()[::2], (0, []))
+
+    def test_the_headers_of_every_room_count(self):
+        self.run_tool()
+        with open(self.log + ".words", encoding="utf-8") as file:
+            found = re.search(r"--header-filter=(\S+)", file.read())
+        for header in ("platform/base/CString.h", "module/zone/OrvoCity.h", "facts/SunDay.h", "scene/Scene.h",
+                       "analysis/Window.h", "workbench/Texts.h"):
+            self.assertRegex(os.path.join(self.folder, "one", header), found.group(1))
+        self.assertNotRegex("/usr/include/c++/12/vector", found.group(1))
 
     def test_a_changed_source_or_header_is_asked_about_again(self):
         self.run_tool()
