@@ -13,10 +13,7 @@
 #include <utility>
 
 #include "platform/base/CString.h"
-#include "platform/base/Language.h"
-#include "platform/base/Message.h"
 #include "platform/base/OpenFile.h"
-#include "platform/base/SaveFailure.h"
 #include "platform/base/Support.h"
 #include "platform/base/TemporaryFile.h"
 
@@ -242,41 +239,28 @@ void AtomicSave::Undo() {
     m_isKeptNew = isThere && rename(temporary.c_str(), m_target.c_str()) == 0 && m_isKeptNew;
 }
 
-// All steps; fills in what to tell when one fails.
-bool Save(const wchar_t* path, std::string_view bytes, FileJudge isGood, CString& text) {
-    const std::string given = path ? ToUtf8(path) : std::string();
-    errno = ENOENT;  // for a path that is empty
-    const std::string target = given.empty() ? given : FollowLinks(given);
-    if (target.empty()) {
-        text = SaveFailureText(path, errno);
-        return false;
-    }
-    if (IsInstalledDataPath(path) || IsInstalledDataPath(FromUtf8(target))) {
-        text.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
-        return false;
-    }
-    AtomicSave save(target);
-    const AtomicSave::Present present = save.LookAtPresent(bytes);
-    if (present == AtomicSave::Present::Same)
-        return true;
-    if (present != AtomicSave::Present::Unusable && save.WriteTemporary(bytes) && save.KeepPresent(isGood) &&
-        save.Replace())
-        return true;
-    text = SaveFailureText(path, errno);
-    return false;
+// Why the step before failed. One that failed has said so; to be sure, none is taken for a success.
+SaveResult Failure() {
+    return {errno != 0 ? errno : EIO};
 }
 
 }  // namespace
 
-bool SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood, CString* message) {
-    CString text;
-    if (Save(path, bytes, isGood, text))
-        return true;
-    if (message)
-        *message = text;
-    else
-        ReportMessage(text);
-    return false;
+SaveResult SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJudge isGood) {
+    const std::string given = path ? ToUtf8(path) : std::string();
+    errno = ENOENT;  // for a path that is empty
+    const std::string target = given.empty() ? given : FollowLinks(given);
+    if (target.empty())
+        return Failure();
+    if (IsInstalledDataPath(path) || IsInstalledDataPath(FromUtf8(target)))
+        return {kInstalledData};
+    AtomicSave save(target);
+    const AtomicSave::Present present = save.LookAtPresent(bytes);
+    if (present == AtomicSave::Present::Same)
+        return {};
+    const bool isSaved = present != AtomicSave::Present::Unusable && save.WriteTemporary(bytes) &&
+                         save.KeepPresent(isGood) && save.Replace();
+    return isSaved ? SaveResult() : Failure();
 }
 
 CString BackupPath(const wchar_t* path) {

@@ -108,10 +108,12 @@ bool DictionaryWriter::Write(const QcDtDictionary& root, std::string& bytes) {
 
 bool DictionaryWriter::SaveFile(const QcDtDictionary& root, const wchar_t* path) {
     std::string bytes;
+    int cause = kUnreadableContent;
     if (Write(root, bytes))
-        return SaveFileAtomically(path, bytes, DictionaryReader::AcceptsFile);
-    ReportMessage(SaveFailureText(path, kUnreadableContent));
-    return false;
+        cause = SaveFileAtomically(path, bytes, DictionaryReader::AcceptsFile).cause;
+    if (cause != 0)
+        ReportMessage(SaveFailureText(path, cause));
+    return cause == 0;
 }
 
 bool DictionaryWriter::WriteTree(const QcDtDictionary& root) {

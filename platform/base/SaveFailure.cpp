@@ -5,12 +5,13 @@
 
 #include <cerrno>
 
+#include "platform/base/AtomicFile.h"
 #include "platform/base/Language.h"
 
 namespace {
 
-const wchar_t* KnownCause(int error) {
-    switch (error) {
+const wchar_t* KnownCause(int cause) {
+    switch (cause) {
         case kNoOrdinaryFile:
         case EISDIR:
             return L"占用这个名称的不是普通文件，请移走它再保存";
@@ -36,21 +37,24 @@ const wchar_t* KnownCause(int error) {
     }
 }
 
-CString CauseOf(int error) {
-    if (const wchar_t* known = KnownCause(error))
+CString CauseOf(int cause) {
+    if (const wchar_t* known = KnownCause(cause))
         return PlatformText(known);
-    const char* words = strerrordesc_np(error);
-    CString cause;
-    cause.Format(PlatformText(L"系统报告“%s”，请检查磁盘再保存"), FromUtf8(words ? words : "?"));
-    return cause;
+    const char* words = strerrordesc_np(cause);
+    CString text;
+    text.Format(PlatformText(L"系统报告“%s”，请检查磁盘再保存"), FromUtf8(words ? words : "?"));
+    return text;
 }
 
 }  // namespace
 
-CString SaveFailureText(const wchar_t* path, int error) {
+CString SaveFailureText(const wchar_t* path, int cause) {
     if (!path || !*path)
         return PlatformText(L"没有保存：没有给出文件名。");
     CString text;
-    text.Format(PlatformText(L"文件“%s”没有保存：%s。"), path, CauseOf(error));
+    if (cause == kInstalledData)
+        text.Format(PlatformText(L"安装文件夹中的文件不能改写：%s"), path);
+    else
+        text.Format(PlatformText(L"文件“%s”没有保存：%s。"), path, CauseOf(cause));
     return text;
 }

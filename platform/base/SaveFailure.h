@@ -2,15 +2,12 @@
 // Why: docs/decisions/base.md
 #pragma once
 
+#include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
-// In place of an errno: something is there, but no ordinary file.
-inline constexpr int kNoOrdinaryFile = -1;
-// In place of an errno: the reader would refuse what was to be saved.
-inline constexpr int kUnreadableContent = -2;
-// In place of an errno: a folder has the name of the backup.
-inline constexpr int kNoRoomForBackup = -3;
+// A cause beside those of SaveResult: the reader would refuse what was to be saved.
+inline constexpr int kUnreadableContent = -100;
 
-// One sentence in the user's language: the file, why it was not saved (an errno, or one of the above), and what to do.
-// A path that is null or empty is told as such, whatever the cause.
-CString SaveFailureText(const wchar_t* path, int error);
+// One sentence in the user's language: the file, why it was not saved (a cause of SaveResult, or the one above), and
+// what to do. A path that is null or empty is told as such, whatever the cause.
+ORVO_API CString SaveFailureText(const wchar_t* path, int cause);

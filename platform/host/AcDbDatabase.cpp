@@ -7,6 +7,7 @@
 #include "platform/base/AtomicFile.h"
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
+#include "platform/base/SaveFailure.h"
 #include "platform/host/CurrentDrawing.h"
 #include "platform/host/DxfDrawing.h"
 
@@ -78,8 +79,9 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
             text.Format(PlatformText(L"图形文件“%s”超过 2 GiB，没有保存，原来的文件没有改变。"), path);
             return Tell(Acad::eFileAccessErr, text, message);
         }
-        if (!SaveFileAtomically(path, bytes, nullptr, &text))
-            return Tell(Acad::eFileAccessErr, text, message);
+        const SaveResult result = SaveFileAtomically(path, bytes, nullptr);
+        if (!result)
+            return Tell(Acad::eFileAccessErr, SaveFailureText(path, result.cause), message);
         m_pDrawing->m_nSavedChanges = m_pDrawing->m_nChanges;
         return Acad::eOk;
     } catch (...) {

@@ -12,6 +12,7 @@
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
 #include "platform/base/QcDtDictionary.h"
+#include "platform/base/SaveFailure.h"
 #include "platform/base/Support.h"
 #include "support/Environment.h"
 #include "support/FileTree.h"
@@ -40,17 +41,14 @@ protected:
     std::string Told(const std::string& name, const char* cause) const {
         return "文件“" + Path(name) + "”没有保存：" + cause + "。";
     }
-    // What the save of a file that must fail tells: through the sink, or, with a text to put it into, there alone.
-    std::string Tell(const std::string& name) {
-        const CString path = FromUtf8(Path(name));
-        m_messages.texts.clear();
-        EXPECT_FALSE(SaveFileAtomically(path, "new", nullptr)) << name;
-        EXPECT_EQ(m_messages.texts.size(), 1U) << name;
-        CString message = L"before";
-        EXPECT_FALSE(SaveFileAtomically(path, "new", nullptr, &message)) << name;
-        EXPECT_EQ(m_messages.texts, Texts{ToUtf8(message.View())}) << "told twice: " << name;
-        return ToUtf8(message.View());
+    // What there is to tell of the save of a file that must fail, which itself tells nothing.
+    std::string Tell(const wchar_t* path) {
+        const SaveResult result = SaveFileAtomically(path, "new", nullptr);
+        EXPECT_FALSE(result) << path;
+        EXPECT_EQ(m_messages.texts, Texts());
+        return ToUtf8(SaveFailureText(path, result.cause).View());
     }
+    std::string Tell(const std::string& name) { return Tell(FromUtf8(Path(name))); }
 
     FileTree m_tree;
     Recorder m_messages;
@@ -67,11 +65,8 @@ std::unique_ptr<QcDtDictionary> Nested(int depth) {
 }  // namespace
 
 TEST_F(SaveFailure, TellsNothingOfASaveThatSucceeds) {
-    CString message = L"before";
-    EXPECT_TRUE(SaveFileAtomically(m_tree.File("a"), "new", nullptr, &message));
-    EXPECT_TRUE(SaveFileAtomically(m_tree.File("a"), "new", nullptr)) << "nothing to do";
-    EXPECT_TRUE(SaveFileAtomically(m_tree.File("a"), "newer", nullptr));
-    EXPECT_EQ(message, L"before");
+    for (const int depth : {2, 2, 3})  // new, the same again, changed
+        EXPECT_TRUE(Nested(depth)->SaveToXML(m_tree.File("a.xml")));
     EXPECT_EQ(m_messages.texts, Texts());
 }
 
@@ -130,19 +125,13 @@ TEST_F(SaveFailure, TellsOfABackupThatCannotBeMade) {
 }
 
 TEST_F(SaveFailure, TellsOfAPathThatIsNone) {
-    for (const wchar_t* path : {static_cast<const wchar_t*>(nullptr), L""}) {
-        m_messages.texts.clear();
-        EXPECT_FALSE(SaveFileAtomically(path, "new", nullptr));
-        EXPECT_EQ(m_messages.texts, Texts{"没有保存：没有给出文件名。"});
-    }
+    for (const wchar_t* path : {static_cast<const wchar_t*>(nullptr), L""})
+        EXPECT_EQ(Tell(path), "没有保存：没有给出文件名。");
 }
 
-TEST_F(SaveFailure, TellsOfTheInstallationInTheTextThatIsGiven) {
+TEST_F(SaveFailure, TellsOfTheInstallation) {
     const CString path = InstalledDataFolder() + L"/save-failure-test.xml";
-    CString message;
-    EXPECT_FALSE(SaveFileAtomically(path, "new", nullptr, &message));
-    EXPECT_EQ(message, L"安装文件夹中的文件不能改写：" + path);
-    EXPECT_EQ(m_messages.texts, Texts());
+    EXPECT_EQ(Tell(path), ToUtf8((L"安装文件夹中的文件不能改写：" + path).View()));
 }
 
 TEST_F(SaveFailure, TellsOfATreeThatCouldNotBeReadAgain) {
