@@ -5,8 +5,6 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/base/DictionaryReader.h"
-#include "platform/base/DictionaryWriter.h"
 #include "platform/base/QcDtNameIndex.h"
 
 namespace {
@@ -58,9 +56,13 @@ const QcDtDictItem* QcDtDictionary::GetItem(int index) const {
     return index < 0 || index >= GetCount() ? nullptr : m_items[static_cast<std::size_t>(index)];
 }
 
+QcDtDictItem* QcDtDictionary::ItemOf(QcDtNameEntry* entry) {
+    return static_cast<QcDtDictItem*>(entry);
+}
+
 QcDtDictItem* QcDtDictionary::FindFirst(std::wstring_view name) const {
     if (m_pIndex)
-        return m_pIndex->Find(name);
+        return ItemOf(m_pIndex->Find(name));
     const auto found = std::find_if(m_items.begin(), m_items.end(),
                                     [name](const QcDtDictItem* item) { return item->m_strName.View() == name; });
     return found == m_items.end() ? nullptr : *found;
@@ -73,10 +75,10 @@ QcDtDictionary* QcDtDictionary::FindFirstDict(std::wstring_view name) const {
         });
         return found == m_items.end() ? nullptr : static_cast<QcDtDictionary*>(*found);
     }
-    QcDtDictItem* const first = m_pIndex->Find(name);
+    QcDtDictItem* const first = ItemOf(m_pIndex->Find(name));
     QcDtDictItem* item = first;
     while (item && item->GetType() != QcDtKindDictionary)
-        item = item->m_pNextSame == first ? nullptr : item->m_pNextSame;
+        item = item->m_pNextSame == first ? nullptr : ItemOf(item->m_pNextSame);
     return static_cast<QcDtDictionary*>(item);
 }
 
@@ -184,17 +186,9 @@ void QcDtDictionary::RemoveAll() {
     doom(*this);
     while (doomed) {
         QcDtDictItem* const item = doomed;
-        doomed = item->m_pNextSame;
+        doomed = ItemOf(item->m_pNextSame);
         if (item->GetType() == QcDtKindDictionary)
             doom(static_cast<QcDtDictionary&>(*item));
         delete item;
     }
-}
-
-bool QcDtDictionary::ReadFromXML(const wchar_t* path) {
-    return DictionaryReader(*this).ReadFile(path);
-}
-
-bool QcDtDictionary::SaveToXML(const wchar_t* path) const {
-    return DictionaryWriter::SaveFile(*this, path);
 }

@@ -10,6 +10,7 @@
 
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
+#include "platform/base/QcDtNameEntry.h"
 
 class QcDtDictionary;
 class QcDtNameIndex;
@@ -29,7 +30,7 @@ enum QcDtKind : int {
 //
 // An item that was appended belongs to its dictionary, which deletes it; a pointer stays valid until the item is
 // removed. Deleting an item that still has a parent takes it out of the parent first.
-class ORVO_API QcDtDictItem {
+class ORVO_API QcDtDictItem : private QcDtNameEntry {
 public:
     virtual ~QcDtDictItem();
     QcDtDictItem(const QcDtDictItem&) = delete;
@@ -80,7 +81,7 @@ public:
 
 protected:
     QcDtDictItem() = default;
-    explicit QcDtDictItem(const wchar_t* name) : m_strTag(name), m_strName(m_strTag) {}
+    explicit QcDtDictItem(const wchar_t* name) : QcDtNameEntry{name}, m_strTag(m_strName) {}
     // Everything but the value and the parent.
     void CopyNamesAndAttributes(const QcDtDictItem& other);
     // The same by moving; the other item, which has no parent, is left without any.
@@ -88,7 +89,6 @@ protected:
 
 private:
     friend class QcDtDictionary;
-    friend class QcDtNameIndex;
     friend class DictionaryReader;
 
     struct Attribute {
@@ -98,15 +98,9 @@ private:
     const Attribute* FindAttribute(const wchar_t* name) const;
 
     CString m_strTag;
-    CString m_strName;
     CString m_strLocalName;
     std::vector<Attribute> m_attributes;
-
-    // Held for the parent: the item's place in its sequence, and the ring of items that bear the same name.
     QcDtDictionary* m_pParent = nullptr;
-    std::uint64_t m_nOrder = 0;
-    QcDtDictItem* m_pNextSame = nullptr;
-    QcDtDictItem* m_pPreviousSame = nullptr;
 };
 
 // A yes or no, held as an integer (any value is kept as it is).
@@ -213,6 +207,7 @@ private:
     friend class QcDtDictItem;
     friend class DictionaryReader;
 
+    static QcDtDictItem* ItemOf(QcDtNameEntry* entry);
     QcDtDictItem* FindFirst(std::wstring_view name) const;
     QcDtDictionary* FindFirstDict(std::wstring_view name) const;
     // Takes an item out of the sequence and the index without deleting it.

@@ -6,8 +6,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/base/QcDtDictionary.h"
-
 namespace {
 
 std::uint64_t MakeSalt() {
@@ -30,20 +28,20 @@ std::size_t QcDtNameIndex::NameHash::operator()(std::wstring_view name) const {
     return static_cast<std::size_t>(hash);
 }
 
-QcDtDictItem* QcDtNameIndex::Find(std::wstring_view name) const {
+QcDtNameEntry* QcDtNameIndex::Find(std::wstring_view name) const {
     const auto found = m_first.find(name);
     return found == m_first.end() ? nullptr : found->second;
 }
 
-void QcDtNameIndex::Add(QcDtDictItem* item) {
-    const auto [entry, isNew] = m_first.try_emplace(item->GetName().View(), item);
+void QcDtNameIndex::Add(QcDtNameEntry* item) {
+    const auto [entry, isNew] = m_first.try_emplace(item->m_strName.View(), item);
     if (isNew) {
         item->m_pNextSame = item->m_pPreviousSame = item;
         return;
     }
     // Most arrive in order, behind the last; an item that was renamed may belong anywhere.
-    QcDtDictItem* const first = entry->second;
-    QcDtDictItem* before = first->m_pPreviousSame;
+    QcDtNameEntry* const first = entry->second;
+    QcDtNameEntry* before = first->m_pPreviousSame;
     const bool isNewFirst = item->m_nOrder < first->m_nOrder;
     while (!isNewFirst && before->m_nOrder > item->m_nOrder)
         before = before->m_pPreviousSame;
@@ -55,9 +53,9 @@ void QcDtNameIndex::Add(QcDtDictItem* item) {
         SetFirst(entry, item);
 }
 
-void QcDtNameIndex::Remove(QcDtDictItem* item) {
-    const auto entry = m_first.find(item->GetName().View());
-    QcDtDictItem* const next = item->m_pNextSame;
+void QcDtNameIndex::Remove(QcDtNameEntry* item) {
+    const auto entry = m_first.find(item->m_strName.View());
+    QcDtNameEntry* const next = item->m_pNextSame;
     if (next == item) {
         m_first.erase(entry);
     } else {
@@ -70,9 +68,9 @@ void QcDtNameIndex::Remove(QcDtDictItem* item) {
 }
 
 // The key goes with the item, since it is a view of the item's name.
-void QcDtNameIndex::SetFirst(Table::iterator entry, QcDtDictItem* item) {
+void QcDtNameIndex::SetFirst(Table::iterator entry, QcDtNameEntry* item) {
     auto node = m_first.extract(entry);
-    node.key() = item->GetName().View();
+    node.key() = item->m_strName.View();
     node.mapped() = item;
     m_first.insert(std::move(node));
 }
