@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "platform/base/TextNumber.h"
+#include "platform/base/TextSpace.h"
 
 namespace {
 

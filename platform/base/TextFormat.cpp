@@ -9,8 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/base/CString.h"
-
 namespace {
 
 using Kinds = std::vector<TextArgument::Kind>;
@@ -77,8 +75,6 @@ bool Fits(const Kinds& kinds, const TextArgument* arguments, std::size_t count) 
 }
 
 }  // namespace
-
-TextArgument::TextArgument(const CString& value) : kind(Kind::Text), text(value) {}
 
 bool FormatText(std::wstring& out, const wchar_t* format, const TextArgument* arguments, std::size_t count) {
     Kinds kinds;

@@ -7,16 +7,14 @@
 
 #include "platform/base/Api.h"
 
-class CString;
-
-// One argument of a format: a whole number, a floating-point number or a wide text (which is not copied).
+// One argument of a format: a whole number, a floating-point number or a wide text (which is not copied; a CString
+// gives its own).
 struct ORVO_API TextArgument {
     enum class Kind { Integer, Real, Text };
 
     TextArgument(int value) : kind(Kind::Integer), integer(value) {}
     TextArgument(double value) : kind(Kind::Real), real(value) {}
     TextArgument(const wchar_t* value) : kind(Kind::Text), text(value ? value : L"") {}
-    TextArgument(const CString& value);
 
     Kind kind;
     int integer = 0;

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/base/CString.h"
+#include "platform/base/TextSpace.h"
 
 namespace {
 
@@ -61,13 +62,6 @@ bool IsHuge(const std::string& number) {
 }
 
 }  // namespace
-
-bool IsTextSpace(wchar_t c) {
-    constexpr std::wstring_view kSpaces =
-        L"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A"
-        L"\u2028\u2029\u202F\u205F\u3000";
-    return kSpaces.find(c) != std::wstring_view::npos;
-}
 
 int _wtoi(const wchar_t* text) {
     if (!text)

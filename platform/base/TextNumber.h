@@ -17,6 +17,3 @@ ORVO_API double _wtof(const wchar_t* text);
 class CString;
 ORVO_API CString DoubleToText(double value);
 ORVO_API CString IntToText(int value);
-
-// White space as the number readers skip it: blanks, tabs, line ends and the wide blanks of Unicode.
-ORVO_API bool IsTextSpace(wchar_t character);

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "platform/base/TextNumber.h"
+#include "platform/base/TextSpace.h"
 #include "platform/host/RxRegistry.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/LineWords.h"

@@ -1,7 +1,7 @@
 // Splits a line at the prompt into words, by its quotes and blanks.
 #include "workbench/commands/LineWords.h"
 
-#include "platform/base/TextNumber.h"
+#include "platform/base/TextSpace.h"
 
 std::optional<std::vector<CString>> SplitWords(const CString& line) {
     std::vector<CString> words;
