@@ -7,8 +7,8 @@
 #include "geometry/QcGeFace3dEX.h"
 #include "platform/geometry/QcGeVector3d.h"
 #include "platform/geometry/Tolerance.h"
+#include "scene/HiddenEdge.h"
 #include "scene/PolygonTriangles.h"
-#include "scene/Scene.h"
 
 namespace {
 

@@ -8,12 +8,9 @@
 #include "geometry/QcGeFace3dEX.h"
 #include "platform/geometry/QcGePoint.h"
 #include "platform/host/AcDbObjectId.h"
+#include "scene/HiddenEdge.h"
 
 class AcDbDatabase;
-
-// m_flag[i] of a scene's face when the edge from corner i to the next corner is not to be drawn: one that the drawing
-// makes invisible, or that only divides a face or an arc. 0 for an edge that is drawn.
-inline constexpr unsigned char kHiddenEdge = 1;
 
 // The faces of one entity: faces[m_nFirstFace] and the m_nFaceCount - 1 behind it.
 struct SceneEntity {
