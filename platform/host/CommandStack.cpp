@@ -96,3 +96,9 @@ const AcEdCommand* AcEdCommandStack::lookupCmd(const wchar_t* name) const {
     }
     return nullptr;
 }
+
+// Never destroyed: a plug-in may still ask for it while the process ends.
+AcEdCommandStack& HostCommandStack() {
+    static auto* const stack = new AcEdCommandStack;
+    return *stack;
+}

@@ -52,3 +52,6 @@ private:
     struct Groups;
     std::unique_ptr<Groups> m_groups;
 };
+
+// The host's own, which the registry gives by name. It lives as long as the process.
+ORVO_API AcEdCommandStack& HostCommandStack();

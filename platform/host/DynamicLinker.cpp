@@ -3,8 +3,6 @@
 
 #include <set>
 
-#include "platform/host/RxRegistry.h"
-
 struct AcRxDynamicLinker::Records {
     std::set<void*> registered;
     std::set<void*> unlocked;
@@ -42,6 +40,12 @@ bool AcRxDynamicLinker::isLocked(void* applicationHandle) const {
 void AcRxDynamicLinker::forget(void* applicationHandle) {
     m_records->registered.erase(applicationHandle);
     m_records->unlocked.erase(applicationHandle);
+}
+
+// Never destroyed: a plug-in may still ask for it while the process ends.
+AcRxDynamicLinker& HostDynamicLinker() {
+    static auto* const linker = new AcRxDynamicLinker;
+    return *linker;
 }
 
 bool acrxUnlockApplication(void* applicationHandle) {

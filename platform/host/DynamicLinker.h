@@ -30,6 +30,9 @@ private:
     std::unique_ptr<Records> m_records;
 };
 
+// The host's own, which the registry gives by name. It lives as long as the process.
+ORVO_API AcRxDynamicLinker& HostDynamicLinker();
+
 // The host does not unload a plug-in that is locked, as each is at first; unlocking permits it. False for a null
 // handle. They act on the registry's own linker.
 ORVO_API bool acrxUnlockApplication(void* applicationHandle);

@@ -1,5 +1,5 @@
-// The registry and its services. They are made at first use and never destroyed: a plug-in may still ask for them while
-// the process ends.
+// The registry. It is made at first use and never destroyed, as its services are: a plug-in may still ask for them
+// while the process ends.
 #include "platform/host/RxRegistry.h"
 
 #include <string_view>
@@ -16,14 +16,4 @@ AcRxObject* AcRxDictionary::at(const wchar_t* name) const {
 AcRxDictionary* acrxSysRegistry() {
     static auto* const registry = new AcRxDictionary;
     return registry;
-}
-
-AcRxDynamicLinker& HostDynamicLinker() {
-    static auto* const linker = new AcRxDynamicLinker;
-    return *linker;
-}
-
-AcEdCommandStack& HostCommandStack() {
-    static auto* const stack = new AcEdCommandStack;
-    return *stack;
 }

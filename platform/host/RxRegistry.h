@@ -17,7 +17,3 @@ public:
 
 // Never null; always the same object.
 ORVO_API AcRxDictionary* acrxSysRegistry();
-
-// The two services without the detour by name, for the host itself.
-ORVO_API AcRxDynamicLinker& HostDynamicLinker();
-ORVO_API AcEdCommandStack& HostCommandStack();
