@@ -1,11 +1,7 @@
-// Opens and closes objects of the open drawing.
+// Counts and closes the objects of the open drawing that somebody has opened.
 #include "platform/host/AcDbObject.h"
 
-#include <new>
-#include <vector>
-
 #include "platform/host/AcDbDatabase.h"
-#include "platform/host/AcDbSymbolTableRecord.h"
 
 namespace {
 
@@ -33,19 +29,4 @@ Acad::ErrorStatus AcDbObject::close() {
 
 int AcDbObject::OpenCount() {
     return g_openCount;
-}
-
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode) {
-    object = nullptr;
-    if (id.isNull() || mode != AcDb::kForRead)
-        return Acad::eInvalidInput;
-    const AcDbDatabase* drawing = acdbCurDwg();
-    std::vector<DxfGroup> groups;
-    if (!drawing || !drawing->GetGroups(id, groups))
-        return Acad::eKeyNotFound;
-    if (drawing->IsSymbolTableRecord(id))
-        object = new (std::nothrow) AcDbSymbolTableRecord(id);
-    else
-        object = new (std::nothrow) AcDbObject(id);
-    return object ? Acad::eOk : Acad::eOutOfMemory;
 }
