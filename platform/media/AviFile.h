@@ -17,6 +17,7 @@
 
 #include "platform/base/Api.h"
 #include "platform/base/FrameworkTypes.h"
+#include "platform/media/AviStreamInfo.h"
 
 using PAVIFILE = struct OrvoAviFileHandle*;
 using PAVISTREAM = struct OrvoAviStreamHandle*;
@@ -24,7 +25,6 @@ struct CLSID;
 
 inline constexpr UINT OF_WRITE = 0x0001;
 inline constexpr UINT OF_CREATE = 0x1000;
-inline constexpr DWORD AVIIF_KEYFRAME = 0x10;
 
 inline constexpr HRESULT AVIERR_OK = 0;
 inline constexpr HRESULT AVIERR_UNSUPPORTED = static_cast<HRESULT>(0x80044065U);
@@ -35,34 +35,6 @@ inline constexpr HRESULT AVIERR_BADPARAM = static_cast<HRESULT>(0x8004406BU);
 inline constexpr HRESULT AVIERR_FILEWRITE = static_cast<HRESULT>(0x8004406EU);
 inline constexpr HRESULT AVIERR_FILEOPEN = static_cast<HRESULT>(0x8004406FU);
 inline constexpr HRESULT AVIERR_NOCOMPRESSOR = static_cast<HRESULT>(0x80044071U);
-
-// Four letters as one number, the first one in the lowest byte, as they stand in the file.
-constexpr DWORD mmioFOURCC(char a, char b, char c, char d) {
-    const auto byte = [](char letter) { return static_cast<DWORD>(static_cast<BYTE>(letter)); };
-    return byte(a) | byte(b) << 8 | byte(c) << 16 | byte(d) << 24;
-}
-inline constexpr DWORD streamtypeVIDEO = mmioFOURCC('v', 'i', 'd', 's');
-
-struct AVISTREAMINFOW {
-    DWORD fccType;     // streamtypeVIDEO
-    DWORD fccHandler;  // codec, 0 for none
-    DWORD dwFlags;
-    DWORD dwCaps;
-    WORD wPriority;
-    WORD wLanguage;
-    DWORD dwScale;
-    DWORD dwRate;  // dwRate / dwScale frames a second
-    DWORD dwStart;
-    DWORD dwLength;
-    DWORD dwInitialFrames;
-    DWORD dwSuggestedBufferSize;  // of the largest sample, in bytes
-    DWORD dwQuality;
-    DWORD dwSampleSize;
-    RECT rcFrame;
-    DWORD dwEditCount;
-    DWORD dwFormatChangeCount;
-    wchar_t szName[64];
-};
 
 struct AVICOMPRESSOPTIONS {
     DWORD fccType;

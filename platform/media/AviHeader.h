@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/media/AviFile.h"
+#include "platform/media/AviStreamInfo.h"
 
 // A finished RIFF part, as the super index names it.
 struct AviPartIndex {
