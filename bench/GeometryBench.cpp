@@ -14,6 +14,7 @@
 
 #include "MedianReporter.h"
 #include "flatgeometry/FlatGeometry.h"
+#include "geometry/Cylinder.h"
 #include "geometry/QcGeFace3dEX.h"
 
 namespace {

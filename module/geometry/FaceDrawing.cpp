@@ -1,6 +1,8 @@
 // Sending a face to OpenGL.
 #include <GL/gl.h>
 
+#include <initializer_list>
+
 #include "geometry/QcGeFace3dEX.h"
 
 namespace {

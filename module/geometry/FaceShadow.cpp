@@ -1,6 +1,7 @@
 // The light on a face, its shadow, and how points and other faces lie to it.
 #include <cmath>
 
+#include "geometry/Cylinder.h"
 #include "geometry/QcGeFace3dEX.h"
 #include "geometry/SideTolerance.h"
 

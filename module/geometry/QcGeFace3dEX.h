@@ -3,7 +3,6 @@
 // Why: docs/decisions/geometry.md
 #pragma once
 
-#include "geometry/Cylinder.h"
 #include "geometry/FaceMaterial.h"
 #include "geometry/Plane.h"
 #include "geometry/PlaneEquation.h"
@@ -12,6 +11,8 @@
 #include "platform/base/Api.h"
 #include "platform/geometry/QcGeBasePlane.h"
 #include "platform/geometry/QcGeFace.h"
+
+class Cylinder;
 
 // Three or four corners in the slots m_pt[0] to m_pt[3]; in a triangle the last slot repeats corner 0. The front is the
 // side from which corners 0, 1, 2 run counter-clockwise; the normal points there. Four corners need not lie in one

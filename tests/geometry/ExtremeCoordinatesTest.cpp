@@ -7,6 +7,7 @@
 
 #include "Bits.h"
 #include "ExactVector.h"
+#include "geometry/Cylinder.h"
 #include "geometry/Line.h"
 #include "geometry/QcGeFace3dEX.h"
 

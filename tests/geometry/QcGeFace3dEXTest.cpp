@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Bits.h"
+#include "geometry/Cylinder.h"
 #include "platform/base/Abandon.h"
 
 namespace {
