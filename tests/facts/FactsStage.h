@@ -8,12 +8,13 @@
 #include "frame/ConfigDictionaries.h"
 #include "platform/base/QcDtDictionary.h"
 #include "settings/OrvoDataSet.h"
+#include "support/EmptyConfiguration.h"
 #include "support/FileTree.h"
 
 class FactsStage : public testing::Test {
 protected:
-    FactsStage() { Clear(); }
-    ~FactsStage() override { Clear(); }
+    FactsStage() { EmptyConfiguration(); }
+    ~FactsStage() override { EmptyConfiguration(); }
 
     // Fills a dictionary from the text of a file.
     void Read(QcDtDictionary& dictionary, std::string_view xml) const {
@@ -22,12 +23,4 @@ protected:
     }
 
     FileTree m_folder;
-
-private:
-    static void Clear() {
-        g_dictSunZone.ReadFromXML(nullptr);
-        g_dictSunSterm.ReadFromXML(nullptr);
-        g_dictSunSet.ReadFromXML(nullptr);
-        g_SunDataSet = OrvoDataSet();
-    }
 };

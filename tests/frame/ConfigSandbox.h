@@ -12,6 +12,7 @@
 #include "platform/base/Support.h"
 #include "platform/host/CommandLine.h"
 #include "settings/OrvoDataSet.h"
+#include "support/EmptyConfiguration.h"
 #include "support/Environment.h"
 #include "support/FileTree.h"
 
@@ -22,11 +23,11 @@ protected:
             << "these tests need libraries without installed data";
         SetCommandLineSink([](const wchar_t* text, void* lines) { static_cast<Lines*>(lines)->push_back(text); },
                            &m_lines);
-        Clear();
+        EmptyConfiguration();
     }
     void TearDown() override {
         SetCommandLineSink(nullptr, nullptr);
-        Clear();
+        EmptyConfiguration();
     }
 
     using Lines = std::vector<CString>;
@@ -34,13 +35,6 @@ protected:
     FileTree m_folder;
 
 private:
-    static void Clear() {
-        g_dictSunZone.ReadFromXML(nullptr);
-        g_dictSunSterm.ReadFromXML(nullptr);
-        g_dictSunSet.ReadFromXML(nullptr);
-        g_SunDataSet = OrvoDataSet();
-    }
-
     FileTree m_home;
     EnvironmentVariable m_support{"ORVO_SUPPORT_PATH", m_folder.Path().c_str()};
     EnvironmentVariable m_config{"XDG_CONFIG_HOME", m_home.Path().c_str()};
