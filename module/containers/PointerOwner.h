@@ -164,7 +164,7 @@ public:
     }
     // Into an owning container go copies, into any other one the pointers, which stay owned here.
     void Left(long n, Base& out) const { CopyRun(0, n, out); }
-    void Right(long n, Base& out) const { CopyRun(this->FromRight(n), n, out); }
+    void Right(long n, Base& out) const { CopyRun(QcFirstOfLast<long>(n, this->GetLength()), n, out); }
     void Mid(long from, long n, Base& out) const { CopyRun(from, n, out); }
     // Every slot gets a copy of the object, which stays the caller's; null releases all.
     void SetAll(const T* p);

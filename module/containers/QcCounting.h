@@ -14,3 +14,9 @@ template <class Int>
 constexpr Int QcFirstOfRotation(Int from, Int to, Int n) {
     return from < to ? n - (to - from) : from - to;
 }
+
+// The index from which on there are n of so many elements, as near as there is one.
+template <class Int>
+constexpr Int QcFirstOfLast(Int n, Int nLength) {
+    return n < 0 ? nLength : n < nLength ? nLength - n : 0;
+}

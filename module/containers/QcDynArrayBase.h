@@ -5,17 +5,15 @@
 // element, stepping back on the last. Inserting leaves the cursor on the new element, removing leaves it on the element
 // before the removed one (out, when that was the first). Reordering (sort, reverse, rotate, exchange, move) leaves its
 // index alone. Index arguments that name no element, sizes that no memory fits and null functions are refused: the
-// operation then does nothing. Nothing throws.
-//
-// An argument may be one of the container's own elements.
+// operation then does nothing. Nothing throws. An argument may be one of the container's own elements.
 #pragma once
 
-#include <algorithm>
 #include <cstdlib>
 #include <limits>
 #include <type_traits>
 
 #include "containers/QcArray.h"
+#include "containers/QcCounting.h"
 #include "containers/QcElement.h"
 #include "containers/QcOwnerMark.h"
 #include "containers/QcQuene.h"
@@ -181,7 +179,7 @@ public:
     }
     // Make out a copy of the first n, the last n, or the n elements from index from on (fewer when there are fewer).
     void Left(long n, QcDynArrayBase& out) const { CopyRun(0, n, out); }
-    void Right(long n, QcDynArrayBase& out) const { CopyRun(FromRight(n), n, out); }
+    void Right(long n, QcDynArrayBase& out) const { CopyRun(QcFirstOfLast<long>(n, GetLength()), n, out); }
     void Mid(long from, long n, QcDynArrayBase& out) const { CopyRun(from, n, out); }
 
     bool operator==(const QcDynArrayBase& other) const;
@@ -229,8 +227,6 @@ protected:
     const T* MatchInRun(const T* p, long to, After isAfter, Match isMatch, long& rnPos) const;
     bool BSearch(const T& x, long from, long to, long& rnPos) const;
     long EndIndex(long to) const { return IsValidIndex(to) ? to : GetMaxIndex(); }
-    // The index from which on there are n elements, as near as there is one.
-    long FromRight(long n) const { return GetLength() - std::clamp<long>(n, 0, GetLength()); }
     // Leaves only the n elements from index from on.
     void KeepRun(long from, long n);
 

@@ -43,6 +43,11 @@ static_assert(QcFirstOfRotation<std::int32_t>(2, 2, 5) == 0);
 static_assert(QcFirstOfRotation<std::int32_t>(0, kMost - 1, kMost) == 1);
 static_assert(QcFirstOfRotation<std::int32_t>(kMost - 1, 0, kMost) == kMost - 1);
 static_assert(QcFirstOfRotation<std::int32_t>(kMost - 2, kMost - 1, kMost) == kMost - 1);
+static_assert(QcFirstOfLast<std::int32_t>(3, 5) == 2);
+static_assert(QcFirstOfLast<std::int32_t>(7, 5) == 0);
+static_assert(QcFirstOfLast<std::int32_t>(0, 5) == 5);
+static_assert(QcFirstOfLast<std::int32_t>(std::numeric_limits<std::int32_t>::min(), 5) == 5);
+static_assert(QcFirstOfLast<std::int32_t>(std::numeric_limits<std::int32_t>::max(), 5) == 0);
 
 QcDynArray<Mark> WithGreatestStep() {
     QcDynArray<Mark> a(0, kMost);
