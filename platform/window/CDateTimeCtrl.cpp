@@ -6,8 +6,8 @@
 #include <QSignalBlocker>
 
 #include "platform/base/Language.h"
-#include "platform/window/QtText.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 

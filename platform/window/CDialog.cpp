@@ -9,10 +9,10 @@
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
 #include "platform/host/ExtensionModule.h"
-#include "platform/window/Application.h"
-#include "platform/window/DialogBuilder.h"
-#include "platform/window/ModalRun.h"
-#include "platform/window/QtText.h"
+#include "platform/window/toolkit/Application.h"
+#include "platform/window/toolkit/DialogBuilder.h"
+#include "platform/window/toolkit/ModalRun.h"
+#include "platform/window/toolkit/QtText.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 BEGIN_MESSAGE_MAP(CEdit, CWnd)
 END_MESSAGE_MAP()

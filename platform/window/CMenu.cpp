@@ -5,10 +5,10 @@
 #include <QPointer>
 #include <QTimer>
 
-#include "platform/window/Application.h"
-#include "platform/window/ModalRun.h"
-#include "platform/window/QtText.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/Application.h"
+#include "platform/window/toolkit/ModalRun.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 

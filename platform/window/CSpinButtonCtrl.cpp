@@ -1,8 +1,8 @@
 // The operations of spin buttons, which the arrows on the screen carry out.
 #include "platform/window/CSpinButtonCtrl.h"
 
-#include "platform/window/SpinArrows.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/SpinArrows.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 BEGIN_MESSAGE_MAP(CSpinButtonCtrl, CWnd)
 END_MESSAGE_MAP()

@@ -6,7 +6,7 @@
 
 #include "platform/window/DataExchange.h"
 #include "platform/window/DataExchangeFailure.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 

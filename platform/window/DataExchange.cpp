@@ -9,8 +9,8 @@
 #include "platform/base/Language.h"
 #include "platform/window/CEdit.h"
 #include "platform/window/DataExchangeFailure.h"
-#include "platform/window/QtText.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <QWidget>
 
 #include "platform/base/Language.h"
-#include "platform/window/Application.h"
 #include "platform/window/CWnd.h"
-#include "platform/window/ModalRun.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/Application.h"
+#include "platform/window/toolkit/ModalRun.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 bool PrepareWindows(CString& reason) {
     const bool isHopeless = !HasDisplay() && !ModalDriver::IsThere();  // the toolkit need not even start

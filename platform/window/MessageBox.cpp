@@ -14,9 +14,9 @@
 #include "platform/base/CString.h"
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
-#include "platform/window/Application.h"
-#include "platform/window/ModalRun.h"
-#include "platform/window/QtText.h"
+#include "platform/window/toolkit/Application.h"
+#include "platform/window/toolkit/ModalRun.h"
+#include "platform/window/toolkit/QtText.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Shows the question mark in a dialog's frame, or takes it away.
 #include "platform/window/QcUiCaptionButton.h"
 
-#include "platform/window/DialogWindow.h"
+#include "platform/window/toolkit/DialogWindow.h"
 
 QcUiCaptionButton::~QcUiCaptionButton() = default;
 

@@ -3,8 +3,8 @@
 
 #include <QWidget>
 
-#include "platform/window/QtText.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 BEGIN_MESSAGE_MAP(QcUiDialog, CDialog)
 END_MESSAGE_MAP()

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include "platform/window/QcUiGridImpl.h"
+#include "platform/window/grid/QcUiGridImpl.h"
 
 namespace {
 

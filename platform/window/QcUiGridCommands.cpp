@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/window/QcUiGridEdit.h"
-#include "platform/window/QcUiGridImpl.h"
+#include "platform/window/grid/QcUiGridImpl.h"
 
 namespace {
 

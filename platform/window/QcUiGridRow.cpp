@@ -1,7 +1,7 @@
 // The cells of a row and their texts.
 #include "platform/window/QcUiGridRow.h"
 
-#include "platform/window/GridRows.h"
+#include "platform/window/grid/GridRows.h"
 
 QcUiGridRow::~QcUiGridRow() = default;
 

@@ -3,7 +3,7 @@
 
 #include <iterator>
 
-#include "platform/window/GridRows.h"
+#include "platform/window/grid/GridRows.h"
 
 // Rows may be nested deeper than a stack is: those below are taken out before they go.
 QcUiGridTreeRow::~QcUiGridTreeRow() {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "platform/window/CWnd.h"
-#include "platform/window/QtText.h"
-#include "platform/window/WindowLink.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 

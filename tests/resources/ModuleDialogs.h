@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/window/ResourceScript.h"
 #include "platform/window/WindowStyles.h"
+#include "platform/window/resource/ResourceScript.h"
 #include "support/Folders.h"
 
 // The dialogs for Chinese texts, each with the roomier one beside it.

@@ -1,5 +1,5 @@
 // Stretched columns, against the longest way from edge to edge.
-#include "platform/window/ColumnStretch.h"
+#include "platform/window/toolkit/ColumnStretch.h"
 
 #include <gtest/gtest.h>
 

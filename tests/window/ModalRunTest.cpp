@@ -1,5 +1,5 @@
 // Running a modal dialog of the toolkit: who answers, when, and what becomes of it.
-#include "platform/window/ModalRun.h"
+#include "platform/window/toolkit/ModalRun.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>

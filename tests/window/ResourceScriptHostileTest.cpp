@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/window/ResourceScript.h"
+#include "platform/window/resource/ResourceScript.h"
 #include "support/Folders.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // What the statements of a resource script mean. Values are the framework's published ones, written as numbers here.
-#include "platform/window/ResourceScript.h"
+#include "platform/window/resource/ResourceScript.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/window/ResourceScript.h"
+#include "platform/window/resource/ResourceScript.h"
 
 namespace {
 

@@ -1,0 +1,141 @@
+// Opens and closes the editor of a cell and watches its keys. An edit ends in this order: first nothing is being
+// edited, then the editor goes. What its going causes finds no edit to end.
+#include "platform/window/grid/GridEditor.h"
+
+#include <QKeyEvent>
+#include <QWidget>
+#include <algorithm>
+#include <utility>
+
+#include "platform/window/QcUiGrid.h"
+#include "platform/window/grid/GridView.h"
+#include "platform/window/toolkit/QtText.h"
+
+namespace {
+
+// Sees the editor's keys before the editor does.
+class EditorKeys : public QObject {
+public:
+    EditorKeys(QcUiGrid& grid, QcUiGridCellCtrl& editor, QWidget* widget)
+        : QObject(widget), m_grid(grid), m_pEditor(&editor) {
+        widget->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        const bool open = m_grid.GetEditCtrl() == m_pEditor;
+        return open && event->type() == QEvent::KeyPress && Key(*static_cast<QKeyEvent*>(event));
+    }
+
+private:
+    bool Key(const QKeyEvent& event) {
+        const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+        if (event.key() == Qt::Key_Backtab || (event.key() == Qt::Key_Tab && modifiers == Qt::ShiftModifier))
+            return Leave(&GridView::MoveColumn, -1);
+        if (modifiers != Qt::NoModifier)
+            return false;
+        switch (event.key()) {
+            case Qt::Key_Escape:
+                m_grid.CancelEditCell();
+                return true;
+            case Qt::Key_Return:
+            case Qt::Key_Enter:
+            case Qt::Key_Down:
+                return Leave(&GridView::MoveRow, 1);
+            case Qt::Key_Up:
+                return Leave(&GridView::MoveRow, -1);
+            case Qt::Key_Tab:
+                return Leave(&GridView::MoveColumn, 1);
+            case Qt::Key_Left:
+                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtBegin() && Leave(&GridView::MoveColumn, -1);
+            case Qt::Key_Right:
+                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtEnd() && Leave(&GridView::MoveColumn, 1);
+            default:
+                return false;
+        }
+    }
+
+    // A text that cannot be taken keeps its editor. The editor, and this, may be gone when the edit has ended.
+    bool Leave(void (GridView::*move)(int), int step) {
+        QcUiGrid& grid = m_grid;
+        if (m_pEditor->IsModified() && !m_pEditor->CanEndEdit())
+            return true;
+        grid.EndEditCell();
+        if (GridView* view = grid.GetView())
+            (view->*move)(step);
+        return true;
+    }
+
+    QcUiGrid& m_grid;
+    QcUiGridCellCtrl* m_pEditor;
+};
+
+}  // namespace
+
+// Deleted by the event loop that runs the editor's handlers, or a later one, or with the grid.
+struct GridEditor::Retired : QObject {
+    Retired(std::unique_ptr<QcUiGridCellCtrl> ctrl, std::shared_ptr<std::vector<QObject*>> all)
+        : editor(std::move(ctrl)), list(std::move(all)) {
+        list->push_back(this);
+        deleteLater();
+    }
+    ~Retired() override { list->erase(std::find(list->begin(), list->end(), this)); }
+    Retired(const Retired&) = delete;
+    Retired& operator=(const Retired&) = delete;
+
+    std::unique_ptr<QcUiGridCellCtrl> editor;
+    std::shared_ptr<std::vector<QObject*>> list;
+};
+
+GridEditor::GridEditor(QcUiGrid& grid) : m_grid(grid), m_retired(std::make_shared<std::vector<QObject*>>()) {}
+
+GridEditor::~GridEditor() {
+    Close(false);
+    while (!m_retired->empty())
+        delete m_retired->back();
+}
+
+bool GridEditor::Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place) {
+    QcUiGridCellCtrl* opened = editor.get();
+    m_pEditor = std::move(editor);
+    const bool made = opened->Create(place) && opened->GetWnd() != nullptr;
+    if (m_pEditor.get() != opened)
+        return false;  // closed again while it was being made
+    const WindowLink* link = made ? WindowLink::Of(opened->GetWnd()->m_hWnd) : nullptr;
+    if (link == nullptr) {
+        Close(false);
+        return false;
+    }
+    WatchKeys();
+    return true;
+}
+
+void GridEditor::WatchKeys() {
+    QWidget* widget = WindowLink::Of(m_pEditor->GetWnd()->m_hWnd)->m_pWidget;
+    widget->setAccessibleName(ToQString(m_grid.GetColumnTitle(m_pEditor->GetCell()->GetColumn())));
+    new EditorKeys(m_grid, *m_pEditor, widget);  // a child of the widget
+}
+
+void GridEditor::Close(bool take) {
+    if (!m_pEditor)
+        return;
+    std::unique_ptr<QcUiGridCellCtrl> editor = std::move(m_pEditor);
+    CWnd* window = editor->GetWnd();
+    QcUiGridCell* cell = editor->GetCell();
+    CString text;
+    const bool taken =
+        take && window != nullptr && window->m_hWnd != nullptr && editor->IsModified() && editor->CanEndEdit();
+    if (taken)
+        editor->GetText(text);
+    if (taken && cell != nullptr)
+        cell->SetText(text);
+    if (window != nullptr && window->m_hWnd != nullptr) {
+        if (editor->IsMyFocus(CWnd::GetFocus()))
+            m_grid.SetFocus();
+        window->DestroyWindow();
+    }
+    Retire(std::move(editor));
+}
+
+void GridEditor::Retire(std::unique_ptr<QcUiGridCellCtrl> editor) {
+    new Retired(std::move(editor), m_retired);  // deletes itself
+}

@@ -1,0 +1,32 @@
+// The rows of a grid as the toolkit's views read them. For the sources of this room only.
+#pragma once
+
+#include <memory>
+
+#include "platform/window/grid/GridRows.h"
+
+class QAbstractItemModel;
+class QModelIndex;
+
+class GridModel {
+public:
+    static std::unique_ptr<GridModel> Make(GridRows& rows);
+    virtual ~GridModel() = default;
+
+    virtual QAbstractItemModel& Items() = 0;
+    // Invalid for null.
+    virtual QModelIndex IndexOf(const QcUiGridTreeRow* row, int column) const = 0;
+    // Null for an index that is invalid.
+    static QcUiGridTreeRow* RowOf(const QModelIndex& index);
+
+    // What the views have to hear of, as GridObserver says.
+    virtual void BeforeInsert(const QcUiGridTreeRow* parent, int at) = 0;
+    virtual void AfterInsert() = 0;
+    virtual void BeforeRemove(const QcUiGridTreeRow* parent, int at) = 0;
+    virtual void AfterRemove() = 0;
+    virtual void BeforeClear() = 0;
+    virtual void AfterClear() = 0;
+    virtual void CellChanged(const QcUiGridTreeRow& row, int column) = 0;
+    virtual void BeforeColumn(int column) = 0;
+    virtual void AfterColumn() = 0;
+};

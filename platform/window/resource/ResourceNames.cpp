@@ -1,0 +1,202 @@
+// The table of the names of the framework's headers, sorted by the compiler for the look-up.
+#include "platform/window/resource/ResourceNames.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/window/MessageBox.h"
+#include "platform/window/WindowStyles.h"
+
+namespace {
+
+struct Name {
+    std::string_view name;
+    DWORD value;
+};
+
+#define ORVO_NAME(name)                   \
+    Name {                                \
+#name, static_cast < DWORD>(name) \
+    }
+
+constexpr auto kNames = [] {
+    std::array names = {
+        Name{"IDC_STATIC", 0xFFFFFFFF},
+        ORVO_NAME(IDOK),
+        ORVO_NAME(IDCANCEL),
+        ORVO_NAME(IDYES),
+        ORVO_NAME(IDNO),
+        ORVO_NAME(WS_OVERLAPPED),
+        ORVO_NAME(WS_POPUP),
+        ORVO_NAME(WS_CHILD),
+        ORVO_NAME(WS_MINIMIZE),
+        ORVO_NAME(WS_VISIBLE),
+        ORVO_NAME(WS_DISABLED),
+        ORVO_NAME(WS_CLIPSIBLINGS),
+        ORVO_NAME(WS_CLIPCHILDREN),
+        ORVO_NAME(WS_MAXIMIZE),
+        ORVO_NAME(WS_CAPTION),
+        ORVO_NAME(WS_BORDER),
+        ORVO_NAME(WS_DLGFRAME),
+        ORVO_NAME(WS_VSCROLL),
+        ORVO_NAME(WS_HSCROLL),
+        ORVO_NAME(WS_SYSMENU),
+        ORVO_NAME(WS_THICKFRAME),
+        ORVO_NAME(WS_GROUP),
+        ORVO_NAME(WS_TABSTOP),
+        ORVO_NAME(WS_MINIMIZEBOX),
+        ORVO_NAME(WS_MAXIMIZEBOX),
+        ORVO_NAME(WS_EX_DLGMODALFRAME),
+        ORVO_NAME(WS_EX_NOPARENTNOTIFY),
+        ORVO_NAME(WS_EX_TOPMOST),
+        ORVO_NAME(WS_EX_TRANSPARENT),
+        ORVO_NAME(WS_EX_TOOLWINDOW),
+        ORVO_NAME(WS_EX_WINDOWEDGE),
+        ORVO_NAME(WS_EX_CLIENTEDGE),
+        ORVO_NAME(WS_EX_CONTEXTHELP),
+        ORVO_NAME(WS_EX_RIGHT),
+        ORVO_NAME(WS_EX_CONTROLPARENT),
+        ORVO_NAME(WS_EX_STATICEDGE),
+        ORVO_NAME(WS_EX_APPWINDOW),
+        ORVO_NAME(DS_ABSALIGN),
+        ORVO_NAME(DS_SYSMODAL),
+        ORVO_NAME(DS_3DLOOK),
+        ORVO_NAME(DS_FIXEDSYS),
+        ORVO_NAME(DS_NOFAILCREATE),
+        ORVO_NAME(DS_LOCALEDIT),
+        ORVO_NAME(DS_SETFONT),
+        ORVO_NAME(DS_MODALFRAME),
+        ORVO_NAME(DS_NOIDLEMSG),
+        ORVO_NAME(DS_SETFOREGROUND),
+        ORVO_NAME(DS_CONTROL),
+        ORVO_NAME(DS_CENTER),
+        ORVO_NAME(DS_CENTERMOUSE),
+        ORVO_NAME(DS_CONTEXTHELP),
+        ORVO_NAME(DS_SHELLFONT),
+        ORVO_NAME(BS_PUSHBUTTON),
+        ORVO_NAME(BS_DEFPUSHBUTTON),
+        ORVO_NAME(BS_CHECKBOX),
+        ORVO_NAME(BS_AUTOCHECKBOX),
+        ORVO_NAME(BS_RADIOBUTTON),
+        ORVO_NAME(BS_3STATE),
+        ORVO_NAME(BS_AUTO3STATE),
+        ORVO_NAME(BS_GROUPBOX),
+        ORVO_NAME(BS_USERBUTTON),
+        ORVO_NAME(BS_AUTORADIOBUTTON),
+        ORVO_NAME(BS_OWNERDRAW),
+        ORVO_NAME(BS_TYPEMASK),
+        ORVO_NAME(BS_LEFTTEXT),
+        ORVO_NAME(BS_TEXT),
+        ORVO_NAME(BS_ICON),
+        ORVO_NAME(BS_BITMAP),
+        ORVO_NAME(BS_LEFT),
+        ORVO_NAME(BS_RIGHT),
+        ORVO_NAME(BS_CENTER),
+        ORVO_NAME(BS_TOP),
+        ORVO_NAME(BS_BOTTOM),
+        ORVO_NAME(BS_VCENTER),
+        ORVO_NAME(BS_PUSHLIKE),
+        ORVO_NAME(BS_MULTILINE),
+        ORVO_NAME(BS_NOTIFY),
+        ORVO_NAME(BS_FLAT),
+        ORVO_NAME(ES_LEFT),
+        ORVO_NAME(ES_CENTER),
+        ORVO_NAME(ES_RIGHT),
+        ORVO_NAME(ES_MULTILINE),
+        ORVO_NAME(ES_UPPERCASE),
+        ORVO_NAME(ES_LOWERCASE),
+        ORVO_NAME(ES_PASSWORD),
+        ORVO_NAME(ES_AUTOVSCROLL),
+        ORVO_NAME(ES_AUTOHSCROLL),
+        ORVO_NAME(ES_NOHIDESEL),
+        ORVO_NAME(ES_OEMCONVERT),
+        ORVO_NAME(ES_READONLY),
+        ORVO_NAME(ES_WANTRETURN),
+        ORVO_NAME(ES_NUMBER),
+        ORVO_NAME(SS_LEFT),
+        ORVO_NAME(SS_CENTER),
+        ORVO_NAME(SS_RIGHT),
+        ORVO_NAME(SS_ICON),
+        ORVO_NAME(SS_BLACKRECT),
+        ORVO_NAME(SS_GRAYRECT),
+        ORVO_NAME(SS_WHITERECT),
+        ORVO_NAME(SS_BLACKFRAME),
+        ORVO_NAME(SS_GRAYFRAME),
+        ORVO_NAME(SS_WHITEFRAME),
+        ORVO_NAME(SS_SIMPLE),
+        ORVO_NAME(SS_LEFTNOWORDWRAP),
+        ORVO_NAME(SS_OWNERDRAW),
+        ORVO_NAME(SS_BITMAP),
+        ORVO_NAME(SS_ENHMETAFILE),
+        ORVO_NAME(SS_ETCHEDHORZ),
+        ORVO_NAME(SS_ETCHEDVERT),
+        ORVO_NAME(SS_ETCHEDFRAME),
+        ORVO_NAME(SS_TYPEMASK),
+        ORVO_NAME(SS_NOPREFIX),
+        ORVO_NAME(SS_NOTIFY),
+        ORVO_NAME(SS_CENTERIMAGE),
+        ORVO_NAME(SS_RIGHTJUST),
+        ORVO_NAME(SS_SUNKEN),
+        ORVO_NAME(LBS_NOTIFY),
+        ORVO_NAME(LBS_SORT),
+        ORVO_NAME(LBS_NOREDRAW),
+        ORVO_NAME(LBS_MULTIPLESEL),
+        ORVO_NAME(LBS_OWNERDRAWFIXED),
+        ORVO_NAME(LBS_OWNERDRAWVARIABLE),
+        ORVO_NAME(LBS_HASSTRINGS),
+        ORVO_NAME(LBS_USETABSTOPS),
+        ORVO_NAME(LBS_NOINTEGRALHEIGHT),
+        ORVO_NAME(LBS_MULTICOLUMN),
+        ORVO_NAME(LBS_WANTKEYBOARDINPUT),
+        ORVO_NAME(LBS_EXTENDEDSEL),
+        ORVO_NAME(LBS_DISABLENOSCROLL),
+        ORVO_NAME(LBS_NODATA),
+        ORVO_NAME(LBS_NOSEL),
+        ORVO_NAME(LBS_STANDARD),
+        ORVO_NAME(CBS_SIMPLE),
+        ORVO_NAME(CBS_DROPDOWN),
+        ORVO_NAME(CBS_DROPDOWNLIST),
+        ORVO_NAME(CBS_OWNERDRAWFIXED),
+        ORVO_NAME(CBS_OWNERDRAWVARIABLE),
+        ORVO_NAME(CBS_AUTOHSCROLL),
+        ORVO_NAME(CBS_OEMCONVERT),
+        ORVO_NAME(CBS_SORT),
+        ORVO_NAME(CBS_HASSTRINGS),
+        ORVO_NAME(CBS_NOINTEGRALHEIGHT),
+        ORVO_NAME(CBS_DISABLENOSCROLL),
+        ORVO_NAME(CBS_UPPERCASE),
+        ORVO_NAME(CBS_LOWERCASE),
+        ORVO_NAME(UDS_WRAP),
+        ORVO_NAME(UDS_SETBUDDYINT),
+        ORVO_NAME(UDS_ALIGNRIGHT),
+        ORVO_NAME(UDS_ALIGNLEFT),
+        ORVO_NAME(UDS_AUTOBUDDY),
+        ORVO_NAME(UDS_ARROWKEYS),
+        ORVO_NAME(UDS_HORZ),
+        ORVO_NAME(UDS_NOTHOUSANDS),
+        ORVO_NAME(UDS_HOTTRACK),
+        ORVO_NAME(DTS_SHORTDATEFORMAT),
+        ORVO_NAME(DTS_UPDOWN),
+        ORVO_NAME(DTS_SHOWNONE),
+        ORVO_NAME(DTS_LONGDATEFORMAT),
+        ORVO_NAME(DTS_TIMEFORMAT),
+        ORVO_NAME(DTS_SHORTDATECENTURYFORMAT),
+        ORVO_NAME(DTS_APPCANPARSE),
+        ORVO_NAME(DTS_RIGHTALIGN),
+    };
+    std::sort(names.begin(), names.end(), [](const Name& left, const Name& right) { return left.name < right.name; });
+    return names;
+}();
+
+#undef ORVO_NAME
+
+}  // namespace
+
+bool FindResourceName(std::string_view name, DWORD& value) {
+    const auto found = std::lower_bound(kNames.begin(), kNames.end(), name,
+                                        [](const Name& entry, std::string_view wanted) { return entry.name < wanted; });
+    if (found == kNames.end() || found->name != name)
+        return false;
+    value = found->value;
+    return true;
+}

@@ -1,0 +1,182 @@
+// Which widgets are windows, and how a message reaches them.
+#include "platform/window/toolkit/WindowLink.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWidget>
+#include <algorithm>
+#include <unordered_map>
+
+#include "platform/window/toolkit/LiveEvent.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/VirtualKeys.h"
+#include "platform/window/toolkit/WindowEvents.h"
+
+namespace {
+
+// Windows may outlive every static object, so the table does too.
+std::unordered_map<const QWidget*, WindowLink*>& Table() {
+    static auto& table = *new std::unordered_map<const QWidget*, WindowLink*>;
+    return table;
+}
+
+int s_nLastOrder = 0;
+
+}  // namespace
+
+WindowLink::WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure)
+    : m_pWidget(widget),
+      m_nID(id),
+      m_dwStyle(style),
+      m_pfnDefault(procedure),
+      m_nOrder(++s_nLastOrder),
+      m_pKind(widget->metaObject()) {
+    Table()[widget] = this;
+}
+
+bool WindowLink::IsGoing() const {
+    return m_pWidget->metaObject() != m_pKind;
+}
+
+WindowLink::~WindowLink() {
+    Table().erase(m_pWidget);
+    if (CWnd* attached = m_pWnd) {
+        m_pWnd = nullptr;
+        attached->m_hWnd = nullptr;
+        attached->PostNcDestroy();
+    }
+}
+
+WindowLink& WindowLink::Make(QWidget* widget, UINT id, DWORD style, Procedure procedure) {
+    auto* link = new WindowLink(widget, id, style, procedure);
+    widget->setObjectName(QString("IDC_%1").arg(id));
+    WatchEvents(*link);  // owns it from now on, and goes with the widget
+    return *link;
+}
+
+WindowLink* WindowLink::Of(HWND window) {
+    return Of(reinterpret_cast<const QWidget*>(window));
+}
+
+WindowLink* WindowLink::Of(const QWidget* widget) {
+    const auto found = Table().find(widget);
+    return found == Table().end() ? nullptr : found->second;
+}
+
+WindowLink* WindowLink::Around(const QWidget* widget) {
+    for (; widget != nullptr; widget = widget->parentWidget())
+        if (WindowLink* link = Of(widget))
+            return link;
+    return nullptr;
+}
+
+std::vector<WindowLink*> WindowLink::Controls(const QWidget* dialog) {
+    std::vector<WindowLink*> controls;
+    for (QObject* child : dialog->children())
+        if (child->isWidgetType())
+            if (WindowLink* link = Of(static_cast<QWidget*>(child)))
+                controls.push_back(link);
+    std::sort(controls.begin(), controls.end(),
+              [](const WindowLink* left, const WindowLink* right) { return left->m_nOrder < right->m_nOrder; });
+    return controls;
+}
+
+WindowLink* WindowLink::Find(const QWidget* dialog, UINT id) {
+    for (WindowLink* link : Controls(dialog))
+        if (link->m_nID == id)
+            return link;
+    return nullptr;
+}
+
+HWND WindowLink::HandleOf(const QWidget* widget) {
+    return reinterpret_cast<HWND>(const_cast<QWidget*>(widget));
+}
+
+WindowLink* WindowLink::Parent() const {
+    return Around(m_pWidget->parentWidget());
+}
+
+void WindowLink::NotifyParent(UINT code) {
+    const WindowAtWork atWork(*this);
+    if (WindowLink* parent = Parent())
+        Dispatch(*parent, WM_COMMAND, MAKEWPARAM(m_nID, code), reinterpret_cast<LPARAM>(Handle()));
+}
+
+LRESULT WindowLink::NotifyParent(NMHDR& head) {
+    const WindowAtWork atWork(*this);
+    head.hwndFrom = Handle();
+    head.idFrom = m_nID;
+    WindowLink* parent = Parent();
+    return parent ? Dispatch(*parent, WM_NOTIFY, m_nID, reinterpret_cast<LPARAM>(&head)) : 0;
+}
+
+bool WindowLink::DeliverEvent(UINT message, WPARAM wParam) {
+    return LiveEvent::Deliver(*this, message, wParam);
+}
+
+void WindowLink::IgnoreEvent() {
+    LiveEvent::Ignore(*this);
+}
+
+void WindowLink::TypeKey(UINT virtualKey) {
+    QKeyEvent event(QEvent::KeyPress, ToQtKey(virtualKey), Qt::NoModifier);
+    static_cast<QObject*>(m_pWidget)->event(&event);
+}
+
+void WindowLink::TypeCharacter(wchar_t character) {
+    // Control characters are what Ctrl and a letter give; Backspace is a key of its own.
+    constexpr wchar_t kControlCharacters = 0x20;
+    constexpr int kLetterBit = 0x40;
+    const bool control = character < kControlCharacters && character != VK_BACK;
+    const int key = character == VK_BACK ? Qt::Key_Backspace : control ? (character | kLetterBit) : 0;
+    QKeyEvent event(QEvent::KeyPress, key, control ? Qt::ControlModifier : Qt::NoModifier,
+                    QString::fromWCharArray(&character, 1));
+    static_cast<QObject*>(m_pWidget)->event(&event);
+}
+
+WindowAtWork::~WindowAtWork() {
+    if (WindowLink* still = WindowLink::Of(m_hWindow))
+        --still->m_nRunning;
+}
+
+LRESULT Dispatch(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (link.IsGoing())
+        return 0;
+    const WindowAtWork atWork(link);
+    if (link.m_pWnd != nullptr)
+        return CallWindow(*link.m_pWnd, message, wParam, lParam);
+    return link.m_pfnDefault(link, message, wParam, lParam);
+}
+
+LRESULT CopyText(const CString& text, WPARAM room, LPARAM buffer) {
+    auto* target = reinterpret_cast<wchar_t*>(buffer);
+    if (target == nullptr || room == 0)
+        return 0;
+    const std::size_t count = std::min(static_cast<std::size_t>(text.GetLength()), static_cast<std::size_t>(room - 1));
+    std::copy_n(text.GetString(), count, target);
+    target[count] = L'\0';
+    return static_cast<LRESULT>(count);
+}
+
+LRESULT CommonProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SETTEXT:
+            link.m_pWidget->setWindowTitle(ToQString(reinterpret_cast<const wchar_t*>(lParam)));
+            return TRUE;
+        case WM_GETTEXT:
+            return CopyText(FromQString(link.m_pWidget->windowTitle()), wParam, lParam);
+        case WM_GETTEXTLENGTH:
+            return FromQString(link.m_pWidget->windowTitle()).GetLength();
+        case WM_KEYDOWN:
+            if (!link.DeliverEvent(message, wParam))
+                link.TypeKey(static_cast<UINT>(wParam));
+            return 0;
+        case WM_CHAR:
+            if (!link.DeliverEvent(message, wParam))
+                link.TypeCharacter(static_cast<wchar_t>(wParam));
+            return 0;
+        default:
+            link.DeliverEvent(message, wParam);
+            return 0;
+    }
+}
