@@ -43,13 +43,11 @@ int SideOf(const Side& plane, double x, double y, double z) {
 template <class Container>
 void FillSides(Container& to) {
     std::mt19937 random(7);
-    for (long i = 0; i < kWalk; ++i) {
-        if constexpr (requires { to.Append(Side()); }) {
+    for (long i = 0; i < kWalk; ++i)
+        if constexpr (requires { to.Append(Side()); })
             to.Append(RandomSide(random));
-        } else {
+        else
             to.push_back(RandomSide(random));
-        }
-    }
 }
 
 template <class Container>
@@ -57,29 +55,26 @@ void FillInts(Container& to, long n, unsigned range) {
     std::mt19937 random(11);
     for (long i = 0; i < n; ++i) {
         const int x = static_cast<int>(random() % range);
-        if constexpr (requires { to.Append(x); }) {
+        if constexpr (requires { to.Append(x); })
             to.Append(x);
-        } else {
+        else
             to.push_back(x);
-        }
     }
 }
 
 void AppendPeer(benchmark::State& state) {
     for (auto _ : state) {
         std::vector<int> v;
-        for (int i = 0; i < kAppends; ++i) {
+        for (int i = 0; i < kAppends; ++i)
             v.push_back(i);
-        }
         benchmark::DoNotOptimize(v.data());
     }
 }
 void AppendQcDynArray(benchmark::State& state) {
     for (auto _ : state) {
         QcDynArray<int> a;
-        for (int i = 0; i < kAppends; ++i) {
+        for (int i = 0; i < kAppends; ++i)
             a.Append(i);
-        }
         benchmark::DoNotOptimize(a.GetFirst());
     }
 }
@@ -87,43 +82,38 @@ void AppendQcDynArray(benchmark::State& state) {
 // The four ways to walk, with a visitor that sees each element.
 template <class Container, class Visit>
 void WalkByRange(Container& all, Visit visit) {
-    for (auto& x : all) {
+    for (auto& x : all)
         visit(x);
-    }
 }
 template <class Container, class Visit>
 void WalkByIndex(Container& all, Visit visit) {
     const long n = all.GetLength();
-    for (long i = 0; i < n; ++i) {
+    for (long i = 0; i < n; ++i)
         visit(all[i]);
-    }
 }
 template <class Container, class Visit>
 void WalkByNext(Container& all, Visit visit) {
-    for (auto* p = all.GetFirst(); p != nullptr; p = all.GetNext(p)) {
+    for (auto* p = all.GetFirst(); p != nullptr; p = all.GetNext(p))
         visit(*p);
-    }
 }
 template <class Container, class Visit>
 void WalkByCursor(Container& all, Visit visit) {
-    for (all.MoveToFirst(); !all.IsOut(); all.MoveToNext()) {
+    for (all.MoveToFirst(); !all.IsOut(); all.MoveToNext())
         visit(all.GetCurData());
-    }
 }
 
 enum class Way { kRange, kIndex, kNext, kCursor };
 
 template <Way way, class Container, class Visit>
 void Walk(Container& all, Visit visit) {
-    if constexpr (way == Way::kRange) {
+    if constexpr (way == Way::kRange)
         WalkByRange(all, visit);
-    } else if constexpr (way == Way::kIndex) {
+    else if constexpr (way == Way::kIndex)
         WalkByIndex(all, visit);
-    } else if constexpr (way == Way::kNext) {
+    else if constexpr (way == Way::kNext)
         WalkByNext(all, visit);
-    } else {
+    else
         WalkByCursor(all, visit);
-    }
 }
 
 // The lists' nodes are made once, before any benchmark runs: each list's one after the other, in memory that no other
@@ -178,13 +168,12 @@ void SortInts(benchmark::State& state) {
         state.PauseTiming();
         Container all(shuffled);
         state.ResumeTiming();
-        if constexpr (requires { all.Sort(true); }) {
+        if constexpr (requires { all.Sort(true); })
             all.Sort(true);
-        } else if constexpr (requires { all.sort(); }) {
+        else if constexpr (requires { all.sort(); })
             all.sort();
-        } else {
+        else
             std::stable_sort(all.begin(), all.end());
-        }
         benchmark::DoNotOptimize(&all);
         benchmark::ClobberMemory();
     }
@@ -218,24 +207,20 @@ void EditManyQc(benchmark::State& state) {
     List all(state.range(0));
     all.MoveTo(state.range(0) / 2);
     for (auto _ : state) {
-        for (long i = 0; i < kEdit; ++i) {
+        for (long i = 0; i < kEdit; ++i)
             all.InsertCur(2);
-        }
-        for (long i = 0; i < kEdit; ++i) {
+        for (long i = 0; i < kEdit; ++i)
             all.DelCur();
-        }
     }
 }
 void EditManyPeer(benchmark::State& state) {
     std::list<int> all(static_cast<std::size_t>(state.range(0)), 1);
     auto it = std::next(all.begin(), state.range(0) / 2);
     for (auto _ : state) {
-        for (long i = 0; i < kEdit; ++i) {
+        for (long i = 0; i < kEdit; ++i)
             it = all.insert(it, 2);
-        }
-        for (long i = 0; i < kEdit; ++i) {
+        for (long i = 0; i < kEdit; ++i)
             it = all.erase(it);
-        }
     }
 }
 
@@ -285,9 +270,8 @@ int main(int argc, char** argv) {
     Ints<QcList<int>>();
     Ints<QcDList<int>>();
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
-    }
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

@@ -81,10 +81,9 @@ void FindEveryHandle(benchmark::State& state) {
     if (database.dxfIn(FromUtf8(g_path)) != Acad::eOk)
         std::abort();
     for (auto unused : state) {
-        for (std::size_t i = 0; i < g_entities; ++i) {
+        for (std::size_t i = 0; i < g_entities; ++i)
             if (database.FindHandle(0x100 + i).isNull())
                 std::abort();
-        }
     }
 }
 

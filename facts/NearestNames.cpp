@@ -67,10 +67,9 @@ std::vector<CString> NearestNames(const CString& name, const std::vector<CString
     }
     std::stable_sort(ranked.begin(), ranked.end(), [](const Ranked& a, const Ranked& b) { return a.score < b.score; });
     std::vector<CString> nearest;
-    for (std::size_t i = 0; i < ranked.size() && nearest.size() < kMostNames; ++i) {
+    for (std::size_t i = 0; i < ranked.size() && nearest.size() < kMostNames; ++i)
         if (std::find(nearest.begin(), nearest.end(), *ranked[i].name) == nearest.end())
             nearest.push_back(*ranked[i].name);
-    }
     return nearest;
 }
 

@@ -44,10 +44,9 @@ const QcDtDictItem* CityOf(const QcDtDictionary& province, const CString& name) 
     const QcDtDictItem* item = province.FindItem(name);
     if (!item || IsCity(*item))
         return item;
-    for (int i = 0; i < province.GetCount(); ++i) {
+    for (int i = 0; i < province.GetCount(); ++i)
         if (IsCity(*province.GetItem(i)) && province.GetItem(i)->GetName() == name)
             return province.GetItem(i);
-    }
     return nullptr;
 }
 
@@ -78,10 +77,9 @@ std::vector<City> CitiesOf(const CString* provinceName) {
         const QcDtDictionary* province = ProvinceAt(i);
         if (!province || (provinceName && province->GetName() != *provinceName))
             continue;
-        for (int j = 0; j < province->GetCount(); ++j) {
+        for (int j = 0; j < province->GetCount(); ++j)
             if (IsCity(*province->GetItem(j)))
                 cities.push_back({province, province->GetItem(j)});
-        }
     }
     return cities;
 }
@@ -117,10 +115,9 @@ std::vector<Place> AllPlaces() {
 
 std::vector<Place> PlacesWith(const CString& text) {
     std::vector<Place> places;
-    for (const City& city : CitiesOf(nullptr)) {
+    for (const City& city : CitiesOf(nullptr))
         if (Holds(city.item->GetName(), text) || Holds(city.province->GetName(), text))
             places.push_back(PlaceOf(*city.province, *city.item));
-    }
     return places;
 }
 

@@ -21,21 +21,19 @@ bool IsSameValue(const QcDtDictItem& left, const QcDtDictItem& right) {
 bool HasSameAttributes(const QcDtDictItem& left, const QcDtDictItem& right) {
     if (left.GetAttributeCount() != right.GetAttributeCount())
         return false;
-    for (int i = 0; i < left.GetAttributeCount(); ++i) {
+    for (int i = 0; i < left.GetAttributeCount(); ++i)
         if (left.GetAttributeName(i) != right.GetAttributeName(i) ||
             left.GetAttributeText(i) != right.GetAttributeText(i))
             return false;
-    }
     return true;
 }
 
 bool HasSameItems(const QcDtDictionary& left, const QcDtDictionary& right) {
     if (left.GetCount() != right.GetCount())
         return false;
-    for (int i = 0; i < left.GetCount(); ++i) {
+    for (int i = 0; i < left.GetCount(); ++i)
         if (!IsSameItem(left.GetItem(i), right.GetItem(i)))
             return false;
-    }
     return true;
 }
 
@@ -93,10 +91,9 @@ std::vector<const QcDtDictionary*> StandardsIn(const QcDtDictionary& settings) {
 }
 
 const QcDtDictionary* FindStandardIn(const QcDtDictionary& settings, const CString& name) {
-    for (const QcDtDictionary* standard : StandardsIn(settings)) {
+    for (const QcDtDictionary* standard : StandardsIn(settings))
         if (standard->GetName() == name)
             return standard;
-    }
     return nullptr;
 }
 
@@ -135,9 +132,8 @@ std::vector<const StandardField*> DifferingFields(const OrvoStdSet& left, const 
     const std::unique_ptr<QcDtDictionary> leftForm = FormOf(left);
     const std::unique_ptr<QcDtDictionary> rightForm = FormOf(right);
     std::vector<const StandardField*> fields;
-    for (const StandardField& field : StandardFields()) {
+    for (const StandardField& field : StandardFields())
         if (!IsSameItem(FieldValue(*leftForm, field).get(), FieldValue(*rightForm, field).get()))
             fields.push_back(&field);
-    }
     return fields;
 }

@@ -145,14 +145,12 @@ void Merger::MergeCities(QcDtDictionary& settings) const {
     const std::vector<CString> mine = CitiesIn(m_mine);
     const std::vector<CString> theirs = CitiesIn(m_theirs);
     std::vector<CString> merged;
-    for (const CString& city : theirs) {
+    for (const CString& city : theirs)
         if (!Holds(merged, city) && (Holds(mine, city) || !Holds(known, city)))
             merged.push_back(city);
-    }
-    for (const CString& city : mine) {
+    for (const CString& city : mine)
         if (!Holds(merged, city) && !Holds(known, city))
             merged.push_back(city);
-    }
     CString joined;
     for (const CString& city : merged)
         joined += joined.IsEmpty() ? city : L"-" + city;
@@ -161,10 +159,9 @@ void Merger::MergeCities(QcDtDictionary& settings) const {
 }
 
 void Merger::MergeStandards() {
-    for (const QcDtDictionary* standard : StandardsIn(m_theirs)) {
+    for (const QcDtDictionary* standard : StandardsIn(m_theirs))
         if (std::unique_ptr<QcDtDictionary> merged = MergeStandard(standard->GetName()))
             m_standards.push_back(std::move(merged));
-    }
     PlaceMyOwn();
     for (const QcDtDictionary* standard : StandardsIn(m_known)) {
         // Deleted by them, changed by me: PlaceMyOwn has put it back.

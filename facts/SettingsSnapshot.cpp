@@ -16,8 +16,7 @@ void SettingsSnapshot::Restore(OrvoDataSet& settings) const {
     // Assigning the date has put the built-in terms behind its own.
     settings.m_date.m_listTerm = date.m_listTerm;
     settings.m_date.m_listLeapTerm = date.m_listLeapTerm;
-    for (std::size_t i = 0; i < m_colors.size(); ++i) {
+    for (std::size_t i = 0; i < m_colors.size(); ++i)
         if (StandardAt(settings, static_cast<int>(i)))
             settings.GetStd(static_cast<int>(i)).m_colors = m_colors[i];
-    }
 }

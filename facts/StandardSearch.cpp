@@ -8,10 +8,9 @@
 
 std::vector<CString> NamesOfStandards(const OrvoDataSet& settings) {
     std::vector<CString> names;
-    for (int i = 0; i < settings.m_listStd.GetLength(); ++i) {
+    for (int i = 0; i < settings.m_listStd.GetLength(); ++i)
         if (const OrvoStdSet* standard = StandardAt(settings, i))
             names.push_back(standard->m_strName);
-    }
     return names;
 }
 

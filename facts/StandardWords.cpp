@@ -137,10 +137,9 @@ CString RulesInOneLine(const Standard& standard) {
 }
 
 CString SourceOf(const CString& name) {
-    for (const Source& source : kSources) {
+    for (const Source& source : kSources)
         if (name == source.name)
             return FactsText(source.text);
-    }
     return CString();
 }
 

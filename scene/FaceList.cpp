@@ -42,12 +42,11 @@ QcGeVector3d AreaVector(const std::vector<FaceCorner>& corners) {
 void DropRepeated(std::vector<FaceCorner>& corners) {
     std::vector<FaceCorner> kept;
     kept.reserve(corners.size());
-    for (const FaceCorner& corner : corners) {
+    for (const FaceCorner& corner : corners)
         if (!kept.empty() && Distance(kept.back().m_pt, corner.m_pt) < g_fZero)
             kept.back().m_bHidden = corner.m_bHidden;
         else
             kept.push_back(corner);
-    }
     while (kept.size() > 1 && Distance(kept.back().m_pt, kept.front().m_pt) < g_fZero)
         kept.pop_back();
     corners.swap(kept);

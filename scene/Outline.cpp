@@ -17,12 +17,11 @@ double Distance(const OutlineVertex& a, const OutlineVertex& b) {
 std::vector<OutlineVertex> WithoutRepeated(const std::vector<OutlineVertex>& vertices, bool& isClosed) {
     std::vector<OutlineVertex> kept;
     kept.reserve(vertices.size());
-    for (const OutlineVertex& vertex : vertices) {
+    for (const OutlineVertex& vertex : vertices)
         if (!kept.empty() && Distance(kept.back(), vertex) < g_fZero)
             kept.back().m_fBulge = vertex.m_fBulge;
         else
             kept.push_back(vertex);
-    }
     while (kept.size() > 1 && Distance(kept.back(), kept.front()) < g_fZero) {
         isClosed = true;
         kept.pop_back();

@@ -86,10 +86,9 @@ OrvoAVIFile::~OrvoAVIFile() {
 }
 
 void OrvoAVIFile::ReleaseAll() {
-    for (PAVISTREAM* stream : {&m_pStream, &m_pCompressedStream, &m_pThirdStream}) {
+    for (PAVISTREAM* stream : {&m_pStream, &m_pCompressedStream, &m_pThirdStream})
         if (*stream != nullptr)
             AVIStreamRelease(std::exchange(*stream, nullptr));
-    }
     if (m_pAviFile != nullptr)
         AVIFileRelease(std::exchange(m_pAviFile, nullptr));
 }

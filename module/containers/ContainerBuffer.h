@@ -64,23 +64,20 @@ public:
 
     // Gives the memory back; the elements must be gone already. Null is fine.
     static void Free(T* pData) {
-        if (pData == nullptr) {
+        if (pData == nullptr)
             return;
-        }
-        if constexpr (kOverAligned) {
+        if constexpr (kOverAligned)
             ::operator delete (static_cast<void*>(Head(pData)), std::align_val_t{kAlign});
-        } else {
+        else
             std::free(Head(pData));
-        }
     }
 
     // Makes room for n elements, of which the first nLive live and move along. A block that has the room already stays.
     // Null, with the old buffer untouched, when there is no memory.
     static T* Grow(T* pData, long nLive, long n) {
         const std::size_t bytes = BytesFor(n);
-        if (pData != nullptr && bytes != 0 && bytes <= Head(pData)->m_nBytes) {
+        if (pData != nullptr && bytes != 0 && bytes <= Head(pData)->m_nBytes)
             return pData;
-        }
         return GrowBlock(pData, nLive, n);
     }
 
@@ -110,11 +107,10 @@ public:
             }
         } else {
             for (long i = 0; i < nLive; ++i) {
-                if constexpr (std::is_move_constructible_v<T>) {
+                if constexpr (std::is_move_constructible_v<T>)
                     ::new (static_cast<void*>(pTo + i)) T(std::move(pFrom[i]));
-                } else {
+                else
                     BuildCopy(pTo + i, pFrom[i]);
-                }
                 std::destroy_at(pFrom + i);
             }
         }
@@ -150,33 +146,29 @@ private:
     // 0 when n is negative or so large that no block could hold it.
     static std::size_t BytesFor(long n) {
         constexpr std::size_t kMost = static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()) / 2;
-        if (n < 0 || static_cast<std::size_t>(n) > (kMost - kOffset) / sizeof(T)) {
+        if (n < 0 || static_cast<std::size_t>(n) > (kMost - kOffset) / sizeof(T))
             return 0;
-        }
         return kOffset + static_cast<std::size_t>(n) * sizeof(T);
     }
 
     static std::size_t BlockFor(long n) {
         const std::size_t bytes = BytesFor(n);
-        if (bytes == 0 || kExact) {
+        if (bytes == 0 || kExact)
             return bytes;
-        }
         const std::size_t step = bytes > kGranule ? kGranule : bytes > kPage ? kPage : kAlign;
         return (bytes + step - 1) / step * step;
     }
 
     static T* Data(void* pBlock, std::size_t bytes) {
-        if (pBlock == nullptr) {
+        if (pBlock == nullptr)
             return nullptr;
-        }
         ::new (pBlock) QcBufferHead{bytes, 0, 0};
         return reinterpret_cast<T*>(static_cast<char*>(pBlock) + kOffset);
     }
 
     [[gnu::noinline]] static T* GrowBlock(T* pData, long nLive, long n) {
-        if (pData == nullptr) {
+        if (pData == nullptr)
             return Allocate(n);
-        }
         if constexpr (kMovesAsBytes) {
             return Resize(pData, n);
         } else {
@@ -191,14 +183,12 @@ private:
 
     static T* AllocateBytes(long n, bool bZeroed) {
         const std::size_t bytes = BlockFor(n);
-        if (bytes == 0) {
+        if (bytes == 0)
             return nullptr;
-        }
-        if constexpr (kOverAligned) {
+        if constexpr (kOverAligned)
             return Data(::operator new (bytes, std::align_val_t{kAlign}, std::nothrow), bytes);
-        } else {
+        else
             return Data(bZeroed ? std::calloc(1, bytes) : std::malloc(bytes), bytes);
-        }
     }
 };
 

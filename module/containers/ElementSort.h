@@ -14,31 +14,27 @@ public:
     // Nothing for a type without an order.
     static void Sort(T* pData, long n, bool bAscending) {
         if constexpr (QcElement<T>::kHasOrder) {
-            if (bAscending) {
+            if (bAscending)
                 Stable(pData, n, [](const T& a, const T& b) { return QcElement<T>::Less(a, b); });
-            } else {
+            else
                 Stable(pData, n, [](const T& a, const T& b) { return QcElement<T>::Less(b, a); });
-            }
         }
     }
 
     // Nothing for a null function.
     static void Sort(T* pData, long n, int (*cmp)(const T&, const T&)) {
-        if (cmp != nullptr) {
+        if (cmp != nullptr)
             Stable(pData, n, [cmp](const T& a, const T& b) { return cmp(a, b) < 0; });
-        }
     }
 
     template <class Less>
     static void Stable(T* pData, long n, Less less) {
-        if (n < 2) {
+        if (n < 2)
             return;
-        }
-        if constexpr (std::is_move_constructible_v<T> && std::is_move_assignable_v<T>) {
+        if constexpr (std::is_move_constructible_v<T> && std::is_move_assignable_v<T>)
             std::stable_sort(pData, pData + n, less);
-        } else {
+        else
             ByAddress(pData, n, less);
-        }
     }
 
 private:
@@ -46,17 +42,14 @@ private:
     template <class Less>
     static void ByAddress(T* pData, long n, Less less) {
         T** const pOrder = static_cast<T**>(std::malloc(static_cast<std::size_t>(n) * sizeof(T*)));
-        if (pOrder == nullptr) {
+        if (pOrder == nullptr)
             return;
-        }
-        for (long i = 0; i < n; ++i) {
+        for (long i = 0; i < n; ++i)
             pOrder[i] = pData + i;
-        }
         std::stable_sort(pOrder, pOrder + n, [less](const T* a, const T* b) { return less(*a, *b); });
         for (long i = 0; i < n; ++i) {
-            if (pOrder[i] == pData + i) {
+            if (pOrder[i] == pData + i)
                 continue;
-            }
             const QcElementCopy<T> first(pData[i]);
             long nHole = i;
             while (pOrder[nHole] != pData + i) {

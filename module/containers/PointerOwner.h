@@ -32,22 +32,19 @@ public:
         if constexpr (std::is_base_of_v<QcList<T*>, TBase>) {
             TBase::ReAllocate(n);
         } else {
-            if (n < this->GetLength()) {
+            if (n < this->GetLength())
                 ReleaseFrom(n);
-            }
             TBase::ReAllocate(n);
         }
     }
     ~PointerOwner() override { ReleaseFrom(0); }
     // With bKeep the first objects stay; without, all are deleted and the slots are null.
     void SetLength(long n, bool bKeep) override {
-        if (n < this->GetLength()) {
+        if (n < this->GetLength())
             ReleaseFrom(n);
-        }
         TBase::SetLength(n, true);
-        if (!bKeep && (n < 1 || n == this->GetLength())) {
+        if (!bKeep && (n < 1 || n == this->GetLength()))
             ReleaseFrom(0);
-        }
     }
     void Reset() override {
         ReleaseFrom(0);
@@ -59,9 +56,8 @@ public:
             T* const pOld = this->GetCurData();
             T* const pNew = p;
             TBase::SetCurData(pNew);
-            if (pOld != pNew) {
+            if (pOld != pNew)
                 delete pOld;
-            }
         }
     }
     void DelCur() override {
@@ -210,18 +206,16 @@ private:
 
 template <class T, class TBase>
 T* PointerOwner<T, TBase>::CopyOf(const T* p) {
-    if (p == nullptr) {
+    if (p == nullptr)
         return nullptr;
-    }
     if constexpr (requires {
                       { p->Clone() } -> std::convertible_to<T*>;
-                  }) {
+                  })
         return p->Clone();
-    } else if constexpr (std::is_copy_constructible_v<T>) {
+    else if constexpr (std::is_copy_constructible_v<T>)
         return new (std::nothrow) T(*p);
-    } else {
+    else
         return nullptr;
-    }
 }
 
 template <class T, class TBase>
@@ -236,9 +230,8 @@ void PointerOwner<T, TBase>::ReleaseFrom(long i) {
 template <class T, class TBase>
 long PointerOwner<T, TBase>::GetDataNum() const {
     long nData = 0;
-    for (T* const* p = this->GetFirst(); p != nullptr; p = this->GetNext(p)) {
+    for (T* const* p = this->GetFirst(); p != nullptr; p = this->GetNext(p))
         nData += *p == nullptr ? 0 : 1;
-    }
     return nData;
 }
 
@@ -253,9 +246,8 @@ void PointerOwner<T, TBase>::ReleaseAll() {
 
 template <class T, class TBase>
 T* PointerOwner<T, TBase>::TakeOffCur() {
-    if (this->IsOut()) {
+    if (this->IsOut())
         return nullptr;
-    }
     T* const p = this->GetCurData();
     TBase::SetCurData(nullptr);
     this->DelCur();
@@ -264,9 +256,8 @@ T* PointerOwner<T, TBase>::TakeOffCur() {
 
 template <class T, class TBase>
 long PointerOwner<T, TBase>::FindDel(T* p) {
-    if (!this->FindTo(p)) {
+    if (!this->FindTo(p))
         return 0;
-    }
     this->DelCur();
     return 1;
 }
@@ -275,11 +266,9 @@ template <class T, class TBase>
 long PointerOwner<T, TBase>::FindData(const T& x, long from, long to) const {
     to = this->EndIndex(to);
     T* const* p = this->GetAt(from);
-    for (long i = from; p != nullptr && i <= to; ++i, p = this->GetNext(p)) {
-        if (*p != nullptr && Element::Equal(**p, x)) {
+    for (long i = from; p != nullptr && i <= to; ++i, p = this->GetNext(p))
+        if (*p != nullptr && Element::Equal(**p, x))
             return i;
-        }
-    }
     return -1;
 }
 
@@ -288,11 +277,9 @@ long PointerOwner<T, TBase>::FindData(const T& x, QcQuene<long>& hits, long from
     long nFound = 0;
     to = this->EndIndex(to);
     T* const* p = this->GetAt(from);
-    for (long i = from; p != nullptr && i <= to; ++i, p = this->GetNext(p)) {
-        if (*p != nullptr && Element::Equal(**p, x) && hits.Append(i)) {
+    for (long i = from; p != nullptr && i <= to; ++i, p = this->GetNext(p))
+        if (*p != nullptr && Element::Equal(**p, x) && hits.Append(i))
             ++nFound;
-        }
-    }
     return nFound;
 }
 
@@ -301,9 +288,8 @@ bool PointerOwner<T, TBase>::FindDataTo(const T& x, long start) {
     this->MoveTo(start);
     while (!this->IsOut()) {
         const T* const p = this->GetCurData();
-        if (p != nullptr && Element::Equal(*p, x)) {
+        if (p != nullptr && Element::Equal(*p, x))
             return true;
-        }
         this->MoveToNext();
     }
     return false;
@@ -326,11 +312,10 @@ long PointerOwner<T, TBase>::FindDataDel(const T& x) {
     while (!this->IsOut()) {
         T* const p = this->GetCurData();
         if (p != nullptr && Element::Equal(*p, x)) {
-            if (p == std::addressof(x)) {
+            if (p == std::addressof(x))
                 pItself = TakeOffCur();
-            } else {
+            else
                 this->DelCur();
-            }
             ++nRemoved;
         }
         this->MoveToNext();
@@ -342,17 +327,15 @@ long PointerOwner<T, TBase>::FindDataDel(const T& x) {
 template <class T, class TBase>
 long PointerOwner<T, TBase>::FindDataOrAppend(T* p) {
     const long nFound = FindData(p);
-    if (nFound >= 0 || p == nullptr) {
+    if (nFound >= 0 || p == nullptr)
         return nFound;
-    }
     return PlaceIn(p) ? this->GetMaxIndex() : -1;
 }
 
 template <class T, class TBase>
 bool PointerOwner<T, TBase>::FindDataOrInsertHead(T* p) {
-    if (p == nullptr || FindData(p) >= 0) {
+    if (p == nullptr || FindData(p) >= 0)
         return false;
-    }
     const long n = this->GetLength();
     this->InsertHead(p);
     return this->GetLength() > n;
@@ -386,16 +369,13 @@ bool PointerOwner<T, TBase>::BFindDataTo(const T* p, long from, long to) {
 
 template <class T, class TBase>
 bool PointerOwner<T, TBase>::SortInto(T* p, bool bAllowSame) {
-    if (p == nullptr) {
+    if (p == nullptr)
         return false;
-    }
     if (BFindDataTo(*p)) {
-        if (!bAllowSame) {
+        if (!bAllowSame)
             return false;
-        }
-        while (GetCurPData() != nullptr && Element::Equal(*GetCurPData(), *p)) {
+        while (GetCurPData() != nullptr && Element::Equal(*GetCurPData(), *p))
             this->MoveToNext();
-        }
     }
     const long n = this->GetLength();
     this->InsertCur(p);
@@ -420,9 +400,8 @@ template <class T, class TBase>
 template <class Source>
 T** PointerOwner<T, TBase>::CopiesOf(const Source& other, typename Base::template Next<Source> next) {
     const long n = other.GetLength();
-    if (n < 1) {
+    if (n < 1)
         return nullptr;
-    }
     T** const pCopies = static_cast<T**>(std::malloc(static_cast<std::size_t>(n) * sizeof(T*)));
     T* const* pFrom = nullptr;
     for (long i = 0; pCopies != nullptr && i < n; ++i) {
@@ -488,9 +467,8 @@ PointerOwner<T, TBase>& PointerOwner<T, TBase>::operator<<(const QcArray<T*>& ot
 
 template <class T, class TBase>
 void PointerOwner<T, TBase>::DeepCopy(const Base& other) {
-    if (this != std::addressof(other)) {
+    if (this != std::addressof(other))
         ReplaceByCopies(other, &Base::NextOfBase);
-    }
 }
 
 template <class T, class TBase>
@@ -511,9 +489,8 @@ void PointerOwner<T, TBase>::CopyRun(long from, long n, Base& out) const {
     }
     out.Reset();
     T* const* p = this->GetAt(from);
-    for (long i = 0; i < n; ++i, p = this->GetNext(p)) {
+    for (long i = 0; i < n; ++i, p = this->GetNext(p))
         out.Append(CopyOf(*p));
-    }
     out.MoveTo(-1);
 }
 
@@ -521,23 +498,19 @@ template <class T, class TBase>
 void PointerOwner<T, TBase>::SetAll(const T* p) {
     T* const pModel = CopyOf(p);  // p may be one of the objects that go
     ReleaseFrom(0);
-    for (T** pSlot = this->GetFirst(); pSlot != nullptr; pSlot = this->GetNext(pSlot)) {
+    for (T** pSlot = this->GetFirst(); pSlot != nullptr; pSlot = this->GetNext(pSlot))
         *pSlot = CopyOf(pModel);
-    }
     delete pModel;
 }
 
 template <class T, class TBase>
 bool PointerOwner<T, TBase>::operator==(const PointerOwner& other) const {
-    if (this->GetLength() != other.GetLength()) {
+    if (this->GetLength() != other.GetLength())
         return false;
-    }
     T* const* q = other.GetFirst();
-    for (T* const* p = this->GetFirst(); p != nullptr; p = this->GetNext(p), q = other.GetNext(q)) {
-        if (!IsSame(*p, *q)) {
+    for (T* const* p = this->GetFirst(); p != nullptr; p = this->GetNext(p), q = other.GetNext(q))
+        if (!IsSame(*p, *q))
             return false;
-        }
-    }
     return true;
 }
 
@@ -545,12 +518,10 @@ template <class T, class TBase>
 bool PointerOwner<T, TBase>::operator<(const PointerOwner& other) const {
     T* const* q = other.GetFirst();
     for (T* const* p = this->GetFirst(); p != nullptr; p = this->GetNext(p), q = other.GetNext(q)) {
-        if (q == nullptr || IsBefore(*q, *p)) {
+        if (q == nullptr || IsBefore(*q, *p))
             return false;
-        }
-        if (IsBefore(*p, *q)) {
+        if (IsBefore(*p, *q))
             return true;
-        }
     }
     return q != nullptr;
 }

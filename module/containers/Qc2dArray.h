@@ -18,9 +18,8 @@ public:
     // Makes the number of rows nRows, then the length of every row nCols; what is kept is kept row by row.
     void ReAllocate(long nRows, long nCols, bool bKeep) {
         QcArray<QcArray<T>>::ReAllocate(nRows, bKeep);
-        for (long i = 0; i < this->GetLength(); ++i) {
+        for (long i = 0; i < this->GetLength(); ++i)
             this->GetDataBuffer()[i].ReAllocate(nCols, bKeep);
-        }
     }
 
     long GetRowNum() const { return this->GetLength(); }
@@ -36,18 +35,16 @@ public:
     }
     bool SetAt(long nRow, long nCol, const T& x) {
         T* const p = GetAt(nRow, nCol);
-        if (p == nullptr) {
+        if (p == nullptr)
             return false;
-        }
         *p = x;
         return true;
     }
     // Fills every element of every row.
     void SetAll(const T& x) {
         const QcElementCopy<T> copy(x);
-        for (long i = 0; i < this->GetLength(); ++i) {
+        for (long i = 0; i < this->GetLength(); ++i)
             this->GetDataBuffer()[i].SetAll(copy.m_data);
-        }
     }
 };
 

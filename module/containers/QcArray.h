@@ -48,9 +48,8 @@ public:
     T* GetAt(long i) const { return IsValidIndex(i) ? m_pData + i : nullptr; }
     // False when i names no element.
     bool SetAt(long i, const T& x) {
-        if (!IsValidIndex(i)) {
+        if (!IsValidIndex(i))
             return false;
-        }
         m_pData[i] = x;
         return true;
     }
@@ -116,9 +115,8 @@ template <class T>
 QcArray<T>& QcArray<T>::operator=(const QcArray& other) {
     if (this != &other) {
         ReAllocate(other.m_nLength, true);
-        if (m_nLength == other.m_nLength) {
+        if (m_nLength == other.m_nLength)
             std::copy_n(other.m_pData, m_nLength, m_pData);
-        }
     }
     return *this;
 }
@@ -126,9 +124,8 @@ QcArray<T>& QcArray<T>::operator=(const QcArray& other) {
 template <class T>
 void QcArray<T>::ReAllocate(long n, bool bKeep) {
     n = n < 0 ? 0 : n;
-    if (n == m_nLength || n > kMaxCount) {
+    if (n == m_nLength || n > kMaxCount)
         return;
-    }
     if (n == 0) {
         Reset();
         return;
@@ -136,12 +133,10 @@ void QcArray<T>::ReAllocate(long n, bool bKeep) {
     const long nLive = !bKeep ? 0 : (n < m_nLength ? n : m_nLength);
     const bool bZeroed = QcBuffer<T>::kStartsAsZeros;
     T* const pNew = bZeroed ? QcBuffer<T>::AllocateZeroed(n) : QcBuffer<T>::Allocate(n);
-    if (pNew == nullptr) {
+    if (pNew == nullptr)
         return;
-    }
-    if (!bZeroed) {
+    if (!bZeroed)
         std::uninitialized_value_construct_n(pNew + nLive, n - nLive);
-    }
     std::destroy(m_pData + nLive, m_pData + m_nLength);
     QcBuffer<T>::MoveAcross(m_pData, nLive, pNew);
     QcBuffer<T>::Free(m_pData);
@@ -153,12 +148,10 @@ template <class T>
 void QcArray<T>::Insert(long i, const T& x) {
     const QcElementCopy<T> copy(x);
     const long nOld = m_nLength;
-    if (nOld < kMaxCount) {
+    if (nOld < kMaxCount)
         ReAllocate(nOld + 1, true);
-    }
-    if (m_nLength == nOld) {
+    if (m_nLength == nOld)
         return;
-    }
     i = i >= 0 && i < nOld ? i : nOld;
     std::move_backward(m_pData + i, m_pData + nOld, m_pData + nOld + 1);
     m_pData[i] = copy.m_data;
@@ -175,11 +168,9 @@ void QcArray<T>::Del(long i) {
 template <class T>
 long QcArray<T>::Find(const T& x, long from, long to) const {
     to = EndIndex(to);
-    for (long i = from; i >= 0 && i <= to; ++i) {
-        if (QcElement<T>::Equal(m_pData[i], x)) {
+    for (long i = from; i >= 0 && i <= to; ++i)
+        if (QcElement<T>::Equal(m_pData[i], x))
             return i;
-        }
-    }
     return -1;
 }
 
@@ -187,11 +178,9 @@ template <class T>
 long QcArray<T>::Find(const T& x, QcQuene<long>& hits, long from, long to) const {
     long nFound = 0;
     to = EndIndex(to);
-    for (long i = from; i >= 0 && i <= to; ++i) {
-        if (QcElement<T>::Equal(m_pData[i], x) && hits.Append(i)) {
+    for (long i = from; i >= 0 && i <= to; ++i)
+        if (QcElement<T>::Equal(m_pData[i], x) && hits.Append(i))
             ++nFound;
-        }
-    }
     return nFound;
 }
 
@@ -201,11 +190,9 @@ bool QcArray<T>::BFind(const T& x, long from, long to) const {
     const T* p = m_pData + (from < 0 ? 0 : from > m_nLength ? m_nLength : from);
     if (p < pEnd) {
         p = std::lower_bound(p, pEnd, x, &QcElement<T>::Less);
-        for (; p < pEnd && !QcElement<T>::Less(x, *p); ++p) {
-            if (QcElement<T>::Equal(*p, x)) {
+        for (; p < pEnd && !QcElement<T>::Less(x, *p); ++p)
+            if (QcElement<T>::Equal(*p, x))
                 return true;
-            }
-        }
     }
     return false;
 }
@@ -217,9 +204,8 @@ long QcArray<T>::FindDel(const T& x) {
         const QcElementCopy<T> wanted(x);  // x may be one of those that go
         for (long i = 0; i < m_nLength; ++i) {
             if (!QcElement<T>::Equal(m_pData[i], wanted.m_data)) {
-                if (nKept != i) {
+                if (nKept != i)
                     m_pData[nKept] = std::move(m_pData[i]);
-                }
                 ++nKept;
             }
         }
@@ -236,26 +222,23 @@ long QcArray<T>::FindDel(const T& x) {
 template <class T>
 long QcArray<T>::FindOrAppend(const T& x) {
     const long nFound = Find(x);
-    if (nFound >= 0) {
+    if (nFound >= 0)
         return nFound;
-    }
     Append(x);
     return GetMaxIndex();
 }
 
 template <class T>
 void QcArray<T>::FindOrInsertHead(const T& x) {
-    if (Find(x) < 0) {
+    if (Find(x) < 0)
         InsertHead(x);
-    }
 }
 
 template <class T>
 void QcArray<T>::Reverse(long from, long to) {
     to = EndIndex(to);
-    for (long i = from; i >= 0 && i < to; ++i, --to) {
+    for (long i = from; i >= 0 && i < to; ++i, --to)
         QcElement<T>::Swap(m_pData[i], m_pData[to]);
-    }
 }
 
 extern template class ORVO_API QcArray<int>;

@@ -24,24 +24,20 @@ public:
     ~QcDList() override = default;
 
     void MoveToPre() final {
-        if (this->IsOut()) {
+        if (this->IsOut())
             this->MoveToLast();
-        } else {
+        else
             this->SetCur(Pre(this->CurNode()), this->GetCurPos() - 1, nullptr);
-        }
     }
     T* GetPre(const T* p) const final { return p == nullptr ? nullptr : this->Data(Pre(List::NodeOf(p))); }
     T* GetAt(long i) const final {
-        if (i <= this->GetLength() / 2) {
+        if (i <= this->GetLength() / 2)
             return List::GetAt(i);
-        }
-        if (!this->IsValidIndex(i)) {
+        if (!this->IsValidIndex(i))
             return nullptr;
-        }
         QcListNode<T>* pNode = this->HeadNode();
-        for (long n = this->GetLength(); n > i; --n) {
+        for (long n = this->GetLength(); n > i; --n)
             pNode = Pre(pNode);
-        }
         return &pNode->m_data;
     }
 

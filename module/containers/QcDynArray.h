@@ -20,9 +20,8 @@ public:
     // Room for nCapacity elements (no buffer below 1); count 0.
     explicit QcDynArray(long nCapacity = 0, long nAllocUnit = 10) {
         SetAllocUnit(nAllocUnit);
-        if (nCapacity > 0) {
+        if (nCapacity > 0)
             SetSpaceSize(nCapacity);
-        }
     }
     QcDynArray(const QcDynArray& other) : Base() {
         m_nAllocUnit = other.m_nAllocUnit;
@@ -47,9 +46,8 @@ public:
     }
     T& GetCurData() final { return this->IsOut() ? QcElement<T>::Spare() : m_pData[this->GetCurPos()]; }
     void SetCurData(const T& x) override {
-        if (!this->IsOut()) {
+        if (!this->IsOut())
             m_pData[this->GetCurPos()] = x;
-        }
     }
     void MoveToFirst() final { this->ResetCur(); }
     void MoveToNext() final { this->StepCur(); }
@@ -78,9 +76,8 @@ public:
             const QcElementCopy<T> copy(x);  // x may lie in the buffer
             const long nCapacity = n < Base::kMaxCount ? GrownTo(n + 1) : 0;
             T* const pNew = nCapacity > 0 ? QcBuffer<T>::Grow(m_pData, n, nCapacity) : nullptr;
-            if (pNew == nullptr) {
+            if (pNew == nullptr)
                 return;
-            }
             m_pData = pNew;
             m_nCapacity = static_cast<int>(nCapacity);
             QcBuffer<T>::BuildCopy(m_pData + n, copy.m_data);
@@ -147,9 +144,8 @@ private:
     bool Reserve(long n);
     void SetCountTo(long n, bool bZeroed);
     void ReverseRun(long from, long nEnd) {
-        for (--nEnd; from < nEnd; ++from, --nEnd) {
+        for (--nEnd; from < nEnd; ++from, --nEnd)
             QcElement<T>::Swap(m_pData[from], m_pData[nEnd]);
-        }
     }
 
     T* m_pData = nullptr;
@@ -178,9 +174,8 @@ bool QcDynArray<T>::Refit(long nCapacity, long nKeep, bool& rbZeroed) {
             Buffer::Free(m_pData);
         }
     }
-    if (pNew == nullptr) {
+    if (pNew == nullptr)
         return false;
-    }
     m_pData = pNew;
     m_nCapacity = static_cast<int>(nCapacity);
     this->SetCount(nKeep);
@@ -190,9 +185,8 @@ bool QcDynArray<T>::Refit(long nCapacity, long nKeep, bool& rbZeroed) {
 // Room for n elements, which are no more than an array may have, by the growth step if there is too little.
 template <class T>
 bool QcDynArray<T>::Reserve(long n) {
-    if (n <= m_nCapacity) {
+    if (n <= m_nCapacity)
         return true;
-    }
     bool bZeroed = false;
     return Refit(GrownTo(n), this->GetLength(), bZeroed);
 }
@@ -200,24 +194,21 @@ bool QcDynArray<T>::Reserve(long n) {
 template <class T>
 void QcDynArray<T>::SetCountTo(long n, bool bZeroed) {
     const long nOld = this->GetLength();
-    if (n < nOld) {
+    if (n < nOld)
         std::destroy(m_pData + n, m_pData + nOld);
-    } else if (!bZeroed) {
+    else if (!bZeroed)
         std::uninitialized_value_construct_n(m_pData + nOld, n - nOld);
-    }
     this->SetCount(n);
-    if (this->GetCurPos() >= n) {
+    if (this->GetCurPos() >= n)
         this->SetCurPos(-1);
-    }
 }
 
 template <class T>
 void QcDynArray<T>::Resize(long n) {
     n = n < 0 ? 0 : n;
     bool bZeroed = false;
-    if (n > m_nCapacity && (n > Base::kMaxCount || !Refit(GrownTo(n), this->GetLength(), bZeroed))) {
+    if (n > m_nCapacity && (n > Base::kMaxCount || !Refit(GrownTo(n), this->GetLength(), bZeroed)))
         return;
-    }
     SetCountTo(n, bZeroed);
 }
 
@@ -228,17 +219,15 @@ void QcDynArray<T>::SetLength(long n, bool bKeep) {
         return;
     }
     bool bZeroed = false;
-    if (n != m_nCapacity && (n > Base::kMaxCount || !Refit(n, bKeep ? std::min(n, this->GetLength()) : 0, bZeroed))) {
+    if (n != m_nCapacity && (n > Base::kMaxCount || !Refit(n, bKeep ? std::min(n, this->GetLength()) : 0, bZeroed)))
         return;
-    }
     SetCountTo(n, bZeroed);
 }
 
 template <class T>
 bool QcDynArray<T>::SetSpaceSize(long n) {
-    if (n < this->GetLength() || n > Base::kMaxCount) {
+    if (n < this->GetLength() || n > Base::kMaxCount)
         return false;
-    }
     if (n == 0) {
         QcDynArray::Reset();
         return true;
@@ -251,9 +240,8 @@ template <class T>
 void QcDynArray<T>::InsertAt(long i, const T& x) {
     const long n = this->GetLength();
     const QcElementCopy<T> copy(x);
-    if (n >= Base::kMaxCount || !Reserve(n + 1)) {
+    if (n >= Base::kMaxCount || !Reserve(n + 1))
         return;
-    }
     QcBuffer<T>::BuildCopy(m_pData + n, i == n ? copy.m_data : m_pData[n - 1]);
     if (i < n) {
         std::move_backward(m_pData + i, m_pData + n - 1, m_pData + n);
@@ -266,9 +254,8 @@ void QcDynArray<T>::InsertAt(long i, const T& x) {
 template <class T>
 void QcDynArray<T>::DelCur() {
     const long i = this->GetCurPos();
-    if (i < 0) {
+    if (i < 0)
         return;
-    }
     std::move(m_pData + i + 1, m_pData + this->GetLength(), m_pData + i);
     Resize(this->GetLength() - 1);
     this->SetCurPos(i - 1);
@@ -276,15 +263,13 @@ void QcDynArray<T>::DelCur() {
 
 template <class T>
 bool QcDynArray<T>::Move(long from, long to) {
-    if (!this->IsValidIndex(from) || !this->IsValidIndex(to)) {
+    if (!this->IsValidIndex(from) || !this->IsValidIndex(to))
         return false;
-    }
     const QcElementCopy<T> copy(m_pData[from]);
-    if (from < to) {
+    if (from < to)
         std::move(m_pData + from + 1, m_pData + to + 1, m_pData + from);
-    } else {
+    else
         std::move_backward(m_pData + to, m_pData + from, m_pData + from + 1);
-    }
     m_pData[to] = copy.m_data;
     return true;
 }
@@ -294,19 +279,16 @@ long QcDynArray<T>::Conbine(QcList<T>& other, long pos) {
     const long nOld = this->GetLength();
     const long nMore = other.GetLength();
     pos = this->IsValidIndex(pos) ? pos : nOld;
-    if (nMore < 1 || nMore > Base::kMaxCount - nOld || !Reserve(nOld + nMore)) {
+    if (nMore < 1 || nMore > Base::kMaxCount - nOld || !Reserve(nOld + nMore))
         return nOld;
-    }
     SetCountTo(nOld + nMore, false);
     std::move_backward(m_pData + pos, m_pData + nOld, m_pData + nOld + nMore);
     T* pTo = m_pData + pos;
-    for (T* p = other.GetFirst(); p != nullptr; p = other.GetNext(p)) {
+    for (T* p = other.GetFirst(); p != nullptr; p = other.GetNext(p))
         *pTo++ = std::move(*p);
-    }
     other.QcList<T>::Reset();  // what the elements own is this array's now
-    if (this->GetCurPos() >= pos) {
+    if (this->GetCurPos() >= pos)
         this->SetCurPos(this->GetCurPos() + nMore);
-    }
     return this->GetLength();
 }
 
@@ -314,9 +296,8 @@ long QcDynArray<T>::Conbine(QcList<T>& other, long pos) {
 template <class T>
 void QcDynArray<T>::Rotate(long from, long to) {
     const long n = this->GetLength();
-    if (!this->IsValidIndex(from) || !this->IsValidIndex(to) || from == to) {
+    if (!this->IsValidIndex(from) || !this->IsValidIndex(to) || from == to)
         return;
-    }
     const long nFirst = QcFirstOfRotation(from, to, n);
     ReverseRun(0, nFirst);
     ReverseRun(nFirst, n);
@@ -325,13 +306,11 @@ void QcDynArray<T>::Rotate(long from, long to) {
 
 template <class T>
 void QcDynArray<T>::Attach(long n, T* pBuffer) {
-    if (pBuffer == m_pData && pBuffer != nullptr) {
+    if (pBuffer == m_pData && pBuffer != nullptr)
         return;  // the array has it already
-    }
     this->Reset();
-    if (pBuffer == nullptr) {
+    if (pBuffer == nullptr)
         return;
-    }
     if (n < 1) {
         QcDeleteBuffer(pBuffer);
         return;
@@ -346,9 +325,8 @@ void QcDynArray<T>::Attach(long n, T* pBuffer) {
 template <class T>
 T* QcDynArray<T>::Detach() {
     T* const pBuffer = m_pData;
-    if (pBuffer != nullptr) {
+    if (pBuffer != nullptr)
         QcBuffer<T>::Loosen(pBuffer, this->GetLength());
-    }
     ClearFields();
     return pBuffer;
 }

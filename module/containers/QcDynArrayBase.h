@@ -211,11 +211,10 @@ protected:
     // Appending and copying whole containers would share objects between two owners; an owning container brings its own
     // operations for that, and these here do nothing on one.
     bool IsOwner() const {
-        if constexpr (std::is_pointer_v<T>) {
+        if constexpr (std::is_pointer_v<T>)
             return dynamic_cast<const QcOwnerMark*>(this) != nullptr;
-        } else {
+        else
             return false;
-        }
     }
     // The first element for which isBefore is false, looked for by bisection between two indexes; its address (null:
     // none) and its index. An end index that names no element means the last one.
@@ -257,9 +256,8 @@ template <class T>
 bool QcDynArrayBase<T>::FindTo(const T& x, long start) {
     MoveTo(start);
     while (!IsOut()) {
-        if (QcElement<T>::Equal(GetCurData(), x)) {
+        if (QcElement<T>::Equal(GetCurData(), x))
             return true;
-        }
         MoveToNext();
     }
     return false;
@@ -269,11 +267,9 @@ template <class T>
 long QcDynArrayBase<T>::Find(const T& x, long from, long to) const {
     to = EndIndex(to);
     const T* p = GetAt(from);
-    for (long i = from; p != nullptr && i <= to; ++i, p = GetNext(p)) {
-        if (QcElement<T>::Equal(*p, x)) {
+    for (long i = from; p != nullptr && i <= to; ++i, p = GetNext(p))
+        if (QcElement<T>::Equal(*p, x))
             return i;
-        }
-    }
     return -1;
 }
 
@@ -282,29 +278,25 @@ long QcDynArrayBase<T>::Find(const T& x, QcQuene<long>& hits, long from, long to
     to = EndIndex(to);
     long nFound = 0;
     const T* p = GetAt(from);
-    for (long i = from; p != nullptr && i <= to; ++i, p = GetNext(p)) {
-        if (QcElement<T>::Equal(*p, x) && hits.Append(i)) {
+    for (long i = from; p != nullptr && i <= to; ++i, p = GetNext(p))
+        if (QcElement<T>::Equal(*p, x) && hits.Append(i))
             ++nFound;
-        }
-    }
     return nFound;
 }
 
 template <class T>
 long QcDynArrayBase<T>::FindOrAppend(const T& x) {
     const long nFound = Find(x);
-    if (nFound >= 0) {
+    if (nFound >= 0)
         return nFound;
-    }
     Append(x);
     return GetMaxIndex();
 }
 
 template <class T>
 void QcDynArrayBase<T>::FindOrInsertHead(const T& x) {
-    if (Find(x) < 0) {
+    if (Find(x) < 0)
         InsertHead(x);
-    }
 }
 
 template <class T>
@@ -338,9 +330,8 @@ const T* QcDynArrayBase<T>::LowerBound(Before isBefore, long from, long to, long
     while (nRun > 0 && p != nullptr) {
         const long nHalf = nRun / 2;
         const T* pMid = bContiguous ? GetAt(rnPos + nHalf) : p;
-        for (long i = 0; !bContiguous && i < nHalf; ++i) {
+        for (long i = 0; !bContiguous && i < nHalf; ++i)
             pMid = GetNext(pMid);
-        }
         if (isBefore(*pMid)) {
             rnPos += nHalf + 1;
             nRun -= nHalf + 1;
@@ -355,11 +346,9 @@ const T* QcDynArrayBase<T>::LowerBound(Before isBefore, long from, long to, long
 template <class T>
 template <class After, class Match>
 const T* QcDynArrayBase<T>::MatchInRun(const T* p, long to, After isAfter, Match isMatch, long& rnPos) const {
-    for (to = EndIndex(to); p != nullptr && rnPos <= to && !isAfter(*p); p = GetNext(p), ++rnPos) {
-        if (isMatch(*p)) {
+    for (to = EndIndex(to); p != nullptr && rnPos <= to && !isAfter(*p); p = GetNext(p), ++rnPos)
+        if (isMatch(*p))
             return p;
-        }
-    }
     return nullptr;
 }
 
@@ -389,12 +378,10 @@ bool QcDynArrayBase<T>::BFindTo(const T& x, long from, long to) {
 template <class T>
 bool QcDynArrayBase<T>::SortInto(const T& x, bool bAllowSame) {
     if (BFindTo(x, 0, -1)) {
-        if (!bAllowSame) {
+        if (!bAllowSame)
             return false;
-        }
-        while (!IsOut() && QcElement<T>::Equal(GetCurData(), x)) {
+        while (!IsOut() && QcElement<T>::Equal(GetCurData(), x))
             MoveToNext();
-        }
     }
     const long n = GetLength();
     InsertCur(x);
@@ -404,21 +391,17 @@ bool QcDynArrayBase<T>::SortInto(const T& x, bool bAllowSame) {
 template <class T>
 void QcDynArrayBase<T>::Reverse(long from, long to) {
     to = EndIndex(to);
-    if (!IsValidIndex(from) || from >= to) {
+    if (!IsValidIndex(from) || from >= to)
         return;
-    }
     const long nRun = to - from + 1;
     T** const pRun = static_cast<T**>(std::malloc(static_cast<std::size_t>(nRun) * sizeof(T*)));
-    if (pRun == nullptr) {
+    if (pRun == nullptr)
         return;
-    }
     T* p = GetAt(from);
-    for (long i = 0; i < nRun; ++i, p = GetNext(p)) {
+    for (long i = 0; i < nRun; ++i, p = GetNext(p))
         pRun[i] = p;
-    }
-    for (long i = 0; i < nRun / 2; ++i) {
+    for (long i = 0; i < nRun / 2; ++i)
         QcElement<T>::Swap(*pRun[i], *pRun[nRun - 1 - i]);
-    }
     std::free(static_cast<void*>(pRun));
 }
 
@@ -426,34 +409,29 @@ template <class T>
 void QcDynArrayBase<T>::Exchange(long i, long j) {
     T* const p = GetAt(i);
     T* const q = GetAt(j);
-    if (p != nullptr && q != nullptr) {
+    if (p != nullptr && q != nullptr)
         QcElement<T>::Swap(*p, *q);
-    }
 }
 
 template <class T>
 void QcDynArrayBase<T>::SetAll(const T& x) {
-    if (IsOwner()) {
+    if (IsOwner())
         return;
-    }
     const QcElementCopy<T> copy(x);
-    for (T* p = GetFirst(); p != nullptr; p = GetNext(p)) {
+    for (T* p = GetFirst(); p != nullptr; p = GetNext(p))
         *p = copy.m_data;
-    }
 }
 
 template <class T>
 void QcDynArrayBase<T>::IncreaseSize(long n) {
-    if (n > 0 && n <= kMaxCount - GetLength()) {
+    if (n > 0 && n <= kMaxCount - GetLength())
         ReAllocate(GetLength() + n);
-    }
 }
 
 template <class T>
 void QcDynArrayBase<T>::DecreaseSize(long n) {
-    if (n < 1) {
+    if (n < 1)
         return;
-    }
     const long nCur = GetCurPos();
     MoveTo(n < GetLength() ? GetMaxIndex() - n : -1);
     DetachAfterCur();
@@ -466,9 +444,8 @@ template <class Source>
 void QcDynArrayBase<T>::AppendAll(const Source& other, Next<Source> next) {
     const long nOld = GetLength();
     const long nMore = other.GetLength();
-    if (nMore < 1 || nMore > kMaxCount - nOld) {
+    if (nMore < 1 || nMore > kMaxCount - nOld)
         return;
-    }
     ReAllocate(nOld + nMore);
     if (GetLength() == nOld + nMore) {
         Overwrite(nOld, nMore, other, next);
@@ -500,57 +477,49 @@ void QcDynArrayBase<T>::Overwrite(long from, long n, const Source& other, Next<S
 
 template <class T>
 QcDynArrayBase<T>& QcDynArrayBase<T>::operator<<(const QcArray<T>& other) {
-    if (!IsOwner()) {
+    if (!IsOwner())
         AppendAll(other, &NextOfArray);
-    }
     return *this;
 }
 
 template <class T>
 QcDynArrayBase<T>& QcDynArrayBase<T>::operator<<(const QcDynArrayBase& other) {
-    if (!IsOwner()) {
+    if (!IsOwner())
         AppendAll(other, &NextOfBase);
-    }
     return *this;
 }
 
 template <class T>
 void QcDynArrayBase<T>::DeepCopy(const QcArray<T>& other) {
-    if (!IsOwner()) {
+    if (!IsOwner())
         CopyAll(other, &NextOfArray);
-    }
 }
 
 template <class T>
 void QcDynArrayBase<T>::DeepCopy(const QcDynArrayBase& other) {
-    if (this != &other && !IsOwner()) {
+    if (this != &other && !IsOwner())
         CopyAll(other, &NextOfBase);
-    }
 }
 
 template <class T>
 void QcDynArrayBase<T>::CopyRun(long from, long n, QcDynArrayBase& out) const {
-    if (from < 0 || n < 0) {
+    if (from < 0 || n < 0)
         n = 0;
-    } else if (n > GetLength() - from) {
+    else if (n > GetLength() - from)
         n = GetLength() - from;
-    }
-    if (out.IsOwner()) {
+    if (out.IsOwner())
         return;
-    }
     if (&out == this) {
         out.KeepRun(from, n);
         return;
     }
     out.Reset();
-    if (n < 1) {
+    if (n < 1)
         return;
-    }
     out.ReAllocate(n);
     const T* pFrom = GetAt(from);
-    for (T* pTo = out.GetFirst(); pTo != nullptr; pTo = out.GetNext(pTo), pFrom = GetNext(pFrom)) {
+    for (T* pTo = out.GetFirst(); pTo != nullptr; pTo = out.GetNext(pTo), pFrom = GetNext(pFrom))
         *pTo = *pFrom;
-    }
     out.MoveTo(-1);
 }
 
@@ -558,9 +527,8 @@ template <class T>
 void QcDynArrayBase<T>::KeepRun(long from, long n) {
     T* pTo = GetFirst();
     T* pFrom = GetAt(from);
-    for (long i = 0; i < n; ++i, pTo = GetNext(pTo), pFrom = GetNext(pFrom)) {
+    for (long i = 0; i < n; ++i, pTo = GetNext(pTo), pFrom = GetNext(pFrom))
         QcElement<T>::Swap(*pTo, *pFrom);
-    }
     MoveTo(n - 1);
     DetachAfterCur();
     MoveTo(-1);
@@ -568,15 +536,12 @@ void QcDynArrayBase<T>::KeepRun(long from, long n) {
 
 template <class T>
 bool QcDynArrayBase<T>::operator==(const QcDynArrayBase& other) const {
-    if (GetLength() != other.GetLength()) {
+    if (GetLength() != other.GetLength())
         return false;
-    }
     const T* q = other.GetFirst();
-    for (const T* p = GetFirst(); p != nullptr; p = GetNext(p), q = other.GetNext(q)) {
-        if (!QcElement<T>::Equal(*p, *q)) {
+    for (const T* p = GetFirst(); p != nullptr; p = GetNext(p), q = other.GetNext(q))
+        if (!QcElement<T>::Equal(*p, *q))
             return false;
-        }
-    }
     return true;
 }
 
@@ -584,12 +549,10 @@ template <class T>
 bool QcDynArrayBase<T>::operator<(const QcDynArrayBase& other) const {
     const T* q = other.GetFirst();
     for (const T* p = GetFirst(); p != nullptr; p = GetNext(p), q = other.GetNext(q)) {
-        if (q == nullptr || QcElement<T>::Less(*q, *p)) {
+        if (q == nullptr || QcElement<T>::Less(*q, *p))
             return false;
-        }
-        if (QcElement<T>::Less(*p, *q)) {
+        if (QcElement<T>::Less(*p, *q))
             return true;
-        }
     }
     return q != nullptr;
 }

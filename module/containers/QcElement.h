@@ -21,32 +21,29 @@ public:
     // T's own ==. Of a type without one, two elements of which neither is less are equal; of a type without an order as
     // well, an element is equal only to itself, the very same object.
     static bool Equal(const T& a, const T& b) {
-        if constexpr (kHasEqual) {
+        if constexpr (kHasEqual)
             return static_cast<bool>(a == b);
-        } else if constexpr (kHasLooseEqual) {  // an operator that forgot its const compares all the same
+        else if constexpr (kHasLooseEqual)  // an operator that forgot its const compares all the same
             return static_cast<bool>(const_cast<T&>(a) == const_cast<T&>(b));
-        } else if constexpr (kHasOrder) {
+        else if constexpr (kHasOrder)
             return !Less(a, b) && !Less(b, a);
-        } else {
+        else
             return std::addressof(a) == std::addressof(b);
-        }
     }
 
     // T's own <, or its > read the other way round. A type without either has no order: no element is less.
     static bool Less(const T& a, const T& b) {
-        if constexpr (kHasLess) {
+        if constexpr (kHasLess)
             return static_cast<bool>(a < b);
-        } else if constexpr (kHasGreater) {
+        else if constexpr (kHasGreater)
             return static_cast<bool>(b > a);
-        } else {
+        else
             return false;
-        }
     }
 
     static void Swap(T& a, T& b) {
-        if (std::addressof(a) == std::addressof(b)) {
+        if (std::addressof(a) == std::addressof(b))
             return;
-        }
         if constexpr (std::is_move_constructible_v<T> && std::is_move_assignable_v<T>) {
             T held(std::move(a));
             a = std::move(b);

@@ -50,9 +50,8 @@ public:
     }
     T& GetCurData() final { return this->IsOut() ? QcElement<T>::Spare() : m_pCur->m_data; }
     void SetCurData(const T& x) override {
-        if (m_pCur != m_pHead) {
+        if (m_pCur != m_pHead)
             m_pCur->m_data = x;
-        }
     }
     void MoveToFirst() final { SetCur(m_pHead->m_pNext, this->IsEmpty() ? -1 : 0, m_pHead); }
     void MoveToNext() final {
@@ -107,13 +106,11 @@ protected:
         long nFirst = 0;
         long nHit = 0;
         long nDone = 0;
-        for (; hits.TakeOffHead(nHit); ++nDone) {
-            if (nDone == 0) {
+        for (; hits.TakeOffHead(nHit); ++nDone)
+            if (nDone == 0)
                 nFirst = nHit;
-            } else {
+            else
                 QcList::Move(nHit, nFirst + nDone);
-            }
-        }
         return nDone;
     }
 
@@ -142,9 +139,8 @@ private:
     // Where a node is not the sentinel of a doubly linked list, it is one of its nodes.
     static QcDListNode<T>* Double(Node* pNode) { return static_cast<QcDListNode<T>*>(pNode); }
     void LinkPre(Node* pNode, Node* pBefore) {
-        if (IsDouble()) {
+        if (IsDouble())
             Double(pNode)->m_pPre = Double(pBefore);
-        }
     }
     void Link(Node* pBefore, Node* pNode) {
         pBefore->m_pNext = pNode;
@@ -155,11 +151,10 @@ private:
         return IsDouble() ? new (std::nothrow) QcDListNode<T>(x) : new (std::nothrow) Node(x);
     }
     void FreeNode(Node* pNode) const {
-        if (IsDouble()) {
+        if (IsDouble())
             delete Double(pNode);
-        } else {
+        else
             delete pNode;
-        }
     }
     // Frees the nodes from here to the sentinel.
     void FreeRun(Node* pNode) const {
@@ -198,37 +193,31 @@ private:
 template <class T>
 QcListNode<T>* QcList<T>::NodeAt(long i) const {
     Node* pNode = m_pHead;
-    for (; i >= 0; --i) {
+    for (; i >= 0; --i)
         pNode = pNode->m_pNext;
-    }
     return pNode;
 }
 
 template <class T>
 QcListNode<T>* QcList<T>::NodeBefore(Node* pNode) const {
-    if (IsDouble()) {
+    if (IsDouble())
         return Double(pNode)->m_pPre;
-    }
-    if (pNode == m_pHead) {
+    if (pNode == m_pHead)
         return m_pTail;
-    }
-    if (pNode == m_pCur && Sentinel()->m_pBeforeCur != nullptr) {
+    if (pNode == m_pCur && Sentinel()->m_pBeforeCur != nullptr)
         return Sentinel()->m_pBeforeCur;
-    }
     Node* pBefore = m_pHead;
-    while (pBefore->m_pNext != pNode) {
+    while (pBefore->m_pNext != pNode)
         pBefore = pBefore->m_pNext;
-    }
     return pBefore;
 }
 
 template <class T>
 void QcList<T>::MoveToPre() {
-    if (this->IsOut()) {
+    if (this->IsOut())
         MoveToLast();
-    } else {
+    else
         SetCur(NodeBefore(m_pCur), this->GetCurPos() - 1, nullptr);
-    }
 }
 
 template <class T>
@@ -236,16 +225,13 @@ void QcList<T>::MoveTo(long i) {
     if (!this->IsValidIndex(i)) {
         SetCur(m_pHead, -1, m_pTail);
     } else if (i == this->GetMaxIndex()) {
-        if (i != this->GetCurPos()) {
+        if (i != this->GetCurPos())
             MoveToLast();
-        }
     } else {
-        if (i < this->GetCurPos() || this->IsOut()) {
+        if (i < this->GetCurPos() || this->IsOut())
             MoveToFirst();
-        }
-        while (this->GetCurPos() != i) {
+        while (this->GetCurPos() != i)
             MoveToNext();
-        }
     }
 }
 
@@ -256,17 +242,15 @@ T* QcList<T>::GetPre(const T* p) const {
 
 template <class T>
 T* QcList<T>::GetAt(long i) const {
-    if (!this->IsValidIndex(i)) {
+    if (!this->IsValidIndex(i))
         return nullptr;
-    }
     return i == this->GetMaxIndex() ? GetLast() : &NodeAt(i)->m_data;
 }
 
 template <class T>
 void QcList<T>::InsertAfterCur(const T& x) {
-    if (this->GetLength() >= Base::kMaxCount) {
+    if (this->GetLength() >= Base::kMaxCount)
         return;
-    }
     Node* const pNode = NewNode(x);
     if (pNode != nullptr) {
         const long i = this->GetCurPos() + 1;
@@ -287,16 +271,14 @@ void QcList<T>::InsertCur(const T& x) {
     Node* const pBefore = NodeBefore(m_pCur);
     SetCur(pBefore, i - 1, nullptr);
     QcList::InsertAfterCur(x);
-    if (this->GetCurPos() != i) {
+    if (this->GetCurPos() != i)
         SetCur(pOld, i, pBefore);  // no memory: the cursor goes back to where it was
-    }
 }
 
 template <class T>
 void QcList<T>::DelCur() {
-    if (this->IsOut()) {
+    if (this->IsOut())
         return;
-    }
     Node* const pGone = m_pCur;
     this->MoveToPre();
     CutBehind(m_pCur, pGone);
@@ -307,9 +289,8 @@ void QcList<T>::DelCur() {
 template <class T>
 void QcList<T>::CutBehind(Node* pBefore, Node* pNode) {
     Link(pBefore, pNode->m_pNext);
-    if (pNode == m_pTail) {
+    if (pNode == m_pTail)
         m_pTail = pBefore;
-    }
     this->SetCount(this->GetLength() - 1);
 }
 
@@ -318,9 +299,8 @@ template <class T>
 void QcList<T>::Splice(Node* pFirst, Node* pLast, long n, Node* pBefore) {
     Link(pLast, pBefore->m_pNext);
     Link(pBefore, pFirst);
-    if (pBefore == m_pTail) {
+    if (pBefore == m_pTail)
         m_pTail = pLast;
-    }
     this->SetCount(this->GetLength() + n);
     Sentinel()->m_pBeforeCur = nullptr;
 }
@@ -331,9 +311,8 @@ bool QcList<T>::BuildRun(long n, Node*& rpFirst, Node*& rpLast) const {
     constexpr long kLarge = 1 << 20;
     if (n > kLarge) {
         void* const pProbe = std::malloc(static_cast<std::size_t>(n) * (sizeof(QcDListNode<T>) + sizeof(void*)));
-        if (pProbe == nullptr) {
+        if (pProbe == nullptr)
             return false;
-        }
         std::free(pProbe);
     }
     rpFirst = rpLast = nullptr;
@@ -350,9 +329,8 @@ bool QcList<T>::BuildRun(long n, Node*& rpFirst, Node*& rpLast) const {
             rpFirst = pNode;
         } else {
             rpLast->m_pNext = pNode;
-            if (IsDouble()) {
+            if (IsDouble())
                 Double(pNode)->m_pPre = Double(rpLast);
-            }
         }
         rpLast = pNode;
     }
@@ -361,15 +339,13 @@ bool QcList<T>::BuildRun(long n, Node*& rpFirst, Node*& rpLast) const {
 
 template <class T>
 void QcList<T>::ReAllocate(long n) {
-    if (n <= this->GetLength() || n > Base::kMaxCount) {
+    if (n <= this->GetLength() || n > Base::kMaxCount)
         return;
-    }
     Node* pFirst = nullptr;
     Node* pLast = nullptr;
     const long nMore = n - this->GetLength();
-    if (BuildRun(nMore, pFirst, pLast)) {
+    if (BuildRun(nMore, pFirst, pLast))
         Splice(pFirst, pLast, nMore, m_pTail);
-    }
 }
 
 template <class T>
@@ -399,9 +375,8 @@ long QcList<T>::DetachAfterCur() {
 
 template <class T>
 long QcList<T>::DetachAfter(long i) {
-    if (i < -1 || i >= this->GetMaxIndex()) {
+    if (i < -1 || i >= this->GetMaxIndex())
         return 0;
-    }
     Node* const pFirst = NodeAt(i)->m_pNext;
     const long nGone = CutTail(i);
     FreeRun(pFirst);
@@ -415,9 +390,8 @@ long QcList<T>::CutTail(long i) {
     m_pTail = i == this->GetCurPos() ? m_pCur : NodeAt(i);
     Link(m_pTail, m_pHead);
     this->SetCount(i + 1);
-    if (this->GetCurPos() > i) {
+    if (this->GetCurPos() > i)
         SetCur(m_pHead, -1, nullptr);
-    }
     return nGone;
 }
 
@@ -425,23 +399,20 @@ long QcList<T>::CutTail(long i) {
 // the elements move. False, with nothing changed, when there is no memory.
 template <class T>
 bool QcList<T>::AdaptRun(const QcList& from, long n, Node*& rpFirst, Node*& rpLast) const {
-    if (from.IsDouble() == IsDouble()) {
+    if (from.IsDouble() == IsDouble())
         return true;
-    }
     Node* pFirst = nullptr;
     Node* pLast = nullptr;
-    if (!BuildRun(n, pFirst, pLast)) {
+    if (!BuildRun(n, pFirst, pLast))
         return false;
-    }
     Node* pOld = rpFirst;
     for (Node* pNew = pFirst;; pNew = pNew->m_pNext) {
         pNew->m_data = std::move(pOld->m_data);
         Node* const pNext = pOld->m_pNext;
         from.FreeNode(pOld);
         pOld = pNext;
-        if (pNew == pLast) {
+        if (pNew == pLast)
             break;
-        }
     }
     rpFirst = pFirst;
     rpLast = pLast;
@@ -450,16 +421,14 @@ bool QcList<T>::AdaptRun(const QcList& from, long n, Node*& rpFirst, Node*& rpLa
 
 template <class T>
 long QcList<T>::SplitAt(long i, QcList& other) {
-    if (&other == this || i < -1 || i >= this->GetLength()) {
+    if (&other == this || i < -1 || i >= this->GetLength())
         return 0;
-    }
     const long n = this->GetMaxIndex() - i;
     Node* const pBefore = NodeAt(i);
     Node* pFirst = pBefore->m_pNext;
     Node* pLast = m_pTail;
-    if (n > 0 && !other.AdaptRun(*this, n, pFirst, pLast)) {
+    if (n > 0 && !other.AdaptRun(*this, n, pFirst, pLast))
         return 0;
-    }
     other.Reset();
     if (n > 0) {
         CutTail(i);
@@ -471,18 +440,16 @@ long QcList<T>::SplitAt(long i, QcList& other) {
 template <class T>
 long QcList<T>::Conbine(QcList& other, long pos) {
     const long n = other.GetLength();
-    if (&other == this || n < 1 || n > Base::kMaxCount - this->GetLength()) {
+    if (&other == this || n < 1 || n > Base::kMaxCount - this->GetLength())
         return this->GetLength();
-    }
     Node* pFirst = other.m_pHead->m_pNext;
     Node* pLast = other.m_pTail;
     if (AdaptRun(other, n, pFirst, pLast)) {
         other.Clear();
         const bool bInside = this->IsValidIndex(pos);
         Splice(pFirst, pLast, n, bInside ? NodeAt(pos - 1) : m_pTail);
-        if (bInside && this->GetCurPos() >= pos) {
+        if (bInside && this->GetCurPos() >= pos)
             this->SetCurPos(this->GetCurPos() + n);
-        }
     }
     return this->GetLength();
 }
@@ -514,9 +481,8 @@ void QcList<T>::ReverseList() {
 
 template <class T>
 void QcList<T>::Rotate(long from, long to) {
-    if (!this->IsValidIndex(from) || !this->IsValidIndex(to) || from == to) {
+    if (!this->IsValidIndex(from) || !this->IsValidIndex(to) || from == to)
         return;
-    }
     const long n = this->GetLength();
     Node* const pLast = NodeAt(QcFirstOfRotation(from, to, n) - 1);
     Node* const pFirst = pLast->m_pNext;
@@ -529,9 +495,8 @@ void QcList<T>::Rotate(long from, long to) {
 
 template <class T>
 bool QcList<T>::Move(long from, long to) {
-    if (!this->IsValidIndex(from) || !this->IsValidIndex(to)) {
+    if (!this->IsValidIndex(from) || !this->IsValidIndex(to))
         return false;
-    }
     if (from != to) {
         const long nCur = this->GetCurPos();
         Node* const pBefore = NodeAt(from - 1);
@@ -550,13 +515,11 @@ void QcList<T>::SortBy(Less less) {
     const long n = this->GetLength();
     Node** const pOrder =
         n < 2 ? nullptr : static_cast<Node**>(std::malloc(static_cast<std::size_t>(n) * sizeof(Node*)));
-    if (pOrder == nullptr) {
+    if (pOrder == nullptr)
         return;
-    }
     Node** pEnd = pOrder;
-    for (Node* pNode = m_pHead->m_pNext; pNode != m_pHead; pNode = pNode->m_pNext) {
+    for (Node* pNode = m_pHead->m_pNext; pNode != m_pHead; pNode = pNode->m_pNext)
         *pEnd++ = pNode;
-    }
     std::stable_sort(pOrder, pEnd, [less](const Node* p, const Node* q) { return less(p->m_data, q->m_data); });
     Node* pBefore = m_pHead;
     for (Node** p = pOrder; p != pEnd; ++p) {
@@ -565,27 +528,24 @@ void QcList<T>::SortBy(Less less) {
     }
     m_pTail = pBefore;
     Link(m_pTail, m_pHead);
-    if (!this->IsOut()) {
+    if (!this->IsOut())
         SetCur(pOrder[this->GetCurPos()], this->GetCurPos(), nullptr);
-    }
     std::free(static_cast<void*>(pOrder));
 }
 
 template <class T>
 void QcList<T>::Sort(int (*cmp)(const T&, const T&)) {
-    if (cmp != nullptr) {
+    if (cmp != nullptr)
         SortBy([cmp](const T& a, const T& b) { return cmp(a, b) < 0; });
-    }
 }
 
 template <class T>
 void QcList<T>::Sort(bool bAscending) {
     if constexpr (QcElement<T>::kHasOrder) {
-        if (bAscending) {
+        if (bAscending)
             SortBy([](const T& a, const T& b) { return QcElement<T>::Less(a, b); });
-        } else {
+        else
             SortBy([](const T& a, const T& b) { return QcElement<T>::Less(b, a); });
-        }
     }
 }
 

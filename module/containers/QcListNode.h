@@ -18,9 +18,8 @@ public:
     // Copies and assignments take the element only; a node keeps its own place in its run.
     QcListNode(const QcListNode& other) : QcListNode(other.m_data) {}
     QcListNode& operator=(const QcListNode& other) {
-        if (this != &other) {
+        if (this != &other)
             m_data = other.m_data;
-        }
         return *this;
     }
     ~QcListNode() = default;
@@ -29,20 +28,17 @@ public:
     QcListNode* First() { return this; }
     QcListNode* Last() {
         QcListNode* pNode = this;
-        while (!EndsAt(pNode)) {
+        while (!EndsAt(pNode))
             pNode = pNode->m_pNext;
-        }
         return pNode;
     }
     QcListNode* GetTo(long i) {
-        if (i < 0) {
+        if (i < 0)
             return nullptr;
-        }
         QcListNode* pNode = this;
         while (i-- > 0) {
-            if (EndsAt(pNode)) {
+            if (EndsAt(pNode))
                 return nullptr;
-            }
             pNode = pNode->m_pNext;
         }
         return pNode;
@@ -50,17 +46,14 @@ public:
 
     // This node's index in the run that begins at pStart (null: in its own run, so 0); -1 when it does not lie there.
     long GetCurPos(const QcListNode* pStart = nullptr) const {
-        if (pStart == nullptr) {
+        if (pStart == nullptr)
             return 0;
-        }
         const QcListNode* pNode = pStart;
         for (long i = 0;; ++i) {
-            if (pNode == this) {
+            if (pNode == this)
                 return i;
-            }
-            if (pStart->EndsAt(pNode)) {
+            if (pStart->EndsAt(pNode))
                 return -1;
-            }
             pNode = pNode->m_pNext;
         }
     }
@@ -83,9 +76,8 @@ public:
         QcListNode* const pRest = m_pNext == this ? nullptr : m_pNext;
         if (pRest != nullptr) {
             QcListNode* const pLast = Last();
-            if (pLast->m_pNext == this) {
+            if (pLast->m_pNext == this)
                 pLast->m_pNext = nullptr;
-            }
         }
         m_pNext = nullptr;
         return pRest;

@@ -22,9 +22,8 @@ public:
 
     // Cuts off all slots behind index i and deletes their objects. Gives how many; see QcList.
     long DetachAfter(long i) {
-        if (i == -1 || this->IsValidIndex(i)) {
+        if (i == -1 || this->IsValidIndex(i))
             this->ReleaseFrom(i + 1);
-        }
         return Owner::DetachAfter(i);
     }
 };

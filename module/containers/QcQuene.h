@@ -21,9 +21,8 @@ public:
     // Puts x at the end. False, with nothing changed, when there is no memory.
     bool Append(const T& x) {
         Link* const pLink = new (std::nothrow) Link;
-        if (pLink == nullptr) {
+        if (pLink == nullptr)
             return false;
-        }
         pLink->m_data = x;
         (m_pTail == nullptr ? m_pHead : m_pTail->m_pNext) = pLink;
         m_pTail = pLink;
@@ -33,15 +32,13 @@ public:
 
     // Takes the oldest element out. False, with x unchanged, when the queue is empty.
     bool TakeOffHead(T& x) {
-        if (m_pHead == nullptr) {
+        if (m_pHead == nullptr)
             return false;
-        }
         Link* const pLink = m_pHead;
         x = pLink->m_data;
         m_pHead = pLink->m_pNext;
-        if (m_pHead == nullptr) {
+        if (m_pHead == nullptr)
             m_pTail = nullptr;
-        }
         --m_nCount;
         delete pLink;
         return true;
@@ -51,13 +48,11 @@ public:
     const T* GetFirst() const { return m_pHead == nullptr ? nullptr : &m_pHead->m_data; }
     const T* GetLast() const { return m_pTail == nullptr ? nullptr : &m_pTail->m_data; }
     const T* GetAt(long i) const {
-        if (i < 0 || i >= m_nCount) {
+        if (i < 0 || i >= m_nCount)
             return nullptr;
-        }
         const Link* pLink = m_pHead;
-        while (i-- > 0) {
+        while (i-- > 0)
             pLink = pLink->m_pNext;
-        }
         return &pLink->m_data;
     }
 
@@ -81,9 +76,8 @@ private:
     };
 
     void CopyFrom(const QcQuene& other) {
-        for (const Link* pLink = other.m_pHead; pLink != nullptr; pLink = pLink->m_pNext) {
+        for (const Link* pLink = other.m_pHead; pLink != nullptr; pLink = pLink->m_pNext)
             Append(pLink->m_data);
-        }
     }
 
     Link* m_pHead = nullptr;

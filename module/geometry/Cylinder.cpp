@@ -23,9 +23,8 @@ Cylinder::Cylinder() : QcList<Plane>(0) {}
 Cylinder::~Cylinder() = default;
 
 bool Cylinder::IsSomeFacePointIn(const QcGeFace3dEX& face) {
-    for (MoveToFirst(); !IsOut(); MoveToNext()) {
+    for (MoveToFirst(); !IsOut(); MoveToNext())
         if (KeepsOut(GetCurData(), face))
             return false;
-    }
     return true;
 }

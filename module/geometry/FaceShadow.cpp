@@ -62,18 +62,16 @@ void QcGeFace3dEX::ContructLightHalfCylinder(Cylinder& cylinder, const QcGeVecto
 }
 
 bool QcGeFace3dEX::IsDownFace(QcGeFace3dEX& other) {
-    for (int i = 0; i < GetCornerCount(); ++i) {
+    for (int i = 0; i < GetCornerCount(); ++i)
         if (other.CompareWithPoint(m_pt[i]) == RELATION3D_UPFACE)
             return false;
-    }
     return true;
 }
 
 bool QcGeFace3dEX::IsUpFace(QcGeFace3dEX& other) {
-    for (int i = 0; i < GetCornerCount(); ++i) {
+    for (int i = 0; i < GetCornerCount(); ++i)
         if (other.CompareWithPoint(m_pt[i]) == RELATION3D_DOWNFACE)
             return false;
-    }
     return true;
 }
 

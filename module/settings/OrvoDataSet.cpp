@@ -50,10 +50,9 @@ OrvoStdSet& OrvoDataSet::GetStd(int index) {
 
 int OrvoDataSet::FindStd(const wchar_t* name) const {
     int index = 0;
-    for (OrvoStdSet** slot = m_listStd.GetFirst(); slot; slot = m_listStd.GetNext(slot), ++index) {
+    for (OrvoStdSet** slot = m_listStd.GetFirst(); slot; slot = m_listStd.GetNext(slot), ++index)
         if (*slot && (*slot)->m_strName == name)
             return index;
-    }
     return -1;
 }
 

@@ -100,14 +100,13 @@ OrvoStdSet::OrvoStdSet(const OrvoStdSet& other) {
 
 OrvoStdSet& OrvoStdSet::operator=(const OrvoStdSet& other) {
     m_strName = other.m_strName;
-    for (const Field& field : kFields) {
+    for (const Field& field : kFields)
         if (field.integer)
             this->*field.integer = other.*field.integer;
         else if (field.real)
             this->*field.real = other.*field.real;
         else
             this->*field.angle = other.*field.angle;
-    }
     m_date = other.m_date;
     return *this;
 }

@@ -43,10 +43,9 @@ bool DeclaresGb2312(std::string_view beginning) {
 
 // The code of a kind, written exactly; -1 for everything else.
 int KindOf(std::string_view text) {
-    for (const int kind : {QcDtKindDictionary, QcDtKindFlag, QcDtKindInteger, QcDtKindDouble, QcDtKindString}) {
+    for (const int kind : {QcDtKindDictionary, QcDtKindFlag, QcDtKindInteger, QcDtKindDouble, QcDtKindString})
         if (text == std::string(1, static_cast<char>('0' + kind)))
             return kind;
-    }
     return -1;
 }
 
@@ -300,10 +299,9 @@ void DictionaryReader::TakeAttributes(xmlTextReader* xml, OpenElement& element, 
 
 const DictionaryReader::AttributeName& DictionaryReader::NameOf(std::string_view bytes) {
     constexpr std::size_t kMostNames = 16;
-    for (const AttributeName& known : m_names) {
+    for (const AttributeName& known : m_names)
         if (known.bytes == bytes)
             return known;
-    }
     const CString raw = FromXmlUtf8(bytes);
     AttributeName name = {std::string(bytes), UnescapeXml(raw.View()), false};
     name.isEscaped = name.name != raw;

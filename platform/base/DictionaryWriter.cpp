@@ -73,10 +73,9 @@ bool NeedsKind(const QcDtDictItem& item) {
 
 // Whether any text of the item that the file will hold needs escapes.
 bool NeedsEscapes(const QcDtDictItem& item) {
-    for (int i = 0; i < item.GetAttributeCount(); ++i) {
+    for (int i = 0; i < item.GetAttributeCount(); ++i)
         if (HasForbiddenCharacters(item.GetAttributeText(i).View()))
             return true;
-    }
     return HasForbiddenCharacters(item.GetTag().View()) || HasForbiddenCharacters(item.GetName().View()) ||
            HasForbiddenCharacters(item.GetLocalName().View()) ||
            (item.GetType() == QcDtKindString && HasForbiddenCharacters(item.GetStringValue().View()));

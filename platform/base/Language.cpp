@@ -90,10 +90,9 @@ TeskLanguageSwitch::TeskLanguageSwitch() = default;
 TeskLanguageSwitch::~TeskLanguageSwitch() {
     if (g_pTeskLangSwitch == this)
         g_pTeskLangSwitch = nullptr;
-    for (const auto& module : m_modules) {
+    for (const auto& module : m_modules)
         if (g_pCurModuleLang == &module->texts)
             g_pCurModuleLang = nullptr;
-    }
 }
 
 CString TeskLanguageSwitch::Translate(const wchar_t* text) const {
@@ -144,10 +143,9 @@ bool TeskLanguageSwitch::SetLanguage(const wchar_t* language) {
 TeskLanguageSwitch::Module* TeskLanguageSwitch::FindModule(const wchar_t* key) const {
     if (!key || !*key)
         return nullptr;
-    for (const auto& module : m_modules) {
+    for (const auto& module : m_modules)
         if (module->key.CompareNoCase(key) == 0)
             return module.get();
-    }
     return nullptr;
 }
 

@@ -39,9 +39,8 @@ std::u32string CodePoints(const CString& text) {
 
 CString Printable(const CString& text) {
     CString shown(text);
-    for (int i = 0; i < shown.GetLength(); ++i) {
+    for (int i = 0; i < shown.GetLength(); ++i)
         if (IsSteering(static_cast<char32_t>(shown.GetAt(i))))
             shown.SetAt(i, L'\xFFFD');
-    }
     return shown;
 }

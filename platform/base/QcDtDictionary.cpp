@@ -119,10 +119,9 @@ bool QcDtDictionary::AppendItem(QcDtDictItem* item) {
         return false;
     // Only a dictionary that holds something can be one that this dictionary lies in.
     if (item->GetType() == QcDtKindDictionary && static_cast<QcDtDictionary*>(item)->GetCount() > 0) {
-        for (const QcDtDictionary* outer = m_pParent; outer; outer = outer->m_pParent) {
+        for (const QcDtDictionary* outer = m_pParent; outer; outer = outer->m_pParent)
             if (outer == item)
                 return false;
-        }
     }
     Enter(item);
     return true;

@@ -94,10 +94,9 @@ std::vector<std::string> SupportFolders() {
             folders.emplace_back(entry);
         rest = colon == std::string_view::npos ? std::string_view() : rest.substr(colon + 1);
     }
-    for (std::string folder : {UserFolderBytes(), InstalledDataFolderBytes()}) {
+    for (std::string folder : {UserFolderBytes(), InstalledDataFolderBytes()})
         if (!folder.empty())
             folders.push_back(std::move(folder));
-    }
     return folders;
 }
 

@@ -67,10 +67,9 @@ bool ReadConversions(const wchar_t* format, Kinds& kinds) {
 bool Fits(const Kinds& kinds, const TextArgument* arguments, std::size_t count) {
     if (kinds.size() != count)
         return false;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i)
         if (kinds[i] != arguments[i].kind)
             return false;
-    }
     return true;
 }
 

@@ -141,10 +141,9 @@ bool IsXmlName(std::wstring_view text) {
     std::size_t at = 0;
     if (!IsNameStart(NextCharacter(text, at)))
         return false;
-    while (at < text.size()) {
+    while (at < text.size())
         if (!IsNameCharacter(NextCharacter(text, at)))
             return false;
-    }
     return true;
 }
 
@@ -164,10 +163,9 @@ std::string EscapeXmlName(std::wstring_view name) {
 }
 
 bool HasForbiddenCharacters(std::wstring_view text) {
-    for (std::size_t at = 0; at < text.size();) {
+    for (std::size_t at = 0; at < text.size();)
         if (IsForbidden(NextCharacter(text, at)))
             return true;
-    }
     return false;
 }
 

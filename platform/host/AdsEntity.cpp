@@ -80,10 +80,9 @@ int ModifyEntity(const resbuf* chain) {
     if (!drawing || !name || !drawing->GetGroups(IdOf(name->resval.rlname), groups))
         return RTERROR;
     EntityEdit edit(*drawing, IdOf(name->resval.rlname), groups);
-    for (const resbuf* buffer = chain; buffer; buffer = buffer->rbnext) {
+    for (const resbuf* buffer = chain; buffer; buffer = buffer->rbnext)
         if (buffer != name && !edit.Take(*buffer))
             return RTREJ;
-    }
     return edit.Apply() ? RTNORM : RTREJ;
 }
 

@@ -13,10 +13,9 @@ struct AcEdCommandStack::Groups {
     // `Self` is Groups or const Groups.
     template <class Self>
     static auto* Find(Self& self, const wchar_t* name) {
-        for (auto& group : self.all) {
+        for (auto& group : self.all)
             if (group.name.CompareNoCase(name) == 0)
                 return &group;
-        }
         return static_cast<decltype(self.all.data())>(nullptr);
     }
 
@@ -89,10 +88,9 @@ const AcEdCommand* AcEdCommandStack::commandAt(const wchar_t* group, int index) 
 
 const AcEdCommand* AcEdCommandStack::lookupCmd(const wchar_t* name) const {
     for (const auto& group : m_groups->all) {
-        for (const AcEdCommand& command : group.commands) {
+        for (const AcEdCommand& command : group.commands)
             if (command.m_strName.CompareNoCase(name) == 0)
                 return &command;
-        }
     }
     return nullptr;
 }

@@ -8,9 +8,8 @@ bool QcDefineCommand(const wchar_t* group, const QcCmdTable* table, int count, i
     if (stack.addGroup(group) != Acad::eOk)
         return false;
     bool complete = true;
-    for (int i = 0; table && i < count; ++i) {
+    for (int i = 0; table && i < count; ++i)
         if (stack.addCommand(group, table[i].m_szName, flags, table[i].m_pFunction) != Acad::eOk)
             complete = false;
-    }
     return complete;
 }

@@ -71,12 +71,11 @@ std::uint64_t DxfDrawing::HandleOf(std::size_t entry) const {
     DxfScanner scanner(text);
     DxfRawGroup group;
     int code = 0;
-    while (scanner.Next(group)) {
+    while (scanner.Next(group))
         if (group.nCode == 0)
             code = DxfHandleCode(m_index.GetKind(entry), TrimDxfValue(group.ValueIn(text)));
         else if (group.nCode == code)
             return ParseDxfHandle(group.ValueIn(text));
-    }
     return 0;
 }
 

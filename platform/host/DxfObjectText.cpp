@@ -159,10 +159,9 @@ std::vector<DxfGroup> ReadDxfGroups(std::string_view text) {
     std::vector<DxfGroup> groups;
     DxfScanner scanner(text);
     DxfRawGroup group;
-    while (scanner.Next(group)) {
+    while (scanner.Next(group))
         if (group.nCode != kDxfComment)
             groups.push_back({group.nCode, std::string(group.ValueIn(text))});
-    }
     return groups;
 }
 

@@ -89,10 +89,9 @@ std::string SystemName(std::string_view name) {
         {"ansi_1361", "JOHAB"},
         {"ascii", "ISO-8859-1"},
     }};
-    for (const auto& [known, system] : kNames) {
+    for (const auto& [known, system] : kNames)
         if (lower == known)
             return system;
-    }
     constexpr std::array<std::pair<std::string_view, const char*>, 4> kPrefixes = {{
         {"ansi_", "CP"},
         {"dos", "CP"},

@@ -47,10 +47,9 @@ CDynLinkLibrary::~CDynLinkLibrary() {
         g_firstLibrary = m_pNext;
         return;
     }
-    for (CDynLinkLibrary* library = g_firstLibrary; library; library = library->m_pNext) {
+    for (CDynLinkLibrary* library = g_firstLibrary; library; library = library->m_pNext)
         if (library->m_pNext == this)
             library->m_pNext = m_pNext;
-    }
 }
 
 CDynLinkLibrary* AfxGetFirstDynLinkLibrary() {

@@ -4,10 +4,9 @@
 const CRuntimeClass CObject::classCObject = {"CObject", static_cast<int>(sizeof(CObject)), nullptr};
 
 bool CRuntimeClass::IsDerivedFrom(const CRuntimeClass* other) const {
-    for (const CRuntimeClass* known = this; known != nullptr; known = known->m_pBaseClass) {
+    for (const CRuntimeClass* known = this; known != nullptr; known = known->m_pBaseClass)
         if (known == other)
             return true;
-    }
     return false;
 }
 

@@ -39,10 +39,9 @@ constexpr int kGreys = 40;
 constexpr std::array<int, kGreys> MakeGreys() {
     std::array<int, kGreys> greys{};
     std::size_t count = 0;
-    for (int i = 0; i <= 45; ++i) {
+    for (int i = 0; i <= 45; ++i)
         if (i % 9 != 0)
             greys[count++] = (i * 255 * 2 + 45) / 90;
-    }
     return greys;
 }
 constexpr std::array<int, kGreys> kGreyLevels = MakeGreys();

@@ -74,10 +74,9 @@ public:
     // Every file by its name in the folder, links passed over.
     std::map<std::string, std::string> Files() const {
         std::map<std::string, std::string> files;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(m_tree.Path())) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(m_tree.Path()))
             if (entry.is_regular_file() && !entry.is_symlink())
                 files[entry.path().lexically_relative(m_tree.Path()).string()] = FileBytes(entry.path());
-        }
         return files;
     }
     const std::map<std::string, std::string>& Before() const { return m_before; }

@@ -305,12 +305,11 @@ constexpr const wchar_t* kCity = L"\x5317\x4EAC";
 
 std::string InUtf16(const std::string& ascii, bool isBigEndian, bool hasMark) {
     std::u16string units = hasMark ? u"\xFEFF" : u"";
-    for (const char c : ascii) {
+    for (const char c : ascii)
         if (c == '@')
             units += u"\x5317\x4EAC";  // stands for the city
         else
             units.push_back(static_cast<char16_t>(c));
-    }
     std::string bytes;
     for (const char16_t unit : units) {
         const char high = static_cast<char>(unit >> 8);

@@ -14,10 +14,9 @@ std::set<char32_t> SteeringCharacters() {
     std::set<char32_t> steering = {0x061C, 0x200E, 0x200F, 0x2028, 0x2029, 0xFEFF};
     const std::pair<char32_t, char32_t> ranges[] = {
         {0x00, 0x1F}, {0x7F, 0x9F}, {0x202A, 0x202E}, {0x2066, 0x2069}, {0xE0000, 0xE007F}};
-    for (const auto& [first, last] : ranges) {
+    for (const auto& [first, last] : ranges)
         for (char32_t character = first; character <= last; ++character)
             steering.insert(character);
-    }
     return steering;
 }
 

@@ -29,12 +29,11 @@ public:
             L"\x2028",  L"\x7F",      L"\xA0",    L"\x3000", L"a",       L"0",       L"-",      L".",
             L":",       L"xmlns",     L"dt:kind", L"item",   L"%s",      L"\\",      L"/"};
         std::wstring text;
-        for (unsigned n = Below(6); n > 0; --n) {
+        for (unsigned n = Below(6); n > 0; --n)
             if (Below(6) == 0)
                 text.push_back(static_cast<wchar_t>(Unit()));
             else
                 text += pieces[Below(static_cast<unsigned>(std::size(pieces)))];
-        }
         return text;
     }
 

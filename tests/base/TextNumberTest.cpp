@@ -88,9 +88,8 @@ TEST(DoubleToText, ReadsBackToTheSameBits) {
         double value = 0;
         static_assert(sizeof value == sizeof bits);
         std::memcpy(&value, &bits, sizeof value);
-        if (std::isfinite(value)) {
+        if (std::isfinite(value))
             EXPECT_EQ(_wtof(DoubleToText(value)), value) << value;
-        }
     }
     EXPECT_EQ(DoubleToText(0.1), L"0.1");
     EXPECT_EQ(DoubleToText(-0.0), L"-0");

@@ -219,9 +219,8 @@ TEST(Qc2dArray, KeepsNothingWhereItIsMadeAnewWithoutKeeping) {
 template <class C>
 void EditWithoutOperators() {
     C c;
-    for (int i = 0; i < 30; ++i) {
+    for (int i = 0; i < 30; ++i)
         c.Append({i});
-    }
     c.InsertHead({-1});
     c.Insert(5, c[1]);
     c.Del(0);
@@ -277,9 +276,8 @@ TEST(ElementTypes, NeedNoOperators) {
 template <class C>
 void SortAssignOnly() {
     C c;
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < 50; ++i)
         c.Append(AssignOnly(i * 37 % 50));
-    }
     c.Sort(true);
     int before = -1;
     for (long i = 0; i < 50; ++i) {
@@ -299,9 +297,8 @@ TEST(ElementTypes, NeedOnlyDefaultAndAssignment) {
     SortAssignOnly<QcDynArray<AssignOnly>>();
     SortAssignOnly<QcDList<AssignOnly>>();
     QcArray<AssignOnly> array;
-    for (int i = 0; i < 9; ++i) {
+    for (int i = 0; i < 9; ++i)
         array.InsertHead(AssignOnly(i));
-    }
     array.SetAll(array[3]);
     EXPECT_EQ(array[8].m_n, 5);
 }
@@ -309,9 +306,8 @@ TEST(ElementTypes, NeedOnlyDefaultAndAssignment) {
 template <class C>
 void SortStably() {
     C c;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 1000; ++i)
         c.Append(Tagged{i * 7919 % 10, i});
-    }
     for (const bool bUp : {true, false}) {
         c.Sort(bUp);
         // Equal keys keep the order that they had; each pass begins with keys whose tags rise.

@@ -77,9 +77,8 @@ TYPED_TEST(Container, StepsForwardThroughAllAndThenOutAndIn) {
 TYPED_TEST(Container, StepsBackwardThroughAllAndThenOutAndIn) {
     TypeParam c = this->Make({7, 8, 9});
     Ints seen;
-    for (c.MoveToLast(); !c.IsOut(); c.MoveToPre()) {
+    for (c.MoveToLast(); !c.IsOut(); c.MoveToPre())
         seen.push_back(c.GetCurData());
-    }
     EXPECT_EQ(seen, (Ints{9, 8, 7}));
     c.MoveToPre();
     EXPECT_EQ(c.GetCurPos(), 2);

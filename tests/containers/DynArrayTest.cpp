@@ -215,9 +215,8 @@ TEST(QcDynArray, OnlyItsElementsLive) {
         a.DelHead();
         EXPECT_EQ(Counted::s_nAlive, 3);
         a.InsertHead(a[2]);
-        for (int i = 0; i < 50; ++i) {
+        for (int i = 0; i < 50; ++i)
             a.Insert(1, Counted(i));
-        }
         EXPECT_EQ(Counted::s_nAlive, 54);
         QcDynArray<Counted> copy(a);
         EXPECT_EQ(Counted::s_nAlive, 108);

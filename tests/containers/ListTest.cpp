@@ -40,9 +40,8 @@ TYPED_TEST(Lists, KeepsEachElementAtItsAddress) {
     TypeParam list;
     Fill(list, Ints{5, 3, 1, 4, 2});
     std::map<const int*, int> where;
-    for (const int* p = list.GetFirst(); p != nullptr; p = list.GetNext(p)) {
+    for (const int* p = list.GetFirst(); p != nullptr; p = list.GetNext(p))
         where[p] = *p;
-    }
     TypeParam other;
     Fill(other, Ints{7, 6});
     list.Sort(true);
@@ -53,9 +52,8 @@ TYPED_TEST(Lists, KeepsEachElementAtItsAddress) {
     list.SplitAt(3, other);
     other.Conbine(list, 0);
     int nSeen = 0;
-    for (const int* p = other.GetFirst(); p != nullptr; p = other.GetNext(p)) {
+    for (const int* p = other.GetFirst(); p != nullptr; p = other.GetNext(p))
         nSeen += where.count(p) == 1 && where[p] == *p ? 1 : 0;
-    }
     EXPECT_EQ(nSeen, 5);
     EXPECT_EQ(other.GetLength(), 7);
 }
@@ -260,9 +258,8 @@ TEST(QcQuene, GivesBackInOrder) {
     EXPECT_EQ(x, 7);
     EXPECT_EQ(queue.GetFirst(), nullptr);
     EXPECT_EQ(queue.GetLast(), nullptr);
-    for (long i = 1; i <= 3; ++i) {
+    for (long i = 1; i <= 3; ++i)
         EXPECT_TRUE(queue.Append(i));
-    }
     QcQuene<long> copy(queue);
     EXPECT_TRUE(queue.TakeOffHead(x));
     EXPECT_EQ(x, 1);

@@ -28,9 +28,8 @@ struct Model {
         m_cur = i;
     }
     void Erase(long i) {
-        if (Has(i)) {
+        if (Has(i))
             m_all.erase(At(i));
-        }
         m_cur = Has(i) || i == Count() ? i - 1 : -1;
     }
     void MoveTo(long i) { m_cur = Has(i) ? i : -1; }
@@ -51,9 +50,8 @@ public:
             const int op = Below(26);
             op < 13 ? EditAt(op) : Reorder(op - 13);
             Check(op);
-            if (testing::Test::HasFailure()) {
+            if (testing::Test::HasFailure())
                 return;
-            }
         }
     }
 
@@ -92,17 +90,15 @@ private:
             case 8:
             case 9:
                 m_c.DelCur();
-                if (m_model.m_cur >= 0) {
+                if (m_model.m_cur >= 0)
                     m_model.Erase(m_model.m_cur);
-                }
                 break;
             case 10:
                 m_c.Del(i);
-                if (m_model.Has(i)) {
+                if (m_model.Has(i))
                     m_model.Erase(i);
-                } else {
+                else
                     m_model.m_cur = -1;
-                }
                 break;
             case 11:
                 EXPECT_EQ(m_c.FindDel(x), static_cast<long>(std::erase(m_model.m_all, x)));
@@ -110,9 +106,8 @@ private:
                 break;
             default:
                 m_c.SetCurData(x);
-                if (m_model.m_cur >= 0) {
+                if (m_model.m_cur >= 0)
                     *m_model.At(m_model.m_cur) = x;
-                }
         }
     }
 
@@ -139,9 +134,8 @@ private:
             case 5:
                 m_c.Sort(i % 2 == 0);
                 std::sort(all.begin(), all.end());
-                if (i % 2 != 0) {
+                if (i % 2 != 0)
                     std::reverse(all.begin(), all.end());
-                }
                 break;
             case 6:
                 m_c.ReverseList();
@@ -149,9 +143,8 @@ private:
                 break;
             case 7:
                 m_c.Exchange(i, j);
-                if (bBoth) {
+                if (bBoth)
                     std::swap(*m_model.At(i), *m_model.At(j));
-                }
                 break;
             case 8:
                 EXPECT_EQ(m_c.Move(i, j), bBoth);
@@ -163,17 +156,15 @@ private:
                 break;
             case 9:
                 m_c.Rotate(i, j);
-                for (long k = i; bBoth && k != j; k += k < j ? 1 : -1) {
+                for (long k = i; bBoth && k != j; k += k < j ? 1 : -1)
                     std::rotate(all.begin(), k < j ? all.end() - 1 : all.begin() + 1, all.end());
-                }
                 break;
             case 10:
                 m_c.Reverse(i, j);
                 if (m_model.Has(i)) {
                     const long last = m_model.Has(j) ? j : m_model.Count() - 1;
-                    if (i < last) {
+                    if (i < last)
                         std::reverse(m_model.At(i), m_model.At(last) + 1);
-                    }
                 }
                 break;
             case 11:
@@ -204,18 +195,15 @@ private:
         QcDList<int> twofold;
         QcList<int>& other = Below(2) == 0 ? single : twofold;
         const int nMore = Below(4);
-        for (int k = 0; k < nMore; ++k) {
+        for (int k = 0; k < nMore; ++k)
             other.Append(k);
-        }
         EXPECT_EQ(m_c.Conbine(other, pos), m_model.Count() + nMore);
         const bool bInside = m_model.Has(pos);
         auto at = bInside ? m_model.At(pos) : m_model.m_all.end();
-        for (int k = 0; k < nMore; ++k) {
+        for (int k = 0; k < nMore; ++k)
             at = m_model.m_all.insert(at, k) + 1;
-        }
-        if (bInside && m_model.m_cur >= pos) {
+        if (bInside && m_model.m_cur >= pos)
             m_model.m_cur += nMore;
-        }
     }
 
     void Check(int op) {
@@ -272,16 +260,14 @@ void PlayOwner(unsigned seed) {
                 break;
             case 2:
                 c.Release(i);
-                if (i < n) {
+                if (i < n)
                     model[static_cast<std::size_t>(i)] = -1;
-                }
                 break;
             case 3: {
                 const std::unique_ptr<Counted> pOff(c.TakeOff(i));
                 EXPECT_EQ(pOff == nullptr ? -1 : pOff->Value(), i < n ? model[static_cast<std::size_t>(i)] : -1);
-                if (i < n) {
+                if (i < n)
                     model.erase(at(i));
-                }
                 break;
             }
             case 4:
@@ -299,14 +285,12 @@ void PlayOwner(unsigned seed) {
             }
             default:
                 c.Del(i);
-                if (i < n) {
+                if (i < n)
                     model.erase(at(i));
-                }
         }
         Ints values;
-        for (const Counted* p : Elements(static_cast<const QcDynArrayBase<Counted*>&>(c))) {
+        for (const Counted* p : Elements(static_cast<const QcDynArrayBase<Counted*>&>(c)))
             values.push_back(p == nullptr ? -1 : p->Value());
-        }
         ASSERT_EQ(values, model);
         ASSERT_EQ(Counted::s_nAlive, c.GetDataNum());
     }

@@ -103,9 +103,8 @@ TEST(NarrowLong, FullPlainArraysTakeNoMore) {
 template <class C>
 void TurnsBothWays() {
     C c;
-    for (const Mark mark : {Mark::kSet, Mark::kNone, Mark::kNone}) {
+    for (const Mark mark : {Mark::kSet, Mark::kNone, Mark::kNone})
         c.Append(mark);
-    }
     c.Rotate(0, 2);
     EXPECT_EQ(c[2], Mark::kSet);
     c.Rotate(2, 1);

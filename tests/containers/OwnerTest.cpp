@@ -9,16 +9,14 @@ namespace {
 // -1 stands for a null slot.
 template <class C>
 void FillObjects(C& to, const Ints& from) {
-    for (const int n : from) {
+    for (const int n : from)
         to.Append(n < 0 ? nullptr : new Counted(n));
-    }
     to.MoveTo(-1);
 }
 Ints Values(const QcDynArrayBase<Counted*>& all) {
     Ints values;
-    for (const Counted* p : Elements(all)) {
+    for (const Counted* p : Elements(all))
         values.push_back(p == nullptr ? -1 : p->Value());
-    }
     return values;
 }
 
@@ -229,9 +227,8 @@ TYPED_TEST(Owner, SortsAndBisectsObjectsWithNullsBehind) {
 
 TYPED_TEST(Owner, ARefusedSortedInsertionLeavesTheObject) {
     TypeParam c;
-    for (const int n : {5, 1, 3}) {
+    for (const int n : {5, 1, 3})
         EXPECT_TRUE(c.SortInto(new Counted(n), false));
-    }
     Counted* const p = new Counted(3);
     EXPECT_FALSE(c.SortInto(p, false));
     EXPECT_EQ(p->Value(), 3);

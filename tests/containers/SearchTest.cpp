@@ -82,9 +82,8 @@ TYPED_TEST(ContainerSearch, BisectsASortedContainer) {
 TYPED_TEST(ContainerSearch, BisectsEverySizeAndPlace) {
     for (int n = 0; n < 40; ++n) {
         TypeParam c;
-        for (int i = 0; i < n; ++i) {
+        for (int i = 0; i < n; ++i)
             c.Append(2 * i);
-        }
         for (int x = -1; x <= 2 * n; ++x) {
             const bool bThere = x >= 0 && x < 2 * n && x % 2 == 0;
             EXPECT_EQ(c.BFindTo(x), bThere);
@@ -96,9 +95,8 @@ TYPED_TEST(ContainerSearch, BisectsEverySizeAndPlace) {
 
 TYPED_TEST(ContainerSearch, SortsInWithAndWithoutDoubles) {
     TypeParam c;
-    for (const int x : {5, 1, 3, 9, 7}) {
+    for (const int x : {5, 1, 3, 9, 7})
         EXPECT_TRUE(c.SortInto(x, false));
-    }
     EXPECT_FALSE(c.SortInto(3, false));
     EXPECT_EQ(Elements(c), (Ints{1, 3, 5, 7, 9}));
     EXPECT_TRUE(c.SortInto(3, true));

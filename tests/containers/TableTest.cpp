@@ -123,9 +123,8 @@ TEST(Instantiations, AreExportedByTheModule) {
                                    "_ZTV9Qc2dArrayIdE",
                                    "_ZN10QcDynArrayIiE5RefitEllRb",
                                    "_ZN6QcListIcE7SplitAtElRS0_",
-                                   "_ZNK14QcDynArrayBaseIdE4FindERKdll"}) {
+                                   "_ZNK14QcDynArrayBaseIdE4FindERKdll"})
         EXPECT_NE(dlsym(pModule, name), nullptr) << name;
-    }
     dlclose(pModule);
 }
 

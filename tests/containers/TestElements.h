@@ -103,9 +103,8 @@ std::vector<T> Elements(const QcDynArrayBase<T>& all) {
         forward.push_back(*p);
     }
     std::vector<T> backward;
-    for (const T* p = all.GetLast(); p != nullptr; p = all.GetPre(p)) {
+    for (const T* p = all.GetLast(); p != nullptr; p = all.GetPre(p))
         backward.insert(backward.begin(), *p);
-    }
     EXPECT_EQ(forward, backward);
     EXPECT_EQ(static_cast<long>(forward.size()), all.GetLength());
     return forward;
@@ -113,9 +112,8 @@ std::vector<T> Elements(const QcDynArrayBase<T>& all) {
 
 template <class Container, class T>
 void Fill(Container& to, const std::vector<T>& from) {
-    for (const T& x : from) {
+    for (const T& x : from)
         to.Append(x);
-    }
     to.MoveTo(-1);
 }
 

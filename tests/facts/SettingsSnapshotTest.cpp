@@ -44,10 +44,9 @@ protected:
         All all = {FormOf(m_settings), NoteOf(ReadSettings(m_settings)), {}, {}};
         all.record = m_settings.m_strProvince + L"|" + m_settings.m_strCity + L"|" + m_settings.m_strLongitude + L"|" +
                      m_settings.m_strLatitude + L"|" + m_settings.m_strComment;
-        for (int i = 0; i < m_settings.m_listStd.GetLength(); ++i) {
+        for (int i = 0; i < m_settings.m_listStd.GetLength(); ++i)
             if (const OrvoStdSet* standard = StandardAt(m_settings, i))
                 all.standards.push_back(StandardOf(*standard));
-        }
         return all;
     }
 

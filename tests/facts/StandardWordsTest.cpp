@@ -30,10 +30,9 @@ std::string Line(const OrvoStdSet& standard) {
 // The words under a label; a text that no rule has where the label is missing or stands there twice.
 std::string Words(const Standard& standard, const wchar_t* label) {
     std::string words = "?";
-    for (const Rule& rule : RulesInWords(standard)) {
+    for (const Rule& rule : RulesInWords(standard))
         if (rule.label == label)
             words = words == "?" ? ToUtf8(rule.words.View()) : "twice";
-    }
     return words;
 }
 

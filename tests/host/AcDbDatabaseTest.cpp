@@ -194,9 +194,8 @@ TEST(AcDbDatabase, GivesNoIdTwice) {
     for (int round = 0; round < 3; ++round) {
         for (std::size_t i = 0; i < 4; ++i) {
             EXPECT_TRUE(given.insert(first.database.GetEntityId(i).asOldId()).second);
-            if (round == 0) {
+            if (round == 0)
                 EXPECT_TRUE(given.insert(second.database.GetEntityId(i).asOldId()).second);
-            }
         }
         ASSERT_EQ(first.database.dxfIn(first.files.File("drawing.dxf")), Acad::eOk);
     }

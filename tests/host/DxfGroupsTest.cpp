@@ -43,9 +43,8 @@ bool Accepts(const std::vector<DxfGroup>& groups) {
     const bool isAccepted = drawing.database.SetGroups(id, groups);
     EXPECT_EQ(drawing.database.IsModified(), isAccepted);
     EXPECT_EQ(drawing.Groups(id), isAccepted ? groups : before);
-    if (!isAccepted) {
+    if (!isAccepted)
         EXPECT_EQ(drawing.Saved(), Around(kText));
-    }
     return isAccepted;
 }
 

@@ -64,9 +64,8 @@ private:
             std::vector<DxfGroup> groups;
             ASSERT_TRUE(database.GetGroups(id, groups));
             ASSERT_FALSE(groups.empty());
-            if (const std::uint64_t handle = database.GetHandle(id)) {
+            if (const std::uint64_t handle = database.GetHandle(id))
                 ASSERT_FALSE(database.FindHandle(handle).isNull());
-            }
             for (const DxfGroup& group : groups)
                 database.Decode(group.strValue);
         }

@@ -84,10 +84,9 @@ TEST(DxfText, IsUtf8BehindAByteOrderMark) {
 
 TEST(DxfText, IsByteForByteWithoutAKnownCodePage) {
     std::string all;
-    for (int byte = 1; byte < 256; ++byte) {
+    for (int byte = 1; byte < 256; ++byte)
         if (byte != '\n' && byte != '\r')
             all.push_back(static_cast<char>(byte));
-    }
     for (const char* page : {"", "ansi_none", "ANSI_", "ANSI_99999", "ANSI_1252/../x", "martian"}) {
         const TextsIn texts(page);
         EXPECT_EQ(texts.Decode("\xE9\x80"), "\xC3\xA9\xC2\x80") << page;

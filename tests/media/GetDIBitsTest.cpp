@@ -212,10 +212,9 @@ void ExpectNearestEntries(int bits) {
     int wrong = 0;
     for (std::size_t i = 0; i < colours.size() && wrong < 5; ++i) {
         std::size_t nearest = 0;
-        for (std::size_t entry = 1; entry < size; ++entry) {
+        for (std::size_t entry = 1; entry < size; ++entry)
             if (Distance(colours[i], entries[entry]) < Distance(colours[i], entries[nearest]))
                 nearest = entry;
-        }
         const std::size_t written = static_cast<std::size_t>(rows[4 * i] >> (8 - bits));
         EXPECT_EQ(written, nearest) << std::hex << colours[i];
         wrong += written != nearest ? 1 : 0;
@@ -265,10 +264,9 @@ TEST(GetDIBits, RoundsToFiveBitsAChannel) {
     // The level whose 255/31 parts come nearest.
     const auto five = [](int level) {
         int nearest = 0;
-        for (int i = 1; i < 32; ++i) {
+        for (int i = 1; i < 32; ++i)
             if (std::abs(i * 255 - level * 31) < std::abs(nearest * 255 - level * 31))
                 nearest = i;
-        }
         return nearest;
     };
     for (std::size_t i = 0; i < 256; ++i) {

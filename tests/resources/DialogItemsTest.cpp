@@ -27,9 +27,8 @@ void ExpectItems(UINT chinese, const wchar_t* caption, const std::vector<Expecte
                 EXPECT_EQ(count, 1) << id << ": " << expected.id;
                 const DialogItemTemplate item = ItemOf(dialog, expected.id);
                 EXPECT_EQ(item.strClass, expected.windowClass) << id << ": " << expected.id;
-                if (expected.text) {
+                if (expected.text)
                     EXPECT_EQ(item.strText, expected.text) << id << ": " << expected.id;
-                }
             }
         }
     }

@@ -37,12 +37,10 @@ TEST(Outline, TakesAsFewChordsAsKeepTheSagitta) {
             };
             EXPECT_GE(chords, 4U);
             EXPECT_LE(chords, 64U);
-            if (chords < 64) {
+            if (chords < 64)
                 EXPECT_LE(sagitta(chords), 50.0 + 1e-9) << radius << " " << angle;
-            }
-            if (chords > 4) {
+            if (chords > 4)
                 EXPECT_GT(sagitta(chords - 1), 50.0 - 1e-9) << radius << " " << angle;
-            }
             EXPECT_EQ(CountChords(-BulgeOf(angle), size, 50.0), chords) << "the other way round";
         }
 }

@@ -114,9 +114,8 @@ TEST(PolylineFaces, HideTheDiagonalsOfBottomAndTop) {
             const QcGePoint b = scene.m_faces[i][(k + 1) % 3];
             const bool isShown = scene.m_faces[i].m_flag[k] == 0;
             ++(isShown ? shown : hidden);
-            if (isShown) {
+            if (isShown)
                 EXPECT_TRUE(a.x == b.x || a.y == b.y) << "the outline's own edges are along the axes";
-            }
         }
     EXPECT_EQ(shown, 2 * 6);
     EXPECT_EQ(hidden, 2 * 6) << "three diagonals from both sides, in both";

@@ -256,12 +256,10 @@ TEST(DataSetDictionary, SplitsAnalysedPlaces) {
         OrvoDataSet settings;
         EXPECT_TRUE(settings.LoadSunDataSetDict(&root));
         ASSERT_EQ(settings.m_listCity.GetLength(), row.count);
-        if (row.count > 0) {
+        if (row.count > 0)
             EXPECT_EQ((*settings.m_listCity.GetAt(0))->m_strName, L"杭州");
-        }
-        if (row.count == 3) {
+        if (row.count == 3)
             EXPECT_EQ((*settings.m_listCity.GetAt(2))->m_strName, L"温州");
-        }
     }
 }
 

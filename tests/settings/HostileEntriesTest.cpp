@@ -127,9 +127,8 @@ protected:
         EXPECT_EQ(told, expected ? 0 : 1) << what;
         EXPECT_EQ(result, expected ? IDOK : IDCANCEL) << what;
         EXPECT_EQ(Field(id), expected.value_or(before)) << what;
-        if (!expected || *expected == before) {
+        if (!expected || *expected == before)
             EXPECT_EQ(Saved(), saved) << what;
-        }
     }
 
     static void TryPrecision(int id, const Entry& entry, double most) {
@@ -143,9 +142,8 @@ protected:
         const std::string what = std::to_string(id) + " " + entry.text.left(20).toStdString();
         EXPECT_EQ(told, good ? 0 : 1) << what;
         EXPECT_EQ(result, good ? IDOK : IDCANCEL) << what;
-        if (good && id == 2006) {
+        if (good && id == 2006)
             EXPECT_EQ(g_nSunDistPrec, *entry.number) << what;
-        }
         if (!good) {
             const double after[] = {g_nSunAngPrec, g_nSunDistPrec, g_nSunWinOffset};
             EXPECT_TRUE(std::equal(std::begin(before), std::end(before), std::begin(after))) << what;

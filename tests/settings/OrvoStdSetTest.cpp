@@ -357,12 +357,11 @@ TEST(OrvoStdSet, StopsAtEachKeyThatHasAnotherKind) {
     for (std::size_t wrong = 1; wrong < kKeys.size(); ++wrong) {
         const auto dict = Marked();
         const auto full = Saved(Unusual());
-        for (std::size_t i = 1; i < kKeys.size(); ++i) {
+        for (std::size_t i = 1; i < kKeys.size(); ++i)
             if (i == wrong)
                 dict->FindOrAddItem(kKeys[i].name, 5)->SetStringValue(L"12");
             else
                 dict->AppendItem(full->FindItem(kKeys[i].name)->Clone());
-        }
         OrvoStdSet standard;
         EXPECT_FALSE(standard.ReadFromDict(dict.get()));
         const auto after = Saved(standard);

@@ -117,11 +117,10 @@ TEST_F(StandardNames, OfEveryKindCanBeTypedExceptOfNothing) {
         EXPECT_EQ(told, std::vector<std::string>{}) << ToUtf8(name.Left(20).View());
         EXPECT_EQ(InList().size(), before + 1);
         const CString stored = InList().back();
-        if (name.View().find_first_of(L"\r\n\t") != std::wstring_view::npos) {
+        if (name.View().find_first_of(L"\r\n\t") != std::wstring_view::npos)
             EXPECT_EQ(stored.View().find_first_of(L"\r\n\t"), std::wstring_view::npos) << "a name is one line";
-        } else if (name.Find(static_cast<wchar_t>(0xD83D)) < 0) {  // half a character cannot be typed
+        else if (name.Find(static_cast<wchar_t>(0xD83D)) < 0)  // half a character cannot be typed
             EXPECT_EQ(stored, name) << "to the letter";
-        }
     }
     const Names made = InList();
     Reload();

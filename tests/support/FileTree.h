@@ -32,10 +32,9 @@ public:
         std::error_code ignored;
         // Folders that a test closed cannot be emptied.
         for (auto it = std::filesystem::recursive_directory_iterator(m_path, ignored);
-             !ignored && it != std::filesystem::recursive_directory_iterator(); it.increment(ignored)) {
+             !ignored && it != std::filesystem::recursive_directory_iterator(); it.increment(ignored))
             if (it->is_directory(ignored) && !it->is_symlink(ignored))
                 std::filesystem::permissions(it->path(), std::filesystem::perms::owner_all, ignored);
-        }
         std::filesystem::remove_all(m_path, ignored);
     }
     FileTree(const FileTree&) = delete;

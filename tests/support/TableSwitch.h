@@ -22,10 +22,9 @@ public:
     TableSwitch& operator=(const TableSwitch&) = delete;
 
     CString Translate(const wchar_t* text) const override {
-        for (const auto& [original, translation] : m_entries) {
+        for (const auto& [original, translation] : m_entries)
             if (original == text)
                 return translation;
-        }
         return text;
     }
 

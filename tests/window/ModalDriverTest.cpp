@@ -33,9 +33,8 @@ TEST(ModalDriver, TheNewestAnswersAndTheOneBeforeComesBack) {
 TEST(ModalDriver, ABoxMayOpenAnother) {
     int depth = 0;
     const ModalDriver driver([&](const ModalWindow&) {
-        if (++depth == 1) {
+        if (++depth == 1)
             EXPECT_EQ(MessageBox(nullptr, L"inner", L"caption", MB_YESNO), IDNO);
-        }
         return depth-- == 1 ? IDYES : IDNO;
     });
     EXPECT_EQ(MessageBox(nullptr, L"outer", L"caption", MB_YESNO), IDYES);

@@ -31,9 +31,8 @@ protected:
         EXPECT_TRUE(ran);
         EXPECT_EQ(g_dictSunZone.GetCount(), 2);
         EXPECT_NE(g_dictSunZone.FindDict(L"甲")->FindItem(L"A"), nullptr);
-        if (std::filesystem::exists(m_folder / "zone.xml")) {
+        if (std::filesystem::exists(m_folder / "zone.xml"))
             EXPECT_EQ(m_folder.Read("zone.xml"), before);
-        }
     }
 };
 

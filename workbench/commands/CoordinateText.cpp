@@ -11,12 +11,11 @@ constexpr std::size_t kCoordinates = 3;
 
 std::vector<CString> SplitAt(const CString& text, wchar_t separator, wchar_t wideSeparator) {
     std::vector<CString> parts(1);
-    for (const wchar_t character : text.View()) {
+    for (const wchar_t character : text.View())
         if (character == separator || character == wideSeparator)
             parts.emplace_back();
         else
             parts.back() += character;
-    }
     return parts;
 }
 

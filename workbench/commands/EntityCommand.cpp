@@ -51,10 +51,9 @@ int ReadRequest(const std::vector<CString>& words, Request& request) {
 
 // Why a code has no type: some belong to another one.
 CString NoTypeText(int code) {
-    for (const int x : {code - 10, code - 20}) {
+    for (const int x : {code - 10, code - 20})
         if (StorageOf(code) == GroupStorage::Real && StorageOf(x) == GroupStorage::Point)
             return SayFormat(L"组码 %d 是点的一个坐标：请用组码 %d 读写整个点", code, x);
-    }
     return SayFormat(L"组码 %d 没有可以读写的类型", code);
 }
 

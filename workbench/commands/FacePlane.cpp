@@ -64,14 +64,12 @@ PlaneSource SourceOfPlane(QcGeFace3dEX& face) {
 
 bool AreCornersInLine(const QcGeFace3dEX& face) {
     int longest = 1;
-    for (int i = 2; i < face.GetCornerCount(); ++i) {
+    for (int i = 2; i < face.GetCornerCount(); ++i)
         if (Edge(face, i).Length() > Edge(face, longest).Length())
             longest = i;
-    }
-    for (int i = 1; i < face.GetCornerCount(); ++i) {
+    for (int i = 1; i < face.GetCornerCount(); ++i)
         if (!IsShort(Edge(face, i)) && !AreParallel(face, Edge(face, i), Edge(face, longest)))
             return false;
-    }
     return true;
 }
 

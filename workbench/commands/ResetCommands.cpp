@@ -48,10 +48,9 @@ int RefuseStandard(const CString& name, const OrvoDataSet& shipped) {
 // Standards that were never shipped.
 std::vector<CString> OwnStandards(const OrvoDataSet& shipped) {
     std::vector<CString> own;
-    for (const CString& name : NamesOfStandards(g_SunDataSet)) {
+    for (const CString& name : NamesOfStandards(g_SunDataSet))
         if (!FindStandard(shipped, name))
             own.push_back(name);
-    }
     return own;
 }
 

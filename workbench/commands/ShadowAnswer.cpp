@@ -63,10 +63,9 @@ ShadowAnswer::Matrix MatrixOf(QcGeFace3dEX& face, const QcGeVector3dEX& light) {
     float columns[4][4] = {};
     face.CreateShadowMatrix(columns, light, true);
     ShadowAnswer::Matrix matrix = {};
-    for (int row = 0; row < 4; ++row) {
+    for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 4; ++column)
             matrix.rows[row][column] = FewestDigits(columns[column][row]);
-    }
     return matrix;
 }
 

@@ -8,10 +8,9 @@
 
 void TextTable::PrintTo(Output& output, int indent) const {
     std::vector<int> widths(m_columns.size(), 0);
-    for (const std::vector<CString>& row : m_rows) {
+    for (const std::vector<CString>& row : m_rows)
         for (std::size_t i = 0; i < widths.size() && i < row.size(); ++i)
             widths[i] = std::max(widths[i], DisplayWidth(row[i]));
-    }
     for (const std::vector<CString>& row : m_rows) {
         CString line(L' ', std::max(indent, 0));
         for (std::size_t i = 0; i < widths.size() && i < row.size(); ++i) {

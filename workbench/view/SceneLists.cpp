@@ -36,10 +36,9 @@ QcGePoint FindOrigin(const Scene& scene) {
     for (double QcGePoint::*const axis : {&QcGePoint::x, &QcGePoint::y, &QcGePoint::z}) {
         std::vector<double> values;
         values.reserve(scene.m_faces.size());
-        for (const QcGeFace3dEX& face : scene.m_faces) {
+        for (const QcGeFace3dEX& face : scene.m_faces)
             if (IsUsable(face))
                 values.push_back(face.m_pt[0].*axis);
-        }
         origin.*axis = TakeMedian(values);
     }
     return origin;
@@ -132,10 +131,9 @@ Coats SortByColor(const Scene& scene) {
         const std::size_t count = std::min(entity.m_nFaceCount, total - first);
         Coat& coat = coats[RgbOf(entity)];
         const std::size_t before = coat.faces.size();
-        for (std::size_t i = first; i < first + count; ++i) {
+        for (std::size_t i = first; i < first + count; ++i)
             if (IsUsable(scene.m_faces[i]))
                 coat.faces.push_back(&scene.m_faces[i]);
-        }
         AddEdges(coat, before);
     }
     return coats;

@@ -34,10 +34,9 @@ std::optional<QcGePoint> PickScene(const Scene& scene, const ViewRay& ray) {
         const QcGePoint* const pt = face.m_pt;
         const double first = MeetTriangle(ray, pt[0], pt[1], pt[2]);
         const double second = face.IsTriangle() ? -1.0 : MeetTriangle(ray, pt[2], pt[3], pt[0]);
-        for (const double distance : {first, second}) {
+        for (const double distance : {first, second})
             if (distance > 0.0)
                 nearest = std::min(nearest, distance);
-        }
     }
     if (!std::isfinite(nearest))
         return std::nullopt;

@@ -53,17 +53,16 @@ bool CommandEdit::event(QEvent* event) {
 
 void CommandEdit::keyPressEvent(QKeyEvent* event) {
     std::optional<CString> recalled;
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         SubmitTyped();
-    } else if (event->key() == Qt::Key_Escape) {
+    else if (event->key() == Qt::Key_Escape)
         clear();
-    } else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+    else if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
         recalled = event->key() == Qt::Key_Up ? m_recalled.Older(Typed(text())) : m_recalled.Newer();
-    } else if (event->matches(QKeySequence::Paste)) {
+    else if (event->matches(QKeySequence::Paste))
         PasteLines();
-    } else {
+    else
         QLineEdit::keyPressEvent(event);
-    }
     if (recalled)
         setText(Shown(*recalled));
 }

@@ -180,10 +180,9 @@ bool DialogReader::ReadFont(DialogTemplate& dialog) {
 bool DialogReader::ReadItems(DialogTemplate& dialog) {
     const bool isBrace = IsSign('{');
     Advance();
-    while (!(isBrace ? IsSign('}') : IsWord("END"))) {
+    while (!(isBrace ? IsSign('}') : IsWord("END")))
         if (!ReadItem(dialog))
             return false;
-    }
     Advance();
     return true;
 }
@@ -224,10 +223,9 @@ bool DialogReader::ReadClass(CString& windowClass) {
     } else if (!ReadText(windowClass)) {
         return false;
     }
-    for (const wchar_t* system : {L"BUTTON", L"EDIT", L"STATIC", L"LISTBOX", L"COMBOBOX", L"SCROLLBAR"}) {
+    for (const wchar_t* system : {L"BUTTON", L"EDIT", L"STATIC", L"LISTBOX", L"COMBOBOX", L"SCROLLBAR"})
         if (windowClass.CompareNoCase(system) == 0)
             windowClass = system;
-    }
     return true;
 }
 

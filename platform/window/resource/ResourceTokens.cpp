@@ -67,7 +67,7 @@ std::string_view ResourceTokens::TakeWord() {
 
 // False for a comment that is never closed; the place is then its beginning.
 bool ResourceTokens::SkipSpace() {
-    while (!IsAtEnd()) {
+    while (!IsAtEnd())
         if (IsSpace(Peek()))
             Step();
         else if (Peek() == '/' && Peek(1) == '/')
@@ -76,7 +76,6 @@ bool ResourceTokens::SkipSpace() {
             break;
         else if (!SkipComment())
             return false;
-    }
     return true;
 }
 

@@ -114,10 +114,9 @@ TEST_F(PlugIn, TranslatesItsDefaultsWhileItIsConstructed) {
     void* module = dlopen(ORVO_MODULE_FILE, RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(module, nullptr) << dlerror();
     const auto asked = [&language](const wchar_t* text) {
-        for (const CString& one : language.m_texts) {
+        for (const CString& one : language.m_texts)
             if (one == text)
                 return true;
-        }
         return false;
     };
     EXPECT_TRUE(asked(L"未定义"));

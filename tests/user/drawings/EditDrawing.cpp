@@ -62,10 +62,9 @@ int main(int argc, char** argv) {
     if (drawing.dxfIn(FromUtf8(argv[1]), &message) != Acad::eOk)
         return Fail(message);
     acdbSetCurDwg(&drawing);
-    for (int i = 3; i + 2 < argc; i += 3) {
+    for (int i = 3; i + 2 < argc; i += 3)
         if (!Change(drawing, argv[i], std::atoi(argv[i + 1]), argv[i + 2]))
             return Fail(L"not set");
-    }
     if (drawing.dxfOut(FromUtf8(argv[2]), &message) != Acad::eOk)
         return Fail(message);
     std::printf("%zu entities%s\n", drawing.GetEntityCount(), QcDbGetDrawUnit() != 0 ? ", metres" : "");

@@ -35,10 +35,9 @@ int main(int argc, char** argv) {
     g_isSparse = std::strcmp(mode, "sparse") == 0;
     OrvoAVIFile recorder(FromUtf8(argv[1]), -1, -1, std::atoi(argv[6]));
     recorder.SetColorNum(static_cast<UINT>(std::atoi(argv[2])));
-    for (int picture = 0; picture < count; ++picture) {
+    for (int picture = 0; picture < count; ++picture)
         if (!Record(recorder, std::atoi(argv[3]), std::atoi(argv[4]), picture))
             return 1;
-    }
     if (std::strcmp(mode, "die") == 0)
         std::_Exit(0);
     return 0;
