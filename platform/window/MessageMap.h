@@ -10,7 +10,6 @@
 // data. A handler of a wrong shape does not compile.
 #pragma once
 
-#include "platform/base/Api.h"
 #include "platform/window/WindowMessages.h"
 
 class CWnd;
@@ -29,10 +28,8 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP_ENTRY* lpEntries;
 };
 
-// The shapes of handlers: each calls one member function of T with what the message carries.
+// The shapes of handlers: each calls one member function of T, a class of windows, with what the message carries.
 namespace MessageCall {
-
-ORVO_API CWnd* WindowOf(std::uintptr_t handle);  // CWnd::FromHandle, which this header cannot see
 
 template <class T, auto handler>
 LRESULT Plain(CWnd* target, WPARAM, LPARAM) {
@@ -49,14 +46,15 @@ LRESULT Key(CWnd* target, WPARAM wParam, LPARAM lParam) {
 
 template <class T, auto handler>
 LRESULT Focus(CWnd* target, WPARAM wParam, LPARAM) {
-    (static_cast<T*>(target)->*handler)(WindowOf(wParam));
+    (static_cast<T*>(target)->*handler)(T::FromHandle(reinterpret_cast<HWND>(wParam)));
     return 0;
 }
 
 template <class T, auto handler>
 LRESULT Cursor(CWnd* target, WPARAM wParam, LPARAM lParam) {
     const auto bits = static_cast<std::uintptr_t>(lParam);
-    return (static_cast<T*>(target)->*handler)(WindowOf(wParam), LOWORD(bits), HIWORD(bits));
+    CWnd* window = T::FromHandle(reinterpret_cast<HWND>(wParam));
+    return (static_cast<T*>(target)->*handler)(window, LOWORD(bits), HIWORD(bits));
 }
 
 template <class T, auto handler>
