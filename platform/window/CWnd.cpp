@@ -1,4 +1,4 @@
-// The CWnd side of a window: attaching, messages and their maps. State and text of the widget are in WindowState.cpp.
+// The CWnd side of a window: attaching, messages and their maps. State and text of the widget are in CWndState.cpp.
 #include "platform/window/CWnd.h"
 
 #include <QPointer>
