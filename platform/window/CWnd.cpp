@@ -4,8 +4,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "platform/window/DataExchange.h"
-#include "platform/window/DataExchangeFailure.h"
 #include "platform/window/toolkit/WindowLink.h"
 
 namespace {
@@ -164,13 +162,7 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
 BOOL CWnd::UpdateData(BOOL saveAndValidate) {
     if (WindowLink::Of(m_hWnd) == nullptr)
         return FALSE;
-    CDataExchange exchange(this, saveAndValidate);
-    try {
-        DoDataExchange(&exchange);
-    } catch (const DataExchangeFailure&) {
-        return FALSE;
-    }
-    return TRUE;
+    return CDataExchange(this, saveAndValidate).Run() ? TRUE : FALSE;
 }
 
 void CWnd::DoDataExchange(CDataExchange* /*exchange*/) {}

@@ -135,6 +135,32 @@ protected:
     BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 };
 
+// One run of UpdateData. The functions that are called with it (DataExchange.h) either save (control to member) or show
+// (member to control).
+class ORVO_API CDataExchange {
+public:
+    CDataExchange(CWnd* dialog, BOOL saveAndValidate) : m_bSaveAndValidate(saveAndValidate), m_pDlgWnd(dialog) {}
+
+    const BOOL m_bSaveAndValidate;
+    CWnd* const m_pDlgWnd;
+
+    // The control of this number; a number that the dialog lacks ends the run. The edit that was prepared last gets the
+    // focus when the run fails.
+    CWnd* PrepareCtrl(int id);
+    CWnd* PrepareEditCtrl(int id);
+    // Ends the run: UpdateData gives FALSE. To be called after the user has been told.
+    [[noreturn]] void Fail();
+
+private:
+    friend class CWnd;
+
+    // Calls the dialog's DoDataExchange; false when that was ended.
+    bool Run();
+
+    HWND m_hLastControl = nullptr;  // which may be gone when the user has been told
+    bool m_bEditLast = false;
+};
+
 ORVO_API LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // A font of a window. Only handed on from one window to another.

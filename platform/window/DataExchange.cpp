@@ -7,8 +7,6 @@
 #include <string>
 
 #include "platform/base/Language.h"
-#include "platform/window/CEdit.h"
-#include "platform/window/DataExchangeFailure.h"
 #include "platform/window/toolkit/QtText.h"
 #include "platform/window/toolkit/WindowLink.h"
 
@@ -95,31 +93,6 @@ std::vector<WindowLink*> GroupFrom(const CWnd& first) {
 }
 
 }  // namespace
-
-CWnd* CDataExchange::PrepareCtrl(int id) {
-    CWnd* control = m_pDlgWnd->GetDlgItem(id);
-    if (control == nullptr)
-        throw DataExchangeFailure();
-    m_hLastControl = control->m_hWnd;
-    m_bEditLast = false;
-    return control;
-}
-
-CWnd* CDataExchange::PrepareEditCtrl(int id) {
-    CWnd* control = PrepareCtrl(id);
-    m_bEditLast = true;
-    return control;
-}
-
-void CDataExchange::Fail() {
-    CWnd* control = m_bSaveAndValidate ? CWnd::FromHandle(m_hLastControl) : nullptr;
-    if (control != nullptr) {
-        control->SetFocus();
-        if (m_bEditLast)
-            ::SendMessage(m_hLastControl, EM_SETSEL, 0, -1);
-    }
-    throw DataExchangeFailure();
-}
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
     if (control.m_hWnd != nullptr)

@@ -1,28 +1,8 @@
 // Moving data between a dialog's members and its controls, with the checks and messages that a user meets when an entry
-// is refused.
+// is refused. What a run of that is stands beside UpdateData.
 #pragma once
 
 #include "platform/window/CWnd.h"
-
-// One run of it. Functions called with it either save (control to member) or show (member to control).
-class ORVO_API CDataExchange {
-public:
-    CDataExchange(CWnd* dialog, BOOL saveAndValidate) : m_bSaveAndValidate(saveAndValidate), m_pDlgWnd(dialog) {}
-
-    const BOOL m_bSaveAndValidate;
-    CWnd* const m_pDlgWnd;
-
-    // The control of this number; a number that the dialog lacks ends the run. The edit that was prepared last gets the
-    // focus when the run fails.
-    CWnd* PrepareCtrl(int id);
-    CWnd* PrepareEditCtrl(int id);
-    // Ends the run: UpdateData gives FALSE. To be called after the user has been told.
-    [[noreturn]] void Fail();
-
-private:
-    HWND m_hLastControl = nullptr;  // which may be gone when the user has been told
-    bool m_bEditLast = false;
-};
 
 // Attaches a member to its control, once.
 ORVO_API void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
