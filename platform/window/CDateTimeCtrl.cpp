@@ -1,36 +1,16 @@
-// The date picker: the toolkit's date edit with its calendar.
+// The operations of date pickers, on the toolkit's date edit.
 #include "platform/window/CDateTimeCtrl.h"
 
 #include <QDateEdit>
-#include <QLocale>
 #include <QSignalBlocker>
 
-#include "platform/base/Language.h"
-#include "platform/window/toolkit/QtText.h"
 #include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 
-constexpr int kFirstYear = 1601;
-constexpr int kLastYear = 9999;
-
 QDateEdit* PickerOf(HWND window) {
     const WindowLink* link = WindowLink::Of(window);
     return link ? qobject_cast<QDateEdit*>(link->m_pWidget) : nullptr;
-}
-
-void NotifyChange(WindowLink& link) {
-    NMHDR change = {nullptr, 0, DTN_DATETIMECHANGE};
-    link.NotifyParent(change);
-}
-
-// The calendar names months and days in the interface's language, whatever the machine's is.
-QLocale InterfaceLocale() {
-    if (g_strCurLanguage == L"Chs")
-        return {QLocale::Chinese, QLocale::China};
-    if (g_strCurLanguage == L"Enu")
-        return {QLocale::English, QLocale::UnitedStates};
-    return QLocale(ToQString(g_strCurLanguage));  // other languages are called by their codes
 }
 
 }  // namespace
@@ -44,7 +24,7 @@ BOOL CDateTimeCtrl::SetTime(const SYSTEMTIME* time) {
         return FALSE;
     const QDate date(time->wYear, time->wMonth, time->wDay);
     const QTime clock(time->wHour, time->wMinute, time->wSecond, time->wMilliseconds);
-    if (!date.isValid() || !clock.isValid() || date.year() < kFirstYear || date.year() > kLastYear)
+    if (!date.isValid() || !clock.isValid() || date < picker->minimumDate() || date > picker->maximumDate())
         return FALSE;
     const QSignalBlocker quiet(picker);
     picker->setDateTime(QDateTime(date, clock, Qt::UTC));
@@ -71,19 +51,4 @@ DWORD CDateTimeCtrl::GetTime(SYSTEMTIME* time) const {
              static_cast<WORD>(clock.second()),
              static_cast<WORD>(clock.msec())};
     return GDT_VALID;
-}
-
-WindowLink& MakeDatePicker(const ControlRequest& request) {
-    auto* picker = new QDateEdit(request.parent);  // a child of the parent
-    picker->setLocale(InterfaceLocale());
-    picker->setTimeSpec(Qt::UTC);  // local time has gaps, which would move a time of day in them
-    picker->setCalendarPopup(true);
-    picker->setDisplayFormat("yyyy-MM-dd");
-    picker->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
-    picker->setDate(QDate::currentDate());
-    // A year in the making is no date that anybody means.
-    picker->setKeyboardTracking(false);
-    WindowLink& link = WindowLink::Make(picker, request.nID, request.dwStyle, &CommonProcedure);
-    QObject::connect(picker, &QDateEdit::dateChanged, picker, [&link] { NotifyChange(link); });
-    return link;
 }
