@@ -13,6 +13,7 @@
 #include "platform/window/toolkit/DialogBuilder.h"
 #include "platform/window/toolkit/ModalRun.h"
 #include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 

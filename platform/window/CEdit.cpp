@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 BEGIN_MESSAGE_MAP(CEdit, CWnd)
 END_MESSAGE_MAP()

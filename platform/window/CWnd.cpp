@@ -3,20 +3,43 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <memory>
+#include <utility>
 
+#include "platform/window/toolkit/DispatchContext.h"
 #include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 
-// The message that is being handled, for Default().
-struct CurrentMessage {
-    UINT nMessage;
-    WPARAM wParam;
-    LPARAM lParam;
-};
-CurrentMessage s_current = {};
-
 CWnd* s_pFrame = nullptr;
+
+// A CWnd as its window knows it. Its handlers may detach it, with which this goes while they run.
+class Attached final : public MessageTarget {
+public:
+    explicit Attached(CWnd& window) : m_window(window) {}
+
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override {
+        return m_window.WindowProc(message, wParam, lParam);
+    }
+    void LoseWindow() override {
+        m_window.m_hWnd = nullptr;
+        m_window.PostNcDestroy();
+    }
+    CWnd& Window() const { return m_window; }
+
+private:
+    CWnd& m_window;
+};
+
+// Nothing else is ever attached; null when nothing is.
+CWnd* AttachedTo(const WindowLink& link) {
+    return link.m_target ? &static_cast<const Attached&>(*link.m_target).Window() : nullptr;
+}
+
+// Stands for a window that has no CWnd of the program's own.
+struct Temporary final : WindowCompanion {
+    CWnd window;
+};
 
 // Tells a window and everything in it that it goes, the window first.
 void SendDestroy(WindowLink& link) {
@@ -46,7 +69,7 @@ bool IsRunning(const WindowLink& link) {
 void Release(WindowLink& link) {
     for (WindowLink* control : WindowLink::Controls(link.m_pWidget))
         Release(*control);
-    if (CWnd* attached = link.m_pWnd) {
+    if (CWnd* attached = AttachedTo(link)) {
         attached->Detach();
         attached->PostNcDestroy();
     }
@@ -62,17 +85,8 @@ const AFX_MSGMAP_ENTRY* FindHandler(const AFX_MSGMAP* map, UINT message, UINT co
 
 }  // namespace
 
-LRESULT CallWindow(CWnd& window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const CurrentMessage outer = s_current;
-    s_current = {message, wParam, lParam};
-    const LRESULT result = window.WindowProc(message, wParam, lParam);
-    s_current = outer;
-    return result;
-}
-
 LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    WindowLink* link = WindowLink::Of(window);
-    return link ? Dispatch(*link, message, wParam, lParam) : 0;
+    return Dispatch(window, message, wParam, lParam);
 }
 
 CWnd::~CWnd() {
@@ -81,25 +95,28 @@ CWnd::~CWnd() {
 
 CWnd* CWnd::FromHandle(HWND window) {
     WindowLink* link = WindowLink::Of(window);
-    if (link == nullptr || link->m_pWnd != nullptr)
-        return link ? link->m_pWnd : nullptr;
-    if (!link->m_pTemporary) {
-        link->m_pTemporary = std::make_unique<CWnd>();
-        link->m_pTemporary->m_hWnd = window;
+    if (link == nullptr)
+        return nullptr;
+    if (CWnd* attached = AttachedTo(*link))
+        return attached;
+    if (!link->m_temporary) {
+        auto made = std::make_unique<Temporary>();
+        made->window.m_hWnd = window;
+        link->m_temporary = std::move(made);
     }
-    return link->m_pTemporary.get();
+    return &static_cast<Temporary&>(*link->m_temporary).window;
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND window) {
     const WindowLink* link = WindowLink::Of(window);
-    return link ? link->m_pWnd : nullptr;
+    return link ? AttachedTo(*link) : nullptr;
 }
 
 BOOL CWnd::Attach(HWND window) {
     WindowLink* link = WindowLink::Of(window);
-    if (link == nullptr || link->m_pWnd != nullptr || m_hWnd != nullptr)
+    if (link == nullptr || link->m_target || m_hWnd != nullptr)
         return FALSE;
-    link->m_pWnd = this;
+    link->m_target = std::make_unique<Attached>(*this);
     m_hWnd = window;
     return TRUE;
 }
@@ -107,8 +124,8 @@ BOOL CWnd::Attach(HWND window) {
 HWND CWnd::Detach() {
     const HWND window = m_hWnd;
     if (WindowLink* link = WindowLink::Of(window))
-        if (link->m_pWnd == this)
-            link->m_pWnd = nullptr;
+        if (AttachedTo(*link) == this)
+            link->m_target.reset();
     m_hWnd = nullptr;
     return window;
 }
@@ -178,7 +195,8 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CWnd::Default() {
-    return DefWindowProc(s_current.nMessage, s_current.wParam, s_current.lParam);
+    const DispatchContext::Message message = DispatchContext::Current().message;
+    return DefWindowProc(message.id, message.wParam, message.lParam);
 }
 
 BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {

@@ -32,15 +32,20 @@ CFont::~CFont() {
     delete m_pImpl;
 }
 
+namespace {
+
+struct FontOfWindow final : WindowCompanion {
+    CFont font;
+};
+
+}  // namespace
+
 void CWnd::SetWindowText(const wchar_t* text) {
     SendMessage(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text ? text : L""));
 }
 
 void CWnd::GetWindowText(CString& text) const {
-    const int length = GetWindowTextLength();
-    std::wstring buffer(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied = SendMessage(WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()));
-    text = CString(std::wstring_view(buffer.data(), static_cast<std::size_t>(copied)));
+    text = TextOf(m_hWnd);
 }
 
 int CWnd::GetWindowTextLength() const {
@@ -155,10 +160,11 @@ CFont* CWnd::GetFont() const {
     WindowLink* link = WindowLink::Of(m_hWnd);
     if (link == nullptr)
         return nullptr;
-    if (!link->m_pFont)
-        link->m_pFont = std::make_unique<CFont>();
-    link->m_pFont->m_pImpl->font = link->m_pWidget->font();
-    return link->m_pFont.get();
+    if (!link->m_font)
+        link->m_font = std::make_unique<FontOfWindow>();
+    CFont& font = static_cast<FontOfWindow&>(*link->m_font).font;
+    font.m_pImpl->font = link->m_pWidget->font();
+    return &font;
 }
 
 void CWnd::SetFont(CFont* font, BOOL /*redraw*/) {

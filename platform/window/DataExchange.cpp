@@ -1,7 +1,7 @@
 // Moves the value of one member to its control or back, for each kind of both.
 #include "platform/window/DataExchange.h"
 
-#include <QWidget>
+#include <QRadioButton>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -86,7 +86,7 @@ std::vector<WindowLink*> GroupFrom(const CWnd& first) {
         if (inside && (control->m_dwStyle & WS_GROUP) != 0)
             break;
         inside = inside || control->Handle() == first.m_hWnd;
-        if (inside && control->IsRadio())
+        if (inside && qobject_cast<const QRadioButton*>(control->m_pWidget) != nullptr)
             group.push_back(control);
     }
     return group;

@@ -7,7 +7,7 @@
 #include "platform/window/CWnd.h"
 #include "platform/window/toolkit/Application.h"
 #include "platform/window/toolkit/ModalRun.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
 
 bool PrepareWindows(CString& reason) {
     const bool isHopeless = !HasDisplay() && !ModalDriver::IsThere();  // the toolkit need not even start
@@ -25,6 +25,6 @@ bool AttachFrame(CWnd& frame, void* widget) {
         return false;
     auto* window = static_cast<QWidget*>(widget);
     if (!WindowLink::Of(window))
-        WindowLink::Make(window, 0, 0, CommonProcedure);
+        MakeWindow(window, 0, 0, CommonProcedure);
     return frame.Attach(WindowLink::HandleOf(window)) != FALSE;
 }

@@ -1,7 +1,8 @@
 // Shows the question mark in a dialog's frame, or takes it away.
 #include "platform/window/QcUiCaptionButton.h"
 
-#include "platform/window/toolkit/DialogWindow.h"
+#include "platform/window/CWnd.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 QcUiCaptionButton::~QcUiCaptionButton() = default;
 

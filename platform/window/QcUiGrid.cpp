@@ -13,7 +13,7 @@ constexpr UINT kNoId = 0xFFFF;
 // The empty widget that a template makes where a control of the program's own belongs.
 WindowLink* FindPlaceholder(const QWidget* parent, UINT id) {
     WindowLink* link = WindowLink::Find(parent, id);
-    const bool plain = link && !link->m_pWnd && link->m_pWidget->metaObject() == &QWidget::staticMetaObject;
+    const bool plain = link && !link->m_target && link->m_pWidget->metaObject() == &QWidget::staticMetaObject;
     return plain ? link : nullptr;
 }
 

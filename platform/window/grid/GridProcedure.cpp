@@ -42,7 +42,7 @@ void SetGridObserver(QcUiGridObserver observer, void* context) {
 }
 
 LRESULT GridProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* grid = dynamic_cast<QcUiGrid*>(link.m_pWnd);
+    auto* grid = dynamic_cast<QcUiGrid*>(CWnd::FromHandlePermanent(link.Handle()));
     if (grid == nullptr)
         return CommonProcedure(link, message, wParam, lParam);
     switch (message) {

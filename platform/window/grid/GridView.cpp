@@ -13,6 +13,7 @@
 #include "platform/window/QcUiGrid.h"
 #include "platform/window/grid/GridDelegate.h"
 #include "platform/window/grid/GridModel.h"
+#include "platform/window/toolkit/WindowEvents.h"
 
 namespace {
 
@@ -394,6 +395,6 @@ GridView* GridView::Make(GridRows& rows, const ControlRequest& request, std::fun
     auto* view = new TreeView(rows, request.parent, std::move(gone));
     view->setFrameShape((request.dwStyle & WS_BORDER) != 0 ? QFrame::StyledPanel : QFrame::NoFrame);
     view->setFocusPolicy((request.dwStyle & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
-    WindowLink::Make(view, request.nID, request.dwStyle, &GridProcedure);
+    MakeWindow(view, request.nID, request.dwStyle, &GridProcedure);
     return view;
 }

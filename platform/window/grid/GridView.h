@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/window/grid/GridRows.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 // Belongs to the window around it. What the user does comes to the grid through its public operations.
 class GridView {

@@ -7,7 +7,8 @@
 #include <QRadioButton>
 
 #include "platform/window/toolkit/QtText.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -102,7 +103,7 @@ QAbstractButton* NewButton(const ControlRequest& request) {
 
 WindowLink& MakeGroupBox(const ControlRequest& request) {
     auto* box = new QGroupBox(ToQString(request.strText), request.parent);
-    return WindowLink::Make(box, request.nID, request.dwStyle, &GroupBoxProcedure);
+    return MakeWindow(box, request.nID, request.dwStyle, &GroupBoxProcedure);
 }
 
 }  // namespace
@@ -112,11 +113,7 @@ WindowLink& MakeButton(const ControlRequest& request) {
         return MakeGroupBox(request);
     QAbstractButton* button = NewButton(request);
     button->setText(ToQString(request.strText));
-    WindowLink& link = WindowLink::Make(button, request.nID, request.dwStyle, &ButtonProcedure);
+    WindowLink& link = MakeWindow(button, request.nID, request.dwStyle, &ButtonProcedure);
     QObject::connect(button, &QAbstractButton::clicked, button, [&link] { link.NotifyParent(BN_CLICKED); });
     return link;
-}
-
-bool WindowLink::IsRadio() const {
-    return qobject_cast<QRadioButton*>(m_pWidget) != nullptr;
 }

@@ -4,7 +4,8 @@
 #include <QSignalBlocker>
 
 #include "platform/window/toolkit/QtText.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -134,7 +135,7 @@ WindowLink& MakeComboBox(const ControlRequest& request) {
     if (combo->isEditable())
         combo->setCompleter(nullptr);  // what is typed stays as typed
     combo->setMaxVisibleItems(kMostVisible);
-    WindowLink& link = WindowLink::Make(combo, request.nID, request.dwStyle, &ComboBoxProcedure);
+    WindowLink& link = MakeWindow(combo, request.nID, request.dwStyle, &ComboBoxProcedure);
     // Both signals come from the user alone.
     QObject::connect(combo, &QComboBox::activated, combo, [&link] { link.NotifyParent(CBN_SELCHANGE); });
     if (combo->isEditable())

@@ -4,7 +4,8 @@
 
 #include "platform/base/Language.h"
 #include "platform/window/toolkit/QtText.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ WindowLink& MakeDatePicker(const ControlRequest& request) {
     picker->setDate(QDate::currentDate());
     // A year in the making is no date that anybody means.
     picker->setKeyboardTracking(false);
-    WindowLink& link = WindowLink::Make(picker, request.nID, request.dwStyle, &CommonProcedure);
+    WindowLink& link = MakeWindow(picker, request.nID, request.dwStyle, &CommonProcedure);
     QObject::connect(picker, &QDateEdit::dateChanged, picker, [&link] { NotifyChange(link); });
     return link;
 }

@@ -19,9 +19,10 @@
 #include "platform/host/ResourceText.h"
 #include "platform/window/resource/ResourceScript.h"
 #include "platform/window/toolkit/ColumnStretch.h"
-#include "platform/window/toolkit/DialogWindow.h"
 #include "platform/window/toolkit/QtText.h"
 #include "platform/window/toolkit/SpinArrows.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ CString Translated(const CString& text) {
 
 WindowLink& MakePlaceholder(const ControlRequest& request) {
     auto* frame = new QWidget(request.parent);  // a child of the parent
-    return WindowLink::Make(frame, request.nID, request.dwStyle, &CommonProcedure);
+    return MakeWindow(frame, request.nID, request.dwStyle, &CommonProcedure);
 }
 
 using Maker = WindowLink& (*)(const ControlRequest&);
@@ -198,12 +199,10 @@ void NameControls(const std::vector<Placed>& controls) {
     QString choice;
     for (const Placed& control : controls) {
         QWidget* widget = control.link->m_pWidget;
-        CString own;
-        CWnd::FromHandle(control.link->Handle())->GetWindowText(own);
         if (auto* text = qobject_cast<QLabel*>(widget)) {
             label = text;
         } else if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QGroupBox*>(widget)) {
-            const QString name = ToQString(own).remove('&');
+            const QString name = ToQString(TextOf(control.link->Handle())).remove('&');
             widget->setAccessibleName(name);
             choice = qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget) ? name : QString();
         } else {
@@ -269,9 +268,8 @@ bool FindDialogTemplate(HINSTANCE resources, UINT id, DialogTemplate& found, CSt
 }
 
 QDialog* BuildDialog(const DialogTemplate& source, QWidget* owner) {
-    WindowLink& link = MakeDialogWindow(source, owner);
+    const WindowLink& link = MakeDialog({owner, source.nID, source.dwStyle, Translated(source.strCaption)});
     auto* dialog = static_cast<QDialog*>(link.m_pWidget);
-    dialog->setWindowTitle(ToQString(Translated(source.strCaption)));
     dialog->setAccessibleName(dialog->windowTitle());
     const DialogUnits units(dialog->fontMetrics());
     const std::vector<Placed> controls = MakeControls(source, dialog, units);

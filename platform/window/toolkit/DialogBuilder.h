@@ -4,9 +4,9 @@
 
 #include "platform/base/ModuleFile.h"
 #include "platform/window/resource/DialogTemplate.h"
-#include "platform/window/toolkit/WindowLink.h"
 
 class QDialog;
+class QWidget;
 
 // The dialog of this number in a module's resource script; false, with a message to report, when there is none.
 bool FindDialogTemplate(HINSTANCE resources, UINT id, DialogTemplate& found, CString& message);

@@ -1,14 +1,12 @@
 // The toolkit's dialog, which leaves every decision to the framework's.
-#include "platform/window/toolkit/DialogWindow.h"
-
-#include <QApplication>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QDateEdit>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QWhatsThis>
 
+#include "platform/window/MessageBox.h"
+#include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowEvents.h"
 #include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
@@ -49,26 +47,17 @@ private:
 
 }  // namespace
 
-WindowLink& MakeDialogWindow(const DialogTemplate& source, QWidget* owner) {
-    auto* dialog = new DialogWindow(owner);  // the framework's dialog deletes it
+WindowLink& MakeDialog(const ControlRequest& request) {
+    auto* dialog = new DialogWindow(request.parent);  // the framework's dialog deletes it
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     dialog->setModal(true);
-    WindowLink& link = WindowLink::Make(dialog, source.nID, source.dwStyle, &CommonProcedure);
-    dialog->setObjectName(QString("IDD_%1").arg(source.nID));
+    dialog->setWindowTitle(ToQString(request.strText));
+    WindowLink& link = MakeWindow(dialog, request.nID, request.dwStyle, &CommonProcedure);
+    link.m_isDialog = true;
+    dialog->setObjectName(QString("IDD_%1").arg(request.nID));
     return link;
 }
 
 void SetContextHelp(QWidget* dialog, bool help) {
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, help);
-}
-
-bool IsInDialog(const QWidget& widget) {
-    for (const QWidget* around = widget.parentWidget(); around != nullptr; around = around->parentWidget())
-        if (dynamic_cast<const DialogWindow*>(around) != nullptr)
-            return true;
-    return false;
-}
-
-bool ChangesOnWheel(const QWidget& widget) {
-    return qobject_cast<const QComboBox*>(&widget) != nullptr || qobject_cast<const QDateEdit*>(&widget) != nullptr;
 }

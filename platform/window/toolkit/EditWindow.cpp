@@ -6,7 +6,8 @@
 #include <limits>
 
 #include "platform/window/toolkit/QtText.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -205,7 +206,7 @@ WindowLink& MakeEdit(const ControlRequest& request) {
         edit->setEchoMode(QLineEdit::Password);
     edit->setMaxLength(std::numeric_limits<int>::max() / 4);
     SetText(*edit, request.strText);
-    WindowLink& link = WindowLink::Make(edit, request.nID, request.dwStyle, &EditProcedure);
+    WindowLink& link = MakeWindow(edit, request.nID, request.dwStyle, &EditProcedure);
     QObject::connect(edit, &QLineEdit::textEdited, edit, [edit] { KeepOnOneLine(*edit); });
     QObject::connect(edit, &QLineEdit::textChanged, edit, [&link] { link.NotifyParent(EN_CHANGE); });
     return link;

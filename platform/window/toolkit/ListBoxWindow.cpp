@@ -3,7 +3,8 @@
 #include <QSignalBlocker>
 
 #include "platform/window/toolkit/QtText.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -122,7 +123,7 @@ WindowLink& MakeListBox(const ControlRequest& request) {
     list->setUniformItemSizes(true);
     list->setSortingEnabled((request.dwStyle & LBS_SORT) != 0);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    WindowLink& link = WindowLink::Make(list, request.nID, request.dwStyle, &ListBoxProcedure);
+    WindowLink& link = MakeWindow(list, request.nID, request.dwStyle, &ListBoxProcedure);
     if ((request.dwStyle & LBS_NOTIFY) != 0) {
         QObject::connect(list, &QListWidget::itemSelectionChanged, list, [&link] { link.NotifyParent(LBN_SELCHANGE); });
         QObject::connect(list, &QListWidget::itemDoubleClicked, list, [&link] { link.NotifyParent(LBN_DBLCLK); });

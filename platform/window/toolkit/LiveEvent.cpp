@@ -5,18 +5,15 @@
 #include <QObject>
 #include <QWidget>
 
-namespace {
+#include "platform/window/toolkit/DispatchContext.h"
 
-LiveEvent* s_pNewest = nullptr;
-
-}  // namespace
-
-LiveEvent::LiveEvent(WindowLink& link, QEvent* event) : m_hWindow(link.Handle()), m_pEvent(event), m_pOuter(s_pNewest) {
-    s_pNewest = this;
+LiveEvent::LiveEvent(const QWidget* widget, QEvent* event)
+    : m_pWidget(widget), m_pEvent(event), m_pOuter(DispatchContext::Current().event) {
+    DispatchContext::Current().event = this;
 }
 
 LiveEvent::~LiveEvent() {
-    s_pNewest = m_pOuter;
+    DispatchContext::Current().event = m_pOuter;
 }
 
 void LiveEvent::Allow(UINT message, WPARAM wParam) {
@@ -30,9 +27,9 @@ void LiveEvent::Precede(UINT message, WPARAM wParam) {
     m_bPrecedes = true;
 }
 
-bool LiveEvent::Deliver(WindowLink& link, UINT message, WPARAM wParam) {
-    LiveEvent* live = s_pNewest;
-    if (live == nullptr || live->m_hWindow != link.Handle() || live->m_nMessage != message || live->m_wParam != wParam)
+bool LiveEvent::Deliver(QWidget* widget, UINT message, WPARAM wParam) {
+    LiveEvent* live = DispatchContext::Current().event;
+    if (live == nullptr || live->m_pWidget != widget || live->m_nMessage != message || live->m_wParam != wParam)
         return false;
     if (live->m_bPrecedes)
         return true;
@@ -40,13 +37,13 @@ bool LiveEvent::Deliver(WindowLink& link, UINT message, WPARAM wParam) {
         return false;
     live->m_bDelivered = true;
     // Past the widget's filters, or it would come back here.
-    static_cast<QObject*>(link.m_pWidget)->event(live->m_pEvent);
+    static_cast<QObject*>(widget)->event(live->m_pEvent);
     return true;
 }
 
-void LiveEvent::Ignore(WindowLink& link) {
-    LiveEvent* live = s_pNewest;
-    if (live == nullptr || live->m_hWindow != link.Handle() || live->m_bDelivered)
+void LiveEvent::Ignore(const QWidget* widget) {
+    LiveEvent* live = DispatchContext::Current().event;
+    if (live == nullptr || live->m_pWidget != widget || live->m_bDelivered)
         return;
     live->m_bDelivered = true;
     live->m_pEvent->ignore();

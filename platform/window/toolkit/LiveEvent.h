@@ -1,14 +1,17 @@
 // The toolkit's event that is being turned into messages right now. For the sources of this room only.
 #pragma once
 
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/WindowMessages.h"
+
+class QEvent;
+class QWidget;
 
 // Lives on the stack while the messages made from one event are handled. The window's own behaviour is to let the
 // widget have the event, at the moment when the message reaches it: a handler that passes a message on with Default()
 // finds the widget's new state when that returns. A handler that does not keeps the event from the widget.
 class LiveEvent {
 public:
-    LiveEvent(WindowLink& link, QEvent* event);
+    LiveEvent(const QWidget* widget, QEvent* event);
     ~LiveEvent();
     LiveEvent(const LiveEvent&) = delete;
     LiveEvent& operator=(const LiveEvent&) = delete;
@@ -21,12 +24,12 @@ public:
 
     // Hands the event to the widget, if the newest event belongs to it and this message stands for it. True also for a
     // message that only precedes the one that does.
-    static bool Deliver(WindowLink& link, UINT message, WPARAM wParam);
+    static bool Deliver(QWidget* widget, UINT message, WPARAM wParam);
     // Marks the event as not wanted, so that it goes on to the widget's parent.
-    static void Ignore(WindowLink& link);
+    static void Ignore(const QWidget* widget);
 
 private:
-    HWND m_hWindow;
+    const QWidget* m_pWidget;  // only to be recognised: it may be gone
     QEvent* m_pEvent;
     UINT m_nMessage = 0;
     WPARAM m_wParam = 0;

@@ -7,16 +7,16 @@
 #include <charconv>
 #include <cstdint>
 
-#include "platform/window/CSpinButtonCtrl.h"
+#include "platform/window/WindowStyles.h"
 #include "platform/window/toolkit/SpinArrows.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
 // The number an edit shows; false when it shows none.
-bool ReadNumber(WindowLink& edit, int& number) {
-    CString text;
-    CWnd::FromHandle(edit.Handle())->GetWindowText(text);
+bool ReadNumber(const WindowLink& edit, int& number) {
+    CString text = TextOf(edit.Handle());
     const std::string bytes = ToUtf8(text.Trim().View());
     const auto [end, error] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
     return error == std::errc() && end == bytes.data() + bytes.size();
@@ -141,5 +141,5 @@ SpinArrows* SpinArrows::Of(HWND window) {
 
 WindowLink& MakeSpinButton(const ControlRequest& request) {
     auto* arrows = new Arrows(request.parent, request.dwStyle);
-    return WindowLink::Make(arrows, request.nID, request.dwStyle, &CommonProcedure);
+    return MakeWindow(arrows, request.nID, request.dwStyle, &CommonProcedure);
 }

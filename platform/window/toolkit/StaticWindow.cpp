@@ -3,7 +3,8 @@
 #include <QLabel>
 
 #include "platform/window/toolkit/QtText.h"
-#include "platform/window/toolkit/WindowLink.h"
+#include "platform/window/toolkit/WindowEvents.h"
+#include "platform/window/toolkit/WindowKinds.h"
 
 namespace {
 
@@ -56,5 +57,5 @@ WindowLink& MakeStatic(const ControlRequest& request) {
     label->setTextFormat(Qt::PlainText);
     label->setText(ToQString(request.strText));
     Shape(*label, request.dwStyle);
-    return WindowLink::Make(label, request.nID, request.dwStyle, &StaticProcedure);
+    return MakeWindow(label, request.nID, request.dwStyle, &StaticProcedure);
 }

@@ -2,7 +2,9 @@
 #include "platform/window/toolkit/WindowEvents.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDateEdit>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -10,16 +12,13 @@
 #include <QResizeEvent>
 #include <QWidget>
 #include <memory>
+#include <utility>
 
+#include "platform/window/toolkit/DispatchContext.h"
 #include "platform/window/toolkit/LiveEvent.h"
 #include "platform/window/toolkit/VirtualKeys.h"
-#include "platform/window/toolkit/WindowKinds.h"
-#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
-
-// The window that lost the focus last: the toolkit does not tell the one that gets it.
-HWND s_hLastFocus = nullptr;
 
 // A menu or a drop-down list borrows the focus; the window has it still.
 bool IsBorrowed(const QFocusEvent& event) {
@@ -45,10 +44,14 @@ bool WantsDialogKey(WindowLink& link, const QKeyEvent& event) {
     return (wanted & (DLGC_WANTALLKEYS | (tab ? DLGC_WANTTAB : 0))) != 0;
 }
 
+bool ChangesOnWheel(const QWidget& widget) {
+    return qobject_cast<const QComboBox*>(&widget) != nullptr || qobject_cast<const QDateEdit*>(&widget) != nullptr;
+}
+
 class WindowEvents : public QObject {
 public:
-    explicit WindowEvents(WindowLink& link) : QObject(link.m_pWidget), m_pLink(&link) {
-        link.m_pWidget->installEventFilter(this);
+    explicit WindowEvents(std::unique_ptr<WindowLink> link) : QObject(link->m_pWidget), m_pLink(std::move(link)) {
+        m_pLink->m_pWidget->installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -58,9 +61,9 @@ public:
             case QEvent::KeyPress:
                 return Key(static_cast<QKeyEvent*>(event));
             case QEvent::FocusIn:
-                return Focus(static_cast<QFocusEvent*>(event), WM_SETFOCUS, s_hLastFocus);
+                return Focus(static_cast<QFocusEvent*>(event), WM_SETFOCUS, DispatchContext::Current().lastFocus);
             case QEvent::FocusOut:
-                s_hLastFocus = m_pLink->Handle();
+                DispatchContext::Current().lastFocus = m_pLink->Handle();
                 return Focus(static_cast<QFocusEvent*>(event), WM_KILLFOCUS, FocusedWindow());
             case QEvent::MouseMove:
             case QEvent::MouseButtonPress:
@@ -87,7 +90,7 @@ private:
 
     // One event, one message. What the handlers keep to themselves counts as done.
     bool Pass(QEvent* event, UINT message, WPARAM wParam, LPARAM lParam) {
-        LiveEvent live(*m_pLink, event);
+        LiveEvent live(m_pLink->m_pWidget, event);
         live.Allow(message, wParam);
         Dispatch(*m_pLink, message, wParam, lParam);
         if (!live.IsDelivered())
@@ -102,7 +105,7 @@ private:
     }
 
     bool Key(QKeyEvent* event) {
-        if (IsDialogKey(*event) && IsInDialog(*m_pLink->m_pWidget) && !WantsDialogKey(*m_pLink, *event))
+        if (IsDialogKey(*event) && m_pLink->IsInDialog() && !WantsDialogKey(*m_pLink, *event))
             return false;
         const UINT key = ToVirtualKey(*event);
         if (event->modifiers().testFlag(Qt::AltModifier) && !event->modifiers().testFlag(Qt::ControlModifier))
@@ -116,7 +119,7 @@ private:
     // The widget gets the event with the character, so that whoever refuses that refuses the key.
     bool Characters(QKeyEvent* event, UINT key, const std::wstring& characters) {
         const HWND handle = m_pLink->Handle();
-        LiveEvent live(*m_pLink, event);
+        LiveEvent live(m_pLink->m_pWidget, event);
         live.Precede(WM_KEYDOWN, key);
         Dispatch(*m_pLink, WM_KEYDOWN, key, 1);
         // Several characters of one key are typed one by one.
@@ -133,7 +136,7 @@ private:
     bool Compose(QInputMethodEvent* event) {
         const HWND handle = m_pLink->Handle();
         const std::wstring committed = event->commitString().toStdWString();
-        LiveEvent live(*m_pLink, event);
+        LiveEvent live(m_pLink->m_pWidget, event);
         live.Allow(WM_IME_COMPOSITION, 0);
         Dispatch(*m_pLink, WM_IME_COMPOSITION, 0, 0);
         if (live.IsDelivered())
@@ -191,6 +194,10 @@ private:
 
 }  // namespace
 
-void WatchEvents(WindowLink& link) {
-    new WindowEvents(link);  // a child of the widget
+WindowLink& MakeWindow(QWidget* widget, UINT id, DWORD style, WindowLink::Procedure procedure) {
+    auto made = std::make_unique<WindowLink>(widget, id, style, procedure);
+    WindowLink& link = *made;
+    widget->setObjectName(QString("IDC_%1").arg(id));
+    new WindowEvents(std::move(made));  // a child of the widget
+    return link;
 }

@@ -1,7 +1,8 @@
-// Turns the events of a widget into the messages of its window. For the sources of this room only.
+// Makes widgets windows, whose events come as messages. For the sources of this room only.
 #pragma once
 
-class WindowLink;
+#include "platform/window/toolkit/WindowLink.h"
 
-// From now on the link's widget sends its events as messages. Takes the link over: it is deleted with the widget.
-void WatchEvents(WindowLink& link);
+// Gives the widget its object name (IDC_<id>); from now on its keys, its focus and so on come as messages. The link is
+// destroyed with the widget.
+WindowLink& MakeWindow(QWidget* widget, UINT id, DWORD style, WindowLink::Procedure procedure);

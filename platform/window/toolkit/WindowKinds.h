@@ -1,9 +1,26 @@
-// What can be told from a widget about the kind of window it is. For the sources of this room only.
+// The kinds of windows, each with its widget, its notifications and its procedure. For the sources of this room only.
 #pragma once
 
-class QWidget;
+#include "platform/window/WindowStyles.h"
+#include "platform/window/toolkit/WindowLink.h"
 
-// Whether a widget lies in a dialog of the framework, at any depth.
-bool IsInDialog(const QWidget& widget);
-// Whether the mouse's wheel changes the widget's value.
-bool ChangesOnWheel(const QWidget& widget);
+// `parent` is the window around it; texts are as they are shown.
+struct ControlRequest {
+    QWidget* parent;
+    UINT nID;
+    DWORD dwStyle;
+    CString strText;
+};
+WindowLink& MakeEdit(const ControlRequest& request);
+WindowLink& MakeStatic(const ControlRequest& request);
+WindowLink& MakeButton(const ControlRequest& request);
+WindowLink& MakeListBox(const ControlRequest& request);
+WindowLink& MakeComboBox(const ControlRequest& request);
+WindowLink& MakeSpinButton(const ControlRequest& request);
+WindowLink& MakeDatePicker(const ControlRequest& request);
+
+// An empty dialog over the parent, hidden. Escape and Enter without a default button give the command IDCANCEL and
+// IDOK, the frame's close button WM_CLOSE.
+WindowLink& MakeDialog(const ControlRequest& request);
+// Shows a question mark in a dialog's frame, and what explains the control with the focus (F1).
+void SetContextHelp(QWidget* dialog, bool help);

@@ -6,11 +6,12 @@
 #include <QWidget>
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
+#include "platform/window/toolkit/DispatchContext.h"
 #include "platform/window/toolkit/LiveEvent.h"
 #include "platform/window/toolkit/QtText.h"
 #include "platform/window/toolkit/VirtualKeys.h"
-#include "platform/window/toolkit/WindowEvents.h"
 
 namespace {
 
@@ -21,6 +22,19 @@ std::unordered_map<const QWidget*, WindowLink*>& Table() {
 }
 
 int s_nLastOrder = 0;
+
+// A message is the one that is being handled for as long as this lives.
+class Handling {
+public:
+    explicit Handling(const DispatchContext::Message& message)
+        : m_outer(std::exchange(DispatchContext::Current().message, message)) {}
+    ~Handling() { DispatchContext::Current().message = m_outer; }
+    Handling(const Handling&) = delete;
+    Handling& operator=(const Handling&) = delete;
+
+private:
+    DispatchContext::Message m_outer;
+};
 
 }  // namespace
 
@@ -40,18 +54,8 @@ bool WindowLink::IsGoing() const {
 
 WindowLink::~WindowLink() {
     Table().erase(m_pWidget);
-    if (CWnd* attached = m_pWnd) {
-        m_pWnd = nullptr;
-        attached->m_hWnd = nullptr;
-        attached->PostNcDestroy();
-    }
-}
-
-WindowLink& WindowLink::Make(QWidget* widget, UINT id, DWORD style, Procedure procedure) {
-    auto* link = new WindowLink(widget, id, style, procedure);
-    widget->setObjectName(QString("IDC_%1").arg(id));
-    WatchEvents(*link);  // owns it from now on, and goes with the widget
-    return *link;
+    if (const std::unique_ptr<MessageTarget> target = std::move(m_target))
+        target->LoseWindow();
 }
 
 WindowLink* WindowLink::Of(HWND window) {
@@ -96,6 +100,13 @@ WindowLink* WindowLink::Parent() const {
     return Around(m_pWidget->parentWidget());
 }
 
+bool WindowLink::IsInDialog() const {
+    for (const WindowLink* around = Parent(); around != nullptr; around = around->Parent())
+        if (around->m_isDialog)
+            return true;
+    return false;
+}
+
 void WindowLink::NotifyParent(UINT code) {
     const WindowAtWork atWork(*this);
     if (WindowLink* parent = Parent())
@@ -111,11 +122,11 @@ LRESULT WindowLink::NotifyParent(NMHDR& head) {
 }
 
 bool WindowLink::DeliverEvent(UINT message, WPARAM wParam) {
-    return LiveEvent::Deliver(*this, message, wParam);
+    return LiveEvent::Deliver(m_pWidget, message, wParam);
 }
 
 void WindowLink::IgnoreEvent() {
-    LiveEvent::Ignore(*this);
+    LiveEvent::Ignore(m_pWidget);
 }
 
 void WindowLink::TypeKey(UINT virtualKey) {
@@ -143,9 +154,22 @@ LRESULT Dispatch(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
     if (link.IsGoing())
         return 0;
     const WindowAtWork atWork(link);
-    if (link.m_pWnd != nullptr)
-        return CallWindow(*link.m_pWnd, message, wParam, lParam);
-    return link.m_pfnDefault(link, message, wParam, lParam);
+    if (!link.m_target)
+        return link.m_pfnDefault(link, message, wParam, lParam);
+    const Handling handling({message, wParam, lParam});
+    return link.m_target->Handle(message, wParam, lParam);
+}
+
+LRESULT Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    WindowLink* link = WindowLink::Of(window);
+    return link ? Dispatch(*link, message, wParam, lParam) : 0;
+}
+
+CString TextOf(HWND window) {
+    const auto length = static_cast<std::size_t>(Dispatch(window, WM_GETTEXTLENGTH, 0, 0));
+    std::wstring buffer(length + 1, L'\0');
+    const LRESULT copied = Dispatch(window, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()));
+    return CString(std::wstring_view(buffer.data(), static_cast<std::size_t>(copied)));
 }
 
 LRESULT CopyText(const CString& text, WPARAM room, LPARAM buffer) {

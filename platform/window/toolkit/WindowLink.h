@@ -5,32 +5,46 @@
 #include <memory>
 #include <vector>
 
-#include "platform/window/CWnd.h"
+#include "platform/base/CString.h"
+#include "platform/window/WindowMessages.h"
 
-class QEvent;
 struct QMetaObject;
 class QWidget;
 
-// One for each widget that is a window, from Make until the widget is gone. A window's handle is the widget's address;
-// handles of windows that are gone are recognised, because they have no link.
+// What is attached to a window: it gets the messages that else the kind of window gets.
+class MessageTarget {
+public:
+    virtual ~MessageTarget() = default;
+    virtual LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) = 0;
+    // The window is gone, and has let go of this.
+    virtual void LoseWindow() = 0;
+};
+
+// What somebody keeps with a window for as long as that lives.
+class WindowCompanion {
+public:
+    virtual ~WindowCompanion() = default;
+};
+
+// One for each widget that is a window, from MakeWindow (WindowEvents.h) until the widget is gone. A window's handle is
+// the widget's address; handles of windows that are gone are recognised, because they have no link.
 class WindowLink {
 public:
-    // What a kind of window does with a message that no CWnd has kept to itself.
+    // What a kind of window does with a message that nothing attached has kept to itself.
     using Procedure = LRESULT (*)(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam);
 
     QWidget* const m_pWidget;
     UINT m_nID;
     DWORD m_dwStyle;
     const Procedure m_pfnDefault;
-    CWnd* m_pWnd = nullptr;              // the CWnd that is attached
-    std::unique_ptr<CWnd> m_pTemporary;  // what FromHandle gives while none is attached
-    std::unique_ptr<CFont> m_pFont;      // what GetFont gives
-    int m_nOrder;                        // controls of a dialog are visited by this
-    int m_nRunning = 0;                  // how many of its messages are being handled right now
+    std::unique_ptr<MessageTarget> m_target;       // what is attached; null when nothing is
+    std::unique_ptr<WindowCompanion> m_temporary;  // what CWnd::FromHandle gives while no CWnd is attached
+    std::unique_ptr<WindowCompanion> m_font;       // what CWnd::GetFont gives
+    bool m_isDialog = false;                       // Tab, Enter and Escape in it are its own
+    int m_nOrder;                                  // controls of a dialog are visited by this
+    int m_nRunning = 0;                            // how many of its messages are being handled right now
 
-    // Makes a widget a window: gives it its object name (IDC_<id>), and from now on its keys, its focus and so on come
-    // as messages. The link is destroyed with the widget.
-    static WindowLink& Make(QWidget* widget, UINT id, DWORD style, Procedure procedure);
+    WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure);
     // Null for null and for what is no window (any more).
     static WindowLink* Of(HWND window);
     static WindowLink* Of(const QWidget* widget);
@@ -41,7 +55,8 @@ public:
     // The control of a dialog by its number; null when there is none.
     static WindowLink* Find(const QWidget* dialog, UINT id);
 
-    bool IsRadio() const;
+    // Whether it lies in a dialog, at any depth.
+    bool IsInDialog() const;
     // Whether the widget's own class is destroyed already and only the toolkit's base is left, which still loses the
     // focus and is hidden: such a widget is no window of its kind any more.
     bool IsGoing() const;
@@ -68,8 +83,6 @@ public:
     ~WindowLink();
 
 private:
-    WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure);
-
     const QMetaObject* m_pKind;  // the widget's class while it lives
 };
 
@@ -91,25 +104,11 @@ LRESULT CommonProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lP
 
 // Sends a message to what is attached, or to the kind of window.
 LRESULT Dispatch(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam);
-// Calls the WindowProc of a CWnd so that Default() knows the message.
-LRESULT CallWindow(CWnd& window, UINT message, WPARAM wParam, LPARAM lParam);
+// Gives 0 without a window.
+LRESULT Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+// What a window says that its text is; empty without a window.
+CString TextOf(HWND window);
 // Copies a text into a caller's buffer with room for `room` characters and the closing zero among them; gives the
 // length.
 LRESULT CopyText(const CString& text, WPARAM room, LPARAM buffer);
-
-// The controls of dialogs, each with its widget, its notifications and its procedure. `parent` is the window around it;
-// texts are as they are shown.
-struct ControlRequest {
-    QWidget* parent;
-    UINT nID;
-    DWORD dwStyle;
-    CString strText;
-};
-WindowLink& MakeEdit(const ControlRequest& request);
-WindowLink& MakeStatic(const ControlRequest& request);
-WindowLink& MakeButton(const ControlRequest& request);
-WindowLink& MakeListBox(const ControlRequest& request);
-WindowLink& MakeComboBox(const ControlRequest& request);
-WindowLink& MakeSpinButton(const ControlRequest& request);
-WindowLink& MakeDatePicker(const ControlRequest& request);
