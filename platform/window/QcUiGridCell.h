@@ -5,6 +5,7 @@
 #include "platform/base/CString.h"
 #include "platform/base/FrameworkTypes.h"
 
+class GridKeeper;
 class QcUiGrid;
 class QcUiGridRow;
 
@@ -13,7 +14,9 @@ inline constexpr DWORD QCGRID_CELL_CENTER = 0x20;  // the text stands in the mid
 
 class ORVO_API QcUiGridCell {
 public:
-    QcUiGridCell(QcUiGridRow* row, int column) : m_pRow(row), m_nColumn(column) {}
+    // The cells of a grid are made and owned by their row. Without a keeper a cell is in no grid.
+    QcUiGridCell(QcUiGridRow* row, int column, GridKeeper* keeper = nullptr)
+        : m_pRow(row), m_nColumn(column), m_pKeeper(keeper) {}
 
     const CString& GetText() const { return m_strText; }
     // Shown at once when the row is in a grid.
@@ -30,4 +33,5 @@ private:
     DWORD m_nStyle = 0;
     QcUiGridRow* m_pRow;
     int m_nColumn;
+    GridKeeper* m_pKeeper;
 };

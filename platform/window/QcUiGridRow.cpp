@@ -1,22 +1,22 @@
 // The cells of a row and their texts.
 #include "platform/window/QcUiGridRow.h"
 
-#include "platform/window/grid/GridRows.h"
+#include "platform/window/grid/GridKeeper.h"
 
 QcUiGridRow::~QcUiGridRow() = default;
 
 QcUiGrid* QcUiGridRow::GetGrid() const {
-    return &m_pRows->Grid();
+    return &m_pKeeper->Grid();
 }
 
 QcUiGridCell* QcUiGridRow::GetCell(int column) {
-    if (column < 0 || column >= m_pRows->ColumnCount())
+    if (column < 0 || column >= m_pKeeper->ColumnCount())
         return nullptr;
     const auto at = static_cast<std::size_t>(column);
     if (at >= m_cells.size())
-        m_cells.resize(static_cast<std::size_t>(m_pRows->ColumnCount()));
+        m_cells.resize(static_cast<std::size_t>(m_pKeeper->ColumnCount()));
     if (!m_cells[at])
-        m_cells[at] = std::make_unique<QcUiGridCell>(this, column);
+        m_cells[at] = std::make_unique<QcUiGridCell>(this, column, m_pKeeper);
     return m_cells[at].get();
 }
 
@@ -28,8 +28,4 @@ CString QcUiGridRow::GetItemText(int column) const {
 void QcUiGridRow::SetItemText(int column, const wchar_t* text) {
     if (QcUiGridCell* cell = GetCell(column))
         cell->SetText(text);
-}
-
-void QcUiGridRow::ShowChange(int column) {
-    m_pRows->TellCellChanged(*GetTreeRow(), column);
 }

@@ -8,7 +8,7 @@
 #include "platform/base/CString.h"
 #include "platform/window/QcUiGridCell.h"
 
-class GridRows;
+class GridKeeper;
 class QcUiGrid;
 class QcUiGridTreeRow;
 
@@ -30,15 +30,12 @@ public:
     virtual QcUiGridTreeRow* GetTreeRow() = 0;
 
 protected:
-    explicit QcUiGridRow(GridRows* rows) : m_pRows(rows) {}
-    GridRows& Rows() const { return *m_pRows; }
+    explicit QcUiGridRow(GridKeeper* keeper) : m_pKeeper(keeper) {}
+    GridKeeper& Keeper() const { return *m_pKeeper; }
 
 private:
-    friend class QcUiGridCell;  // tells of its changes
-    friend class GridRows;
+    friend class GridRows;  // asks whether it keeps a row
 
-    void ShowChange(int column);
-
-    GridRows* m_pRows;
+    GridKeeper* m_pKeeper;
     std::vector<std::unique_ptr<QcUiGridCell>> m_cells;  // made when they are asked for
 };

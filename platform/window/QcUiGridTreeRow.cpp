@@ -3,7 +3,7 @@
 
 #include <iterator>
 
-#include "platform/window/grid/GridRows.h"
+#include "platform/window/grid/GridKeeper.h"
 
 // Rows may be nested deeper than a stack is: those below are taken out before they go.
 QcUiGridTreeRow::~QcUiGridTreeRow() {
@@ -17,7 +17,7 @@ QcUiGridTreeRow::~QcUiGridTreeRow() {
 }
 
 QcUiGridTreeRow* QcUiGridTreeRow::AppendChild() {
-    return Rows().Insert(this, GetChildNum());
+    return Keeper().Insert(this, GetChildNum());
 }
 
 QcUiGridTreeRow* QcUiGridTreeRow::GetChild(int index) const {
@@ -31,5 +31,5 @@ QcUiGridTreeRow* QcUiGridTreeRow::GetParent() const {
 
 void QcUiGridTreeRow::Expand(bool expand) {
     m_bExpanded = expand;
-    Rows().TellExpanded(*this);
+    Keeper().TellExpanded(*this);
 }

@@ -28,7 +28,7 @@ public:
 private:
     friend class GridRows;  // keeps the tree
 
-    QcUiGridTreeRow(GridRows* rows, QcUiGridTreeRow* parent) : QcUiGridRow(rows), m_pParent(parent) {}
+    QcUiGridTreeRow(GridKeeper* keeper, QcUiGridTreeRow* parent) : QcUiGridRow(keeper), m_pParent(parent) {}
 
     std::vector<std::unique_ptr<QcUiGridTreeRow>> m_children;
     QcUiGridTreeRow* m_pParent;  // the hidden root for the top level, null for that itself

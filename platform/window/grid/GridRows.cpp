@@ -104,9 +104,9 @@ const std::vector<QcUiGridTreeRow*>& GridRows::InOrder() const {
     return m_order;
 }
 
-void GridRows::TellCellChanged(const QcUiGridTreeRow& row, int column) const {
+void GridRows::TellCellChanged(QcUiGridRow& row, int column) const {
     if (m_pObserver != nullptr)
-        m_pObserver->CellChanged(row, column);
+        m_pObserver->CellChanged(*row.GetTreeRow(), column);
 }
 
 void GridRows::TellExpanded(const QcUiGridTreeRow& row) const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/window/QcUiGridTreeRow.h"
+#include "platform/window/grid/GridKeeper.h"
 
 // Who shows the rows hears of every change, before and after. `parent` is null at the top level.
 class GridObserver {
@@ -30,17 +31,17 @@ struct GridColumn {
     int nWidth;  // in pixels of a 96 dpi screen
 };
 
-class GridRows {
+class GridRows final : public GridKeeper {
 public:
     explicit GridRows(QcUiGrid& grid);
     ~GridRows();
     GridRows(const GridRows&) = delete;
     GridRows& operator=(const GridRows&) = delete;
 
-    QcUiGrid& Grid() const { return m_grid; }
+    QcUiGrid& Grid() const override { return m_grid; }
     void SetObserver(GridObserver* observer) { m_pObserver = observer; }
 
-    int ColumnCount() const { return static_cast<int>(m_columns.size()); }
+    int ColumnCount() const override { return static_cast<int>(m_columns.size()); }
     // Null when out of range.
     const GridColumn* Column(int column) const;
     int AddColumn(const GridColumn& column);
@@ -50,16 +51,15 @@ public:
     // The children of a row, or, for null, the rows of the top level.
     int ChildCount(const QcUiGridTreeRow* parent) const;
     QcUiGridTreeRow* Child(const QcUiGridTreeRow* parent, int index) const;
-    // Puts a new row before the given child (clamped to the ends).
-    QcUiGridTreeRow* Insert(QcUiGridTreeRow* parent, int at);
+    QcUiGridTreeRow* Insert(QcUiGridTreeRow* parent, int at) override;
     void Remove(QcUiGridTreeRow& row);
     void Clear();
     // All rows, a parent before its children.
     const std::vector<QcUiGridTreeRow*>& InOrder() const;
-    bool Holds(const QcUiGridRow* row) const { return row != nullptr && &row->Rows() == this; }
+    bool Holds(const QcUiGridRow* row) const { return row != nullptr && &row->Keeper() == this; }
 
-    void TellCellChanged(const QcUiGridTreeRow& row, int column) const;
-    void TellExpanded(const QcUiGridTreeRow& row) const;
+    void TellCellChanged(QcUiGridRow& row, int column) const override;
+    void TellExpanded(const QcUiGridTreeRow& row) const override;
 
 private:
     QcUiGridTreeRow& Under(QcUiGridTreeRow* parent) const { return parent ? *parent : *m_pRoot; }
