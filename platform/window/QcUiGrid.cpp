@@ -4,11 +4,34 @@
 
 #include <QWidget>
 
-#include "platform/window/grid/QcUiGridImpl.h"
+#include "platform/window/grid/GridParts.h"
 
 namespace {
 
 constexpr UINT kNoId = 0xFFFF;
+
+QcUiGridObserver s_observer = nullptr;
+void* s_pObserverContext = nullptr;
+
+// A grid as its parts see it.
+class PartsOf final : public GridParts {
+public:
+    explicit PartsOf(QcUiGrid& grid) : GridParts(grid), m_grid(grid) {}
+
+    bool EditCell(QcUiGridRow* row, int column) override { return m_grid.EditCell(row, column); }
+    void Command(int command) override { m_grid.OnMenuCommand(command); }
+    void ShowMenu(QcUiGridRow* row, POINT screen) override { m_grid.OnRightMenu(row, screen); }
+    void TakeFocus() override { m_grid.SetFocus(); }
+    void ShowActive(bool show) override { m_grid.ShowActive(show); }
+    bool OwnsWindow(HWND window) const override { return m_grid.OwnsWindow(CWnd::FromHandle(window)); }
+    void NoteDestroy() override {
+        if (s_observer != nullptr)
+            s_observer(m_grid, s_pObserverContext);
+    }
+
+private:
+    QcUiGrid& m_grid;
+};
 
 // The empty widget that a template makes where a control of the program's own belongs.
 WindowLink* FindPlaceholder(const QWidget* parent, UINT id) {
@@ -46,74 +69,70 @@ void TakePlace(WindowLink& placeholder, WindowLink& control) {
 BEGIN_MESSAGE_MAP(QcUiGrid, CWnd)
 END_MESSAGE_MAP()
 
-QcUiGrid::QcUiGrid(int headerRows, int columnWidth) : m_pImpl(new Impl(*this)) {
-    m_pImpl->bTitles = headerRows > 0;
-    m_pImpl->nColumnWidth = columnWidth;
+QcUiGrid::QcUiGrid(int headerRows, int columnWidth) : m_pParts(new PartsOf(*this)) {
+    m_pParts->state.hasTitles = headerRows > 0;
+    m_pParts->state.columnWidth = columnWidth;
 }
 
 QcUiGrid::~QcUiGrid() {
-    m_pImpl->LetViewGo();
+    m_pParts->LetViewGo();
 }
 
 void QcUiGrid::PostNcDestroy() {
-    m_pImpl->LetViewGo();
-}
-
-GridView* QcUiGrid::GetView() const {
-    return m_pImpl->pView;
+    m_pParts->LetViewGo();
 }
 
 void QcUiGrid::Reset() {
     CancelEditCell();
-    m_pImpl->rows.Clear();
-    if (m_pImpl->pView != nullptr)
+    m_pParts->rows.Clear();
+    if (m_pParts->view != nullptr)
         return;
-    m_pImpl->rows.RemoveColumns();
-    m_pImpl->dwOptions = 0;
-    m_pImpl->bFitLast = false;
+    m_pParts->rows.RemoveColumns();
+    m_pParts->state.options = 0;
+    m_pParts->state.isLastColumnFitted = false;
 }
 
 int QcUiGrid::AppendColumn(const wchar_t* title, int width) {
-    return m_pImpl->rows.AddColumn({title, width > 0 ? width : m_pImpl->nColumnWidth});
+    return m_pParts->rows.AddColumn({title, width > 0 ? width : m_pParts->state.columnWidth});
 }
 
 int QcUiGrid::GetColumnCount() const {
-    return m_pImpl->rows.ColumnCount();
+    return m_pParts->rows.ColumnCount();
 }
 
 CString QcUiGrid::GetColumnTitle(int column) const {
-    const GridColumn* known = m_pImpl->rows.Column(column);
+    const GridColumn* known = m_pParts->rows.Column(column);
     return known ? known->strTitle : CString();
 }
 
 int QcUiGrid::GetColumnWidth(int column) const {
-    const GridColumn* known = m_pImpl->rows.Column(column);
+    const GridColumn* known = m_pParts->rows.Column(column);
     if (known == nullptr)
         return 0;
-    return m_pImpl->pView ? m_pImpl->pView->ColumnWidth(column) : known->nWidth;
+    return m_pParts->view ? m_pParts->view->ColumnWidth(column) : known->nWidth;
 }
 
 void QcUiGrid::FitLastColumn() {
-    m_pImpl->bFitLast = true;
-    if (m_pImpl->pView != nullptr)
-        m_pImpl->pView->FitLastColumn();
+    m_pParts->state.isLastColumnFitted = true;
+    if (m_pParts->view != nullptr)
+        m_pParts->view->FitLastColumn();
 }
 
 void QcUiGrid::SetOption(DWORD bits, bool on) {
-    m_pImpl->dwOptions = on ? m_pImpl->dwOptions | bits : m_pImpl->dwOptions & ~bits;
-    if (m_pImpl->pView == nullptr)
+    m_pParts->state.options = on ? m_pParts->state.options | bits : m_pParts->state.options & ~bits;
+    if (m_pParts->view == nullptr)
         return;
     if (IsReadOnly())
         EndEditCell();
-    m_pImpl->pView->ShowOptions();
+    m_pParts->view->ShowOptions();
 }
 
 DWORD QcUiGrid::GetOption() const {
-    return m_pImpl->dwOptions;
+    return m_pParts->state.options;
 }
 
 bool QcUiGrid::IsReadOnly() const {
-    return (m_pImpl->dwOptions & QCGRID_READONLY_MASK) != 0;
+    return m_pParts->state.IsReadOnly();
 }
 
 BOOL QcUiGrid::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
@@ -121,15 +140,14 @@ BOOL QcUiGrid::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     if (around == nullptr || m_hWnd != nullptr)
         return FALSE;
     WindowLink* placeholder = FindPlaceholder(around->m_pWidget, id);
-    Impl* impl = m_pImpl.get();
-    impl->pView =
-        GridView::Make(impl->rows, {around->m_pWidget, id, style, CString()}, [impl] { impl->NoteViewGone(); });
-    WindowLink& link = impl->pView->Link();
+    GridParts* parts = m_pParts.get();
+    parts->view = GridView::Make(*parts, {around->m_pWidget, id, style, CString()}, [parts] { parts->NoteViewGone(); });
+    WindowLink& link = parts->view->Link();
     Attach(link.Handle());
-    impl->pView->ShowOptions();
-    impl->pView->ShowTitles(impl->bTitles);
-    if (impl->bFitLast)
-        impl->pView->FitLastColumn();
+    parts->view->ShowOptions();
+    parts->view->ShowTitles(parts->state.hasTitles);
+    if (parts->state.isLastColumnFitted)
+        parts->view->FitLastColumn();
     MoveWindow(&rect);
     if (placeholder != nullptr) {
         if (rect.right <= rect.left || rect.bottom <= rect.top)
@@ -142,28 +160,28 @@ BOOL QcUiGrid::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
 }
 
 QcUiGridTreeRow* QcUiGrid::AppendRow() {
-    return m_pImpl->rows.Insert(nullptr, m_pImpl->rows.ChildCount(nullptr));
+    return m_pParts->rows.Insert(nullptr, m_pParts->rows.ChildCount(nullptr));
 }
 
 int QcUiGrid::GetRowCount() const {
-    return static_cast<int>(m_pImpl->rows.InOrder().size());
+    return static_cast<int>(m_pParts->rows.InOrder().size());
 }
 
 QcUiGridTreeRow* QcUiGrid::GetRow(int index) const {
-    const std::vector<QcUiGridTreeRow*>& rows = m_pImpl->rows.InOrder();
+    const std::vector<QcUiGridTreeRow*>& rows = m_pParts->rows.InOrder();
     return index >= 0 && index < static_cast<int>(rows.size()) ? rows[static_cast<std::size_t>(index)] : nullptr;
 }
 
 QcUiGridTreeRow* QcUiGrid::GetCurRow() const {
-    return m_pImpl->pView ? m_pImpl->pView->CurRow() : nullptr;
+    return m_pParts->view ? m_pParts->view->CurRow() : nullptr;
 }
 
 QcUiGridTreeRow* QcUiGrid::GetCurTreeRow() const {
-    return (m_pImpl->dwOptions & QCGRID_SINGLE_LEVEL) != 0 ? nullptr : GetCurRow();
+    return m_pParts->state.Has(QCGRID_SINGLE_LEVEL) ? nullptr : GetCurRow();
 }
 
 int QcUiGrid::GetCurColumn() const {
-    return m_pImpl->pView ? m_pImpl->pView->CurColumn() : -1;
+    return m_pParts->view ? m_pParts->view->CurColumn() : -1;
 }
 
 void QcUiGrid::SetCurRow(QcUiGridRow* row) {
@@ -171,11 +189,11 @@ void QcUiGrid::SetCurRow(QcUiGridRow* row) {
 }
 
 void QcUiGrid::SetCurCell(QcUiGridRow* row, int column) {
-    const bool known = row == nullptr || (m_pImpl->rows.Holds(row) && m_pImpl->rows.Column(column) != nullptr);
-    if (m_pImpl->pView == nullptr || !known)
+    const bool known = row == nullptr || (m_pParts->rows.Holds(row) && m_pParts->rows.Column(column) != nullptr);
+    if (m_pParts->view == nullptr || !known)
         return;
     EndEditCell();
-    m_pImpl->pView->SetCurrent(row ? row->GetTreeRow() : nullptr, column, true);
+    m_pParts->view->SetCurrent(row ? row->GetTreeRow() : nullptr, column, true);
 }
 
 QcUiGridCell* QcUiGrid::GetActiveCell() const {
@@ -184,41 +202,46 @@ QcUiGridCell* QcUiGrid::GetActiveCell() const {
 }
 
 int QcUiGrid::GetSelRowCount() const {
-    return m_pImpl->pView ? static_cast<int>(m_pImpl->pView->SelectedRows().size()) : 0;
+    return m_pParts->view ? static_cast<int>(m_pParts->view->SelectedRows().size()) : 0;
 }
 
 bool QcUiGrid::IsRowSelected(const QcUiGridRow* row) const {
-    if (m_pImpl->pView == nullptr || !m_pImpl->rows.Holds(row))
+    if (m_pParts->view == nullptr || !m_pParts->rows.Holds(row))
         return false;
-    return m_pImpl->pView->IsSelected(static_cast<const QcUiGridTreeRow&>(*row));
+    return m_pParts->view->IsSelected(static_cast<const QcUiGridTreeRow&>(*row));
 }
 
 void QcUiGrid::SelectRow(QcUiGridRow* row, bool select) {
-    if (m_pImpl->pView != nullptr && m_pImpl->rows.Holds(row))
-        m_pImpl->pView->Select(*row->GetTreeRow(), select);
+    if (m_pParts->view != nullptr && m_pParts->rows.Holds(row))
+        m_pParts->view->Select(*row->GetTreeRow(), select);
 }
 
 void QcUiGrid::ClearSelection() {
-    if (m_pImpl->pView != nullptr)
-        m_pImpl->pView->ClearSelection();
+    if (m_pParts->view != nullptr)
+        m_pParts->view->ClearSelection();
 }
 
 void QcUiGrid::ShowActive(bool show) {
-    m_pImpl->bActiveShown = show;
-    if (m_pImpl->pView != nullptr)
-        m_pImpl->pView->RedrawActive();
+    m_pParts->state.isActiveShown = show;
+    if (m_pParts->view != nullptr)
+        m_pParts->view->RedrawActive();
 }
 
 bool QcUiGrid::IsActiveShown() const {
-    return m_pImpl->bActiveShown;
+    return m_pParts->state.isActiveShown;
 }
 
 void QcUiGrid::Redraw() {
-    if (m_pImpl->pView != nullptr)
-        m_pImpl->pView->Redraw();
+    if (m_pParts->view != nullptr)
+        m_pParts->view->Redraw();
 }
 
 bool QcUiGrid::OwnsWindow(CWnd* window) const {
     const bool there = window != nullptr && window->m_hWnd != nullptr && m_hWnd != nullptr;
     return there && (window->m_hWnd == m_hWnd || IsChild(window));
+}
+
+void SetGridObserver(QcUiGridObserver observer, void* context) {
+    s_observer = observer;
+    s_pObserverContext = context;
 }

@@ -1,8 +1,9 @@
 // What a user does to a grid's rows and cells.
 #include <algorithm>
 
+#include "platform/window/QcUiGrid.h"
 #include "platform/window/QcUiGridEdit.h"
-#include "platform/window/grid/QcUiGridImpl.h"
+#include "platform/window/grid/GridParts.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ const QcUiGridTreeRow* TopOf(const QcUiGridTreeRow* row) {
 }  // namespace
 
 void QcUiGrid::OnMenuCommand(int command) {
-    if (IsReadOnly() || m_pImpl->pView == nullptr)
+    if (IsReadOnly() || m_pParts->view == nullptr)
         return;
     EndEditCell();
     if (command == QCGRID_CMD_INSERT_ROW && GetCurRow() != nullptr)
@@ -42,19 +43,19 @@ void QcUiGrid::OnMenuCommand(int command) {
 }
 
 void QcUiGrid::InsertRow(QcUiGridTreeRow& current) {
-    const bool under = current.IsParentRow() && (m_pImpl->dwOptions & QCGRID_SINGLE_LEVEL) == 0;
+    const bool under = current.IsParentRow() && !m_pParts->state.Has(QCGRID_SINGLE_LEVEL);
     QcUiGridTreeRow* parent = under ? &current : current.GetParent();
     const int at = under ? current.GetChildNum() : current.GetIndexInParent() + 1;
-    QcUiGridTreeRow* row = m_pImpl->rows.Insert(parent, at);
+    QcUiGridTreeRow* row = m_pParts->rows.Insert(parent, at);
     SetCurRow(row);
     OnAfterInsertRow(row);
 }
 
 void QcUiGrid::InsertParent() {
     const QcUiGridTreeRow* top = TopOf(GetCurRow());
-    const int at = top ? top->GetIndexInParent() + 1 : m_pImpl->rows.ChildCount(nullptr);
-    QcUiGridTreeRow* row = m_pImpl->rows.Insert(nullptr, at);
-    QcUiGridTreeRow* child = (m_pImpl->dwOptions & QCGRID_SINGLE_LEVEL) == 0 ? row->AppendChild() : nullptr;
+    const int at = top ? top->GetIndexInParent() + 1 : m_pParts->rows.ChildCount(nullptr);
+    QcUiGridTreeRow* row = m_pParts->rows.Insert(nullptr, at);
+    QcUiGridTreeRow* child = !m_pParts->state.Has(QCGRID_SINGLE_LEVEL) ? row->AppendChild() : nullptr;
     SetCurCell(row, 0);
     OnAfterInsertRow(row);
     if (child != nullptr)
@@ -62,7 +63,7 @@ void QcUiGrid::InsertParent() {
 }
 
 void QcUiGrid::DeleteRows() {
-    std::vector<QcUiGridTreeRow*> rows = m_pImpl->pView->SelectedRows();
+    std::vector<QcUiGridTreeRow*> rows = m_pParts->view->SelectedRows();
     if (rows.empty() && GetCurRow() != nullptr)
         rows.push_back(GetCurRow());
     rows = Uppermost(rows);
@@ -81,26 +82,26 @@ void QcUiGrid::DeleteRows() {
     for (QcUiGridTreeRow* row : rows) {
         if (row->GetParent() != nullptr)
             parents.push_back(row->GetParent());
-        m_pImpl->rows.Remove(*row);
+        m_pParts->rows.Remove(*row);
     }
     std::vector<QcUiGridTreeRow*> filled;
     for (QcUiGridTreeRow* row : parents)
         if (!row->IsParentRow())
             filled.push_back(row->AppendChild());
-    SetCurRow(m_pImpl->rows.Child(parent, std::min(at, m_pImpl->rows.ChildCount(parent) - 1)));
+    SetCurRow(m_pParts->rows.Child(parent, std::min(at, m_pParts->rows.ChildCount(parent) - 1)));
     for (QcUiGridTreeRow* row : filled)
         OnAfterInsertRow(row);
 }
 
 void QcUiGrid::DeleteRow(QcUiGridRow* row) {
-    if (!m_pImpl->rows.Holds(row))
+    if (!m_pParts->rows.Holds(row))
         return;
     const QcUiGridCellCtrl* editor = GetEditCtrl();
     for (const QcUiGridTreeRow* edited = editor ? editor->GetCell()->GetRow()->GetTreeRow() : nullptr;
          edited != nullptr; edited = edited->GetParent())
         if (edited == row)
             CancelEditCell();
-    m_pImpl->rows.Remove(*row->GetTreeRow());
+    m_pParts->rows.Remove(*row->GetTreeRow());
 }
 
 void QcUiGrid::OnRightMenu(QcUiGridRow* /*row*/, POINT /*screen*/) {}
@@ -112,32 +113,32 @@ QcUiGridCellCtrl* QcUiGrid::CreateCellCtrl(QcUiGridCell* cell) {
 }
 
 bool QcUiGrid::EditCell(QcUiGridRow* row, int column) {
-    if (m_pImpl->pView == nullptr || IsReadOnly() || !m_pImpl->rows.Holds(row) || row->GetCell(column) == nullptr)
+    if (m_pParts->view == nullptr || IsReadOnly() || !m_pParts->rows.Holds(row) || row->GetCell(column) == nullptr)
         return false;
     EndEditCell();
     std::unique_ptr<QcUiGridCellCtrl> editor(CreateCellCtrl(row->GetCell(column)));
     if (!editor)
         return false;
     if (!IsRowSelected(row))
-        m_pImpl->pView->SetCurrent(row->GetTreeRow(), column, true);
-    const RECT place = m_pImpl->pView->Reveal(*row->GetTreeRow(), column);
-    return m_pImpl->editor.Open(std::move(editor), place);
+        m_pParts->view->SetCurrent(row->GetTreeRow(), column, true);
+    const RECT place = m_pParts->view->Reveal(*row->GetTreeRow(), column);
+    return m_pParts->editor.Open(std::move(editor), place, GetColumnTitle(column));
 }
 
 bool QcUiGrid::IsEditing() const {
-    return m_pImpl->editor.Get() != nullptr;
+    return m_pParts->editor.Get() != nullptr;
 }
 
 QcUiGridCellCtrl* QcUiGrid::GetEditCtrl() const {
-    return m_pImpl->editor.Get();
+    return m_pParts->editor.Get();
 }
 
 void QcUiGrid::EndEditCell() {
-    m_pImpl->editor.Close(true);
+    m_pParts->editor.Close(true);
 }
 
 void QcUiGrid::CancelEditCell() {
-    m_pImpl->editor.Close(false);
+    m_pParts->editor.Close(false);
 }
 
 // Edits put their line into the middle of what lies below the offset, and the grid its texts into the middle of the

@@ -7,7 +7,6 @@
 #include <QTreeView>
 #include <QtMath>
 
-#include "platform/window/QcUiGrid.h"
 #include "platform/window/grid/GridModel.h"
 
 namespace {
@@ -17,7 +16,7 @@ constexpr int kFrameWidth = 2;
 
 class GridDelegate : public QStyledItemDelegate {
 public:
-    GridDelegate(QTreeView* view, const QcUiGrid& grid) : QStyledItemDelegate(view), m_view(*view), m_grid(grid) {}
+    GridDelegate(QTreeView* view, const GridState& state) : QStyledItemDelegate(view), m_view(*view), m_state(state) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         // Rounded up, as the line of text is: rounded otherwise it would stand a pixel higher than in an editor.
@@ -28,7 +27,7 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyleOptionViewItem cell = option;
         cell.state &= ~QStyle::State_HasFocus;  // the frame says it
-        const bool active = m_grid.IsActiveShown() && index == m_view.currentIndex();
+        const bool active = m_state.isActiveShown && index == m_view.currentIndex();
         if (active) {
             // The one cell that typing changes stands out of a selected row.
             cell.state &= ~QStyle::State_Selected;
@@ -47,16 +46,16 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         const QcUiGridTreeRow* row = GridModel::RowOf(index);
-        option->font.setBold(row != nullptr && row->IsParentRow() && (m_grid.GetOption() & QCGRID_SINGLE_LEVEL) == 0);
+        option->font.setBold(row != nullptr && row->IsParentRow() && !m_state.Has(QCGRID_SINGLE_LEVEL));
     }
 
 private:
     const QTreeView& m_view;
-    const QcUiGrid& m_grid;
+    const GridState& m_state;
 };
 
 }  // namespace
 
-QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const QcUiGrid& grid) {
-    return new GridDelegate(view, grid);  // a child of the view
+QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const GridState& state) {
+    return new GridDelegate(view, state);  // a child of the view
 }

@@ -3,7 +3,7 @@
 
 class QAbstractItemDelegate;
 class QTreeView;
-class QcUiGrid;
+struct GridState;
 
-// Belongs to the view. The grid must outlive what the view shows of it.
-QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const QcUiGrid& grid);
+// Belongs to the view. The state must outlive what the view shows of it.
+QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const GridState& state);

@@ -7,22 +7,24 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/window/QcUiGrid.h"
-#include "platform/window/grid/GridView.h"
+#include "platform/window/CWnd.h"
+#include "platform/window/QcUiGridCell.h"
+#include "platform/window/grid/GridHost.h"
 #include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/WindowLink.h"
 
 namespace {
 
 // Sees the editor's keys before the editor does.
 class EditorKeys : public QObject {
 public:
-    EditorKeys(QcUiGrid& grid, QcUiGridCellCtrl& editor, QWidget* widget)
-        : QObject(widget), m_grid(grid), m_pEditor(&editor) {
+    EditorKeys(GridHost& host, GridEditor& edit, QWidget* widget)
+        : QObject(widget), m_host(host), m_edit(edit), m_pEditor(edit.Get()) {
         widget->installEventFilter(this);
     }
 
     bool eventFilter(QObject*, QEvent* event) override {
-        const bool open = m_grid.GetEditCtrl() == m_pEditor;
+        const bool open = m_edit.Get() == m_pEditor;
         return open && event->type() == QEvent::KeyPress && Key(*static_cast<QKeyEvent*>(event));
     }
 
@@ -30,42 +32,42 @@ private:
     bool Key(const QKeyEvent& event) {
         const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
         if (event.key() == Qt::Key_Backtab || (event.key() == Qt::Key_Tab && modifiers == Qt::ShiftModifier))
-            return Leave(&GridView::MoveColumn, -1);
+            return Leave(&GridHost::MoveColumn, -1);
         if (modifiers != Qt::NoModifier)
             return false;
         switch (event.key()) {
             case Qt::Key_Escape:
-                m_grid.CancelEditCell();
+                m_edit.Close(false);
                 return true;
             case Qt::Key_Return:
             case Qt::Key_Enter:
             case Qt::Key_Down:
-                return Leave(&GridView::MoveRow, 1);
+                return Leave(&GridHost::MoveRow, 1);
             case Qt::Key_Up:
-                return Leave(&GridView::MoveRow, -1);
+                return Leave(&GridHost::MoveRow, -1);
             case Qt::Key_Tab:
-                return Leave(&GridView::MoveColumn, 1);
+                return Leave(&GridHost::MoveColumn, 1);
             case Qt::Key_Left:
-                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtBegin() && Leave(&GridView::MoveColumn, -1);
+                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtBegin() && Leave(&GridHost::MoveColumn, -1);
             case Qt::Key_Right:
-                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtEnd() && Leave(&GridView::MoveColumn, 1);
+                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtEnd() && Leave(&GridHost::MoveColumn, 1);
             default:
                 return false;
         }
     }
 
     // A text that cannot be taken keeps its editor. The editor, and this, may be gone when the edit has ended.
-    bool Leave(void (GridView::*move)(int), int step) {
-        QcUiGrid& grid = m_grid;
+    bool Leave(void (GridHost::*move)(int), int step) {
+        GridHost& host = m_host;
         if (m_pEditor->IsModified() && !m_pEditor->CanEndEdit())
             return true;
-        grid.EndEditCell();
-        if (GridView* view = grid.GetView())
-            (view->*move)(step);
+        m_edit.Close(true);
+        (host.*move)(step);
         return true;
     }
 
-    QcUiGrid& m_grid;
+    GridHost& m_host;
+    GridEditor& m_edit;
     QcUiGridCellCtrl* m_pEditor;
 };
 
@@ -86,7 +88,7 @@ struct GridEditor::Retired : QObject {
     std::shared_ptr<std::vector<QObject*>> list;
 };
 
-GridEditor::GridEditor(QcUiGrid& grid) : m_grid(grid), m_retired(std::make_shared<std::vector<QObject*>>()) {}
+GridEditor::GridEditor(GridHost& host) : m_host(host), m_retired(std::make_shared<std::vector<QObject*>>()) {}
 
 GridEditor::~GridEditor() {
     Close(false);
@@ -94,7 +96,7 @@ GridEditor::~GridEditor() {
         delete m_retired->back();
 }
 
-bool GridEditor::Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place) {
+bool GridEditor::Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place, const CString& name) {
     QcUiGridCellCtrl* opened = editor.get();
     m_pEditor = std::move(editor);
     const bool made = opened->Create(place) && opened->GetWnd() != nullptr;
@@ -105,14 +107,9 @@ bool GridEditor::Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& plac
         Close(false);
         return false;
     }
-    WatchKeys();
+    link->m_pWidget->setAccessibleName(ToQString(name));
+    new EditorKeys(m_host, *this, link->m_pWidget);  // a child of the widget
     return true;
-}
-
-void GridEditor::WatchKeys() {
-    QWidget* widget = WindowLink::Of(m_pEditor->GetWnd()->m_hWnd)->m_pWidget;
-    widget->setAccessibleName(ToQString(m_grid.GetColumnTitle(m_pEditor->GetCell()->GetColumn())));
-    new EditorKeys(m_grid, *m_pEditor, widget);  // a child of the widget
 }
 
 void GridEditor::Close(bool take) {
@@ -130,7 +127,7 @@ void GridEditor::Close(bool take) {
         cell->SetText(text);
     if (window != nullptr && window->m_hWnd != nullptr) {
         if (editor->IsMyFocus(CWnd::GetFocus()))
-            m_grid.SetFocus();
+            m_host.TakeFocus();
         window->DestroyWindow();
     }
     Retire(std::move(editor));

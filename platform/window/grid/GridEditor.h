@@ -7,19 +7,19 @@
 #include "platform/base/FrameworkTypes.h"
 #include "platform/window/QcUiGridCellCtrl.h"
 
-class GridView;
+class GridHost;
 class QObject;
-class QcUiGrid;
 
 class GridEditor {
 public:
-    explicit GridEditor(QcUiGrid& grid);
+    explicit GridEditor(GridHost& host);
     ~GridEditor();
     GridEditor(const GridEditor&) = delete;
     GridEditor& operator=(const GridEditor&) = delete;
 
-    // False, and nothing is open, when the editor makes no window, or loses the focus at once.
-    bool Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place);
+    // The name is for who cannot see the cell. False, and nothing is open, when the editor makes no window, or loses
+    // the focus at once.
+    bool Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place, const CString& name);
     // Null when nothing is open.
     QcUiGridCellCtrl* Get() const { return m_pEditor.get(); }
     // Takes the text, if asked to, and closes. Without an edit, and within the closing itself, it does nothing.
@@ -28,10 +28,9 @@ public:
 private:
     struct Retired;
 
-    void WatchKeys();
     void Retire(std::unique_ptr<QcUiGridCellCtrl> editor);
 
-    QcUiGrid& m_grid;
+    GridHost& m_host;
     std::unique_ptr<QcUiGridCellCtrl> m_pEditor;
     std::shared_ptr<std::vector<QObject*>> m_retired;  // editors that wait for their handlers to return
 };

@@ -4,14 +4,13 @@
 
 #include <QAbstractItemModel>
 
-#include "platform/window/QcUiGrid.h"
 #include "platform/window/toolkit/QtText.h"
 
 namespace {
 
 class Model : public QAbstractItemModel, public GridModel {
 public:
-    explicit Model(GridRows& rows) : m_rows(rows) {}
+    Model(GridRows& rows, const GridState& state) : m_rows(rows), m_state(state) {}
 
     // ---- For the views. ----
     QModelIndex index(int row, int column, const QModelIndex& parent) const override {
@@ -56,7 +55,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override {
         const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
         // So that input methods are let in; the editors are the grid's own.
-        return index.isValid() && !m_rows.Grid().IsReadOnly() ? flags | Qt::ItemIsEditable : flags;
+        return index.isValid() && !m_state.IsReadOnly() ? flags | Qt::ItemIsEditable : flags;
     }
 
     // ---- For the grid. ----
@@ -85,12 +84,13 @@ private:
     }
 
     GridRows& m_rows;
+    const GridState& m_state;
 };
 
 }  // namespace
 
-std::unique_ptr<GridModel> GridModel::Make(GridRows& rows) {
-    return std::make_unique<Model>(rows);
+std::unique_ptr<GridModel> GridModel::Make(GridRows& rows, const GridState& state) {
+    return std::make_unique<Model>(rows, state);
 }
 
 QcUiGridTreeRow* GridModel::RowOf(const QModelIndex& index) {

@@ -4,13 +4,14 @@
 #include <memory>
 
 #include "platform/window/grid/GridRows.h"
+#include "platform/window/grid/GridState.h"
 
 class QAbstractItemModel;
 class QModelIndex;
 
 class GridModel {
 public:
-    static std::unique_ptr<GridModel> Make(GridRows& rows);
+    static std::unique_ptr<GridModel> Make(GridRows& rows, const GridState& state);
     virtual ~GridModel() = default;
 
     virtual QAbstractItemModel& Items() = 0;

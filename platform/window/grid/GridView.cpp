@@ -10,7 +10,7 @@
 #include <QSignalBlocker>
 #include <QTreeView>
 
-#include "platform/window/QcUiGrid.h"
+#include "platform/window/CWnd.h"
 #include "platform/window/grid/GridDelegate.h"
 #include "platform/window/grid/GridModel.h"
 #include "platform/window/toolkit/WindowEvents.h"
@@ -39,9 +39,9 @@ bool TypesText(const QKeyEvent& event) {
 
 class TreeView : public QTreeView, public GridView, public GridObserver {
 public:
-    TreeView(GridRows& rows, QWidget* parent, std::function<void()> gone)
-        : QTreeView(parent), m_pRows(&rows), m_pModel(GridModel::Make(rows)), m_gone(std::move(gone)) {
-        setItemDelegate(MakeGridDelegate(this, rows.Grid()));
+    TreeView(GridContents& grid, QWidget* parent, std::function<void()> gone)
+        : QTreeView(parent), m_pGrid(&grid), m_pModel(GridModel::Make(grid.rows, grid.state)), m_gone(std::move(gone)) {
+        setItemDelegate(MakeGridDelegate(this, grid.state));
         setModel(&m_pModel->Items());
         setUniformRowHeights(true);
         setAlternatingRowColors(true);
@@ -57,10 +57,10 @@ public:
         connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) { NoteExpanded(index, true); });
         connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& index) { NoteExpanded(index, false); });
         connect(header(), &QHeaderView::sectionResized, this, [this] { EndEdit(); });
-        rows.SetObserver(this);
-        for (int i = 0; i < rows.ColumnCount(); ++i)
+        grid.rows.SetObserver(this);
+        for (int i = 0; i < grid.rows.ColumnCount(); ++i)
             ShowColumnWidth(i);
-        for (const QcUiGridTreeRow* row : rows.InOrder())
+        for (const QcUiGridTreeRow* row : grid.rows.InOrder())
             if (row->IsParentRow() && row->IsExpanded())
                 expand(m_pModel->IndexOf(row, 0));
     }
@@ -73,30 +73,31 @@ public:
     }
 
     // ---- GridView. ----
+    GridContents* Contents() const override { return m_pGrid; }
     WindowLink& Link() override { return *WindowLink::Of(this); }
 
     void Forget() override {
-        if (m_pRows == nullptr)
+        if (m_pGrid == nullptr)
             return;
-        m_pRows->SetObserver(nullptr);
+        m_pGrid->rows.SetObserver(nullptr);
         m_gone = nullptr;
-        m_pRows = nullptr;
+        m_pGrid = nullptr;
         setModel(nullptr);
         setItemDelegate(nullptr);
         m_pModel.reset();
     }
 
     void ShowOptions() override {
-        const DWORD options = Grid().GetOption();
-        const bool tree = (options & QCGRID_TREE) != 0 && (options & QCGRID_SINGLE_LEVEL) == 0;
-        setSelectionMode((options & QCGRID_MULTI_SELECT) != 0 ? ExtendedSelection : SingleSelection);
+        const GridState& state = m_pGrid->state;
+        const bool tree = state.Has(QCGRID_TREE) && !state.Has(QCGRID_SINGLE_LEVEL);
+        setSelectionMode(state.Has(QCGRID_MULTI_SELECT) ? ExtendedSelection : SingleSelection);
         setRootIsDecorated(tree);
         setItemsExpandable(tree);
         setIndentation(tree ? kIndentation : 0);
-        header()->setSectionResizeMode((options & QCGRID_RESIZE_COLUMNS) != 0 ? QHeaderView::Interactive
-                                                                              : QHeaderView::Fixed);
+        header()->setSectionResizeMode(state.Has(QCGRID_RESIZE_COLUMNS) ? QHeaderView::Interactive
+                                                                        : QHeaderView::Fixed);
         // Input methods are let in where something can be typed.
-        setAttribute(Qt::WA_InputMethodEnabled, !Grid().IsReadOnly());
+        setAttribute(Qt::WA_InputMethodEnabled, !state.IsReadOnly());
         viewport()->update();
     }
     void ShowTitles(bool show) override { header()->setVisible(show); }
@@ -195,17 +196,17 @@ public:
     void BeforeColumn(int column) override { m_pModel->BeforeColumn(column); }
     void AfterColumn() override {
         m_pModel->AfterColumn();
-        ShowColumnWidth(m_pRows->ColumnCount() - 1);
+        ShowColumnWidth(m_pGrid->rows.ColumnCount() - 1);
     }
 
 protected:
     // ---- The keyboard. ----
     void keyPressEvent(QKeyEvent* event) override {
-        if (m_pRows == nullptr || event->key() == Qt::Key_Escape) {
+        if (m_pGrid == nullptr || event->key() == Qt::Key_Escape) {
             event->ignore();
             return;
         }
-        if (Grid().IsEditing()) {  // the rest of what began it; all else is the editor's
+        if (IsEditing()) {  // the rest of what began it; all else is the editor's
             if (TypesText(*event))
                 Type(event->text());
             return;
@@ -240,7 +241,7 @@ protected:
     // Composing begins an edit, which goes on in the editor.
     void inputMethodEvent(QInputMethodEvent* event) override {
         const bool text = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
-        if (m_pRows == nullptr || !text || (!Grid().IsEditing() && !EditCurrent())) {
+        if (m_pGrid == nullptr || !text || (!IsEditing() && !EditCurrent())) {
             event->ignore();
             return;
         }
@@ -281,7 +282,7 @@ protected:
 
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QTreeView::drawRow(painter, option, index);
-        if (m_pRows == nullptr || (Grid().GetOption() & QCGRID_LINES) == 0)
+        if (m_pGrid == nullptr || !m_pGrid->state.Has(QCGRID_LINES))
             return;
         painter->setPen(Mix(palette().color(QPalette::Base), palette().color(QPalette::Text), kLineStrength));
         const QRect& row = option.rect;
@@ -294,17 +295,17 @@ protected:
     }
 
 private:
-    QcUiGrid& Grid() const { return m_pRows->Grid(); }
+    bool IsEditing() const { return m_pGrid->editor.Get() != nullptr; }
     void EndEdit() {
-        if (m_pRows != nullptr)
-            Grid().EndEditCell();
+        if (m_pGrid != nullptr)
+            m_pGrid->editor.Close(true);
     }
     WindowLink* EditorLink() const {
-        QcUiGridCellCtrl* editor = Grid().GetEditCtrl();
+        QcUiGridCellCtrl* editor = m_pGrid->editor.Get();
         const CWnd* window = editor ? editor->GetWnd() : nullptr;
         return window ? WindowLink::Of(window->m_hWnd) : nullptr;
     }
-    bool EditCurrent() { return Grid().EditCell(CurRow(), CurColumn()); }
+    bool EditCurrent() { return m_pGrid->host.EditCell(CurRow(), CurColumn()); }
     void Type(const QString& text) {
         for (const wchar_t character : text.toStdWString())
             if (WindowLink* editor = EditorLink())
@@ -322,10 +323,10 @@ private:
             return false;
         switch (event.key()) {
             case Qt::Key_Insert:
-                Grid().OnMenuCommand(QCGRID_CMD_INSERT_ROW);
+                m_pGrid->host.Command(QCGRID_CMD_INSERT_ROW);
                 return true;
             case Qt::Key_Delete:
-                Grid().OnMenuCommand(QCGRID_CMD_DELETE_ROWS);
+                m_pGrid->host.Command(QCGRID_CMD_DELETE_ROWS);
                 return true;
             case Qt::Key_F2:
                 EditCurrent();
@@ -349,16 +350,16 @@ private:
     }
     // The grid's handler may end the window.
     void Menu(const QModelIndex& index, const QPoint& screen) {
-        if (m_pRows == nullptr || Grid().IsReadOnly())
+        if (m_pGrid == nullptr || m_pGrid->state.IsReadOnly())
             return;
         EndEdit();
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-        Grid().OnRightMenu(GridModel::RowOf(index), POINT{screen.x(), screen.y()});
+        m_pGrid->host.ShowMenu(GridModel::RowOf(index), POINT{screen.x(), screen.y()});
     }
 
     // What the user opens and closes is kept by the rows. Nothing stays selected or current where it cannot be seen.
     void NoteExpanded(const QModelIndex& index, bool expanded) {
-        if (m_pRows == nullptr)
+        if (m_pGrid == nullptr)
             return;
         QcUiGridTreeRow* row = GridModel::RowOf(index);
         if (row->IsExpanded() != expanded)
@@ -381,18 +382,19 @@ private:
 
     void ShowColumnWidth(int column) {
         const double digit = QFontMetricsF(font()).horizontalAdvance('0');
-        header()->resizeSection(column, qRound(m_pRows->Column(column)->nWidth * digit / kUsualDigit) + kEditorEdges);
+        header()->resizeSection(column,
+                                qRound(m_pGrid->rows.Column(column)->nWidth * digit / kUsualDigit) + kEditorEdges);
     }
 
-    GridRows* m_pRows;  // null once the grid is forgotten
+    GridContents* m_pGrid;  // null once the grid is forgotten
     std::unique_ptr<GridModel> m_pModel;
     std::function<void()> m_gone;
 };
 
 }  // namespace
 
-GridView* GridView::Make(GridRows& rows, const ControlRequest& request, std::function<void()> gone) {
-    auto* view = new TreeView(rows, request.parent, std::move(gone));
+GridView* GridView::Make(GridContents& grid, const ControlRequest& request, std::function<void()> gone) {
+    auto* view = new TreeView(grid, request.parent, std::move(gone));
     view->setFrameShape((request.dwStyle & WS_BORDER) != 0 ? QFrame::StyledPanel : QFrame::NoFrame);
     view->setFocusPolicy((request.dwStyle & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     MakeWindow(view, request.nID, request.dwStyle, &GridProcedure);

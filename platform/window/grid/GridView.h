@@ -4,14 +4,27 @@
 #include <functional>
 #include <vector>
 
+#include "platform/window/grid/GridEditor.h"
+#include "platform/window/grid/GridHost.h"
 #include "platform/window/grid/GridRows.h"
+#include "platform/window/grid/GridState.h"
 #include "platform/window/toolkit/WindowKinds.h"
 
-// Belongs to the window around it. What the user does comes to the grid through its public operations.
+// A grid as its view knows it.
+struct GridContents {
+    GridHost& host;
+    GridRows rows;
+    GridState state;
+    GridEditor editor;  // goes before the cells do
+};
+
+// Belongs to the window around it. What the user does comes to the grid through its host.
 class GridView {
 public:
     // `gone` is called when the view goes, whoever ends it, unless it has been told to forget the grid.
-    static GridView* Make(GridRows& rows, const ControlRequest& request, std::function<void()> gone);
+    static GridView* Make(GridContents& grid, const ControlRequest& request, std::function<void()> gone);
+    // What it shows; null once that is forgotten.
+    virtual GridContents* Contents() const = 0;
 
     virtual WindowLink& Link() = 0;
     // The grid goes, or lets go: shows nothing from now on, and calls nobody.

@@ -1,5 +1,6 @@
 // The seam between the framework's windows and the toolkit's widgets: what is known of a widget that is a window of the
 // framework. For the sources of this room only.
+// Why: docs/decisions/window.md
 #pragma once
 
 #include <memory>
