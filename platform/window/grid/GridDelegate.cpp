@@ -1,6 +1,4 @@
 // Draws the cells of a grid: parent rows stand out, and the active cell has a frame.
-#include "platform/window/grid/GridDelegate.h"
-
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QStyledItemDelegate>

@@ -1,4 +1,4 @@
-// The rows of a grid as the toolkit's views read them. For the sources of this room only.
+// The rows of a grid as the toolkit's views read and draw them. For the sources of this room only.
 #pragma once
 
 #include <memory>
@@ -6,8 +6,10 @@
 #include "platform/window/grid/GridRows.h"
 #include "platform/window/grid/GridState.h"
 
+class QAbstractItemDelegate;
 class QAbstractItemModel;
 class QModelIndex;
+class QTreeView;
 
 class GridModel {
 public:
@@ -31,3 +33,6 @@ public:
     virtual void BeforeColumn(int column) = 0;
     virtual void AfterColumn() = 0;
 };
+
+// How the cells look. Belongs to the view. The state must outlive what the view shows of it.
+QAbstractItemDelegate* MakeGridDelegate(QTreeView* view, const GridState& state);

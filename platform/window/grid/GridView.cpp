@@ -11,7 +11,6 @@
 #include <QTreeView>
 
 #include "platform/window/CWnd.h"
-#include "platform/window/grid/GridDelegate.h"
 #include "platform/window/grid/GridModel.h"
 #include "platform/window/toolkit/WindowEvents.h"
 

@@ -9,7 +9,7 @@
 #include <clocale>
 #include <cstdlib>
 
-#include "platform/window/toolkit/ToolkitTexts.h"
+#include "platform/window/toolkit/QtText.h"
 
 namespace {
 

@@ -1,7 +1,5 @@
 // Translates the texts that the toolkit wrote and a person can read: the menus behind the right button of the mouse,
 // which it brings in English alone.
-#include "platform/window/toolkit/ToolkitTexts.h"
-
 #include <QCoreApplication>
 #include <QTranslator>
 #include <span>
