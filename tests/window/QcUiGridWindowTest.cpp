@@ -130,6 +130,47 @@ TEST(QcUiGridWindow, ShowsTextsThatChange) {
     });
 }
 
+TEST(QcUiGridWindow, IsAPlainWindowWhileTheGridHasLetGoOfIt) {
+    GridDialog dialog;
+    dialog.RunInGrid([&] {
+        EXPECT_EQ(dialog.m_grid.SendMessage(WM_GETDLGCODE), DLGC_WANTARROWS);
+        const HWND window = dialog.m_grid.UnsubclassWindow();
+        EXPECT_EQ(::SendMessage(window, WM_GETDLGCODE, 0, 0), 0);
+        ASSERT_TRUE(dialog.m_grid.Attach(window));
+        EXPECT_EQ(dialog.m_grid.SendMessage(WM_GETDLGCODE), DLGC_WANTARROWS);
+    });
+}
+
+TEST(QcUiGridWindow, AnObserverSeesTheRowsBeforeTheWindowGoes) {
+    struct Seen {
+        int nCalls = 0;
+        int nRows = 0;
+        bool bEditing = true;
+        CString strText;
+    };
+    Seen seen;
+    const auto look = [](const QcUiGrid& grid, void* context) {
+        auto& into = *static_cast<Seen*>(context);
+        ++into.nCalls;
+        into.nRows = grid.GetRowCount();
+        into.bEditing = grid.IsEditing();
+        into.strText = grid.GetRow(1)->GetItemText(1);
+    };
+    SetGridObserver(look, &seen);
+    GridDialog dialog;
+    dialog.RunInGrid([&] {
+        ASSERT_TRUE(dialog.m_grid.EditCell(dialog.m_grid.GetRow(1), 1));
+        dialog.m_grid.GetEditCtrl()->SetText(L"typed");
+        dialog.m_grid.GetEditCtrl()->SetModified(true);
+        dialog.m_grid.DestroyWindow();
+    });
+    SetGridObserver(nullptr, nullptr);
+    EXPECT_EQ(seen.nCalls, 1);
+    EXPECT_EQ(seen.nRows, 7);
+    EXPECT_FALSE(seen.bEditing);
+    EXPECT_EQ(seen.strText, L"typed");
+}
+
 TEST(QcUiGridWindow, LeftAndRightMoveBetweenColumns) {
     GridDialog dialog;
     dialog.RunInGrid([&] {
