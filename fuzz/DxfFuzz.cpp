@@ -70,17 +70,17 @@ std::string Saved(AcDbDatabase& database) {
 void ChangeEntity(AcDbDatabase& database, std::size_t index) {
     const AcDbObjectId id = database.GetEntityId(index);
     std::vector<DxfGroup> groups;
-    Require(database.GetGroups(id, groups) && !groups.empty() && groups[0].nCode == 0);
+    Require(database.GetGroups(id, groups) && !groups.empty() && groups[0].code == 0);
     const std::vector<DxfGroup> before = groups;
     for (const DxfGroup& group : groups) {
-        const CString text = database.Decode(group.strValue);
+        const CString text = database.Decode(group.value);
         std::string bytes;
         if (database.Encode(text, bytes))
             Require(database.Decode(bytes) == text);
     }
     if (groups.size() > 3)
         groups.erase(groups.begin() + static_cast<std::ptrdiff_t>(2 + groups.size() % (groups.size() - 2)));
-    groups.back().strValue += groups.size() > 1 ? "x" : "";
+    groups.back().value += groups.size() > 1 ? "x" : "";
     groups.push_back({1000, "added"});
     const bool isChanged = database.SetGroups(id, groups);
     std::vector<DxfGroup> after;

@@ -45,24 +45,24 @@ bool ReadReal(std::string_view text, double& value) {
 }
 
 std::string_view EntityGroups::Type() const {
-    return m_groups.empty() ? std::string_view() : TrimDxfValue(m_groups[0].strValue);
+    return m_groups.empty() ? std::string_view() : TrimDxfValue(m_groups[0].value);
 }
 
 const DxfGroup* EntityGroups::Find(int code) const {
     for (const DxfGroup& group : m_groups)
-        if (group.nCode == code)
+        if (group.code == code)
             return &group;
     return nullptr;
 }
 
 bool EntityGroups::Integer(int code, int& value) const {
     const DxfGroup* const group = Find(code);
-    return !group || ReadInteger(group->strValue, value);
+    return !group || ReadInteger(group->value, value);
 }
 
 bool EntityGroups::Real(int code, double& value) const {
     const DxfGroup* const group = Find(code);
-    return !group || ReadReal(group->strValue, value);
+    return !group || ReadReal(group->value, value);
 }
 
 int EntityGroups::IntegerOr(int code, int otherwise) const {

@@ -52,7 +52,7 @@ LayerTable::LayerTable(const AcDbDatabase& drawing) : m_drawing(drawing) {
         drawing.GetGroups(id, groups);
         const EntityGroups record(std::move(groups));
         if (const DxfGroup* const name = record.Find(kName))
-            m_layers.emplace(KeyOf(name->strValue), LookOf(record));
+            m_layers.emplace(KeyOf(name->value), LookOf(record));
     }
 }
 

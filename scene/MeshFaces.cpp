@@ -51,7 +51,7 @@ private:
 bool MeshReader::Take(const DxfGroup& group) {
     switch (m_place) {
         case Place::Common:
-            if (group.nCode == kSubclass && TrimDxfValue(group.strValue) == "AcDbSubDMesh")
+            if (group.code == kSubclass && TrimDxfValue(group.value) == "AcDbSubDMesh")
                 m_place = Place::Head;
             return true;
         case Place::Head:
@@ -66,39 +66,39 @@ bool MeshReader::Take(const DxfGroup& group) {
 }
 
 bool MeshReader::TakeInHead(const DxfGroup& group) {
-    if (group.nCode != kVertexCount)
+    if (group.code != kVertexCount)
         return true;
     m_place = Place::Vertices;
-    return Require(ReadInteger(group.strValue, m_mesh.m_nVertices));
+    return Require(ReadInteger(group.value, m_mesh.m_nVertices));
 }
 
 bool MeshReader::TakeVertex(const DxfGroup& group) {
-    if (group.nCode == kFaceListSize) {
+    if (group.code == kFaceListSize) {
         m_place = Place::Faces;
-        return Require(m_nextCode == kX && ReadInteger(group.strValue, m_mesh.m_nFaceItems));
+        return Require(m_nextCode == kX && ReadInteger(group.value, m_mesh.m_nFaceItems));
     }
-    if (group.nCode != kX && group.nCode != kY && group.nCode != kZ)
+    if (group.code != kX && group.code != kY && group.code != kZ)
         return true;
     double value = 0.0;
-    if (!Require(group.nCode == m_nextCode && ReadReal(group.strValue, value)))
+    if (!Require(group.code == m_nextCode && ReadReal(group.value, value)))
         return false;
-    if (group.nCode == kX)
+    if (group.code == kX)
         m_mesh.m_vertices.push_back({value, 0.0, 0.0});
     else
-        (group.nCode == kY ? m_mesh.m_vertices.back().y : m_mesh.m_vertices.back().z) = value;
-    m_nextCode = group.nCode == kZ ? kX : group.nCode + 10;
+        (group.code == kY ? m_mesh.m_vertices.back().y : m_mesh.m_vertices.back().z) = value;
+    m_nextCode = group.code == kZ ? kX : group.code + 10;
     return true;
 }
 
 bool MeshReader::TakeFaceItem(const DxfGroup& group) {
-    if (group.nCode == kEdgeCount) {
+    if (group.code == kEdgeCount) {
         m_place = Place::Behind;
         return false;
     }
-    if (group.nCode != kIndex)
+    if (group.code != kIndex)
         return true;
     int item = 0;
-    if (!Require(ReadInteger(group.strValue, item)))
+    if (!Require(ReadInteger(group.value, item)))
         return false;
     m_mesh.m_faceItems.push_back(item);
     return true;

@@ -152,17 +152,17 @@ bool AddLwPolyline(const EntityGroups& entity, ArcDivision& division, FaceList& 
     std::vector<OutlineVertex> vertices;
     int nextCode = kX;
     for (const DxfGroup& group : entity.All()) {
-        if (group.nCode != kX && group.nCode != kY && group.nCode != kBulge)
+        if (group.code != kX && group.code != kY && group.code != kBulge)
             continue;
         double value = 0.0;
-        if (!ReadReal(group.strValue, value) || (group.nCode != kBulge && group.nCode != nextCode))
+        if (!ReadReal(group.value, value) || (group.code != kBulge && group.code != nextCode))
             return false;
-        if (group.nCode == kX) {
+        if (group.code == kX) {
             vertices.push_back({value, 0.0, 0.0});
             nextCode = kY;
         } else if (vertices.empty()) {
             return false;
-        } else if (group.nCode == kY) {
+        } else if (group.code == kY) {
             vertices.back().y = value;
             nextCode = kX;
         } else {

@@ -74,7 +74,7 @@ EntityGroups SceneBuilder::GroupsOf(AcDbObjectId id) const {
 
 const LayerLook& SceneBuilder::LayerOf(const EntityGroups& entity) {
     const DxfGroup* const layer = entity.Find(kLayer);
-    return m_layers.Find(layer ? std::string_view(layer->strValue) : std::string_view("0"));
+    return m_layers.Find(layer ? std::string_view(layer->value) : std::string_view("0"));
 }
 
 void SceneBuilder::Take(std::size_t index, const EntityGroups& entity) {

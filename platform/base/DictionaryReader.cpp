@@ -74,7 +74,7 @@ void SetValue(QcDtDictItem& item, const CString& text) {
 
 }  // namespace
 
-DictionaryReader::DictionaryReader(QcDtDictionary& target) : m_pTarget(&target) {}
+DictionaryReader::DictionaryReader(QcDtDictionary& target) : m_target(&target) {}
 
 bool DictionaryReader::ReadFile(const wchar_t* path) {
     return ReadFile(path ? ToUtf8(path).c_str() : "");
@@ -198,10 +198,10 @@ void DictionaryReader::Clear() {
     m_text.clear();
     m_namespaces.clear();
     m_namespaceCount = 0;
-    if (!m_pTarget)
+    if (!m_target)
         return;
-    m_pTarget->RemoveAll();
-    m_pTarget->CopyNamesAndAttributes(QcDtDictionary());
+    m_target->RemoveAll();
+    m_target->CopyNamesAndAttributes(QcDtDictionary());
 }
 
 bool DictionaryReader::ReadNodes(xmlTextReader* xml) {
@@ -233,18 +233,18 @@ bool DictionaryReader::TakeNode(xmlTextReader* xml) {
         case XML_READER_TYPE_ELEMENT:
             if (xmlTextReaderDepth(xml) >= kDictionaryMaxDepth || !TakeNamespaces(xml))
                 return false;
-            if (m_pTarget)
+            if (m_target)
                 BeginElement(xml);
             return true;
         case XML_READER_TYPE_END_ELEMENT:
-            if (m_pTarget)
+            if (m_target)
                 EndElement();
             return true;
         case XML_READER_TYPE_TEXT:
         case XML_READER_TYPE_CDATA:
         case XML_READER_TYPE_WHITESPACE:
         case XML_READER_TYPE_SIGNIFICANT_WHITESPACE:
-            m_text += m_pTarget && !m_open.empty() ? ViewOf(xmlTextReaderConstValue(xml)) : std::string_view();
+            m_text += m_target && !m_open.empty() ? ViewOf(xmlTextReaderConstValue(xml)) : std::string_view();
             return true;
         case XML_READER_TYPE_DOCUMENT_TYPE:
         case XML_READER_TYPE_ENTITY_REFERENCE:
@@ -262,11 +262,11 @@ void DictionaryReader::BeginElement(xmlTextReader* xml) {
     const bool isRoot = m_open.empty();
     OpenElement& element = m_open.emplace_back();
     if (isRoot)
-        element.dictionary = m_pTarget;
+        element.dictionary = m_target;
     else
         element.draft = std::make_unique<QcDtDictStringItem>();
-    QcDtDictItem& item = isRoot ? static_cast<QcDtDictItem&>(*m_pTarget) : *element.draft;
-    item.m_strTag = FromXmlUtf8(ViewOf(xmlTextReaderConstName(xml)));
+    QcDtDictItem& item = isRoot ? static_cast<QcDtDictItem&>(*m_target) : *element.draft;
+    item.m_tag = FromXmlUtf8(ViewOf(xmlTextReaderConstName(xml)));
     TakeAttributes(xml, element, item);
     if (isEmpty)
         EndElement();

@@ -107,7 +107,7 @@ private:
     static void Unescape(const OpenElement& element, QcDtDictItem& item);
     QcDtDictionary& DictionaryOf(OpenElement& element);
 
-    QcDtDictionary* m_pTarget = nullptr;  // null: only check
+    QcDtDictionary* m_target = nullptr;  // null: only check
     std::vector<OpenElement> m_open;
     std::vector<AttributeName> m_names;  // the last few: most elements have the same ones
     std::size_t m_nextName = 0;

@@ -20,15 +20,15 @@ const CString& NoText() {
 }  // namespace
 
 QcDtDictItem::~QcDtDictItem() {
-    if (m_pParent)
-        m_pParent->Detach(this);
+    if (m_parent)
+        m_parent->Detach(this);
 }
 
 void QcDtDictItem::SetName(const CString& name) {
-    if (m_pParent)
-        m_pParent->Rename(this, name);
+    if (m_parent)
+        m_parent->Rename(this, name);
     else
-        m_strName = name;
+        m_name = name;
 }
 
 const QcDtDictItem::Attribute* QcDtDictItem::FindAttribute(const wchar_t* name) const {
@@ -96,43 +96,43 @@ QcDtDictItem* QcDtDictItem::Create(int kind, const wchar_t* name) {
 }
 
 void QcDtDictItem::CopyNamesAndAttributes(const QcDtDictItem& other) {
-    SetTag(other.m_strTag);
-    SetName(other.m_strName);
-    SetLocalName(other.m_strLocalName);
+    SetTag(other.m_tag);
+    SetName(other.m_name);
+    SetLocalName(other.m_localName);
     m_attributes = other.m_attributes;
 }
 
 void QcDtDictItem::TakeNamesAndAttributes(QcDtDictItem& other) {
-    m_strTag = std::move(other.m_strTag);
-    m_strLocalName = std::move(other.m_strLocalName);
+    m_tag = std::move(other.m_tag);
+    m_localName = std::move(other.m_localName);
     m_attributes = std::move(other.m_attributes);
-    SetName(std::exchange(other.m_strName, CString()));
+    SetName(std::exchange(other.m_name, CString()));
 }
 
 QcDtDictFlagItem* QcDtDictFlagItem::Clone() const {
     auto copy = std::make_unique<QcDtDictFlagItem>();
     copy->CopyNamesAndAttributes(*this);
-    copy->m_nValue = m_nValue;
+    copy->m_value = m_value;
     return copy.release();
 }
 
 QcDtDictIntItem* QcDtDictIntItem::Clone() const {
     auto copy = std::make_unique<QcDtDictIntItem>();
     copy->CopyNamesAndAttributes(*this);
-    copy->m_nValue = m_nValue;
+    copy->m_value = m_value;
     return copy.release();
 }
 
 QcDtDictDoubleItem* QcDtDictDoubleItem::Clone() const {
     auto copy = std::make_unique<QcDtDictDoubleItem>();
     copy->CopyNamesAndAttributes(*this);
-    copy->m_dValue = m_dValue;
+    copy->m_value = m_value;
     return copy.release();
 }
 
 QcDtDictStringItem* QcDtDictStringItem::Clone() const {
     auto copy = std::make_unique<QcDtDictStringItem>();
     copy->CopyNamesAndAttributes(*this);
-    copy->m_strValue = m_strValue;
+    copy->m_value = m_value;
     return copy.release();
 }

@@ -61,24 +61,24 @@ QcDtDictItem* QcDtDictionary::ItemOf(QcDtNameEntry* entry) {
 }
 
 QcDtDictItem* QcDtDictionary::FindFirst(std::wstring_view name) const {
-    if (m_pIndex)
-        return ItemOf(m_pIndex->Find(name));
+    if (m_index)
+        return ItemOf(m_index->Find(name));
     const auto found = std::find_if(m_items.begin(), m_items.end(),
-                                    [name](const QcDtDictItem* item) { return item->m_strName.View() == name; });
+                                    [name](const QcDtDictItem* item) { return item->m_name.View() == name; });
     return found == m_items.end() ? nullptr : *found;
 }
 
 QcDtDictionary* QcDtDictionary::FindFirstDict(std::wstring_view name) const {
-    if (!m_pIndex) {
+    if (!m_index) {
         const auto found = std::find_if(m_items.begin(), m_items.end(), [name](const QcDtDictItem* item) {
-            return item->GetType() == QcDtKindDictionary && item->m_strName.View() == name;
+            return item->GetType() == QcDtKindDictionary && item->m_name.View() == name;
         });
         return found == m_items.end() ? nullptr : static_cast<QcDtDictionary*>(*found);
     }
-    QcDtDictItem* const first = ItemOf(m_pIndex->Find(name));
+    QcDtDictItem* const first = ItemOf(m_index->Find(name));
     QcDtDictItem* item = first;
     while (item && item->GetType() != QcDtKindDictionary)
-        item = item->m_pNextSame == first ? nullptr : ItemOf(item->m_pNextSame);
+        item = item->m_nextSame == first ? nullptr : ItemOf(item->m_nextSame);
     return static_cast<QcDtDictionary*>(item);
 }
 
@@ -115,11 +115,11 @@ QcDtDictionary* QcDtDictionary::FindOrAddDict(const wchar_t* name) {
 }
 
 bool QcDtDictionary::AppendItem(QcDtDictItem* item) {
-    if (!item || item->m_pParent || item == this)
+    if (!item || item->m_parent || item == this)
         return false;
     // Only a dictionary that holds something can be one that this dictionary lies in.
     if (item->GetType() == QcDtKindDictionary && static_cast<QcDtDictionary*>(item)->GetCount() > 0) {
-        for (const QcDtDictionary* outer = m_pParent; outer; outer = outer->m_pParent)
+        for (const QcDtDictionary* outer = m_parent; outer; outer = outer->m_parent)
             if (outer == item)
                 return false;
     }
@@ -129,41 +129,41 @@ bool QcDtDictionary::AppendItem(QcDtDictItem* item) {
 
 void QcDtDictionary::Enter(QcDtDictItem* item) {
     m_items.push_back(item);
-    item->m_pParent = this;
-    item->m_nOrder = m_nNextOrder++;
-    if (m_pIndex) {
-        m_pIndex->Add(item);
+    item->m_parent = this;
+    item->m_order = m_nextOrder++;
+    if (m_index) {
+        m_index->Add(item);
     } else if (m_items.size() > kMostItemsWithoutIndex) {
-        m_pIndex = std::make_unique<QcDtNameIndex>();
+        m_index = std::make_unique<QcDtNameIndex>();
         for (QcDtDictItem* each : m_items)
-            m_pIndex->Add(each);
+            m_index->Add(each);
     }
 }
 
 std::vector<QcDtDictItem*>::iterator QcDtDictionary::PositionOf(const QcDtDictItem* item) {
-    return std::lower_bound(m_items.begin(), m_items.end(), item->m_nOrder,
-                            [](const QcDtDictItem* each, std::uint64_t order) { return each->m_nOrder < order; });
+    return std::lower_bound(m_items.begin(), m_items.end(), item->m_order,
+                            [](const QcDtDictItem* each, std::uint64_t order) { return each->m_order < order; });
 }
 
 void QcDtDictionary::Detach(QcDtDictItem* item) {
-    if (m_pIndex)
-        m_pIndex->Remove(item);
+    if (m_index)
+        m_index->Remove(item);
     m_items.erase(PositionOf(item));
-    item->m_pParent = nullptr;
+    item->m_parent = nullptr;
 }
 
 void QcDtDictionary::Rename(QcDtDictItem* item, const CString& name) {
-    if (item->m_strName == name)
+    if (item->m_name == name)
         return;
-    if (m_pIndex)
-        m_pIndex->Remove(item);
-    item->m_strName = name;
-    if (m_pIndex)
-        m_pIndex->Add(item);
+    if (m_index)
+        m_index->Remove(item);
+    item->m_name = name;
+    if (m_index)
+        m_index->Add(item);
 }
 
 bool QcDtDictionary::RemoveItem(QcDtDictItem* item) {
-    if (!item || item->m_pParent != this)
+    if (!item || item->m_parent != this)
         return false;
     Detach(item);
     delete item;
@@ -174,10 +174,10 @@ void QcDtDictionary::RemoveAll() {
     // The items that are to go form a chain through their own links: no allocation, which could fail in a destructor.
     QcDtDictItem* doomed = nullptr;
     const auto doom = [&doomed](QcDtDictionary& dictionary) {
-        dictionary.m_pIndex.reset();
+        dictionary.m_index.reset();
         for (QcDtDictItem* item : dictionary.m_items) {
-            item->m_pParent = nullptr;
-            item->m_pNextSame = doomed;
+            item->m_parent = nullptr;
+            item->m_nextSame = doomed;
             doomed = item;
         }
         dictionary.m_items = {};
@@ -185,7 +185,7 @@ void QcDtDictionary::RemoveAll() {
     doom(*this);
     while (doomed) {
         QcDtDictItem* const item = doomed;
-        doomed = ItemOf(item->m_pNextSame);
+        doomed = ItemOf(item->m_nextSame);
         if (item->GetType() == QcDtKindDictionary)
             doom(static_cast<QcDtDictionary&>(*item));
         delete item;

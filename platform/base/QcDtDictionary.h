@@ -41,13 +41,13 @@ public:
     // A copy of the item with everything under it, without a parent. The caller owns it.
     virtual QcDtDictItem* Clone() const = 0;
 
-    const CString& GetTag() const { return m_strTag; }
-    void SetTag(const CString& tag) { m_strTag = tag; }
-    const CString& GetName() const { return m_strName; }
+    const CString& GetTag() const { return m_tag; }
+    void SetTag(const CString& tag) { m_tag = tag; }
+    const CString& GetName() const { return m_name; }
     // From here on the parent finds the item under the new name. The tag stays.
     void SetName(const CString& name);
-    const CString& GetLocalName() const { return m_strLocalName; }
-    void SetLocalName(const CString& name) { m_strLocalName = name; }
+    const CString& GetLocalName() const { return m_localName; }
+    void SetLocalName(const CString& name) { m_localName = name; }
 
     // Attributes: texts by name, each name once, in the order in which they were first set. Names are case-sensitive.
     // A missing attribute reads as an empty text or 0. No attribute has an empty name: setting one does nothing.
@@ -74,14 +74,14 @@ public:
     virtual void SetStringValue(const CString&) {}
 
     // The dictionary that owns the item; null for a root and for an item of its own.
-    QcDtDictionary* GetParent() const { return m_pParent; }
+    QcDtDictionary* GetParent() const { return m_parent; }
 
     // A new item of a kind whose tag and name are `name`; null for a code that is no kind. The caller owns it.
     static QcDtDictItem* Create(int kind, const wchar_t* name);
 
 protected:
     QcDtDictItem() = default;
-    explicit QcDtDictItem(const wchar_t* name) : QcDtNameEntry{name}, m_strTag(m_strName) {}
+    explicit QcDtDictItem(const wchar_t* name) : QcDtNameEntry{name}, m_tag(m_name) {}
     // Everything but the value and the parent.
     void CopyNamesAndAttributes(const QcDtDictItem& other);
     // The same by moving; the other item, which has no parent, is left without any.
@@ -97,10 +97,10 @@ private:
     };
     const Attribute* FindAttribute(const wchar_t* name) const;
 
-    CString m_strTag;
-    CString m_strLocalName;
+    CString m_tag;
+    CString m_localName;
     std::vector<Attribute> m_attributes;
-    QcDtDictionary* m_pParent = nullptr;
+    QcDtDictionary* m_parent = nullptr;
 };
 
 // A yes or no, held as an integer (any value is kept as it is).
@@ -109,11 +109,11 @@ public:
     explicit QcDtDictFlagItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindFlag; }
     QcDtDictFlagItem* Clone() const override;
-    int GetIntValue() const override { return m_nValue; }
-    void SetIntValue(int value) override { m_nValue = value; }
+    int GetIntValue() const override { return m_value; }
+    void SetIntValue(int value) override { m_value = value; }
 
 private:
-    int m_nValue = 0;
+    int m_value = 0;
 };
 
 class ORVO_API QcDtDictIntItem : public QcDtDictItem {
@@ -121,11 +121,11 @@ public:
     explicit QcDtDictIntItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindInteger; }
     QcDtDictIntItem* Clone() const override;
-    int GetIntValue() const override { return m_nValue; }
-    void SetIntValue(int value) override { m_nValue = value; }
+    int GetIntValue() const override { return m_value; }
+    void SetIntValue(int value) override { m_value = value; }
 
 private:
-    int m_nValue = 0;
+    int m_value = 0;
 };
 
 class ORVO_API QcDtDictDoubleItem : public QcDtDictItem {
@@ -133,11 +133,11 @@ public:
     explicit QcDtDictDoubleItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindDouble; }
     QcDtDictDoubleItem* Clone() const override;
-    double GetDoubleValue() const override { return m_dValue; }
-    void SetDoubleValue(double value) override { m_dValue = value; }
+    double GetDoubleValue() const override { return m_value; }
+    void SetDoubleValue(double value) override { m_value = value; }
 
 private:
-    double m_dValue = 0.0;
+    double m_value = 0.0;
 };
 
 class ORVO_API QcDtDictStringItem : public QcDtDictItem {
@@ -145,11 +145,11 @@ public:
     explicit QcDtDictStringItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindString; }
     QcDtDictStringItem* Clone() const override;
-    CString GetStringValue() const override { return m_strValue; }
-    void SetStringValue(const CString& value) override { m_strValue = value; }
+    CString GetStringValue() const override { return m_value; }
+    void SetStringValue(const CString& value) override { m_value = value; }
 
 private:
-    CString m_strValue;
+    CString m_value;
 };
 
 // A sequence of items that are found by index and by name. Names may repeat; a look-up gives the first item that bears
@@ -216,7 +216,7 @@ private:
     std::vector<QcDtDictItem*>::iterator PositionOf(const QcDtDictItem* item);
     void Enter(QcDtDictItem* item);
 
-    std::vector<QcDtDictItem*> m_items;       // in rising m_nOrder
-    std::unique_ptr<QcDtNameIndex> m_pIndex;  // only where searching the sequence would be slower
-    std::uint64_t m_nNextOrder = 0;
+    std::vector<QcDtDictItem*> m_items;      // in rising m_order
+    std::unique_ptr<QcDtNameIndex> m_index;  // only where searching the sequence would be slower
+    std::uint64_t m_nextOrder = 0;
 };

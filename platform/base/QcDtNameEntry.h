@@ -7,9 +7,9 @@
 
 // The base of an item. But for the name it belongs to the dictionary that the item lies in.
 struct QcDtNameEntry {
-    CString m_strName;
-    std::uint64_t m_nOrder = 0;  // rises along the dictionary's sequence
+    CString m_name;
+    std::uint64_t m_order = 0;  // rises along the dictionary's sequence
     // The ring of items that bear the same name, in the order of the dictionary; null as long as it has no index.
-    QcDtNameEntry* m_pNextSame = nullptr;
-    QcDtNameEntry* m_pPreviousSame = nullptr;
+    QcDtNameEntry* m_nextSame = nullptr;
+    QcDtNameEntry* m_previousSame = nullptr;
 };

@@ -34,43 +34,43 @@ QcDtNameEntry* QcDtNameIndex::Find(std::wstring_view name) const {
 }
 
 void QcDtNameIndex::Add(QcDtNameEntry* item) {
-    const auto [entry, isNew] = m_first.try_emplace(item->m_strName.View(), item);
+    const auto [entry, isNew] = m_first.try_emplace(item->m_name.View(), item);
     if (isNew) {
-        item->m_pNextSame = item->m_pPreviousSame = item;
+        item->m_nextSame = item->m_previousSame = item;
         return;
     }
     // Most arrive in order, behind the last; an item that was renamed may belong anywhere.
     QcDtNameEntry* const first = entry->second;
-    QcDtNameEntry* before = first->m_pPreviousSame;
-    const bool isNewFirst = item->m_nOrder < first->m_nOrder;
-    while (!isNewFirst && before->m_nOrder > item->m_nOrder)
-        before = before->m_pPreviousSame;
-    item->m_pPreviousSame = before;
-    item->m_pNextSame = before->m_pNextSame;
-    before->m_pNextSame->m_pPreviousSame = item;
-    before->m_pNextSame = item;
+    QcDtNameEntry* before = first->m_previousSame;
+    const bool isNewFirst = item->m_order < first->m_order;
+    while (!isNewFirst && before->m_order > item->m_order)
+        before = before->m_previousSame;
+    item->m_previousSame = before;
+    item->m_nextSame = before->m_nextSame;
+    before->m_nextSame->m_previousSame = item;
+    before->m_nextSame = item;
     if (isNewFirst)
         SetFirst(entry, item);
 }
 
 void QcDtNameIndex::Remove(QcDtNameEntry* item) {
-    const auto entry = m_first.find(item->m_strName.View());
-    QcDtNameEntry* const next = item->m_pNextSame;
+    const auto entry = m_first.find(item->m_name.View());
+    QcDtNameEntry* const next = item->m_nextSame;
     if (next == item) {
         m_first.erase(entry);
     } else {
-        item->m_pPreviousSame->m_pNextSame = next;
-        next->m_pPreviousSame = item->m_pPreviousSame;
+        item->m_previousSame->m_nextSame = next;
+        next->m_previousSame = item->m_previousSame;
         if (entry->second == item)
             SetFirst(entry, next);
     }
-    item->m_pNextSame = item->m_pPreviousSame = nullptr;
+    item->m_nextSame = item->m_previousSame = nullptr;
 }
 
 // The key goes with the item, since it is a view of the item's name.
 void QcDtNameIndex::SetFirst(Table::iterator entry, QcDtNameEntry* item) {
     auto node = m_first.extract(entry);
-    node.key() = item->m_strName.View();
+    node.key() = item->m_name.View();
     node.mapped() = item;
     m_first.insert(std::move(node));
 }

@@ -56,7 +56,7 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const wchar_t* path, CString* message) {
         const Acad::ErrorStatus status = drawing->Read(path, text);
         if (status != Acad::eOk)
             return Tell(status, text, message);
-        m_pDrawing = std::move(drawing);
+        m_dxf = std::move(drawing);
         OnDrawingRead(this);
         return Acad::eOk;
     } catch (...) {
@@ -70,11 +70,11 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
             message->Empty();
         if (!path || !*path)
             return Tell(Acad::eInvalidInput, PlatformText(L"没有给出图形文件名。"), message);
-        if (!m_pDrawing)
+        if (!m_dxf)
             return Tell(Acad::eInvalidInput, PlatformText(L"没有可以保存的图形。"), message);
         CString text;
         std::string storage;
-        const std::string_view bytes = m_pDrawing->WholeText(storage);
+        const std::string_view bytes = m_dxf->WholeText(storage);
         if (bytes.empty()) {
             text.Format(PlatformText(L"图形文件“%s”超过 2 GiB，没有保存，原来的文件没有改变。"), path);
             return Tell(Acad::eFileAccessErr, text, message);
@@ -82,7 +82,7 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
         const SaveResult result = SaveFileAtomically(path, bytes, nullptr);
         if (!result)
             return Tell(Acad::eFileAccessErr, SaveFailureText(path, result.cause), message);
-        m_pDrawing->m_nSavedChanges = m_pDrawing->m_nChanges;
+        m_dxf->m_savedCount = m_dxf->m_changeCount;
         return Acad::eOk;
     } catch (...) {
         return TellOutOfMemory(message);
@@ -90,46 +90,45 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
 }
 
 bool AcDbDatabase::IsModified() const {
-    return m_pDrawing && m_pDrawing->m_nChanges != m_pDrawing->m_nSavedChanges;
+    return m_dxf && m_dxf->m_changeCount != m_dxf->m_savedCount;
 }
 
 std::uint64_t AcDbDatabase::GetChangeCount() const {
-    return m_pDrawing ? m_pDrawing->m_nChanges : 0;
+    return m_dxf ? m_dxf->m_changeCount : 0;
 }
 
 std::size_t AcDbDatabase::GetEntityCount() const {
-    return m_pDrawing ? m_pDrawing->GetIndex().GetEntityCount() : 0;
+    return m_dxf ? m_dxf->GetIndex().GetEntityCount() : 0;
 }
 
 AcDbObjectId AcDbDatabase::GetEntityId(std::size_t index) const {
     if (index >= GetEntityCount())
         return {};
-    return m_pDrawing->IdOf(m_pDrawing->GetIndex().GetEntity(index));
+    return m_dxf->IdOf(m_dxf->GetIndex().GetEntity(index));
 }
 
 AcDbObjectId AcDbDatabase::FindHandle(std::uint64_t handle) const {
-    return m_pDrawing ? m_pDrawing->IdOf(m_pDrawing->GetIndex().FindHandle(handle)) : AcDbObjectId();
+    return m_dxf ? m_dxf->IdOf(m_dxf->GetIndex().FindHandle(handle)) : AcDbObjectId();
 }
 
 std::uint64_t AcDbDatabase::GetHandle(AcDbObjectId id) const {
-    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
-    return entry == DxfIndex::kNone ? 0 : m_pDrawing->HandleOf(entry);
+    const std::size_t entry = m_dxf ? m_dxf->EntryOf(id) : DxfIndex::kNone;
+    return entry == DxfIndex::kNone ? 0 : m_dxf->HandleOf(entry);
 }
 
 bool AcDbDatabase::IsSymbolTableRecord(AcDbObjectId id) const {
-    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
-    return entry != DxfIndex::kNone && m_pDrawing->GetIndex().GetKind(entry) == DxfKind::TableRecord;
+    const std::size_t entry = m_dxf ? m_dxf->EntryOf(id) : DxfIndex::kNone;
+    return entry != DxfIndex::kNone && m_dxf->GetIndex().GetKind(entry) == DxfKind::TableRecord;
 }
 
 bool AcDbDatabase::GetSymbolTableRecords(const char* table, std::vector<AcDbObjectId>& ids) const {
     ids.clear();
-    const bool isGood =
-        table && Guarded(false, [&] {
-            for (std::size_t entry = 0; m_pDrawing && entry < m_pDrawing->GetIndex().GetCount(); ++entry)
-                if (m_pDrawing->IsRecordOf(entry, table))
-                    ids.push_back(m_pDrawing->IdOf(entry));
-            return true;
-        });
+    const bool isGood = table && Guarded(false, [&] {
+                            for (std::size_t entry = 0; m_dxf && entry < m_dxf->GetIndex().GetCount(); ++entry)
+                                if (m_dxf->IsRecordOf(entry, table))
+                                    ids.push_back(m_dxf->IdOf(entry));
+                            return true;
+                        });
     if (!isGood)
         ids.clear();
     return isGood;
@@ -137,37 +136,35 @@ bool AcDbDatabase::GetSymbolTableRecords(const char* table, std::vector<AcDbObje
 
 bool AcDbDatabase::GetGroups(AcDbObjectId id, std::vector<DxfGroup>& groups) const {
     groups.clear();
-    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
+    const std::size_t entry = m_dxf ? m_dxf->EntryOf(id) : DxfIndex::kNone;
     return entry != DxfIndex::kNone && Guarded(false, [&] {
-               groups = ReadDxfGroups(m_pDrawing->TextOf(entry));
+               groups = ReadDxfGroups(m_dxf->TextOf(entry));
                return true;
            });
 }
 
 bool AcDbDatabase::SetGroups(AcDbObjectId id, const std::vector<DxfGroup>& groups) {
-    const std::size_t entry = m_pDrawing ? m_pDrawing->EntryOf(id) : DxfIndex::kNone;
-    return entry != DxfIndex::kNone && Guarded(false, [&] { return m_pDrawing->SetGroups(entry, groups); });
+    const std::size_t entry = m_dxf ? m_dxf->EntryOf(id) : DxfIndex::kNone;
+    return entry != DxfIndex::kNone && Guarded(false, [&] { return m_dxf->SetGroups(entry, groups); });
 }
 
 bool AcDbDatabase::GetHeaderVariable(const char* name, std::vector<DxfGroup>& groups) const {
     groups.clear();
-    if (!m_pDrawing || !name)
+    if (!m_dxf || !name)
         return false;
-    const bool isFound = Guarded(false, [&] { return m_pDrawing->GetHeaderVariable(name, groups); });
+    const bool isFound = Guarded(false, [&] { return m_dxf->GetHeaderVariable(name, groups); });
     if (!isFound)
         groups.clear();
     return isFound;
 }
 
 CString AcDbDatabase::Decode(std::string_view bytes) const {
-    return Guarded(CString(),
-                   [&] { return m_pDrawing ? m_pDrawing->GetCodec().Decode(bytes) : DxfTextCodec().Decode(bytes); });
+    return Guarded(CString(), [&] { return m_dxf ? m_dxf->GetCodec().Decode(bytes) : DxfTextCodec().Decode(bytes); });
 }
 
 bool AcDbDatabase::Encode(const CString& text, std::string& bytes) const {
-    const bool isGood = Guarded(false, [&] {
-        return m_pDrawing ? m_pDrawing->GetCodec().Encode(text, bytes) : DxfTextCodec().Encode(text, bytes);
-    });
+    const bool isGood = Guarded(
+        false, [&] { return m_dxf ? m_dxf->GetCodec().Encode(text, bytes) : DxfTextCodec().Encode(text, bytes); });
     if (!isGood)
         bytes.clear();
     return isGood;

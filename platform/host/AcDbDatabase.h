@@ -91,7 +91,7 @@ public:
     bool Encode(const CString& text, std::string& bytes) const;
 
 private:
-    std::unique_ptr<DxfDrawing> m_pDrawing;  // null: empty
+    std::unique_ptr<DxfDrawing> m_dxf;  // null: empty
 };
 
 // The drawing that the host has open; it belongs to whoever set it. Null: none.

@@ -9,21 +9,21 @@ class AcDbObjectId {
 public:
     constexpr AcDbObjectId() = default;
 
-    constexpr bool isNull() const { return m_nValue == 0; }
-    constexpr void setNull() { m_nValue = 0; }
+    constexpr bool isNull() const { return m_value == 0; }
+    constexpr void setNull() { m_value = 0; }
 
     // The id as a number, and an id from such a number. The order of ids has no meaning; it only makes them keys.
-    constexpr std::uint64_t asOldId() const { return m_nValue; }
+    constexpr std::uint64_t asOldId() const { return m_value; }
     static constexpr AcDbObjectId FromOldId(std::uint64_t value) {
         AcDbObjectId id;
-        id.m_nValue = value;
+        id.m_value = value;
         return id;
     }
 
-    constexpr bool operator==(const AcDbObjectId& other) const { return m_nValue == other.m_nValue; }
-    constexpr bool operator!=(const AcDbObjectId& other) const { return m_nValue != other.m_nValue; }
-    constexpr bool operator<(const AcDbObjectId& other) const { return m_nValue < other.m_nValue; }
+    constexpr bool operator==(const AcDbObjectId& other) const { return m_value == other.m_value; }
+    constexpr bool operator!=(const AcDbObjectId& other) const { return m_value != other.m_value; }
+    constexpr bool operator<(const AcDbObjectId& other) const { return m_value < other.m_value; }
 
 private:
-    std::uint64_t m_nValue = 0;
+    std::uint64_t m_value = 0;
 };

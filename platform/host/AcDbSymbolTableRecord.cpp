@@ -19,10 +19,10 @@ Acad::ErrorStatus AcDbSymbolTableRecord::getName(const wchar_t*& name) const {
     std::vector<DxfGroup> groups;
     if (!drawing || !drawing->GetGroups(objectId(), groups))
         return Acad::eKeyNotFound;
-    const auto group = std::find_if(groups.begin(), groups.end(), [](const DxfGroup& g) { return g.nCode == kName; });
+    const auto group = std::find_if(groups.begin(), groups.end(), [](const DxfGroup& g) { return g.code == kName; });
     if (group == groups.end())
         return Acad::eKeyNotFound;
-    m_strName = drawing->Decode(group->strValue);
-    name = m_strName;
+    m_name = drawing->Decode(group->value);
+    name = m_name;
     return Acad::eOk;
 }

@@ -19,5 +19,5 @@ private:
     explicit AcDbSymbolTableRecord(AcDbObjectId id) : AcDbObject(id) {}
     ~AcDbSymbolTableRecord() override;
 
-    mutable CString m_strName;  // holds what getName gave last
+    mutable CString m_name;  // holds what getName gave last
 };

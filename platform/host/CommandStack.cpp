@@ -41,7 +41,7 @@ Acad::ErrorStatus AcEdCommandStack::addCommand(const wchar_t* group, const wchar
     AcEdCommand command{CString(name), function, flags};
     auto& commands = Groups::Find(*m_groups, group)->commands;
     const auto same = std::find_if(commands.begin(), commands.end(), [&command](const AcEdCommand& other) {
-        return other.m_strName.CompareNoCase(command.m_strName) == 0;
+        return other.name.CompareNoCase(command.name) == 0;
     });
     if (same == commands.end())
         commands.push_back(std::move(command));
@@ -60,7 +60,7 @@ Acad::ErrorStatus AcEdCommandStack::removeGroup(const wchar_t* group) {
 
 void AcEdCommandStack::forget(const std::function<bool(AcRxFunctionPtr)>& isGone) {
     for (Groups::Group& group : m_groups->all)
-        std::erase_if(group.commands, [&isGone](const AcEdCommand& command) { return isGone(command.m_pFunction); });
+        std::erase_if(group.commands, [&isGone](const AcEdCommand& command) { return isGone(command.function); });
 }
 
 bool AcEdCommandStack::hasGroup(const wchar_t* group) const {
@@ -89,7 +89,7 @@ const AcEdCommand* AcEdCommandStack::commandAt(const wchar_t* group, int index) 
 const AcEdCommand* AcEdCommandStack::lookupCmd(const wchar_t* name) const {
     for (const auto& group : m_groups->all) {
         for (const AcEdCommand& command : group.commands)
-            if (command.m_strName.CompareNoCase(name) == 0)
+            if (command.name.CompareNoCase(name) == 0)
                 return &command;
     }
     return nullptr;

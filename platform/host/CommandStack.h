@@ -13,9 +13,9 @@ using AcRxFunctionPtr = void (*)();
 
 // One command: its name as the user types it and the function that it runs.
 struct AcEdCommand {
-    CString m_strName;
-    AcRxFunctionPtr m_pFunction = nullptr;
-    int m_nFlags = 0;
+    CString name;
+    AcRxFunctionPtr function = nullptr;
+    int flags = 0;
 };
 
 // All groups in the order in which they were defined. Names of groups and commands are compared without case of ASCII

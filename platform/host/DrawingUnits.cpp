@@ -13,7 +13,7 @@ bool g_bMeterUnitDraw = false;
 
 namespace {
 
-AcDbDatabase* g_pDrawing = nullptr;
+AcDbDatabase* g_drawing = nullptr;
 // The flag that others see is theirs to change too.
 bool g_isInMetres = false;
 
@@ -21,7 +21,7 @@ constexpr int kMetres = 6;
 constexpr int kIntegerCode = 70;
 
 void LookAtUnit() {
-    g_isInMetres = IsDrawingInMetres(g_pDrawing);
+    g_isInMetres = IsDrawingInMetres(g_drawing);
     g_bMeterUnitDraw = g_isInMetres;
 }
 
@@ -32,9 +32,9 @@ bool IsDrawingInMetres(const AcDbDatabase* drawing) {
     if (!drawing || !drawing->GetHeaderVariable("$INSUNITS", groups))
         return false;
     for (const DxfGroup& group : groups) {
-        if (group.nCode != kIntegerCode)
+        if (group.code != kIntegerCode)
             continue;
-        const std::string_view digits = TrimDxfValue(group.strValue);
+        const std::string_view digits = TrimDxfValue(group.value);
         int unit = 0;
         const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), unit);
         return error == std::errc() && end == digits.data() + digits.size() && unit == kMetres;
@@ -43,21 +43,21 @@ bool IsDrawingInMetres(const AcDbDatabase* drawing) {
 }
 
 AcDbDatabase* acdbCurDwg() {
-    return g_pDrawing;
+    return g_drawing;
 }
 
 void acdbSetCurDwg(AcDbDatabase* drawing) {
-    g_pDrawing = drawing;
+    g_drawing = drawing;
     LookAtUnit();
 }
 
 void OnDrawingRead(const AcDbDatabase* drawing) {
-    if (drawing == g_pDrawing)
+    if (drawing == g_drawing)
         LookAtUnit();
 }
 
 void OnDrawingClosed(const AcDbDatabase* drawing) {
-    if (drawing == g_pDrawing)
+    if (drawing == g_drawing)
         acdbSetCurDwg(nullptr);
 }
 

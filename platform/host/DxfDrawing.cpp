@@ -6,12 +6,12 @@
 namespace {
 
 // The next id that has not been given yet.
-std::atomic<std::uint64_t> g_nNextId{1};
+std::atomic<std::uint64_t> g_nextId{1};
 
 constexpr int kVariable = 9;
 
 std::string FirstValue(const std::vector<DxfGroup>& groups) {
-    return groups.empty() ? std::string() : std::string(TrimDxfValue(groups[0].strValue));
+    return groups.empty() ? std::string() : std::string(TrimDxfValue(groups[0].value));
 }
 
 }  // namespace
@@ -28,7 +28,7 @@ Acad::ErrorStatus DxfDrawing::Read(const wchar_t* path, CString& message) {
     }
     m_style = DxfStyleOf(m_file.View());
     m_codec = ChooseCodec();
-    m_nFirstId = g_nNextId.fetch_add(m_index.GetCount());
+    m_firstId = g_nextId.fetch_add(m_index.GetCount());
     return Acad::eOk;
 }
 
@@ -44,15 +44,15 @@ DxfTextCodec DxfDrawing::ChooseCodec() const {
 }
 
 std::size_t DxfDrawing::EntryOf(AcDbObjectId id) const {
-    const std::uint64_t entry = id.asOldId() - m_nFirstId;
-    if (id.asOldId() < m_nFirstId || entry >= m_index.GetCount())
+    const std::uint64_t entry = id.asOldId() - m_firstId;
+    if (id.asOldId() < m_firstId || entry >= m_index.GetCount())
         return DxfIndex::kNone;
     const auto known = static_cast<std::size_t>(entry);
     return m_index.GetKind(known) == DxfKind::Structure ? DxfIndex::kNone : known;
 }
 
 AcDbObjectId DxfDrawing::IdOf(std::size_t entry) const {
-    return entry == DxfIndex::kNone ? AcDbObjectId() : AcDbObjectId::FromOldId(m_nFirstId + entry);
+    return entry == DxfIndex::kNone ? AcDbObjectId() : AcDbObjectId::FromOldId(m_firstId + entry);
 }
 
 std::string_view DxfDrawing::ReadText(std::size_t entry) const {
@@ -72,9 +72,9 @@ std::uint64_t DxfDrawing::HandleOf(std::size_t entry) const {
     DxfRawGroup group;
     int code = 0;
     while (scanner.Next(group))
-        if (group.nCode == 0)
+        if (group.code == 0)
             code = DxfHandleCode(m_index.GetKind(entry), TrimDxfValue(group.ValueIn(text)));
-        else if (group.nCode == code)
+        else if (group.code == code)
             return ParseDxfHandle(group.ValueIn(text));
     return 0;
 }
@@ -93,13 +93,13 @@ bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& group
         return false;
     const std::string_view text = TextOf(entry);
     const std::vector<DxfGroup> before = ReadDxfGroups(text);
-    const int handleCode = DxfHandleCode(m_index.GetKind(entry), TrimDxfValue(before[0].strValue));
+    const int handleCode = DxfHandleCode(m_index.GetKind(entry), TrimDxfValue(before[0].value));
     if (IdentityOf(before, handleCode) != IdentityOf(groups, handleCode))
         return false;
     if (before == groups)
         return true;
     m_changes[entry] = RewriteDxfObject(text, groups, m_style);
-    ++m_nChanges;
+    ++m_changeCount;
     return true;
 }
 
@@ -112,12 +112,12 @@ bool DxfDrawing::GetHeaderVariable(std::string_view name, std::vector<DxfGroup>&
     DxfRawGroup group;
     bool isFound = false;
     while (scanner.Next(group)) {
-        if (group.nCode == kVariable) {
+        if (group.code == kVariable) {
             if (isFound)
                 break;
             isFound = TrimDxfValue(group.ValueIn(text)) == name;
-        } else if (isFound && group.nCode != kDxfComment) {
-            groups.push_back({group.nCode, std::string(group.ValueIn(text))});
+        } else if (isFound && group.code != kDxfComment) {
+            groups.push_back({group.code, std::string(group.ValueIn(text))});
         }
     }
     return isFound;

@@ -38,8 +38,8 @@ public:
     // has become too large for a file.
     std::string_view WholeText(std::string& storage) const;
 
-    std::uint64_t m_nChanges = 0;       // since it was read
-    std::uint64_t m_nSavedChanges = 0;  // how many of them have been saved
+    std::uint64_t m_changeCount = 0;  // since it was read
+    std::uint64_t m_savedCount = 0;   // how many of them have been saved
 
 private:
     std::string_view ReadText(std::size_t entry) const;
@@ -49,6 +49,6 @@ private:
     DxfIndex m_index;
     DxfTextCodec m_codec;
     DxfStyle m_style;
-    std::uint64_t m_nFirstId = 0;
+    std::uint64_t m_firstId = 0;
     std::map<std::size_t, std::string> m_changes;
 };

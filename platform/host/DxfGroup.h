@@ -4,11 +4,11 @@
 #include <string>
 
 struct DxfGroup {
-    int nCode = 0;
+    int code = 0;
     // The bytes of the value's line as they are in the file, blanks included, without its line end. AcDbDatabase's
     // Decode and Encode turn them into text and back.
-    std::string strValue;
+    std::string value;
 
-    bool operator==(const DxfGroup& other) const { return nCode == other.nCode && strValue == other.strValue; }
+    bool operator==(const DxfGroup& other) const { return code == other.code && value == other.value; }
     bool operator!=(const DxfGroup& other) const { return !(*this == other); }
 };

@@ -60,7 +60,7 @@ bool DxfIndex::Build(std::string_view text, DxfFault& fault, std::size_t& place)
         }
         if (!OnGroup(group, text)) {
             fault = m_fault;
-            place = group.nStart;
+            place = group.start;
             return false;
         }
     }
@@ -70,11 +70,11 @@ bool DxfIndex::Build(std::string_view text, DxfFault& fault, std::size_t& place)
 }
 
 bool DxfIndex::OnGroup(const DxfRawGroup& group, std::string_view text) {
-    if (group.nCode == 0) {
+    if (group.code == 0) {
         if (m_section == Section::Unnamed)
             return Refuse(DxfFault::NameExpected);
         const std::string_view type = TrimDxfValue(group.ValueIn(text));
-        m_begins.push_back(static_cast<std::uint32_t>(group.nStart));
+        m_begins.push_back(static_cast<std::uint32_t>(group.start));
         m_kind = DxfKind::Structure;
         m_handleCode = 0;
         const bool isGood = OnBegin(type);
@@ -83,20 +83,20 @@ bool DxfIndex::OnGroup(const DxfRawGroup& group, std::string_view text) {
             m_handleCode = DxfHandleCode(m_kind, type);
         return isGood;
     }
-    if (group.nCode == m_handleCode) {
+    if (group.code == m_handleCode) {
         m_handleCode = 0;
         if (const std::uint64_t handle = ParseDxfHandle(group.ValueIn(text)))
             m_handles.emplace_back(handle, static_cast<std::uint32_t>(m_begins.size() - 1));
         return true;
     }
-    if (m_section > Section::Unnamed || group.nCode == kDxfComment)
+    if (m_section > Section::Unnamed || group.code == kDxfComment)
         return true;
     return m_section == Section::None ? Refuse(DxfFault::SectionExpected)
                                       : OnSectionName(group, TrimDxfValue(group.ValueIn(text)));
 }
 
 bool DxfIndex::OnSectionName(const DxfRawGroup& group, std::string_view name) {
-    if (group.nCode != kName)
+    if (group.code != kName)
         return Refuse(DxfFault::NameExpected);
     if (name == "HEADER" && m_header == kNone)
         m_header = m_begins.size() - 1;

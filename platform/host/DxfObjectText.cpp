@@ -13,7 +13,7 @@ constexpr std::size_t kMostDistance = 32;
 
 // A group of the former text with all that belongs to it.
 struct Piece {
-    int nCode = 0;
+    int code = 0;
     std::string_view codeLine;  // with its line end
     std::string_view value;
     std::string_view rest;  // the value's line end and the comments that follow
@@ -21,7 +21,7 @@ struct Piece {
 };
 
 bool IsSame(const Piece& piece, const DxfGroup& group) {
-    return piece.nCode == group.nCode && piece.value == group.strValue;
+    return piece.code == group.code && piece.value == group.value;
 }
 
 std::vector<Piece> ReadPieces(std::string_view text) {
@@ -31,13 +31,13 @@ std::vector<Piece> ReadPieces(std::string_view text) {
     std::size_t start = 0;
     std::size_t valueEnd = 0;
     while (scanner.Next(group)) {
-        if (group.nCode != kDxfComment) {
-            start = group.nStart;
-            valueEnd = group.nValueEnd;
-            pieces.push_back({group.nCode, text.substr(start, group.nValue - start), group.ValueIn(text), {}, {}});
+        if (group.code != kDxfComment) {
+            start = group.start;
+            valueEnd = group.valueEnd;
+            pieces.push_back({group.code, text.substr(start, group.valueStart - start), group.ValueIn(text), {}, {}});
         }
-        pieces.back().rest = text.substr(valueEnd, group.nEnd - valueEnd);
-        pieces.back().all = text.substr(start, group.nEnd - start);
+        pieces.back().rest = text.substr(valueEnd, group.groupEnd - valueEnd);
+        pieces.back().all = text.substr(start, group.groupEnd - start);
     }
     return pieces;
 }
@@ -106,24 +106,24 @@ private:
         for (; count > 0; --count, ++m_piece, ++m_group) {
             const Piece& piece = m_pieces[m_piece];
             const DxfGroup& group = m_groups[m_group];
-            if (piece.nCode == group.nCode)
+            if (piece.code == group.code)
                 m_text += piece.codeLine;
             else
-                WriteCode(group.nCode);
-            m_text += group.strValue;
+                WriteCode(group.code);
+            m_text += group.value;
             m_text += piece.rest;
         }
     }
     void WriteNew(std::size_t count) {
         for (; count > 0; --count, ++m_group) {
-            WriteCode(m_groups[m_group].nCode);
-            m_text += m_groups[m_group].strValue;
+            WriteCode(m_groups[m_group].code);
+            m_text += m_groups[m_group].value;
             m_text += m_style.lineEnd;
         }
     }
     void WriteCode(int code) {
         const std::string digits = std::to_string(code);
-        m_text.append(m_style.nCodeWidth > digits.size() ? m_style.nCodeWidth - digits.size() : 0, ' ');
+        m_text.append(m_style.codeWidth > digits.size() ? m_style.codeWidth - digits.size() : 0, ' ');
         m_text += digits;
         m_text += m_style.lineEnd;
     }
@@ -151,7 +151,7 @@ DxfStyle DxfStyleOf(std::string_view text) {
         style.lineEnd = "\r\n";
     const std::size_t digits = line.find_first_not_of(' ');
     if (digits != std::string_view::npos)
-        style.nCodeWidth = std::min(kMostWidth, std::min(line.find_first_not_of("0123456789", digits), line.size()));
+        style.codeWidth = std::min(kMostWidth, std::min(line.find_first_not_of("0123456789", digits), line.size()));
     return style;
 }
 
@@ -160,31 +160,31 @@ std::vector<DxfGroup> ReadDxfGroups(std::string_view text) {
     DxfScanner scanner(text);
     DxfRawGroup group;
     while (scanner.Next(group))
-        if (group.nCode != kDxfComment)
-            groups.push_back({group.nCode, std::string(group.ValueIn(text))});
+        if (group.code != kDxfComment)
+            groups.push_back({group.code, std::string(group.ValueIn(text))});
     return groups;
 }
 
 DxfIdentity IdentityOf(const std::vector<DxfGroup>& groups, int handleCode) {
     DxfIdentity identity;
-    if (!groups.empty() && groups[0].nCode == 0)
-        identity.type = groups[0].strValue;
+    if (!groups.empty() && groups[0].code == 0)
+        identity.type = groups[0].value;
     const auto handle =
-        std::find_if(groups.begin(), groups.end(), [=](const DxfGroup& group) { return group.nCode == handleCode; });
+        std::find_if(groups.begin(), groups.end(), [=](const DxfGroup& group) { return group.code == handleCode; });
     if (handle != groups.end())
-        identity.handle = ParseDxfHandle(handle->strValue);
+        identity.handle = ParseDxfHandle(handle->value);
     return identity;
 }
 
 bool AreDxfGroupsSound(const std::vector<DxfGroup>& groups) {
-    if (groups.empty() || groups[0].nCode != 0)
+    if (groups.empty() || groups[0].code != 0)
         return false;
     for (std::size_t i = 0; i < groups.size(); ++i) {
         const DxfGroup& group = groups[i];
-        const bool isCodeGood = group.nCode >= kLeastDxfCode && group.nCode <= kMostDxfCode &&
-                                group.nCode != kDxfComment && (i == 0 || group.nCode != 0);
-        if (!isCodeGood || group.strValue.size() > kLongestDxfLine ||
-            group.strValue.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos)
+        const bool isCodeGood = group.code >= kLeastDxfCode && group.code <= kMostDxfCode &&
+                                group.code != kDxfComment && (i == 0 || group.code != 0);
+        if (!isCodeGood || group.value.size() > kLongestDxfLine ||
+            group.value.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos)
             return false;
     }
     return true;

@@ -13,7 +13,7 @@
 // How a file is written.
 struct DxfStyle {
     std::string_view lineEnd = "\n";
-    std::size_t nCodeWidth = 0;  // codes are padded to it on the left
+    std::size_t codeWidth = 0;  // codes are padded to it on the left
 };
 
 // The style of a text, by its first line (behind a byte-order mark).

@@ -24,13 +24,13 @@ inline std::string_view TrimDxfValue(std::string_view value) {
 
 // One group where it stands in the text.
 struct DxfRawGroup {
-    int nCode = 0;
-    std::size_t nStart = 0;     // of the code's line
-    std::size_t nValue = 0;     // of the value's line
-    std::size_t nValueEnd = 0;  // before its line end
-    std::size_t nEnd = 0;       // behind its line end
+    int code = 0;
+    std::size_t start = 0;       // of the code's line
+    std::size_t valueStart = 0;  // of the value's line
+    std::size_t valueEnd = 0;    // before its line end
+    std::size_t groupEnd = 0;    // behind its line end
 
-    std::string_view ValueIn(std::string_view text) const { return text.substr(nValue, nValueEnd - nValue); }
+    std::string_view ValueIn(std::string_view text) const { return text.substr(valueStart, valueEnd - valueStart); }
 };
 
 class DxfScanner {
@@ -46,7 +46,7 @@ public:
             return Fail(Stop::End, m_at);
         const char* const start = m_at;
         const char* at = start;
-        if (!ReadCode(at, group.nCode))
+        if (!ReadCode(at, group.code))
             return false;
         const std::size_t rest = static_cast<std::size_t>(m_end - at);
         if (rest == 0)
@@ -58,10 +58,10 @@ public:
             --valueEnd;
         if (static_cast<std::size_t>(valueEnd - at) > kLongestDxfLine)
             return Fail(Stop::LongLine, at);
-        group.nStart = static_cast<std::size_t>(start - m_begin);
-        group.nValue = static_cast<std::size_t>(at - m_begin);
-        group.nValueEnd = static_cast<std::size_t>(valueEnd - m_begin);
-        group.nEnd = static_cast<std::size_t>(next - m_begin);
+        group.start = static_cast<std::size_t>(start - m_begin);
+        group.valueStart = static_cast<std::size_t>(at - m_begin);
+        group.valueEnd = static_cast<std::size_t>(valueEnd - m_begin);
+        group.groupEnd = static_cast<std::size_t>(next - m_begin);
         m_at = next;
         return true;
     }

@@ -16,7 +16,7 @@ GroupValue ReadNamedGroup(const AcDbDatabase& drawing, AcDbObjectId owner, const
                           const GroupItem& item, std::size_t occurrence) {
     GroupValue value = ReadGroup(drawing, groups, item);
     if (value.storage == GroupStorage::Name && value.name[0] != 0)
-        value.name[1] = SecondWord({owner, item.code, occurrence}, groups[item.first].strValue);
+        value.name[1] = SecondWord({owner, item.code, occurrence}, groups[item.first].value);
     return value;
 }
 
@@ -45,7 +45,7 @@ bool EntityEdit::Change(std::size_t item, std::size_t occurrence, const GroupVal
     const bool isSameObject = value.storage == GroupStorage::Name && value.name[0] != 0 && value.name[0] == old.name[0];
     if (!isSameObject && !WriteGroup(m_drawing, old, value, groups))
         return false;
-    NoteName(occurrence, value, groups.front().strValue);
+    NoteName(occurrence, value, groups.front().value);
     std::move(groups.begin(), groups.end(), first);
     return true;
 }
@@ -54,8 +54,8 @@ bool EntityEdit::Append(std::size_t occurrence, const GroupValue& value) {
     std::vector<DxfGroup>& end = value.code >= kExtendedData ? m_extendedData : m_ownData;
     if (!WriteNewGroup(m_drawing, value, end))
         return false;
-    ++m_nAppended;
-    NoteName(occurrence, value, end.back().strValue);
+    ++m_appended;
+    NoteName(occurrence, value, end.back().value);
     return true;
 }
 
@@ -67,7 +67,7 @@ void EntityEdit::NoteName(std::size_t occurrence, const GroupValue& value, const
 std::vector<DxfGroup> EntityEdit::Result() const {
     std::vector<DxfGroup> result = m_groups;
     const auto ownEnd = std::find_if(result.begin(), result.end(), [](const DxfGroup& group) {
-        return group.nCode == kEmbeddedObject || group.nCode >= kExtendedData;
+        return group.code == kEmbeddedObject || group.code >= kExtendedData;
     });
     result.insert(ownEnd, m_ownData.begin(), m_ownData.end());
     result.insert(result.end(), m_extendedData.begin(), m_extendedData.end());
@@ -77,7 +77,7 @@ std::vector<DxfGroup> EntityEdit::Result() const {
 // A number that came to stand behind a point without its last coordinates would be read as one of them: 38 behind 18
 // and 28, for instance.
 bool EntityEdit::ReadsBack(const std::vector<DxfGroup>& result) const {
-    return m_nAppended == 0 || GatherGroups(result).size() == m_items.size() + m_nAppended;
+    return m_appended == 0 || GatherGroups(result).size() == m_items.size() + m_appended;
 }
 
 bool EntityEdit::Apply() {

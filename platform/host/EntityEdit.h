@@ -44,7 +44,7 @@ private:
     std::vector<GroupItem> m_items;
     std::unordered_map<int, std::vector<std::size_t>> m_itemsOf;  // by code
     std::unordered_map<int, std::size_t> m_taken;                 // by code
-    std::size_t m_nAppended = 0;
+    std::size_t m_appended = 0;
     std::vector<DxfGroup> m_ownData;
     std::vector<DxfGroup> m_extendedData;
     std::vector<KeptWord> m_words;

@@ -38,18 +38,18 @@ void SetExtensionModuleFailureForTest(bool fail) {
 }
 
 CDynLinkLibrary::CDynLinkLibrary(const AFX_EXTENSION_MODULE& state)
-    : m_hModule(state.hModule), m_hResource(state.hResource), m_pNext(g_firstLibrary) {
+    : m_module(state.hModule), m_resources(state.hResource), m_next(g_firstLibrary) {
     g_firstLibrary = this;
 }
 
 CDynLinkLibrary::~CDynLinkLibrary() {
     if (g_firstLibrary == this) {
-        g_firstLibrary = m_pNext;
+        g_firstLibrary = m_next;
         return;
     }
-    for (CDynLinkLibrary* library = g_firstLibrary; library; library = library->m_pNext)
-        if (library->m_pNext == this)
-            library->m_pNext = m_pNext;
+    for (CDynLinkLibrary* library = g_firstLibrary; library; library = library->m_next)
+        if (library->m_next == this)
+            library->m_next = m_next;
 }
 
 CDynLinkLibrary* AfxGetFirstDynLinkLibrary() {

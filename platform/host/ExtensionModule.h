@@ -31,15 +31,15 @@ public:
     CDynLinkLibrary(const CDynLinkLibrary&) = delete;
     CDynLinkLibrary& operator=(const CDynLinkLibrary&) = delete;
 
-    HINSTANCE GetModule() const { return m_hModule; }
-    HINSTANCE GetResources() const { return m_hResource; }
+    HINSTANCE GetModule() const { return m_module; }
+    HINSTANCE GetResources() const { return m_resources; }
     // The next object in the framework's list, newest first; null at its end.
-    CDynLinkLibrary* GetNext() const { return m_pNext; }
+    CDynLinkLibrary* GetNext() const { return m_next; }
 
 private:
-    HINSTANCE m_hModule;
-    HINSTANCE m_hResource;
-    CDynLinkLibrary* m_pNext;
+    HINSTANCE m_module;
+    HINSTANCE m_resources;
+    CDynLinkLibrary* m_next;
 };
 
 // The newest object in the framework's list; null when there is none.

@@ -7,12 +7,12 @@ namespace {
 
 // How many of the groups from `first` on make one value.
 std::size_t CountCoordinates(const std::vector<DxfGroup>& groups, std::size_t first) {
-    const int code = groups[first].nCode;
+    const int code = groups[first].code;
     if (StorageOf(code) != GroupStorage::Point)
         return 1;
     std::size_t count = 1;
     while (count < 3 && first + count < groups.size()) {
-        if (groups[first + count].nCode != code + 10 * static_cast<int>(count))
+        if (groups[first + count].code != code + 10 * static_cast<int>(count))
             break;
         ++count;
     }
@@ -24,6 +24,6 @@ std::size_t CountCoordinates(const std::vector<DxfGroup>& groups, std::size_t fi
 std::vector<GroupItem> GatherGroups(const std::vector<DxfGroup>& groups) {
     std::vector<GroupItem> items;
     for (std::size_t i = 0; i < groups.size(); i += items.back().count)
-        items.push_back({groups[i].nCode, i, CountCoordinates(groups, i)});
+        items.push_back({groups[i].code, i, CountCoordinates(groups, i)});
     return items;
 }

@@ -5,7 +5,7 @@
 #include "platform/host/HostMessages.h"
 #include "platform/host/ModuleLoader.h"
 
-HostDrawing::HostDrawing(AcDbDatabase& drawing) : m_drawing(drawing), m_pBefore(acdbCurDwg()) {
+HostDrawing::HostDrawing(AcDbDatabase& drawing) : m_drawing(drawing), m_before(acdbCurDwg()) {
     acdbSetCurDwg(&m_drawing);
     SendToPlugIns(AcRx::kLoadDwgMsg);
 }
@@ -13,5 +13,5 @@ HostDrawing::HostDrawing(AcDbDatabase& drawing) : m_drawing(drawing), m_pBefore(
 HostDrawing::~HostDrawing() {
     acdbSetCurDwg(&m_drawing);
     SendToPlugIns(AcRx::kUnloadDwgMsg);
-    acdbSetCurDwg(m_pBefore);
+    acdbSetCurDwg(m_before);
 }

@@ -18,5 +18,5 @@ public:
 
 private:
     AcDbDatabase& m_drawing;
-    AcDbDatabase* m_pBefore;
+    AcDbDatabase* m_before;
 };

@@ -73,7 +73,7 @@ std::array<std::uint64_t, 2> ReadName(const AcDbDatabase& drawing, const std::st
 }  // namespace
 
 GroupValue ReadGroup(const AcDbDatabase& drawing, const std::vector<DxfGroup>& groups, const GroupItem& item) {
-    const std::string& text = groups[item.first].strValue;
+    const std::string& text = groups[item.first].value;
     GroupValue value;
     value.code = item.code;
     value.storage = StorageOf(item.code);
@@ -84,7 +84,7 @@ GroupValue ReadGroup(const AcDbDatabase& drawing, const std::vector<DxfGroup>& g
         case GroupStorage::Real:
         case GroupStorage::Point:
             for (std::size_t i = 0; i < item.count; ++i)
-                value.point[i] = ReadReal(groups[item.first + i].strValue);
+                value.point[i] = ReadReal(groups[item.first + i].value);
             break;
         case GroupStorage::Short:
             value.integer = static_cast<std::int16_t>(ReadInteger(text));

@@ -109,7 +109,7 @@ bool WriteGroup(const AcDbDatabase& drawing, const GroupValue& old, const GroupV
     if (value.storage != GroupStorage::Point) {
         const Text text = TextOf(drawing, value, 0);
         if (text)
-            groups.front().strValue = *text;
+            groups.front().value = *text;
         return text.has_value();
     }
     for (std::size_t i = 0; i < value.point.size(); ++i) {
@@ -118,7 +118,7 @@ bool WriteGroup(const AcDbDatabase& drawing, const GroupValue& old, const GroupV
         const Text text = TextOf(drawing, value, i);
         if (!text || i >= groups.size())
             return false;
-        groups[i].strValue = *text;
+        groups[i].value = *text;
     }
     return true;
 }

@@ -103,21 +103,21 @@ const CRuntimeClass* CBitmap::GetRuntimeClass() const {
 }
 
 BOOL CBitmap::CreateBitmap(int width, int height, UINT planes, UINT bits, const void* pixels) {
-    if (m_hObject != nullptr)
+    if (m_bitmap != nullptr)
         return FALSE;
     return Attach(::CreateBitmap(width, height, planes, bits, pixels));
 }
 
 BOOL CBitmap::Attach(HBITMAP bitmap) {
-    if (bitmap == nullptr || m_hObject != nullptr)
+    if (bitmap == nullptr || m_bitmap != nullptr)
         return FALSE;
-    m_hObject = bitmap;
+    m_bitmap = bitmap;
     return TRUE;
 }
 
 HBITMAP CBitmap::Detach() {
-    const HBITMAP bitmap = m_hObject;
-    m_hObject = nullptr;
+    const HBITMAP bitmap = m_bitmap;
+    m_bitmap = nullptr;
     return bitmap;
 }
 
@@ -126,5 +126,5 @@ BOOL CBitmap::DeleteObject() {
 }
 
 int CBitmap::GetBitmap(BITMAP* out) const {
-    return GetObject(m_hObject, static_cast<int>(sizeof(BITMAP)), out);
+    return GetObject(m_bitmap, static_cast<int>(sizeof(BITMAP)), out);
 }

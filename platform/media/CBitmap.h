@@ -47,11 +47,11 @@ public:
     HBITMAP Detach();
     // Frees the bitmap. False when there is none.
     BOOL DeleteObject();
-    HBITMAP GetSafeHandle() const { return m_hObject; }
-    operator HBITMAP() const { return m_hObject; }
+    HBITMAP GetSafeHandle() const { return m_bitmap; }
+    operator HBITMAP() const { return m_bitmap; }
     // As the function GetObject gives it; 0 when there is none.
     int GetBitmap(BITMAP* out) const;
 
 private:
-    HBITMAP m_hObject = nullptr;
+    HBITMAP m_bitmap = nullptr;
 };

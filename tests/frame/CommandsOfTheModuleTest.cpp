@@ -44,7 +44,7 @@ AcEdCommandStack& Stack() {
 void RunCommand(const wchar_t* name) {
     const AcEdCommand* command = Stack().lookupCmd(name);
     ASSERT_NE(command, nullptr);
-    command->m_pFunction();
+    command->function();
 }
 
 std::string NameOf(const ModalWindow& window) {
@@ -85,12 +85,12 @@ TEST_F(CommandsOfTheModule, AreTheTwoOfTheTableInTheirOrder) {
     static_assert(std::is_same_v<decltype(g_commandTable), QcCmdTable[2]>, "writable, two rows");
     EXPECT_EQ(kCommandCount, 2);
     ASSERT_EQ(Stack().commandCount(L"OrvoDataBase"), 2);
-    EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", 0)->m_strName, L"QcCityData");
-    EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", 1)->m_strName, L"QSetSunPrec");
+    EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", 0)->name, L"QcCityData");
+    EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", 1)->name, L"QSetSunPrec");
     for (int index = 0; index < 2; ++index) {
-        EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", index)->m_nFlags, 0) << index;
+        EXPECT_EQ(Stack().commandAt(L"OrvoDataBase", index)->flags, 0) << index;
         EXPECT_EQ(g_commandTable[index].m_nReserved, 0) << index;
-        EXPECT_EQ(g_commandTable[index].m_pFunction, Stack().commandAt(L"OrvoDataBase", index)->m_pFunction) << index;
+        EXPECT_EQ(g_commandTable[index].m_pFunction, Stack().commandAt(L"OrvoDataBase", index)->function) << index;
     }
 }
 

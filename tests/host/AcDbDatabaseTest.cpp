@@ -12,7 +12,7 @@ namespace {
 
 std::string TypeOf(const OpenDrawing& drawing, AcDbObjectId id) {
     const std::vector<DxfGroup> groups = drawing.Groups(id);
-    return groups.empty() ? std::string() : groups[0].strValue;
+    return groups.empty() ? std::string() : groups[0].value;
 }
 
 }  // namespace
@@ -129,7 +129,7 @@ TEST(AcDbDatabase, ListsTheRecordsOfATableInTheFilesOrder) {
     ASSERT_TRUE(drawing.database.GetSymbolTableRecords("LAYER", ids));
     ASSERT_EQ(ids.size(), 3U);
     EXPECT_EQ(ids[0], drawing.Handle(1));
-    EXPECT_EQ(drawing.Groups(ids[1])[1].strValue, "no handle");
+    EXPECT_EQ(drawing.Groups(ids[1])[1].value, "no handle");
     EXPECT_EQ(ids[2], drawing.Handle(4));
     ASSERT_TRUE(drawing.database.GetSymbolTableRecords("LTYPE", ids));
     EXPECT_EQ(ids, std::vector<AcDbObjectId>{drawing.Handle(3)});
@@ -172,7 +172,7 @@ TEST(AcDbDatabase, KnowsNoIdsButThoseOfItsObjects) {
         if (drawing.database.GetGroups(AcDbObjectId::FromOldId(value), groups)) {
             ++known;
             ASSERT_FALSE(groups.empty());
-            EXPECT_TRUE(groups[0].strValue != "SECTION" && groups[0].strValue != "ENDTAB");
+            EXPECT_TRUE(groups[0].value != "SECTION" && groups[0].value != "ENDTAB");
         } else {
             EXPECT_TRUE(groups.empty());
         }

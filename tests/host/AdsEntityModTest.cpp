@@ -126,7 +126,7 @@ TEST_F(AdsEntityMod, EncodesTexts) {
     const OwnedChain again = DataOf(m_drawing->Id(0xA1));
     EXPECT_STREQ(FindBuffer(again.get(), 1)->resval.rstring, L"窗");
     EXPECT_STREQ(FindBuffer(again.get(), 2)->resval.rstring, L"\x20AC 𠮷");
-    EXPECT_EQ(m_drawing->Groups(0xA1)[2].strValue, "\xB4\xB0");
+    EXPECT_EQ(m_drawing->Groups(0xA1)[2].value, "\xB4\xB0");
 }
 
 TEST_F(AdsEntityMod, WritesBytesAsHexadecimalDigits) {
@@ -173,7 +173,7 @@ TEST_F(AdsEntityMod, ForgetsTheSecondWordWithTheFirst) {
     Open("330\nA2\n");
     EXPECT_EQ(Modify([](resbuf* chain) { FindBuffer(chain, 330)->resval.rlname[1] = 71; }), RTNORM);
     std::vector<DxfGroup> groups = m_drawing->Groups(0xA1);
-    groups[2].strValue = "A1";
+    groups[2].value = "A1";
     ASSERT_TRUE(m_drawing->Database().SetGroups(m_drawing->Id(0xA1), groups));
     const OwnedChain chain = DataOf(m_drawing->Id(0xA1));
     EXPECT_EQ(FindBuffer(chain.get(), 330)->resval.rlname[0], m_drawing->Id(0xA1).asOldId());

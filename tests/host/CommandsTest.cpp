@@ -28,10 +28,10 @@ TEST(CommandStack, KeepsGroupsAndCommandsInTheirOrder) {
     EXPECT_EQ(stack.groupName(1), L"A");
     EXPECT_EQ(stack.commandCount(L"A"), 0);
     ASSERT_EQ(stack.commandCount(L"B"), 2);
-    EXPECT_EQ(stack.commandAt(L"B", 0)->m_strName, L"two");
-    EXPECT_EQ(stack.commandAt(L"B", 1)->m_strName, L"one");
-    EXPECT_EQ(stack.commandAt(L"B", 1)->m_nFlags, 5);
-    EXPECT_EQ(stack.commandAt(L"B", 1)->m_pFunction, RunOne);
+    EXPECT_EQ(stack.commandAt(L"B", 0)->name, L"two");
+    EXPECT_EQ(stack.commandAt(L"B", 1)->name, L"one");
+    EXPECT_EQ(stack.commandAt(L"B", 1)->flags, 5);
+    EXPECT_EQ(stack.commandAt(L"B", 1)->function, RunOne);
 }
 
 TEST(CommandStack, GivesNothingOutOfRange) {
@@ -57,8 +57,8 @@ TEST(CommandStack, ComparesNamesWithoutCase) {
     EXPECT_EQ(stack.groupCount(), 1);
     EXPECT_EQ(stack.commandCount(L"group"), 1);
     ASSERT_NE(stack.lookupCmd(L"command"), nullptr);
-    EXPECT_EQ(stack.lookupCmd(L"command")->m_pFunction, RunTen);  // replaced
-    EXPECT_EQ(stack.lookupCmd(L"command")->m_strName, L"COMMAND");
+    EXPECT_EQ(stack.lookupCmd(L"command")->function, RunTen);  // replaced
+    EXPECT_EQ(stack.lookupCmd(L"command")->name, L"COMMAND");
 }
 
 TEST(CommandStack, LooksACommandUpInTheEarliestGroup) {
@@ -66,11 +66,11 @@ TEST(CommandStack, LooksACommandUpInTheEarliestGroup) {
     stack.addCommand(L"First", L"same", 0, RunOne);
     stack.addCommand(L"Second", L"same", 0, RunTen);
     stack.addCommand(L"Second", L"other", 0, RunTen);
-    EXPECT_EQ(stack.lookupCmd(L"same")->m_pFunction, RunOne);
-    EXPECT_EQ(stack.lookupCmd(L"other")->m_pFunction, RunTen);
+    EXPECT_EQ(stack.lookupCmd(L"same")->function, RunOne);
+    EXPECT_EQ(stack.lookupCmd(L"other")->function, RunTen);
     EXPECT_EQ(stack.lookupCmd(L"none"), nullptr);
     EXPECT_EQ(stack.removeGroup(L"First"), Acad::eOk);
-    EXPECT_EQ(stack.lookupCmd(L"same")->m_pFunction, RunTen);
+    EXPECT_EQ(stack.lookupCmd(L"same")->function, RunTen);
 }
 
 TEST(CommandStack, RemovesAGroupWithItsCommands) {
@@ -117,11 +117,11 @@ TEST_F(DefineCommand, RegistersTheRowsOfTheTable) {
     const QcCmdTable table[] = {{L"One", RunOne, 0}, {L"Ten", RunTen, 0}, {L"Beyond", RunOne, 0}};
     EXPECT_TRUE(QcDefineCommand(L"Test", table, 2, 3));
     ASSERT_EQ(HostCommandStack().commandCount(L"Test"), 2);
-    EXPECT_EQ(HostCommandStack().commandAt(L"Test", 0)->m_strName, L"One");
-    EXPECT_EQ(HostCommandStack().commandAt(L"Test", 1)->m_nFlags, 3);
+    EXPECT_EQ(HostCommandStack().commandAt(L"Test", 0)->name, L"One");
+    EXPECT_EQ(HostCommandStack().commandAt(L"Test", 1)->flags, 3);
     g_runs = 0;
-    HostCommandStack().lookupCmd(L"ten")->m_pFunction();
-    HostCommandStack().lookupCmd(L"ONE")->m_pFunction();
+    HostCommandStack().lookupCmd(L"ten")->function();
+    HostCommandStack().lookupCmd(L"ONE")->function();
     EXPECT_EQ(g_runs, 11);
 }
 
@@ -147,7 +147,7 @@ TEST_F(DefineCommand, PassesOverIncompleteRowsAndSaysSo) {
     const QcCmdTable table[] = {{nullptr, RunOne, 0}, {L"Ten", nullptr, 0}, {L"One", RunOne, 0}};
     EXPECT_FALSE(QcDefineCommand(L"Test", table, 3, 0));
     ASSERT_EQ(HostCommandStack().commandCount(L"Test"), 1);
-    EXPECT_EQ(HostCommandStack().commandAt(L"Test", 0)->m_strName, L"One");
+    EXPECT_EQ(HostCommandStack().commandAt(L"Test", 0)->name, L"One");
 }
 
 TEST_F(DefineCommand, RegistersNothingWithoutAGroup) {

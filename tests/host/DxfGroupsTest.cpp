@@ -53,26 +53,26 @@ bool Accepts(const std::vector<DxfGroup>& groups) {
 TEST(DxfGroups, ReplaceAValueAndNothingElse) {
     std::string expected = kText;
     expected.replace(expected.find("old"), 3, "a new text");
-    EXPECT_EQ(After(kText, [](auto& groups) { groups[5].strValue = "a new text"; }), Around(expected));
+    EXPECT_EQ(After(kText, [](auto& groups) { groups[5].value = "a new text"; }), Around(expected));
 }
 
 TEST(DxfGroups, ReplaceTheLastAndTheFirstValuesAfterTheType) {
     std::string expected = kText;
     expected.replace(expected.find(" 2.5\n"), 5, "7\n");
-    EXPECT_EQ(After(kText, [](auto& groups) { groups.back().strValue = "7"; }), Around(expected));
+    EXPECT_EQ(After(kText, [](auto& groups) { groups.back().value = "7"; }), Around(expected));
 }
 
 TEST(DxfGroups, KeepTheLineEndsOfTheLinesThatStay) {
     const std::string object = "  0\r\nTEXT\n  5\n2\r\n  1\r\nold\n 40\r\n1\r\n";
     EXPECT_EQ(After(
-                  object, [](auto& groups) { groups[2].strValue = "new"; }, "\r\n"),
+                  object, [](auto& groups) { groups[2].value = "new"; }, "\r\n"),
               Around("  0\r\nTEXT\n  5\n2\r\n  1\r\nnew\n 40\r\n1\r\n", "\r\n"));
 }
 
 TEST(DxfGroups, WriteAnotherCodeInTheFilesWay) {
     std::string expected = kText;
     expected.replace(expected.find("   10\n"), 6, " 11\n");
-    EXPECT_EQ(After(kText, [](auto& groups) { groups[3].nCode = 11; }), Around(expected));
+    EXPECT_EQ(After(kText, [](auto& groups) { groups[3].code = 11; }), Around(expected));
 }
 
 TEST(DxfGroups, AppendInTheFilesWay) {
@@ -133,7 +133,7 @@ TEST(DxfGroups, KeepWhatIsSameBetweenSeveralChanges) {
     expected.replace(expected.find(" 2.5\n"), 5, "3\n");
     EXPECT_EQ(After(kText,
                     [](auto& groups) {
-                        groups.back().strValue = "3";
+                        groups.back().value = "3";
                         groups.erase(groups.begin() + 4);
                         groups.insert(groups.begin() + 2, {330, "1F"});
                     }),
@@ -148,7 +148,7 @@ TEST(DxfGroups, AreTheSameAfterAnyChangeAndAReadAnew) {
         std::string object = "0\nTEXT\n 5\n2\n";
         for (std::size_t i = pick(30); i > 0; --i) {
             const DxfGroup each = group();
-            object += std::string(pick(4), ' ') + std::to_string(each.nCode) + "\n" + each.strValue + "\n";
+            object += std::string(pick(4), ' ') + std::to_string(each.code) + "\n" + each.value + "\n";
         }
         OpenDrawing drawing(Around(object));
         std::vector<DxfGroup> groups = drawing.Groups(drawing.Handle(2));
@@ -178,13 +178,13 @@ TEST(DxfGroups, MayBeChangedManyTimes) {
     const AcDbObjectId id = drawing.Handle(2);
     std::vector<DxfGroup> groups = drawing.Groups(id);
     for (int i = 0; i < 20; ++i) {
-        groups[5].strValue = "text " + std::to_string(i);
+        groups[5].value = "text " + std::to_string(i);
         ASSERT_TRUE(drawing.database.SetGroups(id, groups));
     }
     std::string expected = kText;
     expected.replace(expected.find("old"), 3, "text 19");
     EXPECT_EQ(drawing.Saved(), Around(expected));
-    groups[5].strValue = "old";
+    groups[5].value = "old";
     ASSERT_TRUE(drawing.database.SetGroups(id, groups));
     EXPECT_EQ(drawing.Saved(), Around(kText));
 }

@@ -67,7 +67,7 @@ private:
             if (const std::uint64_t handle = database.GetHandle(id))
                 ASSERT_FALSE(database.FindHandle(handle).isNull());
             for (const DxfGroup& group : groups)
-                database.Decode(group.strValue);
+                database.Decode(group.value);
         }
         ASSERT_EQ(database.dxfOut(m_drawing.files.File("back.dxf")), Acad::eOk);
         ASSERT_EQ(m_drawing.files.Read("back.dxf"), m_drawing.files.Read("bad.dxf"));

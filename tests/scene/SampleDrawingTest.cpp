@@ -83,8 +83,8 @@ TEST(SampleDrawing, HasTheColorsOfItsLayers) {
     for (const SceneEntity& entity : sample.m_scene.m_entities) {
         ASSERT_TRUE(sample.m_drawing.GetGroups(entity.m_id, groups));
         for (const DxfGroup& group : groups)
-            if (group.nCode == 8)
-                names += ToUtf8(sample.m_drawing.Decode(group.strValue).View()) + " ";
+            if (group.code == 8)
+                names += ToUtf8(sample.m_drawing.Decode(group.value).View()) + " ";
     }
     EXPECT_EQ(names.substr(0, std::string("地面 建筑 ").size()), "地面 建筑 ");
     EXPECT_NE(names.find("屋顶"), std::string::npos);

@@ -170,8 +170,8 @@ TEST(Scene, SeesWhatHasBeenChangedInTheDrawing) {
     OpenDrawing drawing(DrawingWith(Triangle("5=A1 62=1")));
     std::vector<DxfGroup> groups = drawing.Groups(drawing.Handle(0xA1));
     for (DxfGroup& group : groups)
-        if (group.nCode == 62)
-            group.strValue = "4";
+        if (group.code == 62)
+            group.value = "4";
     ASSERT_TRUE(drawing.database.SetGroups(drawing.Handle(0xA1), groups));
     const Scene scene = BuildScene(drawing.database);
     ASSERT_EQ(scene.m_entities.size(), 1U);

@@ -39,7 +39,7 @@ public:
     std::string Text(std::uint64_t handle) const {
         std::string text;
         for (const DxfGroup& group : Groups(handle))
-            text += std::to_string(group.nCode) + "=" + group.strValue + "|";
+            text += std::to_string(group.code) + "=" + group.value + "|";
         return text;
     }
     // The file as it would be saved now.

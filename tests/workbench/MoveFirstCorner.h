@@ -14,7 +14,7 @@ inline void MoveFirstCorner() {
     std::vector<DxfGroup> groups;
     ASSERT_TRUE(drawing.GetGroups(drawing.GetEntityId(0), groups));
     for (DxfGroup& group : groups)
-        if (group.nCode == 10)
-            group.strValue = "1.5";
+        if (group.code == 10)
+            group.value = "1.5";
     ASSERT_TRUE(drawing.SetGroups(drawing.GetEntityId(0), groups));
 }

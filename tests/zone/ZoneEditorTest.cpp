@@ -356,7 +356,7 @@ TEST_F(ZoneEditor, RunsTwiceInARowByTheCommand) {
     for (const char* found : {"A", "1"})
         Run(
             [command] {
-                command->m_pFunction();
+                command->function();
                 return IDOK;
             },
             [found](const ModalWindow& window) {

@@ -96,7 +96,7 @@ std::vector<CString> HostCommandNames() {
     for (int i = 0; i < stack.groupCount(); ++i) {
         const CString group = stack.groupName(i);
         for (int j = 0; j < stack.commandCount(group); ++j)
-            names.push_back(stack.commandAt(group, j)->m_strName);
+            names.push_back(stack.commandAt(group, j)->name);
     }
     return names;
 }

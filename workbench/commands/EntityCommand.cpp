@@ -60,7 +60,7 @@ CString NoTypeText(int code) {
 CString TypeOf(const AcDbDatabase& drawing, AcDbObjectId id) {
     std::vector<DxfGroup> groups;
     drawing.GetGroups(id, groups);
-    return groups.empty() ? CString() : drawing.Decode(groups.front().strValue);
+    return groups.empty() ? CString() : drawing.Decode(groups.front().value);
 }
 
 nlohmann::ordered_json JsonOf(const AcDbDatabase& drawing, AcDbObjectId id, const EntityGroup& group) {

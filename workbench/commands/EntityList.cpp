@@ -26,8 +26,8 @@ struct Entity {
 
 CString FirstText(const AcDbDatabase& drawing, const std::vector<DxfGroup>& groups, int code) {
     const auto group =
-        std::find_if(groups.begin(), groups.end(), [code](const DxfGroup& each) { return each.nCode == code; });
-    return group == groups.end() ? CString() : drawing.Decode(group->strValue);
+        std::find_if(groups.begin(), groups.end(), [code](const DxfGroup& each) { return each.code == code; });
+    return group == groups.end() ? CString() : drawing.Decode(group->value);
 }
 
 std::vector<Entity> EntitiesOf(const AcDbDatabase& drawing) {

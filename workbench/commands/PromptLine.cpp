@@ -36,11 +36,11 @@ int UnknownCommand(const CString& word) {
 }
 
 int RunHostCommand(const AcEdCommand& command) {
-    const std::optional<int> code = RunGuarded(command.m_strName, [&command] {
+    const std::optional<int> code = RunGuarded(command.name, [&command] {
         const StandardNotice notice(command);
         {
             const ZoneEditorWatch watch;
-            command.m_pFunction();
+            command.function();
             watch.Report();
         }
         notice.Tell();

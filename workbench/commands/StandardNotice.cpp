@@ -32,7 +32,7 @@ std::unique_ptr<QcDtDictionary> StandardsNow() {
 }  // namespace
 
 StandardNotice::StandardNotice(const AcEdCommand& command)
-    : m_isForSettings(command.m_strName.CompareNoCase(kSettingsCommand) == 0), m_before(StandardsNow()) {}
+    : m_isForSettings(command.name.CompareNoCase(kSettingsCommand) == 0), m_before(StandardsNow()) {}
 
 void StandardNotice::Tell() const {
     const bool isChanged = !IsSameItem(m_before.get(), StandardsNow().get());

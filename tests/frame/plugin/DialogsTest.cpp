@@ -77,7 +77,7 @@ protected:
         const auto* stack = dynamic_cast<AcEdCommandStack*>(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
         const AcEdCommand* command = stack->lookupCmd(name);
         ASSERT_NE(command, nullptr);
-        command->m_pFunction();
+        command->function();
     }
 
     // Lets `modal` show dialogs. In the first one, `cause` leads to further ones, which are only looked at. While it

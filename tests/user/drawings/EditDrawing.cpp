@@ -22,8 +22,8 @@ bool Set(AcDbDatabase& drawing, const char* handle, int code, const char* value)
     if (!drawing.GetGroups(id, groups) || !drawing.Encode(FromUtf8(value), bytes))
         return false;
     for (DxfGroup& group : groups) {
-        if (group.nCode == code) {
-            group.strValue = bytes;
+        if (group.code == code) {
+            group.value = bytes;
             return drawing.SetGroups(id, groups);
         }
     }
