@@ -121,18 +121,18 @@ void Walk(Container& all, Visit visit) {
 template <class Container>
 Container& Sides() {
     static Container& all = *[] {
-        auto* const pNew = new Container;
-        FillSides(*pNew);
-        return pNew;
+        auto* const made = new Container;
+        FillSides(*made);
+        return made;
     }();
     return all;
 }
 template <class Container>
 Container& Ints() {
     static Container& all = *[] {
-        auto* const pNew = new Container;
-        FillInts(*pNew, kSum, 1000);
-        return pNew;
+        auto* const made = new Container;
+        FillInts(*made, kSum, 1000);
+        return made;
     }();
     return all;
 }
@@ -142,9 +142,9 @@ void WalkSides(benchmark::State& state) {
     double x = 0.25;
     for (auto _ : state) {
         benchmark::DoNotOptimize(x);
-        int nUp = 0;
-        Walk<way>(all, [&nUp, x](const Side& plane) { nUp += SideOf(plane, x, 0.5, -0.25) > 0 ? 1 : 0; });
-        benchmark::DoNotOptimize(nUp);
+        int upward = 0;
+        Walk<way>(all, [&upward, x](const Side& plane) { upward += SideOf(plane, x, 0.5, -0.25) > 0 ? 1 : 0; });
+        benchmark::DoNotOptimize(upward);
         benchmark::ClobberMemory();
     }
 }

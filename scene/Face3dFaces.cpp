@@ -19,12 +19,12 @@ bool AddFace3d(const EntityGroups& entity, FaceList& faces) {
     std::vector<FaceCorner> corners(4);
     for (int i = 0; i < 4; ++i) {
         FaceCorner& corner = corners[static_cast<std::size_t>(i)];
-        corner.m_bHidden = (invisible >> i & 1) != 0;
+        corner.isHidden = (invisible >> i & 1) != 0;
         const int code = kFirstCorner + i;
         const bool isAbsent = code == kFourthCorner && !entity.Find(code) && !entity.Find(code + 10);
         if (isAbsent)
-            corner.m_pt = corners[2].m_pt;
-        else if (!entity.Point(code, corner.m_pt))
+            corner.point = corners[2].point;
+        else if (!entity.Point(code, corner.point))
             return false;
     }
     faces.AddPolygon(std::move(corners));

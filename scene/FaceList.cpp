@@ -33,7 +33,7 @@ bool IsTriangle(const QcGePoint& a, const QcGePoint& b, const QcGePoint& c) {
 QcGeVector3d AreaVector(const std::vector<FaceCorner>& corners) {
     QcGeVector3d sum;
     for (std::size_t i = 1; i + 1 < corners.size(); ++i) {
-        const QcGeVector3d cross = (corners[i].m_pt - corners[0].m_pt) * (corners[i + 1].m_pt - corners[0].m_pt);
+        const QcGeVector3d cross = (corners[i].point - corners[0].point) * (corners[i + 1].point - corners[0].point);
         sum = {sum.x + cross.x, sum.y + cross.y, sum.z + cross.z};
     }
     return sum;
@@ -43,11 +43,11 @@ void DropRepeated(std::vector<FaceCorner>& corners) {
     std::vector<FaceCorner> kept;
     kept.reserve(corners.size());
     for (const FaceCorner& corner : corners)
-        if (!kept.empty() && Distance(kept.back().m_pt, corner.m_pt) < g_fZero)
-            kept.back().m_bHidden = corner.m_bHidden;
+        if (!kept.empty() && Distance(kept.back().point, corner.point) < g_fZero)
+            kept.back().isHidden = corner.isHidden;
         else
             kept.push_back(corner);
-    while (kept.size() > 1 && Distance(kept.back().m_pt, kept.front().m_pt) < g_fZero)
+    while (kept.size() > 1 && Distance(kept.back().point, kept.front().point) < g_fZero)
         kept.pop_back();
     corners.swap(kept);
 }
@@ -57,9 +57,9 @@ bool IsFlat(const std::vector<FaceCorner>& corners) {
     double size = 0.0;
     for (std::size_t i = 0; i < 4; ++i)
         for (std::size_t k = i + 1; k < 4; ++k)
-            size = std::max(size, Distance(corners[i].m_pt, corners[k].m_pt));
-    const QcGeVector3d normal = (corners[1].m_pt - corners[0].m_pt) * (corners[2].m_pt - corners[0].m_pt);
-    const double height = std::fabs(Dot(normal, corners[3].m_pt - corners[0].m_pt));
+            size = std::max(size, Distance(corners[i].point, corners[k].point));
+    const QcGeVector3d normal = (corners[1].point - corners[0].point) * (corners[2].point - corners[0].point);
+    const double height = std::fabs(Dot(normal, corners[3].point - corners[0].point));
     return height <= kPlaneTolerance * size * normal.Length();
 }
 
@@ -71,13 +71,13 @@ std::vector<FlatPoint> Flattened(const std::vector<FaceCorner>& corners, const Q
     std::vector<FlatPoint> flat;
     flat.reserve(corners.size());
     for (const FaceCorner& corner : corners) {
-        const QcGePoint& p = corner.m_pt;
+        const QcGePoint& p = corner.point;
         if (z >= x && z >= y)
-            flat.push_back({p.x, p.y, corner.m_bHidden});
+            flat.push_back({p.x, p.y, corner.isHidden});
         else if (x >= y)
-            flat.push_back({p.y, p.z, corner.m_bHidden});
+            flat.push_back({p.y, p.z, corner.isHidden});
         else
-            flat.push_back({p.z, p.x, corner.m_bHidden});
+            flat.push_back({p.z, p.x, corner.isHidden});
     }
     return flat;
 }
@@ -90,16 +90,16 @@ void FaceList::Shorten(std::size_t count) {
 
 void FaceList::AddFace(const FaceCorner* corners, int count) {
     Face face;
-    face.m_nCount = count;
+    face.count = count;
     for (int i = 0; i < count; ++i) {
-        face.m_pt[i] = corners[i].m_pt;
-        face.m_bHidden[i] = corners[i].m_bHidden;
+        face.points[i] = corners[i].point;
+        face.isHidden[i] = corners[i].isHidden;
     }
     m_faces.push_back(face);
 }
 
 void FaceList::AddTriangle(const FaceCorner& a, const FaceCorner& b, const FaceCorner& c) {
-    if (!IsTriangle(a.m_pt, b.m_pt, c.m_pt))
+    if (!IsTriangle(a.point, b.point, c.point))
         return;
     const FaceCorner corners[] = {a, b, c};
     AddFace(corners, 3);
@@ -118,8 +118,8 @@ void FaceList::AddPolygon(std::vector<FaceCorner> corners) {
 }
 
 void FaceList::AddHalves(const std::vector<FaceCorner>& corners) {
-    const FaceCorner toFirst{corners[2].m_pt, true};
-    const FaceCorner toThird{corners[0].m_pt, true};
+    const FaceCorner toFirst{corners[2].point, true};
+    const FaceCorner toThird{corners[0].point, true};
     AddTriangle(corners[0], corners[1], toFirst);
     AddTriangle(toThird, corners[2], corners[3]);
 }
@@ -134,9 +134,9 @@ void FaceList::AddDivided(const std::vector<FaceCorner>& corners) {
     }
     for (const PolygonPiece& piece : pieces) {
         FaceCorner face[4];
-        for (int i = 0; i < piece.m_nCount; ++i)
-            face[i] = {corners[piece.m_nCorner[i]].m_pt, piece.m_bHidden[i]};
-        if (piece.m_nCount == 4)
+        for (int i = 0; i < piece.count; ++i)
+            face[i] = {corners[piece.corners[i]].point, piece.isHidden[i]};
+        if (piece.count == 4)
             AddFace(face, 4);
         else
             AddTriangle(face[0], face[1], face[2]);
@@ -147,12 +147,12 @@ void FaceList::MoveTo(std::vector<QcGeFace3dEX>& faces, QcGePoint& least, QcGePo
     faces.reserve(m_faces.size());
     for (const Face& from : m_faces) {
         // Many readers will ask for the normal, perhaps at once: it is computed here and kept.
-        QcGeFace3dEX& face = faces.emplace_back(from.m_pt, from.m_nCount, true);
-        for (int i = 0; i < from.m_nCount; ++i)
-            face.m_flag[i] = from.m_bHidden[i] ? kHiddenEdge : 0;
+        QcGeFace3dEX& face = faces.emplace_back(from.points, from.count, true);
+        for (int i = 0; i < from.count; ++i)
+            face.m_flag[i] = from.isHidden[i] ? kHiddenEdge : 0;
         face.GetNormal();
-        for (int i = 0; i < from.m_nCount; ++i) {
-            const QcGePoint& p = from.m_pt[i];
+        for (int i = 0; i < from.count; ++i) {
+            const QcGePoint& p = from.points[i];
             const bool isFirst = faces.size() == 1 && i == 0;
             least = isFirst ? p : QcGePoint(std::min(least.x, p.x), std::min(least.y, p.y), std::min(least.z, p.z));
             most = isFirst ? p : QcGePoint(std::max(most.x, p.x), std::max(most.y, p.y), std::max(most.z, p.z));

@@ -10,8 +10,8 @@ class QcGeFace3dEX;
 
 // A corner, and whether the edge from it to the next one is not to be drawn.
 struct FaceCorner {
-    QcGePoint m_pt;
-    bool m_bHidden = false;
+    QcGePoint point;
+    bool isHidden = false;
 };
 
 class FaceList {
@@ -34,9 +34,9 @@ public:
 private:
     // Much smaller than a face, and moved in one piece when the list grows.
     struct Face {
-        QcGePoint m_pt[4];
-        bool m_bHidden[4] = {false, false, false, false};
-        int m_nCount = 3;
+        QcGePoint points[4];
+        bool isHidden[4] = {false, false, false, false};
+        int count = 3;
     };
 
     void AddTriangle(const FaceCorner& a, const FaceCorner& b, const FaceCorner& c);

@@ -34,10 +34,10 @@ LayerLook LookOf(const EntityGroups& record) {
     const int color = record.IntegerOr(kColor, kDefaultColor);
     const bool isFrozen = (record.IntegerOr(kFlags, 0) & kFrozen) != 0;
     LayerLook look;
-    look.m_bVisible = !isFrozen && color >= 0;
+    look.isVisible = !isFrozen && color >= 0;
     // The sign says off. Only colours that are one are turned round, so that no number overflows.
-    look.m_color.m_nIndex = IsColor(color) ? color : color > -kByLayer && color < 0 ? -color : kDefaultColor;
-    look.m_color.m_nTrue = TrueColorOf(record);
+    look.color.index = IsColor(color) ? color : color > -kByLayer && color < 0 ? -color : kDefaultColor;
+    look.color.trueColor = TrueColorOf(record);
     return look;
 }
 
@@ -77,5 +77,5 @@ EntityColor ColorOf(const EntityGroups& entity, const LayerLook& layer) {
         return {color, trueColor};
     if (color == kByBlock)
         return {kDefaultColor, trueColor};
-    return {layer.m_color.m_nIndex, trueColor >= 0 ? trueColor : layer.m_color.m_nTrue};
+    return {layer.color.index, trueColor >= 0 ? trueColor : layer.color.trueColor};
 }

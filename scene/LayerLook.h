@@ -9,13 +9,13 @@ class AcDbDatabase;
 class EntityGroups;
 
 struct EntityColor {
-    int m_nIndex = 7;  // 1 to 255
-    int m_nTrue = -1;  // 0xRRGGBB, -1 for none
+    int index = 7;       // 1 to 255
+    int trueColor = -1;  // 0xRRGGBB, -1 for none
 };
 
 struct LayerLook {
-    bool m_bVisible = true;  // neither off nor frozen
-    EntityColor m_color;
+    bool isVisible = true;  // neither off nor frozen
+    EntityColor color;
 };
 
 class LayerTable {

@@ -20,10 +20,10 @@ constexpr int kFaceListSize = 93;
 constexpr int kEdgeCount = 94;
 
 struct Mesh {
-    int m_nVertices = -1;  // as the entity claims
-    int m_nFaceItems = -1;
-    std::vector<QcGePoint> m_vertices;
-    std::vector<int> m_faceItems;  // the number of corners, then their indices, for each face
+    int vertexCount = -1;  // as the entity claims
+    int faceItemCount = -1;
+    std::vector<QcGePoint> vertices;
+    std::vector<int> faceItems;  // the number of corners, then their indices, for each face
 };
 
 class MeshReader {
@@ -69,13 +69,13 @@ bool MeshReader::TakeInHead(const DxfGroup& group) {
     if (group.code != kVertexCount)
         return true;
     m_place = Place::Vertices;
-    return Require(ReadInteger(group.value, m_mesh.m_nVertices));
+    return Require(ReadInteger(group.value, m_mesh.vertexCount));
 }
 
 bool MeshReader::TakeVertex(const DxfGroup& group) {
     if (group.code == kFaceListSize) {
         m_place = Place::Faces;
-        return Require(m_nextCode == kX && ReadInteger(group.value, m_mesh.m_nFaceItems));
+        return Require(m_nextCode == kX && ReadInteger(group.value, m_mesh.faceItemCount));
     }
     if (group.code != kX && group.code != kY && group.code != kZ)
         return true;
@@ -83,9 +83,9 @@ bool MeshReader::TakeVertex(const DxfGroup& group) {
     if (!Require(group.code == m_nextCode && ReadReal(group.value, value)))
         return false;
     if (group.code == kX)
-        m_mesh.m_vertices.push_back({value, 0.0, 0.0});
+        m_mesh.vertices.push_back({value, 0.0, 0.0});
     else
-        (group.code == kY ? m_mesh.m_vertices.back().y : m_mesh.m_vertices.back().z) = value;
+        (group.code == kY ? m_mesh.vertices.back().y : m_mesh.vertices.back().z) = value;
     m_nextCode = group.code == kZ ? kX : group.code + 10;
     return true;
 }
@@ -100,7 +100,7 @@ bool MeshReader::TakeFaceItem(const DxfGroup& group) {
     int item = 0;
     if (!Require(ReadInteger(group.value, item)))
         return false;
-    m_mesh.m_faceItems.push_back(item);
+    m_mesh.faceItems.push_back(item);
     return true;
 }
 
@@ -116,10 +116,10 @@ bool AddMesh(const EntityGroups& entity, FaceList& faces) {
         if (!reader.Take(group))
             break;
     const Mesh& mesh = reader.Get();
-    if (!reader.IsSound() || !IsCount(mesh.m_nVertices, mesh.m_vertices.size()) ||
-        !IsCount(mesh.m_nFaceItems, mesh.m_faceItems.size()))
+    if (!reader.IsSound() || !IsCount(mesh.vertexCount, mesh.vertices.size()) ||
+        !IsCount(mesh.faceItemCount, mesh.faceItems.size()))
         return false;
-    const std::vector<int>& items = mesh.m_faceItems;
+    const std::vector<int>& items = mesh.faceItems;
     for (std::size_t at = 0; at < items.size();) {
         const int count = items[at++];
         if (count < 0 || static_cast<std::size_t>(count) > items.size() - at)
@@ -127,9 +127,9 @@ bool AddMesh(const EntityGroups& entity, FaceList& faces) {
         std::vector<FaceCorner> corners;
         corners.reserve(static_cast<std::size_t>(count));
         for (const std::size_t end = at + static_cast<std::size_t>(count); at < end; ++at) {
-            if (items[at] < 0 || static_cast<std::size_t>(items[at]) >= mesh.m_vertices.size())
+            if (items[at] < 0 || static_cast<std::size_t>(items[at]) >= mesh.vertices.size())
                 return false;
-            corners.push_back({mesh.m_vertices[static_cast<std::size_t>(items[at])], false});
+            corners.push_back({mesh.vertices[static_cast<std::size_t>(items[at])], false});
         }
         faces.AddPolygon(std::move(corners));
     }

@@ -19,7 +19,7 @@ std::vector<OutlineVertex> WithoutRepeated(const std::vector<OutlineVertex>& ver
     kept.reserve(vertices.size());
     for (const OutlineVertex& vertex : vertices)
         if (!kept.empty() && Distance(kept.back(), vertex) < g_fZero)
-            kept.back().m_fBulge = vertex.m_fBulge;
+            kept.back().bulge = vertex.bulge;
         else
             kept.push_back(vertex);
     while (kept.size() > 1 && Distance(kept.back(), kept.front()) < g_fZero) {
@@ -32,7 +32,7 @@ std::vector<OutlineVertex> WithoutRepeated(const std::vector<OutlineVertex>& ver
 // The points of an arc between its ends. A point at the angle `passed` from the start lies in the chord's direction
 // turned by half of what is left to go; this needs no centre, which a flat arc has far away.
 void AddArc(const OutlineVertex& from, const OutlineVertex& to, std::size_t chords, std::vector<OutlinePoint>& points) {
-    const double bulge = from.m_fBulge;
+    const double bulge = from.bulge;
     const double angle = 4.0 * std::atan(bulge);
     const double sineOfHalf = 2.0 * bulge / (1.0 + bulge * bulge);
     for (std::size_t i = 1; i < chords; ++i) {
@@ -65,23 +65,23 @@ std::size_t CountChords(double bulge, double distance, double sagitta) {
 
 bool MakeOutline(const std::vector<OutlineVertex>& vertices, bool isClosed, ArcDivision& division, Outline& outline) {
     outline = Outline{{}, isClosed};
-    const std::vector<OutlineVertex> kept = WithoutRepeated(vertices, outline.m_bClosed);
+    const std::vector<OutlineVertex> kept = WithoutRepeated(vertices, outline.isClosed);
     if (kept.size() < 2)
         return false;
     for (std::size_t i = 0; i < kept.size(); ++i) {
-        outline.m_points.push_back({kept[i].x, kept[i].y, false});
-        if (i + 1 == kept.size() && !outline.m_bClosed)
+        outline.points.push_back({kept[i].x, kept[i].y, false});
+        if (i + 1 == kept.size() && !outline.isClosed)
             break;
         const OutlineVertex& to = kept[(i + 1) % kept.size()];
         const double distance = Distance(kept[i], to);
-        if (!IsArc(kept[i].m_fBulge, distance))
+        if (!IsArc(kept[i].bulge, distance))
             continue;
-        std::size_t chords = CountChords(kept[i].m_fBulge, distance, division.m_fSagitta);
-        chords = kLeastChords + std::min(chords - kLeastChords, division.m_nSpareChords);
-        division.m_nSpareChords -= chords - kLeastChords;
-        AddArc(kept[i], to, chords, outline.m_points);
+        std::size_t chords = CountChords(kept[i].bulge, distance, division.sagitta);
+        chords = kLeastChords + std::min(chords - kLeastChords, division.spareChords);
+        division.spareChords -= chords - kLeastChords;
+        AddArc(kept[i], to, chords, outline.points);
     }
-    return std::all_of(outline.m_points.begin(), outline.m_points.end(), [](const OutlinePoint& point) {
+    return std::all_of(outline.points.begin(), outline.points.end(), [](const OutlinePoint& point) {
         return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest;
     });
 }

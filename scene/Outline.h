@@ -10,24 +10,24 @@
 struct OutlineVertex {
     double x = 0.0;
     double y = 0.0;
-    double m_fBulge = 0.0;
+    double bulge = 0.0;
 };
 
 struct OutlinePoint {
     double x = 0.0;
     double y = 0.0;
-    bool m_bInArc = false;  // between two chords of one arc
+    bool isInArc = false;  // between two chords of one arc
 };
 
 struct Outline {
-    std::vector<OutlinePoint> m_points;
-    bool m_bClosed = false;  // the last point joins the first
+    std::vector<OutlinePoint> points;
+    bool isClosed = false;  // the last point joins the first
 };
 
 // How finely arcs are divided: for all the arcs of one drawing.
 struct ArcDivision {
-    double m_fSagitta = 50.0;              // the farthest that a chord may be from its arc
-    std::size_t m_nSpareChords = 250'000;  // beyond kLeastChords for an arc: a bound on what a small file can ask for
+    double sagitta = 50.0;              // the farthest that a chord may be from its arc
+    std::size_t spareChords = 250'000;  // beyond kLeastChords for an arc: a bound on what a small file can ask for
 };
 inline constexpr std::size_t kLeastChords = 4;
 inline constexpr std::size_t kMostChords = 64;

@@ -19,7 +19,7 @@ constexpr int kClosedInColumns = 32;
 
 bool AddFaceRecord(const PolylineVertex& record, const std::vector<QcGePoint>& locations, FaceList& faces) {
     std::vector<FaceCorner> corners;
-    for (const int number : record.m_nCorner) {
+    for (const int number : record.corners) {
         if (number == 0)
             continue;
         const long long index = number < 0 ? -static_cast<long long>(number) : number;
@@ -32,11 +32,11 @@ bool AddFaceRecord(const PolylineVertex& record, const std::vector<QcGePoint>& l
 }
 
 struct Grid {
-    std::size_t m_nRows, m_nColumns;
-    std::vector<QcGePoint> m_points;
+    std::size_t rows, columns;
+    std::vector<QcGePoint> points;
 
     FaceCorner At(std::size_t row, std::size_t column) const {
-        return {m_points[row % m_nRows * m_nColumns + column % m_nColumns], false};
+        return {points[row % rows * columns + column % columns], false};
     }
 };
 
@@ -47,15 +47,15 @@ bool ReadGrid(const EntityGroups& polyline, const std::vector<PolylineVertex>& v
         !polyline.Integer(isSmoothed ? kSmoothColumns : kColumns, columns) || rows < 2 || columns < 2)
         return false;
     for (const PolylineVertex& vertex : vertices) {
-        if (((vertex.m_nFlags & kVertexOfSpline) != 0) != isSmoothed)
+        if (((vertex.flags & kVertexOfSpline) != 0) != isSmoothed)
             continue;
-        if (!vertex.m_bPoint)
+        if (!vertex.hasPoint)
             return false;
-        grid.m_points.push_back(vertex.m_pt);
+        grid.points.push_back(vertex.point);
     }
-    grid.m_nRows = static_cast<std::size_t>(rows);
-    grid.m_nColumns = static_cast<std::size_t>(columns);
-    return grid.m_points.size() / grid.m_nRows == grid.m_nColumns && grid.m_points.size() % grid.m_nRows == 0;
+    grid.rows = static_cast<std::size_t>(rows);
+    grid.columns = static_cast<std::size_t>(columns);
+    return grid.points.size() / grid.rows == grid.columns && grid.points.size() % grid.rows == 0;
 }
 
 }  // namespace
@@ -63,14 +63,14 @@ bool ReadGrid(const EntityGroups& polyline, const std::vector<PolylineVertex>& v
 bool AddPolyface(const std::vector<PolylineVertex>& vertices, FaceList& faces) {
     std::vector<QcGePoint> locations;
     for (const PolylineVertex& vertex : vertices) {
-        if ((vertex.m_nFlags & kPolyfacePart) == 0 || (vertex.m_nFlags & kPolyfaceLocation) == 0)
+        if ((vertex.flags & kPolyfacePart) == 0 || (vertex.flags & kPolyfaceLocation) == 0)
             continue;
-        if (!vertex.m_bPoint)
+        if (!vertex.hasPoint)
             return false;
-        locations.push_back(vertex.m_pt);
+        locations.push_back(vertex.point);
     }
     for (const PolylineVertex& vertex : vertices)
-        if ((vertex.m_nFlags & kPolyfacePart) != 0 && (vertex.m_nFlags & kPolyfaceLocation) == 0 &&
+        if ((vertex.flags & kPolyfacePart) != 0 && (vertex.flags & kPolyfaceLocation) == 0 &&
             !AddFaceRecord(vertex, locations, faces))
             return false;
     return true;
@@ -81,8 +81,8 @@ bool AddPolygonMesh(const EntityGroups& polyline, const std::vector<PolylineVert
     Grid grid;
     if (!ReadGrid(polyline, vertices, (flags & kSmoothed) != 0, grid))
         return false;
-    const std::size_t rows = grid.m_nRows - ((flags & kClosedInRows) != 0 ? 0 : 1);
-    const std::size_t columns = grid.m_nColumns - ((flags & kClosedInColumns) != 0 ? 0 : 1);
+    const std::size_t rows = grid.rows - ((flags & kClosedInRows) != 0 ? 0 : 1);
+    const std::size_t columns = grid.columns - ((flags & kClosedInColumns) != 0 ? 0 : 1);
     for (std::size_t m = 0; m < rows; ++m)
         for (std::size_t n = 0; n < columns; ++n)
             faces.AddPolygon({grid.At(m, n), grid.At(m, n + 1), grid.At(m + 1, n + 1), grid.At(m + 1, n)});

@@ -107,7 +107,7 @@ EarClipper::EarClipper(const std::vector<FlatPoint>& outline) : m_points(outline
             point.x = -point.x;
     m_nodes.resize(m_left);
     for (std::size_t i = 0; i < m_left; ++i)
-        m_nodes[i] = {(i + m_left - 1) % m_left, (i + 1) % m_left, Ear::Unknown, false, m_points[i].m_bHidden};
+        m_nodes[i] = {(i + m_left - 1) % m_left, (i + 1) % m_left, Ear::Unknown, false, m_points[i].isHidden};
     for (std::size_t i = 0; i < m_left; ++i) {
         m_nodes[i].isReflex = Cross(m_points[m_nodes[i].before], m_points[i], m_points[m_nodes[i].behind]) < 0.0;
         if (m_nodes[i].isReflex)
@@ -270,9 +270,8 @@ bool DividePolygon(const std::vector<FlatPoint>& outline, std::vector<PolygonPie
     if (outline.size() < 3 || outline.size() > kMostPolygonCorners)
         return false;
     if (IsConvexQuadrilateral(outline)) {
-        pieces.push_back({{0, 1, 2, 3},
-                          {outline[0].m_bHidden, outline[1].m_bHidden, outline[2].m_bHidden, outline[3].m_bHidden},
-                          4});
+        pieces.push_back(
+            {{0, 1, 2, 3}, {outline[0].isHidden, outline[1].isHidden, outline[2].isHidden, outline[3].isHidden}, 4});
         return true;
     }
     if (CrossesItself(outline) || !EarClipper(outline).Run(pieces))

@@ -7,14 +7,14 @@
 struct FlatPoint {
     double x = 0.0;
     double y = 0.0;
-    bool m_bHidden = false;  // whether the edge to the next point is not to be drawn
+    bool isHidden = false;  // whether the edge to the next point is not to be drawn
 };
 
 // Three or four corners by their indices in the polygon, in its own sense of rotation.
 struct PolygonPiece {
-    std::size_t m_nCorner[4] = {0, 0, 0, 0};
-    bool m_bHidden[4] = {false, false, false, false};  // of the edge from each corner to the next
-    int m_nCount = 3;
+    std::size_t corners[4] = {0, 0, 0, 0};
+    bool isHidden[4] = {false, false, false, false};  // of the edge from each corner to the next
+    int count = 3;
 };
 
 // With more corners a polygon is not divided: the work grows with the square of their number.

@@ -14,11 +14,11 @@ constexpr int kFirstCorner = 71;
 
 bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex) {
     vertex = PolylineVertex();
-    if (!entity.Integer(kFlags, vertex.m_nFlags) || !entity.Real(kBulge, vertex.m_fBulge))
+    if (!entity.Integer(kFlags, vertex.flags) || !entity.Real(kBulge, vertex.bulge))
         return false;
     for (int i = 0; i < 4; ++i)
-        if (!entity.Integer(kFirstCorner + i, vertex.m_nCorner[i]))
+        if (!entity.Integer(kFirstCorner + i, vertex.corners[i]))
             return false;
-    vertex.m_bPoint = entity.Point(kPoint, vertex.m_pt);
+    vertex.hasPoint = entity.Point(kPoint, vertex.point);
     return true;
 }

@@ -12,11 +12,11 @@ inline constexpr int kPolyfaceLocation = 64;
 inline constexpr int kPolyfacePart = 128;
 
 struct PolylineVertex {
-    int m_nFlags = 0;
-    bool m_bPoint = false;  // whether there is a point; a face record needs none
-    QcGePoint m_pt;
-    double m_fBulge = 0.0;
-    int m_nCorner[4] = {0, 0, 0, 0};  // of a face record: 1 and more, negative for an invisible edge, 0 for none
+    int flags = 0;
+    bool hasPoint = false;  // whether there is a point; a face record needs none
+    QcGePoint point;
+    double bulge = 0.0;
+    int corners[4] = {0, 0, 0, 0};  // of a face record: 1 and more, negative for an invisible edge, 0 for none
 };
 
 // False when a number cannot be read.

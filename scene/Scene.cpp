@@ -38,7 +38,7 @@ Outcome OutcomeOf(bool isSound) {
 class SceneBuilder {
 public:
     explicit SceneBuilder(const AcDbDatabase& drawing) : m_drawing(drawing), m_layers(drawing) {
-        m_division.m_fSagitta = IsDrawingInMetres(&drawing) ? kSagittaInMetres : kSagittaInMillimetres;
+        m_division.sagitta = IsDrawingInMetres(&drawing) ? kSagittaInMetres : kSagittaInMillimetres;
     }
     Scene Run();
 
@@ -60,7 +60,7 @@ private:
 Scene SceneBuilder::Run() {
     for (std::size_t i = 0; i < m_drawing.GetEntityCount(); ++i)
         Take(i, GroupsOf(m_drawing.GetEntityId(i)));
-    m_faces.MoveTo(m_scene.m_faces, m_scene.m_ptMin, m_scene.m_ptMax);
+    m_faces.MoveTo(m_scene.faces, m_scene.least, m_scene.most);
     return std::move(m_scene);
 }
 
@@ -82,19 +82,19 @@ void SceneBuilder::Take(std::size_t index, const EntityGroups& entity) {
     if (type == "VERTEX" || type == "SEQEND" || type == "ATTRIB")
         return;
     const LayerLook& layer = LayerOf(entity);
-    if (!layer.m_bVisible || entity.IntegerOr(kInvisible, 0) == 1 || entity.IntegerOr(kInPaperSpace, 0) == 1)
+    if (!layer.isVisible || entity.IntegerOr(kInvisible, 0) == 1 || entity.IntegerOr(kInPaperSpace, 0) == 1)
         return;
     const std::size_t first = m_faces.GetCount();
     const Outcome outcome = AddFaces(index, entity);
     if (outcome == Outcome::Other) {
-        ++m_scene.m_nOther;
+        ++m_scene.otherCount;
     } else if (outcome == Outcome::Faulty || m_faces.GetCount() == first) {
         m_faces.Shorten(first);
-        ++m_scene.m_nFaulty;
+        ++m_scene.faultyCount;
     } else {
         const EntityColor color = ColorOf(entity, layer);
-        m_scene.m_entities.push_back(
-            {m_drawing.GetEntityId(index), color.m_nIndex, color.m_nTrue, first, m_faces.GetCount() - first});
+        m_scene.entities.push_back(
+            {m_drawing.GetEntityId(index), color.index, color.trueColor, first, m_faces.GetCount() - first});
     }
 }
 

@@ -12,15 +12,15 @@
 
 class AcDbDatabase;
 
-// The faces of one entity: faces[m_nFirstFace] and the m_nFaceCount - 1 behind it.
+// The faces of one entity: faces[firstFace] and the faceCount - 1 behind it.
 struct SceneEntity {
-    AcDbObjectId m_id;
-    int m_nColorIndex = 7;  // 1 to 255, by-layer and by-block already resolved
+    AcDbObjectId id;
+    int colorIndex = 7;  // 1 to 255, by-layer and by-block already resolved
     // 0xRRGGBB where the entity has a true colour of its own, or its layer when the entity's colour is the layer's; it
     // then counts instead of the index. Else -1.
-    int m_nTrueColor = -1;
-    std::size_t m_nFirstFace = 0;
-    std::size_t m_nFaceCount = 0;
+    int trueColor = -1;
+    std::size_t firstFace = 0;
+    std::size_t faceCount = 0;
 };
 
 // A value: it keeps nothing of the drawing but the ids.
@@ -29,11 +29,11 @@ struct SceneEntity {
 // may ask at once. A face is a triangle or a flat convex quadrilateral; no three of its corners are in one line, and no
 // two are closer than g_fZero.
 struct Scene {
-    std::vector<QcGeFace3dEX> m_faces;
-    std::vector<SceneEntity> m_entities;  // in the drawing's order; only those with faces
-    QcGePoint m_ptMin, m_ptMax;           // the box around all faces; both at the origin when there are none
-    std::size_t m_nOther = 0;             // visible entities of kinds that have no faces
-    std::size_t m_nFaulty = 0;            // visible entities of kinds with faces whose data give none
+    std::vector<QcGeFace3dEX> faces;
+    std::vector<SceneEntity> entities;  // in the drawing's order; only those with faces
+    QcGePoint least, most;              // the box around all faces; both at the origin when there are none
+    std::size_t otherCount = 0;         // visible entities of kinds that have no faces
+    std::size_t faultyCount = 0;        // visible entities of kinds with faces whose data give none
 };
 
 // Reads every visible entity of the drawing's model space. Throws std::bad_alloc, and nothing else.

@@ -19,18 +19,18 @@ Scene FaceOf(const std::vector<QcGePoint>& corners, const std::string& more = {}
 TEST(Face3dFaces, MakeAFlatConvexQuadrilateralOneFaceWithTheSameCorners) {
     const std::vector<QcGePoint> corners = {{0.1, 0, 1}, {4.3, 0, 1}, {4.3, 2.7, 1}, {0.1, 2.7, 1}};
     const Scene scene = FaceOf(corners);
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    ExpectCorners(scene.m_faces[0], corners);
-    EXPECT_EQ(FlagsOf(scene.m_faces[0]), "----");
-    EXPECT_EQ(scene.m_nFaulty + scene.m_nOther, 0U);
+    ASSERT_EQ(scene.faces.size(), 1U);
+    ExpectCorners(scene.faces[0], corners);
+    EXPECT_EQ(FlagsOf(scene.faces[0]), "----");
+    EXPECT_EQ(scene.faultyCount + scene.otherCount, 0U);
 }
 
 TEST(Face3dFaces, KeepEveryBitOfTheCoordinates) {
     const Scene scene = SceneOf(Entity("3DFACE",
                                        "10=0.1 20=500123.45678901234 30=-1e-3 11=+1.7976931348623157e2 21=0 31=2.5E+1 "
                                        "12=3 22=.5 32=7."));
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    ExpectCorners(scene.m_faces[0],
+    ASSERT_EQ(scene.faces.size(), 1U);
+    ExpectCorners(scene.faces[0],
                   {{0.1, 500123.45678901234, -0.001}, {179.76931348623157, 0.0, 25.0}, {3.0, 0.5, 7.0}});
 }
 
@@ -38,26 +38,26 @@ TEST(Face3dFaces, AreTrianglesWhenTheFourthCornerRepeatsTheThirdOrIsMissing) {
     const std::vector<QcGePoint> corners = {{0, 0, 0}, {1, 0, 0}, {0, 1, 5}};
     const Scene repeated = FaceOf({corners[0], corners[1], corners[2], corners[2]});
     const Scene missing = FaceOf(corners);
-    ASSERT_EQ(repeated.m_faces.size(), 1U);
-    ASSERT_EQ(missing.m_faces.size(), 1U);
-    ExpectCorners(repeated.m_faces[0], corners);
-    ExpectCorners(missing.m_faces[0], corners);
+    ASSERT_EQ(repeated.faces.size(), 1U);
+    ASSERT_EQ(missing.faces.size(), 1U);
+    ExpectCorners(repeated.faces[0], corners);
+    ExpectCorners(missing.faces[0], corners);
 }
 
 TEST(Face3dFaces, DropCornersThatRepeatTheOneBefore) {
     const QcGePoint a(0, 0, 0), b(1, 0, 0), c(0, 1, 0);
     for (const auto& corners : {std::vector{a, a, b, c}, {a, b, b, c}, {a, b, c, a}}) {
         const Scene scene = FaceOf(corners);
-        ASSERT_EQ(scene.m_faces.size(), 1U);
-        ASSERT_EQ(scene.m_faces[0].GetPointNum(), 3);
-        EXPECT_DOUBLE_EQ(AreaVectorOf(scene.m_faces[0])[2], 0.5);
+        ASSERT_EQ(scene.faces.size(), 1U);
+        ASSERT_EQ(scene.faces[0].GetPointNum(), 3);
+        EXPECT_DOUBLE_EQ(AreaVectorOf(scene.faces[0])[2], 0.5);
     }
 }
 
 TEST(Face3dFaces, TakeAMissingZForZero) {
     const Scene scene = SceneOf(Entity("3DFACE", "10=0 20=0 11=1 21=0 12=0 22=1"));
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    ASSERT_EQ(scene.faces.size(), 1U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
 }
 
 TEST(Face3dFaces, FlagTheEdgesThatTheDrawingHides) {
@@ -66,35 +66,35 @@ TEST(Face3dFaces, FlagTheEdgesThatTheDrawingHides) {
                                     "---h", "h--h", "-h-h", "hh-h", "--hh", "h-hh", "-hhh", "hhhh"};
     for (int bits = 0; bits < 16; ++bits) {
         const Scene scene = FaceOf(square, "70=" + std::to_string(bits));
-        ASSERT_EQ(scene.m_faces.size(), 1U);
-        EXPECT_EQ(FlagsOf(scene.m_faces[0]), expected[bits]);
+        ASSERT_EQ(scene.faces.size(), 1U);
+        EXPECT_EQ(FlagsOf(scene.faces[0]), expected[bits]);
     }
 }
 
 TEST(Face3dFaces, KeepTheFlagsOfATrianglesOwnEdges) {
     // Corners 2 and 3 are the same: bit 4 is the edge without a length, bit 8 the one back to the first corner.
     const std::vector<QcGePoint> triangle = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 1, 0}};
-    EXPECT_EQ(FlagsOf(FaceOf(triangle, "70=8").m_faces[0]), "--h-");
-    EXPECT_EQ(FlagsOf(FaceOf(triangle, "70=4").m_faces[0]), "----");
-    EXPECT_EQ(FlagsOf(FaceOf(triangle, "70=2").m_faces[0]), "-h--");
+    EXPECT_EQ(FlagsOf(FaceOf(triangle, "70=8").faces[0]), "--h-");
+    EXPECT_EQ(FlagsOf(FaceOf(triangle, "70=4").faces[0]), "----");
+    EXPECT_EQ(FlagsOf(FaceOf(triangle, "70=2").faces[0]), "-h--");
     // Here the first two are: bit 1 goes.
-    EXPECT_EQ(FlagsOf(FaceOf({{0, 0, 0}, {0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, "70=3").m_faces[0]), "h---");
+    EXPECT_EQ(FlagsOf(FaceOf({{0, 0, 0}, {0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, "70=3").faces[0]), "h---");
 }
 
 TEST(Face3dFaces, BecomeTwoTrianglesWithAHiddenDiagonalWhenNotFlat) {
     const Scene scene = FaceOf({{0, 0, 0}, {10, 0, 0}, {10, 10, 1}, {0, 10, 0}}, "70=2");
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {10, 0, 0}, {10, 10, 1}});
-    ExpectCorners(scene.m_faces[1], {{0, 0, 0}, {10, 10, 1}, {0, 10, 0}});
-    EXPECT_EQ(FlagsOf(scene.m_faces[0]), "-hh-");
-    EXPECT_EQ(FlagsOf(scene.m_faces[1]), "h---");
-    EXPECT_EQ(scene.m_entities[0].m_nFaceCount, 2U);
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {10, 0, 0}, {10, 10, 1}});
+    ExpectCorners(scene.faces[1], {{0, 0, 0}, {10, 10, 1}, {0, 10, 0}});
+    EXPECT_EQ(FlagsOf(scene.faces[0]), "-hh-");
+    EXPECT_EQ(FlagsOf(scene.faces[1]), "h---");
+    EXPECT_EQ(scene.entities[0].faceCount, 2U);
 }
 
 TEST(Face3dFaces, AreFlatByAMeasureOfTheirSize) {
     // Size 1000 * sqrt(2): a millionth of it is 0.0014.
     const auto facesWith = [](double z) {
-        return FaceOf({{0, 0, 0}, {1000, 0, 0}, {1000, 1000, 0}, {0, 1000, z}}).m_faces.size();
+        return FaceOf({{0, 0, 0}, {1000, 0, 0}, {1000, 1000, 0}, {0, 1000, z}}).faces.size();
     };
     EXPECT_EQ(facesWith(0.001), 1U);
     EXPECT_EQ(facesWith(0.002), 2U);
@@ -108,9 +108,9 @@ TEST(Face3dFaces, DivideAQuadrilateralWithAReflexCornerThroughThatCorner) {
         for (std::size_t i = 0; i < 4; ++i)
             turned.push_back(arrow[(start + i) % 4]);
         const Scene scene = FaceOf(turned);
-        ASSERT_EQ(scene.m_faces.size(), 2U);
+        ASSERT_EQ(scene.faces.size(), 2U);
         double area = 0.0;
-        for (const QcGeFace3dEX& face : scene.m_faces) {
+        for (const QcGeFace3dEX& face : scene.faces) {
             EXPECT_GT(AreaVectorOf(face)[2], 0.0);
             area += AreaOf(face);
         }
@@ -120,9 +120,9 @@ TEST(Face3dFaces, DivideAQuadrilateralWithAReflexCornerThroughThatCorner) {
 
 TEST(Face3dFaces, AreTwoTrianglesWhenTheirSidesCross) {
     const Scene scene = FaceOf({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}});
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
-    ExpectCorners(scene.m_faces[1], {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}});
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+    ExpectCorners(scene.faces[1], {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}});
 }
 
 TEST(Face3dFaces, LeaveOutACornerInOneLineWithItsNeighbours) {
@@ -132,10 +132,10 @@ TEST(Face3dFaces, LeaveOutACornerInOneLineWithItsNeighbours) {
         for (std::size_t i = 0; i < 4; ++i)
             turned.push_back(corners[(start + i) % 4]);
         const Scene scene = FaceOf(turned);
-        ASSERT_EQ(scene.m_faces.size(), 1U);
-        ASSERT_EQ(scene.m_faces[0].GetPointNum(), 3);
-        EXPECT_NEAR(AreaOf(scene.m_faces[0]), 50.0 * std::sqrt(2.0), 1e-12);
-        EXPECT_EQ(FlagsOf(scene.m_faces[0]), "----");
+        ASSERT_EQ(scene.faces.size(), 1U);
+        ASSERT_EQ(scene.faces[0].GetPointNum(), 3);
+        EXPECT_NEAR(AreaOf(scene.faces[0]), 50.0 * std::sqrt(2.0), 1e-12);
+        EXPECT_EQ(FlagsOf(scene.faces[0]), "----");
     }
 }
 
@@ -161,14 +161,14 @@ TEST(Face3dFaces, AreFaultyWithoutTheirNumbers) {
 
 TEST(Face3dFaces, TakeANumberTooSmallForADoubleForZero) {
     const Scene scene = SceneOf(Entity("3DFACE", "10=1e-400 20=-1e-999 30=0 11=1 21=0 31=0 12=0 22=1 32=0"));
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    EXPECT_EQ(scene.m_faces[0][0].x, 0.0);
-    EXPECT_EQ(scene.m_faces[0][0].y, 0.0);
+    ASSERT_EQ(scene.faces.size(), 1U);
+    EXPECT_EQ(scene.faces[0][0].x, 0.0);
+    EXPECT_EQ(scene.faces[0][0].y, 0.0);
 }
 
 TEST(Face3dFaces, AreSoundAsFarOutAsCoordinatesMayBe) {
     const Scene scene = FaceOf({{0, 0, 0}, {1e50, 0, 0}, {1e50, 1e50, 1e50}, {0, 1e50, 0}});
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    for (QcGeFace3dEX face : scene.m_faces)
+    ASSERT_EQ(scene.faces.size(), 2U);
+    for (QcGeFace3dEX face : scene.faces)
         EXPECT_NEAR(face.GetNormal().Length(), 1.0, 1e-9);
 }

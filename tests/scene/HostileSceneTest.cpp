@@ -27,15 +27,15 @@ std::string AllKinds() {
 // What a scene promises, whatever the drawing was.
 void ExpectSound(const Scene& scene) {
     std::size_t next = 0;
-    for (const SceneEntity& entity : scene.m_entities) {
-        ASSERT_EQ(entity.m_nFirstFace, next);
-        ASSERT_GT(entity.m_nFaceCount, 0U);
-        ASSERT_GE(entity.m_nColorIndex, 1);
-        ASSERT_LE(entity.m_nColorIndex, 255);
-        next += entity.m_nFaceCount;
+    for (const SceneEntity& entity : scene.entities) {
+        ASSERT_EQ(entity.firstFace, next);
+        ASSERT_GT(entity.faceCount, 0U);
+        ASSERT_GE(entity.colorIndex, 1);
+        ASSERT_LE(entity.colorIndex, 255);
+        next += entity.faceCount;
     }
-    ASSERT_EQ(next, scene.m_faces.size());
-    for (const QcGeFace3dEX& face : scene.m_faces) {
+    ASSERT_EQ(next, scene.faces.size());
+    for (const QcGeFace3dEX& face : scene.faces) {
         ASSERT_TRUE(face.GetPointNum() == 3 || face.GetPointNum() == 4);
         ASSERT_NEAR(face.Normal().Length(), 1.0, 1e-6);
     }
@@ -53,8 +53,8 @@ std::vector<std::string> LinesOf(const std::string& text) {
 
 TEST(HostileScene, AllKindsAreSoundAtFirst) {
     const Scene scene = SceneOf(AllKinds());
-    EXPECT_EQ(scene.m_entities.size(), 6U);
-    EXPECT_EQ(scene.m_nFaulty + scene.m_nOther, 0U);
+    EXPECT_EQ(scene.entities.size(), 6U);
+    EXPECT_EQ(scene.faultyCount + scene.otherCount, 0U);
     ExpectSound(scene);
 }
 
@@ -108,9 +108,9 @@ TEST(HostileScene, AHundredThousandCornersAreWallsOnly) {
             "10\n" + std::to_string(1e6 * std::cos(angle)) + "\n20\n" + std::to_string(1e6 * std::sin(angle)) + "\n";
     }
     const Scene scene = SceneOf(Entity("LWPOLYLINE", "39=3000 70=1") + points);
-    EXPECT_EQ(scene.m_faces.size(), 100000U);
-    EXPECT_EQ(scene.m_nFaulty, 0U);
-    EXPECT_EQ(scene.m_entities.size(), 1U);
+    EXPECT_EQ(scene.faces.size(), 100000U);
+    EXPECT_EQ(scene.faultyCount, 0U);
+    EXPECT_EQ(scene.entities.size(), 1U);
 }
 
 TEST(HostileScene, ChordsOfAWholeDrawingHaveABound) {
@@ -118,7 +118,7 @@ TEST(HostileScene, ChordsOfAWholeDrawingHaveABound) {
     std::string text;
     for (int i = 0; i < 6000; ++i)
         text += "0\nLWPOLYLINE\n39\n1\n10\n0\n20\n0\n42\n1\n10\n10000000\n20\n0\n";
-    EXPECT_EQ(SceneOf(text).m_faces.size(), 4U * 6000U + 250000U);
+    EXPECT_EQ(SceneOf(text).faces.size(), 4U * 6000U + 250000U);
 }
 
 TEST(HostileScene, RandomOutlinesNeverHang) {

@@ -43,19 +43,19 @@ const Polygons kCubeFaces = {{3, 2, 1, 0}, {4, 5, 6, 7}, {0, 1, 5, 4}, {1, 2, 6,
 
 TEST(MeshFaces, MakeTheBaseCageWhateverTheSubdivisionLevel) {
     const Scene scene = SceneOf(MeshOf(kCube, kCubeFaces));
-    ASSERT_EQ(scene.m_faces.size(), 6U);
-    ExpectCorners(scene.m_faces[1], {{0, 0, 2}, {2, 0, 2}, {2, 2, 2}, {0, 2, 2}});
-    ExpectBody(scene.m_faces, 8.0);
-    EXPECT_EQ(scene.m_nFaulty, 0U);
+    ASSERT_EQ(scene.faces.size(), 6U);
+    ExpectCorners(scene.faces[1], {{0, 0, 2}, {2, 0, 2}, {2, 2, 2}, {0, 2, 2}});
+    ExpectBody(scene.faces, 8.0);
+    EXPECT_EQ(scene.faultyCount, 0U);
 }
 
 TEST(MeshFaces, TakeTrianglesAndQuadrilateralsAsTheyAre) {
     const Scene scene =
         SceneOf(MeshOf({{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 9}}, {{0, 1, 4}, {0, 1, 2, 3}}));
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {1, 0, 0}, {0, 0, 9}});
-    ExpectCorners(scene.m_faces[1], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}});
-    EXPECT_EQ(FlagsOf(scene.m_faces[0]), "----");
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {1, 0, 0}, {0, 0, 9}});
+    ExpectCorners(scene.faces[1], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}});
+    EXPECT_EQ(FlagsOf(scene.faces[0]), "----");
 }
 
 TEST(MeshFaces, DivideAConcavePolygonInAnyPlane) {
@@ -71,15 +71,15 @@ TEST(MeshFaces, DivideAConcavePolygonInAnyPlane) {
                                               : QcGePoint(u, v, u + v));
             const Scene scene =
                 SceneOf(MeshOf(points, {isTurned ? std::vector{5, 4, 3, 2, 1, 0} : std::vector{0, 1, 2, 3, 4, 5}}));
-            ASSERT_EQ(scene.m_faces.size(), 4U);
-            const Vector whole = TotalAreaVector(scene.m_faces);
+            ASSERT_EQ(scene.faces.size(), 4U);
+            const Vector whole = TotalAreaVector(scene.faces);
             const double sense = isTurned ? -3.0 : 3.0;
             const Vector expected = plane == 0   ? Vector{0, 0, sense}
                                     : plane == 1 ? Vector{sense, 0, 0}
                                     : plane == 2 ? Vector{0, sense, 0}
                                                  : Vector{-sense, -sense, sense};
             double area = 0.0;
-            for (const QcGeFace3dEX& face : scene.m_faces)
+            for (const QcGeFace3dEX& face : scene.faces)
                 area += AreaOf(face);
             for (std::size_t k = 0; k < 3; ++k)
                 EXPECT_NEAR(whole[k], expected[k], 1e-12) << "plane " << plane;
@@ -89,10 +89,10 @@ TEST(MeshFaces, DivideAConcavePolygonInAnyPlane) {
 
 TEST(MeshFaces, HideTheEdgesThatDivideAPolygon) {
     const Scene scene = SceneOf(MeshOf({{0, 0, 0}, {2, 0, 0}, {3, 1, 0}, {1, 3, 0}, {-1, 1, 0}}, {{0, 1, 2, 3, 4}}));
-    ASSERT_EQ(scene.m_faces.size(), 3U);
+    ASSERT_EQ(scene.faces.size(), 3U);
     int shown = 0;
     int hidden = 0;
-    for (const QcGeFace3dEX& face : scene.m_faces)
+    for (const QcGeFace3dEX& face : scene.faces)
         for (int i = 0; i < 3; ++i)
             ++(face.m_flag[i] == kHiddenEdge ? hidden : shown);
     EXPECT_EQ(shown, 5);
@@ -102,20 +102,20 @@ TEST(MeshFaces, HideTheEdgesThatDivideAPolygon) {
 TEST(MeshFaces, LeaveOutWhatHasNoAreaAndKeepTheRest) {
     const Scene scene =
         SceneOf(MeshOf({{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}}, {{0, 1, 2}, {}, {0}, {0, 1}, {0, 1, 3}}));
-    EXPECT_EQ(scene.m_faces.size(), 1U);
-    EXPECT_EQ(scene.m_nFaulty, 0U);
+    EXPECT_EQ(scene.faces.size(), 1U);
+    EXPECT_EQ(scene.faultyCount, 0U);
 }
 
 TEST(MeshFaces, LeaveOutAPolygonThatCrossesItself) {
     // A five-pointed star drawn in one line, and a triangle.
     const std::vector<QcGePoint> points = {{0, 10, 0}, {6, -8, 0}, {-9.5, 3, 0}, {9.5, 3, 0}, {-6, -8, 0}};
-    EXPECT_EQ(SceneOf(MeshOf(points, {{0, 1, 2, 3, 4}, {0, 1, 2}})).m_faces.size(), 1U);
+    EXPECT_EQ(SceneOf(MeshOf(points, {{0, 1, 2, 3, 4}, {0, 1, 2}})).faces.size(), 1U);
 }
 
 TEST(MeshFaces, AreFaultyWhenTheirCountsAreNotWhatFollows) {
     const std::string vertices = Vertices({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
     const std::string faces = "93=4 90=3 90=0 90=1 90=2 ";
-    ASSERT_EQ(SceneOf(Entity("MESH", Head("3") + vertices + faces)).m_faces.size(), 1U) << "what is varied below";
+    ASSERT_EQ(SceneOf(Entity("MESH", Head("3") + vertices + faces)).faces.size(), 1U) << "what is varied below";
     for (const char* count : {"2", "4", "2000000000", "-1", "9999999999", "x"})
         ExpectFaulty(Entity("MESH", Head(count) + vertices + faces), count);
     for (const char* list :

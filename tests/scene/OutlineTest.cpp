@@ -62,63 +62,63 @@ TEST(Outline, PutsTheChordsEndsEvenlyOnTheArc) {
                                  0.0};
         };
         OutlineVertex from = at(0.0);
-        from.m_fBulge = BulgeOf(angle);
+        from.bulge = BulgeOf(angle);
         const Outline outline = OutlineOf({from, at(angle)});
-        const std::size_t chords = outline.m_points.size() - 1;
+        const std::size_t chords = outline.points.size() - 1;
         ASSERT_GE(chords, 4U);
         for (std::size_t i = 0; i <= chords; ++i) {
             const OutlineVertex expected = at(angle * static_cast<double>(i) / static_cast<double>(chords));
-            EXPECT_NEAR(outline.m_points[i].x, expected.x, 1e-7) << angle << " " << i;
-            EXPECT_NEAR(outline.m_points[i].y, expected.y, 1e-7) << angle << " " << i;
-            EXPECT_EQ(outline.m_points[i].m_bInArc, i > 0 && i < chords);
+            EXPECT_NEAR(outline.points[i].x, expected.x, 1e-7) << angle << " " << i;
+            EXPECT_NEAR(outline.points[i].y, expected.y, 1e-7) << angle << " " << i;
+            EXPECT_EQ(outline.points[i].isInArc, i > 0 && i < chords);
         }
     }
 }
 
 TEST(Outline, KeepsTheVerticesThemselvesExactly) {
     const Outline outline = OutlineOf({{0.1, 0.2, 0.7}, {1234.5678, 9.1, 0.0}});
-    EXPECT_EQ(outline.m_points.front().x, 0.1);
-    EXPECT_EQ(outline.m_points.front().y, 0.2);
-    EXPECT_EQ(outline.m_points.back().x, 1234.5678);
-    EXPECT_EQ(outline.m_points.back().y, 9.1);
+    EXPECT_EQ(outline.points.front().x, 0.1);
+    EXPECT_EQ(outline.points.front().y, 0.2);
+    EXPECT_EQ(outline.points.back().x, 1234.5678);
+    EXPECT_EQ(outline.points.back().y, 9.1);
 }
 
 TEST(Outline, TakesAnArcThatHardlyRisesForStraight) {
-    EXPECT_EQ(OutlineOf({{0, 0, 1e-9}, {1000, 0, 0}}).m_points.size(), 2U);
-    EXPECT_EQ(OutlineOf({{0, 0, 1e-7}, {1000, 0, 0}}).m_points.size(), 5U);
+    EXPECT_EQ(OutlineOf({{0, 0, 1e-9}, {1000, 0, 0}}).points.size(), 2U);
+    EXPECT_EQ(OutlineOf({{0, 0, 1e-7}, {1000, 0, 0}}).points.size(), 5U);
 }
 
 TEST(Outline, IgnoresTheLastBulgeOfAnOpenPath) {
-    EXPECT_EQ(OutlineOf({{0, 0, 0}, {1000, 0, 1}}).m_points.size(), 2U);
-    EXPECT_EQ(OutlineOf({{0, 0, 0}, {10, 0, 1}}, true).m_points.size(), 5U) << "a closed path has a segment there";
+    EXPECT_EQ(OutlineOf({{0, 0, 0}, {1000, 0, 1}}).points.size(), 2U);
+    EXPECT_EQ(OutlineOf({{0, 0, 0}, {10, 0, 1}}, true).points.size(), 5U) << "a closed path has a segment there";
 }
 
 TEST(Outline, DropsRepeatedPointsWithTheirSegment) {
     // The bulge of the dropped segment goes, the one behind it stays.
     const Outline outline = OutlineOf({{0, 0, 0}, {10, 0, 1}, {10, 0, 0}, {20, 0, 0}});
-    EXPECT_EQ(outline.m_points.size(), 3U);
-    EXPECT_EQ(OutlineOf({{0, 0, 0}, {10, 0, 0}, {10, 0, 1}, {20, 0, 0}}).m_points.size(), 6U);
+    EXPECT_EQ(outline.points.size(), 3U);
+    EXPECT_EQ(OutlineOf({{0, 0, 0}, {10, 0, 0}, {10, 0, 1}, {20, 0, 0}}).points.size(), 6U);
 }
 
 TEST(Outline, IsClosedWhenItComesBack) {
     const Outline outline = OutlineOf({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 0, 1}});
-    EXPECT_TRUE(outline.m_bClosed);
-    EXPECT_EQ(outline.m_points.size(), 3U);
-    EXPECT_FALSE(OutlineOf({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}}).m_bClosed);
+    EXPECT_TRUE(outline.isClosed);
+    EXPECT_EQ(outline.points.size(), 3U);
+    EXPECT_FALSE(OutlineOf({{0, 0, 0}, {10, 0, 0}, {10, 10, 0}}).isClosed);
 }
 
 TEST(Outline, FallsBackToFourChordsWhenTheDrawingHasNoneToSpare) {
     ArcDivision division;
-    division.m_nSpareChords = 20;
+    division.spareChords = 20;
     const std::vector<OutlineVertex> arc = {{0, 0, 1}, {40000, 0, 0}};  // 23 chords: 19 more than the least
     Outline outline;
     ASSERT_TRUE(MakeOutline(arc, false, division, outline));
-    EXPECT_EQ(outline.m_points.size(), 24U);
-    EXPECT_EQ(division.m_nSpareChords, 1U);
+    EXPECT_EQ(outline.points.size(), 24U);
+    EXPECT_EQ(division.spareChords, 1U);
     ASSERT_TRUE(MakeOutline(arc, false, division, outline));
-    EXPECT_EQ(outline.m_points.size(), 6U);
+    EXPECT_EQ(outline.points.size(), 6U);
     ASSERT_TRUE(MakeOutline(arc, false, division, outline));
-    EXPECT_EQ(outline.m_points.size(), 5U);
+    EXPECT_EQ(outline.points.size(), 5U);
 }
 
 TEST(Outline, IsNoneWithOnePlaceOrBeyondTheFarthest) {

@@ -39,36 +39,36 @@ std::string Tube(int rings) {
 
 TEST(PolyfaceFaces, AreThoseThatTheRecordsName) {
     const Scene scene = SceneOf(Polyface(kFour + Record("71=1 72=2 73=3 74=4") + Record("71=3 72=2 73=1")));
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}});
-    ExpectCorners(scene.m_faces[1], {{1, 1, 0}, {1, 0, 0}, {0, 0, 0}});
-    EXPECT_EQ(scene.m_nFaulty + scene.m_nOther, 0U) << "vertices and SEQEND are not counted";
-    ASSERT_EQ(scene.m_entities.size(), 1U);
-    EXPECT_EQ(scene.m_entities[0].m_nFaceCount, 2U);
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}});
+    ExpectCorners(scene.faces[1], {{1, 1, 0}, {1, 0, 0}, {0, 0, 0}});
+    EXPECT_EQ(scene.faultyCount + scene.otherCount, 0U) << "vertices and SEQEND are not counted";
+    ASSERT_EQ(scene.entities.size(), 1U);
+    EXPECT_EQ(scene.entities[0].faceCount, 2U);
 }
 
 TEST(PolyfaceFaces, HideTheEdgesOfNegativeCorners) {
     const Scene scene = SceneOf(Polyface(kFour + Record("71=1 72=-2 73=3 74=-4")));
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    EXPECT_EQ(FlagsOf(scene.m_faces[0]), "-h-h");
+    ASSERT_EQ(scene.faces.size(), 1U);
+    EXPECT_EQ(FlagsOf(scene.faces[0]), "-h-h");
 }
 
 TEST(PolyfaceFaces, PassOverCornersThatAreAbsent) {
     for (const char* corners : {"71=1 72=2 73=3 74=0", "71=1 72=0 73=2 74=3", "71=1 72=2 73=3"}) {
         const Scene scene = SceneOf(Polyface(kFour + Record(corners)));
-        ASSERT_EQ(scene.m_faces.size(), 1U) << corners;
-        ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
+        ASSERT_EQ(scene.faces.size(), 1U) << corners;
+        ExpectCorners(scene.faces[0], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}});
     }
 }
 
 TEST(PolyfaceFaces, LeaveOutRecordsOfPointsAndLines) {
-    EXPECT_EQ(SceneOf(Polyface(kFour + Record("71=1") + Record("71=1 72=2") + Record("71=1 72=2 73=3"))).m_faces.size(),
+    EXPECT_EQ(SceneOf(Polyface(kFour + Record("71=1") + Record("71=1 72=2") + Record("71=1 72=2 73=3"))).faces.size(),
               1U);
     ExpectFaulty(Polyface(kFour + Record("71=1 72=2")), "no face at all");
 }
 
 TEST(PolyfaceFaces, MayNameLocationsThatFollow) {
-    EXPECT_EQ(SceneOf(Polyface(Record("71=1 72=2 73=3") + kFour)).m_faces.size(), 1U);
+    EXPECT_EQ(SceneOf(Polyface(Record("71=1 72=2 73=3") + kFour)).faces.size(), 1U);
 }
 
 TEST(PolyfaceFaces, AreFaultyWithAnIndexOutOfRange) {
@@ -87,42 +87,42 @@ TEST(PolyfaceFaces, AreFaultyWithoutLocationsOrRecords) {
 TEST(PolyfaceFaces, EndWithTheFirstEntityThatIsNoVertex) {
     const Scene scene = SceneOf(Entity("POLYLINE", "70=64") + kFour + Record("71=1 72=2 73=3") + Triangle("") +
                                 Record("71=9 72=9 73=9"));
-    EXPECT_EQ(scene.m_faces.size(), 2U);
-    EXPECT_EQ(scene.m_nFaulty, 0U);
+    EXPECT_EQ(scene.faces.size(), 2U);
+    EXPECT_EQ(scene.faultyCount, 0U);
 }
 
 TEST(PolygonMeshFaces, RunAlongTheRows) {
     const Scene scene = SceneOf(MeshOf(16, "71=2 72=3", GridVertices(2, 3, "64")));
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}});
-    ExpectCorners(scene.m_faces[1], {{0, 1, 0}, {0, 2, 0}, {1, 2, 0}, {1, 1, 0}});
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}});
+    ExpectCorners(scene.faces[1], {{0, 1, 0}, {0, 2, 0}, {1, 2, 0}, {1, 1, 0}});
 }
 
 TEST(PolygonMeshFaces, CloseInEitherDirection) {
     // 3 rings of 4: 2 * 4 faces around the tube, and 3 * 4 when its end joins its beginning.
-    EXPECT_EQ(SceneOf(MeshOf(16, "71=3 72=4", Tube(3))).m_faces.size(), 2U * 3U);
-    EXPECT_EQ(SceneOf(MeshOf(16 + 1, "71=3 72=4", Tube(3))).m_faces.size(), 3U * 3U);
-    EXPECT_EQ(SceneOf(MeshOf(16 + 32 + 1, "71=3 72=4", Tube(3))).m_faces.size(), 3U * 4U);
+    EXPECT_EQ(SceneOf(MeshOf(16, "71=3 72=4", Tube(3))).faces.size(), 2U * 3U);
+    EXPECT_EQ(SceneOf(MeshOf(16 + 1, "71=3 72=4", Tube(3))).faces.size(), 3U * 3U);
+    EXPECT_EQ(SceneOf(MeshOf(16 + 32 + 1, "71=3 72=4", Tube(3))).faces.size(), 3U * 4U);
     const Scene around = SceneOf(MeshOf(16 + 32, "71=3 72=4", Tube(3)));
-    ASSERT_EQ(around.m_faces.size(), 2U * 4U);
-    for (const double part : TotalAreaVector(around.m_faces))
+    ASSERT_EQ(around.faces.size(), 2U * 4U);
+    for (const double part : TotalAreaVector(around.faces))
         EXPECT_DOUBLE_EQ(part, 0.0);
-    ExpectCorners(around.m_faces[3], {{0, 2, 0}, {0, 0, 0}, {0, 0, 1}, {0, 2, 1}});
+    ExpectCorners(around.faces[3], {{0, 2, 0}, {0, 0, 0}, {0, 0, 1}, {0, 2, 1}});
 }
 
 TEST(PolygonMeshFaces, UseTheSmoothedVerticesOfASmoothedMesh) {
     const std::string control = GridVertices(2, 2, "80", 7.0);
     const Scene scene = SceneOf(MeshOf(16 + 4, "71=2 72=2 73=3 74=4", control + GridVertices(3, 4, "72")));
-    ASSERT_EQ(scene.m_faces.size(), 2U * 3U);
-    EXPECT_EQ(scene.m_ptMax.z, 0.0) << "no control point";
-    EXPECT_EQ(scene.m_ptMax.y, 3.0);
+    ASSERT_EQ(scene.faces.size(), 2U * 3U);
+    EXPECT_EQ(scene.most.z, 0.0) << "no control point";
+    EXPECT_EQ(scene.most.y, 3.0);
 }
 
 TEST(PolygonMeshFaces, PassOverSmoothedVerticesOfAMeshThatIsNotSmoothed) {
     const Scene scene =
         SceneOf(MeshOf(16, "71=2 72=2 73=3 74=4", GridVertices(2, 2, "64", 7.0) + GridVertices(3, 4, "72")));
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    EXPECT_EQ(scene.m_ptMin.z, 7.0);
+    ASSERT_EQ(scene.faces.size(), 1U);
+    EXPECT_EQ(scene.least.z, 7.0);
 }
 
 TEST(PolygonMeshFaces, AreFaultyWithAnotherNumberOfVertices) {
@@ -140,6 +140,6 @@ TEST(PolygonMeshFaces, LeaveOutFacesWithoutAnAreaAsAtAPole) {
     const std::string rim = Entity("VERTEX", At(1, 0, 0) + "70=64") + Entity("VERTEX", At(0, 1, 0) + "70=64") +
                             Entity("VERTEX", At(0, 1, 0) + "70=64");
     const Scene scene = SceneOf(MeshOf(16, "71=2 72=3", pole + rim));
-    ASSERT_EQ(scene.m_faces.size(), 1U);
-    EXPECT_EQ(scene.m_faces[0].GetPointNum(), 3);
+    ASSERT_EQ(scene.faces.size(), 1U);
+    EXPECT_EQ(scene.faces[0].GetPointNum(), 3);
 }

@@ -31,8 +31,8 @@ double Shoelace(const Polygon& polygon) {
 
 double AreaOf(const Polygon& polygon, const PolygonPiece& piece) {
     Polygon part;
-    for (int i = 0; i < piece.m_nCount; ++i)
-        part.push_back(polygon[piece.m_nCorner[i]]);
+    for (int i = 0; i < piece.count; ++i)
+        part.push_back(polygon[piece.corners[i]]);
     return Shoelace(part);
 }
 
@@ -101,9 +101,9 @@ TEST(PolygonTriangles, LeaveAConvexQuadrilateralAsItIs) {
     std::vector<PolygonPiece> pieces;
     ASSERT_TRUE(DividePolygon(Of({{0, 0}, {3, 0}, {4, 4}, {0, 4}}), pieces));
     ASSERT_EQ(pieces.size(), 1U);
-    EXPECT_EQ(pieces[0].m_nCount, 4);
+    EXPECT_EQ(pieces[0].count, 4);
     for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_EQ(pieces[0].m_nCorner[i], i);
+        EXPECT_EQ(pieces[0].corners[i], i);
 }
 
 TEST(PolygonTriangles, AreTwoLessThanTheCorners) {
@@ -200,15 +200,15 @@ TEST(PolygonTriangles, AreRefusedBeyondTheMostCorners) {
 
 TEST(PolygonTriangles, KeepTheHiddenEdgesAndHideTheirOwn) {
     Polygon polygon = Of({{0, 0}, {4, 0}, {6, 3}, {2, 6}, {-2, 3}});
-    polygon[1].m_bHidden = true;
+    polygon[1].isHidden = true;
     std::vector<PolygonPiece> pieces;
     ASSERT_TRUE(DividePolygon(polygon, pieces));
     ASSERT_EQ(pieces.size(), 3U);
     for (const PolygonPiece& piece : pieces)
         for (std::size_t i = 0; i < 3; ++i) {
-            const std::size_t from = piece.m_nCorner[i];
-            const bool isOwn = piece.m_nCorner[(i + 1) % 3] == (from + 1) % 5;
-            EXPECT_EQ(piece.m_bHidden[i], !isOwn || from == 1) << "from corner " << from;
+            const std::size_t from = piece.corners[i];
+            const bool isOwn = piece.corners[(i + 1) % 3] == (from + 1) % 5;
+            EXPECT_EQ(piece.isHidden[i], !isOwn || from == 1) << "from corner " << from;
         }
 }
 
@@ -217,6 +217,6 @@ TEST(PolygonTriangles, ShowAnEdgeThatHasACornerInItsMiddle) {
     std::vector<PolygonPiece> pieces;
     ASSERT_TRUE(DividePolygon(Of({{0, 0}, {2, 0}, {4, 0}, {0, 4}}), pieces));
     ASSERT_EQ(pieces.size(), 1U);
-    for (const bool isHidden : {pieces[0].m_bHidden[0], pieces[0].m_bHidden[1], pieces[0].m_bHidden[2]})
+    for (const bool isHidden : {pieces[0].isHidden[0], pieces[0].isHidden[1], pieces[0].isHidden[2]})
         EXPECT_FALSE(isHidden);
 }

@@ -37,28 +37,28 @@ Points Reversed(Points points) {
 
 TEST(PolylineFaces, AreAWallForEachSegment) {
     const Scene scene = SceneOf(Lw("39=3 38=10", {{0, 0}, {4, 0}, {4, 2}}));
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 10}, {4, 0, 10}, {4, 0, 13}, {0, 0, 13}});
-    ExpectCorners(scene.m_faces[1], {{4, 0, 10}, {4, 2, 10}, {4, 2, 13}, {4, 0, 13}});
-    EXPECT_EQ(FlagsOf(scene.m_faces[0]), "----");
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 10}, {4, 0, 10}, {4, 0, 13}, {0, 0, 13}});
+    ExpectCorners(scene.faces[1], {{4, 0, 10}, {4, 2, 10}, {4, 2, 13}, {4, 0, 13}});
+    EXPECT_EQ(FlagsOf(scene.faces[0]), "----");
 }
 
 TEST(PolylineFaces, OfAnOpenPathFaceToItsRightWhicheverWayTheyGo) {
     for (const char* thickness : {"39=3", "39=-3"}) {
         const Scene scene = SceneOf(Lw(thickness, {{0, 0}, {4, 0}}));
-        ASSERT_EQ(scene.m_faces.size(), 1U);
-        EXPECT_DOUBLE_EQ(AreaVectorOf(scene.m_faces[0])[1], -12.0) << thickness;
+        ASSERT_EQ(scene.faces.size(), 1U);
+        EXPECT_DOUBLE_EQ(AreaVectorOf(scene.faces[0])[1], -12.0) << thickness;
     }
 }
 
 TEST(PolylineFaces, MakeAClosedOutlineABodyWithBottomAndTop) {
     const Scene scene = SceneOf(Lw("39=10 38=2 70=1", kSquare));
-    ASSERT_EQ(scene.m_faces.size(), 6U) << "a convex quadrilateral's bottom and top are one face each";
-    ExpectBody(scene.m_faces, 120.0);
-    EXPECT_DOUBLE_EQ(LevelArea(scene.m_faces, 1), 12.0);
-    EXPECT_DOUBLE_EQ(LevelArea(scene.m_faces, -1), 12.0);
-    EXPECT_EQ(scene.m_ptMin, QcGePoint(1, 2, 2));
-    EXPECT_EQ(scene.m_ptMax, QcGePoint(5, 5, 12));
+    ASSERT_EQ(scene.faces.size(), 6U) << "a convex quadrilateral's bottom and top are one face each";
+    ExpectBody(scene.faces, 120.0);
+    EXPECT_DOUBLE_EQ(LevelArea(scene.faces, 1), 12.0);
+    EXPECT_DOUBLE_EQ(LevelArea(scene.faces, -1), 12.0);
+    EXPECT_EQ(scene.least, QcGePoint(1, 2, 2));
+    EXPECT_EQ(scene.most, QcGePoint(5, 5, 12));
 }
 
 TEST(PolylineFaces, TakeAnOutlineThatComesBackToItsBeginningForClosed) {
@@ -66,8 +66,8 @@ TEST(PolylineFaces, TakeAnOutlineThatComesBackToItsBeginningForClosed) {
     points.push_back(kSquare[0]);
     for (const char* flags : {"39=10 70=0", "39=10 70=1", "39=10"}) {
         const Scene scene = SceneOf(Lw(flags, points));
-        EXPECT_EQ(scene.m_faces.size(), 6U) << flags;
-        ExpectBody(scene.m_faces, 120.0);
+        EXPECT_EQ(scene.faces.size(), 6U) << flags;
+        ExpectBody(scene.faces, 120.0);
     }
 }
 
@@ -76,31 +76,31 @@ TEST(PolylineFaces, AreOutwardForBothSensesAndBothSignsOfTheThickness) {
         for (const char* thickness : {"39=30 70=1", "39=-30 70=1"})
             for (const char* extrusion : {"", " 210=0 220=0 230=-1", " 210=1 220=0 230=0", " 210=0.3 220=-0.4 230=2"}) {
                 const Scene scene = SceneOf(Lw(std::string(thickness) + extrusion, points));
-                EXPECT_EQ(scene.m_faces.size(), 6U + 2U * 4U);
-                ExpectBody(scene.m_faces, 854.0 * 30.0);
+                EXPECT_EQ(scene.faces.size(), 6U + 2U * 4U);
+                ExpectBody(scene.faces, 854.0 * 30.0);
             }
 }
 
 TEST(PolylineFaces, GoDownWithANegativeThickness) {
     const Scene scene = SceneOf(Lw("39=-10 38=2 70=1", kSquare));
-    EXPECT_EQ(scene.m_ptMin.z, -8.0);
-    EXPECT_EQ(scene.m_ptMax.z, 2.0);
-    EXPECT_DOUBLE_EQ(LevelArea(scene.m_faces, 1), 12.0);
+    EXPECT_EQ(scene.least.z, -8.0);
+    EXPECT_EQ(scene.most.z, 2.0);
+    EXPECT_DOUBLE_EQ(LevelArea(scene.faces, 1), 12.0);
 }
 
 TEST(PolylineFaces, AreMirroredByAnExtrusionThatPointsDown) {
     // Its x axis is the world's turned round; height 2 to 12 along it is -2 to -12.
     const Scene scene = SceneOf(Lw("39=10 38=2 70=1 210=0 220=0 230=-1", kSquare));
-    EXPECT_EQ(scene.m_ptMin, QcGePoint(-5, 2, -12));
-    EXPECT_EQ(scene.m_ptMax, QcGePoint(-1, 5, -2));
+    EXPECT_EQ(scene.least, QcGePoint(-5, 2, -12));
+    EXPECT_EQ(scene.most, QcGePoint(-1, 5, -2));
 }
 
 TEST(PolylineFaces, CoverAConcaveOutlineOnce) {
     for (const Points& points : {kL, Reversed(kL)}) {
         const Scene scene = SceneOf(Lw("39=30 70=1", points));
-        EXPECT_NEAR(LevelArea(scene.m_faces, 1), 854.0, 1e-9);
-        EXPECT_NEAR(LevelArea(scene.m_faces, -1), 854.0, 1e-9);
-        EXPECT_EQ(scene.m_nFaulty, 0U);
+        EXPECT_NEAR(LevelArea(scene.faces, 1), 854.0, 1e-9);
+        EXPECT_NEAR(LevelArea(scene.faces, -1), 854.0, 1e-9);
+        EXPECT_EQ(scene.faultyCount, 0U);
     }
 }
 
@@ -108,11 +108,11 @@ TEST(PolylineFaces, HideTheDiagonalsOfBottomAndTop) {
     const Scene scene = SceneOf(Lw("39=30 70=1", kL));
     int shown = 0;
     int hidden = 0;
-    for (std::size_t i = 6; i < scene.m_faces.size(); ++i)
+    for (std::size_t i = 6; i < scene.faces.size(); ++i)
         for (int k = 0; k < 3; ++k) {
-            const QcGePoint a = scene.m_faces[i][k];
-            const QcGePoint b = scene.m_faces[i][(k + 1) % 3];
-            const bool isShown = scene.m_faces[i].m_flag[k] == 0;
+            const QcGePoint a = scene.faces[i][k];
+            const QcGePoint b = scene.faces[i][(k + 1) % 3];
+            const bool isShown = scene.faces[i].m_flag[k] == 0;
             ++(isShown ? shown : hidden);
             if (isShown)
                 EXPECT_TRUE(a.x == b.x || a.y == b.y) << "the outline's own edges are along the axes";
@@ -124,23 +124,23 @@ TEST(PolylineFaces, HideTheDiagonalsOfBottomAndTop) {
 TEST(PolylineFaces, DropPointsThatRepeatTheOneBefore) {
     const Scene scene =
         SceneOf(Lw("39=10 70=1", {{1, 2}, {1, 2}, {5, 2}, {5, 5}, {5, 5}, {5, 5}, {1, 5}, {1, 2}, {1, 2}}));
-    EXPECT_EQ(scene.m_faces.size(), 6U);
-    ExpectBody(scene.m_faces, 120.0);
+    EXPECT_EQ(scene.faces.size(), 6U);
+    ExpectBody(scene.faces, 120.0);
 }
 
 TEST(PolylineFaces, KeepPointsInOneLineInTheWalls) {
     const Scene scene = SceneOf(Lw("39=10 70=1", {{1, 2}, {3, 2}, {5, 2}, {5, 5}, {1, 5}}));
-    ExpectBody(scene.m_faces, 120.0);
-    EXPECT_DOUBLE_EQ(LevelArea(scene.m_faces, 1), 12.0);
+    ExpectBody(scene.faces, 120.0);
+    EXPECT_DOUBLE_EQ(LevelArea(scene.faces, 1), 12.0);
 }
 
 TEST(PolylineFaces, GiveAnOutlineThatCrossesItselfItsWallsOnly) {
     const Scene eight = SceneOf(Lw("39=10 70=1", {{0, 0}, {10, 10}, {10, 0}, {0, 7}}));
-    EXPECT_EQ(eight.m_faces.size(), 4U);
-    EXPECT_EQ(LevelArea(eight.m_faces, 1), 0.0);
-    EXPECT_EQ(eight.m_nFaulty, 0U);
+    EXPECT_EQ(eight.faces.size(), 4U);
+    EXPECT_EQ(LevelArea(eight.faces, 1), 0.0);
+    EXPECT_EQ(eight.faultyCount, 0U);
     const Scene star = SceneOf(Lw("39=10 70=1", {{0, 10}, {6, -8}, {-9.5, 3}, {9.5, 3}, {-6, -8}}));
-    EXPECT_EQ(star.m_faces.size(), 5U) << "it winds twice around its middle";
+    EXPECT_EQ(star.faces.size(), 5U) << "it winds twice around its middle";
 }
 
 TEST(PolylineFaces, DivideAnOutlineWithACourtyardOnASlit) {
@@ -149,15 +149,15 @@ TEST(PolylineFaces, DivideAnOutlineWithACourtyardOnASlit) {
                            {40, 60}, {60, 60}, {60, 40},   {40, 40}, {0, 0}};
     for (const Points& each : {points, Reversed(points)}) {
         const Scene scene = SceneOf(Lw("39=10 70=1", each));
-        EXPECT_NEAR(LevelArea(scene.m_faces, 1), 9600.0, 1e-6);
-        ExpectBody(scene.m_faces, 96000.0);
+        EXPECT_NEAR(LevelArea(scene.faces, 1), 9600.0, 1e-6);
+        ExpectBody(scene.faces, 96000.0);
     }
 }
 
 TEST(PolylineFaces, AreWallsOnlyForTwoPointsThereAndBack) {
     const Scene scene = SceneOf(Lw("39=10 70=1", {{0, 0}, {4, 0}}));
-    EXPECT_EQ(scene.m_faces.size(), 2U);
-    EXPECT_EQ(LevelArea(scene.m_faces, 1), 0.0);
+    EXPECT_EQ(scene.faces.size(), 2U);
+    EXPECT_EQ(LevelArea(scene.faces, 1), 0.0);
 }
 
 TEST(PolylineFaces, MakeACircleOfTwoBulges) {
@@ -167,49 +167,49 @@ TEST(PolylineFaces, MakeACircleOfTwoBulges) {
     const double widest = 2.0 * std::acos(1.0 - 50.0 / 1000.0);
     const int chords = 2 * static_cast<int>(std::ceil(std::numbers::pi / widest));
     const double area = chords / 2.0 * 1e6 * std::sin(2.0 * std::numbers::pi / chords);
-    ExpectBody(scene.m_faces, area * 100.0);
-    EXPECT_NEAR(LevelArea(scene.m_faces, 1), area, 1e-3);
-    for (const QcGeFace3dEX& face : scene.m_faces)
+    ExpectBody(scene.faces, area * 100.0);
+    EXPECT_NEAR(LevelArea(scene.faces, 1), area, 1e-3);
+    for (const QcGeFace3dEX& face : scene.faces)
         for (int i = 0; i < face.GetPointNum(); ++i)
             EXPECT_NEAR(std::hypot(face[i].x, face[i].y), 1000.0, 1e-9);
 }
 
 TEST(PolylineFaces, HideTheEdgesBetweenTheChordsOfAnArc) {
     const Scene scene = SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=1 20=0 10=2 20=0"));
-    ASSERT_EQ(scene.m_faces.size(), 5U) << "four chords and a straight wall";
-    EXPECT_EQ(FlagsOf(scene.m_faces[0]), "-h--");
-    EXPECT_EQ(FlagsOf(scene.m_faces[1]), "-h-h");
-    EXPECT_EQ(FlagsOf(scene.m_faces[3]), "---h");
-    EXPECT_EQ(FlagsOf(scene.m_faces[4]), "----");
+    ASSERT_EQ(scene.faces.size(), 5U) << "four chords and a straight wall";
+    EXPECT_EQ(FlagsOf(scene.faces[0]), "-h--");
+    EXPECT_EQ(FlagsOf(scene.faces[1]), "-h-h");
+    EXPECT_EQ(FlagsOf(scene.faces[3]), "---h");
+    EXPECT_EQ(FlagsOf(scene.faces[4]), "----");
 }
 
 TEST(PolylineFaces, BulgeToTheRightWhenPositive) {
     // Counter-clockwise from (0, 0) to (2, 0): a half circle below the x axis.
     const Scene below = SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=2 20=0"));
-    EXPECT_NEAR(below.m_ptMin.y, -1.0, 1e-12);
-    EXPECT_NEAR(below.m_ptMax.y, 0.0, 1e-12);
+    EXPECT_NEAR(below.least.y, -1.0, 1e-12);
+    EXPECT_NEAR(below.most.y, 0.0, 1e-12);
     const Scene above = SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=-1 10=2 20=0"));
-    EXPECT_NEAR(above.m_ptMax.y, 1.0, 1e-12);
+    EXPECT_NEAR(above.most.y, 1.0, 1e-12);
 }
 
 TEST(PolylineFaces, MeasureTheSagittaInTheDrawingsUnit) {
     // A half circle of radius 20 m; 50 mm allow chords of 2 * acos(1 - 0.05 / 20) = 0.1415 radians: 23 of them.
-    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40 20=0"), "", 6).m_faces.size(), 23U);
-    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 4).m_faces.size(), 23U);
-    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 0).m_faces.size(), 23U);
+    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40 20=0"), "", 6).faces.size(), 23U);
+    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 4).faces.size(), 23U);
+    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 0).faces.size(), 23U);
 }
 
 TEST(PolylineFaces, OfOldPolylinesAreTheSame) {
     // The height is the POLYLINE's own z; that of its vertices does not count.
     const Scene scene = SceneOf(Old("39=30 70=1 10=0 20=0 30=7", kL));
-    ExpectBody(scene.m_faces, 854.0 * 30.0);
-    EXPECT_EQ(scene.m_ptMin.z, 7.0);
-    EXPECT_EQ(scene.m_ptMax.z, 37.0);
-    EXPECT_EQ(scene.m_entities.size(), 1U);
-    EXPECT_EQ(scene.m_nOther, 0U);
+    ExpectBody(scene.faces, 854.0 * 30.0);
+    EXPECT_EQ(scene.least.z, 7.0);
+    EXPECT_EQ(scene.most.z, 37.0);
+    EXPECT_EQ(scene.entities.size(), 1U);
+    EXPECT_EQ(scene.otherCount, 0U);
     EXPECT_EQ(SceneOf(Entity("POLYLINE", "39=1 70=0") + Entity("VERTEX", "10=0 20=0 42=1") +
                       Entity("VERTEX", "10=1 20=0") + Entity("SEQEND", ""))
-                  .m_faces.size(),
+                  .faces.size(),
               4U)
         << "an arc";
 }
@@ -219,24 +219,24 @@ TEST(PolylineFaces, PassOverTheFramePointsOfASpline) {
                                 Entity("VERTEX", "10=0 20=0 70=8") + Entity("VERTEX", "10=5 20=9 70=16") +
                                 Entity("VERTEX", "10=5 20=4 70=8") + Entity("VERTEX", "10=9 20=0 70=8") +
                                 Entity("VERTEX", "10=10 20=9 70=16") + Entity("SEQEND", ""));
-    ASSERT_EQ(scene.m_faces.size(), 2U);
-    ExpectCorners(scene.m_faces[0], {{0, 0, 0}, {5, 4, 0}, {5, 4, 1}, {0, 0, 1}});
+    ASSERT_EQ(scene.faces.size(), 2U);
+    ExpectCorners(scene.faces[0], {{0, 0, 0}, {5, 4, 0}, {5, 4, 1}, {0, 0, 1}});
 }
 
 TEST(PolylineFaces, NeedAThickness) {
     for (const char* thickness : {"", "39=0", "39=0.0", "39=1e-9"}) {
         const Scene scene =
             SceneOf(Lw(std::string(thickness) + " 70=1", kSquare) + Old(std::string(thickness) + " 70=1", kSquare));
-        EXPECT_TRUE(scene.m_faces.empty());
-        EXPECT_EQ(scene.m_nOther, 2U);
-        EXPECT_EQ(scene.m_nFaulty, 0U);
+        EXPECT_TRUE(scene.faces.empty());
+        EXPECT_EQ(scene.otherCount, 2U);
+        EXPECT_EQ(scene.faultyCount, 0U);
     }
 }
 
 TEST(PolylineFaces, AreNoneOfAThreeDimensionalPolyline) {
     const Scene scene = SceneOf(Old("39=10 70=8", kSquare));
-    EXPECT_TRUE(scene.m_faces.empty());
-    EXPECT_EQ(scene.m_nOther, 1U);
+    EXPECT_TRUE(scene.faces.empty());
+    EXPECT_EQ(scene.otherCount, 1U);
 }
 
 TEST(PolylineFaces, AreFaultyWithoutTwoPoints) {
@@ -247,7 +247,7 @@ TEST(PolylineFaces, AreFaultyWithoutTwoPoints) {
 }
 
 TEST(PolylineFaces, AreFaultyWithBrokenNumbers) {
-    ASSERT_EQ(SceneOf(Lw("90=4 39=10 70=1 43=0", kSquare)).m_faces.size(), 6U) << "what is varied below";
+    ASSERT_EQ(SceneOf(Lw("90=4 39=10 70=1 43=0", kSquare)).faces.size(), 6U) << "what is varied below";
     for (const char* groups : {"39=x", "39=nan", "39=10 38=inf", "39=10 70=x", "39=10 210=x", "39=10 230=0",
                                "39=10 90=5", "39=10 90=2000000000", "39=10 90=x", "39=10 38=1e30"})
         ExpectFaulty(Lw(groups, kSquare), groups);

@@ -24,11 +24,11 @@ constexpr double kCubicMetre = 1e9;
 
 TEST(SampleDrawing, HasAGroundSevenBuildingsARoofAndAPavilion) {
     const Sample sample;
-    ASSERT_EQ(sample.m_scene.m_entities.size(), 10U);
-    EXPECT_EQ(sample.m_scene.m_nFaulty, 0U);
-    EXPECT_EQ(sample.m_scene.m_nOther, 1U) << "a text";
-    EXPECT_EQ(sample.m_scene.m_ptMin, QcGePoint(-40000, -40000, 0));
-    EXPECT_EQ(sample.m_scene.m_ptMax, QcGePoint(150000, 160000, 60000));
+    ASSERT_EQ(sample.m_scene.entities.size(), 10U);
+    EXPECT_EQ(sample.m_scene.faultyCount, 0U);
+    EXPECT_EQ(sample.m_scene.otherCount, 1U) << "a text";
+    EXPECT_EQ(sample.m_scene.least, QcGePoint(-40000, -40000, 0));
+    EXPECT_EQ(sample.m_scene.most, QcGePoint(150000, 160000, 60000));
 }
 
 TEST(SampleDrawing, HasAGroundThatLooksUp) {
@@ -59,7 +59,7 @@ TEST(SampleDrawing, HasAHippedRoof) {
     const std::vector<QcGeFace3dEX> roof = FacesOf(sample.m_scene, 8);
     EXPECT_EQ(roof.size(), 5U);
     ExpectBody(roof, (14.0 * 4 / 2 * 12 + 14.0 * 14 * 4 / 3) * kCubicMetre);
-    EXPECT_EQ(sample.m_scene.m_entities[8].m_nTrueColor, 0xA0522D) << "its layer's";
+    EXPECT_EQ(sample.m_scene.entities[8].trueColor, 0xA0522D) << "its layer's";
 }
 
 TEST(SampleDrawing, HasAPavilion) {
@@ -68,20 +68,20 @@ TEST(SampleDrawing, HasAPavilion) {
     const std::vector<QcGeFace3dEX> pavilion = FacesOf(sample.m_scene, 9);
     EXPECT_EQ(pavilion.size(), 6U + 6U + 4U);
     ExpectBody(pavilion, (72.0 * 3 + 72.0 * 2 / 3) * kCubicMetre);
-    EXPECT_EQ(sample.m_scene.m_entities[9].m_nColorIndex, 30) << "its own";
-    EXPECT_EQ(sample.m_scene.m_entities[9].m_nTrueColor, -1);
+    EXPECT_EQ(sample.m_scene.entities[9].colorIndex, 30) << "its own";
+    EXPECT_EQ(sample.m_scene.entities[9].trueColor, -1);
 }
 
 TEST(SampleDrawing, HasTheColorsOfItsLayers) {
     const Sample sample;
-    EXPECT_EQ(sample.m_scene.m_entities[0].m_nColorIndex, 8);
+    EXPECT_EQ(sample.m_scene.entities[0].colorIndex, 8);
     for (std::size_t i = 1; i <= 7; ++i)
-        EXPECT_EQ(sample.m_scene.m_entities[i].m_nColorIndex, 9);
-    EXPECT_EQ(sample.m_scene.m_entities[8].m_nColorIndex, 1);
+        EXPECT_EQ(sample.m_scene.entities[i].colorIndex, 9);
+    EXPECT_EQ(sample.m_scene.entities[8].colorIndex, 1);
     std::string names;
     std::vector<DxfGroup> groups;
-    for (const SceneEntity& entity : sample.m_scene.m_entities) {
-        ASSERT_TRUE(sample.m_drawing.GetGroups(entity.m_id, groups));
+    for (const SceneEntity& entity : sample.m_scene.entities) {
+        ASSERT_TRUE(sample.m_drawing.GetGroups(entity.id, groups));
         for (const DxfGroup& group : groups)
             if (group.code == 8)
                 names += ToUtf8(sample.m_drawing.Decode(group.value).View()) + " ";

@@ -52,10 +52,10 @@ inline std::string Triangle(const std::string& groups) {
 // What stands there for a faulty entity.
 inline void ExpectFaulty(const std::string& entities, const char* why) {
     const Scene scene = SceneOf(entities);
-    EXPECT_EQ(scene.m_nFaulty, 1U) << why;
-    EXPECT_EQ(scene.m_nOther, 0U) << why;
-    EXPECT_TRUE(scene.m_faces.empty()) << why;
-    EXPECT_TRUE(scene.m_entities.empty()) << why;
+    EXPECT_EQ(scene.faultyCount, 1U) << why;
+    EXPECT_EQ(scene.otherCount, 0U) << why;
+    EXPECT_TRUE(scene.faces.empty()) << why;
+    EXPECT_TRUE(scene.entities.empty()) << why;
 }
 
 using Vector = std::array<double, 3>;
@@ -104,8 +104,8 @@ inline double VolumeOf(const std::vector<QcGeFace3dEX>& faces) {
 }
 
 inline std::vector<QcGeFace3dEX> FacesOf(const Scene& scene, std::size_t entity) {
-    const auto first = scene.m_faces.begin() + static_cast<std::ptrdiff_t>(scene.m_entities[entity].m_nFirstFace);
-    return {first, first + static_cast<std::ptrdiff_t>(scene.m_entities[entity].m_nFaceCount)};
+    const auto first = scene.faces.begin() + static_cast<std::ptrdiff_t>(scene.entities[entity].firstFace);
+    return {first, first + static_cast<std::ptrdiff_t>(scene.entities[entity].faceCount)};
 }
 
 // A closed surface that faces outwards and holds this volume.

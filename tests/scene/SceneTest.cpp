@@ -12,16 +12,16 @@ std::string Layer(const std::string& name, const std::string& groups) {
 // The colours of the one entity of a drawing.
 std::pair<int, int> ColorsOf(const std::string& groups, const std::string& layers = {}) {
     const Scene scene = SceneOf(Triangle(groups), layers);
-    EXPECT_EQ(scene.m_entities.size(), 1U) << groups;
-    return scene.m_entities.empty() ? std::pair(0, 0)
-                                    : std::pair(scene.m_entities[0].m_nColorIndex, scene.m_entities[0].m_nTrueColor);
+    EXPECT_EQ(scene.entities.size(), 1U) << groups;
+    return scene.entities.empty() ? std::pair(0, 0)
+                                  : std::pair(scene.entities[0].colorIndex, scene.entities[0].trueColor);
 }
 
 using Colors = std::pair<int, int>;
 
 // Everything that could be counted.
 std::size_t CountOf(const Scene& scene) {
-    return scene.m_entities.size() + scene.m_nOther + scene.m_nFaulty + scene.m_faces.size();
+    return scene.entities.size() + scene.otherCount + scene.faultyCount + scene.faces.size();
 }
 
 }  // namespace
@@ -31,8 +31,8 @@ TEST(Scene, IsEmptyForAnEmptyDrawing) {
     EXPECT_EQ(CountOf(none), 0U);
     const Scene scene = SceneOf("");
     EXPECT_EQ(CountOf(scene), 0U);
-    EXPECT_EQ(scene.m_ptMin, QcGePoint());
-    EXPECT_EQ(scene.m_ptMax, QcGePoint());
+    EXPECT_EQ(scene.least, QcGePoint());
+    EXPECT_EQ(scene.most, QcGePoint());
 }
 
 TEST(Scene, ListsEntitiesInTheDrawingsOrderWithTheirFaces) {
@@ -40,18 +40,18 @@ TEST(Scene, ListsEntitiesInTheDrawingsOrderWithTheirFaces) {
                                           Entity("LWPOLYLINE", "5=A3 39=1 10=0 20=0 10=1 20=0 10=1 20=1") +
                                           Triangle("")));
     const Scene scene = BuildScene(drawing.database);
-    ASSERT_EQ(scene.m_entities.size(), 3U);
-    EXPECT_EQ(scene.m_entities[0].m_id, drawing.Handle(0xA1));
-    EXPECT_EQ(scene.m_entities[1].m_id, drawing.Handle(0xA3));
-    EXPECT_EQ(scene.m_entities[2].m_id, drawing.database.GetEntityId(3)) << "it has no handle";
+    ASSERT_EQ(scene.entities.size(), 3U);
+    EXPECT_EQ(scene.entities[0].id, drawing.Handle(0xA1));
+    EXPECT_EQ(scene.entities[1].id, drawing.Handle(0xA3));
+    EXPECT_EQ(scene.entities[2].id, drawing.database.GetEntityId(3)) << "it has no handle";
     std::size_t next = 0;
-    for (const SceneEntity& entity : scene.m_entities) {
-        EXPECT_EQ(entity.m_nFirstFace, next);
-        next += entity.m_nFaceCount;
+    for (const SceneEntity& entity : scene.entities) {
+        EXPECT_EQ(entity.firstFace, next);
+        next += entity.faceCount;
     }
-    EXPECT_EQ(scene.m_entities[1].m_nFaceCount, 2U);
-    EXPECT_EQ(next, scene.m_faces.size());
-    EXPECT_EQ(scene.m_nOther, 1U);
+    EXPECT_EQ(scene.entities[1].faceCount, 2U);
+    EXPECT_EQ(next, scene.faces.size());
+    EXPECT_EQ(scene.otherCount, 1U);
 }
 
 TEST(Scene, CountsKindsWithoutFacesOnceEach) {
@@ -59,16 +59,16 @@ TEST(Scene, CountsKindsWithoutFacesOnceEach) {
                                 Entity("TRACE", "") + Entity("INSERT", "66=1") + Entity("ATTRIB", "") +
                                 Entity("ATTRIB", "") + Entity("SEQEND", "") + Entity("POLYLINE", "70=0") +
                                 Entity("VERTEX", "10=0 20=0") + Entity("SEQEND", "") + Entity("SOMETHING", ""));
-    EXPECT_EQ(scene.m_nOther, 6U);
-    EXPECT_EQ(scene.m_nFaulty, 0U);
-    EXPECT_TRUE(scene.m_faces.empty());
+    EXPECT_EQ(scene.otherCount, 6U);
+    EXPECT_EQ(scene.faultyCount, 0U);
+    EXPECT_TRUE(scene.faces.empty());
 }
 
 TEST(Scene, CountsFaultyEntitiesAndGoesOn) {
     const Scene scene = SceneOf(Triangle("") + Entity("3DFACE", "") + Entity("MESH", "") + Triangle(""));
-    EXPECT_EQ(scene.m_nFaulty, 2U);
-    EXPECT_EQ(scene.m_entities.size(), 2U);
-    EXPECT_EQ(scene.m_faces.size(), 2U);
+    EXPECT_EQ(scene.faultyCount, 2U);
+    EXPECT_EQ(scene.entities.size(), 2U);
+    EXPECT_EQ(scene.faces.size(), 2U);
 }
 
 TEST(Scene, KeepsNoFacesOfAFaultyEntity) {
@@ -76,10 +76,10 @@ TEST(Scene, KeepsNoFacesOfAFaultyEntity) {
                                     "100=AcDbSubDMesh 92=3 10=0 20=0 30=0 10=1 20=0 30=0 10=0 20=1 30=0 "
                                     "93=8 90=3 90=0 90=1 90=2 90=3 90=0 90=1 90=7");
     const Scene scene = SceneOf(mesh + Triangle(""));
-    EXPECT_EQ(scene.m_nFaulty, 1U);
-    ASSERT_EQ(scene.m_entities.size(), 1U);
-    EXPECT_EQ(scene.m_entities[0].m_nFirstFace, 0U);
-    EXPECT_EQ(scene.m_faces.size(), 1U);
+    EXPECT_EQ(scene.faultyCount, 1U);
+    ASSERT_EQ(scene.entities.size(), 1U);
+    EXPECT_EQ(scene.entities[0].firstFace, 0U);
+    EXPECT_EQ(scene.faces.size(), 1U);
 }
 
 TEST(Scene, PassesOverWhatIsInvisible) {
@@ -93,7 +93,7 @@ TEST(Scene, PassesOverWhatIsInvisible) {
 
 TEST(Scene, ShowsWhatIsNotInvisible) {
     for (const char* shown : {"60=0", "67=0", "8=locked", "8=later", "8=none", "60=x", ""})
-        EXPECT_EQ(SceneOf(Triangle(shown), Layer("locked", "70=4 62=3") + Layer("later", "70=66 62=3")).m_faces.size(),
+        EXPECT_EQ(SceneOf(Triangle(shown), Layer("locked", "70=4 62=3") + Layer("later", "70=66 62=3")).faces.size(),
                   1U)
             << shown;
 }
@@ -102,7 +102,7 @@ TEST(Scene, ComparesTheNamesOfLayersAsTexts) {
     // One name in two spellings: as it is, and with the number of its character.
     const std::string layers = Layer("\\U+5899", "62=-3");
     EXPECT_EQ(CountOf(SceneOf(Triangle("8=墙"), layers)), 0U);
-    EXPECT_EQ(SceneOf(Triangle("8=墙体"), layers).m_faces.size(), 1U);
+    EXPECT_EQ(SceneOf(Triangle("8=墙体"), layers).faces.size(), 1U);
 }
 
 TEST(Scene, TakesTheFirstOfTwoLayersWithOneName) {
@@ -139,15 +139,15 @@ TEST(Scene, BoxesAllFaces) {
     const Scene scene = SceneOf(Entity("3DFACE", At(5, -3, 2) + At(6, -3, 2, 11) + At(5, -2, 9, 12)) +
                                 Entity("3DFACE", At(-1, 0, 3) + At(0, 0, 3, 11) + At(-1, 1, 4, 12)) +
                                 Entity("LINE", At(-100, -100, -100)));
-    EXPECT_EQ(scene.m_ptMin, QcGePoint(-1, -3, 2));
-    EXPECT_EQ(scene.m_ptMax, QcGePoint(6, 1, 9));
+    EXPECT_EQ(scene.least, QcGePoint(-1, -3, 2));
+    EXPECT_EQ(scene.most, QcGePoint(6, 1, 9));
 }
 
 TEST(Scene, HasTheNormalsReady) {
     const Scene scene =
         SceneOf(Triangle("") + Entity("LWPOLYLINE", "39=3 70=1 10=0 20=0 10=4 20=0 10=4 20=4 10=0 20=4"));
-    ASSERT_EQ(scene.m_faces.size(), 7U);
-    for (const QcGeFace3dEX& face : scene.m_faces) {
+    ASSERT_EQ(scene.faces.size(), 7U);
+    for (const QcGeFace3dEX& face : scene.faces) {
         ASSERT_TRUE(face.IsNormalReady());
         const Vector area = AreaVectorOf(face);
         EXPECT_NEAR(face.Normal().x * AreaOf(face), area[0], 1e-12);
@@ -162,8 +162,8 @@ TEST(Scene, ReadsNothingOfBlocks) {
         DrawingOf(Section("BLOCKS", Entity("BLOCK", "2=A") + Triangle("") + Entity("ENDBLK", "")) +
                   Section("ENTITIES", Entity("INSERT", "2=A"))));
     const Scene scene = BuildScene(drawing.database);
-    EXPECT_TRUE(scene.m_faces.empty());
-    EXPECT_EQ(scene.m_nOther, 1U);
+    EXPECT_TRUE(scene.faces.empty());
+    EXPECT_EQ(scene.otherCount, 1U);
 }
 
 TEST(Scene, SeesWhatHasBeenChangedInTheDrawing) {
@@ -174,6 +174,6 @@ TEST(Scene, SeesWhatHasBeenChangedInTheDrawing) {
             group.value = "4";
     ASSERT_TRUE(drawing.database.SetGroups(drawing.Handle(0xA1), groups));
     const Scene scene = BuildScene(drawing.database);
-    ASSERT_EQ(scene.m_entities.size(), 1U);
-    EXPECT_EQ(scene.m_entities[0].m_nColorIndex, 4);
+    ASSERT_EQ(scene.entities.size(), 1U);
+    EXPECT_EQ(scene.entities[0].colorIndex, 4);
 }

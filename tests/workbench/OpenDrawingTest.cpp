@@ -43,7 +43,7 @@ TEST_F(WindowDrawing, IsTheHostsWhileItIsOpen) {
         EXPECT_EQ(drawing.GetEntityCount(), 1u);
         EXPECT_EQ(drawing.GetFileName(), L"house.dxf");
         EXPECT_EQ(drawing.GetPath(), m_folder.File("house.dxf"));
-        EXPECT_EQ(drawing.GetScene()->m_faces.size(), 1u);
+        EXPECT_EQ(drawing.GetScene()->faces.size(), 1u);
     }
     EXPECT_EQ(acdbCurDwg(), nullptr);
 }
@@ -68,7 +68,7 @@ TEST_F(WindowDrawing, GivesWayToAnotherOne) {
     ASSERT_TRUE(Open("a.dxf"));
     ASSERT_TRUE(Open("b.dxf"));
     EXPECT_EQ(m_drawing.GetFileName(), L"b.dxf");
-    EXPECT_EQ(m_drawing.GetScene()->m_ptMax.x, 7.0);
+    EXPECT_EQ(m_drawing.GetScene()->most.x, 7.0);
     EXPECT_NE(acdbCurDwg(), nullptr);
 }
 
@@ -138,13 +138,13 @@ TEST_F(WindowDrawing, NoticesThatItsFileWasWritten) {
 TEST_F(WindowDrawing, ReadsItsFacesAnew) {
     m_folder.Write("house.dxf", Drawing("4"));
     ASSERT_TRUE(Open("house.dxf"));
-    EXPECT_EQ(m_drawing.GetScene()->m_ptMin.x, 0.0);
+    EXPECT_EQ(m_drawing.GetScene()->least.x, 0.0);
     const std::shared_ptr<const Scene> before = m_drawing.GetScene();
     ASSERT_TRUE(m_drawing.RefreshScene(m_message));
     EXPECT_EQ(m_drawing.GetScene(), before) << "nothing was changed";
     MoveFirstCorner();
     ASSERT_TRUE(m_drawing.RefreshScene(m_message));
     EXPECT_NE(m_drawing.GetScene(), before);
-    ASSERT_EQ(m_drawing.GetScene()->m_faces.size(), 1u);
-    EXPECT_EQ(m_drawing.GetScene()->m_faces[0].m_pt[0].x, 1.5);
+    ASSERT_EQ(m_drawing.GetScene()->faces.size(), 1u);
+    EXPECT_EQ(m_drawing.GetScene()->faces[0].m_pt[0].x, 1.5);
 }

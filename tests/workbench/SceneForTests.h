@@ -9,23 +9,21 @@
 
 inline void AddFaces(Scene& scene, const std::vector<QcGeFace3dEX>& faces, int colorIndex, int trueColor = -1) {
     SceneEntity entity;
-    entity.m_nColorIndex = colorIndex;
-    entity.m_nTrueColor = trueColor;
-    entity.m_nFirstFace = scene.m_faces.size();
-    entity.m_nFaceCount = faces.size();
-    scene.m_entities.push_back(entity);
+    entity.colorIndex = colorIndex;
+    entity.trueColor = trueColor;
+    entity.firstFace = scene.faces.size();
+    entity.faceCount = faces.size();
+    scene.entities.push_back(entity);
     for (QcGeFace3dEX face : faces) {
         for (int i = 0; i < face.GetPointNum(); ++i) {
             const QcGePoint pt = face.m_pt[i];
-            if (scene.m_faces.empty() && i == 0)
-                scene.m_ptMin = scene.m_ptMax = pt;
-            scene.m_ptMin = {std::min(scene.m_ptMin.x, pt.x), std::min(scene.m_ptMin.y, pt.y),
-                             std::min(scene.m_ptMin.z, pt.z)};
-            scene.m_ptMax = {std::max(scene.m_ptMax.x, pt.x), std::max(scene.m_ptMax.y, pt.y),
-                             std::max(scene.m_ptMax.z, pt.z)};
+            if (scene.faces.empty() && i == 0)
+                scene.least = scene.most = pt;
+            scene.least = {std::min(scene.least.x, pt.x), std::min(scene.least.y, pt.y), std::min(scene.least.z, pt.z)};
+            scene.most = {std::max(scene.most.x, pt.x), std::max(scene.most.y, pt.y), std::max(scene.most.z, pt.z)};
         }
         face.GetNormal();
-        scene.m_faces.push_back(face);
+        scene.faces.push_back(face);
     }
 }
 

@@ -28,7 +28,7 @@ protected:
     static ViewCamera CameraOf(const Scene& scene, double azimuth, double altitude, int width = 200, int height = 150) {
         ViewCamera camera;
         camera.SetViewport(width, height);
-        camera.SetBox({scene.m_ptMin, scene.m_ptMax});
+        camera.SetBox({scene.least, scene.most});
         camera.Look(azimuth, altitude);
         camera.Fit();
         return camera;
@@ -287,19 +287,19 @@ TEST_F(ScenePainterTest, LeavesOutFacesThatAreNowhere) {
     QcGeFace3dEX beyond = Quad({0, 0, 0}, {1e300, 0, 0}, {1e300, 1e300, 0}, {0, 1e300, 0});
     QcGeFace3dEX flat = Quad({0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0});
     for (QcGeFace3dEX* face : {&nowhere, &beyond, &flat})
-        scene.m_faces.push_back(*face);
-    scene.m_entities[0].m_nFaceCount += 3;
+        scene.faces.push_back(*face);
+    scene.entities[0].faceCount += 3;
     const ViewCamera camera = CameraOf(scene, 180.0, 20.0);
     EXPECT_EQ(CountBytesThatDiffer(Paint(scene, camera, kFacesOnly), Paint(RedCube(), camera, kFacesOnly), 0), 0);
 }
 
 TEST_F(ScenePainterTest, DrawsNoFacesThatAnEntityClaimsAndTheSceneHasNot) {
     Scene scene = RedCube();
-    scene.m_entities[0].m_nFaceCount = 1000000;
+    scene.entities[0].faceCount = 1000000;
     SceneEntity other;
-    other.m_nFirstFace = 50;
-    other.m_nFaceCount = static_cast<std::size_t>(-1);
-    scene.m_entities.push_back(other);
+    other.firstFace = 50;
+    other.faceCount = static_cast<std::size_t>(-1);
+    scene.entities.push_back(other);
     const ViewCamera camera = CameraOf(scene, 180.0, 20.0);
     EXPECT_TRUE(PixelOf(Paint(scene, camera), camera, {5, 0, 5}).IsReddish());
 }

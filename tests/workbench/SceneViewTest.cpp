@@ -319,7 +319,7 @@ TEST_F(SceneViewTest, FitsAnotherSceneButStaysWhereItIsForAnUpdatedOne) {
     Wheel(240, {100, 100});
     const double distance = m_view->GetCamera().GetDistance();
     auto changed = std::make_shared<Scene>(*Town());
-    changed->m_entities[0].m_nColorIndex = 5;
+    changed->entities[0].colorIndex = 5;
     m_view->UpdateScene(changed);
     EXPECT_EQ(m_view->GetCamera().GetDistance(), distance);
     EXPECT_EQ(CountReddish(m_view->GetPicture()), 0);

@@ -25,9 +25,9 @@ ViewCamera CameraAt(const ViewBox& box, int width = 800, int height = 600) {
 
 std::vector<QcGePoint> CornersOf(const ViewBox& box) {
     std::vector<QcGePoint> corners;
-    for (const double x : {box.m_ptMin.x, box.m_ptMax.x})
-        for (const double y : {box.m_ptMin.y, box.m_ptMax.y})
-            for (const double z : {box.m_ptMin.z, box.m_ptMax.z})
+    for (const double x : {box.least.x, box.most.x})
+        for (const double y : {box.least.y, box.most.y})
+            for (const double z : {box.least.z, box.most.z})
                 corners.emplace_back(x, y, z);
     return corners;
 }
@@ -66,8 +66,8 @@ void ExpectAllFinite(const ViewCamera& camera) {
     EXPECT_LT(nearest, farthest);
     EXPECT_TRUE(camera.IsParallel() || nearest > 0.0);
     const ViewRay ray = camera.GetRayAt(3.0, 4.0);
-    EXPECT_NEAR(ray.m_vecDirection.Length(), 1.0, 1e-9);
-    for (const QcGePoint& point : {camera.GetEye(), camera.GetTarget(), ray.m_ptStart, camera.GetPointAt({1, 2, 3})})
+    EXPECT_NEAR(ray.direction.Length(), 1.0, 1e-9);
+    for (const QcGePoint& point : {camera.GetEye(), camera.GetTarget(), ray.start, camera.GetPointAt({1, 2, 3})})
         EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z));
 }
 
@@ -200,10 +200,10 @@ TEST(ViewCamera, FindsThePointOfAPixelAgain) {
         ASSERT_TRUE(pixel);
         ExpectPoint(camera.GetPointAt(*pixel), point, 1e-5);
         const ViewRay ray = camera.GetRayAt(pixel->x, pixel->y);
-        const QcGeVector3d way = point - ray.m_ptStart;
-        const QcGeVector3d beside = ray.m_vecDirection * way;
+        const QcGeVector3d way = point - ray.start;
+        const QcGeVector3d beside = ray.direction * way;
         EXPECT_NEAR(beside.Length(), 0.0, 1e-5);
-        EXPECT_NEAR(ray.m_vecDirection.Length(), 1.0, 1e-12);
+        EXPECT_NEAR(ray.direction.Length(), 1.0, 1e-12);
     }
 }
 
@@ -294,10 +294,10 @@ TEST(ViewCamera, TakesAnotherDepthWithoutChangingThePicture) {
         camera.Fit();
         const QcGePoint point(10.0, 240.0, 70.0);
         const auto before = camera.Project(point);
-        const auto cornerBefore = camera.Project(kTown.m_ptMin);
+        const auto cornerBefore = camera.Project(kTown.least);
         camera.TakeDepthOf(point);
         const auto after = camera.Project(point);
-        const auto cornerAfter = camera.Project(kTown.m_ptMin);
+        const auto cornerAfter = camera.Project(kTown.least);
         ASSERT_TRUE(before && after && cornerBefore && cornerAfter);
         EXPECT_NEAR(before->x, after->x, 1e-6);
         EXPECT_NEAR(before->y, after->y, 1e-6);
@@ -364,7 +364,7 @@ TEST(ViewCamera, NeverGivesNumbersThatAreNotFinite) {
                 camera.Orbit(1.0, inf);
                 camera.Orbit(1e300, -1e300);
                 ExpectAllFinite(camera);
-                const ViewPixel pixel = camera.Project(box.m_ptMin).value_or(ViewPixel());
+                const ViewPixel pixel = camera.Project(box.least).value_or(ViewPixel());
                 EXPECT_TRUE(std::isfinite(pixel.x) && std::isfinite(pixel.y) && std::isfinite(pixel.depth));
                 camera.GetRayAt(NAN, inf);
                 camera.GetPointAt({inf, NAN, -inf});

@@ -16,7 +16,7 @@ void Album::Take(const QString& name, const ModalWindow& window, QWidget* popup)
     QImageWriter writer(m_folder + "/" + name + ".png", "png");
     writer.setCompression(100);
     if (writer.write(WithColourTable(TitledPicture(widget, popup))))
-        ++m_nCount;
+        ++m_count;
     else
         m_faults << name + ": " + writer.errorString();
 }

@@ -24,10 +24,10 @@ public:
 
     // What went wrong, one line each, with the picture's name before it.
     const QStringList& Faults() const { return m_faults; }
-    int Count() const { return m_nCount; }
+    int Count() const { return m_count; }
 
 private:
     QString m_folder;
     QStringList m_faults;
-    int m_nCount = 0;
+    int m_count = 0;
 };

@@ -116,14 +116,14 @@ std::optional<std::int64_t> ParseInteger(const CString& text) {
 }
 
 EntityGroup::EntityGroup(const AcDbDatabase& drawing, AcDbObjectId id, int code)
-    : m_drawing(drawing), m_id(id), m_nCode(code), m_nType(CodeToType(code)), m_nCoordinates(0) {
+    : m_drawing(drawing), m_id(id), m_code(code), m_type(CodeToType(code)), m_coordinates(0) {
     std::vector<DxfGroup> groups;
     if (HasType() && drawing.GetGroups(id, groups))
-        m_nCoordinates = code == -1 ? 1 : CountCoordinates(groups, code);
+        m_coordinates = code == -1 ? 1 : CountCoordinates(groups, code);
 }
 
 bool EntityGroup::HasType() const {
-    return m_nType != RTNONE;
+    return m_type != RTNONE;
 }
 
 // The buffer for the text is as large as the entity's own data says.
@@ -131,47 +131,47 @@ CString EntityGroup::TextValue() const {
     resbuf* const chain = QcAdsEnt(m_id).GetDXFData();
     std::vector<wchar_t> text(1);
     for (const resbuf* buffer = chain; buffer; buffer = buffer->rbnext) {
-        if (buffer->restype == m_nCode) {
+        if (buffer->restype == m_code) {
             text.resize(std::wcslen(buffer->resval.rstring) + 1);
             break;
         }
     }
     acutRelRb(chain);
-    GetEntData(QcAdsEnt(m_id), m_nCode, text.data());
+    GetEntData(QcAdsEnt(m_id), m_code, text.data());
     return CString(text.data());
 }
 
 std::uint64_t EntityGroup::HandleValue() const {
-    const Name name = Fetch<Name>(m_id, m_nCode);
+    const Name name = Fetch<Name>(m_id, m_code);
     return name.words[0] != 0 ? m_drawing.GetHandle(AcDbObjectId::FromOldId(name.words[0])) : name.words[1];
 }
 
 CString EntityGroup::Text() const {
-    if (m_nType == RTSTR)
+    if (m_type == RTSTR)
         return TextValue();
-    if (IsReal(m_nType))
-        return DoubleToText(Fetch<double>(m_id, m_nCode));
-    if (m_nType == RTSHORT || m_nType == RTLONG)
-        return IntToText(Fetch<std::int32_t>(m_id, m_nCode));
-    if (!IsPoint(m_nType))
+    if (IsReal(m_type))
+        return DoubleToText(Fetch<double>(m_id, m_code));
+    if (m_type == RTSHORT || m_type == RTLONG)
+        return IntToText(Fetch<std::int32_t>(m_id, m_code));
+    if (!IsPoint(m_type))
         return HandleText(HandleValue());
-    const Point point = Fetch<Point>(m_id, m_nCode);
+    const Point point = Fetch<Point>(m_id, m_code);
     CString text = DoubleToText(point.coordinates[0]);
-    for (int i = 1; i < m_nCoordinates; ++i)
+    for (int i = 1; i < m_coordinates; ++i)
         text += L"," + DoubleToText(point.coordinates[i]);
     return text;
 }
 
 nlohmann::ordered_json EntityGroup::Json() const {
-    if (m_nType == RTSTR)
+    if (m_type == RTSTR)
         return ToUtf8(TextValue().View());
-    if (IsReal(m_nType))
-        return Fetch<double>(m_id, m_nCode);
-    if (m_nType == RTSHORT || m_nType == RTLONG)
-        return Fetch<std::int32_t>(m_id, m_nCode);
-    if (IsPoint(m_nType)) {
-        const Point point = Fetch<Point>(m_id, m_nCode);
-        return std::vector<double>(point.coordinates, point.coordinates + m_nCoordinates);
+    if (IsReal(m_type))
+        return Fetch<double>(m_id, m_code);
+    if (m_type == RTSHORT || m_type == RTLONG)
+        return Fetch<std::int32_t>(m_id, m_code);
+    if (IsPoint(m_type)) {
+        const Point point = Fetch<Point>(m_id, m_code);
+        return std::vector<double>(point.coordinates, point.coordinates + m_coordinates);
     }
     const std::uint64_t handle = HandleValue();
     if (handle == 0)
@@ -181,9 +181,9 @@ nlohmann::ordered_json EntityGroup::Json() const {
 
 // The groups that say what and which an object is.
 bool EntityGroup::IsIdentity() const {
-    if (m_nCode <= 0)
+    if (m_code <= 0)
         return true;
-    if (m_nCode != 5 && m_nCode != 105)
+    if (m_code != 5 && m_code != 105)
         return false;
     const std::uint64_t handle = m_drawing.GetHandle(m_id);
     return handle != 0 && ParseHandle(TextValue()) == handle;
@@ -191,92 +191,92 @@ bool EntityGroup::IsIdentity() const {
 
 bool EntityGroup::Set(const CString& text, CString& wrong) const {
     if (IsIdentity()) {
-        wrong = SayFormat(L"组码 %d 是对象的类型、句柄或名字，不能改", m_nCode);
+        wrong = SayFormat(L"组码 %d 是对象的类型、句柄或名字，不能改", m_code);
         return false;
     }
     wrong.Empty();
     if (SetByType(text, wrong))
         return true;
     if (wrong.IsEmpty())
-        wrong = SayFormat(L"图形存不下组码 %d 的这个值", m_nCode);
+        wrong = SayFormat(L"图形存不下组码 %d 的这个值", m_code);
     return false;
 }
 
 bool EntityGroup::SetByType(const CString& text, CString& wrong) const {
-    if (m_nType == RTSTR)
+    if (m_type == RTSTR)
         return SetText(text, wrong);
-    if (IsReal(m_nType))
+    if (IsReal(m_type))
         return SetReal(text, wrong);
-    if (m_nType == RTSHORT || m_nType == RTLONG)
+    if (m_type == RTSHORT || m_type == RTLONG)
         return SetWhole(text, wrong);
-    return IsPoint(m_nType) ? SetPoint(text, wrong) : SetName(text, wrong);
+    return IsPoint(m_type) ? SetPoint(text, wrong) : SetName(text, wrong);
 }
 
 bool EntityGroup::SetText(const CString& text, CString& wrong) const {
     if (text.Find(L'\n') >= 0 || text.Find(L'\r') >= 0) {
-        wrong = SayFormat(L"组码 %d 的文字里不能有换行", m_nCode);
+        wrong = SayFormat(L"组码 %d 的文字里不能有换行", m_code);
         return false;
     }
-    if (HoldsHandle(m_nCode) && !ParseHandle(text)) {
-        wrong = SayFormat(L"“%s”不对：组码 %d 要一个句柄，即 1 到 16 位十六进制数", Printable(text), m_nCode);
+    if (HoldsHandle(m_code) && !ParseHandle(text)) {
+        wrong = SayFormat(L"“%s”不对：组码 %d 要一个句柄，即 1 到 16 位十六进制数", Printable(text), m_code);
         return false;
     }
     const wchar_t* const pointer = text;
-    SetEntData(QcAdsEnt(m_id), m_nCode, &pointer);
+    SetEntData(QcAdsEnt(m_id), m_code, &pointer);
     return TextValue() == text;
 }
 
 bool EntityGroup::SetReal(const CString& text, CString& wrong) const {
     const std::optional<double> number = ParseDecimal(text);
     if (!number) {
-        wrong = SayFormat(L"“%s”不对：组码 %d 要一个有限的数，例如 2.5", Printable(text), m_nCode);
+        wrong = SayFormat(L"“%s”不对：组码 %d 要一个有限的数，例如 2.5", Printable(text), m_code);
         return false;
     }
-    SetEntData(QcAdsEnt(m_id), m_nCode, &*number);
-    return Fetch<double>(m_id, m_nCode) == *number;
+    SetEntData(QcAdsEnt(m_id), m_code, &*number);
+    return Fetch<double>(m_id, m_code) == *number;
 }
 
 bool EntityGroup::SetPoint(const CString& text, CString& wrong) const {
     const std::optional<std::vector<double>> numbers = ParseNumbers(text);
-    if (!numbers || numbers->size() != static_cast<std::size_t>(m_nCoordinates)) {
-        const CString example = CString(L"1,2.5,0").Left(m_nCoordinates == 3 ? 7 : m_nCoordinates == 2 ? 5 : 1);
-        wrong = SayFormat(L"“%s”不对：组码 %d 要 %d 个有限的数，用逗号分开，例如 %s", Printable(text), m_nCode,
-                          m_nCoordinates, example);
+    if (!numbers || numbers->size() != static_cast<std::size_t>(m_coordinates)) {
+        const CString example = CString(L"1,2.5,0").Left(m_coordinates == 3 ? 7 : m_coordinates == 2 ? 5 : 1);
+        wrong = SayFormat(L"“%s”不对：组码 %d 要 %d 个有限的数，用逗号分开，例如 %s", Printable(text), m_code,
+                          m_coordinates, example);
         return false;
     }
     Point point{};
     for (std::size_t i = 0; i < numbers->size(); ++i)
         point.coordinates[i] = (*numbers)[i];
-    SetEntData(QcAdsEnt(m_id), m_nCode, &point);
-    return Fetch<Point>(m_id, m_nCode) == point;
+    SetEntData(QcAdsEnt(m_id), m_code, &point);
+    return Fetch<Point>(m_id, m_code) == point;
 }
 
 bool EntityGroup::SetWhole(const CString& text, CString& wrong) const {
-    const Span span = SpanOf(m_nCode, m_nType);
+    const Span span = SpanOf(m_code, m_type);
     const std::optional<std::int64_t> number = ParseInteger(text);
     if (!number || *number < span.least || *number > span.most) {
-        wrong = SayFormat(L"“%s”不对：组码 %d 要一个从 %d 到 %d 的整数", Printable(text), m_nCode,
+        wrong = SayFormat(L"“%s”不对：组码 %d 要一个从 %d 到 %d 的整数", Printable(text), m_code,
                           static_cast<int>(span.least), static_cast<int>(span.most));
         return false;
     }
-    if (m_nType == RTSHORT) {
+    if (m_type == RTSHORT) {
         const auto narrow = static_cast<std::int16_t>(*number);
-        SetEntData(QcAdsEnt(m_id), m_nCode, &narrow);
+        SetEntData(QcAdsEnt(m_id), m_code, &narrow);
     } else {
         const auto wide = static_cast<std::int32_t>(*number);
-        SetEntData(QcAdsEnt(m_id), m_nCode, &wide);
+        SetEntData(QcAdsEnt(m_id), m_code, &wide);
     }
-    return Fetch<std::int32_t>(m_id, m_nCode) == *number;
+    return Fetch<std::int32_t>(m_id, m_code) == *number;
 }
 
 bool EntityGroup::SetName(const CString& text, CString& wrong) const {
     const std::optional<std::uint64_t> handle = ParseHandle(text);
     const AcDbObjectId id = handle ? m_drawing.FindHandle(*handle) : AcDbObjectId();
     if (!handle || (*handle != 0 && id.isNull())) {
-        wrong = SayFormat(L"“%s”不对：组码 %d 要图形中另一个对象的句柄，或 0", Printable(text), m_nCode);
+        wrong = SayFormat(L"“%s”不对：组码 %d 要图形中另一个对象的句柄，或 0", Printable(text), m_code);
         return false;
     }
     const std::uint64_t words[] = {id.asOldId(), 0, 0};
-    SetEntData(QcAdsEnt(m_id), m_nCode, words);
+    SetEntData(QcAdsEnt(m_id), m_code, words);
     return HandleValue() == *handle;
 }

@@ -19,11 +19,11 @@ public:
     // The first group of the code; the drawing is the one that the host has open, and outlives this.
     EntityGroup(const AcDbDatabase& drawing, AcDbObjectId id, int code);
 
-    int Code() const { return m_nCode; }
+    int Code() const { return m_code; }
     // Whether the code has a type at all, so that there is something to read and write.
     bool HasType() const;
     // Whether the object has such a group.
-    bool Exists() const { return m_nCoordinates > 0; }
+    bool Exists() const { return m_coordinates > 0; }
 
     CString Text() const;
     // The same as a text, a number, a list of numbers, or (for another object) a handle or null.
@@ -46,9 +46,9 @@ private:
 
     const AcDbDatabase& m_drawing;
     AcDbObjectId m_id;
-    int m_nCode;
-    int m_nType;
-    int m_nCoordinates;  // groups that the value is made of: 0 where there is none, up to 3 for a point
+    int m_code;
+    int m_type;
+    int m_coordinates;  // groups that the value is made of: 0 where there is none, up to 3 for a point
 };
 
 // 1 to 16 hexadecimal digits.

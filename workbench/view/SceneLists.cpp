@@ -35,8 +35,8 @@ QcGePoint FindOrigin(const Scene& scene) {
     QcGePoint origin;
     for (double QcGePoint::*const axis : {&QcGePoint::x, &QcGePoint::y, &QcGePoint::z}) {
         std::vector<double> values;
-        values.reserve(scene.m_faces.size());
-        for (const QcGeFace3dEX& face : scene.m_faces)
+        values.reserve(scene.faces.size());
+        for (const QcGeFace3dEX& face : scene.faces)
             if (IsUsable(face))
                 values.push_back(face.m_pt[0].*axis);
         origin.*axis = TakeMedian(values);
@@ -84,7 +84,7 @@ void SendPoint(const QcGePoint& point, const QcGePoint& origin) {
 }
 
 int RgbOf(const SceneEntity& entity) {
-    return entity.m_nTrueColor >= 0 ? entity.m_nTrueColor & 0xFFFFFF : RgbOfColorIndex(entity.m_nColorIndex);
+    return entity.trueColor >= 0 ? entity.trueColor & 0xFFFFFF : RgbOfColorIndex(entity.colorIndex);
 }
 
 struct Color {
@@ -125,15 +125,15 @@ void AddEdges(Coat& coat, std::size_t firstFace) {
 
 Coats SortByColor(const Scene& scene) {
     Coats coats;
-    const std::size_t total = scene.m_faces.size();
-    for (const SceneEntity& entity : scene.m_entities) {
-        const std::size_t first = std::min(entity.m_nFirstFace, total);
-        const std::size_t count = std::min(entity.m_nFaceCount, total - first);
+    const std::size_t total = scene.faces.size();
+    for (const SceneEntity& entity : scene.entities) {
+        const std::size_t first = std::min(entity.firstFace, total);
+        const std::size_t count = std::min(entity.faceCount, total - first);
         Coat& coat = coats[RgbOf(entity)];
         const std::size_t before = coat.faces.size();
         for (std::size_t i = first; i < first + count; ++i)
-            if (IsUsable(scene.m_faces[i]))
-                coat.faces.push_back(&scene.m_faces[i]);
+            if (IsUsable(scene.faces[i]))
+                coat.faces.push_back(&scene.faces[i]);
         AddEdges(coat, before);
     }
     return coats;
@@ -164,34 +164,34 @@ void RecordEdges(const Coats& coats, const QcGePoint& origin) {
 
 }  // namespace
 
-SceneLists::SceneLists(const Scene& scene) : m_ptOrigin(FindOrigin(scene)) {
+SceneLists::SceneLists(const Scene& scene) : m_origin(FindOrigin(scene)) {
     const Coats coats = SortByColor(scene);
     while (glGetError() != GL_NO_ERROR) {
     }
-    m_nFaces = glGenLists(2);
-    if (m_nFaces == 0)
+    m_faces = glGenLists(2);
+    if (m_faces == 0)
         return;
-    m_nEdges = m_nFaces + 1;
-    glNewList(m_nFaces, GL_COMPILE);
-    RecordFaces(coats, m_ptOrigin);
+    m_edges = m_faces + 1;
+    glNewList(m_faces, GL_COMPILE);
+    RecordFaces(coats, m_origin);
     glEndList();
-    glNewList(m_nEdges, GL_COMPILE);
-    RecordEdges(coats, m_ptOrigin);
+    glNewList(m_edges, GL_COMPILE);
+    RecordEdges(coats, m_origin);
     glEndList();
-    m_bReady = glGetError() == GL_NO_ERROR;
+    m_isReady = glGetError() == GL_NO_ERROR;
 }
 
 SceneLists::~SceneLists() {
-    if (m_nFaces != 0)
-        glDeleteLists(m_nFaces, 2);
+    if (m_faces != 0)
+        glDeleteLists(m_faces, 2);
 }
 
 void SceneLists::DrawFaces() const {
-    if (m_bReady)
-        glCallList(m_nFaces);
+    if (m_isReady)
+        glCallList(m_faces);
 }
 
 void SceneLists::DrawEdges() const {
-    if (m_bReady)
-        glCallList(m_nEdges);
+    if (m_isReady)
+        glCallList(m_edges);
 }

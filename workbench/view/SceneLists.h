@@ -20,8 +20,8 @@ public:
     SceneLists& operator=(const SceneLists&) = delete;
 
     // False when the graphics had no memory for it; then nothing is drawn.
-    bool IsReady() const { return m_bReady; }
-    const QcGePoint& GetOrigin() const { return m_ptOrigin; }
+    bool IsReady() const { return m_isReady; }
+    const QcGePoint& GetOrigin() const { return m_origin; }
     // Expects lighting to be on: colours go into the material.
     void DrawFaces() const;
     // Expects lighting to be off: thin lines, darker than their face. Flag i of a face hides the edge that begins at
@@ -29,8 +29,8 @@ public:
     void DrawEdges() const;
 
 private:
-    QcGePoint m_ptOrigin;
-    unsigned m_nFaces = 0;
-    unsigned m_nEdges = 0;
-    bool m_bReady = false;
+    QcGePoint m_origin;
+    unsigned m_faces = 0;
+    unsigned m_edges = 0;
+    bool m_isReady = false;
 };

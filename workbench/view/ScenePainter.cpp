@@ -104,8 +104,8 @@ bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, Gl
         return false;
     if ((width != m_gl->GetWidth() || height != m_gl->GetHeight()) && !m_gl->Resize(width, height))
         return false;
-    const bool smooth = effort.m_bSmooth && m_parts->smooth.Begin(width, height);
-    Draw(camera, effort.m_bEdges);
+    const bool smooth = effort.isSmooth && m_parts->smooth.Begin(width, height);
+    Draw(camera, effort.hasEdges);
     if (smooth)
         m_parts->smooth.End();
     return m_gl->Read(picture);

@@ -11,8 +11,8 @@
 
 // How much effort a picture gets.
 struct PaintEffort {
-    bool m_bEdges = true;
-    bool m_bSmooth = true;  // four samples a pixel, where the graphics can
+    bool hasEdges = true;
+    bool isSmooth = true;  // four samples a pixel, where the graphics can
 };
 
 // It stays with the thread that opened it.

@@ -14,12 +14,12 @@ double Dot(const QcGePoint& a, const QcGePoint& b) {
 double MeetTriangle(const ViewRay& ray, const QcGePoint& a, const QcGePoint& b, const QcGePoint& c) {
     const QcGeVector3d first = b - a;
     const QcGeVector3d second = c - a;
-    const QcGeVector3d across = ray.m_vecDirection * second;
+    const QcGeVector3d across = ray.direction * second;
     const double volume = Dot(first, across);
-    const QcGeVector3d toStart = ray.m_ptStart - a;
+    const QcGeVector3d toStart = ray.start - a;
     const double u = Dot(toStart, across) / volume;
     const QcGeVector3d turned = toStart * first;
-    const double v = Dot(ray.m_vecDirection, turned) / volume;
+    const double v = Dot(ray.direction, turned) / volume;
     // Written so that what is not a number, in a face seen on its edge, misses.
     if (!(u >= 0.0 && v >= 0.0 && u + v <= 1.0))
         return -1.0;
@@ -30,7 +30,7 @@ double MeetTriangle(const ViewRay& ray, const QcGePoint& a, const QcGePoint& b, 
 
 std::optional<QcGePoint> PickScene(const Scene& scene, const ViewRay& ray) {
     double nearest = INFINITY;
-    for (const QcGeFace3dEX& face : scene.m_faces) {
+    for (const QcGeFace3dEX& face : scene.faces) {
         const QcGePoint* const pt = face.m_pt;
         const double first = MeetTriangle(ray, pt[0], pt[1], pt[2]);
         const double second = face.IsTriangle() ? -1.0 : MeetTriangle(ray, pt[2], pt[3], pt[0]);
@@ -40,7 +40,6 @@ std::optional<QcGePoint> PickScene(const Scene& scene, const ViewRay& ray) {
     }
     if (!std::isfinite(nearest))
         return std::nullopt;
-    const QcGeVector3d& way = ray.m_vecDirection;
-    return QcGePoint(ray.m_ptStart.x + way.x * nearest, ray.m_ptStart.y + way.y * nearest,
-                     ray.m_ptStart.z + way.z * nearest);
+    const QcGeVector3d& way = ray.direction;
+    return QcGePoint(ray.start.x + way.x * nearest, ray.start.y + way.y * nearest, ray.start.z + way.z * nearest);
 }

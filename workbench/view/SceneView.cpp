@@ -46,7 +46,7 @@ SceneView::SceneView(QWidget* parent, Opener opener) : QWidget(parent), m_opener
     m_rest.setSingleShot(true);
     m_rest.setInterval(kRestMilliseconds);
     connect(&m_rest, &QTimer::timeout, this, [this] {
-        m_bMoving = false;
+        m_isMoving = false;
         Redraw();
     });
     LookByParameters(m_camera);
@@ -68,24 +68,24 @@ void SceneView::SetScene(std::shared_ptr<const Scene> scene) {
 
 void SceneView::UpdateScene(std::shared_ptr<const Scene> scene) {
     TakeScene(std::move(scene));
-    if (m_bFitted)
+    if (m_isFitted)
         Fit();
 }
 
 void SceneView::TakeScene(std::shared_ptr<const Scene> scene) {
-    m_pScene = std::move(scene);
-    m_bUploaded = false;
-    m_strProblem.clear();
+    m_scene = std::move(scene);
+    m_isUploaded = false;
+    m_problem.clear();
     m_picture = QImage();
     if (HasFaces())
-        m_camera.SetBox({m_pScene->m_ptMin, m_pScene->m_ptMax});
-    else if (m_pPainter)
-        m_pPainter->SetScene(Scene());  // gives its memory back
+        m_camera.SetBox({m_scene->least, m_scene->most});
+    else if (m_painter)
+        m_painter->SetScene(Scene());  // gives its memory back
     Redraw();
 }
 
 void SceneView::SetHint(const QString& hint) {
-    m_strHint = hint;
+    m_hint = hint;
     update();
 }
 
@@ -95,7 +95,7 @@ void SceneView::Look(StandardView view) {
 }
 
 void SceneView::Fit() {
-    m_bFitted = true;
+    m_isFitted = true;
     TakeSize();
     m_camera.Fit();
     Redraw();
@@ -103,38 +103,38 @@ void SceneView::Fit() {
 
 QImage SceneView::GetPicture() {
     TakeSize();
-    if (m_bDirty)
+    if (m_isDirty)
         DrawPicture();
     return m_picture;
 }
 
 bool SceneView::IsLarge() const {
-    return HasFaces() && m_pScene->m_faces.size() > static_cast<std::size_t>(std::max(g_RenderMaxFaceNum, 0));
+    return HasFaces() && m_scene->faces.size() > static_cast<std::size_t>(std::max(g_RenderMaxFaceNum, 0));
 }
 
 // The picture has the screen's own pixels, unless that is more than the graphics can draw.
 void SceneView::TakeSize() {
     const double longest = std::max(1, std::max(width(), height()));
-    const double most = m_pPainter ? m_pPainter->GetMaxSize() : longest * devicePixelRatioF();
-    m_nScale = std::min(devicePixelRatioF(), most / longest);
-    const int pixelWidth = std::max(1, static_cast<int>(width() * m_nScale));
-    const int pixelHeight = std::max(1, static_cast<int>(height() * m_nScale));
+    const double most = m_painter ? m_painter->GetMaxSize() : longest * devicePixelRatioF();
+    m_scale = std::min(devicePixelRatioF(), most / longest);
+    const int pixelWidth = std::max(1, static_cast<int>(width() * m_scale));
+    const int pixelHeight = std::max(1, static_cast<int>(height() * m_scale));
     if (pixelWidth == m_camera.GetWidth() && pixelHeight == m_camera.GetHeight())
         return;
     m_camera.SetViewport(pixelWidth, pixelHeight);
-    if (m_bFitted)
+    if (m_isFitted)
         m_camera.Fit();
-    m_bDirty = true;
+    m_isDirty = true;
 }
 
 QPointF SceneView::InPicture(const QPointF& position) const {
-    return position * m_nScale;
+    return position * m_scale;
 }
 
 void SceneView::HoldOnTo(const QPointF& pixel) {
     if (!HasFaces())
         return;
-    if (const auto point = PickScene(*m_pScene, m_camera.GetRayAt(pixel.x(), pixel.y())))
+    if (const auto point = PickScene(*m_scene, m_camera.GetRayAt(pixel.x(), pixel.y())))
         m_camera.TakeDepthOf(*point);
 }
 
@@ -155,41 +155,41 @@ void SceneView::ZoomAt(double factor, const QPointF& pixel) {
 }
 
 void SceneView::Redraw() {
-    m_bDirty = true;
+    m_isDirty = true;
     update();
 }
 
 void SceneView::RedrawMoving() {
-    m_bFitted = false;
+    m_isFitted = false;
     if (IsLarge()) {
-        m_bMoving = true;
+        m_isMoving = true;
         m_rest.start();
     }
     Redraw();
 }
 
 void SceneView::Refuse(const QString& reason) {
-    m_strProblem = ShownSay(L"无法显示三维视图。") + "\n" + reason;
+    m_problem = ShownSay(L"无法显示三维视图。") + "\n" + reason;
 }
 
 void SceneView::DrawPicture() {
-    m_bDirty = false;
+    m_isDirty = false;
     m_picture = QImage();
-    if (!HasFaces() || !m_strProblem.isEmpty())
+    if (!HasFaces() || !m_problem.isEmpty())
         return;
-    if (!m_pPainter) {
+    if (!m_painter) {
         CString reason;
-        m_pPainter = m_opener(reason);
-        if (!m_pPainter)
+        m_painter = m_opener(reason);
+        if (!m_painter)
             return Refuse(Shown(reason));
         TakeSize();
-        m_bDirty = false;
+        m_isDirty = false;
     }
-    if (!m_bUploaded && !m_pPainter->SetScene(*m_pScene))
+    if (!m_isUploaded && !m_painter->SetScene(*m_scene))
         return Refuse(ShownSay(L"内存不足，容不下这张图的所有面。"));
-    m_bUploaded = true;
+    m_isUploaded = true;
     GlPicture picture;
-    if (!m_pPainter->Paint(m_camera, {!m_bMoving, !m_bMoving}, picture))
+    if (!m_painter->Paint(m_camera, {!m_isMoving, !m_isMoving}, picture))
         return Refuse(ShownSay(L"图形驱动程序没有给出图像。"));
     m_picture = ImageOf(picture);
 }
@@ -213,7 +213,7 @@ void SceneView::paintEvent(QPaintEvent* /*event*/) {
         large.setPointSizeF(std::max(large.pointSizeF(), 8.0) * 1.3);
         painter.setFont(large);
         const QRect room = rect().adjusted(24, 24, -24, -24);
-        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, m_strProblem.isEmpty() ? m_strHint : m_strProblem);
+        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, m_problem.isEmpty() ? m_hint : m_problem);
     }
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
@@ -225,41 +225,41 @@ void SceneView::paintEvent(QPaintEvent* /*event*/) {
 void SceneView::resizeEvent(QResizeEvent* /*event*/) {
     TakeSize();
     if (IsLarge()) {
-        m_bMoving = true;
+        m_isMoving = true;
         m_rest.start();
     }
 }
 
 void SceneView::mousePressEvent(QMouseEvent* event) {
-    m_nDrag = Drag::None;
+    m_drag = Drag::None;
     if (event->button() == Qt::MiddleButton ||
         (event->button() == Qt::LeftButton && event->modifiers().testFlag(Qt::ShiftModifier)))
-        m_nDrag = Drag::Move;
+        m_drag = Drag::Move;
     else if (event->button() == Qt::LeftButton)
-        m_nDrag = Drag::Turn;
-    if (m_nDrag == Drag::None)
+        m_drag = Drag::Turn;
+    if (m_drag == Drag::None)
         return QWidget::mousePressEvent(event);
-    m_ptLast = event->position();
-    setCursor(m_nDrag == Drag::Move ? Qt::ClosedHandCursor : Qt::SizeAllCursor);
-    if (m_nDrag == Drag::Move)
-        HoldOnTo(InPicture(m_ptLast));
+    m_last = event->position();
+    setCursor(m_drag == Drag::Move ? Qt::ClosedHandCursor : Qt::SizeAllCursor);
+    if (m_drag == Drag::Move)
+        HoldOnTo(InPicture(m_last));
 }
 
 void SceneView::mouseMoveEvent(QMouseEvent* event) {
-    const QPointF way = event->position() - m_ptLast;
-    if (m_nDrag == Drag::None || way.isNull())
+    const QPointF way = event->position() - m_last;
+    if (m_drag == Drag::None || way.isNull())
         return;
-    m_ptLast = event->position();
-    if (m_nDrag == Drag::Turn)
+    m_last = event->position();
+    if (m_drag == Drag::Turn)
         return Turn(way.x() * kDegreesPerPixel, way.y() * kDegreesPerPixel);
     const QPointF inPicture = InPicture(way);
     Move(inPicture.x(), inPicture.y());
 }
 
 void SceneView::mouseReleaseEvent(QMouseEvent* event) {
-    if (m_nDrag == Drag::None)
+    if (m_drag == Drag::None)
         return QWidget::mouseReleaseEvent(event);
-    m_nDrag = Drag::None;
+    m_drag = Drag::None;
     unsetCursor();
 }
 

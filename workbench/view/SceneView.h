@@ -25,7 +25,7 @@
 // Events change the camera or the scene and mark the picture as out of date; the next paint event (or GetPicture) draws
 // it, once for however many events. What each event does to the state below:
 //
-//   event                                m_bDirty   m_bFitted   m_bMoving   m_bUploaded   m_strProblem
+//   event                                m_isDirty   m_isFitted   m_isMoving   m_isUploaded   m_problem
 //   SetScene                             true       true                    false         empty
 //   UpdateScene                          true       (fits if)               false         empty
 //   Look, Fit, Home, double click        true       true
@@ -67,7 +67,7 @@ public:
     // The picture of the scene as it is shown now, without the compass; null when there is none.
     QImage GetPicture();
     // Why there is no picture; empty when there is one or nothing to see.
-    QString GetProblem() const { return m_strProblem; }
+    QString GetProblem() const { return m_problem; }
     QSize sizeHint() const override { return {800, 600}; }
 
 protected:
@@ -83,7 +83,7 @@ protected:
 private:
     enum class Drag { None, Turn, Move };
 
-    bool HasFaces() const { return m_pScene && !m_pScene->m_faces.empty(); }
+    bool HasFaces() const { return m_scene && !m_scene->faces.empty(); }
     bool IsLarge() const;
     void TakeScene(std::shared_ptr<const Scene> scene);
     void TakeSize();
@@ -101,18 +101,18 @@ private:
     void Refuse(const QString& reason);
 
     Opener m_opener;
-    std::unique_ptr<ScenePainter> m_pPainter;
-    std::shared_ptr<const Scene> m_pScene;
+    std::unique_ptr<ScenePainter> m_painter;
+    std::shared_ptr<const Scene> m_scene;
     ViewCamera m_camera;  // its pixels are those of the picture
     QImage m_picture;
-    QString m_strHint;
-    QString m_strProblem;
+    QString m_hint;
+    QString m_problem;
     QTimer m_rest;  // from the last change of a large scene's view to the picture in full
-    Drag m_nDrag = Drag::None;
-    QPointF m_ptLast;
-    double m_nScale = 1.0;     // pixels of the picture in one of the widget's
-    bool m_bUploaded = false;  // the painter has this scene's faces
-    bool m_bDirty = true;      // m_picture is not what would be drawn now
-    bool m_bMoving = false;    // drawn without edges and smoothing
-    bool m_bFitted = true;     // everything is shown, and shall be after a change of size, too
+    Drag m_drag = Drag::None;
+    QPointF m_last;
+    double m_scale = 1.0;       // pixels of the picture in one of the widget's
+    bool m_isUploaded = false;  // the painter has this scene's faces
+    bool m_isDirty = true;      // m_picture is not what would be drawn now
+    bool m_isMoving = false;    // drawn without edges and smoothing
+    bool m_isFitted = true;     // everything is shown, and shall be after a change of size, too
 };

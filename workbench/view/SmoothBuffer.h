@@ -20,10 +20,10 @@ private:
     bool Make(int width, int height);
     void Drop();
 
-    unsigned m_nFrame = 0;
-    unsigned m_nColor = 0;
-    unsigned m_nDepth = 0;
-    int m_nWidth = 0;
-    int m_nHeight = 0;
-    bool m_bRefused = false;
+    unsigned m_frame = 0;
+    unsigned m_color = 0;
+    unsigned m_depth = 0;
+    int m_width = 0;
+    int m_height = 0;
+    bool m_isRefused = false;
 };

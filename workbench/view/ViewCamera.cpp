@@ -80,20 +80,20 @@ ViewCamera::ViewCamera() {
 }
 
 void ViewCamera::SetBox(const ViewBox& box) {
-    const QcGePoint a(Cut(box.m_ptMin.x), Cut(box.m_ptMin.y), Cut(box.m_ptMin.z));
-    const QcGePoint b(Cut(box.m_ptMax.x), Cut(box.m_ptMax.y), Cut(box.m_ptMax.z));
-    m_ptMin = {std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
-    m_ptMax = {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
-    const double radius = (m_ptMax - m_ptMin).Length() / 2.0;
+    const QcGePoint a(Cut(box.least.x), Cut(box.least.y), Cut(box.least.z));
+    const QcGePoint b(Cut(box.most.x), Cut(box.most.y), Cut(box.most.z));
+    m_least = {std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)};
+    m_most = {std::max(a.x, b.x), std::max(a.y, b.y), std::max(a.z, b.z)};
+    const double radius = (m_most - m_least).Length() / 2.0;
     // A radius that the coordinates' own digits can still tell from nothing.
-    const double reach = std::max(m_ptMin.Length3d(), m_ptMax.Length3d());
-    m_nRadius = radius > 0.0 ? std::max({radius, kSmallestRadius, reach * 1e-12}) : std::max(1.0, reach * 1e-9);
-    SetDistance(m_nDistance);
+    const double reach = std::max(m_least.Length3d(), m_most.Length3d());
+    m_radius = radius > 0.0 ? std::max({radius, kSmallestRadius, reach * 1e-12}) : std::max(1.0, reach * 1e-9);
+    SetDistance(m_distance);
 }
 
 void ViewCamera::SetViewport(int width, int height) {
-    m_nWidth = std::max(width, 1);
-    m_nHeight = std::max(height, 1);
+    m_width = std::max(width, 1);
+    m_height = std::max(height, 1);
 }
 
 void ViewCamera::Look(double azimuth, double altitude) {
@@ -102,9 +102,9 @@ void ViewCamera::Look(double azimuth, double altitude) {
     azimuth = std::fmod(azimuth, 360.0);
     if (azimuth < 0.0)
         azimuth += 360.0;
-    m_nAzimuth = azimuth < 360.0 ? azimuth : 0.0;  // adding 360 to a hair less than 0 gives 360
-    m_nAltitude = std::clamp(altitude, -kSteepest, kSteepest);
-    m_bParallel = false;
+    m_azimuth = azimuth < 360.0 ? azimuth : 0.0;  // adding 360 to a hair less than 0 gives 360
+    m_altitude = std::clamp(altitude, -kSteepest, kSteepest);
+    m_isParallel = false;
 }
 
 void ViewCamera::Look(StandardView view) {
@@ -112,8 +112,8 @@ void ViewCamera::Look(StandardView view) {
     switch (view) {
         case StandardView::Top:
             Look(180.0, 0.0);
-            m_nAltitude = 90.0;
-            m_bParallel = true;
+            m_altitude = 90.0;
+            m_isParallel = true;
             return;
         case StandardView::South:
             return Look(180.0, 0.0);
@@ -131,60 +131,60 @@ void ViewCamera::Look(StandardView view) {
 }
 
 void ViewCamera::Orbit(double azimuth, double altitude) {
-    Look(m_nAzimuth + azimuth, m_nAltitude + altitude);
+    Look(m_azimuth + azimuth, m_altitude + altitude);
 }
 
 void ViewCamera::Pan(double dx, double dy) {
-    const double unitsPerPixel = GetUnitsPerPixel(m_nDistance);
+    const double unitsPerPixel = GetUnitsPerPixel(m_distance);
     MoveTarget(-dx * unitsPerPixel, dy * unitsPerPixel, 0.0);
 }
 
 void ViewCamera::Zoom(double factor, double x, double y) {
     if (!std::isfinite(factor) || factor <= 0.0 || !std::isfinite(x) || !std::isfinite(y))
         return;
-    const double before = GetUnitsPerPixel(m_nDistance);
-    SetDistance(m_nDistance / factor);
-    const double change = before - GetUnitsPerPixel(m_nDistance);
-    MoveTarget((x - m_nWidth / 2.0) * change, (m_nHeight / 2.0 - y) * change, 0.0);
+    const double before = GetUnitsPerPixel(m_distance);
+    SetDistance(m_distance / factor);
+    const double change = before - GetUnitsPerPixel(m_distance);
+    MoveTarget((x - m_width / 2.0) * change, (m_height / 2.0 - y) * change, 0.0);
 }
 
 void ViewCamera::Fit() {
-    m_ptTarget = {Middle(m_ptMin.x, m_ptMax.x), Middle(m_ptMin.y, m_ptMax.y), Middle(m_ptMin.z, m_ptMax.z)};
+    m_target = {Middle(m_least.x, m_most.x), Middle(m_least.y, m_most.y), Middle(m_least.z, m_most.z)};
     SeenCorners wide;
     SeenCorners high;
-    const auto corners = CornersOf(m_ptMin, m_ptMax);
+    const auto corners = CornersOf(m_least, m_most);
     for (std::size_t i = 0; i < corners.size(); ++i) {
-        const QcGeVector3d fromMiddle = corners[i] - m_ptTarget;
+        const QcGeVector3d fromMiddle = corners[i] - m_target;
         wide.across[i] = Dot(fromMiddle, GetRight());
         high.across[i] = Dot(fromMiddle, GetUp());
         wide.forward[i] = high.forward[i] = Dot(fromMiddle, GetForward());
     }
     const double tangent = kHalfFieldTangent * kMargin;
     const double nearest = *std::min_element(wide.forward.begin(), wide.forward.end());
-    SetDistance(std::max({FitDistance(wide, tangent * m_nWidth / m_nHeight, m_bParallel),
-                          FitDistance(high, tangent, m_bParallel), m_nRadius * 0.1 - nearest}));
-    MoveTarget(CenterShift(wide, m_nDistance, m_bParallel), CenterShift(high, m_nDistance, m_bParallel), 0.0);
+    SetDistance(std::max({FitDistance(wide, tangent * m_width / m_height, m_isParallel),
+                          FitDistance(high, tangent, m_isParallel), m_radius * 0.1 - nearest}));
+    MoveTarget(CenterShift(wide, m_distance, m_isParallel), CenterShift(high, m_distance, m_isParallel), 0.0);
 }
 
 void ViewCamera::TakeDepthOf(const QcGePoint& point) {
     const double depth = DepthOf(point);
-    if (!std::isfinite(depth) || (!m_bParallel && depth <= 0.0))
+    if (!std::isfinite(depth) || (!m_isParallel && depth <= 0.0))
         return;
-    const double before = m_nDistance;
+    const double before = m_distance;
     // In a parallel view the distance is the scale, and the eye goes along.
-    if (!m_bParallel)
+    if (!m_isParallel)
         SetDistance(depth);
-    MoveTarget(0.0, 0.0, (m_bParallel ? depth : m_nDistance) - before);
+    MoveTarget(0.0, 0.0, (m_isParallel ? depth : m_distance) - before);
 }
 
 QcGePoint ViewCamera::GetEye() const {
     const QcGeVector3d forward = GetForward();
-    return {m_ptTarget.x - forward.x * m_nDistance, m_ptTarget.y - forward.y * m_nDistance,
-            m_ptTarget.z - forward.z * m_nDistance};
+    return {m_target.x - forward.x * m_distance, m_target.y - forward.y * m_distance,
+            m_target.z - forward.z * m_distance};
 }
 
 QcGeVector3d ViewCamera::GetRight() const {
-    const double azimuth = m_nAzimuth * kRadiansPerDegree;
+    const double azimuth = m_azimuth * kRadiansPerDegree;
     return {-std::cos(azimuth), std::sin(azimuth), 0.0};
 }
 
@@ -193,34 +193,34 @@ QcGeVector3d ViewCamera::GetUp() const {
 }
 
 QcGeVector3d ViewCamera::GetForward() const {
-    const double azimuth = m_nAzimuth * kRadiansPerDegree;
-    const double altitude = m_nAltitude * kRadiansPerDegree;
+    const double azimuth = m_azimuth * kRadiansPerDegree;
+    const double altitude = m_altitude * kRadiansPerDegree;
     return {-std::cos(altitude) * std::sin(azimuth), -std::cos(altitude) * std::cos(azimuth), -std::sin(altitude)};
 }
 
 void ViewCamera::GetDepths(double& nearest, double& farthest) const {
     nearest = INFINITY;
     farthest = -INFINITY;
-    for (const QcGePoint& corner : CornersOf(m_ptMin, m_ptMax)) {
+    for (const QcGePoint& corner : CornersOf(m_least, m_most)) {
         nearest = std::min(nearest, DepthOf(corner));
         farthest = std::max(farthest, DepthOf(corner));
     }
-    const double room = m_nRadius * 0.01 + std::max(std::fabs(nearest), std::fabs(farthest)) * 1e-6;
+    const double room = m_radius * 0.01 + std::max(std::fabs(nearest), std::fabs(farthest)) * 1e-6;
     nearest -= room;
     farthest += room;
-    if (m_bParallel)
+    if (m_isParallel)
         return;
     // The depth buffer has 24 bits, most of which a nearest plane close to the eye would use up for nothing. Yet what
     // is about the target has to be seen also when the eye is amidst the box and quite close to it.
-    farthest = std::max(farthest, m_nDistance * 1.01);
-    nearest = std::max({nearest, std::min(farthest * 1e-4, m_nDistance * 0.2), farthest * 1e-7});
+    farthest = std::max(farthest, m_distance * 1.01);
+    nearest = std::max({nearest, std::min(farthest * 1e-4, m_distance * 0.2), farthest * 1e-7});
 }
 
 std::array<double, 16> ViewCamera::GetViewMatrix(const QcGePoint& origin) const {
     const QcGeVector3d right = GetRight();
     const QcGeVector3d up = GetUp();
     const QcGeVector3d forward = GetForward();
-    const QcGeVector3d target = m_ptTarget - QcGePoint(Cut(origin.x), Cut(origin.y), Cut(origin.z));
+    const QcGeVector3d target = m_target - QcGePoint(Cut(origin.x), Cut(origin.y), Cut(origin.z));
     return {right.x,
             up.x,
             -forward.x,
@@ -235,7 +235,7 @@ std::array<double, 16> ViewCamera::GetViewMatrix(const QcGePoint& origin) const 
             0.0,
             -Dot(right, target),
             -Dot(up, target),
-            Dot(forward, target) - m_nDistance,
+            Dot(forward, target) - m_distance,
             1.0};
 }
 
@@ -244,10 +244,10 @@ std::array<double, 16> ViewCamera::GetProjectionMatrix() const {
     double farthest = 0.0;
     GetDepths(nearest, farthest);
     const double depth = farthest - nearest;
-    const double shape = static_cast<double>(m_nHeight) / m_nWidth;
+    const double shape = static_cast<double>(m_height) / m_width;
     std::array<double, 16> matrix{};
-    if (m_bParallel) {
-        const double scale = 1.0 / (kHalfFieldTangent * m_nDistance);
+    if (m_isParallel) {
+        const double scale = 1.0 / (kHalfFieldTangent * m_distance);
         matrix[0] = scale * shape;
         matrix[5] = scale;
         matrix[10] = -2.0 / depth;
@@ -264,13 +264,13 @@ std::array<double, 16> ViewCamera::GetProjectionMatrix() const {
 }
 
 std::optional<ViewPixel> ViewCamera::Project(const QcGePoint& point) const {
-    const QcGeVector3d fromTarget = point - m_ptTarget;
+    const QcGeVector3d fromTarget = point - m_target;
     const double depth = DepthOf(point);
-    if (!m_bParallel && !(depth > 0.0))
+    if (!m_isParallel && !(depth > 0.0))
         return std::nullopt;
     const double unitsPerPixel = GetUnitsPerPixel(depth);
-    const ViewPixel pixel{m_nWidth / 2.0 + Dot(fromTarget, GetRight()) / unitsPerPixel,
-                          m_nHeight / 2.0 - Dot(fromTarget, GetUp()) / unitsPerPixel, depth};
+    const ViewPixel pixel{m_width / 2.0 + Dot(fromTarget, GetRight()) / unitsPerPixel,
+                          m_height / 2.0 - Dot(fromTarget, GetUp()) / unitsPerPixel, depth};
     if (!std::isfinite(pixel.x) || !std::isfinite(pixel.y) || !std::isfinite(depth))
         return std::nullopt;
     return pixel;
@@ -282,12 +282,12 @@ QcGePoint ViewCamera::GetPointAt(const ViewPixel& pixel) const {
     const double depth = Cut(pixel.depth);
     const double unitsPerPixel = GetUnitsPerPixel(depth);
     ViewCamera moved = *this;
-    moved.MoveTarget((x - m_nWidth / 2.0) * unitsPerPixel, (m_nHeight / 2.0 - y) * unitsPerPixel, depth - m_nDistance);
-    return moved.m_ptTarget;
+    moved.MoveTarget((x - m_width / 2.0) * unitsPerPixel, (m_height / 2.0 - y) * unitsPerPixel, depth - m_distance);
+    return moved.m_target;
 }
 
 ViewRay ViewCamera::GetRayAt(double x, double y) const {
-    if (m_bParallel) {
+    if (m_isParallel) {
         double nearest = 0.0;
         double farthest = 0.0;
         GetDepths(nearest, farthest);
@@ -296,8 +296,8 @@ ViewRay ViewCamera::GetRayAt(double x, double y) const {
     const QcGeVector3d right = GetRight();
     const QcGeVector3d up = GetUp();
     const QcGeVector3d forward = GetForward();
-    const double across = (Cut(x) - m_nWidth / 2.0) * GetUnitsPerPixel(1.0);
-    const double above = (m_nHeight / 2.0 - Cut(y)) * GetUnitsPerPixel(1.0);
+    const double across = (Cut(x) - m_width / 2.0) * GetUnitsPerPixel(1.0);
+    const double above = (m_height / 2.0 - Cut(y)) * GetUnitsPerPixel(1.0);
     const QcGeVector3d way(forward.x + right.x * across + up.x * above, forward.y + right.y * across + up.y * above,
                            forward.z + right.z * across + up.z * above);
     const double length = way.Length();
@@ -305,25 +305,25 @@ ViewRay ViewCamera::GetRayAt(double x, double y) const {
 }
 
 double ViewCamera::GetUnitsPerPixel(double depth) const {
-    return 2.0 * kHalfFieldTangent * (m_bParallel ? m_nDistance : depth) / m_nHeight;
+    return 2.0 * kHalfFieldTangent * (m_isParallel ? m_distance : depth) / m_height;
 }
 
 double ViewCamera::DepthOf(const QcGePoint& point) const {
-    return m_nDistance + Dot(point - m_ptTarget, GetForward());
+    return m_distance + Dot(point - m_target, GetForward());
 }
 
 void ViewCamera::MoveTarget(double right, double up, double forward) {
     const QcGeVector3d r = GetRight();
     const QcGeVector3d u = GetUp();
     const QcGeVector3d f = GetForward();
-    const QcGePoint moved(m_ptTarget.x + r.x * right + u.x * up + f.x * forward,
-                          m_ptTarget.y + r.y * right + u.y * up + f.y * forward,
-                          m_ptTarget.z + r.z * right + u.z * up + f.z * forward);
+    const QcGePoint moved(m_target.x + r.x * right + u.x * up + f.x * forward,
+                          m_target.y + r.y * right + u.y * up + f.y * forward,
+                          m_target.z + r.z * right + u.z * up + f.z * forward);
     if (std::isfinite(moved.x) && std::isfinite(moved.y) && std::isfinite(moved.z))
-        m_ptTarget = {Cut(moved.x), Cut(moved.y), Cut(moved.z)};
+        m_target = {Cut(moved.x), Cut(moved.y), Cut(moved.z)};
 }
 
 void ViewCamera::SetDistance(double distance) {
     if (std::isfinite(distance))
-        m_nDistance = std::clamp(distance, m_nRadius * kNearestDistance, m_nRadius * kFarthestDistance);
+        m_distance = std::clamp(distance, m_radius * kNearestDistance, m_radius * kFarthestDistance);
 }

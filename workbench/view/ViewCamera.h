@@ -8,7 +8,7 @@
 #include "platform/geometry/QcGeVector3d.h"
 
 struct ViewBox {
-    QcGePoint m_ptMin, m_ptMax;
+    QcGePoint least, most;
 };
 
 // Pixels from the left and from the top edge of the picture; whole numbers lie on the edges of pixels. The depth is
@@ -20,8 +20,8 @@ struct ViewPixel {
 };
 
 struct ViewRay {
-    QcGePoint m_ptStart;
-    QcGeVector3d m_vecDirection;  // of length 1
+    QcGePoint start;
+    QcGeVector3d direction;  // of length 1
 };
 
 enum class StandardView { Top, South, East, North, West, SouthEast, SouthWest };
@@ -42,8 +42,8 @@ public:
     // What there is to see: Fit shows it, and the nearest and the farthest depth come from it. Nothing moves.
     void SetBox(const ViewBox& box);
     void SetViewport(int width, int height);
-    int GetWidth() const { return m_nWidth; }
-    int GetHeight() const { return m_nHeight; }
+    int GetWidth() const { return m_width; }
+    int GetHeight() const { return m_height; }
 
     // Turns the eye around the target. Look cuts the altitude to -89..89 degrees.
     void Look(double azimuth, double altitude);
@@ -62,11 +62,11 @@ public:
     // zoom hold on to that depth from now on. A point that is not before the eye changes nothing.
     void TakeDepthOf(const QcGePoint& point);
 
-    double GetAzimuth() const { return m_nAzimuth; }    // from 0 to less than 360
-    double GetAltitude() const { return m_nAltitude; }  // 90 only in a plan
-    double GetDistance() const { return m_nDistance; }
-    bool IsParallel() const { return m_bParallel; }
-    QcGePoint GetTarget() const { return m_ptTarget; }
+    double GetAzimuth() const { return m_azimuth; }    // from 0 to less than 360
+    double GetAltitude() const { return m_altitude; }  // 90 only in a plan
+    double GetDistance() const { return m_distance; }
+    bool IsParallel() const { return m_isParallel; }
+    QcGePoint GetTarget() const { return m_target; }
     QcGePoint GetEye() const;
     // Of length 1, at right angles to each other: to the right and up in the picture, and away from the viewer.
     QcGeVector3d GetRight() const;
@@ -91,13 +91,13 @@ private:
     void MoveTarget(double right, double up, double forward);
     void SetDistance(double distance);
 
-    QcGePoint m_ptMin, m_ptMax;
-    double m_nRadius = 1.0;
-    QcGePoint m_ptTarget;
-    double m_nAzimuth = 135.0;
-    double m_nAltitude = 35.0;
-    double m_nDistance = 3.0;
-    bool m_bParallel = false;
-    int m_nWidth = 1;
-    int m_nHeight = 1;
+    QcGePoint m_least, m_most;
+    double m_radius = 1.0;
+    QcGePoint m_target;
+    double m_azimuth = 135.0;
+    double m_altitude = 35.0;
+    double m_distance = 3.0;
+    bool m_isParallel = false;
+    int m_width = 1;
+    int m_height = 1;
 };

@@ -163,7 +163,7 @@ void MainWindow::Refresh() {
 void MainWindow::RefreshTitle() {
     const Scene* scene = m_drawing.GetScene().get();
     m_counts->setText(scene ? Shown(SayFormat(L"实体：%d　面：%d", static_cast<int>(m_drawing.GetEntityCount()),
-                                              static_cast<int>(scene->m_faces.size())))
+                                              static_cast<int>(scene->faces.size())))
                             : QString());
     setWindowTitle(scene ? Shown(Printable(m_drawing.GetFileName())) + "[*] - orvo" : QString("orvo"));
     setWindowModified(m_drawing.IsModified());
@@ -229,9 +229,9 @@ bool MainWindow::OpenFile(const CString& path) {
     const Scene& scene = *m_drawing.GetScene();
     m_view->SetScene(m_drawing.GetScene());
     m_log->AddText(SayFormat(L"已打开：实体 %d 个，面 %d 个", static_cast<int>(m_drawing.GetEntityCount()),
-                             static_cast<int>(scene.m_faces.size())));
-    if (scene.m_nFaulty > 0)
-        m_log->AddComplaint(SayFormat(L"%d 个实体的数据组不成面，没有显示", static_cast<int>(scene.m_nFaulty)));
+                             static_cast<int>(scene.faces.size())));
+    if (scene.faultyCount > 0)
+        m_log->AddComplaint(SayFormat(L"%d 个实体的数据组不成面，没有显示", static_cast<int>(scene.faultyCount)));
     Refresh();
     return true;
 }

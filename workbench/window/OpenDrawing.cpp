@@ -47,38 +47,38 @@ bool OpenDrawing::Open(const CString& path, CString& message) {
     if (!scene)
         return false;
     m_inHost.reset();
-    m_pDrawing = std::move(drawing);
-    m_pScene = std::move(scene);
-    m_nSceneChanges = 0;
-    m_strPath = target;
+    m_drawing = std::move(drawing);
+    m_scene = std::move(scene);
+    m_sceneChanges = 0;
+    m_path = target;
     m_state = state;
-    m_inHost.emplace(*m_pDrawing);
+    m_inHost.emplace(*m_drawing);
     return true;
 }
 
 bool OpenDrawing::Save(const CString& path, CString& message) {
-    if (m_pDrawing->dxfOut(path.GetString(), &message) != Acad::eOk)
+    if (m_drawing->dxfOut(path.GetString(), &message) != Acad::eOk)
         return false;
-    m_strPath = path;
+    m_path = path;
     m_state = StateOf(path);
     return true;
 }
 
 bool OpenDrawing::RefreshScene(CString& message) {
-    if (!IsOpen() || m_pDrawing->GetChangeCount() == m_nSceneChanges)
+    if (!IsOpen() || m_drawing->GetChangeCount() == m_sceneChanges)
         return true;
-    std::shared_ptr<const Scene> scene = SceneOf(*m_pDrawing, message);
+    std::shared_ptr<const Scene> scene = SceneOf(*m_drawing, message);
     if (!scene)
         return false;
-    m_pScene = std::move(scene);
-    m_nSceneChanges = m_pDrawing->GetChangeCount();
+    m_scene = std::move(scene);
+    m_sceneChanges = m_drawing->GetChangeCount();
     return true;
 }
 
 bool OpenDrawing::HasFileChanged() const {
-    return IsOpen() && StateOf(m_strPath) != m_state;
+    return IsOpen() && StateOf(m_path) != m_state;
 }
 
 CString OpenDrawing::GetFileName() const {
-    return FromUtf8(PathOf(m_strPath).filename().string());
+    return FromUtf8(PathOf(m_path).filename().string());
 }

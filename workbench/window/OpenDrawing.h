@@ -28,16 +28,16 @@ public:
     // stay.
     bool RefreshScene(CString& message);
 
-    bool IsOpen() const { return m_pDrawing != nullptr; }
-    bool IsModified() const { return IsOpen() && m_pDrawing->IsModified(); }
+    bool IsOpen() const { return m_drawing != nullptr; }
+    bool IsModified() const { return IsOpen() && m_drawing->IsModified(); }
     // Whether somebody else has written the file since it was opened or saved; also when it is gone.
     bool HasFileChanged() const;
     // Absolute; empty when none is open.
-    const CString& GetPath() const { return m_strPath; }
+    const CString& GetPath() const { return m_path; }
     CString GetFileName() const;
-    std::size_t GetEntityCount() const { return IsOpen() ? m_pDrawing->GetEntityCount() : 0; }
+    std::size_t GetEntityCount() const { return IsOpen() ? m_drawing->GetEntityCount() : 0; }
     // Null when none is open.
-    const std::shared_ptr<const Scene>& GetScene() const { return m_pScene; }
+    const std::shared_ptr<const Scene>& GetScene() const { return m_scene; }
 
 private:
     struct FileState {
@@ -47,10 +47,10 @@ private:
     };
     static std::optional<FileState> StateOf(const CString& path);
 
-    std::unique_ptr<AcDbDatabase> m_pDrawing;
+    std::unique_ptr<AcDbDatabase> m_drawing;
     std::optional<HostDrawing> m_inHost;  // goes before the drawing itself
-    std::shared_ptr<const Scene> m_pScene;
-    std::uint64_t m_nSceneChanges = 0;  // the drawing's changes that the faces know of
-    CString m_strPath;
+    std::shared_ptr<const Scene> m_scene;
+    std::uint64_t m_sceneChanges = 0;  // the drawing's changes that the faces know of
+    CString m_path;
     std::optional<FileState> m_state;
 };

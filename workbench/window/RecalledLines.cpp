@@ -4,21 +4,21 @@
 void RecalledLines::Add(const CString& line) {
     if (m_lines.empty() || m_lines.back() != line)
         m_lines.push_back(line);
-    m_nAt = m_lines.size();
-    m_strTyped = CString();
+    m_at = m_lines.size();
+    m_typed = CString();
 }
 
 std::optional<CString> RecalledLines::Older(const CString& typed) {
-    if (m_nAt == 0)
+    if (m_at == 0)
         return std::nullopt;
-    if (m_nAt == m_lines.size())
-        m_strTyped = typed;
-    return m_lines[--m_nAt];
+    if (m_at == m_lines.size())
+        m_typed = typed;
+    return m_lines[--m_at];
 }
 
 std::optional<CString> RecalledLines::Newer() {
-    if (m_nAt == m_lines.size())
+    if (m_at == m_lines.size())
         return std::nullopt;
-    ++m_nAt;
-    return m_nAt == m_lines.size() ? m_strTyped : m_lines[m_nAt];
+    ++m_at;
+    return m_at == m_lines.size() ? m_typed : m_lines[m_at];
 }

@@ -9,7 +9,7 @@
 // A cursor over old lines, from the newest back. It starts behind the newest one, where the line being typed is.
 class RecalledLines {
 public:
-    explicit RecalledLines(std::vector<CString> lines) : m_lines(std::move(lines)), m_nAt(m_lines.size()) {}
+    explicit RecalledLines(std::vector<CString> lines) : m_lines(std::move(lines)), m_at(m_lines.size()) {}
 
     // Adds a newest line, unless it repeats the one before, and leaves the old lines.
     void Add(const CString& line);
@@ -20,6 +20,6 @@ public:
 
 private:
     std::vector<CString> m_lines;
-    std::size_t m_nAt;
-    CString m_strTyped;
+    std::size_t m_at;
+    CString m_typed;
 };
