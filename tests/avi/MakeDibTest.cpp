@@ -6,21 +6,21 @@ namespace {
 
 class MadeDib {
 public:
-    MadeDib(HBITMAP bitmap, UINT bits) : m_hBlock(OrvoAVIFile().MakeDib(bitmap, bits)) {}
-    ~MadeDib() { GlobalFree(m_hBlock); }
+    MadeDib(HBITMAP bitmap, UINT bits) : m_block(OrvoAVIFile().MakeDib(bitmap, bits)) {}
+    ~MadeDib() { GlobalFree(m_block); }
     MadeDib(const MadeDib&) = delete;
     MadeDib& operator=(const MadeDib&) = delete;
 
-    HGLOBAL Block() const { return m_hBlock; }
+    HGLOBAL Block() const { return m_block; }
     std::string Bytes() const {
-        const auto* first = static_cast<const char*>(GlobalLock(m_hBlock));
-        std::string bytes(first, GlobalSize(m_hBlock));
-        GlobalUnlock(m_hBlock);
+        const auto* first = static_cast<const char*>(GlobalLock(m_block));
+        std::string bytes(first, GlobalSize(m_block));
+        GlobalUnlock(m_block);
         return bytes;
     }
 
 private:
-    HGLOBAL m_hBlock;
+    HGLOBAL m_block;
 };
 
 TEST(MakeDib, HoldsHeaderTableAndRows) {

@@ -138,9 +138,9 @@ TEST(QcArray, CopiesAndCompares) {
     b = a;
     b.Append(0);
     EXPECT_TRUE(a < b);
-    const int* const pData = b.GetDataBuffer();
+    const int* const data = b.GetDataBuffer();
     QcArray<int> moved(std::move(b));
-    EXPECT_EQ(moved.GetDataBuffer(), pData);
+    EXPECT_EQ(moved.GetDataBuffer(), data);
     QcArray<int>& self = moved;
     moved = self;
     EXPECT_EQ(All(moved), (Ints{1, 2, 0}));
@@ -149,18 +149,18 @@ TEST(QcArray, CopiesAndCompares) {
 TEST(QcArray, FreesItsElements) {
     {
         QcArray<Counted> a(3);
-        EXPECT_EQ(Counted::s_nAlive, 3);
+        EXPECT_EQ(Counted::s_alive, 3);
         a.Append(Counted(4));
         a.DelHead();
         QcArray<Counted> b(a);
         b.ReAllocate(1, true);
         b = a;
-        EXPECT_EQ(Counted::s_nAlive, 6);
+        EXPECT_EQ(Counted::s_alive, 6);
         EXPECT_EQ(b[2].Value(), 4);
         b.FindDel(Counted(0));
-        EXPECT_EQ(Counted::s_nAlive, 4);
+        EXPECT_EQ(Counted::s_alive, 4);
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(Qc2dArray, HasRowsOfEqualLength) {
@@ -308,13 +308,13 @@ void SortStably() {
     C c;
     for (int i = 0; i < 1000; ++i)
         c.Append(Tagged{i * 7919 % 10, i});
-    for (const bool bUp : {true, false}) {
-        c.Sort(bUp);
+    for (const bool isUp : {true, false}) {
+        c.Sort(isUp);
         // Equal keys keep the order that they had; each pass begins with keys whose tags rise.
         for (long i = 1; i < c.GetLength(); ++i) {
             const Tagged& a = c[i - 1];
             const Tagged& b = c[i];
-            EXPECT_TRUE(bUp ? a.m_key <= b.m_key : a.m_key >= b.m_key);
+            EXPECT_TRUE(isUp ? a.m_key <= b.m_key : a.m_key >= b.m_key);
             EXPECT_TRUE(a.m_key != b.m_key || a.m_tag < b.m_tag);
         }
     }

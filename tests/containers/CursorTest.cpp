@@ -91,9 +91,9 @@ TYPED_TEST(Container, MovesToAnIndexFromAnyOther) {
         for (long to = -2; to < 7; ++to) {
             c.MoveTo(from);
             c.MoveTo(to);
-            const bool bIn = to >= 0 && to < 5;
-            EXPECT_EQ(c.GetCurPos(), bIn ? to : -1);
-            EXPECT_EQ(c.GetCurData(), bIn ? 10 * to : 0);
+            const bool isInside = to >= 0 && to < 5;
+            EXPECT_EQ(c.GetCurPos(), isInside ? to : -1);
+            EXPECT_EQ(c.GetCurData(), isInside ? 10 * to : 0);
         }
     }
     c.MoveTo(1L << 40);
@@ -217,8 +217,8 @@ TYPED_TEST(Container, TakesItsOwnElementsAsArguments) {
         EXPECT_EQ(*c.GetLast(), *c.GetFirst());
     }
     EXPECT_EQ(c.GetLength(), 3 + 5 * 40);
-    const long nOnes = c.FindDel(*c.GetFirst());
-    EXPECT_GT(nOnes, 1);
+    const long ones = c.FindDel(*c.GetFirst());
+    EXPECT_GT(ones, 1);
     EXPECT_EQ(c.Find(1), -1);
     EXPECT_TRUE(c.SortInto(c[0], true));
     c.SetAll(*c.GetLast());
@@ -532,10 +532,10 @@ TYPED_TEST(Container, TakesOverAListsElements) {
             c.MoveTo(cur);
             EXPECT_EQ(c.Conbine(other, pos), 5);
             Ints expected{1, 2, 3};
-            const bool bInside = pos >= 0 && pos < 3;
-            expected.insert(bInside ? expected.begin() + pos : expected.end(), {8, 9});
+            const bool isInside = pos >= 0 && pos < 3;
+            expected.insert(isInside ? expected.begin() + pos : expected.end(), {8, 9});
             EXPECT_EQ(Elements(c), expected);
-            EXPECT_EQ(c.GetCurPos(), cur >= 0 && bInside && pos <= cur ? cur + 2 : cur);
+            EXPECT_EQ(c.GetCurPos(), cur >= 0 && isInside && pos <= cur ? cur + 2 : cur);
             EXPECT_EQ(c.GetCurData(), cur + 1);
             EXPECT_TRUE(other.IsEmpty());
             EXPECT_TRUE(other.IsOut());

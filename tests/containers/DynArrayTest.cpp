@@ -34,17 +34,17 @@ TEST(QcDynArray, AllocatesTheCapacityItIsMadeWith) {
 
 TEST(QcDynArray, GrowsByTheUnitBeyondWhatIsAskedFor) {
     QcDynArray<int> a;
-    long nGrown = 0;
-    long nBefore = 0;
+    long grown = 0;
+    long sizeBefore = 0;
     for (int i = 0; i < 1100; ++i) {
         a.Append(i);
-        if (a.GetSpaceSize() != nBefore) {
+        if (a.GetSpaceSize() != sizeBefore) {
             EXPECT_EQ(a.GetSpaceSize(), a.GetLength() + 10);
-            nBefore = a.GetSpaceSize();
-            ++nGrown;
+            sizeBefore = a.GetSpaceSize();
+            ++grown;
         }
     }
-    EXPECT_EQ(nGrown, 100);
+    EXPECT_EQ(grown, 100);
     a.ReAllocate(5000);
     EXPECT_EQ(a.GetSpaceSize(), 5010);
     EXPECT_EQ(a[1099], 1099);
@@ -105,9 +105,9 @@ TEST(QcDynArray, SetLengthAllocatesExactly) {
 TEST(QcDynArray, SetLengthOfTheCapacityOnlySetsTheCount) {
     QcDynArray<int> a(5);
     Fill(a, Ints{1, 2, 3});
-    int* const pBefore = a.GetFirst();
+    int* const firstBefore = a.GetFirst();
     a.SetLength(5, true);
-    EXPECT_EQ(a.GetFirst(), pBefore);
+    EXPECT_EQ(a.GetFirst(), firstBefore);
     EXPECT_EQ(Elements(a), (Ints{1, 2, 3, 0, 0}));
 }
 
@@ -137,15 +137,15 @@ TEST(QcDynArray, SetSpaceSizeKeepsTheElements) {
 TEST(QcDynArray, HandsItsBufferOverAndTakesOne) {
     QcDynArray<int> a;
     Fill(a, Ints{1, 2, 3});
-    int* pBuffer = a.Detach();
-    ASSERT_NE(pBuffer, nullptr);
-    EXPECT_EQ(pBuffer[2], 3);
+    int* buffer = a.Detach();
+    ASSERT_NE(buffer, nullptr);
+    EXPECT_EQ(buffer[2], 3);
     EXPECT_TRUE(a.IsEmpty());
     EXPECT_EQ(a.GetSpaceSize(), 0);
     QcDynArray<int> b;
     Fill(b, Ints{9, 9, 9, 9});
     b.MoveToFirst();
-    b.Attach(3, pBuffer);
+    b.Attach(3, buffer);
     EXPECT_EQ(Elements(b), (Ints{1, 2, 3}));
     EXPECT_TRUE(b.IsOut());
     b.Append(4);
@@ -169,9 +169,9 @@ TEST(QcDynArrayDeathTest, DebugBuildsSayWhichMemoryCanBeAttached) {
     std::vector<int> foreign(64, 7);
     EXPECT_DEATH(a.Attach(3, foreign.data() + 8), kSentence);
     EXPECT_DEATH(QcDeleteBuffer(foreign.data() + 8), kSentence);
-    int* const pNew = new int[4]();
-    EXPECT_DEATH(a.Attach(4, pNew), kSentence);
-    delete[] pNew;
+    int* const made = new int[4]();
+    EXPECT_DEATH(a.Attach(4, made), kSentence);
+    delete[] made;
 
     a.Attach(3, QcNewBuffer<int>(3));
     QcDynArray<int> b;
@@ -190,15 +190,15 @@ TEST(QcDynArray, AttachNeverReadsBeyondTheBuffer) {
         EXPECT_EQ(a.GetLength(), 3);
         a.Attach(2, QcNewBuffer<Counted>(5));
         EXPECT_EQ(a.GetLength(), 2);
-        EXPECT_EQ(Counted::s_nAlive, 2);
+        EXPECT_EQ(Counted::s_alive, 2);
         a.Attach(2, a.GetFirst());
         EXPECT_EQ(a.GetLength(), 2);
         a.Attach(-1, QcNewBuffer<Counted>(4));
         EXPECT_TRUE(a.IsEmpty());
-        EXPECT_EQ(Counted::s_nAlive, 0);
+        EXPECT_EQ(Counted::s_alive, 0);
         Fill(a, std::vector<Counted>{1, 2});
         QcDeleteBuffer(a.Detach());
-        EXPECT_EQ(Counted::s_nAlive, 0);
+        EXPECT_EQ(Counted::s_alive, 0);
     }
     EXPECT_EQ(QcNewBuffer<int>(0), nullptr);
     EXPECT_EQ(QcNewBuffer<int>(-1), nullptr);
@@ -209,40 +209,40 @@ TEST(QcDynArray, AttachNeverReadsBeyondTheBuffer) {
 TEST(QcDynArray, OnlyItsElementsLive) {
     {
         QcDynArray<Counted> a(100);
-        EXPECT_EQ(Counted::s_nAlive, 0);
+        EXPECT_EQ(Counted::s_alive, 0);
         Fill(a, std::vector<Counted>{1, 2, 3, 4});
-        EXPECT_EQ(Counted::s_nAlive, 4);
+        EXPECT_EQ(Counted::s_alive, 4);
         a.DelHead();
-        EXPECT_EQ(Counted::s_nAlive, 3);
+        EXPECT_EQ(Counted::s_alive, 3);
         a.InsertHead(a[2]);
         for (int i = 0; i < 50; ++i)
             a.Insert(1, Counted(i));
-        EXPECT_EQ(Counted::s_nAlive, 54);
+        EXPECT_EQ(Counted::s_alive, 54);
         QcDynArray<Counted> copy(a);
-        EXPECT_EQ(Counted::s_nAlive, 108);
+        EXPECT_EQ(Counted::s_alive, 108);
         copy.SetLength(10, true);
         a.ReAllocate(20);
-        EXPECT_EQ(Counted::s_nAlive, 30);
+        EXPECT_EQ(Counted::s_alive, 30);
         a.SetSpaceSize(20);
         a.SetLength(3, false);
-        EXPECT_EQ(Counted::s_nAlive, 13);
+        EXPECT_EQ(Counted::s_alive, 13);
         copy.Sort(true);
         copy.Rotate(0, 3);
         copy.Reset();
-        EXPECT_EQ(Counted::s_nAlive, 3);
+        EXPECT_EQ(Counted::s_alive, 3);
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(QcDynArray, NeighboursOfForeignAddressesAreNone) {
     QcDynArray<int> a;
     Fill(a, Ints{1, 2, 3});
     const int others[3] = {};
-    const int* const pOther = &others[1];
-    EXPECT_EQ(a.GetNext(pOther), nullptr);
-    EXPECT_EQ(a.GetPre(pOther), nullptr);
-    EXPECT_EQ(QcDynArray<int>().GetNext(pOther), nullptr);
-    EXPECT_EQ(QcDynArray<int>().GetPre(pOther), nullptr);
+    const int* const other = &others[1];
+    EXPECT_EQ(a.GetNext(other), nullptr);
+    EXPECT_EQ(a.GetPre(other), nullptr);
+    EXPECT_EQ(QcDynArray<int>().GetNext(other), nullptr);
+    EXPECT_EQ(QcDynArray<int>().GetPre(other), nullptr);
 }
 
 struct alignas(64) Wide {

@@ -51,10 +51,10 @@ TYPED_TEST(Lists, KeepsEachElementAtItsAddress) {
     list.Conbine(other, 2);
     list.SplitAt(3, other);
     other.Conbine(list, 0);
-    int nSeen = 0;
+    int seen = 0;
     for (const int* p = other.GetFirst(); p != nullptr; p = other.GetNext(p))
-        nSeen += where.count(p) == 1 && where[p] == *p ? 1 : 0;
-    EXPECT_EQ(nSeen, 5);
+        seen += where.count(p) == 1 && where[p] == *p ? 1 : 0;
+    EXPECT_EQ(seen, 5);
     EXPECT_EQ(other.GetLength(), 7);
 }
 
@@ -173,21 +173,21 @@ TEST(QcXList, BringsEqualElementsTogether) {
 TEST(QcList, FreesItsElements) {
     {
         QcList<Counted> list(4);
-        const int nEmpty = Counted::s_nAlive;
+        const int aliveBefore = Counted::s_alive;
         Fill(list, std::vector<Counted>{1, 2, 3});
-        EXPECT_EQ(Counted::s_nAlive, nEmpty + 3);
+        EXPECT_EQ(Counted::s_alive, aliveBefore + 3);
         list.FindDel(Counted(2));
         list.Del(0);
-        EXPECT_EQ(Counted::s_nAlive, nEmpty + 1);
+        EXPECT_EQ(Counted::s_alive, aliveBefore + 1);
         QcDList<Counted> twofold;
         list.SplitAt(1, twofold);
         twofold.Conbine(list, 0);
         EXPECT_EQ(twofold.GetLength(), 5);
-        EXPECT_EQ(Counted::s_nAlive, nEmpty + 2);
+        EXPECT_EQ(Counted::s_alive, aliveBefore + 2);
         twofold.SetLength(2, false);
         twofold.Reset();
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(QcListNode, HoldsTheElementThenTheLinks) {
@@ -220,8 +220,8 @@ TEST(QcListNode, WalksItsRun) {
     QcListNode<int> nodes[3] = {QcListNode<int>(10), QcListNode<int>(11), QcListNode<int>(12)};
     nodes[0].m_pNext = &nodes[1];
     nodes[1].m_pNext = &nodes[2];
-    for (const bool bRing : {false, true}) {
-        nodes[2].m_pNext = bRing ? &nodes[0] : nullptr;
+    for (const bool isRing : {false, true}) {
+        nodes[2].m_pNext = isRing ? &nodes[0] : nullptr;
         EXPECT_EQ(nodes[0].First(), &nodes[0]);
         EXPECT_EQ(nodes[0].Last(), &nodes[2]);
         EXPECT_EQ(nodes[0].GetTo(2), &nodes[2]);
@@ -234,7 +234,7 @@ TEST(QcListNode, WalksItsRun) {
         EXPECT_EQ(nodes[0][3], 0);
         EXPECT_EQ(nodes[2].GetCurPos(), 0);
         EXPECT_EQ(nodes[2].GetCurPos(&nodes[0]), 2);
-        EXPECT_EQ(nodes[0].GetCurPos(&nodes[1]), bRing ? 2 : -1);
+        EXPECT_EQ(nodes[0].GetCurPos(&nodes[1]), isRing ? 2 : -1);
     }
 }
 

@@ -45,8 +45,8 @@ class Player {
 public:
     explicit Player(unsigned seed) : m_random(seed) {}
 
-    void Play(int nSteps) {
-        for (int i = 0; i < nSteps; ++i) {
+    void Play(int steps) {
+        for (int i = 0; i < steps; ++i) {
             const int op = Below(26);
             op < 13 ? EditAt(op) : Reorder(op - 13);
             Check(op);
@@ -114,7 +114,7 @@ private:
     void Reorder(int op) {
         const long i = AnyIndex();
         const long j = AnyIndex();
-        const bool bBoth = m_model.Has(i) && m_model.Has(j);
+        const bool hasBoth = m_model.Has(i) && m_model.Has(j);
         auto& all = m_model.m_all;
         switch (op) {
             case 0:
@@ -143,12 +143,12 @@ private:
                 break;
             case 7:
                 m_c.Exchange(i, j);
-                if (bBoth)
+                if (hasBoth)
                     std::swap(*m_model.At(i), *m_model.At(j));
                 break;
             case 8:
-                EXPECT_EQ(m_c.Move(i, j), bBoth);
-                if (bBoth) {
+                EXPECT_EQ(m_c.Move(i, j), hasBoth);
+                if (hasBoth) {
                     const int x = *m_model.At(i);
                     all.erase(m_model.At(i));
                     all.insert(m_model.At(j), x);
@@ -156,7 +156,7 @@ private:
                 break;
             case 9:
                 m_c.Rotate(i, j);
-                for (long k = i; bBoth && k != j; k += k < j ? 1 : -1)
+                for (long k = i; hasBoth && k != j; k += k < j ? 1 : -1)
                     std::rotate(all.begin(), k < j ? all.end() - 1 : all.begin() + 1, all.end());
                 break;
             case 10:
@@ -184,8 +184,8 @@ private:
             m_c.DecreaseSize(i);
             m_model.Resize(n - std::clamp(i, 0L, n));
         } else {
-            const long nCut = m_c.DetachAfterCur();
-            EXPECT_EQ(nCut, n - 1 - m_model.m_cur);
+            const long cut = m_c.DetachAfterCur();
+            EXPECT_EQ(cut, n - 1 - m_model.m_cur);
             m_model.Resize(m_model.m_cur + 1);
         }
     }
@@ -194,16 +194,16 @@ private:
         QcList<int> single;
         QcDList<int> twofold;
         QcList<int>& other = Below(2) == 0 ? single : twofold;
-        const int nMore = Below(4);
-        for (int k = 0; k < nMore; ++k)
+        const int more = Below(4);
+        for (int k = 0; k < more; ++k)
             other.Append(k);
-        EXPECT_EQ(m_c.Conbine(other, pos), m_model.Count() + nMore);
-        const bool bInside = m_model.Has(pos);
-        auto at = bInside ? m_model.At(pos) : m_model.m_all.end();
-        for (int k = 0; k < nMore; ++k)
+        EXPECT_EQ(m_c.Conbine(other, pos), m_model.Count() + more);
+        const bool isInside = m_model.Has(pos);
+        auto at = isInside ? m_model.At(pos) : m_model.m_all.end();
+        for (int k = 0; k < more; ++k)
             at = m_model.m_all.insert(at, k) + 1;
-        if (bInside && m_model.m_cur >= pos)
-            m_model.m_cur += nMore;
+        if (isInside && m_model.m_cur >= pos)
+            m_model.m_cur += more;
     }
 
     void Check(int op) {
@@ -264,8 +264,8 @@ void PlayOwner(unsigned seed) {
                     model[static_cast<std::size_t>(i)] = -1;
                 break;
             case 3: {
-                const std::unique_ptr<Counted> pOff(c.TakeOff(i));
-                EXPECT_EQ(pOff == nullptr ? -1 : pOff->Value(), i < n ? model[static_cast<std::size_t>(i)] : -1);
+                const std::unique_ptr<Counted> taken(c.TakeOff(i));
+                EXPECT_EQ(taken == nullptr ? -1 : taken->Value(), i < n ? model[static_cast<std::size_t>(i)] : -1);
                 if (i < n)
                     model.erase(at(i));
                 break;
@@ -292,7 +292,7 @@ void PlayOwner(unsigned seed) {
         for (const Counted* p : Elements(static_cast<const QcDynArrayBase<Counted*>&>(c)))
             values.push_back(p == nullptr ? -1 : p->Value());
         ASSERT_EQ(values, model);
-        ASSERT_EQ(Counted::s_nAlive, c.GetDataNum());
+        ASSERT_EQ(Counted::s_alive, c.GetDataNum());
     }
 }
 
@@ -302,7 +302,7 @@ void PlayManyOwners() {
         SCOPED_TRACE(seed);
         PlayOwner<C>(seed);
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(RandomOperations, OnQcDynPArray) {

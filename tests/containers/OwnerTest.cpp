@@ -24,8 +24,8 @@ template <class C>
 class Owner : public testing::Test {
 protected:
     void TearDown() override {
-        EXPECT_EQ(Counted::s_nAlive, 0);
-        EXPECT_EQ(Derived::s_nDerived, 0);
+        EXPECT_EQ(Counted::s_alive, 0);
+        EXPECT_EQ(Derived::s_derived, 0);
     }
 };
 using Kinds = testing::Types<QcDynPArray<Counted>, QcPDList<Counted>, QcPXList<Counted>>;
@@ -36,11 +36,11 @@ TYPED_TEST(Owner, DeletesDerivedObjectsThroughTheirDestructor) {
     c.PlaceIn(new Derived(1));
     c.Append(new Derived(2));
     c << new Derived(3);
-    EXPECT_EQ(Derived::s_nDerived, 3);
+    EXPECT_EQ(Derived::s_derived, 3);
     c.Del(1);
-    EXPECT_EQ(Derived::s_nDerived, 2);
+    EXPECT_EQ(Derived::s_derived, 2);
     c.Reset();
-    EXPECT_EQ(Derived::s_nDerived, 0);
+    EXPECT_EQ(Derived::s_derived, 0);
     c.Append(new Derived(4));
 }
 
@@ -49,7 +49,7 @@ TYPED_TEST(Owner, DelCurDeletesTheObjectAndTheSlot) {
     FillObjects(c, {1, 2, -1});
     c.MoveTo(1);
     c.DelCur();
-    EXPECT_EQ(Counted::s_nAlive, 1);
+    EXPECT_EQ(Counted::s_alive, 1);
     EXPECT_EQ(Values(c), (Ints{1, -1}));
     EXPECT_EQ(c.GetCurPos(), 0);
     c.DelTail();
@@ -71,9 +71,9 @@ TYPED_TEST(Owner, ReleaseKeepsTheSlots) {
     c.Release(9);
     c.ReleaseCur();
     EXPECT_TRUE(c.IsCurEmpty());
-    EXPECT_EQ(Counted::s_nAlive, 4);
+    EXPECT_EQ(Counted::s_alive, 4);
     c.ReleaseAll();
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
     EXPECT_EQ(c.GetLength(), 5);
     EXPECT_EQ(c.GetDataNum(), 0);
     EXPECT_TRUE(c.IsOut());
@@ -134,7 +134,7 @@ TYPED_TEST(Owner, ReplacingDeletesTheOldObject) {
     FillObjects(c, {1, 2});
     c.MoveTo(0);
     c.SetCurData(new Counted(5));
-    EXPECT_EQ(Counted::s_nAlive, 2);
+    EXPECT_EQ(Counted::s_alive, 2);
     c.SetCurData(c.GetCurPData());
     EXPECT_EQ(Values(c), (Ints{5, 2}));
     c.MoveTo(-1);
@@ -147,9 +147,9 @@ TYPED_TEST(Owner, DroppedSlotsDeleteTheirObjects) {
     TypeParam c;
     FillObjects(c, {1, 2, 3, 4, 5, 6});
     c.SetLength(5, true);
-    EXPECT_EQ(Counted::s_nAlive, 5);
+    EXPECT_EQ(Counted::s_alive, 5);
     c.DecreaseSize(1);
-    EXPECT_EQ(Counted::s_nAlive, 4);
+    EXPECT_EQ(Counted::s_alive, 4);
     c.MoveTo(2);
     EXPECT_EQ(c.DetachAfterCur(), 1);
     EXPECT_EQ(Values(c), (Ints{1, 2, 3}));
@@ -157,7 +157,7 @@ TYPED_TEST(Owner, DroppedSlotsDeleteTheirObjects) {
     EXPECT_EQ(Values(c), (Ints{1, 2, 3, -1, -1}));
     c.SetLength(4, false);
     EXPECT_EQ(Values(c), (Ints{-1, -1, -1, -1}));
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
     c.SetLength(0, false);
     EXPECT_TRUE(c.IsEmpty());
 }
@@ -188,7 +188,7 @@ TYPED_TEST(Owner, RemovesByObjectAlsoOneOfItsOwn) {
     FillObjects(c, {1, 1, -1, 2, 1});
     EXPECT_EQ(c.FindDataDel(*c.GetPData(0)), 3);
     EXPECT_EQ(Values(c), (Ints{-1, 2}));
-    EXPECT_EQ(Counted::s_nAlive, 1);
+    EXPECT_EQ(Counted::s_alive, 1);
     EXPECT_EQ(c.FindDataDel(nullptr), 0);
     EXPECT_EQ(c.FindDataDel(c.GetPData(1)), 1);
     EXPECT_EQ(Values(c), Ints{-1});
@@ -254,7 +254,7 @@ TYPED_TEST(Owner, CopiesObjectsAndNeverShares) {
     copy = self;
     copy << copy << c;
     EXPECT_EQ(Values(copy), (Ints{1, -1, 2, 1, -1, 2, 1, -1, 2}));
-    EXPECT_EQ(Counted::s_nAlive, 8);
+    EXPECT_EQ(Counted::s_alive, 8);
     QcList<Counted*> view(c);
     EXPECT_EQ(view.GetAt(0)[0], c.GetPData(0));
     copy = view;
@@ -266,7 +266,7 @@ TYPED_TEST(Owner, CopiesObjectsAndNeverShares) {
     EXPECT_EQ(Values(fromView), Ints{-1});
     c = TypeParam();
     EXPECT_TRUE(c.IsEmpty());
-    EXPECT_EQ(Counted::s_nAlive, 2);
+    EXPECT_EQ(Counted::s_alive, 2);
 }
 
 TYPED_TEST(Owner, NeverSharesThroughABaseReference) {
@@ -340,13 +340,13 @@ TYPED_TEST(Owner, MovesObjectsBetweenOwners) {
     FillObjects(other, {8, 9});
     EXPECT_EQ(c.Conbine(other, 1), 4);
     EXPECT_EQ(Values(c), (Ints{1, 8, 9, 2}));
-    EXPECT_EQ(Counted::s_nAlive, 4);
+    EXPECT_EQ(Counted::s_alive, 4);
     c.ReverseList();
     c.Exchange(0, 1);
     c.Reverse(0, -1);
     c.Rotate(0, 1);
     c.Move(0, 2);
-    EXPECT_EQ(Counted::s_nAlive, 4);
+    EXPECT_EQ(Counted::s_alive, 4);
     EXPECT_EQ(c.GetDataNum(), 4);
 }
 
@@ -359,15 +359,15 @@ TEST(QcPDList, CutsAndSplitsWithItsObjects) {
         EXPECT_EQ(list.DetachAfter(-2), 0);
         EXPECT_EQ(list.DetachAfter(9), 0);
         EXPECT_EQ(list.DetachAfter(std::numeric_limits<long>::max()), 0);
-        EXPECT_EQ(Counted::s_nAlive, 3);
+        EXPECT_EQ(Counted::s_alive, 3);
         QcPDList<Counted> other;
         FillObjects(other, {7});
         EXPECT_EQ(list.SplitAt(2, other), 2);
         EXPECT_EQ(Values(list), (Ints{-1, -1, 1}));
         EXPECT_EQ(Values(other), (Ints{2, 3}));
-        EXPECT_EQ(Counted::s_nAlive, 3);
+        EXPECT_EQ(Counted::s_alive, 3);
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(QcDynPArray, BuffersCarryTheirObjects) {
@@ -376,15 +376,15 @@ TEST(QcDynPArray, BuffersCarryTheirObjects) {
         EXPECT_EQ(a.GetSpaceSize(), 3);
         EXPECT_EQ(a.GetAllocUnit(), 4);
         FillObjects(a, {1, 2});
-        Counted** const pBuffer = a.Detach();
+        Counted** const buffer = a.Detach();
         FillObjects(a, {3});
-        a.Attach(2, pBuffer);
+        a.Attach(2, buffer);
         EXPECT_EQ(Values(a), (Ints{1, 2}));
-        EXPECT_EQ(Counted::s_nAlive, 2);
+        EXPECT_EQ(Counted::s_alive, 2);
         a.ReAllocate(1);
-        EXPECT_EQ(Counted::s_nAlive, 1);
+        EXPECT_EQ(Counted::s_alive, 1);
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(QcPXList, BringsEqualObjectsTogether) {
@@ -396,7 +396,7 @@ TEST(QcPXList, BringsEqualObjectsTogether) {
         EXPECT_EQ(list.UpdateGroup(3), 0);
         EXPECT_EQ(list.UpdateGroup(9), 0);
     }
-    EXPECT_EQ(Counted::s_nAlive, 0);
+    EXPECT_EQ(Counted::s_alive, 0);
 }
 
 TEST(PointerOwner, CopiesWhatCanCloneAsWhatItIs) {
@@ -408,9 +408,9 @@ TEST(PointerOwner, CopiesWhatCanCloneAsWhatItIs) {
         EXPECT_EQ(copy.GetPData(0)->Kind(), 1);
         EXPECT_EQ(copy.GetPData(1)->Kind(), 0);
         EXPECT_EQ(copy.GetPData(0)->m_n, 4);
-        EXPECT_EQ(Cloning::s_nAlive, 4);
+        EXPECT_EQ(Cloning::s_alive, 4);
     }
-    EXPECT_EQ(Cloning::s_nAlive, 0);
+    EXPECT_EQ(Cloning::s_alive, 0);
 }
 
 TEST(PointerOwner, LeavesNullWhereAnObjectCannotBeCopied) {

@@ -85,8 +85,8 @@ TYPED_TEST(ContainerSearch, BisectsEverySizeAndPlace) {
         for (int i = 0; i < n; ++i)
             c.Append(2 * i);
         for (int x = -1; x <= 2 * n; ++x) {
-            const bool bThere = x >= 0 && x < 2 * n && x % 2 == 0;
-            EXPECT_EQ(c.BFindTo(x), bThere);
+            const bool isThere = x >= 0 && x < 2 * n && x % 2 == 0;
+            EXPECT_EQ(c.BFindTo(x), isThere);
             const int place = (x + 1) / 2;
             EXPECT_EQ(c.GetCurPos(), place < n ? place : -1) << n << ' ' << x;
         }

@@ -75,9 +75,9 @@ TEST(VirtualTable, EndsWithRotate) {
 
 // Calls the operation in a slot of an object's own table, as a caller compiled against another header would.
 template <class Result, class... Args>
-Result CallSlot(void* pObject, int slot, Args... args) {
-    void** const pTable = *static_cast<void***>(pObject);
-    return reinterpret_cast<Result (*)(void*, Args...)>(pTable[slot])(pObject, args...);
+Result CallSlot(void* object, int slot, Args... args) {
+    void** const table = *static_cast<void***>(object);
+    return reinterpret_cast<Result (*)(void*, Args...)>(table[slot])(object, args...);
 }
 
 TEST(VirtualTable, ReachesEachClassesOwnOperations) {
@@ -102,8 +102,8 @@ TEST(VirtualTable, ReachesEachClassesOwnOperations) {
 }
 
 TEST(Instantiations, AreExportedByTheModule) {
-    void* const pModule = dlopen("OrvoDataBase.so", RTLD_NOW | RTLD_NOLOAD);
-    ASSERT_NE(pModule, nullptr);
+    void* const module = dlopen("OrvoDataBase.so", RTLD_NOW | RTLD_NOLOAD);
+    ASSERT_NE(module, nullptr);
     for (const char* const name : {"_ZTV14QcDynArrayBaseIiE",
                                    "_ZTV14QcDynArrayBaseIcE",
                                    "_ZTV14QcDynArrayBaseIdE",
@@ -124,8 +124,8 @@ TEST(Instantiations, AreExportedByTheModule) {
                                    "_ZN10QcDynArrayIiE5RefitEllRb",
                                    "_ZN6QcListIcE7SplitAtElRS0_",
                                    "_ZNK14QcDynArrayBaseIdE4FindERKdll"})
-        EXPECT_NE(dlsym(pModule, name), nullptr) << name;
-    dlclose(pModule);
+        EXPECT_NE(dlsym(module, name), nullptr) << name;
+    dlclose(module);
 }
 
 }  // namespace

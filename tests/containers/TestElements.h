@@ -40,7 +40,7 @@ struct Tagged {
 class Counted {
 public:
     Counted() : Counted(0) {}
-    Counted(int n) : m_pn(new int(n)) { ++s_nAlive; }
+    Counted(int n) : m_pn(new int(n)) { ++s_alive; }
     Counted(const Counted& other) : Counted(*other.m_pn) {}
     Counted& operator=(const Counted& other) {
         *m_pn = *other.m_pn;
@@ -48,13 +48,13 @@ public:
     }
     virtual ~Counted() {
         delete m_pn;
-        --s_nAlive;
+        --s_alive;
     }
     int Value() const { return *m_pn; }
     bool operator==(const Counted& other) const { return Value() == other.Value(); }
     bool operator<(const Counted& other) const { return Value() < other.Value(); }
 
-    static inline int s_nAlive = 0;
+    static inline int s_alive = 0;
 
 private:
     int* m_pn;
@@ -63,12 +63,12 @@ private:
 // A derived object, to be deleted through Counted's destructor.
 class Derived : public Counted {
 public:
-    explicit Derived(int n) : Counted(n), m_all(static_cast<std::size_t>(n) + 1) { ++s_nDerived; }
+    explicit Derived(int n) : Counted(n), m_all(static_cast<std::size_t>(n) + 1) { ++s_derived; }
     Derived(const Derived&) = delete;
     Derived& operator=(const Derived&) = delete;
-    ~Derived() override { --s_nDerived; }
+    ~Derived() override { --s_derived; }
 
-    static inline int s_nDerived = 0;
+    static inline int s_derived = 0;
 
 private:
     std::vector<int> m_all;
@@ -77,15 +77,15 @@ private:
 // Copies itself as what it is.
 class Cloning {
 public:
-    explicit Cloning(int n) : m_n(n) { ++s_nAlive; }
+    explicit Cloning(int n) : m_n(n) { ++s_alive; }
     Cloning(const Cloning&) = delete;
     Cloning& operator=(const Cloning&) = delete;
-    virtual ~Cloning() { --s_nAlive; }
+    virtual ~Cloning() { --s_alive; }
     virtual Cloning* Clone() const { return new Cloning(m_n); }
     virtual int Kind() const { return 0; }
 
     int m_n;
-    static inline int s_nAlive = 0;
+    static inline int s_alive = 0;
 };
 class CloningMore : public Cloning {
 public:

@@ -28,13 +28,13 @@ public:
     }
     QcDtDictionary* GetModuleDictionary(const wchar_t* key) override {
         m_keys.emplace_back(key);
-        return m_pAnswer;
+        return m_answer;
     }
 
     mutable HINSTANCE m_resourceSeen = nullptr;
     mutable QcDtDictionary* m_langSeen = nullptr;
     std::vector<CString> m_keys;
-    QcDtDictionary* m_pAnswer = nullptr;
+    QcDtDictionary* m_answer = nullptr;
 };
 
 // The language dictionary, once found, stays for the life of the process; so this one lives as long.
@@ -48,7 +48,7 @@ protected:
     // Sees to it that the module has found its language dictionary, as it has after the first scope under a switch.
     static void FindLanguage() {
         RecordingSwitch language;
-        language.m_pAnswer = &ModuleTable();
+        language.m_answer = &ModuleTable();
         g_pTeskLangSwitch = &language;
         SetModuleFileNameForTest(L"C:\\p\\OrvoDataBase.arx");
         LoadModuleLanguage();
@@ -140,7 +140,7 @@ TEST_F(Resources, AskForTheLanguageInEachScopeUntilItIsThere) {
     EXPECT_EQ(language.m_keys[2], L"");
 
     SetModuleFileNameForTest(L"C:\\p\\OrvoDataBase8.arx");
-    language.m_pAnswer = &ModuleTable();
+    language.m_answer = &ModuleTable();
     EXPECT_EQ(LoadModuleLanguage(), L"ORVODATABASE");
     EXPECT_EQ(language.m_keys.size(), 4U);
     { const QcUtPushResource scope(&kFirstModule); }
@@ -155,14 +155,14 @@ TEST_F(Resources, AskTheSwitchForAnEmptyKey) {
     g_pTeskLangSwitch = &language;
     SetModuleFileNameForTest(L"C:\\p\\8.ARX");
     QcDtDictionary answer(L"answer");
-    language.m_pAnswer = &answer;
+    language.m_answer = &answer;
     EXPECT_EQ(LoadModuleLanguage(), L"");
     EXPECT_EQ(language.m_keys, std::vector<CString>{L""});
     {
         const QcUtPushResource scope(&kFirstModule);
         EXPECT_EQ(g_pCurModuleLang, &answer);
     }
-    language.m_pAnswer = nullptr;
+    language.m_answer = nullptr;
     EXPECT_EQ(LoadModuleLanguage(), L"");
     const QcUtPushResource scope(&kFirstModule);
     EXPECT_EQ(g_pCurModuleLang, nullptr);
@@ -253,7 +253,7 @@ TEST(ModuleState, HasAVirtualScopeAndTheDefaultAnimationPath) {
 
 TEST_F(Resources, TakeAModuleFileNameOfUpTo1023Characters) {
     RecordingSwitch language;
-    language.m_pAnswer = &ModuleTable();
+    language.m_answer = &ModuleTable();
     g_pTeskLangSwitch = &language;
     const CString folder(std::wstring(1015, L'd').c_str());
     SetModuleFileNameForTest(L"C\\" + folder + L"\\AB.C");  // 1022 characters, with its point inside

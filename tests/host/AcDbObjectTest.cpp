@@ -11,18 +11,18 @@ namespace {
 // An object that is open as long as the test needs it.
 class Opened {
 public:
-    explicit Opened(AcDbObjectId id) { m_status = acdbOpenAcDbObject(m_pObject, id, AcDb::kForRead); }
+    explicit Opened(AcDbObjectId id) { m_status = acdbOpenAcDbObject(m_object, id, AcDb::kForRead); }
     ~Opened() {
-        if (m_pObject)
-            m_pObject->close();
+        if (m_object)
+            m_object->close();
     }
     Opened(const Opened&) = delete;
     Opened& operator=(const Opened&) = delete;
-    AcDbObject* Object() const { return m_pObject; }
+    AcDbObject* Object() const { return m_object; }
     Acad::ErrorStatus Status() const { return m_status; }
 
 private:
-    AcDbObject* m_pObject = nullptr;
+    AcDbObject* m_object = nullptr;
     Acad::ErrorStatus m_status;
 };
 

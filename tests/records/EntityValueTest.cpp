@@ -15,15 +15,15 @@ namespace {
 // A buffer for a value of a result type, freed at the end.
 class Buffer {
 public:
-    explicit Buffer(int type) : m_pBuffer(acutNewRb(type)) {}
-    ~Buffer() { acutRelRb(m_pBuffer); }
+    explicit Buffer(int type) : m_buffer(acutNewRb(type)) {}
+    ~Buffer() { acutRelRb(m_buffer); }
     Buffer(const Buffer&) = delete;
     Buffer& operator=(const Buffer&) = delete;
-    resbuf& operator*() const { return *m_pBuffer; }
-    resbuf* operator->() const { return m_pBuffer; }
+    resbuf& operator*() const { return *m_buffer; }
+    resbuf* operator->() const { return m_buffer; }
 
 private:
-    resbuf* m_pBuffer;
+    resbuf* m_buffer;
 };
 
 // What FetchValue writes, up to the first byte that it leaves alone.

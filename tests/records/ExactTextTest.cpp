@@ -58,14 +58,14 @@ public:
     }
 
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
-        ++m_nCommands;
+        ++m_commands;
         return QcUiDialog::OnCommand(wParam, lParam);
     }
 
     CListBox m_list;
     CComboBox m_dropList;
     CComboBox m_dropEdit;
-    int m_nCommands = 0;
+    int m_commands = 0;
 
 private:
     std::function<void()> m_check;
@@ -165,10 +165,10 @@ TEST(ExactText, TellsTheParentNothing) {
     EXPECT_TRUE(Controls::With([](Controls& controls) {
         controls.m_list.AddString(L"a");
         controls.m_dropList.AddString(L"a");
-        const int before = controls.m_nCommands;
+        const int before = controls.m_commands;
         EXPECT_TRUE(SelectString(controls.m_list, L"a"));
         EXPECT_TRUE(SelectString(controls.m_dropList, L"a"));
-        EXPECT_EQ(controls.m_nCommands, before);
+        EXPECT_EQ(controls.m_commands, before);
     }));
 }
 

@@ -14,14 +14,14 @@ class AnalysisDialog : public QcUiDialog, public OrvoDataSetDlgBase {
 public:
     AnalysisDialog() : QcUiDialog(7) {}
 
-    bool m_bStandards = false;
-    bool m_bPlaceDlg = true;
-    bool m_bAttach = true;
+    bool m_hasStandards = false;
+    bool m_hasPlaces = true;
+    bool m_attaches = true;
     std::function<void()> m_onInit;
 
     BOOL OnInitDialog() override {
         QcUiDialog::OnInitDialog();
-        if (m_bAttach) {
+        if (m_attaches) {
             m_comboStd.SubclassDlgItem(10, this);
             m_comboPlace.SubclassDlgItem(11, this);
             m_comboTerm.SubclassDlgItem(12, this);
@@ -30,9 +30,9 @@ public:
             m_editEnd.SubclassDlgItem(15, this);
             m_spinSpace.SubclassDlgItem(17, this);
         }
-        if (m_bPlaceDlg)
+        if (m_hasPlaces)
             CreatPlaceDlg(this);
-        InitDlgBaseData(m_bStandards);
+        InitDlgBaseData(m_hasStandards);
         if (m_onInit)
             m_onInit();
         return TRUE;
@@ -104,7 +104,7 @@ TEST_F(DataSetDlgBase, FillsTheControlsFromTheCurrentStandard) {
         EXPECT_EQ(EditText(window, 15), "16:15");
     })});
     AnalysisDialog dialog;
-    dialog.m_bStandards = true;
+    dialog.m_hasStandards = true;
     dialog.DoModal();
 }
 
@@ -121,8 +121,8 @@ TEST_F(DataSetDlgBase, PassesOverControlsThatADialogDoesNotHave) {
             EXPECT_EQ(EditText(window, 14), "");
         })});
         AnalysisDialog dialog;
-        dialog.m_bAttach = false;
-        dialog.m_bStandards = standards;
+        dialog.m_attaches = false;
+        dialog.m_hasStandards = standards;
         dialog.DoModal();
     }
 }

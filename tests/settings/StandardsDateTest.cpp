@@ -12,7 +12,7 @@ class StandardsDate : public SettingsDialogs {
 protected:
     void SetUp() override {
         SettingsDialogs::SetUp();
-        m_pDate = &AddStandard(L"甲").m_date;
+        m_date = &AddStandard(L"甲").m_date;
     }
 
     static void Run(const std::function<void(const ModalWindow&)>& act, int command = IDCANCEL) {
@@ -22,12 +22,12 @@ protected:
     static QDate Picked(const ModalWindow& window) { return Item<QDateEdit>(window, 2038)->date(); }
     static int Term(const ModalWindow& window) { return Item<QComboBox>(window, 2039)->currentIndex(); }
     void ExpectDate(int year, int month, int day) const {
-        EXPECT_EQ(m_pDate->GetYear(), year);
-        EXPECT_EQ(m_pDate->GetMonth(), month);
-        EXPECT_EQ(m_pDate->m_nDay, day);
+        EXPECT_EQ(m_date->GetYear(), year);
+        EXPECT_EQ(m_date->GetMonth(), month);
+        EXPECT_EQ(m_date->m_nDay, day);
     }
 
-    OrvoDate* m_pDate = nullptr;
+    OrvoDate* m_date = nullptr;
 };
 
 }  // namespace
@@ -44,7 +44,7 @@ TEST_F(StandardsDate, ListsTheTwentyFourTermsAndSelectsTheDays) {
 }
 
 TEST_F(StandardsDate, SelectsNoTermOnAnyOtherDay) {
-    m_pDate->SetDay(23);
+    m_date->SetDay(23);
     Run([](const ModalWindow& window) {
         EXPECT_EQ(Term(window), -1);
         EXPECT_EQ(Picked(window), QDate(2026, 12, 23));
@@ -53,7 +53,7 @@ TEST_F(StandardsDate, SelectsNoTermOnAnyOtherDay) {
 
 TEST_F(StandardsDate, TakesTheDayOfATermAndKeepsTheYear) {
     for (const int year : {2026, 2028}) {
-        m_pDate->SetYear(year);
+        m_date->SetYear(year);
         Run([&](const ModalWindow& window) {
             for (int index = 0; index < 24; ++index) {
                 Choose(window, 2039, index);
@@ -159,7 +159,7 @@ TEST_F(StandardsDate, ChangesTheCurrentStandardAlone) {
         EXPECT_EQ(Term(window), 0);
     });
     ExpectDate(2026, 12, 22);
-    EXPECT_NE(g_SunDataSet.GetStd(1).m_date, *m_pDate);
+    EXPECT_NE(g_SunDataSet.GetStd(1).m_date, *m_date);
     EXPECT_EQ(g_SunDataSet.m_date, own) << "the settings have a day of their own";
 }
 
@@ -167,7 +167,7 @@ TEST_F(StandardsDate, ChangesTheCurrentStandardAlone) {
 TEST_F(StandardsDate, KeepsADayThatNoCalendarHas) {
     const int days[][3] = {{2026, 2, 30}, {70000, 1, 1}, {-5, 1, 1}, {67562, 3, 4}, {0, 0, 0}, {2026, 65537, 3}};
     for (const auto& day : days) {
-        *m_pDate = OrvoDate(day[0], day[1], day[2]);
+        *m_date = OrvoDate(day[0], day[1], day[2]);
         Run(
             [](const ModalWindow& window) {
                 EXPECT_TRUE(Picked(window).isValid());
@@ -181,9 +181,9 @@ TEST_F(StandardsDate, KeepsADayThatNoCalendarHas) {
 
 // Assigning dates piles the built-in table up; rows behind the first 24 are no terms.
 TEST_F(StandardsDate, ChoosesNothingByARowBehindTheTerms) {
-    *m_pDate = OrvoDate(2026, 6, 5);
-    *m_pDate = OrvoDate(2026, 6, 7);
-    const long rows = m_pDate->m_listTerm.GetLength();
+    *m_date = OrvoDate(2026, 6, 5);
+    *m_date = OrvoDate(2026, 6, 7);
+    const long rows = m_date->m_listTerm.GetLength();
     ASSERT_GT(rows, 30);
     Run([rows](const ModalWindow& window) {
         ASSERT_EQ(Item<QComboBox>(window, 2039)->count(), rows);

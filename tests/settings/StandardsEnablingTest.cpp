@@ -14,7 +14,7 @@ class StandardsEnabling : public SettingsDialogs {
 protected:
     void SetUp() override {
         SettingsDialogs::SetUp();
-        m_pStandard = &AddStandard(L"甲");
+        m_standard = &AddStandard(L"甲");
     }
 
     static void Run(const std::function<void(const ModalWindow&)>& act) {
@@ -22,7 +22,7 @@ protected:
         SunStdDlgDoModal(nullptr);
     }
 
-    OrvoStdSet* m_pStandard = nullptr;
+    OrvoStdSet* m_standard = nullptr;
 };
 
 }  // namespace
@@ -30,8 +30,8 @@ protected:
 TEST_F(StandardsEnabling, FollowsTheFieldsWhenTheyAreShown) {
     for (const int whole : {0, 1, 5}) {
         for (const int limited : {0, 1}) {
-            m_pStandard->m_nFullWin = whole;
-            m_pStandard->m_nLimitWidth = limited;
+            m_standard->m_nFullWin = whole;
+            m_standard->m_nLimitWidth = limited;
             Run([&](const ModalWindow& window) {
                 const Ids expected = whole == 0 ? Ids{} : limited == 0 ? Ids{2035} : kWidths;
                 EXPECT_EQ(Enabled(window, kWidths), expected) << whole << limited;
@@ -40,8 +40,8 @@ TEST_F(StandardsEnabling, FollowsTheFieldsWhenTheyAreShown) {
     }
     for (const int longest : {0, 1}) {
         for (const int over : {0, 1}) {
-            m_pStandard->m_nMaxContinue = longest;
-            m_pStandard->m_nAllMaxContinueTime = over;
+            m_standard->m_nMaxContinue = longest;
+            m_standard->m_nAllMaxContinueTime = over;
             Run([&](const ModalWindow& window) {
                 EXPECT_EQ(Enabled(window, kTotal), longest == 0 ? kTotal : Ids{});
                 EXPECT_EQ(Enabled(window, kLongest), longest == 0 ? Ids{} : over == 0 ? Ids{2050} : kLongest);
@@ -49,7 +49,7 @@ TEST_F(StandardsEnabling, FollowsTheFieldsWhenTheyAreShown) {
         }
     }
     for (const int rule : {0, 1}) {
-        m_pStandard->m_nValidSunType = rule;
+        m_standard->m_nValidSunType = rule;
         Run([&](const ModalWindow& window) { EXPECT_EQ(IsOn(window, 2052), rule != 0); });
     }
 }
@@ -63,55 +63,55 @@ TEST_F(StandardsEnabling, LeavesAllOtherControlsAlone) {
 }
 
 TEST_F(StandardsEnabling, OffersWidthsForTheWholeWindowAlone) {
-    m_pStandard->m_nFullWin = 0;
+    m_standard->m_nFullWin = 0;
     Run([this](const ModalWindow& window) {
         Click(window, 2033);
-        EXPECT_EQ(m_pStandard->m_nFullWin, 1);
+        EXPECT_EQ(m_standard->m_nFullWin, 1);
         EXPECT_EQ(Enabled(window, kWidths), Ids{2035});
         Click(window, 2034);
-        EXPECT_EQ(m_pStandard->m_nFullWin, 0);
+        EXPECT_EQ(m_standard->m_nFullWin, 0);
         EXPECT_EQ(Enabled(window, kWidths), Ids{});
     });
 }
 
 TEST_F(StandardsEnabling, RestoresTheWidthsAsTheFlagSays) {
-    m_pStandard->m_nFullWin = 1;
-    m_pStandard->m_nLimitWidth = 1;
+    m_standard->m_nFullWin = 1;
+    m_standard->m_nLimitWidth = 1;
     Run([this](const ModalWindow& window) {
         EXPECT_EQ(Enabled(window, kWidths), kWidths);
         Click(window, 2034);
         EXPECT_EQ(Enabled(window, kWidths), Ids{});
         Click(window, 2033);
         EXPECT_EQ(Enabled(window, kWidths), kWidths);
-        EXPECT_EQ(m_pStandard->m_nLimitWidth, 1);
+        EXPECT_EQ(m_standard->m_nLimitWidth, 1);
     });
 }
 
 // Reading the controls takes the radios the other way round, too.
 TEST_F(StandardsEnabling, ReadsTheControlsWhenTheWidthIsLimited) {
-    m_pStandard->m_nFullWin = 0;
+    m_standard->m_nFullWin = 0;
     Run([this](const ModalWindow& window) {
         Type(window, 2044, "12");
         Click(window, 2033);
-        EXPECT_EQ(m_pStandard->m_nFullWin, 1);
+        EXPECT_EQ(m_standard->m_nFullWin, 1);
         Click(window, 2035);
-        EXPECT_EQ(m_pStandard->m_nLimitWidth, 1);
-        EXPECT_EQ(m_pStandard->m_dSpace, 12.0);
-        EXPECT_EQ(m_pStandard->m_nFullWin, 0);
+        EXPECT_EQ(m_standard->m_nLimitWidth, 1);
+        EXPECT_EQ(m_standard->m_dSpace, 12.0);
+        EXPECT_EQ(m_standard->m_nFullWin, 0);
         EXPECT_EQ(Enabled(window, kWidths), kWidths);
         Click(window, 2035);
-        EXPECT_EQ(m_pStandard->m_nLimitWidth, 0);
+        EXPECT_EQ(m_standard->m_nLimitWidth, 0);
         EXPECT_EQ(Enabled(window, kWidths), Ids{2035});
     });
 }
 
 TEST_F(StandardsEnabling, LimitsTheWidthAlsoWhileAnotherEntryIsBad) {
-    m_pStandard->m_nFullWin = 1;
+    m_standard->m_nFullWin = 1;
     const Play play({Do("IDD_2010",
                         [this](const ModalWindow& window) {
                             Type(window, 2044, "soon");
                             Click(window, 2035);
-                            EXPECT_EQ(m_pStandard->m_nLimitWidth, 1);
+                            EXPECT_EQ(m_standard->m_nLimitWidth, 1);
                             EXPECT_EQ(Enabled(window, kWidths), kWidths);
                         }),
                      {"请键入一个数字。"}});
@@ -119,35 +119,35 @@ TEST_F(StandardsEnabling, LimitsTheWidthAlsoWhileAnotherEntryIsBad) {
 }
 
 TEST_F(StandardsEnabling, OffersWhatGoesWithTheTotalOrTheLongest) {
-    m_pStandard->m_nMaxContinue = 1;
-    m_pStandard->m_nAllMaxContinueTime = 1;
+    m_standard->m_nMaxContinue = 1;
+    m_standard->m_nAllMaxContinueTime = 1;
     Run([this](const ModalWindow& window) {
         Click(window, 2031);
-        EXPECT_EQ(m_pStandard->m_nMaxContinue, 0);
+        EXPECT_EQ(m_standard->m_nMaxContinue, 0);
         EXPECT_EQ(Enabled(window, kTotal), kTotal);
         EXPECT_EQ(Enabled(window, kLongest), Ids{});
         Click(window, 2032);
-        EXPECT_EQ(m_pStandard->m_nMaxContinue, 1);
+        EXPECT_EQ(m_standard->m_nMaxContinue, 1);
         EXPECT_EQ(Enabled(window, kTotal), Ids{});
         EXPECT_EQ(Enabled(window, kLongest), kLongest);
         Click(window, 2050);
-        EXPECT_EQ(m_pStandard->m_nAllMaxContinueTime, 0);
+        EXPECT_EQ(m_standard->m_nAllMaxContinueTime, 0);
         EXPECT_EQ(Enabled(window, kLongest), Ids{2050});
         Click(window, 2031);
         Click(window, 2032);
         EXPECT_EQ(Enabled(window, kLongest), Ids{2050});
         Click(window, 2050);
-        EXPECT_EQ(m_pStandard->m_nAllMaxContinueTime, 1);
+        EXPECT_EQ(m_standard->m_nAllMaxContinueTime, 1);
         EXPECT_EQ(Enabled(window, kLongest), kLongest);
     });
 }
 
 TEST_F(StandardsEnabling, TogglesTheThresholdWhateverItsNumberWas) {
-    m_pStandard->m_nMaxContinue = 1;
-    m_pStandard->m_nAllMaxContinueTime = 7;
+    m_standard->m_nMaxContinue = 1;
+    m_standard->m_nAllMaxContinueTime = 7;
     Run([this](const ModalWindow& window) {
         Click(window, 2050);
-        EXPECT_EQ(m_pStandard->m_nAllMaxContinueTime, 0);
+        EXPECT_EQ(m_standard->m_nAllMaxContinueTime, 0);
     });
 }
 
@@ -155,10 +155,10 @@ TEST_F(StandardsEnabling, OffersTheAngleForTheUsersOwnRule) {
     Run([this](const ModalWindow& window) {
         EXPECT_FALSE(IsOn(window, 2052));
         Choose(window, 2054, 1);
-        EXPECT_EQ(m_pStandard->m_nValidSunType, 1);
+        EXPECT_EQ(m_standard->m_nValidSunType, 1);
         EXPECT_TRUE(IsOn(window, 2052));
         Choose(window, 2054, 0);
-        EXPECT_EQ(m_pStandard->m_nValidSunType, 0);
+        EXPECT_EQ(m_standard->m_nValidSunType, 0);
         EXPECT_FALSE(IsOn(window, 2052));
     });
 }
