@@ -1,4 +1,4 @@
-// The dialog of the standards. What its controls exchange with the current standard is in StandardExchange.cpp.
+// The dialog of the standards. What its controls exchange with the current standard is in OrvoSetStdDlgExchange.cpp.
 #include "settings/OrvoSetStdDlg.h"
 
 #include "frame/Resources.h"
