@@ -19,10 +19,6 @@ int PositionOrNone(std::size_t position) {
     return position == std::wstring::npos ? -1 : static_cast<int>(position);
 }
 
-std::wstring_view ViewOf(const wchar_t* text) {
-    return text ? std::wstring_view(text) : std::wstring_view();
-}
-
 }  // namespace
 
 CString& CString::operator=(const wchar_t* text) {

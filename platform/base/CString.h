@@ -11,6 +11,11 @@
 #include "platform/base/Api.h"
 #include "platform/base/TextFormat.h"
 
+// For standard algorithms; null stands for an empty text.
+inline std::wstring_view ViewOf(const wchar_t* text) {
+    return text ? std::wstring_view(text) : std::wstring_view();
+}
+
 // A wide text with value semantics. Indexes count wchar_t units from 0; an index that is out of range is clamped (Mid,
 // Left, Right, Find) or gives a zero character (GetAt). A null pointer stands for an empty text wherever a text is
 // taken. Comparisons are ordinal, unit by unit; "no case" folds the 26 ASCII letters and nothing else, so that no

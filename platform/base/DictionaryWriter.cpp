@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/base/AtomicFile.h"
+#include "platform/base/Characters.h"
 #include "platform/base/DictionaryReader.h"
 #include "platform/base/Message.h"
 #include "platform/base/SaveFailure.h"
@@ -45,7 +46,7 @@ bool IsElementName(const CString& tag) {
         return false;
     std::size_t characters = 0;
     for (const wchar_t unit : text)
-        characters += unit >= 0xDC00 && unit <= 0xDFFF ? 0 : 1;
+        characters += IsSecondOfPair(static_cast<char32_t>(unit)) ? 0 : 1;
     return characters <= kMostTagCharacters;
 }
 

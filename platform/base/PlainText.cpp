@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/base/Characters.h"
+
 namespace {
 
 struct Range {
@@ -27,10 +29,9 @@ std::u32string CodePoints(const CString& text) {
     points.reserve(text.View().size());
     for (const wchar_t unit : text.View()) {
         const char32_t point = static_cast<char32_t>(unit);
-        const bool isSecondHalf = kIsUtf16 && point >= 0xDC00 && point <= 0xDFFF && !points.empty() &&
-                                  points.back() >= 0xD800 && points.back() <= 0xDBFF;
+        const bool isSecondHalf = kIsUtf16 && IsSecondOfPair(point) && !points.empty() && IsFirstOfPair(points.back());
         if (isSecondHalf)
-            points.back() = 0x10000 + ((points.back() - 0xD800) << 10) + (point - 0xDC00);
+            points.back() = JoinPair(points.back(), point);
         else
             points.push_back(point);
     }

@@ -8,10 +8,6 @@
 
 namespace {
 
-std::wstring_view ViewOf(const wchar_t* text) {
-    return text ? std::wstring_view(text) : std::wstring_view();
-}
-
 const CString& NoText() {
     static const CString noText;
     return noText;

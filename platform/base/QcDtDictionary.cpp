@@ -12,10 +12,6 @@ namespace {
 // Up to this many items a walk over them is as fast as a table, and costs no memory.
 constexpr std::size_t kMostItemsWithoutIndex = 16;
 
-std::wstring_view ViewOf(const wchar_t* text) {
-    return text ? std::wstring_view(text) : std::wstring_view();
-}
-
 }  // namespace
 
 QcDtDictionary::QcDtDictionary(const wchar_t* name, const wchar_t* localName) : QcDtDictItem(name) {

@@ -2,48 +2,18 @@
 #include <cstdint>
 
 #include "platform/base/CString.h"
+#include "platform/base/Characters.h"
 
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsHighSurrogate(char32_t c) {
-    return c >= 0xD800 && c <= 0xDBFF;
-}
-bool IsLowSurrogate(char32_t c) {
-    return c >= 0xDC00 && c <= 0xDFFF;
-}
-bool IsSurrogate(char32_t c) {
-    return c >= 0xD800 && c <= 0xDFFF;
-}
-
 // The character at `at`, which moves behind it. A pair of surrogates is one character, also in 32-bit text.
 char32_t NextCharacter(std::wstring_view text, std::size_t& at) {
     const char32_t unit = static_cast<char32_t>(text[at++]);
-    if (IsHighSurrogate(unit) && at < text.size() && IsLowSurrogate(static_cast<char32_t>(text[at]))) {
-        const char32_t low = static_cast<char32_t>(text[at++]);
-        return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
-    }
-    return IsSurrogate(unit) || unit > 0x10FFFF ? kReplacement : unit;
-}
-
-void AppendUtf8(std::string& out, char32_t c) {
-    const auto tail = [&out, c](int shift) { out.push_back(static_cast<char>(0x80 | ((c >> shift) & 0x3F))); };
-    if (c < 0x80) {
-        out.push_back(static_cast<char>(c));
-    } else if (c < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (c >> 6)));
-        tail(0);
-    } else if (c < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | (c >> 12)));
-        tail(6);
-        tail(0);
-    } else {
-        out.push_back(static_cast<char>(0xF0 | (c >> 18)));
-        tail(12);
-        tail(6);
-        tail(0);
-    }
+    if (IsFirstOfPair(unit) && at < text.size() && IsSecondOfPair(static_cast<char32_t>(text[at])))
+        return JoinPair(unit, static_cast<char32_t>(text[at++]));
+    return IsHalfOfPair(unit) || unit > 0x10FFFF ? kReplacement : unit;
 }
 
 // How many bytes the character that begins with `lead` has; 0 when no character begins so.
@@ -72,19 +42,10 @@ char32_t NextCharacter(std::string_view bytes, std::size_t& at) {
             return kReplacement;
         c = (c << 6) | (static_cast<std::uint8_t>(bytes[next]) & 0x3F);
     }
-    if (c < kLeast[length] || IsSurrogate(c) || c > 0x10FFFF)
+    if (c < kLeast[length] || IsHalfOfPair(c) || c > 0x10FFFF)
         return kReplacement;
     at = next;
     return c;
-}
-
-void AppendWide(std::wstring& out, char32_t c) {
-    if (sizeof(wchar_t) >= 4 || c < 0x10000) {
-        out.push_back(static_cast<wchar_t>(c));
-        return;
-    }
-    out.push_back(static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10)));
-    out.push_back(static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
 }
 
 }  // namespace

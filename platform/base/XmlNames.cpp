@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <iterator>
 
+#include "platform/base/Characters.h"
+
 namespace {
 
 struct Range {
@@ -32,44 +34,19 @@ bool IsNameCharacter(char32_t c) {
     return IsNameStart(c) || IsIn(kNameRest, c);
 }
 
-// Surrogates are among the forbidden: what is left of them behind NextCharacter has no partner.
+// Halves of pairs are among the forbidden: what is left of them behind NextCharacter has no partner.
 bool IsForbidden(char32_t c) {
-    return (c < 0x20 && c != '\t' && c != '\n' && c != '\r') || (c >= 0xD800 && c <= 0xDFFF) || c == 0xFFFE ||
-           c == 0xFFFF || c > 0x10FFFF;
+    return (c < 0x20 && c != '\t' && c != '\n' && c != '\r') || IsHalfOfPair(c) || c == 0xFFFE || c == 0xFFFF ||
+           c > 0x10FFFF;
 }
 
 // The character at `at`, which moves behind it. What is beyond Unicode's end comes as it is.
 char32_t NextCharacter(std::wstring_view text, std::size_t& at) {
     const auto unit = static_cast<char32_t>(text[at++]);
-    if constexpr (sizeof(wchar_t) == 2) {
-        if (unit >= 0xD800 && unit <= 0xDBFF && at < text.size()) {
-            const auto low = static_cast<char32_t>(text[at]);
-            if (low >= 0xDC00 && low <= 0xDFFF) {
-                ++at;
-                return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
-            }
-        }
-    }
+    if constexpr (sizeof(wchar_t) == 2)
+        if (IsFirstOfPair(unit) && at < text.size() && IsSecondOfPair(static_cast<char32_t>(text[at])))
+            return JoinPair(unit, static_cast<char32_t>(text[at++]));
     return unit;
-}
-
-void AppendUtf8(std::string& out, char32_t c) {
-    const auto add = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-    if (c < 0x80) {
-        add(c);
-    } else if (c < 0x800) {
-        add(0xC0 | (c >> 6));
-        add(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        add(0xE0 | (c >> 12));
-        add(0x80 | ((c >> 6) & 0x3F));
-        add(0x80 | (c & 0x3F));
-    } else {
-        add(0xF0 | (c >> 18));
-        add(0x80 | ((c >> 12) & 0x3F));
-        add(0x80 | ((c >> 6) & 0x3F));
-        add(0x80 | (c & 0x3F));
-    }
 }
 
 void AppendEscaped(std::string& out, char32_t c) {
@@ -120,17 +97,6 @@ bool WouldBecomeEscape(std::wstring_view text, std::size_t at, const IsPlain& is
         }
     }
     return false;
-}
-
-void AppendWide(std::wstring& out, char32_t c) {
-    if (sizeof(wchar_t) >= 4 || c < 0x10000) {
-        out.push_back(static_cast<wchar_t>(c));
-    } else if (c <= 0x10FFFF) {
-        out.push_back(static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10)));
-        out.push_back(static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
-    } else {
-        out.push_back(static_cast<wchar_t>(0xFFFD));
-    }
 }
 
 }  // namespace

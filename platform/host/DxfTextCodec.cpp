@@ -1,32 +1,27 @@
-// Decodes and encodes texts character by character: pairs of surrogates, escapes, and bytes that are no characters.
+// Decodes and encodes texts character by character: pairs of units, escapes, and bytes that are no characters.
 #include "platform/host/DxfTextCodec.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <utility>
 
+#include "platform/base/Characters.h"
+
 namespace {
 
-// How a byte that is no character is kept in a text: as a lone surrogate.
+// How a byte that is no character is kept in a text: as a half of a pair, alone.
 constexpr char32_t kRawByte = 0xDC00;
 bool IsRawByte(char32_t c) {
     return c >= kRawByte + 0x80 && c <= kRawByte + 0xFF;
 }
-bool IsHighSurrogate(char32_t c) {
-    return c >= 0xD800 && c <= 0xDBFF;
-}
-bool IsLowSurrogate(char32_t c) {
-    return c >= 0xDC00 && c <= 0xDFFF;
-}
-
-// The characters of a wide text, whatever the width; a pair of surrogates is one.
+// The characters of a wide text, whatever the width; a pair of units is one.
 std::u32string ToCharacters(std::wstring_view text) {
     std::u32string out;
     out.reserve(text.size());
     for (const wchar_t unit : text) {
         const auto c = static_cast<char32_t>(unit);
-        if (IsLowSurrogate(c) && !out.empty() && IsHighSurrogate(out.back()))
-            out.back() = 0x10000 + ((out.back() - 0xD800) << 10) + (c - 0xDC00);
+        if (IsSecondOfPair(c) && !out.empty() && IsFirstOfPair(out.back()))
+            out.back() = JoinPair(out.back(), c);
         else
             out.push_back(c);
     }
@@ -36,14 +31,8 @@ std::u32string ToCharacters(std::wstring_view text) {
 CString ToWide(std::u32string_view text) {
     std::wstring out;
     out.reserve(text.size());
-    for (const char32_t c : text) {
-        if (sizeof(wchar_t) >= 4 || c < 0x10000) {
-            out.push_back(static_cast<wchar_t>(c));
-        } else {
-            out.push_back(static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10)));
-            out.push_back(static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
-        }
-    }
+    for (const char32_t c : text)
+        AppendWide(out, c);
     return CString(std::wstring_view(out));
 }
 
@@ -142,8 +131,8 @@ std::size_t DxfTextCodec::ReadEscape(std::u32string_view text, std::size_t at, s
         char32_t unit = 0;
         if (!ReadHex4(text, at + 3, unit) || unit < 0x20)
             return 0;
-        if (IsLowSurrogate(unit) && !out.empty() && IsHighSurrogate(out.back()))
-            out.back() = 0x10000 + ((out.back() - 0xD800) << 10) + (unit - 0xDC00);
+        if (IsSecondOfPair(unit) && !out.empty() && IsFirstOfPair(out.back()))
+            out.back() = JoinPair(out.back(), unit);
         else
             out.push_back(unit);
         return 7;
@@ -187,10 +176,10 @@ std::string DxfTextCodec::EncodeCharacters(std::u32string_view text, bool isRawK
             out.push_back(static_cast<char>(c - kRawByte));
         } else if (c == U'\\' && ReadEscape(text, at, resolved) != 0) {
             AppendEscape(out, c);
-        } else if (IsHighSurrogate(c) || IsLowSurrogate(c) || !m_page.EncodeOne(c, out)) {
+        } else if (IsHalfOfPair(c) || !m_page.EncodeOne(c, out)) {
             if (c >= 0x10000) {
-                AppendEscape(out, 0xD800 + ((c - 0x10000) >> 10));
-                AppendEscape(out, 0xDC00 + ((c - 0x10000) & 0x3FF));
+                AppendEscape(out, FirstOfPair(c));
+                AppendEscape(out, SecondOfPair(c));
             } else {
                 AppendEscape(out, c);
             }
