@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geometry/DotProduct.h"
 #include "geometry/QcGeFace3dEX.h"
 #include "platform/geometry/QcGeVector3d.h"
 #include "platform/geometry/Tolerance.h"
@@ -14,10 +15,6 @@ namespace {
 
 constexpr double kPlaneTolerance = 1e-6;
 constexpr double kFlatness = 1e-9;
-
-double Dot(const QcGePoint& a, const QcGePoint& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 double Distance(const QcGePoint& a, const QcGePoint& b) {
     return (b - a).Length();

@@ -2,6 +2,7 @@
 #include "calendar/OrvoDegree.h"
 
 #include <limits>
+#include <numbers>
 
 #include "calendar/TruncateToInt.h"
 #include "frame/Resources.h"
@@ -94,7 +95,7 @@ void OrvoDegree::getDegree(int& degree, int& minute, int& second) const {
 }
 
 double OrvoDegree::getRadian() const {
-    return m_dValue * 3.141592653589793 / 180.0;
+    return m_dValue * std::numbers::pi / 180.0;
 }
 
 CString OrvoDegree::TimeFormat(bool withSeconds) const {

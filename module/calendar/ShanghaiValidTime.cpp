@@ -1,11 +1,13 @@
 // The Shanghai rule, computed in bands of whole degrees.
 #include "calendar/ShanghaiValidTime.h"
 
+#include <numbers>
+
 #include "platform/geometry/GetStdAngle.h"
 
 namespace {
 
-constexpr double kQuarterTurn = 1.5707963267948966;
+constexpr double kQuarterTurn = std::numbers::pi / 2.0;
 constexpr double kFirstHour = 9.0;
 constexpr double kLastHour = 15.0;
 
@@ -25,7 +27,7 @@ double HoursLost(int degrees) {
 }  // namespace
 
 QcGePoint GetShanghaiValidTime(double direction) {
-    const double angle = GetStdAngle(direction + kQuarterTurn) * 180.0 / 3.141592653589793;
+    const double angle = GetStdAngle(direction + kQuarterTurn) * 180.0 / std::numbers::pi;
     const int degrees = static_cast<int>(angle < 0.0 ? angle - 0.5 : angle + 0.5);
     if (degrees > 90 && degrees < 270)
         return QcGePoint();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <new>
 
+#include "geometry/DotProduct.h"
 #include "geometry/GetFaceNormal.h"
 #include "platform/base/Abandon.h"
 
@@ -171,8 +172,7 @@ void QcGeFace3dEX::SetNormalSaved(bool bSave) {
 
 PlaneEquation QcGeFace3dEX::GetPlaneEquation() {
     const QcGeVector3dEX n = GetNormal();
-    const QcGePoint& p = m_pt[0];
-    return {n.x, n.y, n.z, -(n.x * p.x + n.y * p.y + n.z * p.z)};
+    return {n.x, n.y, n.z, -Dot(n, m_pt[0])};
 }
 
 void QcGeFace3dEX::GetXPlane(QcGeBasePlane& plane) {

@@ -2,16 +2,9 @@
 #include <cmath>
 
 #include "geometry/Cylinder.h"
+#include "geometry/DotProduct.h"
 #include "geometry/QcGeFace3dEX.h"
 #include "geometry/SideTolerance.h"
-
-namespace {
-
-double Dot(const QcGePoint& left, const QcGePoint& right) {
-    return left.x * right.x + left.y * right.y + left.z * right.z;
-}
-
-}  // namespace
 
 RELATION3D QcGeFace3dEX::CompareWithPoint(const QcGePoint& point) {
     QcGeVector3dEX way = m_pt[0] - point;

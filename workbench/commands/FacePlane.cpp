@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "geometry/DotProduct.h"
 #include "platform/geometry/Tolerance.h"
 
 namespace {
@@ -79,7 +80,7 @@ double FourthCornerOffPlane(QcGeFace3dEX& face) {
     constexpr double kRounding = 1e-9;
     const QcGeVector3d normal = face.GetNormal();
     const QcGeVector3d edge = Edge(face, 3);
-    const double distance = std::fabs(normal.x * edge.x + normal.y * edge.y + normal.z * edge.z);
+    const double distance = std::fabs(Dot(normal, edge));
     double size = 0.0;
     for (int i = 1; i < face.GetCornerCount(); ++i)
         size = std::max(size, Edge(face, i).Length());

@@ -6,13 +6,13 @@
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "workbench/view/ViewCamera.h"
 #include "workbench/view/WidgetText.h"
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 const QColor kInk(60, 66, 74);
 
 class Rose {
@@ -29,7 +29,7 @@ public:
         constexpr int kCorners = 48;
         QPolygonF ring;
         for (int i = 0; i < kCorners; ++i) {
-            const double angle = 2.0 * kPi * i / kCorners;
+            const double angle = 2.0 * std::numbers::pi * i / kCorners;
             ring << At(size * std::sin(angle), size * std::cos(angle), 0.0);
         }
         return ring;
@@ -56,7 +56,7 @@ void DrawMarks(QPainter& painter, const Rose& rose) {
     painter.setBrush(QColor(255, 255, 255, 150));
     painter.drawPolygon(rose.Ring(1.0));
     for (int i = 0; i < 12; ++i) {
-        const double angle = kPi * i / 6.0;
+        const double angle = std::numbers::pi * i / 6.0;
         const double inner = i % 3 == 0 ? 0.84 : 0.92;
         painter.drawLine(rose.At(inner * std::sin(angle), inner * std::cos(angle), 0.0),
                          rose.At(std::sin(angle), std::cos(angle), 0.0));

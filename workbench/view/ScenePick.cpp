@@ -4,11 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
+#include "geometry/DotProduct.h"
 
-double Dot(const QcGePoint& a, const QcGePoint& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
+namespace {
 
 // How far along the ray it meets the triangle; a negative number or none at all when it does not.
 double MeetTriangle(const ViewRay& ray, const QcGePoint& a, const QcGePoint& b, const QcGePoint& c) {

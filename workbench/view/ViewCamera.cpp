@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "facts/Angles.h"
+#include "geometry/DotProduct.h"
+
 namespace {
 
-constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 constexpr double kFarthestCoordinate = 1e15;
 constexpr double kHalfFieldTangent = 0.36397023426620234;  // 20 degrees to the upper edge of the picture
 constexpr double kMargin = 0.95;
@@ -15,10 +17,6 @@ constexpr double kSmallestRadius = 1e-6;
 // Distances from the target, in radii of the box.
 constexpr double kNearestDistance = 1e-6;
 constexpr double kFarthestDistance = 1e6;
-
-double Dot(const QcGePoint& a, const QcGePoint& b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 double Cut(double coordinate) {
     return std::isfinite(coordinate) ? std::clamp(coordinate, -kFarthestCoordinate, kFarthestCoordinate) : 0.0;

@@ -18,10 +18,6 @@ enum Material { kGrass, kPlaster, kTiles, kGlass };
 constexpr float kSunColour[] = {0.80F, 0.76F, 0.68F, 1};
 constexpr float kSkyColour[] = {0.55F, 0.58F, 0.64F, 1};
 
-double Dot(const QcGePoint& left, const QcGePoint& right) {
-    return left.x * right.x + left.y * right.y + left.z * right.z;
-}
-
 QcGeVector3d Unit(const QcGeVector3d& vector) {
     const double length = std::sqrt(Dot(vector, vector));
     return {vector.x / length, vector.y / length, vector.z / length};

@@ -10,6 +10,11 @@
 #include "geometry/QcGeFace3dEX.h"
 #include "platform/media/OffscreenGl.h"
 
+// Not the module's, which the pictures are to prove.
+inline double Dot(const QcGePoint& left, const QcGePoint& right) {
+    return left.x * right.x + left.y * right.y + left.z * right.z;
+}
+
 // A pinhole camera. Pictures are given by their size in pixels; their rows run from top to bottom.
 class Camera {
 public:

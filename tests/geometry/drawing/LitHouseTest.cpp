@@ -107,10 +107,6 @@ QcGePoint MiddleOf(const QcGeFace3dEX& face) {
     return middle;
 }
 
-double Dot(const QcGePoint& left, const QcGePoint& right) {
-    return left.x * right.x + left.y * right.y + left.z * right.z;
-}
-
 // In the middle of each face that the camera sees, the picture has the colour that the sun's angle gives it.
 TEST(LitHouse, FacesHaveTheColourThatTheSunGivesThem) {
     ORVO_OPEN_GL(gl, kWidth, kHeight);
