@@ -5,10 +5,13 @@
 #include <cmath>
 #include <cstdio>
 #include <map>
+#include <numbers>
 #include <string>
 #include <vector>
 
+#include "calendar/BuiltInTerms.h"
 #include "calendar/OrvoDate.h"
+#include "calendar/YearDays.h"
 
 namespace {
 
@@ -25,11 +28,10 @@ struct Sun {
 };
 
 int PlainDayIndex(int month, int day) {
-    constexpr int kBefore[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
-    return kBefore[month - 1] + day;
+    return kDaysBeforeMonth[static_cast<std::size_t>(month - 1)] + day;
 }
 
-Sun PlainLookUp(const PlainTerm (&terms)[24], int month, int day) {
+Sun PlainLookUp(const PlainTerm (&terms)[kTermCount], int month, int day) {
     const auto number = [](int aMonth, int aDay) { return aMonth * 100 + aDay; };
     const int date = number(month, day);
     int index = 0;
@@ -41,27 +43,26 @@ Sun PlainLookUp(const PlainTerm (&terms)[24], int month, int day) {
     const PlainTerm& term = terms[index];
     if (date == number(term.month, term.day))
         return {term.time, term.latitude};
-    const PlainTerm& next = terms[(index + 1) % 24];
+    const PlainTerm& next = terms[(index + 1) % kTermCount];
     const double gap = index == 0 ? 15 : PlainDayIndex(next.month, next.day) - PlainDayIndex(term.month, term.day);
     const double since = index != 0 ? PlainDayIndex(month, day) - PlainDayIndex(term.month, term.day)
                          : day < 23 ? day + 9
                                     : day - 22;
     const double count = PlainDayIndex(month, day);
     return {term.time + since * (next.time - term.time) / gap,
-            23.75 * std::sin((count - 80.25) * (1.0 - count / 9500.0) * 3.141592653589793 / 180.0)};
+            23.75 * std::sin((count - 80.25) * (1.0 - count / 9500.0) * std::numbers::pi / 180.0)};
 }
 
 std::vector<MonthDay> AllDays() {
-    constexpr int kLength[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     std::vector<MonthDay> days;
     for (int month = 1; month <= 12; ++month)
-        for (int day = 1; day <= kLength[month - 1]; ++day)
+        for (int day = 1; day <= kDaysOfMonth[static_cast<std::size_t>(month - 1)]; ++day)
             days.push_back({month, day});
     return days;
 }
 
-void FillPlainTerms(OrvoDate& date, PlainTerm (&terms)[24]) {
-    for (int index = 0; index < 24; ++index) {
+void FillPlainTerms(OrvoDate& date, PlainTerm (&terms)[kTermCount]) {
+    for (int index = 0; index < kTermCount; ++index) {
         const OrvoSTerm* term = date.GetTerm(index);
         const MonthDay start = term->GetMonthDay();
         terms[index] = {start.month, start.day, term->m_dgTime.getDegree(), term->m_dgLat.getDegree()};
@@ -85,7 +86,7 @@ void SunByDate(benchmark::State& state) {
 void SunByPlainArray(benchmark::State& state) {
     const std::vector<MonthDay> days = AllDays();
     OrvoDate date(2011, 1, 1);
-    PlainTerm terms[24];
+    PlainTerm terms[kTermCount];
     FillPlainTerms(date, terms);
     for (auto unused : state)
         for (const MonthDay& day : days)
@@ -96,7 +97,7 @@ void SunByPlainArray(benchmark::State& state) {
 // The peer is only a peer if it gives the same.
 bool AgreeOnAllDays() {
     OrvoDate date(2011, 1, 1);
-    PlainTerm terms[24];
+    PlainTerm terms[kTermCount];
     FillPlainTerms(date, terms);
     for (const MonthDay& day : AllDays()) {
         date.SetMonth(day.month);

@@ -38,7 +38,7 @@ std::optional<int> ParseClock(const CString& text) {
     const std::optional<int> minute = ParseWhole(text.Mid(colon + 1), 0, 59);
     if (!hour || !minute || (*hour == 24 && *minute != 0))
         return std::nullopt;
-    return *hour * 60 + *minute;
+    return *hour * kMinutesPerHour + *minute;
 }
 
 CString ClockText(double hours) {

@@ -6,6 +6,9 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
+inline constexpr int kMinutesPerHour = 60;
+inline constexpr int kMinutesPerDay = 24 * kMinutesPerHour;
+
 // H:MM or HH:MM from 0:00 to 24:00 with ASCII digits, in whole minutes since midnight. Read strictly: none for every
 // other text.
 ORVO_API std::optional<int> ParseClock(const CString& text);

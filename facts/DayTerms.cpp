@@ -7,6 +7,7 @@
 
 #include "calendar/BuiltInTerms.h"
 #include "calendar/OrvoDate.h"
+#include "calendar/YearDays.h"
 #include "facts/DayText.h"
 #include "frame/ConfigDictionaries.h"
 #include "platform/base/QcDtDictionary.h"
@@ -68,18 +69,14 @@ long long DayIndex(const CalendarDay& day) {
     return OrvoDate(day.year, day.month, day.day).GetDayIndex();
 }
 
-bool IsBeforeALeapYear(int year) {
-    return (static_cast<long long>(year) + 1) % 4 == 0;
-}
-
 // Days from a day to a term's, which lies in the next year when it comes no later in this one; that year's own table
 // then tells its day. A day that no calendar has may lie anywhere.
 int DaysTo(std::size_t index, const DayTerms& terms) {
     long long days = DayIndex(terms.table[index].day) - DayIndex(terms.day);
     if (days <= 0) {
-        OrvoDate nextYear = DateWithTerms({IsBeforeALeapYear(terms.day.year) ? kLeapYear : kCommonYear, 1, 1});
-        const int daysOfYear = terms.isLeapYear ? 366 : 365;
-        days = daysOfYear - DayIndex(terms.day) + DayIndex(TableOf(nextYear)[index].day);
+        const bool isNextLeapYear = IsFourthYear(static_cast<long long>(terms.day.year) + 1);
+        OrvoDate nextYear = DateWithTerms({isNextLeapYear ? kLeapYear : kCommonYear, 1, 1});
+        days = DaysOfYear(terms.isLeapYear) - DayIndex(terms.day) + DayIndex(TableOf(nextYear)[index].day);
     }
     return static_cast<int>(std::clamp<long long>(days, 0, std::numeric_limits<int>::max()));
 }

@@ -2,6 +2,7 @@
 #include "facts/DayText.h"
 
 #include "calendar/OrvoDate.h"
+#include "calendar/YearDays.h"
 #include "facts/NumberText.h"
 
 namespace {
@@ -11,8 +12,7 @@ bool IsLeapInCalendar(int year) {
 }
 
 int DaysOfMonth(int year, int month) {
-    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return month == 2 && IsLeapInCalendar(year) ? 29 : kDays[month - 1];
+    return month == 2 && IsLeapInCalendar(year) ? 29 : kDaysOfMonth[static_cast<std::size_t>(month - 1)];
 }
 
 }  // namespace

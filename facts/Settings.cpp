@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "facts/ClockText.h"
 #include "facts/DayText.h"
 #include "facts/PlaceSearch.h"
 #include "facts/SettingsEdit.h"
@@ -10,8 +11,6 @@
 #include "settings/OrvoDataSet.h"
 
 namespace {
-
-constexpr int kMinutesPerHour = 60;
 
 ClockTime ToMinute(double hours) {
     const int minutes = static_cast<int>(std::lround(hours * kMinutesPerHour));

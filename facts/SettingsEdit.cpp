@@ -3,14 +3,13 @@
 
 #include <cmath>
 
+#include "facts/ClockText.h"
 #include "facts/PlaceSearch.h"
 #include "facts/Standard.h"
 #include "facts/StandardSearch.h"
 #include "settings/OrvoDataSet.h"
 
 namespace {
-
-constexpr int kMinutesPerHour = 60;
 
 OrvoDegree TimeOf(int minutes) {
     return OrvoDegree(minutes / kMinutesPerHour, minutes % kMinutesPerHour, 0);

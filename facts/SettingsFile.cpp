@@ -1,6 +1,7 @@
 // Reads the settings file again and merges what others have written into it.
 #include "facts/SettingsFile.h"
 
+#include "facts/ClockText.h"
 #include "facts/SettingsForm.h"
 #include "platform/base/AtomicFile.h"
 #include "platform/base/DictionaryFault.h"
@@ -69,8 +70,7 @@ void PutInForce(const QcDtDictionary& form, OrvoDataSet& settings) {
 }
 
 void RefreshWholeStep(OrvoDataSet& settings) {
-    constexpr double kMostMinutes = 24 * 60;
-    if (settings.m_dSpace >= 1.0 && settings.m_dSpace <= kMostMinutes)
+    if (settings.m_dSpace >= 1.0 && settings.m_dSpace <= kMinutesPerDay)
         settings.m_nSpace = static_cast<int>(settings.m_dSpace);
 }
 

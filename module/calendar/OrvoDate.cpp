@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 #include "calendar/BuiltInTerms.h"
 #include "calendar/Today.h"
@@ -19,9 +20,9 @@ int ToInt(long long value) {
 
 // The day of the year, 1-based, without any check.
 long long DayIndex(bool isLeapYear, MonthDay date) {
-    constexpr int kDaysBefore[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
     const int month = date.month < 1 || date.month > 12 ? 12 : date.month;
-    return static_cast<long long>(date.day) + kDaysBefore[month - 1] + (isLeapYear && month > 2 ? 1 : 0);
+    return static_cast<long long>(date.day) + kDaysBeforeMonth[static_cast<std::size_t>(month - 1)] +
+           (isLeapYear && month > 2 ? 1 : 0);
 }
 
 OrvoSTerm* NewTerm(const BuiltInTerm& row, const wchar_t* date) {
@@ -181,7 +182,7 @@ double OrvoDate::GetDgLat() {
     if (term)
         return term->m_dgLat.getDegree();
     const double day = GetDayIndex();
-    return 23.75 * std::sin((day - 80.25) * (1.0 - day / 9500.0) * 3.141592653589793 / 180.0);
+    return 23.75 * std::sin((day - 80.25) * (1.0 - day / 9500.0) * std::numbers::pi / 180.0);
 }
 
 int OrvoDate::GetDayIndex() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "calendar/OrvoSTerm.h"
+#include "calendar/YearDays.h"
 #include "containers/QcPDList.h"
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
@@ -40,7 +41,7 @@ public:
     void SetMonth(int month) { m_nMonth = month; }
     void SetDay(int day) { m_nDay = day; }
     // Whether the year is a multiple of 4: 1900 and 2100 too.
-    bool IsLeapYear() const { return m_nYear % 4 == 0; }
+    bool IsLeapYear() const { return IsFourthYear(m_nYear); }
 
     // By month and day; the year does not count.
     bool operator==(const OrvoDate& other) const { return GetMonthDay() == other.GetMonthDay(); }

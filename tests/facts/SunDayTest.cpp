@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 #include "facts/DayTerms.h"
 #include "facts/Place.h"
@@ -15,14 +16,14 @@ using Kind = SunDay::Kind;
 
 // Hours from noon to sunset, by halving the sine of the altitude.
 double HalfDay(double declination, double latitude) {
-    const double p = latitude * M_PI / 180.0;
-    const double d = declination * M_PI / 180.0;
+    const double p = latitude * std::numbers::pi / 180.0;
+    const double d = declination * std::numbers::pi / 180.0;
     double low = 0.0;
     double high = 12.0;
     for (int i = 0; i < 60; ++i) {
         const double middle = (low + high) / 2.0;
         const double sine =
-            std::sin(p) * std::sin(d) + std::cos(p) * std::cos(d) * std::cos(middle * 15.0 * M_PI / 180.0);
+            std::sin(p) * std::sin(d) + std::cos(p) * std::cos(d) * std::cos(middle * 15.0 * std::numbers::pi / 180.0);
         (sine > 0.0 ? low : high) = middle;
     }
     return low;

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
+#include <numbers>
 #include <string>
 #include <vector>
 
@@ -53,14 +54,15 @@ std::vector<TabulatedSun> ReadAlmanac() {
 // The angle between two directions on the sky, degrees.
 double Apart(const SunPosition& left, const SunPosition& right) {
     const auto vector = [](const SunPosition& position) {
-        const double altitude = position.altitude * M_PI / 180.0;
-        const double azimuth = position.azimuth * M_PI / 180.0;
+        const double altitude = position.altitude * std::numbers::pi / 180.0;
+        const double azimuth = position.azimuth * std::numbers::pi / 180.0;
         return SunDirection{std::cos(altitude) * std::sin(azimuth), std::cos(altitude) * std::cos(azimuth),
                             std::sin(altitude)};
     };
     const SunDirection a = vector(left);
     const SunDirection b = vector(right);
-    return 2.0 * std::asin(std::hypot(a.east - b.east, a.north - b.north, a.up - b.up) / 2.0) * 180.0 / M_PI;
+    return 2.0 * std::asin(std::hypot(a.east - b.east, a.north - b.north, a.up - b.up) / 2.0) * 180.0 /
+           std::numbers::pi;
 }
 
 // The row's time by the module's calendar: the day that it is at the place, by its mean solar time.
@@ -196,7 +198,7 @@ TEST(ThePositionOfADirection, HasAnAzimuthFromZeroUpToATurn) {
     EXPECT_EQ(PositionOf({-0.0, -1.0, 0.0}).azimuth, 180.0);
     EXPECT_EQ(PositionOf({1.0, 0.0, 0.0}).azimuth, 90.0);
     EXPECT_EQ(PositionOf({-2.0, 0.0, 0.0}).azimuth, 270.0);
-    EXPECT_NEAR(PositionOf({1e-9, 0.0, 1.0}).altitude, 90.0 - 1e-9 * 180.0 / M_PI, 1e-13);
+    EXPECT_NEAR(PositionOf({1e-9, 0.0, 1.0}).altitude, 90.0 - 1e-9 * 180.0 / std::numbers::pi, 1e-13);
 }
 
 TEST(AShadow, IsAsLongAsTheSunIsLow) {

@@ -43,8 +43,6 @@ Part LitPart(const SunDay& sun) {
 }
 
 std::vector<Moment> MomentsOf(const SunDay& sun, int step) {
-    constexpr double kMinutesPerHour = 60.0;
-    constexpr int kMinutesPerDay = 24 * 60;
     constexpr double kSame = 1e-6;  // hours: a step at sunrise, noon or sunset is that
     const Part part = LitPart(sun);
     const bool isOrdinary = sun.kind == SunDay::Kind::Ordinary;
@@ -53,7 +51,7 @@ std::vector<Moment> MomentsOf(const SunDay& sun, int step) {
         moments.push_back({part.from, Event::Sunrise});
     bool isNoonTold = false;
     for (int minutes = 0; minutes <= kMinutesPerDay; minutes += step) {
-        const double time = minutes / kMinutesPerHour;
+        const double time = static_cast<double>(minutes) / kMinutesPerHour;
         if (!isNoonTold && time > kNoon - kSame) {
             moments.push_back({kNoon, Event::Noon});
             isNoonTold = true;
