@@ -49,10 +49,6 @@ int Score(const std::u32string& name, const std::u32string& candidate) {
 
 }  // namespace
 
-int EditDistance(const CString& left, const CString& right) {
-    return Distance(Folded(left), Folded(right));
-}
-
 std::vector<CString> NearestNames(const CString& name, const std::vector<CString>& candidates) {
     struct Ranked {
         int score;

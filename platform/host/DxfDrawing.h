@@ -33,7 +33,6 @@ public:
     bool SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups);
     bool GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const;
 
-    bool HasChanges() const { return !m_changes.empty(); }
     // The whole file's text as it is now; `storage` holds it where it differs from the one that was read. Empty when it
     // has become too large for a file.
     std::string_view WholeText(std::string& storage) const;

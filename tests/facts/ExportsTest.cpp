@@ -57,7 +57,6 @@ void TakeTexts() {
     TAKE(DayOf);
     TAKE(FactsText);
     Take("FactsFormat", &FactsFormat<int>);
-    TAKE(EditDistance);
     TAKE(NearestNames);
     TAKE(JoinNames);
     TAKE(ParseWhole);

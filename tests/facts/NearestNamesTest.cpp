@@ -1,4 +1,4 @@
-// How far names lie from each other, and which of them come near.
+// Which names come near, and in which order.
 #include "facts/NearestNames.h"
 
 #include <gtest/gtest.h>
@@ -41,33 +41,52 @@ std::wstring RandomText(std::mt19937& random, std::size_t most) {
     return text;
 }
 
-}  // namespace
-
-TEST(EditDistanceOf, TwoTextsIsTheLeastNumberOfChanges) {
-    EXPECT_EQ(EditDistance(L"", L""), 0);
-    EXPECT_EQ(EditDistance(L"", L"上海"), 2);
-    EXPECT_EQ(EditDistance(L"kitten", L"sitting"), 3);
-    EXPECT_EQ(EditDistance(L"ab", L"ba"), 2) << "an exchange is two changes";
-    EXPECT_EQ(EditDistance(L"SHANGHAI", L"shanghai"), 0);
-    EXPECT_EQ(EditDistance(L"É", L"é"), 1) << "only ASCII letters count without case";
-    EXPECT_EQ(EditDistance(L"\U0001F600", L"甲"), 1) << "one character";
+// The rule, over that distance: those that hold the name or are held by it, then those of which at most half differ.
+Names ByTheRule(const std::wstring& name, const std::vector<std::wstring>& candidates) {
+    std::multimap<std::pair<bool, int>, const std::wstring*> ranked;  // of equal rank in the order they came in
+    for (const std::wstring& candidate : candidates) {
+        const int distance = SlowDistance(name, candidate).From(0, 0);
+        const bool isHeld = candidate.find(name) != std::wstring::npos || name.find(candidate) != std::wstring::npos;
+        const bool isNear = isHeld || 2 * distance <= static_cast<int>(std::max(name.size(), candidate.size()));
+        if (!name.empty() && !candidate.empty() && isNear)
+            ranked.insert({{!isHeld, distance}, &candidate});
+    }
+    Names names;
+    for (const auto& [rank, candidate] : ranked)
+        if (names.size() < 3 && std::find(names.begin(), names.end(), candidate->c_str()) == names.end())
+            names.emplace_back(candidate->c_str());
+    return names;
 }
 
-TEST(EditDistanceOf, RandomTextsIsWhatTheDefinitionSays) {
+}  // namespace
+
+TEST(NearestNamesTo, RandomNamesAreThoseOfTheRule) {
     std::mt19937 random(1);
     for (int i = 0; i < 2000; ++i) {
-        const std::wstring left = RandomText(random, 12);
-        const std::wstring right = RandomText(random, 12);
-        EXPECT_EQ(EditDistance(left.c_str(), right.c_str()), SlowDistance(left, right).From(0, 0))
-            << ToUtf8(left) << " " << ToUtf8(right);
+        const std::wstring name = RandomText(random, 12);
+        std::vector<std::wstring> candidates;
+        Names names;
+        for (int k = 0; k < 8; ++k) {
+            candidates.push_back(RandomText(random, 12));
+            names.emplace_back(candidates.back().c_str());
+        }
+        EXPECT_EQ(NearestNames(name.c_str(), names), ByTheRule(name, candidates)) << ToUtf8(name);
     }
 }
 
-TEST(EditDistanceOf, LongTextsIsThatOfTheirFirstHundredCharacters) {
+TEST(NearestNamesTo, ANameDifferByCharacters) {
+    EXPECT_EQ(NearestNames(L"abc", Names{L"acb"}), Names()) << "an exchange is two changes";
+    EXPECT_EQ(NearestNames(L"abcd", Names{L"ABXY"}), (Names{L"ABXY"})) << "ASCII letters count without case";
+    EXPECT_EQ(NearestNames(L"É", Names{L"é"}), Names()) << "and no others";
+    EXPECT_EQ(NearestNames(L"\U0001F600甲", Names{L"乙甲"}), (Names{L"乙甲"})) << "one character of two";
+}
+
+TEST(NearestNamesTo, LongNamesAreThoseOfTheirFirstHundredCharacters) {
     const std::wstring hundred(100, L'甲');
-    EXPECT_EQ(EditDistance((hundred + L"乙丙").c_str(), hundred.c_str()), 0);
-    EXPECT_EQ(EditDistance((hundred.substr(1) + L"乙丙").c_str(), hundred.c_str()), 1);
-    EXPECT_EQ(EditDistance(std::wstring(1000000, L'x').c_str(), L""), 100);
+    const CString shorter(hundred.substr(1).c_str());
+    const CString longer((hundred + std::wstring(500, L'x')).c_str());
+    EXPECT_EQ(NearestNames((hundred + L"乙丙").c_str(), Names{shorter, longer}), (Names{longer, shorter}));
+    EXPECT_EQ(NearestNames(std::wstring(1000000, L'x').c_str(), Names{L"xx"}), (Names{L"xx"})) << "and soon";
 }
 
 TEST(NearestNamesTo, AName) {
