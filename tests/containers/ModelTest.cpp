@@ -111,6 +111,19 @@ private:
         }
     }
 
+    void MoveCursor(int op, long i) {
+        if (op == 0) {
+            m_c.MoveTo(i);
+            m_model.MoveTo(i);
+        } else if (op <= 2) {
+            m_c.MoveToNext();
+            m_model.MoveTo(m_model.m_cur + 1);
+        } else {
+            m_c.MoveToPre();
+            m_model.MoveTo(m_model.m_cur < 0 ? m_model.Count() - 1 : m_model.m_cur - 1);
+        }
+    }
+
     void Reorder(int op) {
         const long i = AnyIndex();
         const long j = AnyIndex();
@@ -118,18 +131,11 @@ private:
         auto& all = m_model.m_all;
         switch (op) {
             case 0:
-                m_c.MoveTo(i);
-                m_model.MoveTo(i);
-                break;
             case 1:
             case 2:
-                m_c.MoveToNext();
-                m_model.MoveTo(m_model.m_cur + 1);
-                break;
             case 3:
             case 4:
-                m_c.MoveToPre();
-                m_model.MoveTo(m_model.m_cur < 0 ? m_model.Count() - 1 : m_model.m_cur - 1);
+                MoveCursor(op, i);
                 break;
             case 5:
                 m_c.Sort(i % 2 == 0);

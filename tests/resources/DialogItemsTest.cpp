@@ -268,7 +268,8 @@ TEST(DialogItems, AnswerEnterWithOkAndEscapeWithCancel) {
 }
 
 TEST(DialogItems, BeginWithTheFieldThatIsUsedFirst) {
-    const UINT first[] = {2001, 2004, 2004, 2022, 2026, 2004};
+    constexpr UINT first[] = {2001, 2004, 2004, 2022, 2026, 2004};
+    static_assert(std::size(first) == std::size(kPairs));
     for (std::size_t index = 0; index < std::size(kPairs); ++index) {
         EXPECT_EQ(FirstStop(DialogOf(kPairs[index].chinese)), first[index]);
         EXPECT_EQ(FirstStop(DialogOf(kPairs[index].wide)), first[index]);
