@@ -1,38 +1,13 @@
 // Any bytes as a BMP file: refused, or a bitmap in proportion to the file, which can be recorded in every depth.
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <string>
 
 #include "avi/OrvoAVIFile.h"
+#include "fuzz/MemoryFile.h"
 #include "platform/media/DeviceContext.h"
 #include "platform/media/GlobalMemory.h"
 
 namespace {
-
-void Require(bool isTrue) {
-    if (!isTrue)
-        std::abort();
-}
-
-// A file in memory, with the name that the system gives it.
-class MemoryFile {
-public:
-    MemoryFile(const std::uint8_t* bytes, std::size_t size) : m_file(memfd_create("bmp", MFD_CLOEXEC)) {
-        Require(m_file >= 0 && write(m_file, bytes, size) == static_cast<ssize_t>(size));
-    }
-    ~MemoryFile() { close(m_file); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    CString Path() const { return FromUtf8("/proc/self/fd/" + std::to_string(m_file)); }
-
-private:
-    int m_file;
-};
 
 // The most bytes of a picture in memory for each in the file: 256 with run-length coding, 32 with one bit a pixel.
 constexpr std::uint64_t kMostExpansion = 256;

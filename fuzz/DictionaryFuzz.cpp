@@ -1,21 +1,12 @@
 // Any bytes as the file of a dictionary: refused, or read as a tree that can be written and comes back as it was.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "fuzz/MemoryFile.h"
 #include "platform/base/DictionaryReader.h"
 #include "platform/base/DictionaryWriter.h"
-
-namespace {
-
-void Require(bool isTrue) {
-    if (!isTrue)
-        std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);

@@ -1,7 +1,4 @@
 // Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change.
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -12,30 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "fuzz/MemoryFile.h"
 #include "platform/host/AcDbDatabase.h"
 
 namespace {
-
-void Require(bool isTrue) {
-    if (!isTrue)
-        std::abort();
-}
-
-// A file in memory, with the name that the system gives it.
-class MemoryFile {
-public:
-    MemoryFile(const std::uint8_t* bytes, std::size_t size) : m_file(memfd_create("dxf", MFD_CLOEXEC)) {
-        Require(m_file >= 0 && write(m_file, bytes, size) == static_cast<ssize_t>(size));
-    }
-    ~MemoryFile() { close(m_file); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    CString Path() const { return FromUtf8("/proc/self/fd/" + std::to_string(m_file)); }
-
-private:
-    int m_file;
-};
 
 // A folder for what is saved, in memory where the system has one; gone at the end of the process.
 class SaveFolder {
