@@ -12,11 +12,6 @@
 
 namespace {
 
-int Refuse(int code, const CString& text) {
-    Complain(text);
-    return code;
-}
-
 // Gives an exit code, like the following ones.
 int LayStandard(const CString& name, Settings& settings) {
     const OrvoStdSet* standard = FindStandard(g_SunDataSet, name);

@@ -20,16 +20,6 @@
 
 namespace {
 
-int Refuse(const CString& text) {
-    Complain(text);
-    return kExitUsage;
-}
-
-int Fail(const CString& text) {
-    Complain(text);
-    return kExitFailed;
-}
-
 struct Request {
     std::uint64_t handle = 0;
     int code = 0;
@@ -39,12 +29,12 @@ struct Request {
 int ReadRequest(const std::vector<CString>& words, Request& request) {
     const std::optional<std::uint64_t> handle = ParseHandle(words[0]);
     if (!handle || *handle == 0)
-        return Refuse(
-            SayFormat(L"“%s”不是句柄：请写 1 到 16 位十六进制数，例如 2F；--list 列出句柄", Printable(words[0])));
+        return Refuse(kExitUsage, SayFormat(L"“%s”不是句柄：请写 1 到 16 位十六进制数，例如 2F；--list 列出句柄",
+                                            Printable(words[0])));
     const std::optional<std::int64_t> code = ParseInteger(words[1]);
     using Limits = std::numeric_limits<std::int16_t>;
     if (!code || *code < Limits::min() || *code > Limits::max())
-        return Refuse(SayFormat(L"“%s”不是组码：请写一个整数，例如 8", Printable(words[1])));
+        return Refuse(kExitUsage, SayFormat(L"“%s”不是组码：请写一个整数，例如 8", Printable(words[1])));
     request = {*handle, static_cast<int>(*code)};
     return kExitOk;
 }
@@ -74,13 +64,13 @@ nlohmann::ordered_json JsonOf(const AcDbDatabase& drawing, AcDbObjectId id, cons
 int FindGroup(const AcDbDatabase& drawing, const Request& request, AcDbObjectId& id) {
     id = drawing.FindHandle(request.handle);
     if (id.isNull())
-        return Fail(SayFormat(L"图形中没有句柄为 %s 的对象", HandleText(request.handle)));
+        return Refuse(kExitFailed, SayFormat(L"图形中没有句柄为 %s 的对象", HandleText(request.handle)));
     const EntityGroup group(drawing, id, request.code);
     if (!group.HasType())
-        return Refuse(NoTypeText(request.code));
+        return Refuse(kExitUsage, NoTypeText(request.code));
     if (!group.Exists())
-        return Fail(SayFormat(L"句柄为 %s 的对象（%s）没有组码 %d", HandleText(request.handle),
-                              Printable(TypeOf(drawing, id)), request.code));
+        return Refuse(kExitFailed, SayFormat(L"句柄为 %s 的对象（%s）没有组码 %d", HandleText(request.handle),
+                                             Printable(TypeOf(drawing, id)), request.code));
     return kExitOk;
 }
 
@@ -123,10 +113,10 @@ int Set(AcDbDatabase& drawing, const EntityOptions& options, Output& output) {
     const CString before = Printable(group.Text());
     CString wrong;
     if (!group.Set(options.set[2], wrong))
-        return Refuse(wrong);
+        return Refuse(kExitUsage, wrong);
     const bool isChanged = drawing.IsModified();
     if (isChanged && drawing.dxfOut(*options.file, &wrong) != Acad::eOk)
-        return Fail(wrong);
+        return Refuse(kExitFailed, wrong);
     if (options.isJson) {
         nlohmann::ordered_json document = JsonOf(drawing, id, group);
         document["changed"] = isChanged;
@@ -141,14 +131,14 @@ int Set(AcDbDatabase& drawing, const EntityOptions& options, Output& output) {
 
 int RunEntity(const EntityOptions& options, Output& output) {
     if (!options.file || options.file->IsEmpty())
-        return Refuse(Say(L"没有给出图形文件：请写一个 DXF 文件，例如 orvo entity house.dxf --list"));
+        return Refuse(kExitUsage, Say(L"没有给出图形文件：请写一个 DXF 文件，例如 orvo entity house.dxf --list"));
     const int actions = (options.isList ? 1 : 0) + (options.get.empty() ? 0 : 1) + (options.set.empty() ? 0 : 1);
     if (actions > 1)
-        return Refuse(Say(L"--list、--get 和 --set 只能给出一个"));
+        return Refuse(kExitUsage, Say(L"--list、--get 和 --set 只能给出一个"));
     AcDbDatabase drawing;
     CString message;
     if (drawing.dxfIn(*options.file, &message) != Acad::eOk)
-        return Fail(message);
+        return Refuse(kExitFailed, message);
     const HostDrawing host(drawing);
     if (!options.get.empty())
         return Get(drawing, options, output);

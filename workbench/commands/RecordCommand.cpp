@@ -38,16 +38,6 @@ struct Request {
     int bits = kUsualBits;
 };
 
-int Refuse(const CString& text) {
-    Complain(text);
-    return kExitUsage;
-}
-
-int Fail(const CString& text) {
-    Complain(text);
-    return kExitFailed;
-}
-
 fs::path PathOf(const CString& text) {
     return {ToUtf8(text.View())};
 }
@@ -59,21 +49,22 @@ CString TextOf(const fs::path& path) {
 // Reads the options; an ExitCode other than kExitOk when one of them is wrong, which is then said.
 int ReadRequest(const RecordOptions& options, Request& request) {
     if (options.frames.empty())
-        return Refuse(Say(L"没有给出画面：请写一个或多个图像文件，例如 orvo record 1.png 2.png -o sun.avi"));
+        return Refuse(kExitUsage,
+                      Say(L"没有给出画面：请写一个或多个图像文件，例如 orvo record 1.png 2.png -o sun.avi"));
     if (!options.output || options.output->IsEmpty())
-        return Refuse(Say(L"没有给出录像文件：请写 -o 文件，例如 -o sun.avi"));
+        return Refuse(kExitUsage, Say(L"没有给出录像文件：请写 -o 文件，例如 -o sun.avi"));
     request.frames = options.frames;
     request.output = PathOf(*options.output);
     if (options.rate) {
         const std::optional<int> rate = ParseWhole(*options.rate, 1, kMostRate);
         if (!rate)
-            return Refuse(BadNumberText(L"--rate", *options.rate, 1, kMostRate));
+            return Refuse(kExitUsage, BadNumberText(L"--rate", *options.rate, 1, kMostRate));
         request.rate = *rate;
     }
     if (options.bits) {
         const std::optional<int> bits = ParseWhole(*options.bits, 8, 32);
         if (!bits || (*bits != 8 && *bits != 24 && *bits != 32))
-            return Refuse(SayFormat(L"--bits 的值“%s”不对：请写 8、24 或 32", Printable(*options.bits)));
+            return Refuse(kExitUsage, SayFormat(L"--bits 的值“%s”不对：请写 8、24 或 32", Printable(*options.bits)));
         request.bits = *bits;
     }
     return kExitOk;
@@ -125,17 +116,17 @@ int CheckOutput(const Request& request, bool isYes) {
     if (!fs::exists(there))
         return kExitOk;
     if (!fs::is_regular_file(there))
-        return Fail(NoFileText(output, there.type()));
+        return Refuse(kExitFailed, NoFileText(output, there.type()));
     const CString frame = FrameInTheWay(request);
     if (!frame.IsEmpty())
-        return Fail(SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
+        return Refuse(kExitFailed, SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
     if (isYes)
         return kExitOk;
     if (!CanAsk())
-        return Fail(SayFormat(L"“%s”已经存在；要替换它，请加 --yes", TextOf(output)));
+        return Refuse(kExitFailed, SayFormat(L"“%s”已经存在；要替换它，请加 --yes", TextOf(output)));
     if (AsksYes(SayFormat(L"“%s”已经存在。替换它吗？[y/N]", TextOf(output))))
         return kExitOk;
-    return Fail(Say(L"没有录像，原来的文件没有变"));
+    return Refuse(kExitFailed, Say(L"没有录像，原来的文件没有变"));
 }
 
 // A name beside the output that no file has.
@@ -244,12 +235,12 @@ int RunRecord(const RecordOptions& options, Output& output, Progress& progress) 
     Size size;
     const CString wrong = RecordTo(temporary.Path(), request, progress, size);
     if (!wrong.IsEmpty())
-        return Fail(wrong);
+        return Refuse(kExitFailed, wrong);
     std::error_code error;
     fs::rename(temporary.Path(), request.output, error);
     if (error)
-        return Fail(SayFormat(L"“%s”不能改名为“%s”：%s", TextOf(temporary.Path()), TextOf(request.output),
-                              FromUtf8(error.message())));
+        return Refuse(kExitFailed, SayFormat(L"“%s”不能改名为“%s”：%s", TextOf(temporary.Path()),
+                                             TextOf(request.output), FromUtf8(error.message())));
     output.Line(SayFormat(L"%d 幅画面录入“%s”：%d x %d，每像素 %d 位，每幅 1 秒",
                           static_cast<int>(request.frames.size()), TextOf(request.output), size.width, size.height,
                           request.bits));

@@ -28,21 +28,21 @@ using Json = nlohmann::ordered_json;
 
 constexpr int kNoStandard = -1;
 
-int Refuse(const CString& text) {
-    Complain(text);
-    return kExitFailed;
-}
-
-int RefuseWithoutShipped() {
-    return Refuse(
+// What the program came with, and the change begun; null when one of the two fails, which is then told.
+std::unique_ptr<OrvoDataSet> BeginReset(SettingsChange& change) {
+    std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
+    if (shipped)
+        return BeginTelling(change) ? std::move(shipped) : nullptr;
+    Complain(
         SayFormat(L"读不了随程序提供的 %s，无法恢复出厂值；请重新安装程序。", Printable(ShippedPath(L"SunSet.xml"))));
+    return nullptr;
 }
 
 int RefuseStandard(const CString& name, const OrvoDataSet& shipped) {
     if (FindStandard(g_SunDataSet, name))
-        return Refuse(SayFormat(L"标准“%s”不是随程序提供的，没有出厂值。随程序提供的有：%s", Printable(name),
-                                JoinNames(NamesOfStandards(shipped))));
-    return Refuse(UnknownStandardText(shipped, name));
+        return Refuse(kExitFailed, SayFormat(L"标准“%s”不是随程序提供的，没有出厂值。随程序提供的有：%s",
+                                             Printable(name), JoinNames(NamesOfStandards(shipped))));
+    return Refuse(kExitFailed, UnknownStandardText(shipped, name));
 }
 
 // Standards that were never shipped.
@@ -81,11 +81,9 @@ void TellReset(const CString& name, const std::vector<const StandardField*>& fie
 }  // namespace
 
 int RunReset(Output& output) {
-    const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
-    if (!shipped)
-        return RefuseWithoutShipped();
     SettingsChange change;
-    if (!BeginTelling(change))
+    const std::unique_ptr<OrvoDataSet> shipped = BeginReset(change);
+    if (!shipped)
         return kExitFailed;
     const bool wasSound = SharedSettingsFile().IsSound();
     const SettingsSnapshot before(g_SunDataSet);
@@ -111,11 +109,9 @@ int RunReset(Output& output) {
 }
 
 int RunStandardReset(const CString& name, bool isJson, Output& output) {
-    const std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();
-    if (!shipped)
-        return RefuseWithoutShipped();
     SettingsChange change;
-    if (!BeginTelling(change))
+    const std::unique_ptr<OrvoDataSet> shipped = BeginReset(change);
+    if (!shipped)
         return kExitFailed;
     const OrvoStdSet* original = FindStandard(*shipped, name);
     if (!original)

@@ -50,11 +50,6 @@ void Changes::ApplyTo(OrvoDataSet& settings) const {
         SetStep(settings, *step);
 }
 
-int Refuse(int code, const CString& text) {
-    Complain(text);
-    return code;
-}
-
 // Gives an exit code, like the following ones.
 int ReadPlace(const std::optional<CString>& name, Changes& changes) {
     if (!name)

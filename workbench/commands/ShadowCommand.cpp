@@ -11,34 +11,27 @@
 #include "workbench/commands/ValueErrors.h"
 #include "workbench/terminal/Complaint.h"
 
-namespace {
-
-int Refuse(const CString& text) {
-    Complain(text);
-    return kExitUsage;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 int RunShadow(const ShadowOptions& options, Output& output) {
     if (!options.face)
-        return Refuse(MissingFaceText());
+        return Refuse(kExitUsage, MissingFaceText());
     std::vector<QcGePoint> corners;
     for (const CString& piece : SplitAtSemicolons(*options.face)) {
         const std::optional<QcGePoint> corner = ParseCoordinates(piece);
         if (!corner)
-            return Refuse(BadCornerText(*options.face, static_cast<int>(corners.size()) + 1));
+            return Refuse(kExitUsage, BadCornerText(*options.face, static_cast<int>(corners.size()) + 1));
         corners.push_back(*corner);
     }
     if (corners.size() < 3 || corners.size() > 4)
-        return Refuse(BadCornerCountText(*options.face, static_cast<int>(corners.size())));
+        return Refuse(kExitUsage, BadCornerCountText(*options.face, static_cast<int>(corners.size())));
     if (!options.light)
-        return Refuse(MissingLightText());
+        return Refuse(kExitUsage, MissingLightText());
     const std::optional<QcGePoint> light = ParseCoordinates(*options.light);
     if (!light)
-        return Refuse(BadLightText(*options.light));
+        return Refuse(kExitUsage, BadLightText(*options.light));
     if (*light == QcGePoint())
-        return Refuse(ZeroLightText(*options.light));
+        return Refuse(kExitUsage, ZeroLightText(*options.light));
 
     const ShadowAnswer answer(QcGeFace3dEX(corners.data(), static_cast<int>(corners.size()), true), *light);
     if (!answer.HasPlane()) {

@@ -15,11 +15,6 @@ namespace {
 
 constexpr int kUsualStep = 60;
 
-int Refuse(int code, const CString& text) {
-    Complain(text);
-    return code;
-}
-
 }  // namespace
 
 int RunSun(const SunOptions& options, Output& output) {

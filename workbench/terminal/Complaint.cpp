@@ -16,3 +16,8 @@ void Complain(const CString& text) {
     const std::string line = "orvo: " + ToUtf8(text.View()) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
+
+int Refuse(int code, const CString& text) {
+    Complain(text);
+    return code;
+}
