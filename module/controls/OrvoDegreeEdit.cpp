@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "controls/PairLimits.h"
 #include "frame/Resources.h"
 #include "platform/window/QcUiGrid.h"
 #include "platform/window/QcUiGridCell.h"
@@ -141,26 +142,13 @@ bool OrvoDegreeEdit::IsValidChar(UINT character) {
 }
 
 bool OrvoDegreeEdit::IsValidDegreeDigit(int degree, int minute) const {
-    if (degree < m_nMinDegree || degree > m_nMaxDegree)
-        return false;
-    if (minute < m_nMinMinute && degree == m_nMinDegree)
-        return false;
-    return minute <= m_nMaxMinute || degree != m_nMaxDegree;
+    return PairLimits{m_nMinDegree, m_nMinMinute, m_nMaxDegree, m_nMaxMinute}.TakesGreater(degree, minute);
 }
 
 bool OrvoDegreeEdit::IsValidMinuteDigit(int degree, int minute) const {
-    if (minute >= 60)
-        return false;
-    if (degree == m_nMinDegree && minute < m_nMinMinute)
-        return false;
-    // As in times: the greater unit is held against the maximum of the smaller one.
-    return degree != m_nMaxMinute || minute <= m_nMaxMinute;
+    return PairLimits{m_nMinDegree, m_nMinMinute, m_nMaxDegree, m_nMaxMinute}.TakesSmaller(degree, minute);
 }
 
 bool OrvoDegreeEdit::IsValidSecondDigit(int minute, int second) const {
-    if (second >= 60)
-        return false;
-    if (minute == m_nMinMinute && second < m_nMinSecond)
-        return false;
-    return minute != m_nMaxSecond || second <= m_nMaxSecond;
+    return PairLimits{m_nMinMinute, m_nMinSecond, m_nMaxMinute, m_nMaxSecond}.TakesSmaller(minute, second);
 }

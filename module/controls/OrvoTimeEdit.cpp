@@ -1,6 +1,8 @@
 // The time edit: reading and writing times of day, and their limits.
 #include "controls/OrvoTimeEdit.h"
 
+#include "controls/PairLimits.h"
+
 namespace {
 
 bool IsHour(int hour) {
@@ -127,19 +129,9 @@ bool OrvoTimeEdit::IsValidChar(UINT character) {
 }
 
 bool OrvoTimeEdit::IsValidHourDigit(int hour, int minute) const {
-    if (hour < m_nMinHour || hour > m_nMaxHour)
-        return false;
-    if (minute < m_nMinMinute && hour == m_nMinHour)
-        return false;
-    return minute <= m_nMaxMinute || hour != m_nMaxHour;
+    return PairLimits{m_nMinHour, m_nMinMinute, m_nMaxHour, m_nMaxMinute}.TakesGreater(hour, minute);
 }
 
 bool OrvoTimeEdit::IsValidMinuteDigit(int hour, int minute) const {
-    if (minute >= 60)
-        return false;
-    if (hour == m_nMinHour && minute < m_nMinMinute)
-        return false;
-    // At the upper end it is the maximum minute that the hour is held against, not the maximum hour: owners that ask
-    // this test rely on its answers.
-    return hour != m_nMaxMinute || minute <= m_nMaxMinute;
+    return PairLimits{m_nMinHour, m_nMinMinute, m_nMaxHour, m_nMaxMinute}.TakesSmaller(hour, minute);
 }
