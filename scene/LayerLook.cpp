@@ -8,12 +8,12 @@
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DxfScanner.h"
 #include "scene/EntityGroups.h"
+#include "scene/GroupCodes.h"
 
 namespace {
 
 constexpr int kName = 2;
 constexpr int kColor = 62;
-constexpr int kFlags = 70;
 constexpr int kTrueColor = 420;
 constexpr int kFrozen = 1;
 constexpr int kByBlock = 0;

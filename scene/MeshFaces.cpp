@@ -7,13 +7,11 @@
 #include "platform/host/DxfScanner.h"
 #include "scene/EntityGroups.h"
 #include "scene/FaceList.h"
+#include "scene/GroupCodes.h"
 
 namespace {
 
 constexpr int kSubclass = 100;
-constexpr int kX = 10;
-constexpr int kY = 20;
-constexpr int kZ = 30;
 constexpr int kIndex = 90;
 constexpr int kVertexCount = 92;
 constexpr int kFaceListSize = 93;

@@ -5,10 +5,10 @@
 
 #include "scene/EntityGroups.h"
 #include "scene/FaceList.h"
+#include "scene/GroupCodes.h"
 
 namespace {
 
-constexpr int kFlags = 70;
 constexpr int kRows = 71;
 constexpr int kColumns = 72;
 constexpr int kSmoothRows = 73;

@@ -9,18 +9,15 @@
 #include "platform/geometry/Tolerance.h"
 #include "scene/EntityGroups.h"
 #include "scene/FaceList.h"
+#include "scene/GroupCodes.h"
 #include "scene/ObjectCoordinates.h"
 #include "scene/PolygonTriangles.h"
 
 namespace {
 
-constexpr int kX = 10;
-constexpr int kY = 20;
 constexpr int kElevationOfPolyline = 30;
 constexpr int kElevation = 38;
 constexpr int kThickness = 39;
-constexpr int kBulge = 42;
-constexpr int kFlags = 70;
 constexpr int kClosed = 1;
 constexpr int kVertexCount = 90;
 constexpr int kExtrusion = 210;

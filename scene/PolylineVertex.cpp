@@ -2,12 +2,10 @@
 #include "scene/PolylineVertex.h"
 
 #include "scene/EntityGroups.h"
+#include "scene/GroupCodes.h"
 
 namespace {
 
-constexpr int kPoint = 10;
-constexpr int kBulge = 42;
-constexpr int kFlags = 70;
 constexpr int kFirstCorner = 71;
 
 }  // namespace
@@ -19,6 +17,6 @@ bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex) {
     for (int i = 0; i < 4; ++i)
         if (!entity.Integer(kFirstCorner + i, vertex.corners[i]))
             return false;
-    vertex.hasPoint = entity.Point(kPoint, vertex.point);
+    vertex.hasPoint = entity.Point(kX, vertex.point);
     return true;
 }

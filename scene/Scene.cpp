@@ -11,6 +11,7 @@
 #include "scene/EntityGroups.h"
 #include "scene/Face3dFaces.h"
 #include "scene/FaceList.h"
+#include "scene/GroupCodes.h"
 #include "scene/LayerLook.h"
 #include "scene/MeshFaces.h"
 #include "scene/PolyfaceFaces.h"
@@ -21,7 +22,6 @@ namespace {
 constexpr int kLayer = 8;
 constexpr int kInvisible = 60;
 constexpr int kInPaperSpace = 67;
-constexpr int kFlags = 70;
 constexpr int kThreeDimensional = 8;
 constexpr int kPolygonMesh = 16;
 constexpr int kPolyface = 64;
