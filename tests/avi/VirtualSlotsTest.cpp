@@ -1,23 +1,11 @@
 // The places of the recorder's virtual operations: recorders in other modules are compiled against them.
-#include <cstddef>
-#include <cstring>
 
 #include "avi/OrvoAVIFile.h"
-
-#include <gtest/gtest.h>
+#include "support/VirtualSlots.h"
 
 namespace {
 
 #if defined(__x86_64__)
-// A pointer to a virtual operation holds its place in the table of operations, in bytes and one more.
-template <class Operation>
-std::size_t SlotOf(Operation operation) {
-    std::ptrdiff_t place = 0;
-    std::memcpy(&place, &operation, sizeof place);
-    EXPECT_EQ(place % 8, 1) << "not virtual";
-    return static_cast<std::size_t>(place) / 8;
-}
-
 TEST(VirtualSlots, TheRecordersOperationsFollowThoseOfItsBase) {
     using AddFile = BOOL (OrvoAVIFile::*)(QcStringW);
     using AddPicture = BOOL (OrvoAVIFile::*)(CBitmap&);

@@ -1,13 +1,12 @@
 // The places of the edits' virtual operations: dialogs and grids in other modules are compiled against them.
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <cstring>
 #include <type_traits>
 
 #include "controls/OrvoDateEdit.h"
 #include "controls/OrvoDegreeEdit.h"
 #include "controls/OrvoTimeEdit.h"
+#include "support/VirtualSlots.h"
 
 namespace {
 
@@ -17,15 +16,6 @@ static_assert(std::is_same_v<decltype(&OrvoTimeEdit::PostNcDestroy), Window>, "n
 static_assert(std::is_same_v<decltype(&OrvoDegreeEdit::PostNcDestroy), void (OrvoDegreeEdit::*)()>, "overridden");
 
 #if defined(__x86_64__)
-// A pointer to a virtual operation holds its place in the table of operations, in bytes and one more.
-template <class Operation>
-std::size_t SlotOf(Operation operation) {
-    std::ptrdiff_t place = 0;
-    std::memcpy(&place, &operation, sizeof place);
-    EXPECT_EQ(place % 8, 1) << "not virtual";
-    return static_cast<std::size_t>(place) / 8;
-}
-
 // An operation that a class adds stands behind all that its base has.
 template <class Base>
 class OneMore : public Base {
