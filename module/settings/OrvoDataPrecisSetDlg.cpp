@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr int kText = 5;
 constexpr double kMillimetresPerMetre = 1000.0;
 
 // How many of the drawing's units a millimetre is.
@@ -202,13 +201,13 @@ void OrvoDataPrecisSetDlg::SaveChoices() const {
         return;
     settings->SetLocalName(TranslateText(L"当前日照设置数据"));
     settings->SetAttributeValue(L"localname", TranslateText(L"当前日照设置数据"));
-    if (QcDtDictItem* city = settings->FindOrAddItem(L"CUR_CITY", kText)) {
+    if (QcDtDictItem* city = settings->FindOrAddItem(L"CUR_CITY", QcDtKindString)) {
         city->SetAttributeValue(L"localname", TranslateText(L"当前城市"));
         city->SetStringValue(g_SunDataSet.CurCity());
     }
     // Never added here: the settings' own saving does that.
     if (QcDtDictItem* index = settings->FindItem(L"CUR_STDINDEX"))
         index->SetIntValue(g_SunDataSet.GetCurStdIndex());
-    if (QcDtDictItem* cities = settings->FindOrAddItem(L"ANALYSISED_CITY", kText))
+    if (QcDtDictItem* cities = settings->FindOrAddItem(L"ANALYSISED_CITY", QcDtKindString))
         cities->SetStringValue(g_SunDataSet.JoinCities());
 }

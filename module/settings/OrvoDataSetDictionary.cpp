@@ -7,18 +7,16 @@
 
 namespace {
 
-enum ItemKind { kDictionary = 0, kInteger = 3, kDouble = 4, kText = 5 };
-
 const wchar_t* const kSettings = L"CUR_SUNSETDATA";
 const wchar_t* const kMark = L"SunStd";
 
-QcDtDictItem* FindOfKind(QcDtDictionary& dict, const wchar_t* key, ItemKind kind) {
+QcDtDictItem* FindOfKind(QcDtDictionary& dict, const wchar_t* key, int kind) {
     QcDtDictItem* item = dict.FindItem(key);
     return item && item->GetType() == kind ? item : nullptr;
 }
 
 void PutText(QcDtDictionary& dict, const wchar_t* key, const CString& value, const wchar_t* localName = nullptr) {
-    QcDtDictItem* item = dict.FindOrAddItem(key, kText);
+    QcDtDictItem* item = dict.FindOrAddItem(key, QcDtKindString);
     if (!item)
         return;
     if (localName)
@@ -27,7 +25,7 @@ void PutText(QcDtDictionary& dict, const wchar_t* key, const CString& value, con
 }
 
 void PutDouble(QcDtDictionary& dict, const wchar_t* key, double value) {
-    if (QcDtDictItem* item = dict.FindOrAddItem(key, kDouble))
+    if (QcDtDictItem* item = dict.FindOrAddItem(key, QcDtKindDouble))
         item->SetDoubleValue(value);
 }
 
@@ -53,7 +51,7 @@ void OrvoDataSet::SaveSettings(QcDtDictionary& settings) const {
     PutDouble(settings, L"CUR_STARTTIME", m_dgStartTime.getDegree());
     PutDouble(settings, L"CUR_ENDTIME", m_dgEndTime.getDegree());
     PutDouble(settings, L"CUR_SPACE", m_dSpace);
-    if (QcDtDictItem* item = settings.FindOrAddItem(L"CUR_STDINDEX", kInteger))
+    if (QcDtDictItem* item = settings.FindOrAddItem(L"CUR_STDINDEX", QcDtKindInteger))
         item->SetIntValue(m_nCurStd);
     PutText(settings, L"CUR_DATA", m_date.GetDateXmlString());
     PutText(settings, L"ANALYSISED_CITY", JoinCities());
@@ -95,7 +93,7 @@ bool OrvoDataSet::LoadSunDataSetDict(QcDtDictionary* dict) {
     m_listStd.Reset();
     if (!dict)
         return false;
-    QcDtDictItem* settings = FindOfKind(*dict, kSettings, kDictionary);
+    QcDtDictItem* settings = FindOfKind(*dict, kSettings, QcDtKindDictionary);
     if (!settings)
         return false;
     LoadSettings(static_cast<QcDtDictionary&>(*settings));
@@ -105,23 +103,23 @@ bool OrvoDataSet::LoadSunDataSetDict(QcDtDictionary* dict) {
 
 void OrvoDataSet::LoadSettings(QcDtDictionary& settings) {
     int second = 0;
-    if (const QcDtDictItem* city = FindOfKind(settings, L"CUR_CITY", kText))
+    if (const QcDtDictItem* city = FindOfKind(settings, L"CUR_CITY", QcDtKindString))
         m_strCurCity = city->GetStringValue();
-    if (const QcDtDictItem* start = FindOfKind(settings, L"CUR_STARTTIME", kDouble)) {
+    if (const QcDtDictItem* start = FindOfKind(settings, L"CUR_STARTTIME", QcDtKindDouble)) {
         m_dgStartTime = start->GetDoubleValue();
         m_dgStartTime.getDegree(m_nStartHour, m_nStartMinute, second);
     }
-    if (const QcDtDictItem* end = FindOfKind(settings, L"CUR_ENDTIME", kDouble)) {
+    if (const QcDtDictItem* end = FindOfKind(settings, L"CUR_ENDTIME", QcDtKindDouble)) {
         m_dgEndTime = end->GetDoubleValue();
         m_dgEndTime.getDegree(m_nEndHour, m_nEndMinute, second);
     }
-    if (const QcDtDictItem* step = FindOfKind(settings, L"CUR_SPACE", kDouble))
+    if (const QcDtDictItem* step = FindOfKind(settings, L"CUR_SPACE", QcDtKindDouble))
         m_dSpace = std::trunc(step->GetDoubleValue());
-    if (const QcDtDictItem* index = FindOfKind(settings, L"CUR_STDINDEX", kInteger))
+    if (const QcDtDictItem* index = FindOfKind(settings, L"CUR_STDINDEX", QcDtKindInteger))
         m_nCurStd = index->GetIntValue();
-    if (const QcDtDictItem* date = FindOfKind(settings, L"CUR_DATA", kText))
+    if (const QcDtDictItem* date = FindOfKind(settings, L"CUR_DATA", QcDtKindString))
         m_date.SetXmlDate(date->GetStringValue());
-    if (const QcDtDictItem* cities = FindOfKind(settings, L"ANALYSISED_CITY", kText)) {
+    if (const QcDtDictItem* cities = FindOfKind(settings, L"ANALYSISED_CITY", QcDtKindString)) {
         CStringArray names;
         CutStrToArr(cities->GetStringValue(), L"-", names);
         for (int i = 0; i < names.GetSize(); ++i)
@@ -135,7 +133,7 @@ void OrvoDataSet::LoadStandards(QcDtDictionary& root) {
         if (child->GetAttributeValue(L"type").CompareNoCase(kMark) != 0)
             continue;
         OrvoStdSet* standard = new OrvoStdSet;
-        standard->ReadFromDict(child->GetType() == kDictionary ? static_cast<QcDtDictionary*>(child) : nullptr);
+        standard->ReadFromDict(child->GetType() == QcDtKindDictionary ? static_cast<QcDtDictionary*>(child) : nullptr);
         m_listStd.Append(standard);
     }
 }

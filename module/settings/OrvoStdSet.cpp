@@ -6,15 +6,13 @@
 
 namespace {
 
-enum ItemKind { kDictionary = 0, kFlag = 1, kInteger = 3, kDouble = 4 };
-
 const wchar_t* const kMark = L"SunStd";
 const wchar_t* const kColors = L"SUNCOLORTABLE";
 
 // One item of the dictionary form. Exactly one of the three members is set.
 struct Field {
     const wchar_t* key;
-    ItemKind kind;
+    int kind;
     int OrvoStdSet::*integer;
     double OrvoStdSet::*real;
     OrvoDegree OrvoStdSet::*angle;
@@ -23,34 +21,34 @@ struct Field {
     void Fetch(OrvoStdSet& standard, const QcDtDictItem& item) const;
 };
 
-constexpr Field Number(const wchar_t* key, ItemKind kind, int OrvoStdSet::*field) {
+constexpr Field Number(const wchar_t* key, int kind, int OrvoStdSet::*field) {
     return {key, kind, field, nullptr, nullptr};
 }
 constexpr Field Real(const wchar_t* key, double OrvoStdSet::*field) {
-    return {key, kDouble, nullptr, field, nullptr};
+    return {key, QcDtKindDouble, nullptr, field, nullptr};
 }
 constexpr Field Time(const wchar_t* key, OrvoDegree OrvoStdSet::*field) {
-    return {key, kDouble, nullptr, nullptr, field};
+    return {key, QcDtKindDouble, nullptr, nullptr, field};
 }
 
 // The items in the order in which they stand in the dictionary.
 constexpr Field kFields[] = {
-    Number(L"FullWin", kFlag, &OrvoStdSet::m_nFullWin),
-    Number(L"LimitWidth", kFlag, &OrvoStdSet::m_nLimitWidth),
-    Number(L"MaxContinue", kFlag, &OrvoStdSet::m_nMaxContinue),
-    Number(L"BJTime", kFlag, &OrvoStdSet::m_nBJTime),
-    Number(L"AllMaxContinueTime", kFlag, &OrvoStdSet::m_nAllMaxContinueTime),
+    Number(L"FullWin", QcDtKindFlag, &OrvoStdSet::m_nFullWin),
+    Number(L"LimitWidth", QcDtKindFlag, &OrvoStdSet::m_nLimitWidth),
+    Number(L"MaxContinue", QcDtKindFlag, &OrvoStdSet::m_nMaxContinue),
+    Number(L"BJTime", QcDtKindFlag, &OrvoStdSet::m_nBJTime),
+    Number(L"AllMaxContinueTime", QcDtKindFlag, &OrvoStdSet::m_nAllMaxContinueTime),
     Real(L"MaxWidth", &OrvoStdSet::m_dMaxWidth),
     Real(L"MinWidth", &OrvoStdSet::m_dMinWidth),
     Real(L"Space", &OrvoStdSet::m_dSpace),
     Time(L"StartTime", &OrvoStdSet::m_dgStartTime),
     Time(L"EndTime", &OrvoStdSet::m_dgEndTime),
-    Number(L"MinValidAngle", kInteger, &OrvoStdSet::m_nMinValidAngle),
-    Number(L"MinValidTime", kInteger, &OrvoStdSet::m_nMinValidTime),
-    Number(L"MinMaxValidTime", kInteger, &OrvoStdSet::m_nMinMaxValidTime),
-    Number(L"MinContinueTime", kInteger, &OrvoStdSet::m_nMinContinueTime),
-    Number(L"ValidSunType", kInteger, &OrvoStdSet::m_nValidSunType),
-    Number(L"TotalTimeType", kInteger, &OrvoStdSet::m_nTotalTimeType),
+    Number(L"MinValidAngle", QcDtKindInteger, &OrvoStdSet::m_nMinValidAngle),
+    Number(L"MinValidTime", QcDtKindInteger, &OrvoStdSet::m_nMinValidTime),
+    Number(L"MinMaxValidTime", QcDtKindInteger, &OrvoStdSet::m_nMinMaxValidTime),
+    Number(L"MinContinueTime", QcDtKindInteger, &OrvoStdSet::m_nMinContinueTime),
+    Number(L"ValidSunType", QcDtKindInteger, &OrvoStdSet::m_nValidSunType),
+    Number(L"TotalTimeType", QcDtKindInteger, &OrvoStdSet::m_nTotalTimeType),
 };
 
 void Field::Store(const OrvoStdSet& standard, QcDtDictItem& item) const {

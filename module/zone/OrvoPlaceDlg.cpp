@@ -14,14 +14,12 @@
 
 namespace {
 
-constexpr int kDictionary = 0;
-
 // How many records the places will give.
 long CountPlaces() {
     long count = 0;
     for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
         const QcDtDictItem* item = g_dictSunZone.GetItem(i);
-        if (item->GetType() == kDictionary)
+        if (item->GetType() == QcDtKindDictionary)
             count += static_cast<const QcDtDictionary*>(item)->GetCount();
     }
     return count;
@@ -53,7 +51,7 @@ void OrvoPlaceDlg::LoadZones(CommentSource comments) {
     OrvoZoneRecord record;
     for (int i = 0; i < g_dictSunZone.GetCount(); ++i) {
         const QcDtDictItem* item = g_dictSunZone.GetItem(i);
-        if (item->GetType() != kDictionary)
+        if (item->GetType() != QcDtKindDictionary)
             continue;
         const auto& province = *static_cast<const QcDtDictionary*>(item);
         record.m_strProvince = province.GetName();

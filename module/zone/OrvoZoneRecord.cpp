@@ -11,9 +11,6 @@
 
 namespace {
 
-constexpr int kDictionary = 0;
-constexpr int kText = 5;
-
 void SplitPosition(double position, int& degree, int& minute) {
     degree = TruncateToInt(position);
     const double minutes = (position - degree) * 60;
@@ -64,8 +61,8 @@ bool OrvoZoneRecord::SaveToXml() const {
         return false;
     province->SetName(m_strProvince);
     province->SetAttributeValue(L"type", L"PROVINCE");
-    QcDtDictItem* city = province->FindOrAddItem(m_strCity, kText);
-    if (!city || city->GetType() != kText)
+    QcDtDictItem* city = province->FindOrAddItem(m_strCity, QcDtKindString);
+    if (!city || city->GetType() != QcDtKindString)
         return false;
     city->SetName(m_strCity);
     city->SetAttributeValue(L"type", L"CITY");
@@ -77,7 +74,7 @@ bool OrvoZoneRecord::SaveToXml() const {
 
 bool OrvoZoneRecord::ReadFromXml(const CString& province, const CString& city) {
     QcDtDictItem* item = g_dictSunZone.FindItem(province);
-    if (!item || item->GetType() != kDictionary)
+    if (!item || item->GetType() != QcDtKindDictionary)
         return false;
     const QcDtDictItem* found = static_cast<QcDtDictionary*>(item)->FindItem(city);
     if (!found)

@@ -7,9 +7,6 @@
 
 namespace {
 
-constexpr int kDictionary = 0;
-constexpr int kText = 5;
-
 void Add(QcDtDictionary& target, const QcDtDictItem& item) {
     std::unique_ptr<QcDtDictItem> copy(item.Clone());
     if (target.AppendItem(copy.get()))
@@ -39,9 +36,9 @@ void MergeZones(QcDtDictionary& target, const QcDtDictionary& source) {
             Add(target, item);
         else if (found->GetType() != item.GetType())
             continue;
-        else if (item.GetType() == kDictionary)
+        else if (item.GetType() == QcDtKindDictionary)
             MergeZones(static_cast<QcDtDictionary&>(*found), static_cast<const QcDtDictionary&>(item));
-        else if (item.GetType() == kText)
+        else if (item.GetType() == QcDtKindString)
             UpdateCity(*found, item);
     }
 }

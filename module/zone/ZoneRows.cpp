@@ -11,9 +11,6 @@
 
 namespace {
 
-constexpr int kDictionary = 0;
-constexpr int kText = 5;
-
 void FillCity(QcUiGridTreeRow& row, const QcDtDictItem& city) {
     row.SetItemText(ZoneRows::kCity, city.GetName());
     row.SetItemText(ZoneRows::kLongitude, ZoneRows::FormatPosition(city.GetAttributeValue(L"longitude")));
@@ -28,10 +25,10 @@ void FillProvince(QcUiGridTreeRow& row, const QcDtDictionary& province) {
     for (int i = 0; i < province.GetCount(); ++i) {
         const QcDtDictItem& item = *province.GetItem(i);
         QcUiGridTreeRow& child = *row.AppendChild();  // one for every item, so that a province stays a province
-        if (item.GetType() == kText) {
+        if (item.GetType() == QcDtKindString) {
             child.SetItemText(ZoneRows::kProvince, province.GetName());
             FillCity(child, item);
-        } else if (item.GetType() == kDictionary) {
+        } else if (item.GetType() == QcDtKindDictionary) {
             FillProvince(child, static_cast<const QcDtDictionary&>(item));
         }
     }
@@ -39,9 +36,9 @@ void FillProvince(QcUiGridTreeRow& row, const QcDtDictionary& province) {
 
 // What is neither a city nor a province is shown as a province without cities.
 void FillRoot(QcUiGridTreeRow& row, const QcDtDictItem& item) {
-    if (item.GetType() == kText)
+    if (item.GetType() == QcDtKindString)
         FillCity(row, item);
-    else if (item.GetType() == kDictionary)
+    else if (item.GetType() == QcDtKindDictionary)
         FillProvince(row, static_cast<const QcDtDictionary&>(item));
     else
         FillProvince(row, QcDtDictionary(item.GetName()));
