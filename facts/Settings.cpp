@@ -59,7 +59,6 @@ Settings CurrentSettings() {
 }
 
 CString NoteOf(const Settings& settings) {
-    constexpr int kNoStandard = -1;
     OrvoDataSet note;  // the module's words, for these values
     note.m_strCurCity = settings.placeName;
     SetOwnDay(note, settings.ownDay);

@@ -9,6 +9,9 @@
 class OrvoDataSet;
 class OrvoStdSet;
 
+// The index that stands for no standard.
+inline constexpr int kNoStandard = -1;
+
 // In the order of the list.
 ORVO_API std::vector<CString> NamesOfStandards(const OrvoDataSet& settings);
 

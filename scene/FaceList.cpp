@@ -14,7 +14,6 @@
 namespace {
 
 constexpr double kPlaneTolerance = 1e-6;
-constexpr double kFlatness = 1e-9;
 
 double Distance(const QcGePoint& a, const QcGePoint& b) {
     return (b - a).Length();
@@ -23,7 +22,7 @@ double Distance(const QcGePoint& a, const QcGePoint& b) {
 // Whether three corners have an area, by the measure that polygons are divided with.
 bool IsTriangle(const QcGePoint& a, const QcGePoint& b, const QcGePoint& c) {
     const double longest = std::max({Distance(a, b), Distance(b, c), Distance(c, a)});
-    return ((b - a) * (c - a)).Length() > longest * std::max(g_fZero, kFlatness * longest);
+    return ((b - a) * (c - a)).Length() > LeastTwiceArea(longest);
 }
 
 // The sum of the cross products around the polygon: at right angles to it, and twice its area long.

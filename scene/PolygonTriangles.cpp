@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr double kFlatness = 1e-9;
-
 double Cross(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c) {
     return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
@@ -260,9 +258,14 @@ double TwiceSignedArea(const std::vector<FlatPoint>& outline) {
     return area;
 }
 
+double LeastTwiceArea(double longest) {
+    constexpr double kFlatness = 1e-9;
+    return longest * std::max(g_fZero, kFlatness * longest);
+}
+
 bool HasArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c) {
     const double longest = std::max({Distance(a, b), Distance(b, c), Distance(c, a)});
-    return std::fabs(Cross(a, b, c)) > longest * std::max(g_fZero, kFlatness * longest);
+    return std::fabs(Cross(a, b, c)) > LeastTwiceArea(longest);
 }
 
 bool DividePolygon(const std::vector<FlatPoint>& outline, std::vector<PolygonPiece>& pieces) {

@@ -23,6 +23,8 @@ inline constexpr std::size_t kMostPolygonCorners = 4096;
 // Twice the area within an outline, positive when it runs counter-clockwise.
 double TwiceSignedArea(const std::vector<FlatPoint>& outline);
 
+// What twice the area of a triangle has to exceed, by its longest side, for the triangle to have any.
+double LeastTwiceArea(double longest);
 // Whether a corner's two edges enclose an area: its height over the line between its neighbours is more than g_fZero
 // and more than a thousand-millionth of the longest side.
 bool HasArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c);

@@ -19,7 +19,6 @@
 
 namespace {
 
-constexpr int kLayer = 8;
 constexpr int kInvisible = 60;
 constexpr int kInPaperSpace = 67;
 constexpr int kThreeDimensional = 8;

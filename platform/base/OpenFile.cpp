@@ -9,12 +9,6 @@
 #include <climits>
 #include <utility>
 
-namespace {
-
-constexpr int kMostLinks = 40;
-
-}  // namespace
-
 OpenFile::OpenFile(const std::string& path, int flags, mode_t mode) {
     do
         m_file = open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);

@@ -36,6 +36,9 @@ void RemoveQuietly(const std::string& path);
 
 std::string FolderOf(const std::string& path);
 
+// As many symbolic links in a row as the system itself follows.
+inline constexpr int kMostLinks = 40;
+
 // The path behind all symbolic links of its last part, also when they lead nowhere yet; empty for a circle and when a
 // link cannot be read; errno says why.
 std::string FollowLinks(std::string path);

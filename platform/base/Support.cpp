@@ -14,9 +14,9 @@
 #include <string_view>
 #include <vector>
 
-namespace {
+#include "platform/base/OpenFile.h"
 
-constexpr int kMostLinks = 40;  // as many symbolic links in a row as the system itself follows
+namespace {
 
 bool IsAbsolute(std::string_view path) {
     return !path.empty() && path.front() == '/';

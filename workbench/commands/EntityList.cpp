@@ -8,6 +8,7 @@
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/Output.h"
+#include "scene/GroupCodes.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
 #include "workbench/terminal/JsonOutput.h"
@@ -32,7 +33,6 @@ CString FirstText(const AcDbDatabase& drawing, const std::vector<DxfGroup>& grou
 
 std::vector<Entity> EntitiesOf(const AcDbDatabase& drawing) {
     constexpr int kType = 0;
-    constexpr int kLayer = 8;
     std::vector<Entity> entities;
     std::vector<DxfGroup> groups;
     for (std::size_t i = 0; i < drawing.GetEntityCount(); ++i) {

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr double kRounding = 1e-9;
+
 double Greatest(const QcGePoint& point) {
     return std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)});
 }
@@ -46,7 +48,6 @@ bool AreParallel(const QcGeFace3dEX& face, const QcGeVector3d& first, const QcGe
 }
 
 bool IsUnit(const QcGeVector3d& normal) {
-    constexpr double kRounding = 1e-9;
     return std::fabs(normal.Length() - 1.0) < kRounding;
 }
 
@@ -77,7 +78,6 @@ bool AreCornersInLine(const QcGeFace3dEX& face) {
 double FourthCornerOffPlane(QcGeFace3dEX& face) {
     if (face.IsTriangle())
         return 0.0;
-    constexpr double kRounding = 1e-9;
     const QcGeVector3d normal = face.GetNormal();
     const QcGeVector3d edge = Edge(face, 3);
     const double distance = std::fabs(Dot(normal, edge));

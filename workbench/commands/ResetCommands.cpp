@@ -26,8 +26,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int kNoStandard = -1;
-
 // What the program came with, and the change begun; null when one of the two fails, which is then told.
 std::unique_ptr<OrvoDataSet> BeginReset(SettingsChange& change) {
     std::unique_ptr<OrvoDataSet> shipped = ReadShippedSettings();

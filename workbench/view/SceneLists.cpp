@@ -8,10 +8,10 @@
 #include <map>
 
 #include "workbench/view/IndexColors.h"
+#include "workbench/view/ViewCamera.h"
 
 namespace {
 
-constexpr double kFarthestCoordinate = 1e15;
 constexpr float kEdgeBrightness = 0.4F;
 
 bool IsUsable(const QcGePoint& point) {

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr double kFarthestCoordinate = 1e15;
 constexpr double kHalfFieldTangent = 0.36397023426620234;  // 20 degrees to the upper edge of the picture
 constexpr double kMargin = 0.95;
 constexpr double kSteepest = 89.0;

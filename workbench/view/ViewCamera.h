@@ -7,6 +7,9 @@
 #include "platform/geometry/QcGePoint.h"
 #include "platform/geometry/QcGeVector3d.h"
 
+// What lies farther away than this, in the drawing's units, is not shown.
+inline constexpr double kFarthestCoordinate = 1e15;
+
 struct ViewBox {
     QcGePoint least, most;
 };
