@@ -32,3 +32,7 @@ public:
 private:
     std::vector<SunPeriod> m_periods;
 };
+
+HourSpans Union(const HourSpans& left, const HourSpans& right);
+HourSpans Intersection(const HourSpans& left, const HourSpans& right);
+HourSpans Difference(const HourSpans& left, const HourSpans& right);

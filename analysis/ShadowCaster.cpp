@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "analysis/FaceTree.h"
 #include "analysis/SkyWindow.h"
 
 namespace {
@@ -12,28 +13,13 @@ namespace {
 constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr double kLongestSector = 8.0;  // hours
 
-Box BoxOf(const Occluder& face) {
-    Box box{face.corners[0], face.corners[0]};
-    for (int i = 1; i < face.count; ++i) {
-        const Vector3& corner = face.corners[i];
-        box.least = {std::min(box.least.x, corner.x), std::min(box.least.y, corner.y), std::min(box.least.z, corner.z)};
-        box.most = {std::max(box.most.x, corner.x), std::max(box.most.y, corner.y), std::max(box.most.z, corner.z)};
-    }
-    return box;
-}
-
 // The middle of the box around all corners.
 Vector3 MiddleOf(const std::vector<Occluder>& faces) {
     if (faces.empty())
         return {};
     Box around = BoxOf(faces.front());
-    for (const Occluder& face : faces) {
-        const Box box = BoxOf(face);
-        around.least = {std::min(around.least.x, box.least.x), std::min(around.least.y, box.least.y),
-                        std::min(around.least.z, box.least.z)};
-        around.most = {std::max(around.most.x, box.most.x), std::max(around.most.y, box.most.y),
-                       std::max(around.most.z, box.most.z)};
-    }
+    for (const Occluder& face : faces)
+        around = Around(around, BoxOf(face));
     return (around.least + around.most) * 0.5;
 }
 

@@ -27,10 +27,7 @@ HourArc SolveHourArc(double a, double b, double c) {
         return {HourArc::Kind::Always};
     if (a <= -reach)
         return {HourArc::Kind::Never};
-    // (reach - a)(reach + a) keeps the digits that the difference of the squares would lose where the circle only just
-    // crosses the plane.
-    const double half = std::atan2(std::sqrt((reach - a) * (reach + a)), -a);
-    return {HourArc::Kind::Arc, std::atan2(c, b), half};
+    return {HourArc::Kind::Arc, std::atan2(c, b), std::acos(-a / reach)};
 }
 
 SunPath::SunPath(double declination, double latitude, double north)

@@ -122,4 +122,70 @@ TEST(ShadowCaster, LeavesNoRayOfARectangleOut) {
     }
 }
 
+OccluderSet Wall(double left, double right, double distance, double top) {
+    OccluderSet occluders;
+    Occluder face;
+    face.count = 4;
+    face.corners[0] = {left, -distance, -1e5};
+    face.corners[1] = {right, -distance, -1e5};
+    face.corners[2] = {right, -distance, top};
+    face.corners[3] = {left, -distance, top};
+    occluders.faces.push_back(face);
+    return occluders;
+}
+
+// Behind an endless wall the sun shows while it stands steeper over it than the wall's top: up / -north >= top /
+// distance. Below the equator of its circle that is around noon, so that morning and evening are hidden.
+TEST(ShadowCaster, HidesMorningAndEveningBehindALongWall) {
+    for (const double latitude : {25.0, 31.2, 40.0})
+        for (const double north : {0.0, 30.0, -75.0, 180.0}) {
+            const double declination = -20.0;
+            const Vector3 atTen = SunPath(declination, latitude, 0.0).DirectionAt(10.0);
+            const double slope = atTen.z / -atTen.y;
+            const SunPath path(declination, latitude, north);
+            const double turn = north * kDegree;
+            OccluderSet occluders = Wall(-1e9, 1e9, 20'000.0, slope * 20'000.0);
+            for (Vector3& corner : occluders.faces[0].corners)
+                corner = {corner.x * std::cos(turn) - corner.y * std::sin(turn),
+                          corner.x * std::sin(turn) + corner.y * std::cos(turn), corner.z};
+            // In one piece, with noon in the middle.
+            const HourSpans up = path.HoursBefore({0.0, 0.0, 1.0}, 0.0, {8.5, 15.5});
+            const SunTarget target = TargetLooking(turn - 0.5 * std::numbers::pi, 0.0, 0.0);
+            const HourSpans hidden = ShadowCaster(occluders, path, up, kPrecision).HiddenHours(target, up);
+            ASSERT_EQ(hidden.All().size(), 2U) << latitude << " " << north;
+            EXPECT_NEAR(hidden.All()[0].end, 10.0, 1e-9);
+            EXPECT_NEAR(hidden.All()[1].start, 14.0, 1e-9);
+            EXPECT_EQ(hidden.All()[0].start, up.All()[0].start);
+        }
+}
+
+// A tower hides the sun while its azimuth is between its edges.
+TEST(ShadowCaster, HidesTheSunBehindATower) {
+    const SunPath path(-23.44, 31.2, 0.0);
+    const OccluderSet occluders = Wall(-10'000.0, 10'000.0, 50'000.0, 1e6);
+    const HourSpans up = path.HoursBefore({0.0, 0.0, 1.0}, 0.0, {4.0, 20.0});
+    const HourSpans hidden =
+        ShadowCaster(occluders, path, up, kPrecision).HiddenHours(TargetLooking(-0.5 * std::numbers::pi, 0.0, 0.0), up);
+    ASSERT_EQ(hidden.All().size(), 1U);
+    const Vector3 first = path.DirectionAt(hidden.All()[0].start);
+    EXPECT_NEAR(first.x / -first.y, 0.2, 1e-9);
+    EXPECT_NEAR(hidden.All()[0].start + hidden.All()[0].end, 24.0, 1e-9);
+}
+
+TEST(ShadowCaster, AsksOnlyEntitiesThatCount) {
+    const SunPath path(-23.44, 31.2, 0.0);
+    OccluderSet occluders = Wall(-10'000.0, 10'000.0, 50'000.0, 1e6);
+    occluders.faces.push_back(Wall(-20'000.0, 20'000.0, 60'000.0, 1e6).faces[0]);
+    occluders.faces[1].entity = 1;
+    const HourSpans up = path.HoursBefore({0.0, 0.0, 1.0}, 0.0, {9.0, 15.0});
+    const ShadowCaster caster(occluders, path, up, kPrecision);
+    const SunTarget target = TargetLooking(-0.5 * std::numbers::pi, 0.0, 0.0);
+    const auto onlyFirst = [](std::uint32_t entity) { return entity == 0; };
+    EXPECT_EQ(caster.ShadowsOn(target, up).size(), 2U);
+    ASSERT_EQ(caster.ShadowsOn(target, up, onlyFirst).size(), 1U);
+    EXPECT_EQ(caster.ShadowsOn(target, up, onlyFirst)[0].entity, 0U);
+    EXPECT_GT(caster.HiddenHours(target, up).All()[0].Minutes(),
+              caster.HiddenHours(target, up, onlyFirst).All()[0].Minutes());
+}
+
 }  // namespace

@@ -74,13 +74,16 @@ TEST(SunPath, KnowsSimpleWalls) {
     EXPECT_TRUE(SunPath(-20.0, 90.0, 0.0).HoursBefore({0.0, 0.0, 1.0}, 0.0, {0.0, 24.0}).IsEmpty());
 }
 
-// The sun stands over an hour angle for a whole plane's sign change however flat the circle crosses it.
-TEST(SunPath, KeepsItsDigitsWhereTheCircleOnlyJustCrosses) {
-    for (const double excess : {1e-6, 1e-10, 1e-14}) {
-        const HourArc arc = SolveHourArc(-1.0 + excess, 1.0, 0.0);  // cos H >= 1 - excess
+TEST(SunPath, SolvesWhereTheCircleOnlyJustCrosses) {
+    for (const double excess : {1e-3, 1e-6, 1e-9, 1e-12}) {
+        const HourArc arc = SolveHourArc(-1.0 + excess, 0.0, -1.0);  // -sin H >= 1 - excess
         ASSERT_EQ(arc.kind, HourArc::Kind::Arc);
-        EXPECT_NEAR(arc.half / std::sqrt(2.0 * excess), 1.0, excess + 1e-2 * (excess < 1e-12) + 1e-6);
+        EXPECT_NEAR(arc.middle, -std::numbers::pi / 2.0, kNear);
+        EXPECT_NEAR(arc.half / std::sqrt(2.0 * excess), 1.0, 1e-3);
     }
+    EXPECT_EQ(SolveHourArc(1.0, 0.6, 0.8).kind, HourArc::Kind::Always);
+    EXPECT_EQ(SolveHourArc(-1.0, 0.6, 0.8).kind, HourArc::Kind::Never);
+    EXPECT_EQ(SolveHourArc(0.0, 0.0, 0.0).kind, HourArc::Kind::Always) << "in the plane all day";
 }
 
 }  // namespace
