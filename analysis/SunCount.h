@@ -19,10 +19,11 @@ struct SunCount {
     double judged = 0.0;
 };
 
-// The span to analyse, of the standard or else of the settings, in true solar time; none when it is no span within a
-// day. `beijingOffset` is added to true solar time for Beijing's.
+// The span to analyse, of the standard or else of the settings, in true solar time. False when it is no span within a
+// day of its clock: `span` is then what was asked for, as long as that is two numbers. `beijingOffset` is added to true
+// solar time for Beijing's.
 bool SpanOf(const Settings& settings, double beijingOffset, SunPeriod& span);
-// Whether the standard's step is one.
+// Whether the standard's step is a time. However short, it costs nothing.
 bool IsStep(double minutes);
 
 // `sunlit` lies in the span. Steps count from the span's start.

@@ -2,6 +2,7 @@
 #include "facts/Standard.h"
 
 #include "facts/DayText.h"
+#include "platform/geometry/Tolerance.h"
 #include "settings/OrvoStdSet.h"
 
 namespace {
@@ -31,6 +32,14 @@ bool Standard::HasSpan() const {
 
 bool Standard::HasStep() const {
     return step >= kLeastStep && step <= kMostStep;
+}
+
+int Standard::TimeColorOf(double hours) const {
+    constexpr int kColorByLayer = 256;
+    for (auto row = timeColors.rbegin(); row != timeColors.rend(); ++row)
+        if (hours - row->hours >= -g_fZero)
+            return row->color;
+    return kColorByLayer;
 }
 
 Standard StandardOf(const OrvoStdSet& standard) {

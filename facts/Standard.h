@@ -45,6 +45,9 @@ struct ORVO_API Standard {
     // of it). Settings take over only what makes sense.
     bool HasSpan() const;
     bool HasStep() const;
+    // As OrvoColorTable::GetTimeColor: the colour of the last row whose bound the hours reach, 256 (by layer) without
+    // one.
+    int TimeColorOf(double hours) const;
 };
 
 // The step that the dialogs offer, minutes.

@@ -141,6 +141,7 @@ void TakeFiles() {
 void TakeStandards() {
     TAKE(Standard::HasSpan);
     TAKE(Standard::HasStep);
+    TAKE(Standard::TimeColorOf);
     TAKE(StandardOf);
     TAKE(NamesOfStandards);
     TAKE(StandardAt);
