@@ -1,0 +1,60 @@
+"""The pictures of the standards' rules: the script makes them byte for byte, each is sound, and the page shows them all."""
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as xml
+
+ROOT = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", ".."))
+SCRIPT = os.path.join(ROOT, "tools", "make-standard-pictures")
+PICTURES = os.path.join(ROOT, "docs", "pictures", "standards")
+NAME = "{http://www.w3.org/2000/svg}"
+
+
+def contents(folder):
+    return {name: open_text(os.path.join(folder, name)) for name in sorted(os.listdir(folder))}
+
+
+def open_text(path):
+    with open(path, encoding="utf-8", newline="") as file:
+        return file.read()
+
+
+class PicturesTest(unittest.TestCase):
+    def test_the_script_makes_them(self):
+        for seed in range(2):
+            with tempfile.TemporaryDirectory() as folder:
+                made = os.path.join(folder, "new", "pictures")
+                environment = dict(os.environ, PYTHONHASHSEED=str(seed), PYTHONDONTWRITEBYTECODE="1", LC_ALL="C")
+                subprocess.run([sys.executable, SCRIPT, made], env=environment, check=True)
+                self.assertEqual(contents(made), contents(PICTURES), "to make them: tools/make-standard-pictures "
+                                                                     "docs/pictures/standards")
+
+    def test_the_page_shows_each_once(self):
+        shown = re.findall(r"!\[[^\]]+\]\(pictures/standards/([^)]+)\)", open_text(os.path.join(ROOT, "docs",
+                                                                                               "standards.md")))
+        self.assertEqual(sorted(shown), sorted(os.listdir(PICTURES)))
+
+    def test_words_lie_within_the_picture(self):
+        for name, text in contents(PICTURES).items():
+            picture = xml.fromstring(text)
+            words = picture.findall(NAME + "text")
+            self.assertTrue(words, name)
+            for each in words:
+                # A letter is about half as wide as it is high.
+                width = 0.5 * float(each.get("font-size")) * len(each.text)
+                left = float(each.get("x")) - {"start": 0.0, "middle": 0.5, "end": 1.0}[each.get("text-anchor")] * width
+                self.assertGreaterEqual(left, 0, f"{name}: {each.text}")
+                self.assertLessEqual(left + width, float(picture.get("width")), f"{name}: {each.text}")
+                self.assertTrue(0 < float(each.get("y")) < float(picture.get("height")), f"{name}: {each.text}")
+
+    def test_without_a_folder_it_tells_its_usage(self):
+        result = subprocess.run([sys.executable, SCRIPT], capture_output=True, text=True)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("usage: tools/make-standard-pictures FOLDER", result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
