@@ -3,12 +3,19 @@
 
 #include <charconv>
 #include <cmath>
+#include <new>
 #include <system_error>
+#include <utility>
 
 #include "platform/base/TextNumber.h"
+#include "platform/host/AcDbDatabase.h"
 #include "platform/host/DxfScanner.h"
+#include "scene/GroupCodes.h"
 
 namespace {
+
+constexpr int kInvisible = 60;
+constexpr int kInPaperSpace = 67;
 
 // from_chars knows no plus sign.
 std::string_view NumberIn(std::string_view text) {
@@ -48,6 +55,15 @@ std::string_view EntityGroups::Type() const {
     return m_groups.empty() ? std::string_view() : TrimDxfValue(m_groups[0].value);
 }
 
+std::string_view EntityGroups::Layer() const {
+    const DxfGroup* const layer = Find(kLayer);
+    return layer ? std::string_view(layer->value) : std::string_view("0");
+}
+
+bool EntityGroups::IsInModel() const {
+    return IntegerOr(kInvisible, 0) != 1 && IntegerOr(kInPaperSpace, 0) != 1;
+}
+
 const DxfGroup* EntityGroups::Find(int code) const {
     for (const DxfGroup& group : m_groups)
         if (group.code == code)
@@ -76,4 +92,12 @@ bool EntityGroups::Point(int code, QcGePoint& point) const {
         return false;
     point = read;
     return true;
+}
+
+EntityGroups GroupsOf(const AcDbDatabase& drawing, AcDbObjectId id) {
+    std::vector<DxfGroup> groups;
+    // An id out of the drawing's own list has groups, unless there is no memory for them.
+    if (!drawing.GetGroups(id, groups))
+        throw std::bad_alloc();
+    return EntityGroups(std::move(groups));
 }

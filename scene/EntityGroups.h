@@ -7,7 +7,10 @@
 #include <vector>
 
 #include "platform/geometry/QcGePoint.h"
+#include "platform/host/AcDbObjectId.h"
 #include "platform/host/DxfGroup.h"
+
+class AcDbDatabase;
 
 // Coordinates and lengths up to this keep all that is computed from them finite.
 inline constexpr double kFarthest = 1e50;
@@ -24,6 +27,10 @@ public:
     const std::vector<DxfGroup>& All() const { return m_groups; }
     // The type (group 0) without blanks.
     std::string_view Type() const;
+    // The name of its layer as it stands in the file; without one it lies on 0.
+    std::string_view Layer() const;
+    // Whether it is neither invisible by itself nor in paper space.
+    bool IsInModel() const;
     // The first group with a code; null when there is none.
     const DxfGroup* Find(int code) const;
 
@@ -39,3 +46,6 @@ public:
 private:
     std::vector<DxfGroup> m_groups;
 };
+
+// The groups of an object out of the drawing's own lists.
+EntityGroups GroupsOf(const AcDbDatabase& drawing, AcDbObjectId id);

@@ -1,6 +1,7 @@
 // Reads the numbers of a VERTEX.
 #include "scene/PolylineVertex.h"
 
+#include "platform/host/AcDbDatabase.h"
 #include "scene/EntityGroups.h"
 #include "scene/GroupCodes.h"
 
@@ -18,5 +19,18 @@ bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex) {
         if (!entity.Integer(kFirstCorner + i, vertex.corners[i]))
             return false;
     vertex.hasPoint = entity.Point(kX, vertex.point);
+    return true;
+}
+
+bool ReadPolylineVertices(const AcDbDatabase& drawing, std::size_t index, std::vector<PolylineVertex>& vertices) {
+    for (std::size_t i = index + 1; i < drawing.GetEntityCount(); ++i) {
+        const EntityGroups entity = GroupsOf(drawing, drawing.GetEntityId(i));
+        if (entity.Type() != "VERTEX")
+            break;
+        PolylineVertex vertex;
+        if (!ReadPolylineVertex(entity, vertex))
+            return false;
+        vertices.push_back(vertex);
+    }
     return true;
 }

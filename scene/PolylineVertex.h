@@ -1,8 +1,12 @@
 // The VERTEX entities that follow a POLYLINE, as numbers.
 #pragma once
 
+#include <cstddef>
+#include <vector>
+
 #include "platform/geometry/QcGePoint.h"
 
+class AcDbDatabase;
 class EntityGroups;
 
 // Bits of a vertex's flags (group 70).
@@ -21,3 +25,7 @@ struct PolylineVertex {
 
 // False when a number cannot be read.
 bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex);
+
+// The vertices of the POLYLINE that is the drawing's entity `index`: up to SEQEND, or up to whatever stands there
+// instead. False when a number cannot be read.
+bool ReadPolylineVertices(const AcDbDatabase& drawing, std::size_t index, std::vector<PolylineVertex>& vertices);

@@ -2,7 +2,6 @@
 // like.
 #include "scene/Scene.h"
 
-#include <new>
 #include <string_view>
 #include <utility>
 
@@ -19,8 +18,6 @@
 
 namespace {
 
-constexpr int kInvisible = 60;
-constexpr int kInPaperSpace = 67;
 constexpr int kThreeDimensional = 8;
 constexpr int kPolygonMesh = 16;
 constexpr int kPolyface = 64;
@@ -42,12 +39,9 @@ public:
     Scene Run();
 
 private:
-    EntityGroups GroupsOf(AcDbObjectId id) const;
     void Take(std::size_t index, const EntityGroups& entity);
-    const LayerLook& LayerOf(const EntityGroups& entity);
     Outcome AddFaces(std::size_t index, const EntityGroups& entity);
     Outcome AddPolyline(std::size_t index, const EntityGroups& entity);
-    bool ReadVertices(std::size_t index, std::vector<PolylineVertex>& vertices) const;
 
     const AcDbDatabase& m_drawing;
     LayerTable m_layers;
@@ -58,30 +52,17 @@ private:
 
 Scene SceneBuilder::Run() {
     for (std::size_t i = 0; i < m_drawing.GetEntityCount(); ++i)
-        Take(i, GroupsOf(m_drawing.GetEntityId(i)));
+        Take(i, GroupsOf(m_drawing, m_drawing.GetEntityId(i)));
     m_faces.MoveTo(m_scene.faces, m_scene.least, m_scene.most);
     return std::move(m_scene);
-}
-
-EntityGroups SceneBuilder::GroupsOf(AcDbObjectId id) const {
-    std::vector<DxfGroup> groups;
-    // An id out of the drawing's own list has groups, unless there is no memory for them.
-    if (!m_drawing.GetGroups(id, groups))
-        throw std::bad_alloc();
-    return EntityGroups(std::move(groups));
-}
-
-const LayerLook& SceneBuilder::LayerOf(const EntityGroups& entity) {
-    const DxfGroup* const layer = entity.Find(kLayer);
-    return m_layers.Find(layer ? std::string_view(layer->value) : std::string_view("0"));
 }
 
 void SceneBuilder::Take(std::size_t index, const EntityGroups& entity) {
     const std::string_view type = entity.Type();
     if (type == "VERTEX" || type == "SEQEND" || type == "ATTRIB")
         return;
-    const LayerLook& layer = LayerOf(entity);
-    if (!layer.isVisible || entity.IntegerOr(kInvisible, 0) == 1 || entity.IntegerOr(kInPaperSpace, 0) == 1)
+    const LayerLook& layer = m_layers.Find(entity.Layer());
+    if (!layer.isVisible || !entity.IsInModel())
         return;
     const std::size_t first = m_faces.GetCount();
     const Outcome outcome = AddFaces(index, entity);
@@ -116,27 +97,13 @@ Outcome SceneBuilder::AddPolyline(std::size_t index, const EntityGroups& entity)
     if (!isMesh && ((flags & kThreeDimensional) != 0 || !HasThickness(entity)))
         return Outcome::Other;
     std::vector<PolylineVertex> vertices;
-    if (!ReadVertices(index, vertices))
+    if (!ReadPolylineVertices(m_drawing, index, vertices))
         return Outcome::Faulty;
     if ((flags & kPolyface) != 0)
         return OutcomeOf(AddPolyface(vertices, m_faces));
     if ((flags & kPolygonMesh) != 0)
         return OutcomeOf(AddPolygonMesh(entity, vertices, m_faces));
     return OutcomeOf(AddPolyline2d(entity, vertices, m_division, m_faces));
-}
-
-// The vertices up to SEQEND, or up to whatever stands there instead.
-bool SceneBuilder::ReadVertices(std::size_t index, std::vector<PolylineVertex>& vertices) const {
-    for (std::size_t i = index + 1; i < m_drawing.GetEntityCount(); ++i) {
-        const EntityGroups entity = GroupsOf(m_drawing.GetEntityId(i));
-        if (entity.Type() != "VERTEX")
-            break;
-        PolylineVertex vertex;
-        if (!ReadPolylineVertex(entity, vertex))
-            return false;
-        vertices.push_back(vertex);
-    }
-    return true;
 }
 
 }  // namespace
