@@ -22,7 +22,6 @@ constexpr int kThreeDimensional = 8;
 constexpr int kPolygonMesh = 16;
 constexpr int kPolyface = 64;
 constexpr double kSagittaInMillimetres = 50.0;
-constexpr double kSagittaInMetres = 0.05;
 
 // What an entity turned out to be.
 enum class Outcome { Faces, Faulty, Other };
@@ -34,7 +33,7 @@ Outcome OutcomeOf(bool isSound) {
 class SceneBuilder {
 public:
     explicit SceneBuilder(const AcDbDatabase& drawing) : m_drawing(drawing), m_layers(drawing) {
-        m_division.sagitta = IsDrawingInMetres(&drawing) ? kSagittaInMetres : kSagittaInMillimetres;
+        m_division.sagitta = kSagittaInMillimetres / UnitOf(drawing).millimetres.value_or(1.0);
     }
     Scene Run();
 

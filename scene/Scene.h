@@ -50,6 +50,6 @@ struct Scene {
 // face left is faulty. An extruded outline that crosses itself, or has more than 4096 corners with its arcs divided,
 // keeps its walls and has neither bottom nor top.
 //
-// Arcs (bulges) become chords that stray at most 50 mm from them, 4 to 64 for each arc. The drawing is in metres when
-// its $INSUNITS says so, else in millimetres. Beyond 250,000 chords in a drawing each further arc has 4.
+// Arcs (bulges) become chords that stray at most 50 mm from them, 4 to 64 for each arc, by the drawing's unit (UnitOf;
+// one that has no millimetres is taken for them). Beyond 250,000 chords in a drawing each further arc has 4.
 Scene BuildScene(const AcDbDatabase& drawing);

@@ -197,6 +197,10 @@ TEST(PolylineFaces, MeasureTheSagittaInTheDrawingsUnit) {
     EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40 20=0"), "", 6).faces.size(), 23U);
     EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 4).faces.size(), 23U);
     EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 0).faces.size(), 23U);
+    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=4000 20=0"), "", 5).faces.size(), 23U);
+    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=131.2336 20=0"), "", 2).faces.size(), 23U);
+    EXPECT_EQ(SceneOf(Entity("LWPOLYLINE", "39=1 10=0 20=0 42=1 10=40000 20=0"), "", 19).faces.size(), 23U)
+        << "nobody builds in light years";
 }
 
 TEST(PolylineFaces, OfOldPolylinesAreTheSame) {
