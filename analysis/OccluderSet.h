@@ -1,4 +1,5 @@
 // What casts shadows: the faces of a drawing in millimetres, and the closed bodies among them.
+// Why: docs/decisions/analysis.md
 #pragma once
 
 #include <cstddef>
@@ -6,6 +7,7 @@
 #include <vector>
 
 #include "analysis/Vector3.h"
+#include "platform/base/CString.h"
 
 struct Scene;
 class AcDbDatabase;
@@ -16,10 +18,30 @@ struct Occluder {
     int count = 3;
     std::uint32_t entity = 0;  // which of OccluderSet::handles
     std::int32_t body = -1;    // the closed body that it bounds; -1 for a loose face
+    std::int32_t joined = -1;  // of a loose face: which of the sets of loose faces that share corners; else -1
+
+    Vector3 Middle() const;
+    // At right angles to it, of any length, to either side.
+    Vector3 Normal() const;
 };
 
 struct OccluderSet {
-    std::vector<Occluder> faces;
-    std::vector<std::uint64_t> handles;  // of the entities
+    std::vector<Occluder> faces;         // those of one entity together
+    std::vector<std::uint64_t> handles;  // of the entities; 0 for one without
     int bodyCount = 0;
+    int joinedCount = 0;
 };
+
+// The faces of a drawing's scene, save those of entities on the layers of windows (by these names, as WindowLayers
+// takes them). `millimetres` is one unit of the drawing.
+OccluderSet MakeOccluders(const Scene& scene, const AcDbDatabase& drawing, const std::vector<CString>& windowLayers,
+                          double millimetres);
+
+// Finds the closed bodies among faces whose `entity` is known, and the sets of loose ones that share corners.
+//
+// A closed body is a set of faces, joined by edges, of which an even number meets at every edge; how they are oriented
+// does not matter. Corners closer than a tenth of a millimetre are one, and an edge may be divided by corners of
+// others. It is looked for first among the faces of one entity, then among all that are left, so that a building may
+// be drawn as separate faces. A face with an edge of its own belongs to no body and does not open the one that it
+// stands on. What lies in one plane, or is the same faces drawn twice, is no body.
+void FindClosedBodies(OccluderSet& set);

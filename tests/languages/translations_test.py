@@ -94,8 +94,10 @@ class Translations(unittest.TestCase):
                 self.assertEqual(missing, [], f"{os.path.basename(path)} lacks")
 
     def test_a_component_without_a_table_shows_no_texts(self):
+        exempt = untranslated()
         for component in set(COMPONENTS) - set(TABLES):
-            self.assertEqual(texts_of(component), {}, component)
+            texts = {text: source for text, source in texts_of(component).items() if text not in exempt}
+            self.assertEqual(texts, {}, component)
 
     def test_no_table_holds_texts_that_nobody_shows(self):
         shown = set().union(*(texts_of(component) for component in TABLES))
@@ -106,7 +108,7 @@ class Translations(unittest.TestCase):
 
     def test_no_exemption_is_left_over(self):
         shown = set()
-        for component in TABLES:
+        for component in COMPONENTS:
             texts = texts_of(component)
             shown |= set(texts) | {f"file {source}" for source in texts.values()}
         self.assertEqual(sorted(untranslated() - shown), [])

@@ -1,0 +1,64 @@
+// Compares the names of layers with those of windows, once for each.
+#include "analysis/WindowLayers.h"
+
+#include <algorithm>
+#include <new>
+
+#include "platform/host/AcDbDatabase.h"
+#include "platform/host/DxfScanner.h"
+#include "scene/EntityGroups.h"
+
+namespace {
+
+constexpr int kName = 2;
+constexpr const wchar_t* kUsual[] = {L"WINDOW", L"窗"};
+
+std::wstring KeyOf(CString name) {
+    return std::wstring(name.Trim().MakeLower().View());
+}
+
+}  // namespace
+
+WindowLayers::WindowLayers(const AcDbDatabase& drawing, const std::vector<CString>& names)
+    : m_drawing(drawing), m_areUsual(names.empty()) {
+    for (const CString& name : names)
+        m_layers.push_back({name, KeyOf(name)});
+    if (m_areUsual)
+        for (const wchar_t* const name : kUsual)
+            m_layers.push_back({name, KeyOf(name)});
+    std::vector<AcDbObjectId> records;
+    if (!drawing.GetSymbolTableRecords("LAYER", records))
+        throw std::bad_alloc();
+    for (const AcDbObjectId id : records) {
+        const EntityGroups record = GroupsOf(drawing, id);
+        if (const DxfGroup* const name = record.Find(kName))
+            Has(name->value);
+    }
+}
+
+std::size_t WindowLayers::IndexOf(std::string_view name) const {
+    const std::wstring key = KeyOf(m_drawing.Decode(TrimDxfValue(name)));
+    const auto layer =
+        std::find_if(m_layers.begin(), m_layers.end(), [&](const Layer& each) { return each.key == key; });
+    return static_cast<std::size_t>(layer - m_layers.begin());
+}
+
+bool WindowLayers::Has(std::string_view name) {
+    const auto [known, isNew] = m_known.try_emplace(std::string(name), false);
+    if (isNew) {
+        const std::size_t index = IndexOf(name);
+        known->second = index < m_layers.size();
+        if (known->second)
+            m_layers[index].isThere = true;
+    }
+    return known->second;
+}
+
+std::vector<CString> WindowLayers::Missing() const {
+    std::vector<CString> names;
+    for (const Layer& layer : m_layers)
+        if (!layer.isThere && std::none_of(m_layers.begin(), m_layers.end(),
+                                           [&](const Layer& other) { return other.isThere && other.key == layer.key; }))
+            names.push_back(layer.name);
+    return names;
+}
