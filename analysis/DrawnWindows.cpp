@@ -1,0 +1,111 @@
+// Walks over the entities of a drawing for its windows and the texts that may name them.
+#include "analysis/DrawnWindows.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "analysis/DrawnOutline.h"
+#include "analysis/WindowLayers.h"
+#include "analysis/WindowRectangle.h"
+#include "analysis/WindowTexts.h"
+#include "platform/host/AcDbDatabase.h"
+#include "scene/EntityGroups.h"
+#include "scene/LayerLook.h"
+
+namespace {
+
+// What has an area, so that somebody may have meant it for a window. Lines, dimensions, points and the like are marks.
+bool HasArea(std::string_view type) {
+    constexpr std::string_view kKinds[] = {"3DFACE", "LWPOLYLINE", "POLYLINE", "MESH",    "SOLID",  "TRACE",   "INSERT",
+                                           "REGION", "HATCH",      "3DSOLID",  "SURFACE", "CIRCLE", "ELLIPSE", "BODY"};
+    return std::find(std::begin(kKinds), std::end(kKinds), type) != std::end(kKinds);
+}
+
+class WindowFinder {
+public:
+    WindowFinder(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres)
+        : m_drawing(drawing), m_windowLayers(drawing, layers), m_layers(drawing), m_millimetres(millimetres) {}
+
+    WindowsOfDrawing Run(double thickness);
+
+private:
+    void Take(std::size_t index, const EntityGroups& entity);
+    void TakeOutline(std::size_t index, const EntityGroups& entity);
+    void CountInvisible(std::string_view layer);
+    void RemarkOnLayers();
+
+    const AcDbDatabase& m_drawing;
+    WindowLayers m_windowLayers;
+    LayerTable m_layers;
+    double m_millimetres;
+    WindowsOfDrawing m_found;
+    std::vector<AnalysisRemark> m_invisible;  // one for each layer
+    std::vector<WindowText> m_texts;
+    std::vector<Vector3> m_corners;
+};
+
+WindowsOfDrawing WindowFinder::Run(double thickness) {
+    for (std::size_t i = 0; i < m_drawing.GetEntityCount(); ++i)
+        Take(i, GroupsOf(m_drawing, m_drawing.GetEntityId(i)));
+    NameWindows(m_found.windows, m_texts, thickness);
+    RemarkOnLayers();
+    return std::move(m_found);
+}
+
+void WindowFinder::Take(std::size_t index, const EntityGroups& entity) {
+    if (!m_windowLayers.Has(entity.Layer()) || !entity.IsInModel())
+        return;
+    const std::string_view type = entity.Type();
+    if (!m_layers.Find(entity.Layer()).isVisible) {
+        if (HasArea(type))
+            CountInvisible(entity.Layer());
+    } else if (HasArea(type)) {
+        TakeOutline(index, entity);
+    } else if (type == "TEXT" || type == "MTEXT") {
+        WindowText text;
+        if (ReadWindowText(m_drawing, entity, m_millimetres, text))
+            m_texts.push_back(std::move(text));
+    }
+}
+
+void WindowFinder::TakeOutline(std::size_t index, const EntityGroups& entity) {
+    const std::uint64_t handle = m_drawing.GetHandle(m_drawing.GetEntityId(index));
+    std::optional<DrawnWindow> window;
+    if (ReadOutline(m_drawing, index, entity, m_millimetres, m_corners))
+        window = RectangleOf(m_corners);
+    if (window) {
+        window->handle = handle;
+        m_found.windows.push_back(*std::move(window));
+    } else {
+        m_found.remarks.push_back({AnalysisRemark::Kind::NotAWindow, {}, handle, 1, 0.0});
+    }
+}
+
+void WindowFinder::CountInvisible(std::string_view layer) {
+    const CString name = m_drawing.Decode(layer).Trim();
+    const auto known = std::find_if(m_invisible.begin(), m_invisible.end(), [&](const AnalysisRemark& remark) {
+        return remark.subject.CompareNoCase(name) == 0;
+    });
+    if (known != m_invisible.end())
+        ++known->count;
+    else
+        m_invisible.push_back({AnalysisRemark::Kind::LayerInvisible, name, 0, 1, 0.0});
+}
+
+void WindowFinder::RemarkOnLayers() {
+    std::vector<AnalysisRemark>& remarks = m_found.remarks;
+    remarks.insert(remarks.end(), m_invisible.begin(), m_invisible.end());
+    if (!m_windowLayers.AreUsual())
+        for (const CString& name : m_windowLayers.Missing())
+            remarks.push_back({AnalysisRemark::Kind::LayerMissing, name, 0, 0, 0.0});
+    if (m_found.windows.empty())
+        remarks.push_back({AnalysisRemark::Kind::NoWindows, {}, 0, 0, 0.0});
+}
+
+}  // namespace
+
+WindowsOfDrawing FindWindows(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
+                             double thickness) {
+    return WindowFinder(drawing, layers, millimetres).Run(thickness);
+}

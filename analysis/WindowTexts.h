@@ -1,0 +1,26 @@
+// Texts of a drawing that name windows.
+// Why: docs/decisions/analysis.md
+#pragma once
+
+#include <vector>
+
+#include "analysis/DrawnWindow.h"
+
+class AcDbDatabase;
+class EntityGroups;
+
+// A text where it was put, in millimetres of the world's coordinates.
+struct WindowText {
+    CString text;
+    Vector3 place;
+};
+
+// A TEXT or MTEXT without what formats it. Its place is the insertion point: of a TEXT that is justified otherwise than
+// to the left of its line, stretched or fitted, the second point where there is one. False for an empty one, and for
+// data that are unsound.
+bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, double millimetres, WindowText& text);
+
+// Names the windows: by the first of the texts, in their order, that lie in one; without any by the handle, and where
+// there is none by its number among the windows ("#3"). A text lies in the nearest window (of several equally near the
+// first) of those whose rectangle it stands before or behind, at most `thickness` away.
+void NameWindows(std::vector<DrawnWindow>& windows, const std::vector<WindowText>& texts, double thickness);
