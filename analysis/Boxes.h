@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <vector>
 
 #include "analysis/BoxTree.h"
 #include "analysis/OccluderSet.h"
@@ -18,6 +19,14 @@ inline Box BoxAround(const Occluder& face) {
     for (int i = 1; i < face.count; ++i)
         box = BoxAround(box, BoxAround(face.corners[i]));
     return box;
+}
+
+inline std::vector<Box> BoxesAround(const std::vector<Occluder>& faces) {
+    std::vector<Box> boxes;
+    boxes.reserve(faces.size());
+    for (const Occluder& face : faces)
+        boxes.push_back(BoxAround(face));
+    return boxes;
 }
 
 // Wider by this on each side.

@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "analysis/AnalysisRemark.h"
 #include "analysis/DrawnWindow.h"
-#include "analysis/WindowAnalysis.h"
 #include "platform/base/CString.h"
 
 class AcDbDatabase;

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "analysis/FaceTree.h"
+#include "analysis/Boxes.h"
 #include "analysis/SkyWindow.h"
 
 namespace {
@@ -17,9 +17,9 @@ constexpr double kLongestSector = 8.0;  // hours
 Vector3 MiddleOf(const std::vector<Occluder>& faces) {
     if (faces.empty())
         return {};
-    Box around = BoxOf(faces.front());
+    Box around = BoxAround(faces.front());
     for (const Occluder& face : faces)
-        around = Around(around, BoxOf(face));
+        around = BoxAround(around, BoxAround(face));
     return (around.least + around.most) * 0.5;
 }
 
@@ -73,14 +73,10 @@ ShadowCaster::Sector ShadowCaster::MakeSector(const OccluderSet& occluders, SunP
     sector.period = period;
     sector.middle = 0.5 * (HourAngleOf(period.start) + HourAngleOf(period.end));
     sector.faces = occluders.faces;
-    std::vector<Box> boxes;
-    boxes.reserve(sector.faces.size());
-    for (Occluder& face : sector.faces) {
+    for (Occluder& face : sector.faces)
         for (Vector3& corner : face.corners)
             corner = ToSector(sector, corner - m_middle);
-        boxes.push_back(BoxOf(face));
-    }
-    sector.tree = BoxTree(boxes);
+    sector.tree = BoxTree(BoxesAround(sector.faces));
     return sector;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "analysis/Tolerances.h"
 #include "facts/Settings.h"
 #include "facts/Standard.h"
 #include "settings/OrvoStdSet.h"
@@ -14,8 +15,6 @@ namespace {
 
 constexpr double kMinutesPerHour = 60.0;
 constexpr double kHoursPerDay = 24.0;
-constexpr double kSameHour = 1e-9;    // hours
-constexpr double kSameMinute = 1e-6;  // minutes
 // Minutes. Finer marks tell nothing more, and their numbers would outgrow whole numbers in a double.
 constexpr double kFinestStep = 1e-10;
 
@@ -26,13 +25,15 @@ public:
         : m_start(span.start), m_step(std::max(step, kFinestStep)), m_last(LastBefore(span.end)) {}
 
     double First(const SunPeriod& lit) const {
-        return std::max(std::ceil((lit.start - kSameHour - m_start) * kMinutesPerHour / m_step), 0.0);
+        return std::max(std::ceil((lit.start - kShortestHours - m_start) * kMinutesPerHour / m_step), 0.0);
     }
     double Last(const SunPeriod& lit) const { return std::min(LastBefore(lit.end), m_last); }
     double TimeOf(double mark) const { return m_start + mark * m_step / kMinutesPerHour; }
 
 private:
-    double LastBefore(double time) const { return std::floor((time + kSameHour - m_start) * kMinutesPerHour / m_step); }
+    double LastBefore(double time) const {
+        return std::floor((time + kShortestHours - m_start) * kMinutesPerHour / m_step);
+    }
 
     double m_start;
     double m_step;
@@ -41,7 +42,7 @@ private:
 
 // A gap that no mark falls into is not seen, and neither is a period with a single mark.
 std::vector<SunPeriod> SteppedPeriods(HourSpans sunlit, const StepMarks& marks) {
-    sunlit.DropShorterThan(kSameHour);
+    sunlit.DropShorterThan(kShortestHours);
     // First and last of lit marks that follow each other; the last before the first where there is none.
     std::vector<std::pair<double, double>> runs;
     for (const SunPeriod& lit : sunlit.All()) {
@@ -76,8 +77,9 @@ public:
         std::vector<std::size_t> rest = Counted();
         for (; count > 0 && !rest.empty(); --count) {
             const double longest = LongestOf(rest);
-            rest.erase(std::find_if(rest.begin(), rest.end(),
-                                    [&](std::size_t i) { return m_periods[i].Minutes() >= longest - kSameMinute; }));
+            rest.erase(std::find_if(rest.begin(), rest.end(), [&](std::size_t i) {
+                return m_periods[i].Minutes() >= longest - kMinuteTolerance;
+            }));
         }
         for (const std::size_t i : rest)
             m_dropped[i] = reason;
@@ -119,8 +121,9 @@ private:
 };
 
 void ChooseForTotal(Choice& choice, const Standard& standard) {
-    choice.DropWhere(DropReason::Short, [&](double minutes) { return minutes < standard.minValidTime - kSameMinute; });
-    if (choice.Longest() < standard.minMaxValidTime - kSameMinute)
+    choice.DropWhere(DropReason::Short,
+                     [&](double minutes) { return minutes < standard.minValidTime - kMinuteTolerance; });
+    if (choice.Longest() < standard.minMaxValidTime - kMinuteTolerance)
         choice.KeepLongest(0, DropReason::Threshold);
     if (standard.totalTimeType == ORVO_TOTAL_LONGEST_TWO)
         choice.KeepLongest(2, DropReason::NotAmongLongest);
@@ -133,7 +136,7 @@ void ChooseForLongest(Choice& choice, const Standard& standard) {
         choice.KeepLongest(1, DropReason::NotAmongLongest);
         return;
     }
-    const double threshold = standard.minContinueTime + kSameMinute;
+    const double threshold = standard.minContinueTime + kMinuteTolerance;
     if (choice.Longest() > threshold)
         choice.DropWhere(DropReason::Threshold, [=](double minutes) { return minutes <= threshold; });
     else

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "analysis/HourSpans.h"
-#include "analysis/WindowAnalysis.h"
+#include "analysis/WindowResult.h"
 
 struct Settings;
 struct Standard;

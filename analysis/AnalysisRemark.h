@@ -1,0 +1,30 @@
+// What an analysis has to say beside its numbers.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/base/CString.h"
+
+// One thing to know: its kind, and of the others what that kind names.
+struct AnalysisRemark {
+    enum class Kind {
+        NoWindows,         // no window on the layers that were asked for
+        NoFaces,           // nothing casts a shadow
+        LayerMissing,      // `subject` is a layer that was asked for by name and that the drawing does not have
+        LayerInvisible,    // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
+        NotAWindow,        // the entity `handle` on a layer of windows is no vertical rectangle
+        Faulty,            // `count` entities of the drawing could not be read
+        WithoutFaces,      // `count` visible entities have no faces and cast no shadow
+        SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes
+        StepUnusable,      // the step is no time: no minutes
+        SunBelowHorizon,   // the sun never stands above `amount` degrees of altitude in the span
+        LeftOutByScope,    // `count` entities stand before some window and were too far away from it
+        LeftOutByAltitude  // hours below `amount` degrees of altitude were left out
+    };
+    Kind kind = Kind::NoWindows;
+    CString subject;
+    std::uint64_t handle = 0;
+    std::size_t count = 0;
+    double amount = 0.0;
+};

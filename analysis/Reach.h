@@ -1,0 +1,30 @@
+// How far the module's parameters of scope let an analysis look.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "analysis/BoxTree.h"
+#include "analysis/OccluderSet.h"
+
+// Lengths in millimetres, with the names of the parameters that they come from (AnalysisParameters.h).
+struct ReachLimits {
+    double mainScopeRadius = 0.0;
+    double scopeFactorOfHeight = 0.0;
+    double buildingHeightLimit = 0.0;
+};
+
+// An entity counts for a window when, in plan, it comes as near as `mainScopeRadius`, and as near as
+// `scopeFactorOfHeight` times how far it rises over the window's sill, of which no more than `buildingHeightLimit` is
+// taken.
+class Reach {
+public:
+    Reach(const OccluderSet& occluders, const ReachLimits& limits);
+
+    // Whether an entity counts for a window with its sill's middle here.
+    bool Counts(std::uint32_t entity, const Vector3& sill) const;
+
+private:
+    ReachLimits m_limits;
+    std::vector<Box> m_boxes;  // around each entity's faces
+};

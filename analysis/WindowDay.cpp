@@ -1,0 +1,182 @@
+// From a window to its hours: the span, less the night and the hours behind its plane, less what faces hide.
+#include "analysis/WindowDay.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/Boxes.h"
+#include "analysis/Tolerances.h"
+#include "calendar/ShanghaiValidTime.h"
+#include "facts/Angles.h"
+#include "facts/Standard.h"
+#include "settings/OrvoStdSet.h"
+
+namespace {
+
+constexpr double kPartStep = 100.0;  // millimetres from one part of a wide window to the next
+
+// The hours whose sun is valid for a window by the standard's rule.
+HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window) {
+    if (day.standard.validSunType == ORVO_SUN_SHANGHAI) {
+        const QcGePoint hours = GetShanghaiValidTime(FacingOf(window, day.north) * kRadiansPerDegree);
+        return Intersection(SunPeriod{hours.x, hours.y}, day.span);
+    }
+    const int least = day.standard.minValidAngle;
+    if (least <= 0)
+        return day.span;
+    if (least >= 90)
+        return {};
+    // The sun's direction in plan is at least this angle off the wall, on both ends of it.
+    const double sine = std::sin(least * kRadiansPerDegree);
+    const double cosine = std::cos(least * kRadiansPerDegree);
+    const Vector3 outward = window.Outward() * cosine;
+    return Intersection(day.path.HoursBefore(outward - window.right * sine, 0.0, day.span),
+                        day.path.HoursBefore(outward + window.right * sine, 0.0, day.span));
+}
+
+struct LitHours {
+    HourSpans before;  // the sun is up and before the window
+    HourSpans lit;
+    HourSpans sunlit;  // lit and valid
+};
+
+LitHours FindLitHours(const DayOfAnalysis& day, const DrawnWindow& window, const SunTarget& target,
+                      const HourSpans& valid, const EntityFilter& counts) {
+    LitHours hours;
+    hours.before = Intersection(day.up, day.path.HoursBefore(window.Outward(), 0.0, day.span));
+    hours.lit = Difference(hours.before, day.caster.HiddenHours(target, hours.before, counts));
+    hours.lit.DropShorterThan(kShortestHours);
+    hours.sunlit = Intersection(hours.lit, valid);
+    hours.sunlit.DropShorterThan(kShortestHours);
+    return hours;
+}
+
+// Where a window begins that is judged by a part of it: the left ends of all parts that are tried.
+std::vector<double> PartStarts(double width, double part) {
+    std::vector<double> starts;
+    const double last = width - part;
+    for (int i = 0; i * kPartStep < last; ++i)
+        starts.push_back(i * kPartStep);
+    starts.push_back(last);
+    return starts;
+}
+
+// The left end of the part with the most judged sun, of equals the leftmost one.
+double BestPart(const DayOfAnalysis& day, const DrawnWindow& window, double width, const HourSpans& valid,
+                const EntityFilter& counts) {
+    double best = 0.0;
+    double most = -1.0;
+    for (const double from : PartStarts(window.width, width)) {
+        const SunTarget target = TargetOf(day, window, from, width);
+        const HourSpans sunlit = FindLitHours(day, window, target, valid, counts).sunlit;
+        const double judged = CountSun(sunlit, day.span, day.standard).judged;
+        if (judged > most + kMinuteTolerance) {
+            most = judged;
+            best = from;
+        }
+    }
+    return best;
+}
+
+bool IsCut(const DayOfAnalysis& day, const SunTarget& target, const EntityFilter& counts) {
+    bool isCut = false;
+    const Vector3 half = {std::abs(target.right.x) * target.halfWidth, std::abs(target.right.y) * target.halfWidth,
+                          target.halfHeight};
+    const Box around = {target.middle - half, target.middle + half};
+    day.faceTree.Walk([&](const Box& box) { return Overlap(box, around); },
+                      [&](std::size_t index) {
+                          const Occluder& face = day.occluders.faces[index];
+                          const bool isAsked = !counts || counts(face.entity);
+                          isCut = isCut || (isAsked && CutsTarget(target, face.corners, face.count));
+                      });
+    return isCut;
+}
+
+// The hidden hours with all that hides any part of the window in each.
+std::vector<HiddenPeriod> TellCulprits(const DayOfAnalysis& day, const SunTarget& target, const HourSpans& hidden,
+                                       const EntityFilter& counts) {
+    const std::vector<CastShadow> shadows = day.caster.ShadowsOn(target, hidden, counts);
+    std::vector<HiddenPeriod> told;
+    for (const SunPeriod& period : hidden.All()) {
+        HiddenPeriod each{period, {}};
+        for (const CastShadow& shadow : shadows)
+            if (std::min(shadow.period.end, period.end) - std::max(shadow.period.start, period.start) > 0.0)
+                each.by.push_back(day.occluders.handles[shadow.entity]);
+        std::sort(each.by.begin(), each.by.end());
+        each.by.erase(std::unique(each.by.begin(), each.by.end()), each.by.end());
+        told.push_back(std::move(each));
+    }
+    return told;
+}
+
+void AddDropped(std::vector<DroppedPeriod>& dropped, HourSpans periods, DropReason reason) {
+    periods.DropShorterThan(kShortestHours);
+    for (const SunPeriod& period : periods.All())
+        dropped.push_back({period, reason});
+}
+
+void AddCount(const DayOfAnalysis& day, const HourSpans& sunlit, WindowResult& result) {
+    SunCount count = CountSun(sunlit, day.span, day.standard);
+    result.stepped = std::move(count.stepped);
+    result.counted = std::move(count.counted);
+    result.dropped.insert(result.dropped.end(), count.dropped.begin(), count.dropped.end());
+    std::stable_sort(result.dropped.begin(), result.dropped.end(),
+                     [](const DroppedPeriod& a, const DroppedPeriod& b) { return a.period.start < b.period.start; });
+    result.total = count.total;
+    result.longest = count.longest;
+    result.judged = count.judged;
+}
+
+}  // namespace
+
+double FacingOf(const DrawnWindow& window, double north) {
+    const Vector3 outward = window.Outward();
+    const double turned = std::atan2(outward.y, outward.x) / kRadiansPerDegree - north;
+    const double facing = turned - 360.0 * std::floor(turned / 360.0);
+    return facing < 360.0 ? facing : 0.0;
+}
+
+SunTarget TargetOf(const DayOfAnalysis& day, const DrawnWindow& window, double from, double width) {
+    SunTarget target;
+    target.right = window.right;
+    target.up = {0.0, 0.0, 1.0};
+    target.outward = window.Outward();
+    const Vector3 outside = window.lowerLeft + target.outward * day.offset;
+    if (day.standard.fullWindow == 0) {
+        target.middle = outside + target.right * (0.5 * window.width) + target.up * day.precision;
+        return target;
+    }
+    target.middle = outside + target.right * (from + 0.5 * width) + target.up * (0.5 * window.height);
+    target.halfWidth = std::max(0.5 * width - day.precision, 0.0);
+    target.halfHeight = std::max(0.5 * window.height - day.precision, 0.0);
+    return target;
+}
+
+void AnalyseDay(const DayOfAnalysis& day, const DrawnWindow& window, const EntityFilter& counts, WindowResult& result) {
+    const HourSpans valid = ValidHours(day, window);
+    const Standard& standard = day.standard;
+    const bool isLimited = standard.fullWindow != 0 && standard.limitWidth != 0;
+    double from = 0.0;
+    double width = window.width;
+    if (isLimited && window.width < standard.minWidth - kLengthTolerance)
+        result.notes.push_back(WindowNote::Narrower);
+    if (isLimited && standard.maxWidth > 0.0 && window.width > standard.maxWidth + kLengthTolerance) {
+        width = standard.maxWidth;
+        from = BestPart(day, window, width, valid, counts);
+        result.part = WindowPart{from / kMillimetresPerMetre, width / kMillimetresPerMetre};
+    }
+    const SunTarget target = TargetOf(day, window, from, width);
+    if (IsCut(day, target, counts))
+        result.notes.push_back(WindowNote::Cut);
+    const LitHours hours = FindLitHours(day, window, target, valid, counts);
+    result.sunlit = hours.sunlit.All();
+    AddDropped(result.dropped, Difference(hours.lit, valid),
+               standard.validSunType == ORVO_SUN_SHANGHAI ? DropReason::Facing : DropReason::Angle);
+    HourSpans hidden = Difference(Intersection(hours.before, valid), hours.sunlit);
+    hidden.DropShorterThan(kShortestHours);
+    result.hidden = TellCulprits(day, target, hidden, counts);
+    AddCount(day, hours.sunlit, result);
+    if (day.need)
+        result.passes = result.judged >= *day.need * 60.0 - kMinuteTolerance;
+    result.color = ColorOf(standard, result.judged);
+}

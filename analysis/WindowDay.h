@@ -1,0 +1,35 @@
+// The day of one window: when the sun reaches it, when it counts, and what takes it away.
+#pragma once
+
+#include "analysis/BoxTree.h"
+#include "analysis/DrawnWindow.h"
+#include "analysis/HourSpans.h"
+#include "analysis/ShadowCaster.h"
+#include "analysis/SunCount.h"
+#include "analysis/WindowResult.h"
+
+// What every window of one analysis has in common.
+struct DayOfAnalysis {
+    const Standard& standard;
+    const OccluderSet& occluders;
+    const BoxTree& faceTree;  // over the faces, in the drawing's axes
+    const ShadowCaster& caster;
+    const SunPath& path;
+    SunPeriod span = {};  // true solar time; without a length when nothing is to be counted
+    HourSpans up = {};    // the hours of the span with the sun up
+    double north = 0.0;   // degrees
+    std::optional<double> need = {};
+    double offset = 0.0;     // g_nSunWinOffset, millimetres
+    double precision = 0.0;  // g_nSunDistPrec, millimetres
+};
+
+// What must be lit of a window as it is drawn, or of a part of it: moved outward by the offset, less the precision on
+// each side; of a standard that asks for the sill's middle, that point, raised by the precision. `from` and `width` are
+// millimetres from the left end.
+SunTarget TargetOf(const DayOfAnalysis& day, const DrawnWindow& window, double from, double width);
+
+// The facing of a window that has a side: degrees from true east, counter-clockwise, [0, 360).
+double FacingOf(const DrawnWindow& window, double north);
+
+// Everything about the hours of a window; `counts` says which entities are asked.
+void AnalyseDay(const DayOfAnalysis& day, const DrawnWindow& window, const EntityFilter& counts, WindowResult& result);

@@ -1,0 +1,70 @@
+// What an analysis finds out about one window.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "analysis/SunPeriod.h"
+#include "platform/base/CString.h"
+#include "platform/geometry/QcGePoint.h"
+
+// Why sun that reaches a window does not count.
+enum class DropReason {
+    Facing,           // outside the hours of the Shanghai rule
+    Angle,            // too flat along the wall for the standard's least angle
+    Short,            // shorter than the shortest period that counts
+    NotAmongLongest,  // there are longer ones, and only the longest count
+    Threshold,        // does not exceed the threshold, or no period is as long as the longest must be
+};
+
+struct DroppedPeriod {
+    SunPeriod period;
+    DropReason reason = DropReason::Short;
+};
+
+struct HiddenPeriod {
+    SunPeriod period;
+    std::vector<std::uint64_t>
+        by;  // handles of all that hide any part of the window then, ascending; 0 for one without
+};
+
+enum class WindowNote {
+    Cut,       // a face runs through the window: no sun all day
+    Inside,    // it lies in a closed body
+    NoSide,    // which side is outside cannot be told: no hours, no verdict
+    Narrower,  // than the standard's least width
+};
+
+// Where a window too wide for the standard was judged.
+struct WindowPart {
+    double from = 0.0;   // metres from the left end, seen from outside
+    double width = 0.0;  // metres
+};
+
+// One window. Lengths are metres and points are in the drawing's axes, all of the window as it is drawn.
+struct WindowResult {
+    std::uint64_t handle = 0;  // 0 where the drawing gives none
+    CString name;              // as the drawing says it; where it does not, the handle in capital hexadecimal digits
+    std::optional<int> floor;  // 1 for the lowest sill of its building, and so on
+    std::optional<double> facing;  // of the outward normal: degrees from true east, counter-clockwise, [0, 360)
+    double width = 0.0;
+    double height = 0.0;
+    double sill = 0.0;                 // z of the lower edge
+    std::array<QcGePoint, 4> corners;  // from the lower left one seen from outside, counter-clockwise
+
+    // All lists are in order of time. Where a part was judged they are the part's.
+    std::vector<SunPeriod> sunlit;       // exact: lit, and valid by the rule of the sun
+    std::vector<SunPeriod> stepped;      // the same by the standard's step
+    std::vector<SunPeriod> counted;      // those of `stepped` that the standard counts
+    std::vector<DroppedPeriod> dropped;  // Facing and Angle exact, the others by the step
+    std::vector<HiddenPeriod> hidden;    // the sun is up, before the window and valid, and does not reach all of it
+    double total = 0.0;                  // minutes of `counted`
+    double longest = 0.0;                // minutes of the longest of them
+    double judged = 0.0;                 // minutes that the standard compares with what is needed
+    std::optional<bool> passes;          // none without a need or without a side
+    int color = 0;                       // of the judged hours, by the standard's table
+    std::optional<WindowPart> part;
+    std::vector<WindowNote> notes;  // each at most once, in the order of the enumeration
+};
