@@ -1,16 +1,15 @@
 // The entities of a drawing as a table and as a document.
 #include "workbench/commands/EntityList.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <vector>
 
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/Output.h"
-#include "scene/GroupCodes.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
+#include "workbench/commands/EntityWords.h"
 #include "workbench/terminal/JsonOutput.h"
 #include "workbench/terminal/TextTable.h"
 
@@ -21,25 +20,14 @@ using Align = TextTable::Align;
 
 struct Entity {
     std::uint64_t handle;  // 0: none
-    CString type;
-    CString layer;
+    EntityWords words;
 };
 
-CString FirstText(const AcDbDatabase& drawing, const std::vector<DxfGroup>& groups, int code) {
-    const auto group =
-        std::find_if(groups.begin(), groups.end(), [code](const DxfGroup& each) { return each.code == code; });
-    return group == groups.end() ? CString() : drawing.Decode(group->value);
-}
-
 std::vector<Entity> EntitiesOf(const AcDbDatabase& drawing) {
-    constexpr int kType = 0;
     std::vector<Entity> entities;
-    std::vector<DxfGroup> groups;
     for (std::size_t i = 0; i < drawing.GetEntityCount(); ++i) {
         const AcDbObjectId id = drawing.GetEntityId(i);
-        drawing.GetGroups(id, groups);
-        entities.push_back(
-            {drawing.GetHandle(id), FirstText(drawing, groups, kType), FirstText(drawing, groups, kLayer)});
+        entities.push_back({drawing.GetHandle(id), WordsOfEntity(drawing, id)});
     }
     return entities;
 }
@@ -51,8 +39,8 @@ void PrintEntities(const AcDbDatabase& drawing, Output& output) {
     TextTable table({Align::Right, Align::Left, Align::Left});
     table.Add({Say(L"句柄"), Say(L"类型"), Say(L"图层")});
     for (const Entity& entity : entities)
-        table.Add({entity.handle == 0 ? CString(L"-") : HandleText(entity.handle), Printable(entity.type),
-                   Printable(entity.layer)});
+        table.Add({entity.handle == 0 ? CString(L"-") : HandleText(entity.handle), Printable(entity.words.type),
+                   Printable(entity.words.layer)});
     table.PrintTo(output);
     output.Line(SayFormat(L"共 %d 个实体", static_cast<int>(entities.size())));
 }
@@ -63,8 +51,9 @@ void PrintEntitiesAsJson(const AcDbDatabase& drawing, Output& output) {
         Json handle = nullptr;
         if (entity.handle != 0)
             handle = ToUtf8(HandleText(entity.handle).View());
-        list.push_back(
-            {{"handle", handle}, {"type", ToUtf8(entity.type.View())}, {"layer", ToUtf8(entity.layer.View())}});
+        list.push_back({{"handle", handle},
+                        {"type", ToUtf8(entity.words.type.View())},
+                        {"layer", ToUtf8(entity.words.layer.View())}});
     }
     PrintJson(output, list);
 }

@@ -12,6 +12,7 @@
 #include "platform/host/Output.h"
 #include "settings/OrvoStdSet.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/CompassWords.h"
 #include "workbench/commands/SunAsJson.h"
 #include "workbench/commands/SunRows.h"
 #include "workbench/terminal/JsonOutput.h"
@@ -23,14 +24,12 @@ using Json = nlohmann::ordered_json;
 using Align = TextTable::Align;
 
 struct Facing {
-    const wchar_t* name;  // built-in text
     const char* key;
     double direction;  // degrees from east, counter-clockwise, in a drawing whose y axis points north
 };
 // From north on clockwise.
 constexpr Facing kFacings[] = {
-    {L"北", "N", 90.0},  {L"东北", "NE", 45.0},  {L"东", "E", 0.0},   {L"东南", "SE", 315.0},
-    {L"南", "S", 270.0}, {L"西南", "SW", 225.0}, {L"西", "W", 180.0}, {L"西北", "NW", 135.0},
+    {"N", 90.0}, {"NE", 45.0}, {"E", 0.0}, {"SE", 315.0}, {"S", 270.0}, {"SW", 225.0}, {"W", 180.0}, {"NW", 135.0},
 };
 
 CString BeijingTime(double hours) {
@@ -73,9 +72,10 @@ void PrintFacings(Output& output) {
     TextTable table({Align::Left, Align::Left});
     for (const Facing& facing : kFacings) {
         const auto [start, end] = PeriodOf(facing);
-        table.Add({Say(facing.name), start < end ? SayFormat(L"%s～%s", OrvoDegree(start).TimeFormat(false),
-                                                             OrvoDegree(end).TimeFormat(false))
-                                                 : Say(L"无")});
+        table.Add({CompassWord(facing.direction),
+                   start < end
+                       ? SayFormat(L"%s～%s", OrvoDegree(start).TimeFormat(false), OrvoDegree(end).TimeFormat(false))
+                       : Say(L"无")});
     }
     table.PrintTo(output, 2);
 }

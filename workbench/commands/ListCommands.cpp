@@ -136,8 +136,7 @@ int RunStandards(const StandardsOptions& options, Output& output) {
         const StandardChanges changes = ChangesFromShipped(*kept, shipped.get());
         const bool isCurrent = i == g_SunDataSet.m_nCurStd;
         if (options.isJson) {
-            list.push_back({{"index", i}, {"current", isCurrent}});
-            list.back().update(RulesAsJson(standard, changes));
+            list.push_back(ListedStandardAsJson(i, isCurrent, standard, changes));
         } else {
             const CString name = Printable(standard.name);
             output.Line(isCurrent ? SayFormat(L"%s（当前）", name) : name);

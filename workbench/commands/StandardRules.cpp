@@ -77,3 +77,10 @@ nlohmann::ordered_json RulesAsJson(const Standard& standard, const StandardChang
     }
     return document;
 }
+
+nlohmann::ordered_json ListedStandardAsJson(int index, bool isCurrent, const Standard& standard,
+                                            const StandardChanges& changes) {
+    nlohmann::ordered_json document = {{"index", index}, {"current", isCurrent}};
+    document.update(RulesAsJson(standard, changes));
+    return document;
+}

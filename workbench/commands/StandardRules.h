@@ -20,3 +20,7 @@ void PrintRules(const Standard& standard, const StandardChanges& changes, Output
 // Every field with its number as it is stored; "source" where one is known (see SourceOf); "changedFromShipped", the
 // keys of the fields that were changed, null when none of its name was shipped.
 nlohmann::ordered_json RulesAsJson(const Standard& standard, const StandardChanges& changes);
+
+// The same as an element of the list of standards, with its "index" there and whether it is the "current" one first.
+nlohmann::ordered_json ListedStandardAsJson(int index, bool isCurrent, const Standard& standard,
+                                            const StandardChanges& changes);
