@@ -99,7 +99,7 @@ TESTS_SUPPORT = "support"
 
 # What stands around the house, and the libraries that it may use. It may include every room.
 ANNEXES = {
-    "tests": (SYSTEM, QT, OPENGL, EMBREE, GMP, GTEST),
+    "tests": (SYSTEM, QT, OPENGL, EMBREE, GMP, GTEST, JSON),
     "bench": (SYSTEM, QT, LIBXML2, EMBREE, BENCHMARK),
     "fuzz": (SYSTEM,),
     "tools": (QT,),

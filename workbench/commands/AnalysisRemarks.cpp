@@ -1,0 +1,144 @@
+// Remarks, notes and failures as messages.
+#include "workbench/commands/AnalysisRemarks.h"
+
+#include <algorithm>
+
+#include "facts/NearestNames.h"
+#include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisWords.h"
+
+namespace {
+
+using Kind = AnalysisRemark::Kind;
+
+CString Count(const AnalysisRemark& remark) {
+    return DoubleToText(static_cast<double>(remark.count));
+}
+
+CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
+    switch (remark.kind) {
+        case Kind::NoWindows:
+            return SayFormat(L"没有窗可以分析：窗是图层 %s 上竖直的矩形（三维面或闭合的多段线）；用 --windows 给出图层",
+                             WindowLayersText(request));
+        case Kind::NoFaces:
+            return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
+        case Kind::LayerMissing:
+            return SayFormat(L"图形中没有图层“%s”（--windows）", Printable(remark.subject));
+        case Kind::LayerInvisible:
+            return SayFormat(L"窗图层“%s”关闭或冻结，其上的 %s 个实体没有分析；请先打开图层", Printable(remark.subject),
+                             Count(remark));
+        case Kind::NotAWindow:
+            return SayFormat(L"窗图层上的实体 %s 不是竖直的矩形，没有当作窗", HandleOrNone(remark.handle));
+        case Kind::Faulty:
+            return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
+        case Kind::WithoutFaces:
+            return SayFormat(L"%s 个可见的实体没有面，不投影子", Count(remark));
+        case Kind::SpanUnusable:
+            return Say(L"分析时段不是一天之内的时段（结束不晚于开始）：没有计入任何日照；用 orvo set 或另一个标准更改");
+        case Kind::StepUnusable:
+            return Say(L"标准的计算精度不大于 0：没有计入任何日照；用 orvo set --step 更改");
+        case Kind::SunBelowHorizon:
+            return Say(L"分析时段内太阳不升起");
+        case Kind::LeftOutByScope:
+            return SayFormat(L"按范围参数略去：%s 次因太远或太高而没有计入遮挡（--scope）。", Count(remark));
+        case Kind::LeftOutByAltitude:
+            return SayFormat(L"太阳高度角低于 %s 度的时间没有计入（--least-altitude）。", DoubleToText(remark.amount));
+    }
+    return CString();
+}
+
+// The same said of many: after the first ones only their handles.
+class Repeated {
+public:
+    void Add(std::uint64_t handle, const CString& text) {
+        constexpr std::size_t kOneByOne = 10;
+        if (m_texts.size() < kOneByOne)
+            m_texts.push_back(text);
+        else
+            m_others.push_back(handle);
+    }
+
+    // `format` takes how many they are, and their handles.
+    void Take(std::vector<CString>& messages, const wchar_t* format) const {
+        constexpr std::size_t kInOne = 50;
+        messages.insert(messages.end(), m_texts.begin(), m_texts.end());
+        for (std::size_t i = 0; i < m_others.size(); i += kInOne) {
+            const std::size_t end = std::min(i + kInOne, m_others.size());
+            CString handles;
+            for (std::size_t k = i; k < end; ++k)
+                handles += (k == i ? L"" : L" ") + HandleOrNone(m_others[k]);
+            messages.push_back(SayFormat(format, static_cast<int>(end - i), handles));
+        }
+    }
+
+private:
+    std::vector<CString> m_texts;
+    std::vector<std::uint64_t> m_others;
+};
+
+// What to say of the further windows with a note.
+const wchar_t* FurtherText(WindowNote note) {
+    switch (note) {
+        case WindowNote::Cut:
+            return L"另有 %d 个窗有面穿过：%s";
+        case WindowNote::Inside:
+            return L"另有 %d 个窗在闭合的体内：%s";
+        case WindowNote::NoSide:
+            return L"另有 %d 个窗分不清哪一侧是室外：%s";
+        case WindowNote::Narrower:
+            return L"另有 %d 个窗比标准的最小窗宽窄：%s";
+    }
+    return L"";
+}
+
+void AddNotes(const AnalysisAnswer& answer, std::vector<CString>& messages) {
+    for (const WindowNote note : {WindowNote::Cut, WindowNote::Inside, WindowNote::NoSide, WindowNote::Narrower}) {
+        Repeated repeated;
+        for (const WindowResult& window : answer.windows)
+            if (std::find(window.notes.begin(), window.notes.end(), note) != window.notes.end())
+                repeated.Add(window.handle, SayFormat(L"窗 %s：%s", WindowLabel(window), NoteWord(note)));
+        repeated.Take(messages, FurtherText(note));
+    }
+}
+
+}  // namespace
+
+CString WindowLayersText(const AnalysisRequest& request) {
+    std::vector<CString> names;
+    for (const CString& layer : request.windowLayers)
+        names.push_back(Printable(layer));
+    return JoinNames(names.empty() ? std::vector<CString>{L"WINDOW", L"窗"} : names);
+}
+
+std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer) {
+    std::vector<CString> messages;
+    Repeated noWindows;
+    for (const AnalysisRemark& remark : answer.remarks)
+        if (remark.kind == Kind::NotAWindow)
+            noWindows.Add(remark.handle, TextOf(remark, request));
+        else
+            messages.push_back(TextOf(remark, request));
+    noWindows.Take(messages, L"窗图层上另有 %d 个实体不是竖直的矩形：%s");
+    AddNotes(answer, messages);
+    return messages;
+}
+
+CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer) {
+    switch (answer.failure) {
+        case AnalysisFailure::None:
+            break;
+        case AnalysisFailure::NoPlace:
+            return SayFormat(L"没有地区“%s”的位置，不能分析；用 --place 给出另一个地区",
+                             Printable(request.settings.placeName));
+        case AnalysisFailure::NoStandard:
+            return Say(L"设置没有选定标准，不能分析；用 --standard 给出一个，orvo standards 列出它们");
+        case AnalysisFailure::UnknownUnit:
+            return SayFormat(L"图形的单位“%s”不能换算成米，不能分析；请在制图程序里改用米或毫米",
+                             Printable(answer.unit));
+        case AnalysisFailure::Cancelled:
+            return Say(L"已取消，没有分析");
+    }
+    return CString();
+}

@@ -1,0 +1,16 @@
+// What an analysis has to say beside its answer, in words.
+#pragma once
+
+#include <vector>
+
+#include "analysis/WindowAnalysis.h"
+
+// Each remark, and each window's notes with its handle, as one message. Where more than ten say the same of one thing
+// each, the others are told together, by their handles.
+std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer);
+
+// Why there is no answer.
+CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer);
+
+// The layers on which windows were looked for, as a list for people.
+CString WindowLayersText(const AnalysisRequest& request);

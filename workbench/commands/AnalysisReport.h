@@ -1,0 +1,23 @@
+// What orvo analyse has to tell: what was asked, what came out, and what the drawing says of those that cast shadows.
+#pragma once
+
+#include <vector>
+
+#include "analysis/WindowAnalysis.h"
+#include "workbench/commands/ShadingEntities.h"
+#include "workbench/commands/StandardRules.h"
+
+// A plain value; the place and the standard of the request are there.
+struct AnalysisReport {
+    AnalysisRequest request;
+    AnalysisAnswer answer;
+    int standardIndex = 0;  // in the list of standards
+    bool isCurrentStandard = false;
+    StandardChanges changes;  // of the standard
+    std::vector<ShadingEntity> shading;
+};
+
+// Whether the sun of this window could be told at all.
+inline bool IsAnalysed(const WindowResult& window) {
+    return window.facing.has_value();
+}

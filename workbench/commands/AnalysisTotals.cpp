@@ -1,0 +1,175 @@
+// Summing up, and the tables of the sums.
+#include "workbench/commands/AnalysisTotals.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
+#include "platform/host/Output.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisReport.h"
+#include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/WindowNameParts.h"
+#include "workbench/terminal/TextTable.h"
+
+namespace {
+
+using Align = TextTable::Align;
+
+void Count(WindowTotal& total, const WindowResult& window) {
+    ++total.windows;
+    if (window.passes)
+        ++total.judgedByNeed;
+    if (window.passes.value_or(false))
+        ++total.passing;
+    if (!IsAnalysed(window))
+        return;
+    total.least = total.analysed == 0 ? window.judged : std::min(total.least, window.judged);
+    total.most = std::max(total.most, window.judged);
+    ++total.analysed;
+}
+
+// What a total is called: its building, and its flat or its floor.
+template <class Part>
+struct Key {
+    CString building;
+    Part part;
+    // By hand: as the standard library compares parts in a pair, texts are pointers.
+    bool operator<(const Key& other) const {
+        return building != other.building ? building < other.building : part < other.part;
+    }
+};
+
+// Totals by what they are called, in the order in which they are first met.
+template <class Name>
+class TotalList {
+public:
+    WindowTotal& At(const Name& name, const WindowTotal& empty) {
+        const auto [row, isNew] = m_rows.try_emplace(name, m_totals.size());
+        if (isNew)
+            m_totals.push_back(empty);
+        return m_totals[row->second];
+    }
+    std::size_t IndexOf(const Name& name) const { return m_rows.at(name); }
+    std::vector<WindowTotal> Take() { return std::move(m_totals); }
+
+private:
+    std::map<Name, std::size_t> m_rows;
+    std::vector<WindowTotal> m_totals;
+};
+
+CString Number(std::size_t number) {
+    return DoubleToText(static_cast<double>(number));
+}
+
+CString NameOrNone(const CString& name) {
+    return name.IsEmpty() ? CString(L"-") : Printable(name);
+}
+
+CString Passing(const WindowTotal& total) {
+    return total.judgedByNeed == 0 ? CString(L"-") : Number(total.passing);
+}
+
+CString Least(const WindowTotal& total) {
+    return total.analysed == 0 ? CString(L"-") : DurationText(total.least);
+}
+
+CString Most(const WindowTotal& total) {
+    return total.analysed == 0 ? CString(L"-") : DurationText(total.most);
+}
+
+CString FlatVerdict(const WindowTotal& total) {
+    return VerdictWord(total.judgedByNeed == 0 ? std::nullopt : std::optional(total.passing > 0));
+}
+
+void PrintFlats(const std::vector<WindowTotal>& flats, Output& output) {
+    if (flats.empty())
+        return;
+    output.Line(L"");
+    output.Line(Say(L"按户合计（一户有一个窗达标即达标）"));
+    TextTable table(
+        {Align::Left, Align::Left, Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right});
+    table.Add({Say(L"结论"), Say(L"楼"), Say(L"户"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"),
+               Say(L"最多")});
+    for (const WindowTotal& flat : flats)
+        table.Add({FlatVerdict(flat), NameOrNone(flat.building), Printable(flat.flat), Number(flat.windows),
+                   Number(flat.analysed), Passing(flat), Least(flat), Most(flat)});
+    table.PrintTo(output, 2);
+}
+
+void PrintBuildings(const std::vector<WindowTotal>& buildings, Output& output) {
+    output.Line(L"");
+    output.Line(Say(L"按楼合计"));
+    TextTable table({Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right,
+                     Align::Right});
+    table.Add({Say(L"楼"), Say(L"户数"), Say(L"达标户"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"),
+               Say(L"最多")});
+    for (const WindowTotal& building : buildings)
+        table.Add({NameOrNone(building.building), Number(building.flats),
+                   building.judgedByNeed == 0 ? CString(L"-") : Number(building.passingFlats), Number(building.windows),
+                   Number(building.analysed), Passing(building), Least(building), Most(building)});
+    table.PrintTo(output, 2);
+}
+
+void PrintStoreys(const std::vector<WindowTotal>& storeys, Output& output) {
+    if (storeys.empty())
+        return;
+    output.Line(L"");
+    output.Line(Say(L"按层合计"));
+    TextTable table({Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right});
+    table.Add({Say(L"楼"), Say(L"楼层"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"), Say(L"最多")});
+    for (const WindowTotal& storey : storeys)
+        table.Add({NameOrNone(storey.building), IntToText(*storey.floor), Number(storey.windows),
+                   Number(storey.analysed), Passing(storey), Least(storey), Most(storey)});
+    table.PrintTo(output, 2);
+}
+
+}  // namespace
+
+WindowTotals TotalsOf(const std::vector<WindowResult>& windows) {
+    TotalList<CString> buildings;
+    TotalList<Key<CString>> flats;
+    TotalList<Key<int>> storeys;
+    for (const WindowResult& window : windows) {
+        const CString building = BuildingOf(window.name);
+        const CString flat = FlatOf(window.name);
+        WindowTotal empty;
+        empty.building = building;
+        Count(buildings.At(building, empty), window);
+        if (window.floor) {
+            empty.floor = window.floor;
+            Count(storeys.At({building, *window.floor}, empty), window);
+            empty.floor.reset();
+        }
+        if (!flat.IsEmpty()) {
+            empty.flat = flat;
+            Count(flats.At({building, flat}, empty), window);
+        }
+    }
+    WindowTotals totals = {flats.Take(), {}, storeys.Take()};
+    for (const WindowTotal& flat : totals.flats) {
+        WindowTotal& building = buildings.At(flat.building, {});
+        ++building.flats;
+        if (flat.passing > 0)
+            ++building.passingFlats;
+    }
+    std::stable_sort(totals.storeys.begin(), totals.storeys.end(),
+                     [&buildings](const WindowTotal& left, const WindowTotal& right) {
+                         const std::size_t first = buildings.IndexOf(left.building);
+                         const std::size_t second = buildings.IndexOf(right.building);
+                         return first != second ? first < second : *left.floor < *right.floor;
+                     });
+    totals.buildings = buildings.Take();
+    return totals;
+}
+
+void PrintTotals(const std::vector<WindowResult>& windows, Output& output) {
+    if (windows.empty())
+        return;
+    const WindowTotals totals = TotalsOf(windows);
+    PrintFlats(totals.flats, output);
+    PrintBuildings(totals.buildings, output);
+    PrintStoreys(totals.storeys, output);
+}

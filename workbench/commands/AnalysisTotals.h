@@ -1,0 +1,37 @@
+// The windows of an analysis summed up by flat, by building and by storey.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "analysis/WindowAnalysis.h"
+
+class Output;
+
+// A flat, a building, or a storey of a building.
+struct WindowTotal {
+    CString building;          // empty for windows whose names tell none
+    CString flat;              // of flats only
+    std::optional<int> floor;  // of storeys only
+    std::size_t windows = 0;
+    std::size_t analysed = 0;  // whose outside could be told
+    std::size_t passing = 0;
+    std::size_t judgedByNeed = 0;  // that have a verdict
+    double least = 0.0;            // judged minutes, of those analysed
+    double most = 0.0;
+    std::size_t flats = 0;         // of buildings only
+    std::size_t passingFlats = 0;  // with one window or more that passes
+};
+
+struct WindowTotals {
+    std::vector<WindowTotal> flats;      // of windows whose names tell a flat; in the drawing's order
+    std::vector<WindowTotal> buildings;  // of all windows; in the drawing's order
+    std::vector<WindowTotal> storeys;    // of all with a floor; by building, from below
+};
+
+WindowTotals TotalsOf(const std::vector<WindowResult>& windows);
+
+// Nothing for no windows.
+void PrintTotals(const std::vector<WindowResult>& windows, Output& output);

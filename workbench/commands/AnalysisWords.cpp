@@ -1,0 +1,111 @@
+// Times, verdicts and reasons as texts.
+#include "workbench/commands/AnalysisWords.h"
+
+#include <cmath>
+
+#include "facts/ClockText.h"
+#include "platform/base/PlainText.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/EntityGroup.h"
+
+namespace {
+
+struct Reason {
+    DropReason reason;
+    const char* key;
+    const wchar_t* word;  // built-in text
+};
+constexpr Reason kReasons[] = {
+    {DropReason::Facing, "facing", L"不在该朝向的有效时段内"},
+    {DropReason::Angle, "angle", L"与墙面夹角太小"},
+    {DropReason::Short, "short", L"时间段太短"},
+    {DropReason::NotAmongLongest, "not among the longest", L"不是最长的几段"},
+    {DropReason::Threshold, "threshold", L"没有超过下限"},
+};
+
+struct Note {
+    WindowNote note;
+    const char* key;
+    const wchar_t* word;  // built-in text
+};
+constexpr Note kNotes[] = {
+    {WindowNote::Cut, "cut", L"有面穿过这个窗，按整日被遮挡计"},
+    {WindowNote::Inside, "inside", L"这个窗在闭合的体内"},
+    {WindowNote::NoSide, "no side", L"分不清哪一侧是室外，没有分析；可用 --facing 给出朝向"},
+    {WindowNote::Narrower, "narrower", L"比标准的最小窗宽窄"},
+};
+
+const Reason& RowOf(DropReason reason) {
+    for (const Reason& row : kReasons)
+        if (row.reason == reason)
+            return row;
+    return kReasons[0];
+}
+
+const Note& RowOf(WindowNote note) {
+    for (const Note& row : kNotes)
+        if (row.note == note)
+            return row;
+    return kNotes[0];
+}
+
+}  // namespace
+
+const char* VerdictKey(bool passes) {
+    return passes ? "pass" : "fail";
+}
+
+const char* ReasonKey(DropReason reason) {
+    return RowOf(reason).key;
+}
+
+const char* NoteKey(WindowNote note) {
+    return RowOf(note).key;
+}
+
+CString VerdictWord(const std::optional<bool>& passes) {
+    if (!passes)
+        return L"-";
+    return *passes ? Say(L"达标") : Say(L"不达标");
+}
+
+CString ReasonWord(DropReason reason) {
+    return Say(RowOf(reason).word);
+}
+
+CString NoteWord(WindowNote note) {
+    return Say(RowOf(note).word);
+}
+
+CString DurationText(double minutes) {
+    constexpr int kMinute = 60;
+    constexpr int kHour = 3600;
+    const int seconds = static_cast<int>(std::lround(minutes * kMinute));
+    CString text;
+    if (seconds % kMinute == 0)
+        text.Format(L"%d:%02d", seconds / kHour, seconds / kMinute % kMinute);
+    else
+        text.Format(L"%d:%02d:%02d", seconds / kHour, seconds / kMinute % kMinute, seconds % kMinute);
+    return text;
+}
+
+CString PeriodText(SunPeriod period, double offset) {
+    return ClockText(period.start + offset) + L"-" + ClockText(period.end + offset);
+}
+
+CString HandleOrNone(std::uint64_t handle) {
+    return handle == 0 ? CString(L"-") : HandleText(handle);
+}
+
+CString DegreesText(double direction) {
+    CString text;
+    text.Format(L"%.1f", direction);
+    return text == L"360.0" || text == L"-0.0" ? CString(L"0.0") : text;
+}
+
+CString WindowLabel(const WindowResult& window) {
+    const CString handle = HandleOrNone(window.handle);
+    if (window.name.IsEmpty() || window.name == handle)
+        return handle;
+    return Printable(window.name) + L" (" + handle + L")";
+}

@@ -1,0 +1,29 @@
+// The pieces that every way of telling an analysis is made of: times, verdicts, reasons.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <optional>
+
+#include "analysis/WindowAnalysis.h"
+#include "platform/base/CString.h"
+
+// For other programs: the same in every language.
+const char* VerdictKey(bool passes);
+const char* ReasonKey(DropReason reason);
+const char* NoteKey(WindowNote note);
+
+// For people, in the interface's language.
+CString VerdictWord(const std::optional<bool>& passes);
+CString ReasonWord(DropReason reason);
+CString NoteWord(WindowNote note);
+
+// H:MM, with :SS only where there are seconds; rounded to the second.
+CString DurationText(double minutes);
+// Both ends as HH:MM:SS, `offset` hours later.
+CString PeriodText(SunPeriod period, double offset);
+// As drawings write it; "-" for 0, which is none.
+CString HandleOrNone(std::uint64_t handle);
+// A direction with one decimal, from 0.0 to 359.9.
+CString DegreesText(double direction);
+// The window's name and its handle, where that is not its name.
+CString WindowLabel(const WindowResult& window);

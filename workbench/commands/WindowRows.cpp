@@ -1,0 +1,167 @@
+// Lines by hand and not by TextTable, which would hold all lines of a million windows before it prints the first.
+#include "workbench/commands/WindowRows.h"
+
+#include <algorithm>
+
+#include "platform/base/TextNumber.h"
+#include "platform/host/Output.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisReport.h"
+#include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/CompassWords.h"
+#include "workbench/terminal/TextWidth.h"
+
+namespace {
+
+constexpr int kTerminal = 100;  // columns
+constexpr int kBetween = 2;
+constexpr int kIndent = 4;
+
+// The columns of the windows' own lines, and of the stretches' below them.
+struct Widths {
+    int verdict = 0;
+    int label = 0;
+    int floor = 0;
+    int facing = 0;
+    int judged = 0;
+    int kind = 0;
+};
+
+CString Between() {
+    return CString(L' ', kBetween);
+}
+
+CString FloorText(const WindowResult& window) {
+    return window.floor ? IntToText(*window.floor) : CString(L"-");
+}
+
+CString FacingText(const WindowResult& window) {
+    constexpr int kDegrees = 5;
+    if (!window.facing)
+        return L"-";
+    return PadLeft(DegreesText(*window.facing), kDegrees) + L" " + CompassWord(*window.facing);
+}
+
+CString JudgedText(const WindowResult& window) {
+    return IsAnalysed(window) ? DurationText(window.judged) : CString(L"-");
+}
+
+int WidthOf(std::initializer_list<CString> texts) {
+    int width = 0;
+    for (const CString& text : texts)
+        width = std::max(width, DisplayWidth(text));
+    return width;
+}
+
+Widths WidthsOf(const std::vector<WindowResult>& windows) {
+    Widths widths;
+    widths.verdict = WidthOf({Say(L"结论"), VerdictWord(true), VerdictWord(false)});
+    widths.label = WidthOf({Say(L"窗（句柄）")});
+    widths.floor = WidthOf({Say(L"楼层")});
+    widths.facing = WidthOf({Say(L"朝向（度）")});
+    widths.judged = WidthOf({Say(L"判定时数")});
+    widths.kind = WidthOf({Say(L"日照"), Say(L"计入"), Say(L"不计"), Say(L"遮挡")});
+    for (const WindowResult& window : windows) {
+        widths.label = std::max(widths.label, DisplayWidth(WindowLabel(window)));
+        widths.floor = std::max(widths.floor, DisplayWidth(FloorText(window)));
+        widths.facing = std::max(widths.facing, DisplayWidth(FacingText(window)));
+        widths.judged = std::max(widths.judged, DisplayWidth(JudgedText(window)));
+    }
+    return widths;
+}
+
+CString WithoutBlanksAtEnd(CString line) {
+    int length = line.GetLength();
+    while (length > 0 && line.GetAt(length - 1) == L' ')
+        --length;
+    return line.Left(length);
+}
+
+CString WindowLine(const Widths& widths, const CString& verdict, const CString& label, const CString& floor,
+                   const CString& facing, const CString& judged, const CString& more) {
+    return WithoutBlanksAtEnd(PadRight(verdict, widths.verdict) + Between() + PadRight(label, widths.label) +
+                              Between() + PadLeft(floor, widths.floor) + Between() + PadRight(facing, widths.facing) +
+                              Between() + PadLeft(judged, widths.judged) + Between() + more);
+}
+
+// What is special about a window, behind its line.
+CString Specials(const WindowResult& window) {
+    if (!window.part)
+        return CString();
+    CString text;
+    CString from;
+    from.Format(L"%.2f", window.part->from);
+    CString width;
+    width.Format(L"%.2f", window.part->width);
+    return SayFormat(L"按从左端 %s 米起、宽 %s 米的部分判定", from, width);
+}
+
+// A stretch of the day in both times. `words` go on below where the line is full.
+class StretchLines {
+public:
+    StretchLines(const Widths& widths, double offset, Output& output)
+        : m_widths(widths), m_offset(offset), m_output(output) {}
+
+    void Print(const CString& kind, SunPeriod period, const CString& before, const std::vector<CString>& words) {
+        constexpr int kDuration = 7;
+        CString line = CString(L' ', kIndent) + PadRight(kind, m_widths.kind) + Between() + PeriodText(period, 0.0) +
+                       Between() + PeriodText(period, m_offset) + Between() +
+                       PadLeft(DurationText(period.Minutes()), kDuration) + Between();
+        const int start = DisplayWidth(line);
+        line += before;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            const CString word = i + 1 < words.size() ? words[i] + L"," : words[i];
+            const bool isFirst = DisplayWidth(line) == start;
+            if (!isFirst && DisplayWidth(line) + 1 + DisplayWidth(word) > kTerminal) {
+                m_output.Line(WithoutBlanksAtEnd(line));
+                line = CString(L' ', start) + word;
+            } else {
+                line += isFirst ? word : L" " + word;
+            }
+        }
+        m_output.Line(WithoutBlanksAtEnd(line));
+    }
+
+private:
+    const Widths& m_widths;
+    double m_offset;
+    Output& m_output;
+};
+
+void PrintStretches(const WindowResult& window, StretchLines& lines) {
+    for (const SunPeriod& period : window.sunlit)
+        lines.Print(Say(L"日照"), period, CString(), {});
+    for (const SunPeriod& period : window.counted)
+        lines.Print(Say(L"计入"), period, CString(), {});
+    for (const DroppedPeriod& dropped : window.dropped)
+        lines.Print(Say(L"不计"), dropped.period, ReasonWord(dropped.reason), {});
+    for (const HiddenPeriod& hidden : window.hidden) {
+        std::vector<CString> by;
+        for (const std::uint64_t handle : hidden.by)
+            by.push_back(HandleOrNone(handle));
+        lines.Print(Say(L"遮挡"), hidden.period, Say(L"被"), by);
+    }
+}
+
+}  // namespace
+
+bool PrintWindowRows(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
+    const std::vector<WindowResult>& windows = report.answer.windows;
+    const Widths widths = WidthsOf(windows);
+    StretchLines lines(widths, report.answer.beijingOffset, output);
+    output.Line(WindowLine(widths, Say(L"结论"), Say(L"窗（句柄）"), Say(L"楼层"), Say(L"朝向（度）"), Say(L"判定时数"),
+                           CString()));
+    output.Line(CString(L' ', kIndent) + PadRight(CString(), widths.kind) + Between() + PadRight(Say(L"真太阳时"), 17) +
+                Between() + PadRight(Say(L"北京时间"), 17) + Between() + Say(L"时:分:秒"));
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        if (!goOn(i, windows.size()))
+            return false;
+        const WindowResult& window = windows[i];
+        output.Line(WindowLine(widths, VerdictWord(window.passes), WindowLabel(window), FloorText(window),
+                               FacingText(window), JudgedText(window), Specials(window)));
+        for (const WindowNote note : window.notes)
+            output.Line(CString(L' ', kIndent) + NoteWord(note));
+        PrintStretches(window, lines);
+    }
+    return true;
+}
