@@ -2,6 +2,7 @@
 #include "workbench/entry/OwnSubcommands.h"
 
 #include "platform/host/Subcommands.h"
+#include "workbench/commands/AnalyseCommand.h"
 #include "workbench/commands/EntityCommand.h"
 #include "workbench/commands/InfoCommand.h"
 #include "workbench/commands/ListCommands.h"
@@ -12,9 +13,9 @@
 #include "workbench/window/WindowCommand.h"
 
 bool AddOwnSubcommands(void* applicationHandle, CString& reason) {
-    for (const Subcommand& row :
-         {InfoSubcommand(), SunSubcommand(), TermsSubcommand(), PlacesSubcommand(), StandardsSubcommand(),
-          ShadowSubcommand(), RecordSubcommand(), EntitySubcommand(), SetSubcommand(), WindowSubcommand()})
+    for (const Subcommand& row : {AnalyseSubcommand(), AnalyzeSubcommand(), InfoSubcommand(), SunSubcommand(),
+                                  TermsSubcommand(), PlacesSubcommand(), StandardsSubcommand(), ShadowSubcommand(),
+                                  RecordSubcommand(), EntitySubcommand(), SetSubcommand(), WindowSubcommand()})
         if (!HostSubcommands().Add(row, applicationHandle, reason))
             return false;
     return true;

@@ -1,0 +1,34 @@
+// orvo analyse: which windows of a drawing get the sun they must have, when, and what takes it from the others.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/base/CString.h"
+
+class Output;
+class Progress;
+struct Subcommand;
+
+struct AnalyseOptions {
+    std::optional<CString> file;           // a DXF file
+    std::vector<CString> windows;          // names of layers; none: WINDOW and 窗
+    std::optional<CString> north;          // degrees, any turn
+    std::optional<CString> facing;         // degrees, any turn
+    std::optional<CString> need;           // hours, above 0 and up to 24
+    std::optional<CString> leastAltitude;  // degrees, above 0 and below 90
+    bool isScoped = false;
+    std::optional<CString> place;  // as in orvo info
+    std::optional<CString> date;
+    std::optional<CString> standard;
+    bool isCsv = false;  // not both
+    bool isJson = false;
+};
+
+// Gives an ExitCode: success once the sun of one window has been told, whatever the verdicts.
+int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress);
+
+// Its rows of the host's table: one name in the spelling of the program's texts, and one in the other.
+Subcommand AnalyseSubcommand();
+Subcommand AnalyzeSubcommand();
