@@ -1,5 +1,4 @@
 // The pieces that every way of telling an analysis is made of: times, verdicts, reasons.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <optional>
