@@ -149,6 +149,12 @@ TEST(AnalysisAsJson, TellsWhatWasLeftOutOnlyWhenAsked) {
     remark.count = 12;
     report.answer.remarks = {remark};
     EXPECT_EQ(DocumentOf(report)["leftOut"]["scope"], 12);
+    // The parameters may bring a least altitude of their own.
+    report.request.leastAltitude.reset();
+    remark.kind = AnalysisRemark::Kind::LeftOutByAltitude;
+    remark.amount = 3.0;
+    report.answer.remarks = {remark};
+    EXPECT_EQ(DocumentOf(report)["leftOut"], (Json{{"scope", 0}, {"belowAltitude", 3.0}}));
 }
 
 TEST(AnalysisAsJson, StopsWhenNobodyWantsIt) {

@@ -134,15 +134,15 @@ TEST(AnalysisTable, TellsWhatHidesTheSunAndWhatWasLeftOut) {
     EXPECT_TRUE(HasLine(report, "    2F  LWPOLYLINE  建筑          12"));
     EXPECT_TRUE(HasLine(report, "     -  3DFACE      0              1"));
     EXPECT_FALSE(HasLine(report, "--scope"));
-    EXPECT_FALSE(HasLine(report, "--least-altitude"));
+    EXPECT_FALSE(HasLine(report, "太阳高度角低于"));
     report.request.isScoped = true;
     report.request.leastAltitude = 5.0;
     AnalysisRemark remark;
     remark.kind = AnalysisRemark::Kind::LeftOutByScope;
     remark.count = 1234567;
     report.answer.remarks = {remark};
-    EXPECT_TRUE(HasLine(report, "1234567 次"));
-    EXPECT_TRUE(HasLine(report, "低于 5 度"));
+    EXPECT_TRUE(HasLine(report, "1234567 个实体"));
+    EXPECT_TRUE(HasLine(report, "太阳高度角低于 5 度"));
 }
 
 TEST(AnalysisTable, StopsWhenNobodyWantsIt) {

@@ -111,13 +111,8 @@ Json HeadAsJson(const AnalysisReport& report) {
     return document;
 }
 
-Json LeftOutAsJson(const AnalysisReport& report) {
-    std::size_t count = 0;
-    for (const AnalysisRemark& remark : report.answer.remarks)
-        if (remark.kind == AnalysisRemark::Kind::LeftOutByScope)
-            count += remark.count;
-    return {{"scope", report.request.isScoped ? Json(count) : Json(nullptr)},
-            {"belowAltitude", OrNull(report.request.leastAltitude)}};
+Json LeftOutAsJson(const LeftOut& leftOut) {
+    return {{"scope", OrNull(leftOut.entities)}, {"belowAltitude", OrNull(leftOut.belowAltitude)}};
 }
 
 // The lines of a value that stands `depth` levels deep in a document, without blanks before the first.
@@ -148,8 +143,9 @@ bool PrintAnalysisAsJson(const AnalysisReport& report, Output& output, const Ana
         output.Write((i == 0 ? "\n    " : ",\n    ") + Lines(WindowAsJson(windows[i]), 2));
     }
     output.Write(windows.empty() ? "]" : "\n  ]");
-    if (report.request.isScoped || report.request.leastAltitude)
-        output.Write(",\n  \"leftOut\": " + Lines(LeftOutAsJson(report), 1));
+    const LeftOut leftOut = LeftOutOf(report);
+    if (leftOut.entities || leftOut.belowAltitude)
+        output.Write(",\n  \"leftOut\": " + Lines(LeftOutAsJson(leftOut), 1));
     output.Write("\n}\n");
     return true;
 }

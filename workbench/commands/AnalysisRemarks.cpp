@@ -40,11 +40,12 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
         case Kind::StepUnusable:
             return Say(L"标准的计算精度不大于 0：没有计入任何日照；用 orvo set --step 更改");
         case Kind::SunBelowHorizon:
-            return Say(L"分析时段内太阳不升起");
+            return remark.amount > 0.0 ? SayFormat(L"分析时段内太阳高度角不到 %s 度", DoubleToText(remark.amount))
+                                       : Say(L"分析时段内太阳不升起");
         case Kind::LeftOutByScope:
-            return SayFormat(L"按范围参数略去：%s 次因太远或太高而没有计入遮挡（--scope）。", Count(remark));
+            return LeftOutByScopeText(remark.count);
         case Kind::LeftOutByAltitude:
-            return SayFormat(L"太阳高度角低于 %s 度的时间没有计入（--least-altitude）。", DoubleToText(remark.amount));
+            return LeftOutByAltitudeText(remark.amount);
     }
     return CString();
 }
@@ -104,6 +105,15 @@ void AddNotes(const AnalysisAnswer& answer, std::vector<CString>& messages) {
 }
 
 }  // namespace
+
+CString LeftOutByScopeText(std::size_t entities) {
+    return SayFormat(L"按范围和高度的参数，%s 个实体没有计入对某些窗的遮挡（--scope）。",
+                     DoubleToText(static_cast<double>(entities)));
+}
+
+CString LeftOutByAltitudeText(double degrees) {
+    return SayFormat(L"太阳高度角低于 %s 度的时间没有计入。", DoubleToText(degrees));
+}
 
 CString WindowLayersText(const AnalysisRequest& request) {
     std::vector<CString> names;

@@ -1,6 +1,7 @@
 // What an analysis has to say beside its answer, in words.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "analysis/WindowAnalysis.h"
@@ -11,6 +12,10 @@ std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAn
 
 // Why there is no answer.
 CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer);
+
+// What was left out on request.
+CString LeftOutByScopeText(std::size_t entities);
+CString LeftOutByAltitudeText(double degrees);
 
 // The layers on which windows were looked for, as a list for people.
 CString WindowLayersText(const AnalysisRequest& request);

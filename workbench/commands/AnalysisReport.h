@@ -1,6 +1,8 @@
 // What orvo analyse has to tell: what was asked, what came out, and what the drawing says of those that cast shadows.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "analysis/WindowAnalysis.h"
@@ -21,3 +23,10 @@ struct AnalysisReport {
 inline bool IsAnalysed(const WindowResult& window) {
     return window.facing.has_value();
 }
+
+// What was left out because the request asked for it; nothing where it did not.
+struct LeftOut {
+    std::optional<std::size_t> entities;  // too far from some window, or too low or too high, to be asked
+    std::optional<double> belowAltitude;  // degrees: hours with the sun below it
+};
+LeftOut LeftOutOf(const AnalysisReport& report);

@@ -7,6 +7,7 @@
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTotals.h"
 #include "workbench/commands/AnalysisWords.h"
@@ -51,18 +52,11 @@ void PrintShading(const std::vector<ShadingEntity>& entities, Output& output) {
     table.PrintTo(output, 2);
 }
 
-void PrintLeftOut(const AnalysisReport& report, Output& output) {
-    const AnalysisRequest& request = report.request;
-    std::size_t count = 0;
-    for (const AnalysisRemark& remark : report.answer.remarks)
-        if (remark.kind == AnalysisRemark::Kind::LeftOutByScope)
-            count += remark.count;
-    if (request.isScoped)
-        output.Line(SayFormat(L"按范围参数略去：%s 次因太远或太高而没有计入遮挡（--scope）。",
-                              DoubleToText(static_cast<double>(count))));
-    if (request.leastAltitude)
-        output.Line(SayFormat(L"太阳高度角低于 %s 度的时间没有计入（--least-altitude）。",
-                              DoubleToText(*request.leastAltitude)));
+void PrintLeftOut(const LeftOut& leftOut, Output& output) {
+    if (leftOut.entities)
+        output.Line(LeftOutByScopeText(*leftOut.entities));
+    if (leftOut.belowAltitude)
+        output.Line(LeftOutByAltitudeText(*leftOut.belowAltitude));
 }
 
 }  // namespace
@@ -74,7 +68,7 @@ bool PrintAnalysisTable(const AnalysisReport& report, Output& output, const Anal
     PrintTotals(report.answer.windows, output);
     PrintShading(report.shading, output);
     output.Line(L"");
-    PrintLeftOut(report, output);
+    PrintLeftOut(LeftOutOf(report), output);
     for (const wchar_t* text :
          {L"朝向是窗的外法线，从正东起逆时针计。", L"“日照”是精确的时段，“计入”是按标准的步长、计入判定的时段。",
           L"日面中心，平坦地平线，不计大气折射；赤纬和时差整日不变。",
