@@ -1,6 +1,7 @@
 // Takes the formatting codes out of the texts of drawings.
 #include "analysis/PlainDrawingText.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -29,13 +30,13 @@ private:
     wchar_t Peek(std::size_t ahead) const { return m_at + ahead < m_text.size() ? m_text[m_at + ahead] : L'\0'; }
     // Characters that control something are blanks.
     void Put(wchar_t c) { m_plain += c < L' ' || c == 0x7F ? L' ' : c; }
-    void Pass(std::size_t count) { m_at += count; }
+    void Pass(std::size_t count) { m_at = std::min(m_at + count, m_text.size()); }
 
     bool TakePercent();
     bool TakeNumber();
     bool TakeFormat();
     bool TakeBackslash();
-    bool TakeStack();
+    void TakeStack();
 
     std::wstring_view m_text;
     std::size_t m_at = 0;
@@ -94,11 +95,13 @@ bool PlainWriter::TakeBackslash() {
     const wchar_t code = Peek(1);
     if (m_at + 1 == m_text.size())
         return false;
-    if (code == L'S')
-        return TakeStack();
+    if (code == L'S') {
+        TakeStack();
+        return true;
+    }
     if (IsOneOf(code, L"ACFHQTWcfp")) {
         const std::size_t end = m_text.find(L';', m_at);
-        // Without an end it is no code, and what follows is text.
+        // Without an end all that follows is text.
         Pass(end == std::wstring_view::npos ? 2 : end + 1 - m_at);
         return true;
     }
@@ -110,16 +113,13 @@ bool PlainWriter::TakeBackslash() {
     return true;
 }
 
-bool PlainWriter::TakeStack() {
-    const std::size_t end = m_text.find(L';', m_at);
-    if (end == std::wstring_view::npos)
-        return false;
+void PlainWriter::TakeStack() {
+    const std::size_t end = std::min(m_text.find(L';', m_at), m_text.size());
     Pass(2);
     for (; m_at < end; Pass(1))
         if (Peek(0) != L'\\')
             Put(IsOneOf(Peek(0), L"#^") ? L'/' : Peek(0));
     Pass(1);
-    return true;
 }
 
 }  // namespace
