@@ -51,8 +51,8 @@ bool TakePath(const FlatPath& path, double millimetres, std::vector<Vector3>& co
     const std::size_t count = path.vertices.size();
     for (std::size_t i = 0; i < count; ++i) {
         const OutlineVertex& vertex = path.vertices[i];
-        const bool isLast = i + 1 == count;
-        if ((!isLast || path.isClosed) && !IsStraight(vertex, path.vertices[(i + 1) % count], millimetres))
+        // Where it is not closed the last one must lie on the first, and what is between them is no arc.
+        if (!IsStraight(vertex, path.vertices[(i + 1) % count], millimetres))
             return false;
         corners.push_back(ToMillimetres(path.axes.ToWorld({vertex.x, vertex.y, path.elevation}), millimetres));
     }

@@ -124,6 +124,14 @@ TEST(DrawnWindows, PassOverCornersAlongTheirSides) {
     ExpectUsual(Flat("70=1", {{1000, 900}, {1000, 900}, {2500, 900}, {2500, 2400}, {1000, 2400}}), "a corner twice");
 }
 
+TEST(DrawnWindows, PassOverTheFramePointsOfASpline) {
+    std::string text = Entity("POLYLINE", "8=WINDOW 70=13");
+    text += Entity("VERTEX", "8=WINDOW 70=48 10=77 20=7777 30=0");
+    for (const Vector3& point : InSpace(kFlat))
+        text += Entity("VERTEX", "8=WINDOW 70=40 " + At(point));
+    ExpectUsual(text + Entity("SEQEND", ""), "whose curve is a rectangle");
+}
+
 TEST(DrawnWindows, RunEitherWay) {
     ExpectUsual(Flat("70=1", {kFlat.rbegin(), kFlat.rend()}), "clockwise");
     for (std::size_t i = 1; i < 4; ++i) {
@@ -185,6 +193,8 @@ TEST(DrawnWindows, AreNotWhatIsNoVerticalRectangle) {
     ExpectNone(Flat("70=1", {{0, 0}, {1500, 0}, {1500, 1500}, {700, 800}, {0, 1500}}), "a notch in the lintel");
     ExpectNone(Flat("70=1", {{0, 0}, {1500, 0}}), "two corners");
     ExpectNone(Flat("70=1", {}), "none");
+    ExpectNone(Flat("70=1", {{1000, 900}, {1700, 2400}, {2500, 900}, {2500, 2400}, {1000, 2400}}),
+               "up to the lintel and back between the lower corners");
     std::vector<std::pair<double, double>> twice = kFlat;
     twice.insert(twice.end(), kFlat.begin(), kFlat.end());
     ExpectNone(Flat("70=1", twice), "around it twice");

@@ -132,6 +132,18 @@ TEST(OccluderSet, FindsTheBodyThatALooseFaceStandsOn) {
     EXPECT_EQ(set.joinedCount, 1);
 }
 
+TEST(OccluderSet, LeavesFacesLooseWhereAnOddNumberMeets) {
+    // Two rooms in one entity's worth of faces, and between them a wall drawn once: three faces at each of its edges.
+    const std::string rooms =
+        Upright("", kHere, 0, 0, 9e3, 0, 0, 6e3) + Upright("", kHere, 9e3, 0, 18e3, 0, 0, 6e3) +
+        Upright("", kHere, 0, 9e3, 9e3, 9e3, 0, 6e3) + Upright("", kHere, 9e3, 9e3, 18e3, 9e3, 0, 6e3) +
+        Upright("", kHere, 0, 0, 0, 9e3, 0, 6e3) + Upright("", kHere, 18e3, 0, 18e3, 9e3, 0, 6e3) +
+        Level("", kHere, 0, 0, 9e3, 9e3, 0) + Level("", kHere, 9e3, 0, 18e3, 9e3, 0) +
+        Level("", kHere, 0, 0, 9e3, 9e3, 6e3) + Level("", kHere, 9e3, 0, 18e3, 9e3, 6e3);
+    EXPECT_EQ(OccludersIn(rooms).bodyCount, 1);
+    EXPECT_EQ(OccludersIn(rooms + Upright("", kHere, 9e3, 0, 9e3, 9e3, 0, 6e3)).bodyCount, 0);
+}
+
 TEST(OccluderSet, TakesFacesDrawnTwiceForNoBody) {
     const std::string wall = Upright("", kHere, 0, 0, 9e3, 0, 0, 6e3);
     EXPECT_EQ(OccludersIn(wall + wall + wall + wall).bodyCount, 0);

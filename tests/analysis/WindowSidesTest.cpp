@@ -139,6 +139,13 @@ TEST(WindowSides, BetweenTwoBodiesThatTouchHaveNone) {
     EXPECT_TRUE(asked.isInside);
 }
 
+TEST(WindowSides, OnABodyWithinAnotherHaveNone) {
+    const Told told =
+        Tell(House(kHere) + Block(kHere, -5000, -5000, 15000, 15000, -100, 20000), kHere, 3000, 0, 4500, 0);
+    ExpectNone(told);
+    EXPECT_TRUE(told.isInside);
+}
+
 TEST(WindowSides, BeforeAFaceLookAwayFromIt) {
     for (const Site& site : kSites) {
         ExpectFacing(Tell(House(site), site, 3000, -150, 4500, -150), 270, "a body's");
@@ -186,11 +193,16 @@ TEST(WindowSides, BeforeAFaceAreParallelToItAndAcrossFromIt) {
     const std::string against = slanting + Upright("", kHere, 0, -90000, 9, -90000, 0, 9);
     ExpectNone(Tell(against, kHere, -100, 0, 100, 0), "one on each side");
     // Beside, above and below.
-    const std::string far = Upright("", kHere, 0, -90000, 9, -90000, 0, 9);
-    ExpectNone(Tell(far + Upright("", kHere, 2000, 100, 9000, 100, 0, 9000), kHere, 0, 0, 1500, 0), "beside");
-    ExpectNone(Tell(far + Upright("", kHere, 0, 100, 9000, 100, 2500, 9000), kHere, 0, 0, 1500, 0), "above");
-    ExpectFacing(Tell(far + Upright("", kHere, 0, 100, 9000, 100, 2300, 9000), kHere, 0, 0, 1500, 0), 270,
-                 "across from its upper corners");
+    for (const Site& site : kSites) {
+        const std::string far = Upright("", site, 0, -90000, 9, -90000, 0, 9);
+        ExpectNone(Tell(far + Upright("", site, 2000, 100, 9000, 100, 0, 9000), site, 0, 0, 1500, 0), "beside");
+        ExpectNone(Tell(far + Upright("", site, 0, 100, 9000, 100, 2500, 9000), site, 0, 0, 1500, 0), "above");
+        ExpectFacing(Tell(far + Upright("", site, 0, 100, 9000, 100, 2300, 9000), site, 0, 0, 1500, 0), 270,
+                     "across from its upper corners");
+        const Vector3 top = site(9000, 100, 9000);
+        ExpectNone(Tell(far + Face("", site(-5000, 100, 9000), site(9000, 100, -5000), top, top), site, 0, 0, 1500, 0),
+                   "beside a slanting edge");
+    }
 }
 
 TEST(WindowSides, AmongLooseFacesFaceTheSideWithFewer) {
