@@ -10,6 +10,7 @@
 // A vertical rectangle. Lengths are millimetres in the drawing's axes, whatever its unit.
 struct DrawnWindow {
     std::uint64_t handle = 0;
+    std::uint32_t layer = 0;  // which of the layers of windows it is on
     CString name;
     Vector3 lowerLeft;  // seen from the side that `outward` points to
     Vector3 right;      // unit, level: from the left to the right end; outward = right x up

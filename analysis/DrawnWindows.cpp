@@ -31,7 +31,7 @@ public:
 
 private:
     void Take(std::size_t index, const EntityGroups& entity);
-    void TakeOutline(std::size_t index, const EntityGroups& entity);
+    void TakeOutline(std::size_t index, const EntityGroups& entity, std::uint32_t layer);
     void CountInvisible(std::string_view layer);
     void RemarkOnLayers();
 
@@ -54,28 +54,32 @@ WindowsOfDrawing WindowFinder::Run(double thickness) {
 }
 
 void WindowFinder::Take(std::size_t index, const EntityGroups& entity) {
-    if (!m_windowLayers.Has(entity.Layer()) || !entity.IsInModel())
+    const std::optional<std::uint32_t> layer = m_windowLayers.Find(entity.Layer());
+    if (!layer || !entity.IsInModel())
         return;
     const std::string_view type = entity.Type();
     if (!m_layers.Find(entity.Layer()).isVisible) {
         if (HasArea(type))
             CountInvisible(entity.Layer());
     } else if (HasArea(type)) {
-        TakeOutline(index, entity);
+        TakeOutline(index, entity, *layer);
     } else if (type == "TEXT" || type == "MTEXT") {
         WindowText text;
-        if (ReadWindowText(m_drawing, entity, m_millimetres, text))
+        if (ReadWindowText(m_drawing, entity, m_millimetres, text)) {
+            text.layer = *layer;
             m_texts.push_back(std::move(text));
+        }
     }
 }
 
-void WindowFinder::TakeOutline(std::size_t index, const EntityGroups& entity) {
+void WindowFinder::TakeOutline(std::size_t index, const EntityGroups& entity, std::uint32_t layer) {
     const std::uint64_t handle = m_drawing.GetHandle(m_drawing.GetEntityId(index));
     std::optional<DrawnWindow> window;
     if (ReadOutline(m_drawing, index, entity, m_millimetres, m_corners))
         window = RectangleOf(m_corners);
     if (window) {
         window->handle = handle;
+        window->layer = layer;
         m_found.windows.push_back(*std::move(window));
     } else {
         m_found.remarks.push_back({AnalysisRemark::Kind::NotAWindow, {}, handle, 1, 0.0});

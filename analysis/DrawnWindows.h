@@ -16,9 +16,9 @@ struct WindowsOfDrawing {
 };
 
 // 3DFACEs and closed polylines that are vertical rectangles (to within a millimetre), on layers of these names (as
-// WindowLayers takes them) that are seen, with the names that texts in them give: a text lies in the window that it is
-// nearest to of those whose rectangle it stands before or behind, at most `thickness` millimetres away. `millimetres`
-// is one unit of the drawing.
+// WindowLayers takes them) that are seen, with the names that texts on their layers give: a text lies in the window
+// that it is nearest to of those whose rectangle it stands before or behind, at most `thickness` millimetres away.
+// `millimetres` is one unit of the drawing.
 //
 // Remarks: LayerMissing for names that were asked for; LayerInvisible with how many entities that might have been
 // windows were passed over; NotAWindow for each entity with an area on a layer of windows that is no such rectangle;

@@ -36,7 +36,7 @@ OccluderSet MakeOccluders(const Scene& scene, const AcDbDatabase& drawing, const
     OccluderSet set;
     set.faces.reserve(scene.faces.size());
     for (const SceneEntity& entity : scene.entities) {
-        if (layers.Has(GroupsOf(drawing, entity.id).Layer()))
+        if (layers.Find(GroupsOf(drawing, entity.id).Layer()))
             continue;
         const auto number = static_cast<std::uint32_t>(set.handles.size());
         set.handles.push_back(drawing.GetHandle(entity.id));

@@ -32,24 +32,25 @@ WindowLayers::WindowLayers(const AcDbDatabase& drawing, const std::vector<CStrin
     for (const AcDbObjectId id : records) {
         const EntityGroups record = GroupsOf(drawing, id);
         if (const DxfGroup* const name = record.Find(kName))
-            Has(name->value);
+            Find(name->value);
     }
 }
 
-std::size_t WindowLayers::IndexOf(std::string_view name) const {
+std::optional<std::uint32_t> WindowLayers::IndexOf(std::string_view name) const {
     const std::wstring key = KeyOf(m_drawing.Decode(TrimDxfValue(name)));
     const auto layer =
         std::find_if(m_layers.begin(), m_layers.end(), [&](const Layer& each) { return each.key == key; });
-    return static_cast<std::size_t>(layer - m_layers.begin());
+    if (layer == m_layers.end())
+        return {};
+    return static_cast<std::uint32_t>(layer - m_layers.begin());
 }
 
-bool WindowLayers::Has(std::string_view name) {
-    const auto [known, isNew] = m_known.try_emplace(std::string(name), false);
+std::optional<std::uint32_t> WindowLayers::Find(std::string_view name) {
+    const auto [known, isNew] = m_known.try_emplace(std::string(name));
     if (isNew) {
-        const std::size_t index = IndexOf(name);
-        known->second = index < m_layers.size();
+        known->second = IndexOf(name);
         if (known->second)
-            m_layers[index].isThere = true;
+            m_layers[*known->second].isThere = true;
     }
     return known->second;
 }

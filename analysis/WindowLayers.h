@@ -2,7 +2,8 @@
 // Why: docs/decisions/analysis.md
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,10 +19,10 @@ public:
     // case (of ASCII letters).
     WindowLayers(const AcDbDatabase& drawing, const std::vector<CString>& names);
 
-    // Whether the layer with this name, as it stands in the file, is one of them.
-    bool Has(std::string_view name);
+    // Which of them the layer with this name, as it stands in the file, is; none for another one.
+    std::optional<std::uint32_t> Find(std::string_view name);
 
-    // The names that the drawing does not know: it has no such layer, and Has was not asked for one of that name.
+    // The names that the drawing does not know: it has no such layer, and Find was not asked for one of that name.
     std::vector<CString> Missing() const;
     // Whether they are those that were not asked for.
     bool AreUsual() const { return m_areUsual; }
@@ -33,10 +34,11 @@ private:
         bool isThere = false;
     };
 
-    std::size_t IndexOf(std::string_view name) const;
+    std::optional<std::uint32_t> IndexOf(std::string_view name) const;
 
     const AcDbDatabase& m_drawing;
     bool m_areUsual;
     std::vector<Layer> m_layers;
-    std::unordered_map<std::string, bool> m_known;  // by the bytes of the names that were asked for
+    std::unordered_map<std::string, std::optional<std::uint32_t>>
+        m_known;  // by the bytes of the names that were asked for
 };

@@ -83,15 +83,15 @@ public:
         m_tree = BoxTree(boxes);
     }
 
-    // The number of the window that a place lies in; how many windows there are for none.
-    std::size_t WindowAt(const Vector3& place) const {
-        const Box here = BoxAround(place);
+    // The number of the window that a text lies in; how many windows there are for none.
+    std::size_t WindowOf(const WindowText& text) const {
+        const Box here = BoxAround(text.place);
         std::size_t nearest = m_windows.size();
         double least = std::numeric_limits<double>::infinity();
         m_tree.Walk([&](const Box& box) { return Overlap(box, here); },
                     [&](std::size_t index) {
-                        const std::optional<double> distance = Plate{m_windows[index]}.DistanceOf(place);
-                        if (!distance || *distance > m_thickness)
+                        const std::optional<double> distance = Plate{m_windows[index]}.DistanceOf(text.place);
+                        if (!distance || *distance > m_thickness || m_windows[index].layer != text.layer)
                             return;
                         if (*distance < least || (*distance == least && index < nearest)) {
                             least = *distance;
@@ -133,7 +133,7 @@ void NameWindows(std::vector<DrawnWindow>& windows, const std::vector<WindowText
     if (!texts.empty() && !windows.empty()) {
         const NameGiver giver(windows, thickness);
         for (const WindowText& text : texts) {
-            const std::size_t index = giver.WindowAt(text.place);
+            const std::size_t index = giver.WindowOf(text);
             if (index < windows.size() && windows[index].name.IsEmpty())
                 windows[index].name = text.text;
         }

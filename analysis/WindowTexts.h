@@ -13,6 +13,7 @@ class EntityGroups;
 struct WindowText {
     CString text;
     Vector3 place;
+    std::uint32_t layer = 0;  // as a window's
 };
 
 // A TEXT or MTEXT without what formats it. Its place is the insertion point: of a TEXT that is justified otherwise than
@@ -22,5 +23,5 @@ bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, dou
 
 // Names the windows: by the first of the texts, in their order, that lie in one; without any by the handle, and where
 // there is none by its number among the windows ("#3"). A text lies in the nearest window (of several equally near the
-// first) of those whose rectangle it stands before or behind, at most `thickness` away.
+// first) of those on its layer whose rectangle it stands before or behind, at most `thickness` away.
 void NameWindows(std::vector<DrawnWindow>& windows, const std::vector<WindowText>& texts, double thickness);

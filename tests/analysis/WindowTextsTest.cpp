@@ -52,6 +52,15 @@ TEST(WindowTexts, AreNoneOfOtherLayersKindsOrInvisible) {
     EXPECT_EQ(NameIn(Window("5=AB") + Text("3", "67=1 " + kWithin)), "AB");
 }
 
+TEST(WindowTexts, NameWindowsOfTheirOwnLayerOnly) {
+    EXPECT_EQ(NameIn(Window("5=AB") + Entity("TEXT", "8=窗 1=3 " + kWithin)), "AB");
+    EXPECT_EQ(NameIn(Window("5=AB") + Entity("TEXT", "8=window 1=3 " + kWithin)), "3") << "the same in small letters";
+    // The nearer window is on the other layer.
+    EXPECT_EQ(NamesIn(Window("5=A", 1000, 100) + Upright("5=B 8=窗", kHere, 1000, 0, 2500, 0, 900, 2400) +
+                      Text("3", kWithin)),
+              (std::vector<std::string>{"3", "B"}));
+}
+
 TEST(WindowTexts, WithoutOneTheHandleIsTheName) {
     EXPECT_EQ(NameIn(Window("5=ab12")), "AB12");
     EXPECT_EQ(NamesIn(Window("") + Level("8=WINDOW", kHere, 0, 0, 9, 9, 0) + Window("5=F") + Window("")),
@@ -131,7 +140,8 @@ TEST(WindowTexts, FindTheSameWindowAsALookAtAllOfThem) {
     }
     std::vector<WindowText> texts;
     for (int i = 0; i < 3000; ++i)
-        texts.push_back({CString(std::wstring_view(std::to_wstring(i))), {at(random), at(random), at(random) / 4.0}});
+        texts.push_back(
+            {CString(std::wstring_view(std::to_wstring(i))), {at(random), at(random), at(random) / 4.0}, 0});
     std::vector<DrawnWindow> named = windows;
     NameWindows(named, texts, 200.0);
     std::vector<CString> expected(windows.size());

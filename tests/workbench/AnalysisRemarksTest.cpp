@@ -46,7 +46,7 @@ TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind :
          {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow, Kind::Faulty,
-          Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable, Kind::SunBelowHorizon, Kind::OutsideTheGlobe,
+          Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable, Kind::SunBelowHorizon, ,
           Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
     EXPECT_EQ(messages.size(), 13U);

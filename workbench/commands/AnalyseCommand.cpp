@@ -30,11 +30,6 @@ namespace {
 
 constexpr double kTurn = 360.0;
 
-int Refuse(int code, const CString& text) {
-    Complain(text);
-    return code;
-}
-
 // An answer that is passed on when all of it is there.
 class HeldOutput : public Output {
 public:
