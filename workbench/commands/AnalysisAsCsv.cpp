@@ -4,13 +4,13 @@
 #include <cmath>
 #include <string>
 
+#include "analysis/WindowName.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
 #include "workbench/commands/EntityGroup.h"
-#include "workbench/commands/WindowNameParts.h"
 
 namespace {
 

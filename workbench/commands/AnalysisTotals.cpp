@@ -5,13 +5,14 @@
 #include <map>
 #include <utility>
 
+#include "analysis/WindowName.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/commands/WindowNameParts.h"
+
 #include "workbench/terminal/TextTable.h"
 
 namespace {

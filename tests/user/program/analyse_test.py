@@ -432,7 +432,7 @@ class WhatCannotBe(AnalyseTest):
         for entities, handle, note, words in (((HOUSE[0], within), "D1", "inside", "在闭合的体内"),
                                               ((*HOUSE, across), "B1", "cut", "有面穿过"),
                                               ((HOUSE[0], south_window("F1", right=4.8)), "F1", "narrower", "比标准的最小窗宽窄")):
-            answer = self.orvo("analyse", self.put(drawing(*entities)), "--standard", STANDARD, "--need", "1", "--json")
+            answer = self.orvo("analyse", self.put(drawing(*entities)), "--standard", STANDARD, "--facing", "270", "--json")
             self.assertEqual(answer.code, OK, answer)
             self.assertIn(note, answer.json()["windows"][0]["notes"])
             self.assertRegex(answer.err, f"orvo: 窗 {handle}：.*{words}")
