@@ -79,6 +79,16 @@ TEST(AnalysisAsCsv, LeavesNumbersNumbers) {
     EXPECT_NE(LinesOf({window}).find(",1.25,-1.25,180,"), std::string::npos);
 }
 
+TEST(AnalysisAsCsv, RoundsNumbersToSixDecimals) {
+    WindowResult window = LitWindow(1, L"a");
+    window.facing = 359.9999999;
+    window.sill = -1e-9;
+    window.judged = 160.99999999999991;
+    window.total = 1.2345678;
+    window.longest = 2.5;
+    EXPECT_NE(LinesOf({window}).find(",360,1.5,1.25,0,161,1.234568,2.5,"), std::string::npos);
+}
+
 TEST(AnalysisAsCsv, GoesOnBeyondMidnight) {
     WindowResult window = LitWindow(1, L"a");
     window.sunlit = {{23.5, 24.25}};

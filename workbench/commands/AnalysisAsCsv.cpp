@@ -49,10 +49,17 @@ bool IsFormula(const CString& text) {
 class CsvLine {
 public:
     void AddText(const CString& text) { AddCell(IsFormula(text) ? L"'" + text : text); }
-    void AddNumber(double value) { AddCell(DoubleToText(value)); }
+    // To six decimals, so that nobody reads 160.99999999999991.
+    void AddNumber(double value) {
+        constexpr double kDecimals = 1e6;
+        AddCell(DoubleToText(std::round(value * kDecimals) / kDecimals + 0.0));
+    }
     template <class T>
     void AddNumber(const std::optional<T>& value) {
-        AddCell(value ? DoubleToText(static_cast<double>(*value)) : CString());
+        if (value)
+            AddNumber(static_cast<double>(*value));
+        else
+            AddCell(CString());
     }
     std::string End() const { return m_text + "\r\n"; }
 

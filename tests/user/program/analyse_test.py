@@ -265,7 +265,7 @@ class Courtyard(AnalyseTest):
         self.assertEqual(len(rows), len(windows))
         for row, window in zip(rows, windows):
             self.assertEqual((row["verdict"], row["name"], row["handle"]), (window["verdict"], window["name"], window["handle"]))
-            self.assertEqual(float(row["judged"]), window["judged"])
+            self.assertAlmostEqual(float(row["judged"]), window["judged"], 6)
             self.assertEqual(f"{row['building']}-{row['flat']}-{window['name'][-1]}", window["name"])
             self.assertEqual(len(row["counted"].split("; ")), len(window["counted"]))
             self.assertRegex(row["counted"], r"^\d\d:\d\d:\d\d-\d\d:\d\d:\d\d(; |$)")
