@@ -28,8 +28,6 @@
 
 namespace {
 
-constexpr double kTurn = 360.0;
-
 // An answer that is passed on when all of it is there.
 class HeldOutput : public Output {
 public:
@@ -55,22 +53,23 @@ CString BadAltitudeText(const CString& value) {
     return SayFormat(L"--least-altitude 的值“%s”不对：请写太阳高度角的度数，大于 0、小于 90，例如 5", Printable(value));
 }
 
-// Gives an ExitCode, like the following ones.
-int ReadDirections(const AnalyseOptions& options, AnalysisRequest& request) {
-    if (options.north) {
-        const std::optional<double> north = ParseDecimal(*options.north);
-        if (!north)
-            return Refuse(kExitUsage, BadDegreesText(L"--north", *options.north));
-        request.north = std::fmod(*north, kTurn);
-    }
-    if (options.facing) {
-        const std::optional<double> facing = ParseDecimal(*options.facing);
-        if (!facing)
-            return Refuse(kExitUsage, BadDegreesText(L"--facing", *options.facing));
-        const double turned = std::fmod(*facing, kTurn);
-        request.facing = turned < 0.0 ? turned + kTurn : turned;
-    }
+// Gives an ExitCode, like the following ones. Whole turns are taken away.
+int ReadDirection(const wchar_t* option, const std::optional<CString>& text, std::optional<double>& degrees) {
+    constexpr double kTurn = 360.0;
+    if (!text)
+        return kExitOk;
+    degrees = ParseDecimal(*text);
+    if (!degrees)
+        return Refuse(kExitUsage, BadDegreesText(option, *text));
+    degrees = std::fmod(*degrees, kTurn);
     return kExitOk;
+}
+
+int ReadDirections(const AnalyseOptions& options, AnalysisRequest& request) {
+    std::optional<double> north;
+    const int code = ReadDirection(L"--north", options.north, north);
+    request.north = north.value_or(0.0);
+    return code ? code : ReadDirection(L"--facing", options.facing, request.facing);
 }
 
 int ReadLimits(const AnalyseOptions& options, AnalysisRequest& request) {
