@@ -82,6 +82,20 @@ TEST(AnalysisTable, HasAWindowWithoutASideToo) {
               "    分不清哪一侧是室外，没有分析；可用 --facing 给出朝向\n");
 }
 
+TEST(AnalysisTable, IsNotPushedAsideByOneLongName) {
+    AnalysisReport report = BareReport();
+    const CString longName(L'n', 80);
+    WindowResult window = LitWindow(0x2B, L"a");
+    window.hidden.clear();
+    window.sunlit.clear();
+    window.counted.clear();
+    report.answer.windows = {window, window};
+    report.answer.windows[0].name = longName;
+    const std::string blanks(40 - 6, ' ');  // behind "a (2B)"
+    EXPECT_TRUE(HasLine(report, "-       a (2B)" + blanks + "     1  270.0 南"));
+    EXPECT_TRUE(HasLine(report, "-       " + ToUtf8(longName.View()) + " (2B)     1  270.0 南"));
+}
+
 TEST(AnalysisTable, StaysWithinAHundredColumns) {
     AnalysisReport report = BareReport();
     WindowResult window = LitWindow(0x2A, L"1-101-1");

@@ -16,6 +16,7 @@ namespace {
 constexpr int kTerminal = 100;  // columns
 constexpr int kBetween = 2;
 constexpr int kIndent = 4;
+constexpr int kMostLabel = 40;  // one that is longer pushes its own line aside, and no other
 
 // The columns of the windows' own lines, and of the stretches' below them.
 struct Widths {
@@ -62,7 +63,7 @@ Widths WidthsOf(const std::vector<WindowResult>& windows) {
     widths.judged = WidthOf({Say(L"判定时数")});
     widths.kind = WidthOf({Say(L"日照"), Say(L"计入"), Say(L"不计"), Say(L"遮挡")});
     for (const WindowResult& window : windows) {
-        widths.label = std::max(widths.label, DisplayWidth(WindowLabel(window)));
+        widths.label = std::max(widths.label, std::min(DisplayWidth(WindowLabel(window)), kMostLabel));
         widths.floor = std::max(widths.floor, DisplayWidth(FloorText(window)));
         widths.facing = std::max(widths.facing, DisplayWidth(FacingText(window)));
         widths.judged = std::max(widths.judged, DisplayWidth(JudgedText(window)));
@@ -70,7 +71,7 @@ Widths WidthsOf(const std::vector<WindowResult>& windows) {
     return widths;
 }
 
-CString WithoutBlanksAtEnd(CString line) {
+CString WithoutBlanksAtEnd(const CString& line) {
     int length = line.GetLength();
     while (length > 0 && line.GetAt(length - 1) == L' ')
         --length;
