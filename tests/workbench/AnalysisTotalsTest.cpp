@@ -107,3 +107,30 @@ TEST(AnalysisTotals, HaveNoVerdictsWhereNothingWasAskedFor) {
               "  楼  户数  达标户  窗数  已分析  达标窗  最少  最多\n"
               "  -      1       -     1       1       -  3:00  3:00\n");
 }
+
+namespace {
+
+std::string SummaryOf(const std::vector<WindowResult>& windows) {
+    TextOutput output;
+    PrintSummary(windows, output);
+    return output.Text();
+}
+
+}  // namespace
+
+TEST(AnalysisSummary, NamesTheWindowsThatFail) {
+    EXPECT_EQ(SummaryOf({Window(L"1-101-1", 1, 90, false), Window(L"1-101-2", 1, 150, true), Window(L"1", 1, 0, false),
+                         WindowWithoutSide(2, L"x")}),
+              "共 4 个窗，已分析 3 个：达标 1 个，不达标 2 个。\n不达标的窗：1-101-1 (1), 1\n");
+    EXPECT_EQ(SummaryOf({Window(L"1-101-2", 1, 150, true)}), "共 1 个窗，已分析 1 个：达标 1 个，不达标 0 个。\n");
+    EXPECT_EQ(SummaryOf({LitWindow(1, L"a"), WindowWithoutSide(2, L"x")}), "共 2 个窗，已分析 1 个。\n");
+    EXPECT_EQ(SummaryOf({}), "共 0 个窗，已分析 0 个。\n");
+}
+
+TEST(AnalysisSummary, NamesTenOfMany) {
+    const std::string ten = "1, 1, 1, 1, 1, 1, 1, 1, 1, 1";
+    EXPECT_EQ(SummaryOf(std::vector<WindowResult>(10, Window(L"1", 1, 0, false))),
+              "共 10 个窗，已分析 10 个：达标 0 个，不达标 10 个。\n不达标的窗：" + ten + "\n");
+    EXPECT_EQ(SummaryOf(std::vector<WindowResult>(500, Window(L"1", 1, 0, false))),
+              "共 500 个窗，已分析 500 个：达标 0 个，不达标 500 个。\n不达标的窗：" + ten + ", ...\n");
+}

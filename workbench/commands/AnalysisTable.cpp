@@ -68,6 +68,7 @@ bool PrintAnalysisTable(const AnalysisReport& report, Output& output, const Anal
     PrintTotals(report.answer.windows, output);
     PrintShading(report.shading, output);
     output.Line(L"");
+    PrintSummary(report.answer.windows, output);
     PrintLeftOut(LeftOutOf(report), output);
     for (const wchar_t* text :
          {L"朝向是窗的外法线，从正东起逆时针计。", L"“日照”是精确的时段，“计入”是按标准的步长、计入判定的时段。",

@@ -174,3 +174,23 @@ void PrintTotals(const std::vector<WindowResult>& windows, Output& output) {
     PrintBuildings(totals.buildings, output);
     PrintStoreys(totals.storeys, output);
 }
+
+void PrintSummary(const std::vector<WindowResult>& windows, Output& output) {
+    constexpr std::size_t kNamed = 10;
+    WindowTotal all;
+    CString failing;
+    for (const WindowResult& window : windows) {
+        Count(all, window);
+        const std::size_t failed = all.judgedByNeed - all.passing;
+        if (window.passes.value_or(true) || failed > kNamed + 1)
+            continue;
+        failing += failing.IsEmpty() ? L"" : L", ";
+        failing += failed > kNamed ? CString(L"...") : WindowLabel(window);
+    }
+    output.Line(all.judgedByNeed == 0
+                    ? SayFormat(L"共 %s 个窗，已分析 %s 个。", Number(all.windows), Number(all.analysed))
+                    : SayFormat(L"共 %s 个窗，已分析 %s 个：达标 %s 个，不达标 %s 个。", Number(all.windows),
+                                Number(all.analysed), Number(all.passing), Number(all.judgedByNeed - all.passing)));
+    if (!failing.IsEmpty())
+        output.Line(SayFormat(L"不达标的窗：%s", failing));
+}

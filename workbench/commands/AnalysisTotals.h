@@ -35,3 +35,6 @@ WindowTotals TotalsOf(const std::vector<WindowResult>& windows);
 
 // Nothing for no windows.
 void PrintTotals(const std::vector<WindowResult>& windows, Output& output);
+
+// In two lines at most: how many windows there are and how many pass, and the first of those that do not.
+void PrintSummary(const std::vector<WindowResult>& windows, Output& output);
