@@ -404,6 +404,18 @@ class WhatCannotBe(AnalyseTest):
         self.refused(FAILED, "analyse", self.put("no drawing"))
         self.refused(FAILED, "analyse", self.home, "--json")
 
+    def test_settings_without_a_standard_or_a_known_place(self):
+        name = self.put(drawing(*NAMED))
+        self.write("SunSet.xml", "<ORVO><CUR_SUNSETDATA><CUR_CITY>上海</CUR_CITY></CUR_SUNSETDATA></ORVO>")
+        self.assertIn("没有选定标准", self.refused(FAILED, "analyse", name).err)
+        self.write("SunSet.xml", "<ORVO><CUR_SUNSETDATA><CUR_CITY>乌有乡</CUR_CITY></CUR_SUNSETDATA></ORVO>")
+        self.assertIn("乌有乡", self.refused(FAILED, "analyse", name).err)
+
+    def test_a_unit_that_nobody_builds_in_is_refused_by_name(self):
+        for arguments in ([], ["--json"], ["--csv"]):
+            self.assertIn("“秒差距”", self.refused(FAILED, "analyse", self.put(drawing(*NAMED, units=20)), *arguments).err)
+        self.assertIn("“$INSUNITS 99”", self.refused(FAILED, "analyse", self.put(drawing(*NAMED, units=99))).err)
+
     def test_no_windows(self):
         name = self.put(drawing(box("A1", "建筑", 0, 0, 10, 8, 6)))
         for arguments in ([], ["--csv"], ["--json"]):
