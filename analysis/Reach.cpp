@@ -1,8 +1,9 @@
-// Distances in plan and heights over a sill, by the boxes around entities.
+// Distances in plan and heights over a sill, by the boxes around entities, then by their faces.
 #include "analysis/Reach.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "analysis/Boxes.h"
 
@@ -13,22 +14,50 @@ double Outside(double value, double least, double most) {
     return std::max({least - value, value - most, 0.0});
 }
 
+// From a point to a face, both seen from above: 0 within it.
+double DistanceInPlan(const Occluder& face, const Vector3& point) {
+    double nearest = std::numeric_limits<double>::infinity();
+    bool isLeftOfAll = true;
+    bool isRightOfAll = true;
+    for (int i = 0; i < face.count; ++i) {
+        const Vector3& corner = face.corners[i];
+        const Vector3& next = face.corners[(i + 1) % face.count];
+        const double wayX = next.x - corner.x;
+        const double wayY = next.y - corner.y;
+        const double x = point.x - corner.x;
+        const double y = point.y - corner.y;
+        const double square = wayX * wayX + wayY * wayY;
+        const double part = square > 0.0 ? std::clamp((x * wayX + y * wayY) / square, 0.0, 1.0) : 0.0;
+        nearest = std::min(nearest, std::hypot(x - part * wayX, y - part * wayY));
+        const double side = wayX * y - wayY * x;
+        isLeftOfAll = isLeftOfAll && side >= 0.0;
+        isRightOfAll = isRightOfAll && side <= 0.0;
+    }
+    return isLeftOfAll != isRightOfAll ? 0.0 : nearest;  // both: of an upright face, in line with it
+}
+
 }  // namespace
 
 Reach::Reach(const OccluderSet& occluders, const ReachLimits& limits)
-    : m_limits(limits), m_boxes(occluders.handles.size()) {
-    std::vector<bool> isBegun(m_boxes.size(), false);
-    for (const Occluder& face : occluders.faces) {
-        Box& box = m_boxes[face.entity];
-        box = isBegun[face.entity] ? BoxAround(box, BoxAround(face)) : BoxAround(face);
-        isBegun[face.entity] = true;
+    : m_occluders(occluders), m_limits(limits), m_entities(occluders.handles.size()) {
+    for (std::size_t i = 0; i < occluders.faces.size(); ++i) {
+        const Occluder& face = occluders.faces[i];
+        Entity& entity = m_entities[face.entity];
+        entity.box = entity.faceCount == 0 ? BoxAround(face) : BoxAround(entity.box, BoxAround(face));
+        entity.firstFace = entity.faceCount == 0 ? i : entity.firstFace;
+        ++entity.faceCount;
     }
 }
 
-bool Reach::Counts(std::uint32_t entity, const Vector3& sill) const {
-    const Box& box = m_boxes[entity];
-    const double distance =
-        std::hypot(Outside(sill.x, box.least.x, box.most.x), Outside(sill.y, box.least.y, box.most.y));
-    const double height = std::clamp(box.most.z - sill.z, 0.0, std::max(m_limits.buildingHeightLimit, 0.0));
-    return distance <= m_limits.mainScopeRadius && distance <= m_limits.scopeFactorOfHeight * height;
+bool Reach::Counts(std::uint32_t number, const Vector3& sill) const {
+    const Entity& entity = m_entities[number];
+    const double height = std::clamp(entity.box.most.z - sill.z, 0.0, std::max(m_limits.buildingHeightLimit, 0.0));
+    const double reach = std::min(m_limits.mainScopeRadius, m_limits.scopeFactorOfHeight * height);
+    // The box may come nearer than what it is around, and that hangs on how the drawing is turned.
+    if (std::hypot(Outside(sill.x, entity.box.least.x, entity.box.most.x),
+                   Outside(sill.y, entity.box.least.y, entity.box.most.y)) > reach)
+        return false;
+    const auto first = m_occluders.faces.begin() + static_cast<std::ptrdiff_t>(entity.firstFace);
+    return std::any_of(first, first + static_cast<std::ptrdiff_t>(entity.faceCount),
+                       [&](const Occluder& face) { return DistanceInPlan(face, sill) <= reach; });
 }

@@ -1,6 +1,7 @@
 // How far the module's parameters of scope let an analysis look.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -19,12 +20,21 @@ struct ReachLimits {
 // taken.
 class Reach {
 public:
+    // Keeps a reference.
     Reach(const OccluderSet& occluders, const ReachLimits& limits);
 
     // Whether an entity counts for a window with its sill's middle here.
     bool Counts(std::uint32_t entity, const Vector3& sill) const;
 
 private:
+    // Its faces, which lie together.
+    struct Entity {
+        Box box;
+        std::size_t firstFace = 0;
+        std::size_t faceCount = 0;
+    };
+
+    const OccluderSet& m_occluders;
     ReachLimits m_limits;
-    std::vector<Box> m_boxes;  // around each entity's faces
+    std::vector<Entity> m_entities;
 };

@@ -6,9 +6,12 @@
 
 namespace {
 
-// What is nearer to the target's plane than this (millimetres) is not seen: its directions lie within a hair of the
-// plane, and the perspective has no place for those in it.
+// Lengths below this are rounding, millimetres.
 constexpr double kNearest = 1e-6;
+// What is nearer to the target's plane than this (millimetres) is not seen: its directions lie within a hair of the
+// plane, and the perspective has no place for those in it. The hair, seen from a jamb a few centimetres aside, has to
+// be less than what the sun does in the shortest period, else the sun would seem to slip in along the wall.
+constexpr double kNearestSeen = 1e-10;
 
 Vector3 InTargetAxes(const SunTarget& target, const Vector3& point) {
     const Vector3 way = point - target.middle;
@@ -52,13 +55,13 @@ void ShadowHull::Clip(const std::vector<Vector3>& polygon) {
     for (std::size_t i = 0; i < polygon.size(); ++i) {
         const Vector3& corner = polygon[i];
         const Vector3& next = polygon[(i + 1) % polygon.size()];
-        const bool isBefore = corner.z >= kNearest;
+        const bool isBefore = corner.z >= kNearestSeen;
         if (isBefore)
             m_before.push_back(corner);
-        if (isBefore == (next.z >= kNearest))
+        if (isBefore == (next.z >= kNearestSeen))
             continue;
-        m_before.push_back(AtDepth(corner, next, kNearest));
-        m_before.back().z = kNearest;
+        m_before.push_back(AtDepth(corner, next, kNearestSeen));
+        m_before.back().z = kNearestSeen;
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 #include "analysis/Boxes.h"
 #include "analysis/DrawnWindows.h"
@@ -173,10 +174,13 @@ WindowResult Analysis::Analyse(const DrawnWindow& window, const DayOfAnalysis& d
     EntityFilter counts;
     const Vector3 sill = window.lowerLeft + window.right * (0.5 * window.width);
     if (m_request.isScoped && g_bLimitClientScope)
-        counts = [&](std::uint32_t entity) {
-            const bool isCounted = reach.Counts(entity, sill);
-            m_leftOut[entity] = m_leftOut[entity] || !isCounted;
-            return isCounted;
+        counts = [&, known = std::unordered_map<std::uint32_t, bool>()](std::uint32_t entity) mutable {
+            const auto [each, isNew] = known.try_emplace(entity, false);
+            if (isNew) {
+                each->second = reach.Counts(entity, sill);
+                m_leftOut[entity] = m_leftOut[entity] || !each->second;
+            }
+            return each->second;
         };
     AnalyseDay(day, window, counts, result);
     std::sort(result.notes.begin(), result.notes.end());

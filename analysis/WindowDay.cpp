@@ -13,13 +13,18 @@
 
 namespace {
 
+constexpr double kDay = 24.0;
 constexpr double kPartStep = 100.0;  // millimetres from one part of a wide window to the next
 
 // The hours whose sun is valid for a window by the standard's rule.
 HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window) {
     if (day.standard.validSunType == ORVO_SUN_SHANGHAI) {
         const QcGePoint hours = GetShanghaiValidTime(FacingOf(window, day.north) * kRadiansPerDegree);
-        return Intersection(SunPeriod{hours.x, hours.y}, day.span);
+        // The rule is one of every day, and a span of the clock may hold hours of the day before or after.
+        HourSpans valid;
+        for (const double turn : {-kDay, 0.0, kDay})
+            valid = Union(valid, Intersection(SunPeriod{hours.x + turn, hours.y + turn}, day.span));
+        return valid;
     }
     const int least = day.standard.minValidAngle;
     if (least <= 0)

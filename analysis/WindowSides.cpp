@@ -155,7 +155,11 @@ Side SideFinder::OutsideOf(const Foot& foot, const Vector3& outward) const {
     const bool isInOther = std::binary_search(other.begin(), other.end(), foot.face->body);
     if (isInOwn == isInOther)
         return Side::Unknown;
-    return (isInOwn ? other : own).empty() ? SideOf(isInOther) : Side::Untellable;
+    // What holds both sides does not begin there.
+    const std::vector<std::int32_t>& outside = isInOwn ? other : own;
+    const std::vector<std::int32_t>& inside = isInOwn ? own : other;
+    const bool doesAnotherBegin = !std::includes(inside.begin(), inside.end(), outside.begin(), outside.end());
+    return doesAnotherBegin ? Side::Untellable : SideOf(isInOther);
 }
 
 Side SideFinder::OnBody(const DrawnWindow& window) const {
@@ -266,7 +270,8 @@ void SideFinder::Tell(DrawnWindow& window) {
         window.right = -window.right;
     }
     window.hasSide = side == Side::Own || side == Side::Other;
-    const Vector3 before = window.Outward() * m_rules.offset;
+    // Beyond the tolerance by which a window on a face may lie behind it.
+    const Vector3 before = window.Outward() * std::max(m_rules.offset, 2.0 * m_on);
     window.isInside =
         m_bodies.IsInside(window.Middle() + before) && (window.hasSide || m_bodies.IsInside(window.Middle() - before));
 }

@@ -49,7 +49,7 @@ TEST(Reach, IsMeasuredInPlanToTheNearestPartOfAllFaces) {
     EXPECT_TRUE(Reach(occluders, {1000.0, 1.5, 400.0}).Counts(0, {0, 0, 0}));
     EXPECT_TRUE(Reach(occluders, {1000.0, 1.5, 400.0}).Counts(0, {100.0, 151.0, 0})) << "150 beside it";
     EXPECT_FALSE(Reach(occluders, {1000.0, 1.5, 400.0}).Counts(0, {100.0, 151.1, 0}));
-    EXPECT_TRUE(Reach(occluders, {1000.0, 1.5, 400.0}).Counts(0, {500.0, 0.0, 0})) << "within its box";
+    EXPECT_FALSE(Reach(occluders, {1000.0, 1.5, 400.0}).Counts(0, {500.0, 0.0, 0})) << "only its box is near";
 }
 
 }  // namespace

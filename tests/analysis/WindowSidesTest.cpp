@@ -139,10 +139,11 @@ TEST(WindowSides, BetweenTwoBodiesThatTouchHaveNone) {
     EXPECT_TRUE(asked.isInside);
 }
 
-TEST(WindowSides, OnABodyWithinAnotherHaveNone) {
+TEST(WindowSides, OnABodyWithinAnotherFaceOutOfTheirOwn) {
     const Told told =
         Tell(House(kHere) + Block(kHere, -5000, -5000, 15000, 15000, -100, 20000), kHere, 3000, 0, 4500, 0);
-    ExpectNone(told);
+    ASSERT_TRUE(told.facing);
+    EXPECT_NEAR(*told.facing, 270.0, 1e-3);
     EXPECT_TRUE(told.isInside);
 }
 
