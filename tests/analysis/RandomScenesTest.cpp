@@ -1,0 +1,267 @@
+// The analysis against the slow caster, on scenes that nobody thought of.
+//
+// What is agreement: at every moment looked at, save those closer than a second to a change that the analysis tells,
+// both sides have the same answer to whether the window is sunlit, whether it is hidden, and whether it is lit in vain.
+// A ray that is stopped makes a window hidden for certain. Where no ray is stopped and the analysis says hidden, the
+// shadow lies between the grid's points; its outline on the window's plane then has to reach into the window itself,
+// not only to within the grid's step of it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <set>
+#include <string_view>
+
+#include "RandomScene.h"
+#include "settings/OrvoStdSet.h"
+
+namespace {
+
+constexpr double kSecond = 1.0 / 3600.0;
+constexpr double kGridStep = 120.0;  // millimetres
+
+enum class Light { None, Sunlit, Hidden, InVain };
+
+class Judge {
+public:
+    Judge(const RandomScene& made, const WindowResult& window);
+    void CompareAll();
+    std::size_t Looked() const { return m_looked; }
+
+private:
+    void AddChanges(const SunPeriod& period);
+    Light ClaimedAt(double hours) const;
+    bool IsNearChange(double hours) const;
+    bool IsValid(double hours) const;
+    Light FoundAt(double hours) const;
+    bool Agrees(double hours);
+    void ExpectAgreement(double hours);
+    double FindChange(double before, double after) const;
+    void CompareAround(double change);
+    void CompareCulprits();
+
+    const Standard& m_standard;
+    const WindowResult& m_window;
+    SlowCaster m_caster;
+    SunPeriod m_span;
+    double m_facing;  // from true east
+    std::vector<double> m_changes;
+    std::size_t m_looked = 0;
+    std::size_t m_wrong = 0;
+};
+
+SlowSky SkyOf(const AnalysisRequest& request) {
+    return {request.settings.place->latitude, request.terms.declination, request.north};
+}
+
+SlowTarget TargetOf(const RandomScene& made, const WindowResult& window) {
+    if (made.request.settings.standard->fullWindow == 0)
+        return made.scene.SillOf(window.handle);
+    if (window.part)
+        return made.scene.PartOf(window.handle, window.part->from * 1000.0, window.part->width * 1000.0);
+    return made.scene.TargetOf(window.handle);
+}
+
+// By the clock: true solar time is that of 120 degrees east, later by four minutes a degree and the equation of time.
+SunPeriod SpanOf(const AnalysisRequest& request) {
+    const Standard& standard = *request.settings.standard;
+    double shift = 0.0;
+    if (standard.beijingTime == ORVO_BEIJING_TIME)
+        shift = request.terms.equationOfTime - (120.0 - request.settings.place->longitude) * 4.0 / 60.0;
+    return {standard.start + shift, standard.end + shift};
+}
+
+Judge::Judge(const RandomScene& made, const WindowResult& window)
+    : m_standard(*made.request.settings.standard),
+      m_window(window),
+      m_caster(made.scene.Faces(), SkyOf(made.request), TargetOf(made, window), kGridStep),
+      m_span(SpanOf(made.request)) {
+    const double facing = made.scene.TargetOf(window.handle).facing - made.request.north;
+    m_facing = facing - 360.0 * std::floor(facing / 360.0);
+    for (const SunPeriod& period : window.sunlit)
+        AddChanges(period);
+    for (const HiddenPeriod& hidden : window.hidden)
+        AddChanges(hidden.period);
+    for (const DroppedPeriod& dropped : window.dropped)
+        if (dropped.reason == DropReason::Facing || dropped.reason == DropReason::Angle)
+            AddChanges(dropped.period);
+}
+
+void Judge::AddChanges(const SunPeriod& period) {
+    m_changes.push_back(period.start);
+    m_changes.push_back(period.end);
+}
+
+Light Judge::ClaimedAt(double hours) const {
+    const auto holds = [&](const SunPeriod& period) { return period.start <= hours && hours <= period.end; };
+    for (const SunPeriod& period : m_window.sunlit)
+        if (holds(period))
+            return Light::Sunlit;
+    for (const HiddenPeriod& hidden : m_window.hidden)
+        if (holds(hidden.period))
+            return Light::Hidden;
+    for (const DroppedPeriod& dropped : m_window.dropped)
+        if ((dropped.reason == DropReason::Facing || dropped.reason == DropReason::Angle) && holds(dropped.period))
+            return Light::InVain;
+    return Light::None;
+}
+
+bool Judge::IsNearChange(double hours) const {
+    return std::any_of(m_changes.begin(), m_changes.end(),
+                       [&](double change) { return std::fabs(change - hours) <= kSecond; });
+}
+
+// The Shanghai rule: 9 to 15, of which a window loses the more the farther it is turned from south, at the end when it
+// looks east.
+bool Judge::IsValid(double hours) const {
+    if (m_standard.validSunType != ORVO_SUN_SHANGHAI)
+        return m_standard.minValidAngle <= 0 || m_caster.AngleToWall(hours) >= m_standard.minValidAngle;
+    const double clock = hours - 24.0 * std::floor(hours / 24.0);  // true solar time is the same each day
+    double off = m_facing - 270.0;
+    off = off < -180.0 ? off + 360.0 : off;
+    const int degrees = static_cast<int>(std::floor(std::fabs(off) + 0.5));
+    if (degrees > 90)
+        return false;
+    constexpr double kLost[] = {0.0, 0.5, 1.5, 2.5, 3.5, 4.5};
+    const double lost = degrees == 0 ? 0.0 : kLost[(degrees - 1) / 15];
+    return clock >= (off < 0.0 ? 9.0 + lost : 9.0) && clock <= (off < 0.0 ? 15.0 : 15.0 - lost);
+}
+
+Light Judge::FoundAt(double hours) const {
+    if (hours < m_span.start || hours > m_span.end || !m_caster.IsUp(hours) || !m_caster.IsBeforeWindow(hours))
+        return Light::None;
+    if (m_caster.IsAnyRayStopped(hours))
+        return IsValid(hours) ? Light::Hidden : Light::None;
+    return IsValid(hours) ? Light::Sunlit : Light::InVain;
+}
+
+bool Judge::Agrees(double hours) {
+    ++m_looked;
+    const Light claimed = ClaimedAt(hours);
+    const Light found = FoundAt(hours);
+    const bool isWhole = m_standard.fullWindow != 0;
+    if (found == claimed) {
+        // No ray is stopped: the outlines must not see a shadow between the rays either.
+        const bool isLit = found == Light::Sunlit || found == Light::InVain;
+        return !isLit || !isWhole || m_caster.ShadeAt(hours) != Shade::Some;
+    }
+    const bool isBetweenRays =
+        (found == Light::Sunlit && claimed == Light::Hidden) || (found == Light::InVain && claimed == Light::None);
+    return isBetweenRays && isWhole && m_caster.ShadeAt(hours) != Shade::None;
+}
+
+void Judge::ExpectAgreement(double hours) {
+    if (IsNearChange(hours) || Agrees(hours) || ++m_wrong > 5)
+        return;
+    ADD_FAILURE() << "window " << std::hex << m_window.handle << std::dec << " at " << hours << ": claimed "
+                  << static_cast<int>(ClaimedAt(hours)) << ", found " << static_cast<int>(FoundAt(hours))
+                  << " (0 none, 1 sunlit, 2 hidden, 3 in vain), outlines " << static_cast<int>(m_caster.ShadeAt(hours));
+}
+
+// To a tenth of a second.
+double Judge::FindChange(double before, double after) const {
+    const Light first = FoundAt(before);
+    while (after - before > 0.1 * kSecond) {
+        const double middle = 0.5 * (before + after);
+        (FoundAt(middle) == first ? before : after) = middle;
+    }
+    return 0.5 * (before + after);
+}
+
+void Judge::CompareAround(double change) {
+    for (int i = -10; i <= 10; ++i)
+        ExpectAgreement(change + i * kSecond);
+}
+
+void Judge::CompareAll() {
+    double last = m_span.start;
+    Light lastFound = FoundAt(last);
+    for (double hours = m_span.start; hours <= m_span.end; hours += 30.0 * kSecond) {
+        ExpectAgreement(hours);
+        const Light found = FoundAt(hours);
+        if (found != lastFound)
+            CompareAround(FindChange(last, hours));
+        last = hours;
+        lastFound = found;
+    }
+    for (const double change : m_changes)
+        CompareAround(change);
+    CompareCulprits();
+}
+
+// Whoever stops a ray is named; whoever is named has a shadow on the window at some second of the time.
+void Judge::CompareCulprits() {
+    for (const HiddenPeriod& hidden : m_window.hidden) {
+        const std::set<std::uint64_t> named(hidden.by.begin(), hidden.by.end());
+        std::set<std::uint64_t> unseen = named;
+        const double from = hidden.period.start + kSecond;
+        const double to = hidden.period.end - kSecond;
+        for (double hours = from; hours <= to; hours += 300.0 * kSecond)
+            for (const std::uint64_t handle : m_caster.StoppedBy(hours)) {
+                EXPECT_EQ(named.count(handle), 1U) << "not named: " << std::hex << handle << " at " << hours;
+                unseen.erase(handle);
+            }
+        if (m_standard.fullWindow == 0)
+            continue;
+        for (const std::uint64_t handle : unseen) {
+            bool isSeen = false;
+            for (double hours = hidden.period.start; !isSeen && hours <= hidden.period.end + kSecond; hours += kSecond)
+                isSeen = m_caster.ShadeOf(handle, std::min(hours, hidden.period.end)) != Shade::None;
+            EXPECT_TRUE(isSeen) << std::hex << handle << std::dec << " hides nothing from " << hidden.period.start
+                                << " to " << hidden.period.end;
+        }
+    }
+}
+
+// Marks count from the span's start; those that are lit side by side make a period.
+std::vector<SunPeriod> SteppedOf(const std::vector<SunPeriod>& sunlit, const SunPeriod& span, double minutes) {
+    constexpr double kRounding = 1e-9;
+    std::vector<SunPeriod> stepped;
+    bool wasLit = false;
+    double last = 0.0;
+    for (int i = 0; span.start + i * minutes / 60.0 <= span.end + kRounding; ++i) {
+        const double mark = span.start + i * minutes / 60.0;
+        const bool isLit = std::any_of(sunlit.begin(), sunlit.end(), [&](const SunPeriod& period) {
+            return period.start - kRounding <= mark && mark <= period.end + kRounding;
+        });
+        if (isLit && wasLit && !stepped.empty() && stepped.back().end == last)
+            stepped.back().end = mark;
+        else if (isLit && wasLit)
+            stepped.push_back({last, mark});
+        wasLit = isLit;
+        last = mark;
+    }
+    return stepped;
+}
+
+bool IsSlowTier() {
+    const char* tier = std::getenv("ORVO_TEST_SLOW");
+    return tier && std::string_view(tier) == "1";
+}
+
+void CompareScene(unsigned seed) {
+    const RandomScene made = MakeRandomScene(seed);
+    SCOPED_TRACE("scene " + std::to_string(seed) + ": " + made.about);
+    const AnalysisAnswer answer = Answer(made.scene, made.request, made.placement);
+    ASSERT_EQ(answer.failure, AnalysisFailure::None);
+    ASSERT_EQ(answer.windows.size(), made.windows.size());
+    EXPECT_NEAR(answer.span.start, SpanOf(made.request).start, 1e-9);
+    EXPECT_NEAR(answer.span.end, SpanOf(made.request).end, 1e-9);
+    for (const std::uint64_t handle : made.windows) {
+        const WindowResult window = WindowOf(answer, handle);
+        ASSERT_TRUE(window.facing.has_value());
+        Judge judge(made, window);
+        judge.CompareAll();
+        EXPECT_GT(judge.Looked(), 0U);
+        ExpectPeriods(window.stepped, SteppedOf(window.sunlit, answer.span, made.request.settings.standard->step));
+    }
+}
+
+}  // namespace
+
+TEST(RandomScenes, AgreeWithRaysAtEachMoment) {
+    const unsigned count = IsSlowTier() ? 2000 : 60;
+    for (unsigned seed = 1; seed <= count && !HasFatalFailure(); ++seed)
+        CompareScene(seed);
+}

@@ -1,0 +1,321 @@
+// What is said of a window beside its hours: notes, parts, verdict, who hides it, what was dropped or left out.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "JudgedScene.h"
+#include "PaperSun.h"
+#include "settings/OrvoStdSet.h"
+
+namespace {
+
+using Kind = AnalysisRemark::Kind;
+
+constexpr double kLatitude = 31.2;
+constexpr double kSolstice = 23.44;
+const PaperSun kWinter(kLatitude, -kSolstice);
+
+// As in the cases found on paper: 1500 by 1500, sill at 1000, in a south wall.
+JudgedScene House() {
+    JudgedScene scene;
+    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
+    scene.Window(-750, 0, 1000, 1500, 1500);
+    return scene;
+}
+
+AnalysisRequest Winter() {
+    return RequestFor(kLatitude, -kSolstice);
+}
+
+AnalysisRequest LimitedTo(double least, double most) {
+    AnalysisRequest request = Winter();
+    request.settings.standard->limitWidth = 1;
+    request.settings.standard->minWidth = least;
+    request.settings.standard->maxWidth = most;
+    return request;
+}
+
+std::vector<SunPeriod> AllDay() {
+    return {{12.0 - kWinter.Sunset(), 12.0 + kWinter.Sunset()}};
+}
+
+std::vector<SunPeriod> DroppedFor(const WindowResult& window, DropReason reason) {
+    std::vector<SunPeriod> periods;
+    for (const DroppedPeriod& dropped : window.dropped)
+        if (dropped.reason == reason)
+            periods.push_back(dropped.period);
+    return periods;
+}
+
+}  // namespace
+
+TEST(WindowNotes, FaceThroughTheWindowIsACutAndNoSunAllDay) {
+    JudgedScene scene = House();
+    const std::uint64_t fin = scene.Face({{0, 100, 0}, {0, -500, 0}, {0, -500, 5000}, {0, 100, 5000}});
+    const WindowResult window = Only(Answer(scene, Winter()));
+    EXPECT_EQ(window.notes, std::vector{WindowNote::Cut});
+    EXPECT_TRUE(window.sunlit.empty());
+    ASSERT_EQ(window.hidden.size(), 1U);
+    ExpectPeriods({window.hidden[0].period}, AllDay());
+    EXPECT_EQ(window.hidden[0].by, std::vector{fin});
+    EXPECT_EQ(window.judged, 0.0);
+}
+
+// The window stays on its house's wall, and another body covers the wall there.
+TEST(WindowNotes, BodyBeforeTheWindowPutsItInside) {
+    JudgedScene scene = House();
+    const std::uint64_t annex = scene.Box(-3000, -2000, 0, 3000, 1000, 4000);
+    const WindowResult window = Only(Answer(scene, Winter()));
+    EXPECT_TRUE(HasNote(window, WindowNote::Inside));
+    EXPECT_FALSE(HasNote(window, WindowNote::NoSide));
+    EXPECT_TRUE(window.sunlit.empty());
+    ASSERT_EQ(window.hidden.size(), 1U);
+    EXPECT_EQ(window.hidden[0].by, std::vector{annex});
+}
+
+TEST(WindowNotes, WindowDeepInsideABodyIsInside) {
+    JudgedScene scene;
+    scene.Box(-10000, -4000, 0, 10000, 4000, 30000);
+    scene.Window(-750, 0, 1000, 1500, 1500);
+    AnalysisRequest request = Winter();
+    request.facing = 270.0;
+    const WindowResult window = Only(Answer(scene, request));
+    EXPECT_TRUE(HasNote(window, WindowNote::Inside));
+    EXPECT_TRUE(window.sunlit.empty());
+}
+
+TEST(WindowNotes, WindowInTheOpenHasNoSideUnlessItIsTold) {
+    JudgedScene scene;
+    scene.Box(-50000, -90000, 0, -49000, -89000, 1000);  // too low to be seen, too far to tell anything
+    scene.Box(-50000, 89000, 0, -49000, 90000, 1000);
+    scene.Window(-750, 0, 1000, 1500, 1500);
+    AnalysisRequest request = Winter();
+    request.need = 1.0;
+    const WindowResult none = Only(Answer(scene, request));
+    EXPECT_EQ(none.notes, std::vector{WindowNote::NoSide});
+    EXPECT_FALSE(none.facing.has_value());
+    EXPECT_FALSE(none.passes.has_value());
+    EXPECT_TRUE(none.sunlit.empty() && none.stepped.empty() && none.counted.empty() && none.dropped.empty() &&
+                none.hidden.empty());
+    EXPECT_EQ(none.judged, 0.0);
+    request.facing = 270.0;
+    const WindowResult told = Only(Answer(scene, request));
+    EXPECT_TRUE(told.notes.empty());
+    ASSERT_TRUE(told.facing.has_value());
+    EXPECT_NEAR(*told.facing, 270.0, 1e-9);
+    EXPECT_EQ(told.passes, std::optional(true));
+    ExpectPeriods(told.sunlit, AllDay());
+    request.facing = 90.0;
+    const WindowResult north = Only(Answer(scene, request));
+    EXPECT_NEAR(*north.facing, 90.0, 1e-9);
+    EXPECT_TRUE(north.sunlit.empty());
+    EXPECT_EQ(north.passes, std::optional(false));
+    EXPECT_NEAR(north.corners[0].x, 0.75, 1e-9) << "lower left as seen from the north";
+}
+
+TEST(WindowNotes, NarrowerThanTheLeastWidth) {
+    EXPECT_EQ(Only(Answer(House(), LimitedTo(1600, 2400))).notes, std::vector{WindowNote::Narrower});
+    EXPECT_TRUE(Only(Answer(House(), LimitedTo(1500, 2400))).notes.empty());
+    AnalysisRequest sill = LimitedTo(1600, 2400);
+    sill.settings.standard->fullWindow = 0;
+    EXPECT_TRUE(Only(Answer(House(), sill)).notes.empty()) << "widths are for whole windows";
+    AnalysisRequest unlimited = LimitedTo(1600, 2400);
+    unlimited.settings.standard->limitWidth = 0;
+    EXPECT_TRUE(Only(Answer(House(), unlimited)).notes.empty());
+}
+
+// A fin at one end of a window 4030 wide, of which 1800 count: the part at the other end is the best. The fin's shadow,
+// 1495 tan A wide, reaches it after 4030 - 1800 and the 0.05 by which the part is less.
+TEST(WindowNotes, PartAtTheEndFarFromAFin) {
+    const double reached = kWinter.AtAzimuth(2230.05 / 1495.0);
+    JudgedScene right;
+    right.Box(-10000, 0, 0, 10000, 8000, 30000);
+    right.Window(-2000, 0, 1000, 4030, 1500);
+    JudgedScene left = right;
+    right.Box(2030, -1500, 0, 2180, 0, 5000);
+    left.Box(-2150, -1500, 0, -2000, 0, 5000);
+    const WindowResult first = Only(Answer(right, LimitedTo(1200, 1800)));
+    ASSERT_TRUE(first.part.has_value());
+    EXPECT_NEAR(first.part->from, 0.0, 1e-9);
+    EXPECT_NEAR(first.part->width, 1.8, 1e-9);
+    EXPECT_NEAR(first.width, 4.03, 1e-9);
+    ExpectPeriods(first.sunlit, {{12.0 - reached, 12.0 + kWinter.Sunset()}});
+    const WindowResult last = Only(Answer(left, LimitedTo(1200, 1800)));
+    ASSERT_TRUE(last.part.has_value());
+    EXPECT_NEAR(last.part->from, 2.23, 1e-9) << "not at 2.2, where the last whole step is";
+    ExpectPeriods(last.sunlit, {{12.0 - kWinter.Sunset(), 12.0 + reached}});
+}
+
+TEST(WindowNotes, WindowAsWideAsThePartHasNone) {
+    EXPECT_FALSE(Only(Answer(House(), LimitedTo(1200, 1500))).part.has_value());
+    const WindowResult window = Only(Answer(House(), LimitedTo(1200, 1499)));
+    ASSERT_TRUE(window.part.has_value());
+    EXPECT_NEAR(window.part->from, 0.0, 1e-9) << "of equals the leftmost";
+}
+
+// Each part drawn as a window of its own has the part's hours; the wide one those of the best, of equals the leftmost.
+TEST(WindowNotes, BestPartIsTheBestOfWindowsOfItsWidth) {
+    JudgedScene scene;
+    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
+    const std::uint64_t wide = scene.Window(-2000, 0, 1000, 4030, 1500);
+    std::vector<double> starts;
+    for (int i = 0; i * 100 < 2230; ++i)
+        starts.push_back(i * 100.0);
+    starts.push_back(2230.0);
+    std::vector<std::uint64_t> parts;
+    for (const double start : starts)
+        parts.push_back(scene.Window(-2000 + start, 0, 1000, 1800, 1500));
+    scene.Box(-2300, -1500, 0, -2150, 0, 5000);
+    scene.Box(2400, -900, 0, 2500, 0, 5000);
+    scene.Box(-1200, -8000, 0, -1150, -7950, 9000);
+    scene.Box(3000, -20000, 0, 9000, -15000, 20000);
+    for (const double step : {1.0, 10.0}) {
+        AnalysisRequest request = LimitedTo(1200, 1800);
+        request.settings.standard->step = step;
+        const AnalysisAnswer answer = Answer(scene, request);
+        std::size_t best = 0;
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            if (WindowOf(answer, parts[i]).judged > WindowOf(answer, parts[best]).judged + 1e-6)
+                best = i;
+        const WindowResult window = WindowOf(answer, wide);
+        ASSERT_TRUE(window.part.has_value());
+        EXPECT_NEAR(window.part->from, starts[best] / 1000.0, 1e-9);
+        EXPECT_NEAR(window.judged, WindowOf(answer, parts[best]).judged, 1e-6);
+        ExpectPeriods(window.sunlit, WindowOf(answer, parts[best]).sunlit);
+        EXPECT_GT(window.judged, 0.0);
+    }
+}
+
+// 9 to 15 o'clock of unbroken sun are six hours.
+TEST(WindowNotes, VerdictIsJudgedAgainstNeed) {
+    AnalysisRequest request = Winter();
+    request.settings.standard->start = 9.0;
+    request.settings.standard->end = 15.0;
+    EXPECT_FALSE(Only(Answer(House(), request)).passes.has_value());
+    struct Case {
+        double need;
+        bool passes;
+    };
+    for (const Case& each : {Case{6.0, true}, Case{6.0 + 1e-5, false}, Case{6.0 + 1e-9, true}, Case{0.0, true}}) {
+        request.need = each.need;
+        const WindowResult window = Only(Answer(House(), request));
+        EXPECT_NEAR(window.judged, 360.0, 1e-6);
+        EXPECT_EQ(window.passes, std::optional(each.passes)) << each.need;
+    }
+}
+
+// Two towers one behind the other, a pole before them, and a low box that hides nothing.
+TEST(WindowNotes, HiddenByListsAllThatHideAndNoOthers) {
+    JudgedScene scene = House();
+    const std::uint64_t far = scene.Box(-4000, -90000, 0, 4000, -80000, 120000);
+    const std::uint64_t near = scene.Box(-5000, -60000, 0, 5000, -50000, 100000);
+    const std::uint64_t pole = scene.Box(-10, -3020, 0, 10, -3000, 40000);
+    scene.Box(-5000, -5000, 0, 5000, -4000, 900);
+    const WindowResult window = Only(Answer(scene, Winter()));
+    ASSERT_EQ(window.hidden.size(), 1U);
+    EXPECT_EQ(window.hidden[0].by, (std::vector{far, near, pole}));
+}
+
+// The angle to the wall is 90 - |A|: at least 30 degrees while tan |A| <= tan 60.
+TEST(WindowNotes, FlatSunIsDroppedForItsAngle) {
+    AnalysisRequest request = Winter();
+    request.settings.standard->minValidAngle = 30;
+    const double half = kWinter.AtAzimuth(std::sqrt(3.0));
+    const WindowResult window = Only(Answer(House(), request));
+    ExpectPeriods(window.sunlit, {{12.0 - half, 12.0 + half}});
+    ExpectPeriods(DroppedFor(window, DropReason::Angle),
+                  {{12.0 - kWinter.Sunset(), 12.0 - half}, {12.0 + half, 12.0 + kWinter.Sunset()}});
+    request.settings.standard->minValidAngle = 90;
+    const WindowResult nothing = Only(Answer(House(), request));
+    EXPECT_TRUE(nothing.sunlit.empty() && nothing.hidden.empty());
+    ExpectPeriods(DroppedFor(nothing, DropReason::Angle), AllDay());
+    request.settings.standard->minValidAngle = -5;
+    ExpectPeriods(Only(Answer(House(), request)).sunlit, AllDay());
+}
+
+// 20 degrees east of south the Shanghai rule takes half an hour off the end of 9 to 15. The sun of all the day is
+// before the wall (its azimuth is 62 degrees at the horizon).
+TEST(WindowNotes, SunOutsideTheShanghaiHoursIsDroppedForTheFacing) {
+    JudgedScene scene;
+    scene.StandOn(0, 0, 20.0);
+    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
+    scene.Window(-750, 0, 1000, 1500, 1500);
+    AnalysisRequest request = Winter();
+    request.settings.standard->validSunType = ORVO_SUN_SHANGHAI;
+    request.settings.standard->minValidAngle = 60;  // says nothing under this rule
+    const WindowResult window = Only(Answer(scene, request));
+    ExpectPeriods(window.sunlit, {{9.0, 14.5}});
+    ExpectPeriods(DroppedFor(window, DropReason::Facing),
+                  {{12.0 - kWinter.Sunset(), 9.0}, {14.5, 12.0 + kWinter.Sunset()}});
+}
+
+// Hours that are not valid are not hidden either, whatever stands there.
+TEST(WindowNotes, HiddenHoursAreValidOnes) {
+    JudgedScene scene = House();
+    scene.Box(-100000, -3300, 0, 100000, -3000, 50000);
+    AnalysisRequest request = Winter();
+    request.settings.standard->validSunType = ORVO_SUN_SHANGHAI;
+    const WindowResult window = Only(Answer(scene, request));
+    EXPECT_TRUE(window.sunlit.empty() && window.dropped.empty());
+    ASSERT_EQ(window.hidden.size(), 1U);
+    ExpectPeriods({window.hidden[0].period}, {{9.0, 15.0}});
+}
+
+// A tower beyond the module's 300 m, one within them but farther than 1.4 times what it rises over the sill (49 m), and
+// one that is near enough (1.4 times 99 m are 138.6): with scope only the third hides the sun, and the answer says that
+// two were left out.
+TEST(WindowNotes, ScopeLeavesOutWhatIsFarAndSaysHowMuch) {
+    const auto hiddenBy = [](const JudgedScene& scene, bool isScoped, std::size_t leftOut) {
+        AnalysisRequest request = Winter();
+        request.isScoped = isScoped;
+        request.leastAltitude = 0.0;
+        const AnalysisAnswer answer = Answer(scene, request);
+        std::size_t told = 0;
+        for (const AnalysisRemark& remark : answer.remarks)
+            if (remark.kind == Kind::LeftOutByScope)
+                told = remark.count;
+        EXPECT_EQ(told, leftOut);
+        std::vector<std::uint64_t> by;
+        for (const HiddenPeriod& hidden : Only(answer).hidden)
+            by.insert(by.end(), hidden.by.begin(), hidden.by.end());
+        std::sort(by.begin(), by.end());
+        by.erase(std::unique(by.begin(), by.end()), by.end());
+        return by;
+    };
+    JudgedScene scene = House();
+    const std::uint64_t far = scene.Box(-5000, -420000, 0, 5000, -400000, 900000);
+    const std::uint64_t low = scene.Box(70000, -80000, 0, 80000, -70000, 50000);
+    const std::uint64_t near = scene.Box(-40000, -130000, 0, -30000, -120000, 100000);
+    EXPECT_EQ(hiddenBy(scene, false, 0), (std::vector{far, low, near}));
+    EXPECT_EQ(hiddenBy(scene, true, 2), std::vector{near});
+}
+
+// The sun counts from an altitude of 10 degrees on.
+TEST(WindowNotes, LeastAltitudeLeavesOutLowSunAndSaysSo) {
+    AnalysisRequest request = Winter();
+    EXPECT_FALSE(HasRemark(Answer(House(), request), Kind::LeftOutByAltitude));
+    request.leastAltitude = 10.0;
+    const AnalysisAnswer answer = Answer(House(), request);
+    ExpectPeriods(Only(answer).sunlit, {{12.0 - kWinter.AtAltitude(10.0), 12.0 + kWinter.AtAltitude(10.0)}});
+    EXPECT_TRUE(Only(answer).hidden.empty());
+    const auto told = std::find_if(answer.remarks.begin(), answer.remarks.end(),
+                                   [](const AnalysisRemark& each) { return each.kind == Kind::LeftOutByAltitude; });
+    ASSERT_NE(told, answer.remarks.end());
+    EXPECT_EQ(told->amount, 10.0);
+}
+
+// The module's parameters say 5 degrees where scope is asked for.
+TEST(WindowNotes, ScopeBringsTheModulesLeastAltitude) {
+    AnalysisRequest request = Winter();
+    request.isScoped = true;
+    ExpectPeriods(Only(Answer(House(), request)).sunlit,
+                  {{12.0 - kWinter.AtAltitude(5.0), 12.0 + kWinter.AtAltitude(5.0)}});
+}
+
+TEST(WindowNotes, NamesComeFromTextsInTheWindow) {
+    JudgedScene scene = House();
+    scene.Name("3-402-1", 100, 0, 1500);
+    EXPECT_EQ(Only(Answer(scene, Winter())).name, CString(L"3-402-1"));
+    EXPECT_EQ(Only(Answer(House(), Winter())).name, CString(L"101")) << "the second entity's handle";
+}
