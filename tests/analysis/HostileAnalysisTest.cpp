@@ -226,7 +226,7 @@ void ExpectSound(const AnalysisAnswer& answer) {
 }  // namespace
 
 TEST(HostileAnalysis, AnswersInOrderOrFailsByName) {
-    const unsigned count = IsSlowTier() ? 20000 : 600;
+    const unsigned count = IsSlowTier() ? 10000 : 600;
     for (unsigned seed = 1; seed <= count && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         Dice dice(seed);

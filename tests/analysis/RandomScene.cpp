@@ -14,6 +14,18 @@ public:
     explicit Dice(unsigned seed) : m_random(seed) {}
     double Within(double least, double most) { return std::uniform_real_distribution<double>(least, most)(m_random); }
     int Number(int least, int most) { return std::uniform_int_distribution<int>(least, most)(m_random); }
+    // Lengths and directions of a drawing whose author snapped to a grid: planes and edges fall into one another.
+    void SnapToGrid() { m_isSnapped = true; }
+    double Length(double least, double most) { return Snapped(Within(least, most)); }
+    double Snapped(double length) const {
+        constexpr double kGrid = 250.0;
+        return m_isSnapped ? kGrid * std::round(length / kGrid) : length;
+    }
+    double Direction(double least, double most) {
+        constexpr double kQuarter = 90.0;
+        const double direction = Within(least, most);
+        return m_isSnapped ? kQuarter * std::round(direction / kQuarter) : direction;
+    }
     bool Chance(double part) { return Within(0.0, 1.0) < part; }
     template <typename T>
     T OneOf(std::initializer_list<T> values) {
@@ -22,11 +34,12 @@ public:
 
 private:
     std::mt19937 m_random;
+    bool m_isSnapped = false;
 };
 
 // What stands at a window's side, above and before it, in the window's own axes: x along the wall, y into the house.
 void AddAround(Dice& dice, JudgedScene& scene, double x, double sill, double width, double height) {
-    const double deep = dice.Within(200.0, 2500.0);
+    const double deep = dice.Length(200.0, 2500.0);
     if (dice.Chance(0.4)) {
         const double gap = dice.OneOf({0.0, 100.0, 700.0});
         scene.Box(x + width + gap, -deep, sill - 200.0, x + width + gap + 150.0, 0.0, sill + height + 600.0);
@@ -37,16 +50,16 @@ void AddAround(Dice& dice, JudgedScene& scene, double x, double sill, double wid
     }
     if (dice.Chance(0.4)) {
         const double gap = dice.OneOf({0.0, 200.0, 900.0});
-        const double wide = dice.Within(300.0, 3000.0);
+        const double wide = dice.Length(300.0, 3000.0);
         scene.Box(x - wide, -deep, sill + height + gap, x + width + wide, 0.0, sill + height + gap + 120.0);
     }
     if (dice.Chance(0.3))
         scene.Box(x - 600.0, -deep, sill - 500.0, x + width + 600.0, -deep + 100.0, sill + dice.OneOf({0.0, 80.0}));
     for (int i = dice.Number(0, 2); i > 0; --i) {
         const double thick = dice.Within(15.0, 120.0);
-        const double at = dice.Within(x - 2000.0, x + width + 2000.0);
-        const double before = dice.Within(400.0, 9000.0);
-        scene.Box(at, -before, 0.0, at + thick, -before + thick, sill + dice.Within(-500.0, 6000.0));
+        const double at = dice.Length(x - 2000.0, x + width + 2000.0);
+        const double before = dice.Length(400.0, 9000.0);
+        scene.Box(at, -before, 0.0, at + thick, -before + thick, sill + dice.Length(-500.0, 6000.0));
     }
 }
 
@@ -54,14 +67,14 @@ void AddAround(Dice& dice, JudgedScene& scene, double x, double sill, double wid
 // could tell then.
 void StandAnywhere(Dice& dice, RandomScene& made) {
     const bool isSouthern = made.request.settings.place->latitude < 0.0;
-    const double degrees = made.request.north + (isSouthern ? 180.0 : 0.0) + dice.Within(-120.0, 120.0);
-    made.scene.StandOn(dice.Within(-3000.0, 3000.0), dice.Within(-3000.0, 3000.0), degrees);
+    const double degrees = made.request.north + (isSouthern ? 180.0 : 0.0) + dice.Direction(-120.0, 120.0);
+    made.scene.StandOn(dice.Length(-3000.0, 3000.0), dice.Length(-3000.0, 3000.0), degrees);
     made.request.facing = degrees - 90.0 - made.request.north;
 }
 
 // As a box, as six loose faces that close it, or as an L whose wing comes forward beside the windows.
 void AddHouse(Dice& dice, JudgedScene& scene, double half, double deep, double tall) {
-    const double wing = dice.Within(2000.0, 9000.0);
+    const double wing = dice.Length(2000.0, 9000.0);
     switch (dice.Number(0, 3)) {
         case 0:
             scene.Face({{-half, 0, 0}, {half, 0, 0}, {half, 0, tall}, {-half, 0, tall}});
@@ -89,14 +102,14 @@ void AddHouse(Dice& dice, JudgedScene& scene, double half, double deep, double t
 void AddHouse(Dice& dice, RandomScene& made) {
     JudgedScene& scene = made.scene;
     StandAnywhere(dice, made);
-    const double half = dice.Within(5000.0, 12000.0);
-    const double tall = dice.Within(3500.0, 40000.0);
-    AddHouse(dice, scene, half, dice.Within(6000.0, 12000.0), tall);
+    const double half = dice.Length(5000.0, 12000.0);
+    const double tall = dice.Length(3500.0, 40000.0);
+    AddHouse(dice, scene, half, dice.Length(6000.0, 12000.0), tall);
     for (int i = dice.Number(1, 2); i > 0; --i) {
         const double width = dice.OneOf({600.0, 1200.0, 1800.0, 2700.0});
         const double height = dice.OneOf({900.0, 1500.0, 2200.0});
-        const double x = dice.Within(-half + 200.0, half - width - 200.0);
-        const double sill = dice.Within(50.0, tall - height - 100.0);
+        const double x = dice.Length(-half + 200.0, half - width - 200.0);
+        const double sill = dice.Length(150.0, tall - height - 150.0);
         made.windows.push_back(scene.Window(x, 0.0, sill, width, height));
         AddAround(dice, scene, x, sill, width, height);
     }
@@ -106,7 +119,7 @@ void AddHouse(Dice& dice, RandomScene& made) {
 void AddLooseWall(Dice& dice, RandomScene& made) {
     JudgedScene& scene = made.scene;
     StandAnywhere(dice, made);
-    const double sill = dice.Within(100.0, 3000.0);
+    const double sill = dice.Length(100.0, 3000.0);
     scene.Face({{-4000, 0, 0}, {4000, 0, 0}, {4000, 0, 7000}, {-4000, 0, 7000}});
     made.windows.push_back(scene.Window(-900.0, -dice.OneOf({50.0, 100.0, 150.0}), sill, 1800.0, 1500.0));
     AddAround(dice, scene, -900.0, sill, 1800.0, 1500.0);
@@ -116,16 +129,17 @@ void AddSurroundings(Dice& dice, JudgedScene& scene) {
     for (int i = dice.Number(3, 10); i > 0; --i) {
         const double way = dice.Within(0.0, 6.3);
         const double far = std::exp(dice.Within(std::log(22e3), std::log(180e3)));
-        scene.StandOn(far * std::cos(way), far * std::sin(way), dice.Within(-180.0, 180.0));
-        const double size = dice.Within(1000.0, 8000.0);
-        scene.Box(-size, -size, dice.OneOf({0.0, 0.0, 6000.0}), size, dice.Within(500.0, 20000.0),
-                  dice.Within(7000.0, 90000.0));
+        scene.StandOn(dice.Snapped(far * std::cos(way)), dice.Snapped(far * std::sin(way)),
+                      dice.Direction(-180.0, 180.0));
+        const double size = dice.Length(1000.0, 8000.0);
+        scene.Box(-size, -size, dice.OneOf({0.0, 0.0, 6000.0}), size, dice.Length(500.0, 20000.0),
+                  dice.Length(7000.0, 90000.0));
     }
     scene.StandOn(0.0, 0.0, 0.0);
     for (int i = dice.Number(0, 4); i > 0; --i) {
-        const SlowPoint at = {dice.Within(-40e3, 40e3), dice.Within(-40e3, 40e3), dice.Within(0.0, 20e3)};
-        const SlowPoint a = {dice.Within(-6e3, 6e3), dice.Within(-6e3, 6e3), dice.Within(-6e3, 6e3)};
-        const SlowPoint b = {dice.Within(-6e3, 6e3), dice.Within(-6e3, 6e3), dice.Within(-6e3, 6e3)};
+        const SlowPoint at = {dice.Length(-40e3, 40e3), dice.Length(-40e3, 40e3), dice.Length(0.0, 20e3)};
+        const SlowPoint a = {dice.Length(-6e3, 6e3), dice.Length(-6e3, 6e3), dice.Length(-6e3, 6e3)};
+        const SlowPoint b = {dice.Length(-6e3, 6e3), dice.Length(-6e3, 6e3), dice.Length(-6e3, 6e3)};
         std::vector<SlowPoint> corners = {at, {at.x + a.x, at.y + a.y, at.z + a.z}};
         if (dice.Chance(0.5))
             corners.push_back({at.x + a.x + b.x, at.y + a.y + b.y, at.z + a.z + b.z});
@@ -154,7 +168,7 @@ void ChooseRules(Dice& dice, AnalysisRequest& request) {
     standard.minValidTime = dice.OneOf({0, 5});
     request.settings.place->longitude = dice.OneOf({120.0, 116.4, 75.0, 135.0, -120.0, -179.0, 179.0});
     request.terms.equationOfTime = dice.Within(-0.27, 0.27);
-    request.north = dice.Chance(0.5) ? 0.0 : dice.Within(-180.0, 360.0);
+    request.north = dice.Chance(0.5) ? 0.0 : dice.Direction(-180.0, 360.0);
 }
 
 std::string Describe(const RandomScene& made) {
@@ -178,6 +192,8 @@ RandomScene MakeRandomScene(unsigned seed) {
         dice.OneOf({18.0, 22.5, 31.2, 31.2, 39.9, 39.9, 45.8, 53.0, 0.0, -33.9, 66.6, 78.0, 89.9, -89.0});
     RandomScene made;
     made.request = RequestFor(latitude, dice.OneOf({-23.44, -20.1, -10.0, 0.0, 7.3, 23.44}));
+    if (dice.Chance(0.4))
+        dice.SnapToGrid();
     ChooseRules(dice, made.request);
     if (dice.Chance(0.8))
         AddHouse(dice, made);

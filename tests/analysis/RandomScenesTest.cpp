@@ -202,8 +202,6 @@ void Judge::CompareCulprits() {
                 EXPECT_EQ(named.count(handle), 1U) << "not named: " << std::hex << handle << " at " << hours;
                 unseen.erase(handle);
             }
-        if (m_standard.fullWindow == 0)
-            continue;
         for (const std::uint64_t handle : unseen) {
             bool isSeen = false;
             for (double hours = hidden.period.start; !isSeen && hours <= hidden.period.end + kSecond; hours += kSecond)
@@ -261,7 +259,7 @@ void CompareScene(unsigned seed) {
 }  // namespace
 
 TEST(RandomScenes, AgreeWithRaysAtEachMoment) {
-    const unsigned count = IsSlowTier() ? 2000 : 60;
+    const unsigned count = IsSlowTier() ? 600 : 60;
     for (unsigned seed = 1; seed <= count && !HasFatalFailure(); ++seed)
         CompareScene(seed);
 }

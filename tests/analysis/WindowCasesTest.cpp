@@ -8,6 +8,7 @@
 
 #include "JudgedScene.h"
 #include "PaperSun.h"
+#include "settings/AnalysisParameters.h"
 
 namespace {
 
@@ -297,4 +298,49 @@ TEST(WindowCases, WindowsCastNoShadow) {
     const std::uint64_t behind = scene.Window(-750, 0, 1000, 1500, 1500);
     scene.Window(-5000, -100, 500, 10000, 5000);
     ExpectPeriods(WindowOf(Answer(scene, Winter()), behind).sunlit, AroundNoon(kWinter.Sunset()));
+}
+
+// The sill's middle lies in the side of a box that reaches from there to the east: morning sun comes through the box,
+// in the afternoon the box is beside the sun. Its height does not matter, as it is much more than the sun's.
+TEST(WindowCases, BoxWhoseSideGoesThroughTheSillsMiddle) {
+    JudgedScene scene = House();
+    const std::uint64_t box = scene.Box(0, -4000, 0, 3000, 0, 20000);
+    AnalysisRequest request = AtTheSill(Winter());
+    request.facing = 270.0;
+    const WindowResult window = Only(Answer(scene, request));
+    ExpectPeriods(window.sunlit, {{12.0, 12.0 + kWinter.Sunset()}});
+    ASSERT_EQ(window.hidden.size(), 1U);
+    EXPECT_EQ(window.hidden[0].by, std::vector{box});
+}
+
+// The module's parameters are taken as they are: how far the analysed plane is before the wall, and by how much less of
+// the window it is. The tower's hours with those, and jambs that touch the window, which cut nothing even where the
+// analysed plane is the wall's own.
+TEST(WindowCases, OffsetAndPrecisionAreTheModulesParameters) {
+    struct Parameters {
+        double offset = g_nSunWinOffset;
+        double precision = g_nSunDistPrec;
+        ~Parameters() {
+            g_nSunWinOffset = offset;
+            g_nSunDistPrec = precision;
+        }
+    } kept;
+    JudgedScene scene = House();
+    scene.Box(-5000, -60000, 0, 5000, -50000, 100000);
+    JudgedScene flush = House();
+    flush.Box(-900, -1500, 0, -750, 0, 5000);
+    flush.Box(750, -1500, 0, 900, 0, 5000);
+    for (const double offset : {0.0, 5.0, 600.0})
+        for (const double precision : {0.01, 0.05, 20.0}) {
+            SCOPED_TRACE(testing::Message() << offset << ", " << precision);
+            g_nSunWinOffset = offset;
+            g_nSunDistPrec = precision;
+            const double half = kWinter.AtAzimuth((5000.0 + 750.0 - precision) / (50000.0 - offset));
+            ExpectPeriods(Only(Answer(scene, Winter())).sunlit, WithoutNoon(kWinter.Sunset(), half));
+            const WindowResult window = Only(Answer(flush, Winter()));
+            EXPECT_EQ(window.notes, std::vector<WindowNote>());
+            ExpectPeriods(window.sunlit, AroundNoon(kWinter.AtAzimuth(precision / (1500.0 - offset))));
+            ExpectPeriods(Only(Answer(flush, AtTheSill(Winter()))).sunlit,
+                          AroundNoon(kWinter.AtAzimuth(750.0 / (1500.0 - offset))));
+        }
 }
