@@ -149,7 +149,10 @@ SlowTarget JudgedScene::SillOf(std::uint64_t window) const {
 std::string JudgedScene::Text(const Placement& placement) const {
     std::ostringstream out;
     out.precision(17);
-    for (const Entity& entity : m_entities) {
+    std::vector<Entity> entities = m_entities;
+    if (placement.isBackwards)
+        std::reverse(entities.begin(), entities.end());
+    for (const Entity& entity : entities) {
         out << "0\n" << entity.kind << '\n' << entity.groups;
         if (entity.kind == "LWPOLYLINE") {
             WriteGroup(out, 90, static_cast<double>(entity.points.size()));

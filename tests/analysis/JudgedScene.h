@@ -18,6 +18,7 @@ struct Placement {
     double moveY = 0.0;
     int unit = 4;  // $INSUNITS
     double millimetres = 1.0;
+    bool isBackwards = false;  // the last entity first
 };
 
 class JudgedScene {

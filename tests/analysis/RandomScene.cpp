@@ -167,6 +167,8 @@ void ChooseRules(Dice& dice, AnalysisRequest& request) {
     standard.step = dice.OneOf({1.0, 5.0, 10.0});
     standard.minValidTime = dice.OneOf({0, 5});
     request.settings.place->longitude = dice.OneOf({120.0, 116.4, 75.0, 135.0, -120.0, -179.0, 179.0});
+    if (dice.Chance(0.15))
+        request.leastAltitude = dice.OneOf({3.0, 10.0});
     request.terms.equationOfTime = dice.Within(-0.27, 0.27);
     request.north = dice.Chance(0.5) ? 0.0 : dice.Direction(-180.0, 360.0);
 }
@@ -180,7 +182,8 @@ std::string Describe(const RandomScene& made) {
         << request.north << ", span " << standard.start << " to " << standard.end
         << (standard.beijingTime ? " clock" : "") << (standard.fullWindow ? ", whole" : ", sill")
         << (standard.validSunType == ORVO_SUN_SHANGHAI ? ", shanghai" : "") << ", least angle "
-        << standard.minValidAngle << ", moved " << made.placement.moveX << '\n';
+        << standard.minValidAngle << ", least altitude " << request.leastAltitude.value_or(0.0) << ", moved "
+        << made.placement.moveX << '\n';
     return out.str();
 }
 

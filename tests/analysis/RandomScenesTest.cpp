@@ -45,7 +45,8 @@ private:
     const WindowResult& m_window;
     SlowCaster m_caster;
     SunPeriod m_span;
-    double m_facing;  // from true east
+    double m_leastAltitude;  // degrees
+    double m_facing;         // from true east
     std::vector<double> m_changes;
     std::size_t m_looked = 0;
     std::size_t m_wrong = 0;
@@ -76,7 +77,8 @@ Judge::Judge(const RandomScene& made, const WindowResult& window)
     : m_standard(*made.request.settings.standard),
       m_window(window),
       m_caster(made.scene.Faces(), SkyOf(made.request), TargetOf(made, window), kGridStep),
-      m_span(SpanOf(made.request)) {
+      m_span(SpanOf(made.request)),
+      m_leastAltitude(made.request.leastAltitude.value_or(0.0)) {
     const double facing = made.scene.TargetOf(window.handle).facing - made.request.north;
     m_facing = facing - 360.0 * std::floor(facing / 360.0);
     for (const SunPeriod& period : window.sunlit)
@@ -129,7 +131,8 @@ bool Judge::IsValid(double hours) const {
 }
 
 Light Judge::FoundAt(double hours) const {
-    if (hours < m_span.start || hours > m_span.end || !m_caster.IsUp(hours) || !m_caster.IsBeforeWindow(hours))
+    if (hours < m_span.start || hours > m_span.end || m_caster.AltitudeAt(hours) <= m_leastAltitude ||
+        !m_caster.IsBeforeWindow(hours))
         return Light::None;
     if (m_caster.IsAnyRayStopped(hours))
         return IsValid(hours) ? Light::Hidden : Light::None;
@@ -262,4 +265,25 @@ TEST(RandomScenes, AgreeWithRaysAtEachMoment) {
     const unsigned count = IsSlowTier() ? 600 : 60;
     for (unsigned seed = 1; seed <= count && !HasFatalFailure(); ++seed)
         CompareScene(seed);
+}
+
+// Neither the hours nor the names hang on which entity comes first.
+TEST(RandomScenes, HaveTheSameAnswerBackwards) {
+    for (unsigned seed = 1; seed <= 25; ++seed) {
+        RandomScene made = MakeRandomScene(seed);
+        SCOPED_TRACE("scene " + std::to_string(seed) + ": " + made.about);
+        const AnalysisAnswer forwards = Answer(made.scene, made.request, made.placement);
+        made.placement.isBackwards = true;
+        const AnalysisAnswer backwards = Answer(made.scene, made.request, made.placement);
+        for (const std::uint64_t handle : made.windows) {
+            const WindowResult one = WindowOf(forwards, handle);
+            const WindowResult other = WindowOf(backwards, handle);
+            ExpectPeriods(one.sunlit, other.sunlit);
+            EXPECT_EQ(one.judged, other.judged);
+            EXPECT_EQ(one.notes, other.notes);
+            ASSERT_EQ(one.hidden.size(), other.hidden.size());
+            for (std::size_t i = 0; i < one.hidden.size(); ++i)
+                EXPECT_EQ(one.hidden[i].by, other.hidden[i].by);
+        }
+    }
 }

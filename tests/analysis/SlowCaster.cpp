@@ -109,8 +109,8 @@ SlowPoint SlowCaster::SunAt(double hours) const {
     return {east * cosN - north * sinN, east * sinN + north * cosN, sinP * sinD + cosP * cosD * std::cos(angle)};
 }
 
-bool SlowCaster::IsUp(double hours) const {
-    return SunAt(hours).z > 0.0;
+double SlowCaster::AltitudeAt(double hours) const {
+    return std::asin(SunAt(hours).z) / kRadians;
 }
 
 bool SlowCaster::IsBeforeWindow(double hours) const {

@@ -44,7 +44,8 @@ public:
 
     // The direction to the sun at a true solar time, in the drawing's axes, of length 1.
     SlowPoint SunAt(double hours) const;
-    bool IsUp(double hours) const;
+    double AltitudeAt(double hours) const;  // degrees
+    bool IsUp(double hours) const { return AltitudeAt(hours) > 0.0; }
     bool IsBeforeWindow(double hours) const;
     // Between the sun's direction in plan and the wall, degrees within [0, 90] where the sun is before the window.
     double AngleToWall(double hours) const;

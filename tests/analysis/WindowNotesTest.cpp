@@ -125,68 +125,6 @@ TEST(WindowNotes, NarrowerThanTheLeastWidth) {
     EXPECT_TRUE(Only(Answer(House(), unlimited)).notes.empty());
 }
 
-// A fin at one end of a window 4030 wide, of which 1800 count: the part at the other end is the best. The fin's shadow,
-// 1495 tan A wide, reaches it after 4030 - 1800 and the 0.05 by which the part is less.
-TEST(WindowNotes, PartAtTheEndFarFromAFin) {
-    const double reached = kWinter.AtAzimuth(2230.05 / 1495.0);
-    JudgedScene right;
-    right.Box(-10000, 0, 0, 10000, 8000, 30000);
-    right.Window(-2000, 0, 1000, 4030, 1500);
-    JudgedScene left = right;
-    right.Box(2030, -1500, 0, 2180, 0, 5000);
-    left.Box(-2150, -1500, 0, -2000, 0, 5000);
-    const WindowResult first = Only(Answer(right, LimitedTo(1200, 1800)));
-    ASSERT_TRUE(first.part.has_value());
-    EXPECT_NEAR(first.part->from, 0.0, 1e-9);
-    EXPECT_NEAR(first.part->width, 1.8, 1e-9);
-    EXPECT_NEAR(first.width, 4.03, 1e-9);
-    ExpectPeriods(first.sunlit, {{12.0 - reached, 12.0 + kWinter.Sunset()}});
-    const WindowResult last = Only(Answer(left, LimitedTo(1200, 1800)));
-    ASSERT_TRUE(last.part.has_value());
-    EXPECT_NEAR(last.part->from, 2.23, 1e-9) << "not at 2.2, where the last whole step is";
-    ExpectPeriods(last.sunlit, {{12.0 - kWinter.Sunset(), 12.0 + reached}});
-}
-
-TEST(WindowNotes, WindowAsWideAsThePartHasNone) {
-    EXPECT_FALSE(Only(Answer(House(), LimitedTo(1200, 1500))).part.has_value());
-    const WindowResult window = Only(Answer(House(), LimitedTo(1200, 1499)));
-    ASSERT_TRUE(window.part.has_value());
-    EXPECT_NEAR(window.part->from, 0.0, 1e-9) << "of equals the leftmost";
-}
-
-// Each part drawn as a window of its own has the part's hours; the wide one those of the best, of equals the leftmost.
-TEST(WindowNotes, BestPartIsTheBestOfWindowsOfItsWidth) {
-    JudgedScene scene;
-    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
-    const std::uint64_t wide = scene.Window(-2000, 0, 1000, 4030, 1500);
-    std::vector<double> starts;
-    for (int i = 0; i * 100 < 2230; ++i)
-        starts.push_back(i * 100.0);
-    starts.push_back(2230.0);
-    std::vector<std::uint64_t> parts;
-    for (const double start : starts)
-        parts.push_back(scene.Window(-2000 + start, 0, 1000, 1800, 1500));
-    scene.Box(-2300, -1500, 0, -2150, 0, 5000);
-    scene.Box(2400, -900, 0, 2500, 0, 5000);
-    scene.Box(-1200, -8000, 0, -1150, -7950, 9000);
-    scene.Box(3000, -20000, 0, 9000, -15000, 20000);
-    for (const double step : {1.0, 10.0}) {
-        AnalysisRequest request = LimitedTo(1200, 1800);
-        request.settings.standard->step = step;
-        const AnalysisAnswer answer = Answer(scene, request);
-        std::size_t best = 0;
-        for (std::size_t i = 0; i < parts.size(); ++i)
-            if (WindowOf(answer, parts[i]).judged > WindowOf(answer, parts[best]).judged + 1e-6)
-                best = i;
-        const WindowResult window = WindowOf(answer, wide);
-        ASSERT_TRUE(window.part.has_value());
-        EXPECT_NEAR(window.part->from, starts[best] / 1000.0, 1e-9);
-        EXPECT_NEAR(window.judged, WindowOf(answer, parts[best]).judged, 1e-6);
-        ExpectPeriods(window.sunlit, WindowOf(answer, parts[best]).sunlit);
-        EXPECT_GT(window.judged, 0.0);
-    }
-}
-
 // 9 to 15 o'clock of unbroken sun are six hours.
 TEST(WindowNotes, VerdictIsJudgedAgainstNeed) {
     AnalysisRequest request = Winter();
@@ -289,6 +227,25 @@ TEST(WindowNotes, ScopeLeavesOutWhatIsFarAndSaysHowMuch) {
     const std::uint64_t near = scene.Box(-40000, -130000, 0, -30000, -120000, 100000);
     EXPECT_EQ(hiddenBy(scene, false, 0), (std::vector{far, low, near}));
     EXPECT_EQ(hiddenBy(scene, true, 2), std::vector{near});
+}
+
+// A wall 30 m high from 100 m south and 20 m east to 20 m south and 100 m east is 85 m away, twice as far as 1.4 times
+// what it rises over the sill, however the drawing is turned. (A box along the axes around it comes as near as 28 m.)
+TEST(WindowNotes, ScopeDoesNotHangOnHowTheDrawingIsTurned) {
+    JudgedScene scene = House();
+    scene.StandOn(60000, -60000, 45.0);
+    scene.Box(-56568, 0, 0, 56568, 300, 30000);
+    for (const double turn : {0.0, 45.0, 77.0}) {
+        SCOPED_TRACE(turn);
+        Placement placement;
+        placement.turn = turn;
+        AnalysisRequest request = Winter();
+        request.north = turn;
+        request.leastAltitude = 0.0;
+        EXPECT_FALSE(Only(Answer(scene, request, placement)).hidden.empty());
+        request.isScoped = true;
+        EXPECT_TRUE(Only(Answer(scene, request, placement)).hidden.empty());
+    }
 }
 
 // The sun counts from an altitude of 10 degrees on.
