@@ -39,7 +39,7 @@ private:
 
 // What stands at a window's side, above and before it, in the window's own axes: x along the wall, y into the house.
 void AddAround(Dice& dice, JudgedScene& scene, double x, double sill, double width, double height) {
-    const double deep = dice.Length(200.0, 2500.0);
+    const double deep = dice.Length(500.0, 2500.0);
     if (dice.Chance(0.4)) {
         const double gap = dice.OneOf({0.0, 100.0, 700.0});
         scene.Box(x + width + gap, -deep, sill - 200.0, x + width + gap + 150.0, 0.0, sill + height + 600.0);

@@ -90,7 +90,9 @@ Judge::Judge(const RandomScene& made, const WindowResult& window)
             AddChanges(dropped.period);
 }
 
+// What is shorter than a hundredth of a second comes of no building: it is rounding where two rules meet.
 void Judge::AddChanges(const SunPeriod& period) {
+    EXPECT_GT(period.end - period.start, 0.01 * kSecond) << "at " << period.start;
     m_changes.push_back(period.start);
     m_changes.push_back(period.end);
 }

@@ -344,3 +344,36 @@ TEST(WindowCases, OffsetAndPrecisionAreTheModulesParameters) {
                           AroundNoon(kWinter.AtAzimuth(750.0 / (1500.0 - offset))));
         }
 }
+
+// In summer the sun comes before the south wall's plane along the wall, where the jambs of a recess hide it, from the
+// first moment on: no sliver of sun is left where it passes the plane.
+TEST(WindowCases, RecessHidesSunAlongTheWall) {
+    const PaperSun summer(kLatitude, kSolstice);
+    for (const double gap : {0.0, 600.0}) {
+        SCOPED_TRACE(gap);
+        JudgedScene scene = House();
+        scene.Box(-900 - gap, -1500, 0, -750 - gap, 0, 30000);
+        scene.Box(750 + gap, -1500, 0, 900 + gap, 0, 30000);
+        const AnalysisRequest request = RequestFor(kLatitude, kSolstice);
+        const double half = summer.AtAzimuth((gap + 0.05) / 1495.0);
+        ExpectPeriods(Only(Answer(scene, request)).sunlit, AroundNoon(half));
+        const WindowResult sill = Only(Answer(scene, AtTheSill(request)));
+        ExpectPeriods(sill.sunlit, AroundNoon(summer.AtAzimuth((750.0 + gap) / 1495.0)));
+        ASSERT_EQ(sill.hidden.size(), 2U);
+        EXPECT_NEAR(sill.hidden[0].period.start, 12.0 - summer.InWall(), 1.0 / 3600.0);
+    }
+}
+
+// At the equator on an equinox the sun passes from the east wall's side to the west wall's through the zenith, where a
+// slab over the window hides it.
+TEST(WindowCases, SlabHidesTheSunOverhead) {
+    JudgedScene scene;
+    scene.StandOn(0, 0, -90.0);
+    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
+    scene.Window(-750, 0, 1000, 1500, 1500);
+    scene.Box(-3000, -1000, 2500, 3000, 0, 2620);
+    // From the sill the slab's edge, 995 before the window, is 1499.95 higher: the sun's zenith distance is 15 (t -
+    // 12).
+    const double leaves = 12.0 + std::atan(995.0 / 1499.95) * 180.0 / 3.14159265358979 / 15.0;
+    ExpectPeriods(Only(Answer(scene, AtTheSill(RequestFor(0.0, 0.0)))).sunlit, {{leaves, 18.0}});
+}
