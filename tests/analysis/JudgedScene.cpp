@@ -35,6 +35,26 @@ void WriteGroup(std::ostream& out, int code, double value) {
     out << code << '\n' << value << '\n';
 }
 
+// A closed polyline in a vertical plane: its own x axis is level, at right angles to the normal, and its y axis
+// upright.
+void WriteOutline(std::ostream& out, const std::string& groups, const std::vector<SlowPoint>& corners,
+                  const Placement& placement) {
+    const SlowPoint first = Placed(corners[0], placement), second = Placed(corners[1], placement);
+    const double length = std::hypot(second.x - first.x, second.y - first.y);
+    const double side = placement.windowsAsOutlines;
+    const SlowPoint normal = {side * (second.y - first.y) / length, side * (first.x - second.x) / length, 0.0};
+    out << "0\nLWPOLYLINE\n" << groups << "70\n1\n90\n4\n";
+    WriteGroup(out, 38, normal.x * first.x + normal.y * first.y);
+    for (const SlowPoint& corner : corners) {
+        const SlowPoint at = Placed(corner, placement);
+        WriteGroup(out, 10, normal.x * at.y - normal.y * at.x);
+        WriteGroup(out, 20, at.z);
+    }
+    WriteGroup(out, 210, normal.x);
+    WriteGroup(out, 220, normal.y);
+    WriteGroup(out, 230, 0.0);
+}
+
 SlowTarget MovedOut(SlowTarget target, double from, double up) {
     const SlowPoint outward = {std::cos(target.facing * kRadians), std::sin(target.facing * kRadians), 0.0};
     target.lowerLeft.x += outward.x * kWindowOffset - outward.y * from;
@@ -106,6 +126,7 @@ std::uint64_t JudgedScene::Face(const std::vector<SlowPoint>& corners) {
 
 std::uint64_t JudgedScene::Window(double x, double y, double sill, double width, double height) {
     Entity entity;
+    entity.isWindow = true;
     entity.kind = "3DFACE";
     entity.points = {Stand(x, y, sill), Stand(x + width, y, sill), Stand(x + width, y, sill + height),
                      Stand(x, y, sill + height)};
@@ -146,28 +167,36 @@ SlowTarget JudgedScene::SillOf(std::uint64_t window) const {
     return target;
 }
 
+void JudgedScene::Write(std::ostream& out, const Entity& entity, const Placement& placement) const {
+    if (entity.isWindow && placement.windowsAsOutlines != 0) {
+        WriteOutline(out, entity.groups, entity.points, placement);
+        return;
+    }
+    out << "0\n" << entity.kind << '\n' << entity.groups;
+    if (entity.kind == "LWPOLYLINE") {
+        WriteGroup(out, 90, static_cast<double>(entity.points.size()));
+        WriteGroup(out, 38, entity.points[0].z / placement.millimetres);
+        WriteGroup(out, 39, entity.thickness / placement.millimetres);
+    }
+    for (std::size_t i = 0; i < entity.points.size(); ++i) {
+        const SlowPoint at = Placed(entity.points[i], placement);
+        const int code = entity.kind == "3DFACE" ? 10 + static_cast<int>(i) : 10;
+        WriteGroup(out, code, at.x);
+        WriteGroup(out, code + 10, at.y);
+        if (entity.kind != "LWPOLYLINE")
+            WriteGroup(out, code + 20, at.z);
+    }
+}
+
 std::string JudgedScene::Text(const Placement& placement) const {
     std::ostringstream out;
     out.precision(17);
-    std::vector<Entity> entities = m_entities;
     if (placement.isBackwards)
-        std::reverse(entities.begin(), entities.end());
-    for (const Entity& entity : entities) {
-        out << "0\n" << entity.kind << '\n' << entity.groups;
-        if (entity.kind == "LWPOLYLINE") {
-            WriteGroup(out, 90, static_cast<double>(entity.points.size()));
-            WriteGroup(out, 38, entity.points[0].z / placement.millimetres);
-            WriteGroup(out, 39, entity.thickness / placement.millimetres);
-        }
-        for (std::size_t i = 0; i < entity.points.size(); ++i) {
-            const SlowPoint at = Placed(entity.points[i], placement);
-            const int code = entity.kind == "3DFACE" ? 10 + static_cast<int>(i) : 10;
-            WriteGroup(out, code, at.x);
-            WriteGroup(out, code + 10, at.y);
-            if (entity.kind != "LWPOLYLINE")
-                WriteGroup(out, code + 20, at.z);
-        }
-    }
+        for (auto entity = m_entities.rbegin(); entity != m_entities.rend(); ++entity)
+            Write(out, *entity, placement);
+    else
+        for (const Entity& entity : m_entities)
+            Write(out, entity, placement);
     const std::string header = "9\n$ACADVER\n1\nAC1027\n9\n$INSUNITS\n70\n" + std::to_string(placement.unit) + "\n";
     return DrawingOf(Section("HEADER", header) +
                      Section("TABLES", "0\nTABLE\n2\nLAYER\n70\n1\n" + m_layers + "0\nENDTAB\n") +

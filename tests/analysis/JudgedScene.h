@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +19,8 @@ struct Placement {
     double moveY = 0.0;
     int unit = 4;  // $INSUNITS
     double millimetres = 1.0;
-    bool isBackwards = false;  // the last entity first
+    bool isBackwards = false;   // the last entity first
+    int windowsAsOutlines = 0;  // 1 or -1: closed polylines whose normal points outside or inside, else 3DFACEs
 };
 
 class JudgedScene {
@@ -52,6 +54,7 @@ public:
 
 private:
     struct Entity {
+        bool isWindow = false;
         std::string kind;
         std::string groups;
         std::vector<SlowPoint> points;
@@ -61,6 +64,8 @@ private:
     SlowPoint Stand(double x, double y, double z) const;
     std::uint64_t Add(Entity entity, std::string_view layer);
     void Cast(std::uint64_t handle, std::vector<SlowPoint> corners) { m_faces.push_back({std::move(corners), handle}); }
+
+    void Write(std::ostream& out, const Entity& entity, const Placement& placement) const;
 
     struct Drawn {
         std::uint64_t handle = 0;

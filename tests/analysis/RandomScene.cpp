@@ -205,6 +205,7 @@ RandomScene MakeRandomScene(unsigned seed) {
     AddSurroundings(dice, made.scene);
     made.placement.moveX = dice.OneOf({0.0, 0.0, 5e8});
     made.placement.moveY = dice.OneOf({0.0, 0.0, -3e8});
+    made.placement.windowsAsOutlines = dice.OneOf({0, 0, 1, -1});
     made.about = Describe(made);
     return made;
 }

@@ -6,6 +6,7 @@
 
 #include "JudgedScene.h"
 #include "PaperSun.h"
+#include "settings/AnalysisParameters.h"
 #include "settings/OrvoStdSet.h"
 
 namespace {
@@ -227,6 +228,22 @@ TEST(WindowNotes, ScopeLeavesOutWhatIsFarAndSaysHowMuch) {
     const std::uint64_t near = scene.Box(-40000, -130000, 0, -30000, -120000, 100000);
     EXPECT_EQ(hiddenBy(scene, false, 0), (std::vector{far, low, near}));
     EXPECT_EQ(hiddenBy(scene, true, 2), std::vector{near});
+}
+
+// The module's switch for it turns the scope off, and only that.
+TEST(WindowNotes, ScopeObeysTheModulesSwitch) {
+    JudgedScene scene = House();
+    const std::uint64_t far = scene.Box(-5000, -420000, 0, 5000, -400000, 900000);
+    AnalysisRequest request = Winter();
+    request.isScoped = true;
+    EXPECT_TRUE(Only(Answer(scene, request)).hidden.empty());
+    g_bLimitClientScope = false;
+    const AnalysisAnswer answer = Answer(scene, request);
+    g_bLimitClientScope = true;
+    ASSERT_EQ(Only(answer).hidden.size(), 1U);
+    EXPECT_EQ(Only(answer).hidden[0].by, std::vector{far});
+    EXPECT_FALSE(HasRemark(answer, Kind::LeftOutByScope));
+    EXPECT_TRUE(HasRemark(answer, Kind::LeftOutByAltitude));
 }
 
 // A wall 30 m high from 100 m south and 20 m east to 20 m south and 100 m east is 85 m away, twice as far as 1.4 times

@@ -184,6 +184,40 @@ TEST(WindowPlaces, DrawingTurnedWithNorthGivesTheSameHours) {
     }
 }
 
+// The outline of a window says nothing about its side: both normals give the same.
+TEST(WindowPlaces, WindowsAsClosedPolylines) {
+    const WindowResult expected = InPlacement({});
+    for (const int side : {1, -1})
+        for (const double turn : {0.0, 33.0, 90.0, 180.0}) {
+            SCOPED_TRACE(testing::Message() << side << ", " << turn);
+            Placement placement;
+            placement.windowsAsOutlines = side;
+            placement.turn = turn;
+            placement.moveX = 1e5;
+            const WindowResult window = InPlacement(placement, turn);
+            ExpectPeriods(window.sunlit, expected.sunlit);
+            EXPECT_NEAR(*window.facing, 270.0, 1e-6);
+            EXPECT_NEAR(window.sill, 1.0, 1e-9);
+        }
+}
+
+// 8:00 to 16:00 of the clock at 116.4 degrees east, where true solar time is 3.6 / 15 hours behind, and 0.1 more by the
+// equation of time: 7.66 to 15.66, all of which is between the solstice's sunrise (7.015) and sunset.
+TEST(WindowPlaces, SpanIsTheClocks) {
+    AnalysisRequest request = RequestFor(kLatitude, -kSolstice);
+    request.settings.place->longitude = 116.4;
+    request.terms.equationOfTime = -0.1;
+    request.settings.standard->beijingTime = ORVO_BEIJING_TIME;
+    request.settings.standard->start = 8.0;
+    request.settings.standard->end = 16.0;
+    const AnalysisAnswer answer = Answer(House(), request);
+    EXPECT_NEAR(answer.beijingOffset, 0.34, 1e-9);
+    ExpectPeriods(Only(answer).sunlit, {{7.66, 15.66}});
+    EXPECT_NEAR(Only(answer).judged, 480.0, 1e-6);
+    request.settings.standard->beijingTime = ORVO_TRUE_SOLAR_TIME;
+    ExpectPeriods(Only(Answer(House(), request)).sunlit, {{8.0, 16.0}});
+}
+
 // Turned with the drawing but not with north the window faces elsewhere: 90 degrees counter-clockwise of south is east.
 TEST(WindowPlaces, NorthTellsWhereAWindowFaces) {
     EXPECT_NEAR(*Only(Answer(House(90.0), RequestFor(kLatitude, -10.0))).facing, 0.0, 1e-6);
