@@ -283,6 +283,30 @@ TEST(HostileAnalysis, FailuresAreToldByName) {
     EXPECT_TRUE(cancelled.windows.empty());
 }
 
+TEST(HostileAnalysis, ProgressGoesForwardsAndMayEndTheAnalysis) {
+    JudgedScene scene;
+    scene.Box(-10000, 0, 0, 10000, 8000, 90000);
+    for (int i = 0; i < 40; ++i)
+        scene.Window(-750, 0, 1000.0 + 2000.0 * i, 1500, 1500);
+    const OpenDrawing drawing(scene.Text());
+    std::size_t last = 0;
+    const AnalysisAnswer whole =
+        AnalyseWindows(drawing.database, RequestFor(31.2, -23.44), [&](std::size_t done, std::size_t total) {
+            EXPECT_GE(done, last);
+            EXPECT_LE(done, total);
+            EXPECT_EQ(total, 40U);
+            last = done;
+            return true;
+        });
+    EXPECT_EQ(whole.windows.size(), 40U);
+    int asked = 0;
+    const AnalysisAnswer ended = AnalyseWindows(drawing.database, RequestFor(31.2, -23.44),
+                                                [&](std::size_t, std::size_t) { return ++asked < 2; });
+    EXPECT_EQ(asked, 2) << "not asked again";
+    EXPECT_EQ(ended.failure, AnalysisFailure::Cancelled);
+    EXPECT_TRUE(ended.windows.empty());
+}
+
 TEST(HostileAnalysis, SpanAndStepThatAreNoneCountNothingAndSaySo) {
     JudgedScene scene;
     scene.Box(-10000, 0, 0, 10000, 8000, 30000);
