@@ -15,7 +15,7 @@ struct AnalysisRemark {
         LayerInvisible,    // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
         NotAWindow,        // the entity `handle` on a layer of windows is no vertical rectangle
         Faulty,            // `count` entities of the drawing could not be read
-        WithoutFaces,      // `count` visible entities have no faces and cast no shadow
+        UnreadBodies,      // `count` visible bodies (blocks, solids, surfaces) are of kinds that cast no shadow
         SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes
         StepUnusable,      // the step is no time: no minutes
         SunBelowHorizon,   // the sun never stands above `amount` degrees of altitude in the span

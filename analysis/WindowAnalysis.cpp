@@ -12,6 +12,7 @@
 #include "analysis/ShadowCaster.h"
 #include "analysis/SunPath.h"
 #include "analysis/Tolerances.h"
+#include "analysis/UnreadBodies.h"
 #include "analysis/WindowDay.h"
 #include "analysis/WindowFloors.h"
 #include "analysis/WindowSides.h"
@@ -99,6 +100,8 @@ void Analysis::ReadDrawing() {
         if (scene.faultyCount != 0)
             m_answer.remarks.push_back(RemarkOf(Kind::Faulty, scene.faultyCount));
     }
+    if (const std::size_t count = CountUnreadBodies(m_drawing, layers))
+        m_answer.remarks.push_back(RemarkOf(Kind::UnreadBodies, count));
     WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness);
     m_windows = std::move(found.windows);
     m_answer.remarks.insert(m_answer.remarks.end(), found.remarks.begin(), found.remarks.end());

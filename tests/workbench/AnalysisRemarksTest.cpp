@@ -45,12 +45,12 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind : {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
-                            Kind::Faulty, Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable,
+                            Kind::Faulty, Kind::UnreadBodies, Kind::SpanUnusable, Kind::StepUnusable,
                             Kind::SunBelowHorizon, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
     EXPECT_EQ(messages.size(), 12U);
     EXPECT_FALSE(messages.contains(""));
-    for (const Kind kind : {Kind::LayerInvisible, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope})
+    for (const Kind kind : {Kind::LayerInvisible, Kind::Faulty, Kind::UnreadBodies, Kind::LeftOutByScope})
         EXPECT_TRUE(Has(MessageOf(kind), "1234567"));
     for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible})
         EXPECT_TRUE(Has(MessageOf(kind), "“某层\xEF\xBF\xBD”"));

@@ -33,8 +33,10 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(L"窗图层上的实体 %s 不是竖直的矩形，没有当作窗", HandleOrNone(remark.handle));
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
-        case Kind::WithoutFaces:
-            return SayFormat(L"%s 个可见的实体没有面，不投影子", Count(remark));
+        case Kind::UnreadBodies:
+            return SayFormat(
+                L"%s 个可见的实体（块参照、三维实体、曲面等）没有计入遮挡；请在制图程序里把它们分解或转换成网格",
+                Count(remark));
         case Kind::SpanUnusable:
             return Say(L"分析时段不是一天之内的时段（结束不晚于开始）：没有计入任何日照；用 orvo set 或另一个标准更改");
         case Kind::StepUnusable:

@@ -438,6 +438,12 @@ class WhatCannotBe(AnalyseTest):
         self.assertIn("没有投影子的面", answer.err)
         self.assertEqual(answer.json()["windows"][0]["hidden"], [])
 
+    def test_bodies_that_cast_no_shadow(self):
+        body = "0\n3DSOLID\n5\nE1\n8\n建筑\n"
+        answer = self.orvo("analyse", self.put(drawing(*HOUSE, body, body.replace("E1", "E2"))), "--json")
+        self.assertEqual(answer.code, OK, answer)
+        self.assertIn("orvo: 2 个可见的实体（块参照、三维实体、曲面等）没有计入遮挡", answer.err)
+
     def test_notes_stand_on_the_error_stream_too(self):
         within = south_window("D1", left=2, right=3.5, y=4)
         across = face("E1", "建筑", [(4.75, -1, 0), (4.75, 1, 0), (4.75, 1, 6), (4.75, -1, 6)])
