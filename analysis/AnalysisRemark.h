@@ -19,6 +19,7 @@ struct AnalysisRemark {
         SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes
         StepUnusable,      // the step is no time: no minutes
         SunBelowHorizon,   // the sun never stands above `amount` degrees of altitude in the span
+        SunNeverSets,      // the sun stays up all day and night
         LeftOutByScope,    // `count` entities stand before some window and were too far away from it
         LeftOutByAltitude  // hours below `amount` degrees of altitude were left out
     };

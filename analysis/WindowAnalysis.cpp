@@ -165,6 +165,8 @@ HourSpans Analysis::HoursOfTheSun(const SunPath& path) {
     const HourSpans up = path.HoursBefore({0.0, 0.0, 1.0}, std::sin(altitude * kRadiansPerDegree), m_span);
     if (m_span.start < m_span.end && up.IsEmpty())
         m_answer.remarks.push_back(RemarkOf(Kind::SunBelowHorizon, 0, altitude));
+    if (m_sun.kind == SunDay::Kind::PolarDay)
+        m_answer.remarks.push_back(RemarkOf(Kind::SunNeverSets));
     if (altitude > 0.0)
         m_answer.remarks.push_back(RemarkOf(Kind::LeftOutByAltitude, 0, altitude));
     return up;

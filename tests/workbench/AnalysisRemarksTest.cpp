@@ -46,9 +46,9 @@ TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind : {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
                             Kind::Faulty, Kind::UnreadBodies, Kind::SpanUnusable, Kind::StepUnusable,
-                            Kind::SunBelowHorizon, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
+                            Kind::SunBelowHorizon, Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 12U);
+    EXPECT_EQ(messages.size(), 13U);
     EXPECT_FALSE(messages.contains(""));
     for (const Kind kind : {Kind::LayerInvisible, Kind::Faulty, Kind::UnreadBodies, Kind::LeftOutByScope})
         EXPECT_TRUE(Has(MessageOf(kind), "1234567"));

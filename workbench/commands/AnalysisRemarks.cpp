@@ -44,6 +44,8 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
         case Kind::SunBelowHorizon:
             return remark.amount > 0.0 ? SayFormat(L"分析时段内太阳高度角不到 %s 度", DoubleToText(remark.amount))
                                        : Say(L"分析时段内太阳不升起");
+        case Kind::SunNeverSets:
+            return Say(L"当地这一天太阳不落");
         case Kind::LeftOutByScope:
             return LeftOutByScopeText(remark.count);
         case Kind::LeftOutByAltitude:

@@ -470,6 +470,17 @@ class WhatCannotBe(AnalyseTest):
         self.assertEqual((window["sunlit"], window["hidden"], window["judged"], window["verdict"]), ([], [], 0, "fail"))
         self.assertIn("太阳不升起", answer.err)
 
+    def test_polar_day(self):
+        # 80 degrees north at the June solstice: the sun goes round 13 degrees and more above the horizon.
+        self.write("zone.xml", '<ORVO_ZONEDATA><某省 type="PROVINCE"><北地 type="CITY" longitude="20" latitude="80"/></某省>'
+                               '</ORVO_ZONEDATA>')
+        name = self.put(drawing(*HOUSE))
+        answer = self.orvo("analyse", name, "--place", "北地", "--date", "2025-06-21", "--json")
+        self.assertEqual(answer.code, OK, answer)
+        self.assertEqual(answer.json()["windows"][0]["hidden"], [])
+        self.assertIn("太阳不落", answer.err)
+        self.assertNotIn("太阳不落", self.orvo("analyse", name, "--place", "北地", "--date", "2025-03-21", "--json").err)
+
     def test_odd_names(self):
         names = ['=HYPERLINK("x")-1-2', "a\"b,c", "\u202e红"]
         windows = []
