@@ -174,8 +174,10 @@ HourSpans Analysis::HoursOfTheSun(const SunPath& path) {
 
 WindowResult Analysis::Analyse(const DrawnWindow& window, const DayOfAnalysis& day, const Reach& reach) {
     WindowResult result = ResultOf(window, m_request.north);
-    if (!window.hasSide)
+    if (!window.hasSide) {
+        result.color = ColorOf(day.standard, result.judged);
         return result;
+    }
     EntityFilter counts;
     const Vector3 sill = window.lowerLeft + window.right * (0.5 * window.width);
     if (m_request.isScoped && g_bLimitClientScope)

@@ -156,6 +156,8 @@ class OneWindow(AnalyseTest):
         self.assertEqual(answer.code, FAILED)
         window = answer.json()["windows"][0]
         self.assertEqual((window["facing"], window["verdict"], window["notes"]), (None, None, ["no side"]))
+        none = next(row["color"] for row in answer.json()["standard"]["colors"]["time"] if row["hours"] == 0)
+        self.assertEqual((window["judged"], window["color"]), (0, none))
         self.assertEqual([window[member] for member in ("sunlit", "stepped", "counted", "dropped", "hidden")], [[]] * 5)
         self.assertIn("窗 1-101-1 (B1)：分不清哪一侧是室外", answer.err)
         for facing in ("270", "-90", "630"):
