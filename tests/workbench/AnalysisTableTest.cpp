@@ -135,6 +135,11 @@ TEST(AnalysisTable, TellsWhatWasAsked) {
     EXPECT_TRUE(HasLine(report, ToUtf8(RulesInOneLine(*report.request.settings.standard).View())));
     EXPECT_EQ(LinesOf(report).back(), ToUtf8(SourceWarning().View()));
     EXPECT_FALSE(HasLine(report, "正北"));
+    EXPECT_FALSE(HasLine(report, "图形 "));
+    report.drawing = L"/home/a/小区\x1b.dxf";
+    EXPECT_TRUE(HasLine(report, "图形      小区\xEF\xBF\xBD.dxf"));
+    report.drawing = L"b.dxf";
+    EXPECT_TRUE(HasLine(report, "图形      b.dxf"));
     report.request.north = -7.5;
     report.request.need = 1.5;
     EXPECT_TRUE(HasLine(report, "从图形的 y 轴起逆时针 -7.5 度"));

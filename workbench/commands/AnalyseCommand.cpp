@@ -155,6 +155,7 @@ bool IsAnyAnalysed(const AnalysisAnswer& answer) {
 
 int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress) {
     AnalysisReport report;
+    report.drawing = options.file.value_or(CString());
     int code = ReadOptions(options, report.request);
     if (!code)
         code = ReadSettings(options, report.request);

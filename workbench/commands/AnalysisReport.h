@@ -11,6 +11,7 @@
 
 // A plain value; the place and the standard of the request are there.
 struct AnalysisReport {
+    CString drawing;  // the file, as it was asked for; may be empty
     AnalysisRequest request;
     AnalysisAnswer answer;
     int standardIndex = 0;  // in the list of standards

@@ -17,6 +17,11 @@
 
 namespace {
 
+// Without its folders, which belong to one machine.
+CString NameOf(const CString& file) {
+    return file.Mid(file.ReverseFind(L'/') + 1);
+}
+
 using Align = TextTable::Align;
 
 void PrintHead(const AnalysisReport& report, Output& output) {
@@ -25,6 +30,8 @@ void PrintHead(const AnalysisReport& report, Output& output) {
     output.Line(Printable(NoteOf(request.settings)));
     output.Line(L"");
     TextTable table({Align::Left, Align::Left});
+    if (!report.drawing.IsEmpty())
+        table.Add({Say(L"图形"), Printable(NameOf(report.drawing))});
     AddPlaceRows(table, request.settings);
     table.Add({Say(L"分析日期"), Printable(DayInWords(request.terms.day))});
     AddTermRows(table, request.terms);
