@@ -12,6 +12,17 @@ from dataclasses import dataclass
 
 ROOT = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
 
+# Standard C++. A name that stands neither here nor among the libraries is refused.
+STANDARD = frozenset("""
+    algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
+    clocale cmath codecvt compare complex concepts condition_variable coroutine csetjmp csignal cstdarg cstddef cstdint
+    cstdio cstdlib cstring ctime cuchar cwchar cwctype deque exception execution filesystem format forward_list fstream
+    functional future initializer_list iomanip ios iosfwd iostream istream iterator latch limits list locale map memory
+    memory_resource mutex new numbers numeric optional ostream queue random ranges ratio regex scoped_allocator
+    semaphore set shared_mutex source_location span sstream stack stdexcept stop_token streambuf string string_view
+    strstream syncstream system_error thread tuple type_traits typeindex typeinfo unordered_map unordered_set utility
+    valarray variant vector version""".split())
+
 # What can be included beside the project's own files and standard C++: by how such an include begins.
 SYSTEM = "the operating system"
 QT, OPENGL, LIBXML2, FMT = "Qt", "OpenGL", "libxml2", "{fmt}"
@@ -20,7 +31,7 @@ EMBREE, GMP, GTEST, BENCHMARK = "Embree", "GMP", "GoogleTest", "Google Benchmark
 LIBRARIES = {
     SYSTEM: r"(sys/\w+|dirent|dlfcn|elf|errno|fcntl|iconv|link|poll|pthread|pwd|sched|signal|stdio|stdlib|string|termios"
             r"|time|unistd)\.h$",
-    QT: r"Q[A-Z]\w*$|Qt\w+/",
+    QT: r"Q\w+$|Qt\w+/",
     OPENGL: r"(GL|EGL|GLES\d?)/",
     LIBXML2: r"libxml/",
     FMT: r"fmt/",
@@ -40,8 +51,11 @@ class Room:
     folder: str
     libraries: tuple = ()
     neighbours: tuple = ()  # rooms of its own floor
-    lower: tuple = ()       # the only components of lower floors; empty for all
+    lower: tuple = ()       # the only rooms of lower floors, or components for all of theirs; empty for all
     tests_in: str = ""      # its folder under tests/, where that has another name
+
+    def may_look_down_to(self, other):
+        return not self.lower or other.folder in self.lower or other.component in self.lower
 
     @property
     def component(self):
@@ -57,6 +71,9 @@ def workbench(name, libraries, neighbours, lower=()):
                 tests_in="workbench")
 
 
+# What a calculation stands on: the module and the platform, but no window.
+CALCULATING = ("platform/base", "platform/geometry", "platform/host", "module")
+
 # Ground floor first. Rooms on one floor do not know each other, save those that are named as neighbours.
 FLOORS = [
     [Room("platform/base", (SYSTEM, LIBXML2, FMT))],
@@ -69,9 +86,9 @@ FLOORS = [
     [Room("module/settings")],
     [Room("module/frame")],
     [Room("module")],
-    [Room("facts")],
-    [Room("scene")],
-    [Room("analysis")],
+    [Room("facts", lower=CALCULATING)],
+    [Room("scene", lower=(*CALCULATING, "facts"))],
+    [Room("analysis", lower=(*CALCULATING, "facts", "scene"))],
     [
         Room("workbench"),  # what all of its rooms share
         workbench("terminal", (SYSTEM, JSON, LIBEDIT), ()),
@@ -90,6 +107,14 @@ COMPONENTS = tuple(dict.fromkeys(room.component for room in ROOMS.values()))
 # The frame's ground: every room of the module and above may include these, and they include nothing of the module.
 GROUND = ("module/frame/Resources.h", "module/frame/ConfigDictionaries.h", "module/frame/ConfigFiles.h")
 
+# Doors: one unit may include another that knows it, because a method of its class hands the work over; and why it must.
+DOORS = {
+    ("platform/base/QcDtDictionary", "platform/base/DictionaryReader"): "a dictionary has a method that reads its file",
+    ("platform/base/QcDtDictionary", "platform/base/DictionaryWriter"): "a dictionary has a method that saves its file",
+    ("platform/window/QcUiGrid", "platform/window/QcUiGridEdit"): "a grid makes its editor, which asks it for the cell",
+    ("module/geometry/QcGeFace3dEX", "module/geometry/Cylinder"): "a face has a method that builds a half cylinder",
+}
+
 # The components that show texts, and the name of their table in a language file.
 TABLES = {"platform": "ORVOPLATFORM", "module": "ORVODATABASE", "facts": "ORVOFACTS", "workbench": "ORVOWORKBENCH"}
 
@@ -106,6 +131,10 @@ ANNEXES = {
     "examples": (),
 }
 
+# How a source ends, and how it could but does not: the tools would pass such a file by.
+ENDINGS = (".h", ".cpp")
+OTHER_ENDINGS = (".c", ".cc", ".cxx", ".c++", ".hh", ".hpp", ".hxx", ".h++", ".inl", ".ipp", ".tpp")
+
 
 def room_of(path):
     """The room a file lies in, or None. Folders in a room belong to it, unless rooms of their own lie beside them."""
@@ -117,12 +146,18 @@ def room_of(path):
     return ROOMS.get(folder)
 
 
-def sources(root, tops):
+def top_folders(root):
+    """The folders of the tree, whatever they are; builds are not of it."""
+    return [name for name in sorted(os.listdir(root))
+            if os.path.isdir(os.path.join(root, name)) and not name.startswith((".", "build"))]
+
+
+def sources(root, tops, endings=ENDINGS):
     """Every C++ source and header under some folders of the tree, seen from its root."""
     for top in tops:
         for folder, _, files in sorted(os.walk(os.path.join(root, top))):
             for name in sorted(files):
-                if name.endswith((".h", ".cpp")):
+                if name.endswith(endings):
                     yield os.path.relpath(os.path.join(folder, name), root)
 
 

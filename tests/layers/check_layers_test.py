@@ -68,11 +68,11 @@ def write(root, files):
             file.write(text)
 
 
-def check(changes):
+def check(changes, doors=()):
     with tempfile.TemporaryDirectory() as root:
         write(root, {**SOUND, **changes})
         with contextlib.redirect_stdout(io.StringIO()) as said:
-            code = MAIN(["--root", root])  # a process for each of so many trees would take long
+            code = MAIN(["--root", root], doors)  # a process for each of so many trees would take long
         return code, said.getvalue()
 
 
@@ -82,14 +82,14 @@ def including(path, name):
 
 
 class CheckLayers(unittest.TestCase):
-    def refuses(self, changes, words):
-        code, text = check(changes)
+    def refuses(self, changes, words, doors=()):
+        code, text = check(changes, doors)
         self.assertEqual(code, 1, text)
         self.assertIn(words, text)
         self.assertIn("1 complaints", text)
 
-    def accepts(self, changes):
-        code, text = check(changes)
+    def accepts(self, changes, doors=()):
+        code, text = check(changes, doors)
         self.assertEqual(code, 0, text)
 
     def test_a_sound_tree_passes(self):
@@ -162,13 +162,72 @@ class CheckLayers(unittest.TestCase):
         self.refuses(including("module/frame/Resources.cpp", '"calendar/OrvoDate.h"'),
                      "in a circle: module/calendar/OrvoDate -> module/frame/Resources -> module/calendar/OrvoDate\n")
 
+    def test_a_source_without_a_header_belongs_to_the_header_that_begins_its_name(self):
+        around = {"scene/Sun.h": "// S.\n", **including("scene/Ray.h", '"scene/Sun.h"')}
+        for name in ("Sun", "SunWords", "Sun2"):
+            with self.subTest(name=name):
+                self.refuses({**around, **including(f"scene/{name}.cpp", '"scene/Ray.h"')},
+                             "in a circle: scene/Ray -> scene/Sun -> scene/Ray\n")
+        self.accepts({**around, **including("scene/Sunny.cpp", '"scene/Ray.h"')})
+        self.accepts({**around, **including("scene/SunWords.cpp", '"scene/Ray.h"'), "scene/SunWords.h": "// W.\n"})
+        self.refuses({**around, "scene/SunWords.h": "// W.\n", **including("scene/SunWordsOf.cpp", '"scene/Back.h"'),
+                      **including("scene/Back.h", '"scene/SunWords.h"')}, "scene/Back -> scene/SunWords -> scene/Back")
+
+    def test_a_door_is_permitted_and_closes_a_circle(self):
+        pair = {"scene/A.h": "// A.\n", **including("scene/AFile.cpp", '"scene/B.h"'),
+                **including("scene/B.h", '"scene/A.h"')}
+        door = [("scene/A", "scene/B")]
+        self.refuses(pair, "in a circle: scene/A -> scene/B -> scene/A")
+        self.accepts(pair, door)
+        self.refuses({**pair, "scene/B.h": "// B.\n"}, "scene/A -> scene/B: is no door", door)
+        self.refuses({**pair, "scene/AFile.cpp": "// F.\n"}, "scene/A -> scene/B: is no door", door)
+        self.refuses({}, "scene/A -> scene/B: is no door", door)
+        far = {**pair, **including("scene/B.h", '"scene/C.h"'), **including("scene/C.h", '"scene/A.h"')}
+        self.accepts(far, door)
+        self.refuses({**far, **including("scene/AWords.cpp", '"scene/C.h"')}, "scene/A -> scene/C -> scene/A", door)
+
+    def test_a_folder_within_a_room_is_for_that_room_only(self):
+        inner = {"platform/window/shelf/Y.h": "// Y.\n"}
+        for path in ("workbench/window/X.cpp", "module/zone/X.cpp"):
+            with self.subTest(path=path):
+                self.refuses({**inner, **including(path, '"platform/window/shelf/Y.h"')}, "for platform/window only")
+        for path in ("bench/X.cpp", "fuzz/X.cpp", "tools/X.cpp", "examples/X.cpp"):
+            with self.subTest(path=path):
+                self.refuses({**inner, **including(path, '"platform/window/shelf/Y.h"')}, "for its room only")
+        for path in ("platform/window/X.cpp", "platform/window/drawer/X.cpp", "tests/window/X.cpp"):
+            with self.subTest(path=path):
+                self.accepts({**inner, **including(path, '"platform/window/shelf/Y.h"')})
+
+    def test_what_calculates_knows_no_window(self):
+        for room in ("facts", "scene", "analysis"):
+            for target in ("platform/window/Y.h", "platform/media/Y.h"):
+                with self.subTest(room=room, target=target):
+                    self.refuses({target: "// Y.\n", **including(f"{room}/X.cpp", f'"{target}"')},
+                                 f"{room} includes {target}, and is to know platform/base, platform/geometry,")
+            self.accepts({"platform/host/Y.h": "// Y.\n", **including(f"{room}/X.h", '"platform/host/Y.h"'),
+                          **including(f"{room}/Y.h", '"frame/Resources.h"'),
+                          **including(f"{room}/Z.h", '"calendar/OrvoDate.h"')})
+        for room in ("scene", "analysis"):
+            self.accepts({"facts/Y.h": "// Y.\n", **including(f"{room}/X.h", '"facts/Y.h"')})
+
+    def test_a_source_that_no_tool_reads_is_noticed(self):
+        for ending in ("hpp", "hh", "hxx", "cc", "cxx", "c", "ipp", "inl"):
+            for folder in ("scene", "tests/scene", "attic"):
+                with self.subTest(ending=ending, folder=folder):
+                    self.refuses({f"{folder}/X.{ending}": "// X.\n#include <QString>\n"}, "a source ends in .h or .cpp")
+        for path in ("attic/X.cpp", "attic/deep/X.h", "docs/X.cpp", "X.cpp", "X.h"):
+            with self.subTest(path=path):
+                self.refuses({path: "// X.\n"}, f"{path}: lies in no room")
+        self.accepts({"build/X.cpp": "", ".git/X.hpp": "", "docs/x.md": ""})
+
     def test_a_chain_is_no_circle(self):
         self.accepts({**including("scene/A.cpp", '"scene/A.h"'), "scene/A.h": "// A.\n",
                       **including("scene/B.cpp", '"scene/A.h"'), **including("scene/C.cpp", '"scene/A.h"')})
 
     def test_a_library_stays_in_its_rooms(self):
         for place, include in [("platform/host", "libxml/tree.h"), ("module/calendar", "QString"),
-                               ("platform/base", "QtCore/QString"), ("platform/host", "fmt/printf.h"),
+                               ("platform/base", "QtCore/QString"), ("scene", "QtCore"), ("scene", "QtGui"),
+                               ("platform/base", "Qt"), ("platform/host", "fmt/printf.h"),
                                ("module/containers", "GL/gl.h"), ("platform/window", "GL/gl.h"),
                                ("platform/base", "CLI/CLI.hpp"), ("workbench/commands", "libxml/xmlreader.h"),
                                ("workbench/terminal", "QString"), ("workbench/host", "CLI/CLI.hpp"),
@@ -196,10 +255,12 @@ class CheckLayers(unittest.TestCase):
     def test_a_library_that_nobody_knows_is_for_no_room(self):
         for place in ("platform/base", "module/calendar", "facts", "workbench/commands", "tests/base"):
             with self.subTest(place=place):
-                self.refuses(including(f"{place}/X.cpp", "<boost/optional.hpp>"), "that the project knows")
+                for name in ("boost/optional.hpp", "zlib.h", "Eigen", "experimental/map", "strin", "string.hpp"):
+                    self.refuses(including(f"{place}/X.cpp", f"<{name}>"), f"{name} is neither standard C++")
 
     def test_a_window_header_may_not_show_qt(self):
-        self.refuses({"platform/window/X.h": "// X.\n#include <QWidget>\n"}, "shows Qt")
+        for name in ("QWidget", "QtWidgets", "QtWidgets/QWidget"):
+            self.refuses(including("platform/window/X.h", f"<{name}>"), f"shows Qt ({name})")
 
     def test_only_the_platform_and_the_workbench_speak_to_the_system(self):
         for room in ("module/calendar", "facts", "scene", "analysis", "platform/geometry", "workbench/entry"):

@@ -39,13 +39,28 @@ class Rooms(unittest.TestCase):
         with open(os.path.join(ROOT, "CMakeLists.txt"), encoding="utf-8") as file:
             built = re.findall(r"^add_subdirectory\((\w+)\)", file.read(), re.M)
         there = [name for name in COMPONENTS if os.path.isdir(os.path.join(ROOT, name))]
-        self.assertEqual([name for name in built if name in COMPONENTS], there)
+        self.assertEqual([name for name in built if name in COMPONENTS], there,
+                         "the rooms' lines add_subdirectory(...) of CMakeLists.txt stand in the order of the floors")
+
+    def test_every_folder_of_a_room_is_built_and_no_other(self):
+        for component in COMPONENTS:
+            top = os.path.join(ROOT, component)
+            with open(os.path.join(top, "CMakeLists.txt"), encoding="utf-8") as file:
+                lists = re.findall(r"^orvo_room_sources\(\w+ ([^)]*)\)", file.read(), re.M)
+            built = [os.path.normpath(os.path.join(component, name)) for names in lists for name in names.split()]
+            there = [os.path.relpath(folder, ROOT) for folder, _, files in os.walk(top)
+                     if any(name.endswith(".cpp") for name in files)]
+            with self.subTest(component=component):
+                self.assertEqual(sorted(built), sorted(there), f"{component}/CMakeLists.txt, and the tree")
+                self.assertEqual([folder for folder in built if not room_of(folder + "/A.cpp")], [])
+                rooms = [room.folder for room in ROOMS.values() if room.component == component]
+                self.assertEqual([folder for folder in rooms if not os.path.isdir(os.path.join(ROOT, folder))], [])
 
     def test_a_room_knows_only_what_there_is(self):
         for room in ROOMS.values():
             for neighbour in room.neighbours:
                 self.assertIn(neighbour, ROOMS, room.folder)
-            self.assertEqual(set(room.lower) - set(COMPONENTS), set(), room.folder)
+            self.assertEqual(set(room.lower) - set(COMPONENTS) - set(ROOMS), set(), room.folder)
         self.assertEqual(set(TABLES) - set(COMPONENTS), set())
 
     def test_a_file_lies_in_the_innermost_room(self):
