@@ -20,23 +20,23 @@ CWnd* CDataExchange::PrepareCtrl(int id) {
     CWnd* control = m_pDlgWnd->GetDlgItem(id);
     if (control == nullptr)
         throw RunEnded();
-    m_hLastControl = control->m_hWnd;
-    m_bEditLast = false;
+    m_lastControl = control->m_hWnd;
+    m_isEditLast = false;
     return control;
 }
 
 CWnd* CDataExchange::PrepareEditCtrl(int id) {
     CWnd* control = PrepareCtrl(id);
-    m_bEditLast = true;
+    m_isEditLast = true;
     return control;
 }
 
 void CDataExchange::Fail() {
-    CWnd* control = m_bSaveAndValidate ? CWnd::FromHandle(m_hLastControl) : nullptr;
+    CWnd* control = m_bSaveAndValidate ? CWnd::FromHandle(m_lastControl) : nullptr;
     if (control != nullptr) {
         control->SetFocus();
-        if (m_bEditLast)
-            ::SendMessage(m_hLastControl, EM_SETSEL, 0, -1);
+        if (m_isEditLast)
+            ::SendMessage(m_lastControl, EM_SETSEL, 0, -1);
     }
     throw RunEnded();
 }

@@ -10,7 +10,7 @@ namespace {
 
 QDateEdit* PickerOf(HWND window) {
     const WindowLink* link = WindowLink::Of(window);
-    return link ? qobject_cast<QDateEdit*>(link->m_pWidget) : nullptr;
+    return link ? qobject_cast<QDateEdit*>(link->m_widget) : nullptr;
 }
 
 }  // namespace

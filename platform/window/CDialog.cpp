@@ -20,7 +20,7 @@ namespace {
 // The first control that the keyboard can reach gets the focus, its text selected as with Tab.
 void FocusFirst(const QWidget* dialog) {
     for (const WindowLink* control : WindowLink::Controls(dialog)) {
-        QWidget* widget = control->m_pWidget;
+        QWidget* widget = control->m_widget;
         if (widget->isEnabled() && !widget->isHidden() && (widget->focusPolicy() & Qt::TabFocus) == Qt::TabFocus) {
             widget->setFocus(Qt::TabFocusReason);
             return;
@@ -32,7 +32,7 @@ void FocusFirst(const QWidget* dialog) {
 // is the number of no button that a person could press.
 bool Press(QDialog* dialog, int command) {
     const WindowLink* control = WindowLink::Find(dialog, static_cast<UINT>(command));
-    auto* button = control ? qobject_cast<QAbstractButton*>(control->m_pWidget) : nullptr;
+    auto* button = control ? qobject_cast<QAbstractButton*>(control->m_widget) : nullptr;
     if (button != nullptr && button->isEnabled() && !button->isHidden()) {
         button->click();
         return true;
@@ -50,7 +50,7 @@ BEGIN_MESSAGE_MAP(CDialog, CWnd)
     ON_WM_CLOSE()
 END_MESSAGE_MAP()
 
-CDialog::CDialog(UINT templateId, CWnd* parent) : m_pParentWnd(parent), m_nTemplateId(templateId) {}
+CDialog::CDialog(UINT templateId, CWnd* parent) : m_pParentWnd(parent), m_templateId(templateId) {}
 
 CDialog::~CDialog() {
     DestroyWindow();
@@ -61,7 +61,7 @@ INT_PTR CDialog::DoModal() {
         return -1;  // it is running already
     if (!CanBeAnswered()) {
         CString message;
-        message.Format(PlatformText(L"没有显示器，无法显示对话框（编号%d）。"), static_cast<int>(m_nTemplateId));
+        message.Format(PlatformText(L"没有显示器，无法显示对话框（编号%d）。"), static_cast<int>(m_templateId));
         ReportMessage(message);
         return -1;
     }
@@ -75,7 +75,7 @@ INT_PTR CDialog::DoModal() {
 bool CDialog::CreateFromTemplate() {
     DialogTemplate source;
     CString message;
-    if (!FindDialogTemplate(AfxGetResourceHandle(), m_nTemplateId, source, message)) {
+    if (!FindDialogTemplate(AfxGetResourceHandle(), m_templateId, source, message)) {
         ReportMessage(message);
         return false;
     }
@@ -86,27 +86,27 @@ bool CDialog::CreateFromTemplate() {
 
 INT_PTR CDialog::RunModal() {
     const WindowLink* link = WindowLink::Of(m_hWnd);
-    const QPointer<QDialog> dialog = static_cast<QDialog*>(link->m_pWidget);
-    m_nResult = IDCANCEL;
-    m_bEnded = false;
+    const QPointer<QDialog> dialog = static_cast<QDialog*>(link->m_widget);
+    m_result = IDCANCEL;
+    m_hasEnded = false;
     const bool focus = SendMessage(WM_INITDIALOG) != 0;
-    if (m_bEnded || dialog.isNull())
-        return m_nResult;
+    if (m_hasEnded || dialog.isNull())
+        return m_result;
     if (focus)
         FocusFirst(dialog);
     const HWND owner = m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr;
     ::RunModal(dialog, {FromQString(dialog->windowTitle()), CString(), owner, nullptr},
                [&dialog](int command) { return Press(dialog, command); });
-    return m_nResult;
+    return m_result;
 }
 
 void CDialog::EndDialog(int result) {
     WindowLink* link = WindowLink::Of(m_hWnd);
-    if (link == nullptr || m_bEnded)
+    if (link == nullptr || m_hasEnded)
         return;
-    m_bEnded = true;
-    m_nResult = result;
-    static_cast<QDialog*>(link->m_pWidget)->done(result);
+    m_hasEnded = true;
+    m_result = result;
+    static_cast<QDialog*>(link->m_widget)->done(result);
 }
 
 BOOL CDialog::OnInitDialog() {

@@ -18,7 +18,7 @@ public:
     virtual INT_PTR DoModal();
     // Ends DoModal with this result, at the latest when the running handler has returned.
     void EndDialog(int result);
-    UINT GetTemplateId() const { return m_nTemplateId; }
+    UINT GetTemplateId() const { return m_templateId; }
 
     // Shows the members (UpdateData(FALSE)) and gives TRUE.
     virtual BOOL OnInitDialog();
@@ -38,7 +38,7 @@ private:
     bool CreateFromTemplate();
     INT_PTR RunModal();
 
-    UINT m_nTemplateId;
-    int m_nResult = 0;
-    bool m_bEnded = false;
+    UINT m_templateId;
+    int m_result = 0;
+    bool m_hasEnded = false;
 };

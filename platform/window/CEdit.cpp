@@ -12,7 +12,7 @@ BOOL CEdit::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     const WindowLink* around = parent ? WindowLink::Of(parent->m_hWnd) : nullptr;
     if (around == nullptr || m_hWnd != nullptr)
         return FALSE;
-    const WindowLink& link = MakeEdit({around->m_pWidget, id, style, CString()});
+    const WindowLink& link = MakeEdit({around->m_widget, id, style, CString()});
     Attach(link.Handle());
     MoveWindow(&rect);
     EnableWindow((style & WS_DISABLED) == 0);

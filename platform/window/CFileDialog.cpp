@@ -46,10 +46,10 @@ public:
         setObjectName("FileDialog");
         setOption(DontUseNativeDialog, ModalDriver::IsThere());
         setAcceptMode(open ? AcceptOpen : AcceptSave);
-        m_bMustExist = open && (flags & OFN_FILEMUSTEXIST) != 0;
-        m_bAsk = !open && (flags & OFN_OVERWRITEPROMPT) != 0;
-        setFileMode(m_bMustExist ? ExistingFile : AnyFile);
-        setOption(DontConfirmOverwrite, !m_bAsk || IsOurs());
+        m_mustExist = open && (flags & OFN_FILEMUSTEXIST) != 0;
+        m_asks = !open && (flags & OFN_OVERWRITEPROMPT) != 0;
+        setFileMode(m_mustExist ? ExistingFile : AnyFile);
+        setOption(DontConfirmOverwrite, !m_asks || IsOurs());
         setWindowTitle(ToQString(open ? PlatformText(L"打开文件") : PlatformText(L"保存文件")));
         setLabelText(LookIn, ToQString(PlatformText(L"位置：")));
         setLabelText(FileName, ToQString(PlatformText(L"文件名(&N)：")));
@@ -90,62 +90,62 @@ private:
         const CString name = FromQString(file.fileName());
         const CString title = FromQString(windowTitle());
         CString text;
-        if (m_bMustExist && !file.exists()) {
+        if (m_mustExist && !file.exists()) {
             text.Format(PlatformText(L"文件“%s”不存在。"), name);
             ::MessageBox(box, text, title, MB_ICONEXCLAMATION);
             return false;
         }
-        if (!m_bAsk || !file.exists())
+        if (!m_asks || !file.exists())
             return true;
         text.Format(PlatformText(L"文件“%s”已经存在。要替换它吗？"), name);
         return ::MessageBox(box, text, title, MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES;
     }
 
-    bool m_bMustExist = false;
-    bool m_bAsk = false;
+    bool m_mustExist = false;
+    bool m_asks = false;
 };
 
 }  // namespace
 
 CFileDialog::CFileDialog(BOOL openFile, const wchar_t* defaultExtension, const wchar_t* fileName, DWORD flags,
                          const wchar_t* filter, CWnd* parent)
-    : m_bOpen(openFile != FALSE),
-      m_nFlags(flags),
-      m_strExtension(defaultExtension),
-      m_strFileName(fileName),
-      m_strFilter(filter),
-      m_pParent(parent) {}
+    : m_isOpen(openFile != FALSE),
+      m_flags(flags),
+      m_extension(defaultExtension),
+      m_fileName(fileName),
+      m_filter(filter),
+      m_parent(parent) {}
 
 INT_PTR CFileDialog::DoModal() {
-    m_strPath.Empty();
+    m_path.Empty();
     if (const CString* next = NextFile().get()) {
-        m_strPath = *next;
-        return m_strPath.IsEmpty() ? IDCANCEL : IDOK;
+        m_path = *next;
+        return m_path.IsEmpty() ? IDCANCEL : IDOK;
     }
     if (!CanBeAnswered()) {
         ReportMessage(PlatformText(L"没有显示器，无法选择文件。"));
         return IDCANCEL;
     }
-    const HWND owner = m_pParent ? m_pParent->m_hWnd : nullptr;
-    auto* dialog = new FileDialog(WidgetOf(owner), m_bOpen, m_nFlags);
-    dialog->setNameFilters(Filters(m_strFilter));
-    if (!m_bOpen)
-        dialog->setDefaultSuffix(ToQString(m_strExtension));
-    if (!m_strFileName.IsEmpty())
-        dialog->selectFile(ToQString(m_strFileName));
+    const HWND owner = m_parent ? m_parent->m_hWnd : nullptr;
+    auto* dialog = new FileDialog(WidgetOf(owner), m_isOpen, m_flags);
+    dialog->setNameFilters(Filters(m_filter));
+    if (!m_isOpen)
+        dialog->setDefaultSuffix(ToQString(m_extension));
+    if (!m_fileName.IsEmpty())
+        dialog->selectFile(ToQString(m_fileName));
     // It goes with its owner, should that be destroyed meanwhile.
     if (!::RunModal(dialog, {FromQString(dialog->windowTitle()), CString(), owner, nullptr},
                     [dialog](int command) { return dialog->Press(command); }))
         return IDCANCEL;
     const QStringList files = dialog->selectedFiles();
     if (dialog->result() == QDialog::Accepted && !files.isEmpty())
-        m_strPath = FromQString(QFileInfo(files.front()).absoluteFilePath());
+        m_path = FromQString(QFileInfo(files.front()).absoluteFilePath());
     delete dialog;
-    return m_strPath.IsEmpty() ? IDCANCEL : IDOK;
+    return m_path.IsEmpty() ? IDCANCEL : IDOK;
 }
 
 CString CFileDialog::GetFileName() const {
-    return m_strPath.Mid(m_strPath.ReverseFind(L'/') + 1);
+    return m_path.Mid(m_path.ReverseFind(L'/') + 1);
 }
 
 void CFileDialog::SetNextFileForTest(const wchar_t* path) {

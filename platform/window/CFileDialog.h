@@ -24,7 +24,7 @@ public:
     // IDOK with a path, or IDCANCEL; also IDCANCEL, with a message, where nobody could answer.
     INT_PTR DoModal();
     // Full path of the chosen file; empty before, and when the dialog was cancelled.
-    CString GetPathName() const { return m_strPath; }
+    CString GetPathName() const { return m_path; }
     CString GetFileName() const;
 
     // The next dialogs are not shown, but answered with this path (null: cancelled), until they are to be shown again.
@@ -32,11 +32,11 @@ public:
     static void ShowDialogsAgainForTest();
 
 private:
-    bool m_bOpen;
-    DWORD m_nFlags;
-    CString m_strExtension;
-    CString m_strFileName;
-    CString m_strFilter;
-    CString m_strPath;
-    CWnd* m_pParent;
+    bool m_isOpen;
+    DWORD m_flags;
+    CString m_extension;
+    CString m_fileName;
+    CString m_filter;
+    CString m_path;
+    CWnd* m_parent;
 };

@@ -48,14 +48,14 @@ int Choose(const QPointer<QMenu>& menu, const QPoint& place, ModalWindow window)
 }  // namespace
 
 BOOL CMenu::CreatePopupMenu() {
-    if (m_bCreated)
+    if (m_isCreated)
         return FALSE;
-    m_bCreated = true;
+    m_isCreated = true;
     return TRUE;
 }
 
 BOOL CMenu::AppendMenu(UINT flags, UINT_PTR id, const wchar_t* text) {
-    if (!m_bCreated)
+    if (!m_isCreated)
         return FALSE;
     m_items.push_back({flags, static_cast<UINT>(id), text});
     return TRUE;
@@ -66,24 +66,24 @@ int CMenu::GetMenuItemCount() const {
 }
 
 int CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* owner) {
-    if (!m_bCreated || !CanBeAnswered())
+    if (!m_isCreated || !CanBeAnswered())
         return 0;
     const HWND ownerWindow = owner ? owner->m_hWnd : nullptr;
     const QPointer<QMenu> menu = new QMenu(WidgetOf(ownerWindow));
     menu->setObjectName("PopupMenu");
     CString entries;
     for (const Item& item : m_items) {
-        if ((item.nFlags & MF_SEPARATOR) != 0) {
+        if ((item.flags & MF_SEPARATOR) != 0) {
             entries += L"\n";
             menu->addSeparator();
             continue;
         }
-        entries += item.strText + L"\n";
-        QAction* action = menu->addAction(ToQString(item.strText));
-        action->setData(static_cast<int>(item.nID));
-        action->setEnabled((item.nFlags & MF_GRAYED) == 0);
-        action->setCheckable((item.nFlags & MF_CHECKED) != 0);
-        action->setChecked((item.nFlags & MF_CHECKED) != 0);
+        entries += item.text + L"\n";
+        QAction* action = menu->addAction(ToQString(item.text));
+        action->setData(static_cast<int>(item.id));
+        action->setEnabled((item.flags & MF_GRAYED) == 0);
+        action->setCheckable((item.flags & MF_CHECKED) != 0);
+        action->setChecked((item.flags & MF_CHECKED) != 0);
     }
     const int command = Choose(menu, {x, y}, {CString(), entries, ownerWindow, nullptr});
     delete menu.data();

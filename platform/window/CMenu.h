@@ -26,10 +26,10 @@ public:
 
 private:
     struct Item {
-        UINT nFlags;
-        UINT nID;
-        CString strText;
+        UINT flags;
+        UINT id;
+        CString text;
     };
     std::vector<Item> m_items;
-    bool m_bCreated = false;
+    bool m_isCreated = false;
 };

@@ -4,7 +4,7 @@
 CPropertyPage::~CPropertyPage() = default;
 
 void CPropertyPage::SetModified(BOOL changed) {
-    m_bModified = changed;
+    m_isModified = changed;
     if (CWnd* sheet = GetParent())
         sheet->SendMessage(changed ? PSM_CHANGED : PSM_UNCHANGED, reinterpret_cast<WPARAM>(m_hWnd));
 }

@@ -10,8 +10,8 @@ public:
 
     // Sends the sheet (the page's parent) PSM_CHANGED or PSM_UNCHANGED.
     void SetModified(BOOL changed = TRUE);
-    BOOL IsModified() const { return m_bModified; }
+    BOOL IsModified() const { return m_isModified; }
 
 private:
-    BOOL m_bModified = FALSE;
+    BOOL m_isModified = FALSE;
 };

@@ -32,7 +32,7 @@ CWnd* CSpinButtonCtrl::SetBuddy(CWnd* buddy) {
     CWnd* before = GetBuddy();
     const WindowLink* link = buddy ? WindowLink::Of(buddy->m_hWnd) : nullptr;
     if (SpinArrows* arrows = SpinArrows::Of(m_hWnd))
-        arrows->SetBuddy(link ? link->m_pWidget : nullptr);
+        arrows->SetBuddy(link ? link->m_widget : nullptr);
     return before;
 }
 

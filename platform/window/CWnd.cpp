@@ -48,7 +48,7 @@ void SendDestroy(WindowLink& link) {
     if (WindowLink::Of(handle) == nullptr)
         return;
     std::vector<HWND> inside;
-    for (const WindowLink* control : WindowLink::Controls(link.m_pWidget))
+    for (const WindowLink* control : WindowLink::Controls(link.m_widget))
         inside.push_back(control->Handle());
     for (const HWND control : inside)
         if (WindowLink* still = WindowLink::Of(control))
@@ -57,9 +57,9 @@ void SendDestroy(WindowLink& link) {
 
 // Whether a handler of the window or of one in it is running.
 bool IsRunning(const WindowLink& link) {
-    if (link.m_nRunning > 0)
+    if (link.m_running > 0)
         return true;
-    for (const WindowLink* control : WindowLink::Controls(link.m_pWidget))
+    for (const WindowLink* control : WindowLink::Controls(link.m_widget))
         if (IsRunning(*control))
             return true;
     return false;
@@ -67,7 +67,7 @@ bool IsRunning(const WindowLink& link) {
 
 // Lets the attached object go before the widget does, which may be later.
 void Release(WindowLink& link) {
-    for (WindowLink* control : WindowLink::Controls(link.m_pWidget))
+    for (WindowLink* control : WindowLink::Controls(link.m_widget))
         Release(*control);
     if (CWnd* attached = AttachedTo(link)) {
         attached->Detach();
@@ -139,7 +139,7 @@ BOOL CWnd::SubclassWindow(HWND window) {
 
 BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
     const WindowLink* around = parent ? WindowLink::Of(parent->m_hWnd) : nullptr;
-    const WindowLink* control = around ? WindowLink::Find(around->m_pWidget, id) : nullptr;
+    const WindowLink* control = around ? WindowLink::Find(around->m_widget, id) : nullptr;
     return control && SubclassWindow(control->Handle());
 }
 
@@ -151,7 +151,7 @@ BOOL CWnd::DestroyWindow() {
     WindowLink* link = WindowLink::Of(m_hWnd);
     if (link == nullptr)
         return FALSE;
-    const QPointer<QWidget> widget = link->m_pWidget;
+    const QPointer<QWidget> widget = link->m_widget;
     SendDestroy(*link);
     link = WindowLink::Of(widget.data());
     if (widget.isNull() || link == nullptr)
@@ -191,7 +191,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     WindowLink* link = WindowLink::Of(m_hWnd);
-    return link ? link->m_pfnDefault(*link, message, wParam, lParam) : 0;
+    return link ? link->m_procedure(*link, message, wParam, lParam) : 0;
 }
 
 LRESULT CWnd::Default() {

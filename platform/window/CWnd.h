@@ -157,8 +157,8 @@ private:
     // Calls the dialog's DoDataExchange; false when that was ended.
     bool Run();
 
-    HWND m_hLastControl = nullptr;  // which may be gone when the user has been told
-    bool m_bEditLast = false;
+    HWND m_lastControl = nullptr;  // which may be gone when the user has been told
+    bool m_isEditLast = false;
 };
 
 ORVO_API LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -174,7 +174,7 @@ public:
 private:
     friend class CWnd;
     struct Impl;
-    Impl* m_pImpl;
+    Impl* m_impl;
 };
 
 // The host's main window, the parent of what commands show; null where the host has none.

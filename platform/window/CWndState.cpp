@@ -12,7 +12,7 @@ namespace {
 
 QWidget* Widget(HWND window) {
     const WindowLink* link = WindowLink::Of(window);
-    return link ? link->m_pWidget : nullptr;
+    return link ? link->m_widget : nullptr;
 }
 
 RECT ToRect(const QPoint& corner, const QSize& size) {
@@ -26,10 +26,10 @@ struct CFont::Impl {
     QFont font;
 };
 
-CFont::CFont() : m_pImpl(new Impl) {}
+CFont::CFont() : m_impl(new Impl) {}
 
 CFont::~CFont() {
-    delete m_pImpl;
+    delete m_impl;
 }
 
 namespace {
@@ -56,8 +56,8 @@ DWORD CWnd::GetStyle() const {
     const WindowLink* link = WindowLink::Of(m_hWnd);
     if (link == nullptr)
         return 0;
-    DWORD style = link->m_dwStyle & ~(WS_VISIBLE | WS_DISABLED);
-    if (!link->m_pWidget->isHidden())
+    DWORD style = link->m_style & ~(WS_VISIBLE | WS_DISABLED);
+    if (!link->m_widget->isHidden())
         style |= WS_VISIBLE;
     if (!IsWindowEnabled())
         style |= WS_DISABLED;
@@ -66,7 +66,7 @@ DWORD CWnd::GetStyle() const {
 
 int CWnd::GetDlgCtrlID() const {
     const WindowLink* link = WindowLink::Of(m_hWnd);
-    return link ? static_cast<int>(link->m_nID) : 0;
+    return link ? static_cast<int>(link->m_id) : 0;
 }
 
 BOOL CWnd::EnableWindow(BOOL enable) {
@@ -163,7 +163,7 @@ CFont* CWnd::GetFont() const {
     if (!link->m_font)
         link->m_font = std::make_unique<FontOfWindow>();
     CFont& font = static_cast<FontOfWindow&>(*link->m_font).font;
-    font.m_pImpl->font = link->m_pWidget->font();
+    font.m_impl->font = link->m_widget->font();
     return &font;
 }
 
@@ -171,7 +171,7 @@ void CWnd::SetFont(CFont* font, BOOL /*redraw*/) {
     QWidget* widget = Widget(m_hWnd);
     if (widget == nullptr)
         return;
-    QFont whole = font ? font->m_pImpl->font : QFont();
+    QFont whole = font ? font->m_impl->font : QFont();
     // What a font has not been told by itself would come from the toolkit's font for this class of widgets.
     if (font != nullptr)
         whole.setResolveMask(QFont::AllPropertiesResolved);

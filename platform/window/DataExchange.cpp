@@ -50,7 +50,7 @@ bool ReadNumber(CString text, Number& value) {
 
 // The name of an edit that cannot take the focus, for a message that would not say which one it means; else nothing.
 CString NameOfDisabled(const CWnd& edit) {
-    const QWidget* widget = WindowLink::Of(edit.m_hWnd)->m_pWidget;
+    const QWidget* widget = WindowLink::Of(edit.m_hWnd)->m_widget;
     if (widget->isEnabled() || widget->accessibleName().isEmpty())
         return CString();
     return FromQString(widget->accessibleName() + ": ");
@@ -82,11 +82,11 @@ std::vector<WindowLink*> GroupFrom(const CWnd& first) {
     std::vector<WindowLink*> group;
     const CWnd* dialog = first.GetParent();
     bool inside = false;
-    for (WindowLink* control : WindowLink::Controls(WindowLink::Of(dialog->m_hWnd)->m_pWidget)) {
-        if (inside && (control->m_dwStyle & WS_GROUP) != 0)
+    for (WindowLink* control : WindowLink::Controls(WindowLink::Of(dialog->m_hWnd)->m_widget)) {
+        if (inside && (control->m_style & WS_GROUP) != 0)
             break;
         inside = inside || control->Handle() == first.m_hWnd;
-        if (inside && qobject_cast<const QRadioButton*>(control->m_pWidget) != nullptr)
+        if (inside && qobject_cast<const QRadioButton*>(control->m_widget) != nullptr)
             group.push_back(control);
     }
     return group;

@@ -23,7 +23,7 @@ void Report(const std::string& text) {
 
 }  // namespace
 
-ModalDriver::ModalDriver(Answer answer) : m_answer(std::move(answer)), m_pOuter(s_pNewest) {
+ModalDriver::ModalDriver(Answer answer) : m_answer(std::move(answer)), m_outer(s_pNewest) {
     s_pNewest = this;
 }
 
@@ -31,12 +31,12 @@ ModalDriver::~ModalDriver() {
     // Mostly it is the newest one that goes; whichever it is, the chain closes behind it.
     ModalDriver** link = &s_pNewest;
     while (*link != this)
-        link = &(*link)->m_pOuter;
-    *link = m_pOuter;
+        link = &(*link)->m_outer;
+    *link = m_outer;
 }
 
 int ModalDriver::GetCount() const {
-    return m_nCount;
+    return m_count;
 }
 
 bool ModalDriver::IsThere() {
@@ -46,7 +46,7 @@ bool ModalDriver::IsThere() {
 int ModalDriver::Ask(const ModalWindow& window) {
     if (s_pNewest == nullptr)
         return 0;
-    ++s_pNewest->m_nCount;
+    ++s_pNewest->m_count;
     try {
         const Answer answer = s_pNewest->m_answer;  // a copy: the driver may go while it answers
         return answer(window);

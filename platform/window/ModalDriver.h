@@ -55,6 +55,6 @@ public:
 
 private:
     Answer m_answer;
-    int m_nCount = 0;
-    ModalDriver* m_pOuter;
+    int m_count = 0;
+    ModalDriver* m_outer;
 };

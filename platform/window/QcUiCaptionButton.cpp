@@ -8,5 +8,5 @@ QcUiCaptionButton::~QcUiCaptionButton() = default;
 
 void QcUiCaptionButton::InitCaptionButton(CWnd* dialog) {
     if (const WindowLink* link = dialog ? WindowLink::Of(dialog->m_hWnd) : nullptr)
-        SetContextHelp(link->m_pWidget, m_bCaptionButton);
+        SetContextHelp(link->m_widget, m_hasCaptionButton);
 }

@@ -12,13 +12,13 @@ public:
     QcUiCaptionButton() = default;
     virtual ~QcUiCaptionButton();
 
-    void ShowCaptionButton(bool show) { m_bCaptionButton = show; }
-    bool HasCaptionButton() const { return m_bCaptionButton; }
+    void ShowCaptionButton(bool show) { m_hasCaptionButton = show; }
+    bool HasCaptionButton() const { return m_hasCaptionButton; }
 
 protected:
     // To be called once the dialog has its window.
     void InitCaptionButton(CWnd* dialog);
 
 private:
-    bool m_bCaptionButton = true;
+    bool m_hasCaptionButton = true;
 };

@@ -10,14 +10,14 @@ BEGIN_MESSAGE_MAP(QcUiDialog, CDialog)
 END_MESSAGE_MAP()
 
 QcUiDialog::QcUiDialog(UINT templateId, CWnd* parent, HINSTANCE resources)
-    : CDialog(templateId, parent), m_hResources(resources) {}
+    : CDialog(templateId, parent), m_resources(resources) {}
 
 QcUiDialog::~QcUiDialog() = default;
 
 INT_PTR QcUiDialog::DoModal() {
     const HINSTANCE before = AfxGetResourceHandle();
-    if (m_hResources != nullptr)
-        AfxSetResourceHandle(m_hResources);
+    if (m_resources != nullptr)
+        AfxSetResourceHandle(m_resources);
     const INT_PTR result = CDialog::DoModal();
     AfxSetResourceHandle(before);
     return result;
@@ -32,7 +32,7 @@ BOOL QcUiDialog::AddTip(int id, const wchar_t* text) {
     const CWnd* control = GetDlgItem(id);
     if (control == nullptr)
         return FALSE;
-    QWidget* widget = WindowLink::Of(control->m_hWnd)->m_pWidget;
+    QWidget* widget = WindowLink::Of(control->m_hWnd)->m_widget;
     // Plain text would be shown on one line, however long: as rich text it is wrapped. Its own line ends stay.
     const QString plain = ToQString(text).toHtmlEscaped();
     const QString shown = plain.isEmpty() ? QString() : "<p style='white-space:pre-wrap'>" + plain + "</p>";

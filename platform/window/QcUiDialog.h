@@ -22,5 +22,5 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    HINSTANCE m_hResources;
+    HINSTANCE m_resources;
 };

@@ -36,7 +36,7 @@ private:
 // The empty widget that a template makes where a control of the program's own belongs.
 WindowLink* FindPlaceholder(const QWidget* parent, UINT id) {
     WindowLink* link = WindowLink::Find(parent, id);
-    const bool plain = link && !link->m_target && link->m_pWidget->metaObject() == &QWidget::staticMetaObject;
+    const bool plain = link && !link->m_target && link->m_widget->metaObject() == &QWidget::staticMetaObject;
     return plain ? link : nullptr;
 }
 
@@ -47,17 +47,17 @@ void OrderKeyboard(const QWidget* parent, const WindowLink& placeholder) {
         if (control == &placeholder)
             continue;
         if (before != nullptr)
-            QWidget::setTabOrder(before, control->m_pWidget);
-        before = control->m_pWidget;
+            QWidget::setTabOrder(before, control->m_widget);
+        before = control->m_widget;
     }
 }
 
 // Whoever asked for the placeholder may hold it until the event loop runs again.
 void TakePlace(WindowLink& placeholder, WindowLink& control) {
-    QWidget* before = placeholder.m_pWidget;
-    QWidget* widget = control.m_pWidget;
-    control.m_nOrder = placeholder.m_nOrder;
-    placeholder.m_nID = kNoId;
+    QWidget* before = placeholder.m_widget;
+    QWidget* widget = control.m_widget;
+    control.m_order = placeholder.m_order;
+    placeholder.m_id = kNoId;
     widget->setAccessibleName(before->accessibleName());
     OrderKeyboard(widget->parentWidget(), placeholder);
     before->hide();
@@ -69,79 +69,79 @@ void TakePlace(WindowLink& placeholder, WindowLink& control) {
 BEGIN_MESSAGE_MAP(QcUiGrid, CWnd)
 END_MESSAGE_MAP()
 
-QcUiGrid::QcUiGrid(int headerRows, int columnWidth) : m_pParts(new PartsOf(*this)) {
-    m_pParts->state.hasTitles = headerRows > 0;
-    m_pParts->state.columnWidth = columnWidth;
+QcUiGrid::QcUiGrid(int headerRows, int columnWidth) : m_parts(new PartsOf(*this)) {
+    m_parts->state.hasTitles = headerRows > 0;
+    m_parts->state.columnWidth = columnWidth;
 }
 
 QcUiGrid::~QcUiGrid() {
-    m_pParts->LetViewGo();
+    m_parts->LetViewGo();
 }
 
 void QcUiGrid::PostNcDestroy() {
-    m_pParts->LetViewGo();
+    m_parts->LetViewGo();
 }
 
 void QcUiGrid::Reset() {
     CancelEditCell();
-    m_pParts->rows.Clear();
-    if (m_pParts->view != nullptr)
+    m_parts->rows.Clear();
+    if (m_parts->view != nullptr)
         return;
-    m_pParts->rows.RemoveColumns();
-    m_pParts->state.options = 0;
-    m_pParts->state.isLastColumnFitted = false;
+    m_parts->rows.RemoveColumns();
+    m_parts->state.options = 0;
+    m_parts->state.isLastColumnFitted = false;
 }
 
 int QcUiGrid::AppendColumn(const wchar_t* title, int width) {
-    return m_pParts->rows.AddColumn({title, width > 0 ? width : m_pParts->state.columnWidth});
+    return m_parts->rows.AddColumn({title, width > 0 ? width : m_parts->state.columnWidth});
 }
 
 int QcUiGrid::GetColumnCount() const {
-    return m_pParts->rows.ColumnCount();
+    return m_parts->rows.ColumnCount();
 }
 
 CString QcUiGrid::GetColumnTitle(int column) const {
-    const GridColumn* known = m_pParts->rows.Column(column);
-    return known ? known->strTitle : CString();
+    const GridColumn* known = m_parts->rows.Column(column);
+    return known ? known->title : CString();
 }
 
 int QcUiGrid::GetColumnWidth(int column) const {
-    const GridColumn* known = m_pParts->rows.Column(column);
+    const GridColumn* known = m_parts->rows.Column(column);
     if (known == nullptr)
         return 0;
-    return m_pParts->view ? m_pParts->view->ColumnWidth(column) : known->nWidth;
+    return m_parts->view ? m_parts->view->ColumnWidth(column) : known->width;
 }
 
 void QcUiGrid::FitLastColumn() {
-    m_pParts->state.isLastColumnFitted = true;
-    if (m_pParts->view != nullptr)
-        m_pParts->view->FitLastColumn();
+    m_parts->state.isLastColumnFitted = true;
+    if (m_parts->view != nullptr)
+        m_parts->view->FitLastColumn();
 }
 
 void QcUiGrid::SetOption(DWORD bits, bool on) {
-    m_pParts->state.options = on ? m_pParts->state.options | bits : m_pParts->state.options & ~bits;
-    if (m_pParts->view == nullptr)
+    m_parts->state.options = on ? m_parts->state.options | bits : m_parts->state.options & ~bits;
+    if (m_parts->view == nullptr)
         return;
     if (IsReadOnly())
         EndEditCell();
-    m_pParts->view->ShowOptions();
+    m_parts->view->ShowOptions();
 }
 
 DWORD QcUiGrid::GetOption() const {
-    return m_pParts->state.options;
+    return m_parts->state.options;
 }
 
 bool QcUiGrid::IsReadOnly() const {
-    return m_pParts->state.IsReadOnly();
+    return m_parts->state.IsReadOnly();
 }
 
 BOOL QcUiGrid::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     const WindowLink* around = parent ? WindowLink::Of(parent->m_hWnd) : nullptr;
     if (around == nullptr || m_hWnd != nullptr)
         return FALSE;
-    WindowLink* placeholder = FindPlaceholder(around->m_pWidget, id);
-    GridParts* parts = m_pParts.get();
-    parts->view = GridView::Make(*parts, {around->m_pWidget, id, style, CString()}, [parts] { parts->NoteViewGone(); });
+    WindowLink* placeholder = FindPlaceholder(around->m_widget, id);
+    GridParts* parts = m_parts.get();
+    parts->view = GridView::Make(*parts, {around->m_widget, id, style, CString()}, [parts] { parts->NoteViewGone(); });
     WindowLink& link = parts->view->Link();
     Attach(link.Handle());
     parts->view->ShowOptions();
@@ -151,7 +151,7 @@ BOOL QcUiGrid::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     MoveWindow(&rect);
     if (placeholder != nullptr) {
         if (rect.right <= rect.left || rect.bottom <= rect.top)
-            link.m_pWidget->setGeometry(placeholder->m_pWidget->geometry());
+            link.m_widget->setGeometry(placeholder->m_widget->geometry());
         TakePlace(*placeholder, link);
     }
     EnableWindow((style & WS_DISABLED) == 0);
@@ -160,28 +160,28 @@ BOOL QcUiGrid::Create(DWORD style, const RECT& rect, CWnd* parent, UINT id) {
 }
 
 QcUiGridTreeRow* QcUiGrid::AppendRow() {
-    return m_pParts->rows.Insert(nullptr, m_pParts->rows.ChildCount(nullptr));
+    return m_parts->rows.Insert(nullptr, m_parts->rows.ChildCount(nullptr));
 }
 
 int QcUiGrid::GetRowCount() const {
-    return static_cast<int>(m_pParts->rows.InOrder().size());
+    return static_cast<int>(m_parts->rows.InOrder().size());
 }
 
 QcUiGridTreeRow* QcUiGrid::GetRow(int index) const {
-    const std::vector<QcUiGridTreeRow*>& rows = m_pParts->rows.InOrder();
+    const std::vector<QcUiGridTreeRow*>& rows = m_parts->rows.InOrder();
     return index >= 0 && index < static_cast<int>(rows.size()) ? rows[static_cast<std::size_t>(index)] : nullptr;
 }
 
 QcUiGridTreeRow* QcUiGrid::GetCurRow() const {
-    return m_pParts->view ? m_pParts->view->CurRow() : nullptr;
+    return m_parts->view ? m_parts->view->CurRow() : nullptr;
 }
 
 QcUiGridTreeRow* QcUiGrid::GetCurTreeRow() const {
-    return m_pParts->state.Has(QCGRID_SINGLE_LEVEL) ? nullptr : GetCurRow();
+    return m_parts->state.Has(QCGRID_SINGLE_LEVEL) ? nullptr : GetCurRow();
 }
 
 int QcUiGrid::GetCurColumn() const {
-    return m_pParts->view ? m_pParts->view->CurColumn() : -1;
+    return m_parts->view ? m_parts->view->CurColumn() : -1;
 }
 
 void QcUiGrid::SetCurRow(QcUiGridRow* row) {
@@ -189,11 +189,11 @@ void QcUiGrid::SetCurRow(QcUiGridRow* row) {
 }
 
 void QcUiGrid::SetCurCell(QcUiGridRow* row, int column) {
-    const bool known = row == nullptr || (m_pParts->rows.Holds(row) && m_pParts->rows.Column(column) != nullptr);
-    if (m_pParts->view == nullptr || !known)
+    const bool known = row == nullptr || (m_parts->rows.Holds(row) && m_parts->rows.Column(column) != nullptr);
+    if (m_parts->view == nullptr || !known)
         return;
     EndEditCell();
-    m_pParts->view->SetCurrent(row ? row->GetTreeRow() : nullptr, column, true);
+    m_parts->view->SetCurrent(row ? row->GetTreeRow() : nullptr, column, true);
 }
 
 QcUiGridCell* QcUiGrid::GetActiveCell() const {
@@ -202,38 +202,38 @@ QcUiGridCell* QcUiGrid::GetActiveCell() const {
 }
 
 int QcUiGrid::GetSelRowCount() const {
-    return m_pParts->view ? static_cast<int>(m_pParts->view->SelectedRows().size()) : 0;
+    return m_parts->view ? static_cast<int>(m_parts->view->SelectedRows().size()) : 0;
 }
 
 bool QcUiGrid::IsRowSelected(const QcUiGridRow* row) const {
-    if (m_pParts->view == nullptr || !m_pParts->rows.Holds(row))
+    if (m_parts->view == nullptr || !m_parts->rows.Holds(row))
         return false;
-    return m_pParts->view->IsSelected(static_cast<const QcUiGridTreeRow&>(*row));
+    return m_parts->view->IsSelected(static_cast<const QcUiGridTreeRow&>(*row));
 }
 
 void QcUiGrid::SelectRow(QcUiGridRow* row, bool select) {
-    if (m_pParts->view != nullptr && m_pParts->rows.Holds(row))
-        m_pParts->view->Select(*row->GetTreeRow(), select);
+    if (m_parts->view != nullptr && m_parts->rows.Holds(row))
+        m_parts->view->Select(*row->GetTreeRow(), select);
 }
 
 void QcUiGrid::ClearSelection() {
-    if (m_pParts->view != nullptr)
-        m_pParts->view->ClearSelection();
+    if (m_parts->view != nullptr)
+        m_parts->view->ClearSelection();
 }
 
 void QcUiGrid::ShowActive(bool show) {
-    m_pParts->state.isActiveShown = show;
-    if (m_pParts->view != nullptr)
-        m_pParts->view->RedrawActive();
+    m_parts->state.isActiveShown = show;
+    if (m_parts->view != nullptr)
+        m_parts->view->RedrawActive();
 }
 
 bool QcUiGrid::IsActiveShown() const {
-    return m_pParts->state.isActiveShown;
+    return m_parts->state.isActiveShown;
 }
 
 void QcUiGrid::Redraw() {
-    if (m_pParts->view != nullptr)
-        m_pParts->view->Redraw();
+    if (m_parts->view != nullptr)
+        m_parts->view->Redraw();
 }
 
 bool QcUiGrid::OwnsWindow(CWnd* window) const {

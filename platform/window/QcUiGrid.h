@@ -132,7 +132,7 @@ private:
     void InsertParent();
     void DeleteRows();
 
-    std::unique_ptr<GridParts> m_pParts;
+    std::unique_ptr<GridParts> m_parts;
 };
 
 // The host may look at each grid whose window goes: its edit has ended, and its rows are still there. One observer,

@@ -4,17 +4,17 @@
 #include "platform/window/grid/GridKeeper.h"
 
 void QcUiGridCell::SetText(const wchar_t* text) {
-    m_strText = text;
-    if (m_pKeeper != nullptr)
-        m_pKeeper->TellCellChanged(*m_pRow, m_nColumn);
+    m_text = text;
+    if (m_keeper != nullptr)
+        m_keeper->TellCellChanged(*m_row, m_column);
 }
 
 void QcUiGridCell::SetStyle(DWORD style) {
-    m_nStyle = style;
-    if (m_pKeeper != nullptr)
-        m_pKeeper->TellCellChanged(*m_pRow, m_nColumn);
+    m_style = style;
+    if (m_keeper != nullptr)
+        m_keeper->TellCellChanged(*m_row, m_column);
 }
 
 QcUiGrid* QcUiGridCell::GetGrid() const {
-    return m_pKeeper ? &m_pKeeper->Grid() : nullptr;
+    return m_keeper ? &m_keeper->Grid() : nullptr;
 }

@@ -16,22 +16,22 @@ class ORVO_API QcUiGridCell {
 public:
     // The cells of a grid are made and owned by their row. Without a keeper a cell is in no grid.
     QcUiGridCell(QcUiGridRow* row, int column, GridKeeper* keeper = nullptr)
-        : m_pRow(row), m_nColumn(column), m_pKeeper(keeper) {}
+        : m_row(row), m_column(column), m_keeper(keeper) {}
 
-    const CString& GetText() const { return m_strText; }
+    const CString& GetText() const { return m_text; }
     // Shown at once when the row is in a grid.
     void SetText(const wchar_t* text);
-    DWORD GetStyle() const { return m_nStyle; }
+    DWORD GetStyle() const { return m_style; }
     void SetStyle(DWORD style);
-    QcUiGridRow* GetRow() const { return m_pRow; }
-    int GetColumn() const { return m_nColumn; }
+    QcUiGridRow* GetRow() const { return m_row; }
+    int GetColumn() const { return m_column; }
     // The grid that the row is in; null while it is in none.
     QcUiGrid* GetGrid() const;
 
 private:
-    CString m_strText;
-    DWORD m_nStyle = 0;
-    QcUiGridRow* m_pRow;
-    int m_nColumn;
-    GridKeeper* m_pKeeper;
+    CString m_text;
+    DWORD m_style = 0;
+    QcUiGridRow* m_row;
+    int m_column;
+    GridKeeper* m_keeper;
 };

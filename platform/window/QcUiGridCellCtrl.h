@@ -12,7 +12,7 @@ class QcUiGridCell;
 // cell when the edit ends, and deletes it. Ten operations, in the order of their slots after the destructor.
 class ORVO_API QcUiGridCellCtrl {
 public:
-    explicit QcUiGridCellCtrl(QcUiGridCell* cell) : m_pCell(cell) {}
+    explicit QcUiGridCellCtrl(QcUiGridCell* cell) : m_cell(cell) {}
     virtual ~QcUiGridCellCtrl();
     QcUiGridCellCtrl(const QcUiGridCellCtrl&) = delete;
     QcUiGridCellCtrl& operator=(const QcUiGridCellCtrl&) = delete;
@@ -28,10 +28,10 @@ public:
     virtual void SetModified(bool modified) = 0;    // 9
     virtual void SetText(const wchar_t* text) = 0;  // 10
 
-    QcUiGridCell* GetCell() const { return m_pCell; }
+    QcUiGridCell* GetCell() const { return m_cell; }
     // Whether a window is this editor's own or lies in it; false for null.
     bool IsMyFocus(CWnd* window);
 
 private:
-    QcUiGridCell* m_pCell;
+    QcUiGridCell* m_cell;
 };

@@ -31,7 +31,7 @@ const QcUiGridTreeRow* TopOf(const QcUiGridTreeRow* row) {
 }  // namespace
 
 void QcUiGrid::OnMenuCommand(int command) {
-    if (IsReadOnly() || m_pParts->view == nullptr)
+    if (IsReadOnly() || m_parts->view == nullptr)
         return;
     EndEditCell();
     if (command == QCGRID_CMD_INSERT_ROW && GetCurRow() != nullptr)
@@ -43,19 +43,19 @@ void QcUiGrid::OnMenuCommand(int command) {
 }
 
 void QcUiGrid::InsertRow(QcUiGridTreeRow& current) {
-    const bool under = current.IsParentRow() && !m_pParts->state.Has(QCGRID_SINGLE_LEVEL);
+    const bool under = current.IsParentRow() && !m_parts->state.Has(QCGRID_SINGLE_LEVEL);
     QcUiGridTreeRow* parent = under ? &current : current.GetParent();
     const int at = under ? current.GetChildNum() : current.GetIndexInParent() + 1;
-    QcUiGridTreeRow* row = m_pParts->rows.Insert(parent, at);
+    QcUiGridTreeRow* row = m_parts->rows.Insert(parent, at);
     SetCurRow(row);
     OnAfterInsertRow(row);
 }
 
 void QcUiGrid::InsertParent() {
     const QcUiGridTreeRow* top = TopOf(GetCurRow());
-    const int at = top ? top->GetIndexInParent() + 1 : m_pParts->rows.ChildCount(nullptr);
-    QcUiGridTreeRow* row = m_pParts->rows.Insert(nullptr, at);
-    QcUiGridTreeRow* child = !m_pParts->state.Has(QCGRID_SINGLE_LEVEL) ? row->AppendChild() : nullptr;
+    const int at = top ? top->GetIndexInParent() + 1 : m_parts->rows.ChildCount(nullptr);
+    QcUiGridTreeRow* row = m_parts->rows.Insert(nullptr, at);
+    QcUiGridTreeRow* child = !m_parts->state.Has(QCGRID_SINGLE_LEVEL) ? row->AppendChild() : nullptr;
     SetCurCell(row, 0);
     OnAfterInsertRow(row);
     if (child != nullptr)
@@ -63,7 +63,7 @@ void QcUiGrid::InsertParent() {
 }
 
 void QcUiGrid::DeleteRows() {
-    std::vector<QcUiGridTreeRow*> rows = m_pParts->view->SelectedRows();
+    std::vector<QcUiGridTreeRow*> rows = m_parts->view->SelectedRows();
     if (rows.empty() && GetCurRow() != nullptr)
         rows.push_back(GetCurRow());
     rows = Uppermost(rows);
@@ -82,26 +82,26 @@ void QcUiGrid::DeleteRows() {
     for (QcUiGridTreeRow* row : rows) {
         if (row->GetParent() != nullptr)
             parents.push_back(row->GetParent());
-        m_pParts->rows.Remove(*row);
+        m_parts->rows.Remove(*row);
     }
     std::vector<QcUiGridTreeRow*> filled;
     for (QcUiGridTreeRow* row : parents)
         if (!row->IsParentRow())
             filled.push_back(row->AppendChild());
-    SetCurRow(m_pParts->rows.Child(parent, std::min(at, m_pParts->rows.ChildCount(parent) - 1)));
+    SetCurRow(m_parts->rows.Child(parent, std::min(at, m_parts->rows.ChildCount(parent) - 1)));
     for (QcUiGridTreeRow* row : filled)
         OnAfterInsertRow(row);
 }
 
 void QcUiGrid::DeleteRow(QcUiGridRow* row) {
-    if (!m_pParts->rows.Holds(row))
+    if (!m_parts->rows.Holds(row))
         return;
     const QcUiGridCellCtrl* editor = GetEditCtrl();
     for (const QcUiGridTreeRow* edited = editor ? editor->GetCell()->GetRow()->GetTreeRow() : nullptr;
          edited != nullptr; edited = edited->GetParent())
         if (edited == row)
             CancelEditCell();
-    m_pParts->rows.Remove(*row->GetTreeRow());
+    m_parts->rows.Remove(*row->GetTreeRow());
 }
 
 void QcUiGrid::OnRightMenu(QcUiGridRow* /*row*/, POINT /*screen*/) {}
@@ -113,32 +113,32 @@ QcUiGridCellCtrl* QcUiGrid::CreateCellCtrl(QcUiGridCell* cell) {
 }
 
 bool QcUiGrid::EditCell(QcUiGridRow* row, int column) {
-    if (m_pParts->view == nullptr || IsReadOnly() || !m_pParts->rows.Holds(row) || row->GetCell(column) == nullptr)
+    if (m_parts->view == nullptr || IsReadOnly() || !m_parts->rows.Holds(row) || row->GetCell(column) == nullptr)
         return false;
     EndEditCell();
     std::unique_ptr<QcUiGridCellCtrl> editor(CreateCellCtrl(row->GetCell(column)));
     if (!editor)
         return false;
     if (!IsRowSelected(row))
-        m_pParts->view->SetCurrent(row->GetTreeRow(), column, true);
-    const RECT place = m_pParts->view->Reveal(*row->GetTreeRow(), column);
-    return m_pParts->editor.Open(std::move(editor), place, GetColumnTitle(column));
+        m_parts->view->SetCurrent(row->GetTreeRow(), column, true);
+    const RECT place = m_parts->view->Reveal(*row->GetTreeRow(), column);
+    return m_parts->editor.Open(std::move(editor), place, GetColumnTitle(column));
 }
 
 bool QcUiGrid::IsEditing() const {
-    return m_pParts->editor.Get() != nullptr;
+    return m_parts->editor.Get() != nullptr;
 }
 
 QcUiGridCellCtrl* QcUiGrid::GetEditCtrl() const {
-    return m_pParts->editor.Get();
+    return m_parts->editor.Get();
 }
 
 void QcUiGrid::EndEditCell() {
-    m_pParts->editor.Close(true);
+    m_parts->editor.Close(true);
 }
 
 void QcUiGrid::CancelEditCell() {
-    m_pParts->editor.Close(false);
+    m_parts->editor.Close(false);
 }
 
 // Edits put their line into the middle of what lies below the offset, and the grid its texts into the middle of the

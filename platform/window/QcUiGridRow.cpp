@@ -6,17 +6,17 @@
 QcUiGridRow::~QcUiGridRow() = default;
 
 QcUiGrid* QcUiGridRow::GetGrid() const {
-    return &m_pKeeper->Grid();
+    return &m_keeper->Grid();
 }
 
 QcUiGridCell* QcUiGridRow::GetCell(int column) {
-    if (column < 0 || column >= m_pKeeper->ColumnCount())
+    if (column < 0 || column >= m_keeper->ColumnCount())
         return nullptr;
     const auto at = static_cast<std::size_t>(column);
     if (at >= m_cells.size())
-        m_cells.resize(static_cast<std::size_t>(m_pKeeper->ColumnCount()));
+        m_cells.resize(static_cast<std::size_t>(m_keeper->ColumnCount()));
     if (!m_cells[at])
-        m_cells[at] = std::make_unique<QcUiGridCell>(this, column, m_pKeeper);
+        m_cells[at] = std::make_unique<QcUiGridCell>(this, column, m_keeper);
     return m_cells[at].get();
 }
 

@@ -30,12 +30,12 @@ public:
     virtual QcUiGridTreeRow* GetTreeRow() = 0;
 
 protected:
-    explicit QcUiGridRow(GridKeeper* keeper) : m_pKeeper(keeper) {}
-    GridKeeper& Keeper() const { return *m_pKeeper; }
+    explicit QcUiGridRow(GridKeeper* keeper) : m_keeper(keeper) {}
+    GridKeeper& Keeper() const { return *m_keeper; }
 
 private:
     friend class GridRows;  // asks whether it keeps a row
 
-    GridKeeper* m_pKeeper;
+    GridKeeper* m_keeper;
     std::vector<std::unique_ptr<QcUiGridCell>> m_cells;  // made when they are asked for
 };

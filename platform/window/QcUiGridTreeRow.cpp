@@ -25,11 +25,11 @@ QcUiGridTreeRow* QcUiGridTreeRow::GetChild(int index) const {
 }
 
 QcUiGridTreeRow* QcUiGridTreeRow::GetParent() const {
-    const bool nested = m_pParent != nullptr && m_pParent->m_pParent != nullptr;
-    return nested ? m_pParent : nullptr;
+    const bool nested = m_parent != nullptr && m_parent->m_parent != nullptr;
+    return nested ? m_parent : nullptr;
 }
 
 void QcUiGridTreeRow::Expand(bool expand) {
-    m_bExpanded = expand;
+    m_isExpanded = expand;
     Keeper().TellExpanded(*this);
 }

@@ -17,21 +17,21 @@ public:
     // Null at the top level.
     QcUiGridTreeRow* GetParent() const;
     // From 0, among the rows of the same parent.
-    int GetIndexInParent() const { return m_nIndex; }
+    int GetIndexInParent() const { return m_index; }
     bool IsParentRow() const { return !m_children.empty(); }
     bool IsChildRow() const { return GetParent() != nullptr; }
     // Shows or hides the children. Kept for a row that has none yet.
     void Expand(bool expand = true);
-    bool IsExpanded() const { return m_bExpanded; }
+    bool IsExpanded() const { return m_isExpanded; }
     QcUiGridTreeRow* GetTreeRow() override { return this; }
 
 private:
     friend class GridRows;  // keeps the tree
 
-    QcUiGridTreeRow(GridKeeper* keeper, QcUiGridTreeRow* parent) : QcUiGridRow(keeper), m_pParent(parent) {}
+    QcUiGridTreeRow(GridKeeper* keeper, QcUiGridTreeRow* parent) : QcUiGridRow(keeper), m_parent(parent) {}
 
     std::vector<std::unique_ptr<QcUiGridTreeRow>> m_children;
-    QcUiGridTreeRow* m_pParent;  // the hidden root for the top level, null for that itself
-    int m_nIndex = 0;
-    bool m_bExpanded = true;
+    QcUiGridTreeRow* m_parent;  // the hidden root for the top level, null for that itself
+    int m_index = 0;
+    bool m_isExpanded = true;
 };

@@ -32,14 +32,14 @@ protected:
 };
 
 void ExpectSame(const DialogTemplate& one, const DialogTemplate& other) {
-    EXPECT_EQ(one.nID, other.nID);
-    EXPECT_EQ(one.strCaption, other.strCaption);
+    EXPECT_EQ(one.id, other.id);
+    EXPECT_EQ(one.caption, other.caption);
     EXPECT_EQ(one.cx, other.cx);
     ASSERT_EQ(one.items.size(), other.items.size());
     for (std::size_t index = 0; index < one.items.size(); ++index) {
-        EXPECT_EQ(one.items[index].nID, other.items[index].nID);
-        EXPECT_EQ(one.items[index].strText, other.items[index].strText);
-        EXPECT_EQ(one.items[index].dwStyle, other.items[index].dwStyle);
+        EXPECT_EQ(one.items[index].id, other.items[index].id);
+        EXPECT_EQ(one.items[index].text, other.items[index].text);
+        EXPECT_EQ(one.items[index].style, other.items[index].style);
         EXPECT_EQ(one.items[index].x, other.items[index].x);
         EXPECT_EQ(one.items[index].y, other.items[index].y);
     }

@@ -20,39 +20,38 @@ void ExpectItems(UINT chinese, const wchar_t* caption, const std::vector<Expecte
             continue;
         for (const UINT id : {pair.chinese, pair.wide}) {
             const DialogTemplate dialog = DialogOf(id);
-            EXPECT_EQ(dialog.strCaption, caption) << id;
+            EXPECT_EQ(dialog.caption, caption) << id;
             for (const ExpectedItem& expected : items) {
                 const auto count = std::count_if(dialog.items.begin(), dialog.items.end(),
-                                                 [&](const auto& item) { return item.nID == expected.id; });
+                                                 [&](const auto& item) { return item.id == expected.id; });
                 EXPECT_EQ(count, 1) << id << ": " << expected.id;
                 const DialogItemTemplate item = ItemOf(dialog, expected.id);
-                EXPECT_EQ(item.strClass, expected.windowClass) << id << ": " << expected.id;
+                EXPECT_EQ(item.windowClass, expected.windowClass) << id << ": " << expected.id;
                 if (expected.text)
-                    EXPECT_EQ(item.strText, expected.text) << id << ": " << expected.id;
+                    EXPECT_EQ(item.text, expected.text) << id << ": " << expected.id;
             }
         }
     }
 }
 
 bool HasText(const DialogTemplate& dialog, const wchar_t* text) {
-    return std::any_of(dialog.items.begin(), dialog.items.end(), [text](const DialogItemTemplate& item) {
-        return item.nID == IDC_STATIC && item.strText == text;
-    });
+    return std::any_of(dialog.items.begin(), dialog.items.end(),
+                       [text](const DialogItemTemplate& item) { return item.id == IDC_STATIC && item.text == text; });
 }
 
 // The unnamed label or group that stands before an item in the order of the items.
 CString TextBefore(const DialogTemplate& dialog, UINT id) {
     for (std::size_t index = 1; index < dialog.items.size(); ++index)
-        if (dialog.items[index].nID == id)
-            return dialog.items[index - 1].strText;
+        if (dialog.items[index].id == id)
+            return dialog.items[index - 1].text;
     return {};
 }
 
 UINT FirstStop(const DialogTemplate& dialog) {
     constexpr DWORD kReachable = WS_TABSTOP | WS_VISIBLE;
     for (const DialogItemTemplate& item : dialog.items)
-        if ((item.dwStyle & (kReachable | WS_DISABLED)) == kReachable)
-            return item.nID;
+        if ((item.style & (kReachable | WS_DISABLED)) == kReachable)
+            return item.id;
     return 0;
 }
 
@@ -70,8 +69,8 @@ TEST(DialogItems, AreThoseOfTheZoneEditor) {
     ExpectItems(
         2000, L"地理位置",
         {{1, L"BUTTON", L"确定"}, {2, L"BUTTON", L"取消"}, {2001, L"QcUiGrid", L""}, {2002, L"BUTTON", L"导入数据"}});
-    EXPECT_EQ(ItemOf(DialogOf(2000), 2001).dwStyle, 0x56810000U);
-    EXPECT_EQ(ItemOf(DialogOf(2001), 2001).dwStyle, 0x56810000U);
+    EXPECT_EQ(ItemOf(DialogOf(2000), 2001).style, 0x56810000U);
+    EXPECT_EQ(ItemOf(DialogOf(2001), 2001).style, 0x56810000U);
 }
 
 TEST(DialogItems, AreThoseOfTheSettings) {
@@ -187,13 +186,13 @@ TEST(DialogItems, HaveTheirRadioButtonsInGroups) {
         const DialogTemplate dialog = DialogOf(id);
         for (const std::vector<UINT>& group : groups) {
             auto item = std::find_if(dialog.items.begin(), dialog.items.end(),
-                                     [&](const auto& candidate) { return candidate.nID == group[0]; });
+                                     [&](const auto& candidate) { return candidate.id == group[0]; });
             ASSERT_NE(item, dialog.items.end());
-            EXPECT_EQ(item->dwStyle & (WS_GROUP | WS_TABSTOP), WS_GROUP | WS_TABSTOP) << group[0];
-            std::vector<UINT> found = {item->nID};
-            for (++item; item != dialog.items.end() && !(item->dwStyle & WS_GROUP); ++item) {
-                found.push_back(item->nID);
-                EXPECT_FALSE(item->dwStyle & WS_TABSTOP) << item->nID << ": the arrows lead there";
+            EXPECT_EQ(item->style & (WS_GROUP | WS_TABSTOP), WS_GROUP | WS_TABSTOP) << group[0];
+            std::vector<UINT> found = {item->id};
+            for (++item; item != dialog.items.end() && !(item->style & WS_GROUP); ++item) {
+                found.push_back(item->id);
+                EXPECT_FALSE(item->style & WS_TABSTOP) << item->id << ": the arrows lead there";
             }
             EXPECT_EQ(found, group);
             EXPECT_NE(item, dialog.items.end());
@@ -205,23 +204,23 @@ TEST(DialogItems, AreShownAndEnabledButForTheUnitAndTheAnnotation) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs()) {
         const bool isSettings = HasText(dialog, L"绘图单位：");
         for (const DialogItemTemplate& item : dialog.items) {
-            const bool isAnnotation = isSettings && item.nID == 2010;
-            const bool isUnit = isSettings && item.nID == 2003;
-            EXPECT_EQ((item.dwStyle & WS_VISIBLE) != 0, !isAnnotation) << dialog.nID << ": " << item.nID;
-            EXPECT_EQ((item.dwStyle & WS_DISABLED) != 0, isAnnotation || isUnit) << dialog.nID << ": " << item.nID;
+            const bool isAnnotation = isSettings && item.id == 2010;
+            const bool isUnit = isSettings && item.id == 2003;
+            EXPECT_EQ((item.style & WS_VISIBLE) != 0, !isAnnotation) << dialog.id << ": " << item.id;
+            EXPECT_EQ((item.style & WS_DISABLED) != 0, isAnnotation || isUnit) << dialog.id << ": " << item.id;
         }
     }
 }
 
 TEST(DialogItems, CanBeReadOnlyInTheDialogOfThePlace) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs()) {
-        const bool isPlace = dialog.nID == 2008 || dialog.nID == 2014;
+        const bool isPlace = dialog.id == 2008 || dialog.id == 2014;
         for (const DialogItemTemplate& item : dialog.items) {
-            if (item.strClass != L"EDIT")
+            if (item.windowClass != L"EDIT")
                 continue;
-            EXPECT_EQ((item.dwStyle & ES_READONLY) != 0, isPlace) << dialog.nID << ": " << item.nID;
-            EXPECT_EQ((item.dwStyle & WS_TABSTOP) != 0, !isPlace) << dialog.nID << ": " << item.nID;
-            EXPECT_TRUE(item.dwStyle & ES_AUTOHSCROLL) << "a long text can be typed";
+            EXPECT_EQ((item.style & ES_READONLY) != 0, isPlace) << dialog.id << ": " << item.id;
+            EXPECT_EQ((item.style & WS_TABSTOP) != 0, !isPlace) << dialog.id << ": " << item.id;
+            EXPECT_TRUE(item.style & ES_AUTOHSCROLL) << "a long text can be typed";
         }
     }
 }
@@ -229,20 +228,20 @@ TEST(DialogItems, CanBeReadOnlyInTheDialogOfThePlace) {
 TEST(DialogItems, ListInTheOrderInWhichTheyAreFilled) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs())
         for (const DialogItemTemplate& item : dialog.items) {
-            if (item.strClass == L"COMBOBOX") {
+            if (item.windowClass == L"COMBOBOX") {
                 // The current place is shown also where it is none of the entries.
-                const bool showsAnyText = item.nID == 2005;
-                EXPECT_EQ(item.dwStyle & CBS_DROPDOWNLIST, showsAnyText ? CBS_DROPDOWN : CBS_DROPDOWNLIST) << item.nID;
-                EXPECT_EQ(item.dwStyle & CBS_SORT, 0U) << item.nID;
-                EXPECT_TRUE(item.dwStyle & WS_VSCROLL) << item.nID;
-                EXPECT_GE(item.cy, 50) << item.nID << ": room for the list";
-            } else if (item.strClass == L"LISTBOX") {
-                EXPECT_EQ(item.dwStyle & (LBS_NOTIFY | LBS_SORT), LBS_NOTIFY) << item.nID;
-                EXPECT_TRUE(item.dwStyle & WS_VSCROLL) << item.nID;
+                const bool showsAnyText = item.id == 2005;
+                EXPECT_EQ(item.style & CBS_DROPDOWNLIST, showsAnyText ? CBS_DROPDOWN : CBS_DROPDOWNLIST) << item.id;
+                EXPECT_EQ(item.style & CBS_SORT, 0U) << item.id;
+                EXPECT_TRUE(item.style & WS_VSCROLL) << item.id;
+                EXPECT_GE(item.cy, 50) << item.id << ": room for the list";
+            } else if (item.windowClass == L"LISTBOX") {
+                EXPECT_EQ(item.style & (LBS_NOTIFY | LBS_SORT), LBS_NOTIFY) << item.id;
+                EXPECT_TRUE(item.style & WS_VSCROLL) << item.id;
             } else {
                 continue;
             }
-            EXPECT_TRUE(item.dwStyle & WS_TABSTOP) << item.nID;
+            EXPECT_TRUE(item.style & WS_TABSTOP) << item.id;
         }
 }
 
@@ -250,20 +249,20 @@ TEST(DialogItems, HaveTheSpinButtonBehindItsEdit) {
     for (const UINT id : {2010U, 2017U}) {
         const DialogTemplate dialog = DialogOf(id);
         const auto edit = std::find_if(dialog.items.begin(), dialog.items.end(),
-                                       [](const DialogItemTemplate& item) { return item.nID == 2044; });
+                                       [](const DialogItemTemplate& item) { return item.id == 2044; });
         ASSERT_NE(edit, dialog.items.end());
         const DialogItemTemplate& spin = *(edit + 1);
-        EXPECT_EQ(spin.nID, 2045U);
-        EXPECT_EQ(spin.dwStyle, WS_CHILD | WS_VISIBLE | 0x36U) << "sets its buddy's number, right, takes the arrows";
+        EXPECT_EQ(spin.id, 2045U);
+        EXPECT_EQ(spin.style, WS_CHILD | WS_VISIBLE | 0x36U) << "sets its buddy's number, right, takes the arrows";
     }
 }
 
 TEST(DialogItems, AnswerEnterWithOkAndEscapeWithCancel) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs()) {
         for (const DialogItemTemplate& item : dialog.items)
-            EXPECT_EQ(IsButton(item, BS_DEFPUSHBUTTON), item.nID == 1) << dialog.nID << ": " << item.nID;
-        EXPECT_TRUE(IsButton(ItemOf(dialog, 1), BS_DEFPUSHBUTTON)) << dialog.nID;
-        EXPECT_TRUE(IsButton(ItemOf(dialog, 2), BS_PUSHBUTTON)) << dialog.nID;
+            EXPECT_EQ(IsButton(item, BS_DEFPUSHBUTTON), item.id == 1) << dialog.id << ": " << item.id;
+        EXPECT_TRUE(IsButton(ItemOf(dialog, 1), BS_DEFPUSHBUTTON)) << dialog.id;
+        EXPECT_TRUE(IsButton(ItemOf(dialog, 2), BS_PUSHBUTTON)) << dialog.id;
     }
 }
 
@@ -280,13 +279,13 @@ TEST(DialogItems, AreTheSameInBothVariantsButForTheirPlaces) {
     for (const DialogPair& pair : kPairs) {
         const DialogTemplate chinese = DialogOf(pair.chinese);
         const DialogTemplate wide = DialogOf(pair.wide);
-        EXPECT_EQ(chinese.dwStyle, wide.dwStyle);
+        EXPECT_EQ(chinese.style, wide.style);
         ASSERT_EQ(chinese.items.size(), wide.items.size()) << pair.chinese;
         for (std::size_t index = 0; index < chinese.items.size(); ++index) {
-            EXPECT_EQ(chinese.items[index].nID, wide.items[index].nID);
-            EXPECT_EQ(chinese.items[index].strClass, wide.items[index].strClass) << wide.items[index].nID;
-            EXPECT_EQ(chinese.items[index].strText, wide.items[index].strText) << wide.items[index].nID;
-            EXPECT_EQ(chinese.items[index].dwStyle, wide.items[index].dwStyle) << wide.items[index].nID;
+            EXPECT_EQ(chinese.items[index].id, wide.items[index].id);
+            EXPECT_EQ(chinese.items[index].windowClass, wide.items[index].windowClass) << wide.items[index].id;
+            EXPECT_EQ(chinese.items[index].text, wide.items[index].text) << wide.items[index].id;
+            EXPECT_EQ(chinese.items[index].style, wide.items[index].style) << wide.items[index].id;
         }
     }
 }
@@ -294,5 +293,5 @@ TEST(DialogItems, AreTheSameInBothVariantsButForTheirPlaces) {
 TEST(DialogItems, HaveCaptionsWithoutMnemonics) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs())
         for (const DialogItemTemplate& item : dialog.items)
-            EXPECT_EQ(item.strText.Find(L'&'), -1) << ToUtf8(item.strText.View());
+            EXPECT_EQ(item.text.Find(L'&'), -1) << ToUtf8(item.text.View());
 }

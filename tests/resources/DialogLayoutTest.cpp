@@ -35,11 +35,11 @@ bool IsInside(const Area& inner, const Area& outer) {
 }
 
 bool IsSpin(const DialogItemTemplate& item) {
-    return item.strClass == L"msctls_updown32";
+    return item.windowClass == L"msctls_updown32";
 }
 
 std::string Name(const DialogTemplate& dialog, const DialogItemTemplate& item) {
-    return std::to_string(dialog.nID) + ": " + std::to_string(item.nID) + " " + ToUtf8(item.strText.View());
+    return std::to_string(dialog.id) + ": " + std::to_string(item.id) + " " + ToUtf8(item.text.View());
 }
 
 // The width of a text in dialog units: a Latin character is four wide by their definition, a Chinese one, being as wide
@@ -53,24 +53,24 @@ int WidthOf(std::wstring_view text) {
 
 // What an item needs besides its text: a button's edges, the box or circle before a caption, a group's corners.
 int FrameOf(const DialogItemTemplate& item) {
-    if (item.strClass != L"BUTTON")
+    if (item.windowClass != L"BUTTON")
         return 0;
-    const DWORD kind = item.dwStyle & BS_TYPEMASK;
+    const DWORD kind = item.style & BS_TYPEMASK;
     return kind == BS_AUTOCHECKBOX || kind == BS_AUTORADIOBUTTON ? 14 : kind == BS_GROUPBOX ? 16 : 12;
 }
 
 bool ShowsText(const DialogItemTemplate& item) {
-    return item.strClass == L"STATIC" || item.strClass == L"BUTTON";
+    return item.windowClass == L"STATIC" || item.windowClass == L"BUTTON";
 }
 
 // Zero for items of any height.
 int ExpectedHeight(const DialogItemTemplate& item) {
-    if (IsButton(item, BS_PUSHBUTTON) || IsButton(item, BS_DEFPUSHBUTTON) || item.strClass == L"EDIT" || IsSpin(item) ||
-        item.strClass == L"SysDateTimePick32")
+    if (IsButton(item, BS_PUSHBUTTON) || IsButton(item, BS_DEFPUSHBUTTON) || item.windowClass == L"EDIT" ||
+        IsSpin(item) || item.windowClass == L"SysDateTimePick32")
         return 14;
     if (IsRadio(item) || IsButton(item, BS_AUTOCHECKBOX))
         return 10;
-    return item.strClass == L"STATIC" ? 8 : 0;
+    return item.windowClass == L"STATIC" ? 8 : 0;
 }
 
 CString English(const QcDtDictionary& table, const CString& text) {
@@ -84,7 +84,7 @@ CString English(const QcDtDictionary& table, const CString& text) {
 
 bool IsWide(const DialogTemplate& dialog) {
     return std::any_of(std::begin(kPairs), std::end(kPairs),
-                       [&](const DialogPair& pair) { return pair.wide == dialog.nID; });
+                       [&](const DialogPair& pair) { return pair.wide == dialog.id; });
 }
 
 }  // namespace
@@ -102,8 +102,8 @@ TEST(DialogLayout, HasTheSizesThatAreFixed) {
 
 TEST(DialogLayout, UsesTheFontOfTheSystemsDialogs) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs()) {
-        EXPECT_EQ(dialog.nPointSize, 9) << dialog.nID;
-        EXPECT_EQ(dialog.strFace, L"MS Shell Dlg") << dialog.nID;
+        EXPECT_EQ(dialog.pointSize, 9) << dialog.id;
+        EXPECT_EQ(dialog.face, L"MS Shell Dlg") << dialog.id;
     }
 }
 
@@ -171,7 +171,7 @@ TEST(DialogLayout, HasLabelsInLineWithTheirFields) {
         for (const DialogItemTemplate& label : dialog.items)
             for (const DialogItemTemplate& field : dialog.items) {
                 const Area area = AreaOf(field);
-                const bool isLabel = label.strClass == L"STATIC" || IsButton(label, BS_AUTOCHECKBOX);
+                const bool isLabel = label.windowClass == L"STATIC" || IsButton(label, BS_AUTOCHECKBOX);
                 const bool isBeside = (area.left >= label.x + label.cx && area.left <= label.x + label.cx + kBeside) ||
                                       (area.right <= label.x && area.right >= label.x - kBeside);
                 if (!isLabel || HeightOf(field) != 14 || !isBeside || std::abs(field.y - label.y) > 14)
@@ -186,18 +186,17 @@ TEST(DialogLayout, HasOkAndCancelInTheLowerRightCorner) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs()) {
         const Area ok = AreaOf(ItemOf(dialog, 1));
         const Area cancel = AreaOf(ItemOf(dialog, 2));
-        EXPECT_EQ(cancel.right, dialog.cx - kMargin) << dialog.nID;
-        EXPECT_EQ(cancel.bottom, dialog.cy - kMargin) << dialog.nID;
-        EXPECT_EQ(ok.top, cancel.top) << dialog.nID;
-        EXPECT_EQ(cancel.left - ok.right, 4) << dialog.nID;
+        EXPECT_EQ(cancel.right, dialog.cx - kMargin) << dialog.id;
+        EXPECT_EQ(cancel.bottom, dialog.cy - kMargin) << dialog.id;
+        EXPECT_EQ(ok.top, cancel.top) << dialog.id;
+        EXPECT_EQ(cancel.left - ok.right, 4) << dialog.id;
     }
 }
 
 TEST(DialogLayout, HasRoomForTheChineseTexts) {
     for (const DialogTemplate& dialog : ModuleDialogs().Dialogs())
         for (const DialogItemTemplate& item : dialog.items)
-            EXPECT_TRUE(!ShowsText(item) || WidthOf(item.strText.View()) + FrameOf(item) <= item.cx)
-                << Name(dialog, item);
+            EXPECT_TRUE(!ShowsText(item) || WidthOf(item.text.View()) + FrameOf(item) <= item.cx) << Name(dialog, item);
 }
 
 TEST(DialogLayout, HasRoomForEnglishAndAThirdMoreInTheRoomyVariants) {
@@ -209,9 +208,9 @@ TEST(DialogLayout, HasRoomForEnglishAndAThirdMoreInTheRoomyVariants) {
         if (!IsWide(dialog))
             continue;
         for (const DialogItemTemplate& item : dialog.items) {
-            if (!ShowsText(item) || item.strText.IsEmpty())
+            if (!ShowsText(item) || item.text.IsEmpty())
                 continue;
-            const CString english = English(*table, item.strText);
+            const CString english = English(*table, item.text);
             EXPECT_FALSE(english.IsEmpty()) << Name(dialog, item);
             const int longer = static_cast<int>(std::ceil(WidthOf(english.View()) * 1.35));
             EXPECT_LE(longer + FrameOf(item), item.cx) << Name(dialog, item) << " " << ToUtf8(english.View());

@@ -44,13 +44,13 @@ inline DialogTemplate DialogOf(UINT id) {
 // The first item of this number; an empty one where there is none.
 inline DialogItemTemplate ItemOf(const DialogTemplate& dialog, UINT id) {
     for (const DialogItemTemplate& item : dialog.items)
-        if (item.nID == id)
+        if (item.id == id)
             return item;
     return {};
 }
 
 inline bool IsButton(const DialogItemTemplate& item, DWORD kind) {
-    return item.strClass == L"BUTTON" && (item.dwStyle & BS_TYPEMASK) == kind;
+    return item.windowClass == L"BUTTON" && (item.style & BS_TYPEMASK) == kind;
 }
 inline bool IsGroupBox(const DialogItemTemplate& item) {
     return IsButton(item, BS_GROUPBOX);
@@ -62,5 +62,5 @@ inline bool IsRadio(const DialogItemTemplate& item) {
 // The height while a combo box's list is not dropped down.
 inline int HeightOf(const DialogItemTemplate& item) {
     constexpr int kClosed = 14;
-    return item.strClass == L"COMBOBOX" ? kClosed : item.cy;
+    return item.windowClass == L"COMBOBOX" ? kClosed : item.cy;
 }

@@ -21,12 +21,12 @@ constexpr const char* kTwoEdits =
 class Listener : public CEdit {
 public:
     std::vector<std::string> m_heard;
-    bool m_bPassOn = true;
-    LRESULT m_nAnswer = 0;
+    bool m_passesOn = true;
+    LRESULT m_answer = 0;
 
     afx_msg void OnChar(UINT character, UINT repeatCount, UINT flags) {
         m_heard.push_back("char " + std::to_string(character) + " x" + std::to_string(repeatCount));
-        if (m_bPassOn)
+        if (m_passesOn)
             CEdit::OnChar(character, repeatCount, flags);
     }
     afx_msg void OnDestroy() {
@@ -35,7 +35,7 @@ public:
     }
     LRESULT OnOwn(WPARAM wParam, LPARAM lParam) {
         m_heard.push_back("own " + std::to_string(wParam) + " " + std::to_string(lParam));
-        return m_nAnswer;
+        return m_answer;
     }
     void PostNcDestroy() override { m_heard.emplace_back(m_hWnd ? "gone too early" : "gone"); }
 
@@ -145,7 +145,7 @@ TEST(CWnd, MessagesGoThroughTheMapsOfTheClassAndItsBases) {
         CString text;
         edit.GetWindowText(text);
         EXPECT_EQ(text, L"x") << "what a handler passes on reaches the edit";
-        edit.m_bPassOn = false;
+        edit.m_passesOn = false;
         edit.SendMessage(WM_CHAR, 'y', 1);
         edit.GetWindowText(text);
         EXPECT_EQ(text, L"x");
@@ -157,7 +157,7 @@ TEST(CWnd, AMessageCarriesItsWordsAndItsAnswer) {
     dialog.Run([&](const ModalWindow&) {
         Listener edit;
         ASSERT_TRUE(edit.SubclassDlgItem(10, &dialog));
-        edit.m_nAnswer = -12;
+        edit.m_answer = -12;
         EXPECT_EQ(::SendMessage(edit.m_hWnd, WM_APP + 1, 3, -4), -12);
         EXPECT_EQ(edit.m_heard, std::vector<std::string>{"own 3 -4"});
         EXPECT_EQ(::SendMessage(nullptr, WM_APP + 1, 0, 0), 0);

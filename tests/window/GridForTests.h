@@ -34,14 +34,14 @@ public:
     QcUiGridCellCtrl* CreateCellCtrl(QcUiGridCell* cell) override {
         return m_makeEditor ? m_makeEditor(cell) : QcUiGrid::CreateCellCtrl(cell);
     }
-    void OnOwnCommand() { ++m_nOwnCommands; }
+    void OnOwnCommand() { ++m_ownCommands; }
 
     std::function<void(QcUiGridRow*, POINT)> m_onMenu;
     std::function<QcUiGridCellCtrl*(QcUiGridCell*)> m_makeEditor;
     std::vector<QcUiGridRow*> m_menuRows;
     std::vector<QcUiGridRow*> m_inserted;
     POINT m_menuPoint = {};
-    int m_nOwnCommands = 0;
+    int m_ownCommands = 0;
 
 protected:
     static const AFX_MSGMAP* GetThisMessageMap();

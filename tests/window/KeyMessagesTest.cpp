@@ -28,7 +28,7 @@ class Recorder : public CEdit {
 public:
     std::vector<std::string> m_heard;
     std::set<UINT> m_kept;
-    LRESULT m_nDlgCode = 0;
+    LRESULT m_dialogCode = 0;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         switch (message) {
@@ -61,7 +61,7 @@ public:
                                                      : 0);
                 break;
             case WM_GETDLGCODE:
-                return m_nDlgCode;
+                return m_dialogCode;
             default:
                 break;
         }
@@ -224,7 +224,7 @@ TEST_F(KeyMessages, EnterPressesTheDefaultButtonAndEscapeCancels) {
 }
 
 TEST_F(KeyMessages, AWindowMayAskForTheDialogsKeys) {
-    edit.m_nDlgCode = DLGC_WANTALLKEYS;
+    edit.m_dialogCode = DLGC_WANTALLKEYS;
     Run([&](QLineEdit* widget, const ModalWindow&) {
         edit.m_kept = {WM_CHAR, WM_KEYDOWN};
         QTest::keyClick(widget, Qt::Key_Return);

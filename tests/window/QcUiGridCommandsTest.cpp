@@ -216,7 +216,7 @@ TEST(QcUiGridCommands, AMenusChoiceComesAsACommand) {
         EXPECT_EQ(Written(grid), L"北京(东城 _ 西城) 河北(石家庄 唐山 保定)");
         choice = 101;
         RightClick(grid, PlaceOf(grid, grid.GetRow(1), 1).center());
-        EXPECT_EQ(grid.m_nOwnCommands, 1) << "the grid's own message map";
+        EXPECT_EQ(grid.m_ownCommands, 1) << "the grid's own message map";
     });
 }
 

@@ -27,13 +27,13 @@ class OddEdit : public QcUiGridEdit {
 public:
     using QcUiGridEdit::QcUiGridEdit;
     ~OddEdit() override { ++s_nDeleted; }
-    bool Create(const RECT& cellRect) override { return m_bCreates && QcUiGridEdit::Create(cellRect); }
-    bool CanEndEdit() override { return m_bCanEnd; }
-    bool WantsArrowKeys() override { return m_bArrows; }
+    bool Create(const RECT& cellRect) override { return m_creates && QcUiGridEdit::Create(cellRect); }
+    bool CanEndEdit() override { return m_canEnd; }
+    bool WantsArrowKeys() override { return m_wantsArrows; }
 
-    bool m_bCreates = true;
-    bool m_bCanEnd = true;
-    bool m_bArrows = true;
+    bool m_creates = true;
+    bool m_canEnd = true;
+    bool m_wantsArrows = true;
     static inline int s_nDeleted = 0;
 };
 
@@ -231,7 +231,7 @@ TEST(QcUiGridEdit, ATextThatCannotBeTakenStaysInItsEditor) {
     RunAtCity([](GridDialog& dialog, NotingGrid& grid) {
         grid.m_makeEditor = [](QcUiGridCell* cell) {
             auto* edit = new OddEdit(cell);
-            edit->m_bCanEnd = false;
+            edit->m_canEnd = false;
             return edit;
         };
         Type("x");
@@ -256,7 +256,7 @@ TEST(QcUiGridEdit, EditorsAreDeletedOnceAndNotTooEarly) {
         grid.SetFocus();
         grid.m_makeEditor = [](QcUiGridCell* cell) {
             auto* edit = new OddEdit(cell);
-            edit->m_bCreates = false;
+            edit->m_creates = false;
             return edit;
         };
         EXPECT_FALSE(grid.EditCell(grid.GetRow(1), 1));
@@ -276,7 +276,7 @@ TEST(QcUiGridEdit, ArrowsLeaveAnEditorThatGivesThemAway) {
         Press(Qt::Key_Escape);
         grid.m_makeEditor = [](QcUiGridCell* cell) {
             auto* edit = new OddEdit(cell);
-            edit->m_bArrows = false;
+            edit->m_wantsArrows = false;
             return edit;
         };
         Press(Qt::Key_F2);

@@ -146,7 +146,7 @@ TEST(QcUiGridWindow, AnObserverSeesTheRowsBeforeTheWindowGoes) {
         int nCalls = 0;
         int nRows = 0;
         bool bEditing = true;
-        CString strText;
+        CString text;
     };
     Seen seen;
     const auto look = [](const QcUiGrid& grid, void* context) {
@@ -154,7 +154,7 @@ TEST(QcUiGridWindow, AnObserverSeesTheRowsBeforeTheWindowGoes) {
         ++into.nCalls;
         into.nRows = grid.GetRowCount();
         into.bEditing = grid.IsEditing();
-        into.strText = grid.GetRow(1)->GetItemText(1);
+        into.text = grid.GetRow(1)->GetItemText(1);
     };
     SetGridObserver(look, &seen);
     GridDialog dialog;
@@ -168,7 +168,7 @@ TEST(QcUiGridWindow, AnObserverSeesTheRowsBeforeTheWindowGoes) {
     EXPECT_EQ(seen.nCalls, 1);
     EXPECT_EQ(seen.nRows, 7);
     EXPECT_FALSE(seen.bEditing);
-    EXPECT_EQ(seen.strText, L"typed");
+    EXPECT_EQ(seen.text, L"typed");
 }
 
 TEST(QcUiGridWindow, LeftAndRightMoveBetweenColumns) {
@@ -207,10 +207,10 @@ TEST(QcUiGridWindow, DeepTreesAreShown) {
 class CountingModel : public QIdentityProxyModel {
 public:
     QVariant data(const QModelIndex& index, int role) const override {
-        ++m_nData;
+        ++m_data;
         return QIdentityProxyModel::data(index, role);
     }
-    mutable int m_nData = 0;
+    mutable int m_data = 0;
 };
 
 TEST(QcUiGridWindow, FiveThousandRowsAreLookedAtOnlyWhereTheyAreSeen) {
@@ -233,8 +233,8 @@ TEST(QcUiGridWindow, FiveThousandRowsAreLookedAtOnlyWhereTheyAreSeen) {
         view.setModel(&counting);
         view.expandAll();
         view.grab();
-        EXPECT_GT(counting.m_nData, 0);
-        EXPECT_LT(counting.m_nData, 2000) << "some roles of the cells that are seen, not 15,000 cells";
+        EXPECT_GT(counting.m_data, 0);
+        EXPECT_LT(counting.m_data, 2000) << "some roles of the cells that are seen, not 15,000 cells";
         view.setModel(own);
         view.expandAll();
         EXPECT_TRUE(ViewOf(grid)->findChildren<QLineEdit*>().isEmpty()) << "no widget in a cell";

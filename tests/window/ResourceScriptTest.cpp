@@ -71,34 +71,34 @@ TEST(ResourceScript, ReadsTheFrameOfADialog) {
         "CAPTION \"地理位置\"\n"
         "FONT 9, \"MS Shell Dlg\"\n"
         "BEGIN\nEND\n");
-    EXPECT_EQ(dialog.nID, 1U);
+    EXPECT_EQ(dialog.id, 1U);
     EXPECT_EQ(dialog.x, 3);
     EXPECT_EQ(dialog.y, -4);
     EXPECT_EQ(dialog.cx, 344);
     EXPECT_EQ(dialog.cy, 224);
-    EXPECT_EQ(dialog.dwStyle, 0x80U | 0x80000000U | 0x00080000U | 0x00C00000U | 0x40U);
-    EXPECT_EQ(dialog.dwExStyle, 0x80U);
-    EXPECT_EQ(dialog.strCaption, L"地理位置");
-    EXPECT_EQ(dialog.nPointSize, 9);
-    EXPECT_EQ(dialog.strFace, L"MS Shell Dlg");
+    EXPECT_EQ(dialog.style, 0x80U | 0x80000000U | 0x00080000U | 0x00C00000U | 0x40U);
+    EXPECT_EQ(dialog.exStyle, 0x80U);
+    EXPECT_EQ(dialog.caption, L"地理位置");
+    EXPECT_EQ(dialog.pointSize, 9);
+    EXPECT_EQ(dialog.face, L"MS Shell Dlg");
     EXPECT_TRUE(dialog.items.empty());
 }
 
 TEST(ResourceScript, GivesADialogWithoutStyleTheUsualOne) {
-    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 BEGIN END").dwStyle, 0x80880000U);
-    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 CAPTION \"a\" BEGIN END").dwStyle, 0x80C80000U);
-    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 STYLE 0 BEGIN END").dwStyle, 0U);
+    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 BEGIN END").style, 0x80880000U);
+    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 CAPTION \"a\" BEGIN END").style, 0x80C80000U);
+    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 STYLE 0 BEGIN END").style, 0U);
 }
 
 TEST(ResourceScript, AddsUpTheStylesOfADialogInAnyOrder) {
-    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 CAPTION \"a\" STYLE 1 STYLE 4 BEGIN END").dwStyle, 0x00C00005U);
+    EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 CAPTION \"a\" STYLE 1 STYLE 4 BEGIN END").style, 0x00C00005U);
 }
 
 TEST(ResourceScript, ReadsAFontWithWeightAndSet) {
     const DialogTemplate dialog = ReadOne("1 DIALOGEX 0,0,1,1 STYLE 0 FONT 12, \"Sans\", 700, 1, 0x86 BEGIN END");
-    EXPECT_EQ(dialog.nPointSize, 12);
-    EXPECT_EQ(dialog.strFace, L"Sans");
-    EXPECT_EQ(dialog.dwStyle, 0x40U);
+    EXPECT_EQ(dialog.pointSize, 12);
+    EXPECT_EQ(dialog.face, L"Sans");
+    EXPECT_EQ(dialog.style, 0x40U);
 }
 
 TEST(ResourceScript, TakesBracesForBeginAndEnd) {
@@ -114,7 +114,7 @@ TEST(ResourceScript, PassesOverHelpNumbersAndWordsOfMemory) {
         ReadOne("1 DIALOGEX DISCARDABLE MOVEABLE 1,2,3,4, 77 { EDITTEXT 5, 1,2,3,4, 0, 0x200, 88 }");
     EXPECT_EQ(dialog.cy, 4);
     ASSERT_EQ(dialog.items.size(), 1U);
-    EXPECT_EQ(dialog.items[0].dwExStyle, 0x200U);
+    EXPECT_EQ(dialog.items[0].exStyle, 0x200U);
 }
 
 TEST(ResourceScript, FindsEachDialogByItsNumber) {
@@ -143,11 +143,11 @@ TEST(ResourceScript, ReadsAControlWithItsClass) {
     const DialogItemTemplate item = ReadItem(
         "CONTROL \"x\", 2045, \"msctls_updown32\", UDS_SETBUDDYINT | UDS_ALIGNRIGHT | UDS_AUTOBUDDY | UDS_ARROWKEYS, "
         "1, 2, 10, 14, WS_EX_RIGHT");
-    EXPECT_EQ(item.strClass, L"msctls_updown32");
-    EXPECT_EQ(item.strText, L"x");
-    EXPECT_EQ(item.nID, 2045U);
-    EXPECT_EQ(item.dwStyle, kChild | 0x36U);
-    EXPECT_EQ(item.dwExStyle, 0x1000U);
+    EXPECT_EQ(item.windowClass, L"msctls_updown32");
+    EXPECT_EQ(item.text, L"x");
+    EXPECT_EQ(item.id, 2045U);
+    EXPECT_EQ(item.style, kChild | 0x36U);
+    EXPECT_EQ(item.exStyle, 0x1000U);
     EXPECT_EQ(item.x, 1);
     EXPECT_EQ(item.y, 2);
     EXPECT_EQ(item.cx, 10);
@@ -155,9 +155,9 @@ TEST(ResourceScript, ReadsAControlWithItsClass) {
 }
 
 TEST(ResourceScript, WritesClassesOfTheSystemInCapitalsAndLeavesOthers) {
-    EXPECT_EQ(ReadItem("CONTROL \"\", 1, \"Button\", 0, 1,1,1,1").strClass, L"BUTTON");
-    EXPECT_EQ(ReadItem("CONTROL \"\", 1, edit, 0, 1,1,1,1").strClass, L"EDIT");
-    EXPECT_EQ(ReadItem("CONTROL \"\", 1, \"QcUiGrid\", 0, 1,1,1,1").strClass, L"QcUiGrid");
+    EXPECT_EQ(ReadItem("CONTROL \"\", 1, \"Button\", 0, 1,1,1,1").windowClass, L"BUTTON");
+    EXPECT_EQ(ReadItem("CONTROL \"\", 1, edit, 0, 1,1,1,1").windowClass, L"EDIT");
+    EXPECT_EQ(ReadItem("CONTROL \"\", 1, \"QcUiGrid\", 0, 1,1,1,1").windowClass, L"QcUiGrid");
 }
 
 TEST(ResourceScript, GivesEachStatementItsClassAndStyle) {
@@ -184,23 +184,23 @@ TEST(ResourceScript, GivesEachStatementItsClassAndStyle) {
     for (const auto& row : kRows) {
         const std::string begin = std::string(row.statement) + " 17, 1, 2, 3, 4";
         const DialogItemTemplate alone = ReadItem(begin);
-        EXPECT_EQ(alone.strClass, row.windowClass) << begin;
-        EXPECT_EQ(alone.dwStyle, kChild | row.alone) << begin;
-        EXPECT_EQ(alone.nID, 17U) << begin;
+        EXPECT_EQ(alone.windowClass, row.windowClass) << begin;
+        EXPECT_EQ(alone.style, kChild | row.alone) << begin;
+        EXPECT_EQ(alone.id, 17U) << begin;
         EXPECT_EQ(alone.cy, 4) << begin;
-        EXPECT_EQ(alone.strText, begin.find('"') == std::string::npos ? L"" : L"t") << begin;
+        EXPECT_EQ(alone.text, begin.find('"') == std::string::npos ? L"" : L"t") << begin;
         const DialogItemTemplate styled = ReadItem(begin + ", WS_DISABLED, 0x20");
-        EXPECT_EQ(styled.dwStyle, kChild | kDisabled | row.withStyle) << begin;
-        EXPECT_EQ(styled.dwExStyle, 0x20U) << begin;
+        EXPECT_EQ(styled.style, kChild | kDisabled | row.withStyle) << begin;
+        EXPECT_EQ(styled.exStyle, 0x20U) << begin;
     }
 }
 
 TEST(ResourceScript, TakesOutOfTheStyleWhatFollowsNot) {
-    EXPECT_EQ(ReadItem("PUSHBUTTON \"a\", 1, 1,1,1,1, NOT WS_TABSTOP").dwStyle, kChild);
-    EXPECT_EQ(ReadItem("EDITTEXT 1, 1,1,1,1, NOT WS_BORDER | ES_READONLY | NOT WS_VISIBLE").dwStyle,
+    EXPECT_EQ(ReadItem("PUSHBUTTON \"a\", 1, 1,1,1,1, NOT WS_TABSTOP").style, kChild);
+    EXPECT_EQ(ReadItem("EDITTEXT 1, 1,1,1,1, NOT WS_BORDER | ES_READONLY | NOT WS_VISIBLE").style,
               0x40000000U | kTabStop | 0x800U);
-    EXPECT_EQ(ReadItem("LTEXT \"a\", 1, 1,1,1,1, NOT WS_GROUP | WS_GROUP").dwStyle, kChild | kGroup);
-    EXPECT_EQ(ReadItem("LTEXT \"a\", 1, 1,1,1,1, WS_GROUP | NOT WS_GROUP").dwStyle, kChild);
+    EXPECT_EQ(ReadItem("LTEXT \"a\", 1, 1,1,1,1, NOT WS_GROUP | WS_GROUP").style, kChild | kGroup);
+    EXPECT_EQ(ReadItem("LTEXT \"a\", 1, 1,1,1,1, WS_GROUP | NOT WS_GROUP").style, kChild);
 }
 
 TEST(ResourceScript, LeavesIconsOut) {
@@ -211,13 +211,13 @@ TEST(ResourceScript, LeavesIconsOut) {
         "EDITTEXT 9, 1,2,3,4\n"
         "END");
     ASSERT_EQ(dialog.items.size(), 1U);
-    EXPECT_EQ(dialog.items[0].nID, 9U);
+    EXPECT_EQ(dialog.items[0].id, 9U);
 }
 
 TEST(ResourceScript, NumbersUnnamedItemsWithSixteenBits) {
-    EXPECT_EQ(ReadItem("LTEXT \"a\", IDC_STATIC, 1,1,1,1").nID, 0xFFFFU);
-    EXPECT_EQ(ReadItem("LTEXT \"a\", -1, 1,1,1,1").nID, 0xFFFFU);
-    EXPECT_EQ(ReadItem("LTEXT \"a\", 65535, 1,1,1,1").nID, 0xFFFFU);
+    EXPECT_EQ(ReadItem("LTEXT \"a\", IDC_STATIC, 1,1,1,1").id, 0xFFFFU);
+    EXPECT_EQ(ReadItem("LTEXT \"a\", -1, 1,1,1,1").id, 0xFFFFU);
+    EXPECT_EQ(ReadItem("LTEXT \"a\", 65535, 1,1,1,1").id, 0xFFFFU);
     EXPECT_EQ(IDC_STATIC, 0xFFFFU);
 }
 
@@ -258,18 +258,18 @@ TEST(ResourceScript, LetsNamesMeanNothing) {
 }
 
 TEST(ResourceScript, ReadsQuotesAndEscapesInTexts) {
-    EXPECT_EQ(ReadItem(R"(LTEXT "a""b", 1, 1,1,1,1)").strText, L"a\"b");
-    EXPECT_EQ(ReadItem(R"(LTEXT """", 1, 1,1,1,1)").strText, L"\"");
-    EXPECT_EQ(ReadItem(R"(LTEXT "", 1, 1,1,1,1)").strText, L"");
-    EXPECT_EQ(ReadItem(R"(LTEXT "a\n\t\r\"\\z", 1, 1,1,1,1)").strText, L"a\n\t\r\"\\z");
-    EXPECT_EQ(ReadItem(R"(LTEXT L"度 & 分", 1, 1,1,1,1)").strText, L"度 & 分");
-    EXPECT_EQ(ReadItem("LTEXT \"a\tb\", 1, 1,1,1,1").strText, L"a\tb");
-    EXPECT_EQ(ReadItem(R"(LTEXT "// no /* comment */ #define", 1, 1,1,1,1)").strText, L"// no /* comment */ #define");
-    EXPECT_EQ(ReadItem("LTEXT \"\xF0\x9F\x8F\xA0\", 1, 1,1,1,1").strText, FromUtf8("\xF0\x9F\x8F\xA0"));
+    EXPECT_EQ(ReadItem(R"(LTEXT "a""b", 1, 1,1,1,1)").text, L"a\"b");
+    EXPECT_EQ(ReadItem(R"(LTEXT """", 1, 1,1,1,1)").text, L"\"");
+    EXPECT_EQ(ReadItem(R"(LTEXT "", 1, 1,1,1,1)").text, L"");
+    EXPECT_EQ(ReadItem(R"(LTEXT "a\n\t\r\"\\z", 1, 1,1,1,1)").text, L"a\n\t\r\"\\z");
+    EXPECT_EQ(ReadItem(R"(LTEXT L"度 & 分", 1, 1,1,1,1)").text, L"度 & 分");
+    EXPECT_EQ(ReadItem("LTEXT \"a\tb\", 1, 1,1,1,1").text, L"a\tb");
+    EXPECT_EQ(ReadItem(R"(LTEXT "// no /* comment */ #define", 1, 1,1,1,1)").text, L"// no /* comment */ #define");
+    EXPECT_EQ(ReadItem("LTEXT \"\xF0\x9F\x8F\xA0\", 1, 1,1,1,1").text, FromUtf8("\xF0\x9F\x8F\xA0"));
 }
 
 TEST(ResourceScript, PutsASignForWhatIsNoUtf8InTexts) {
-    EXPECT_EQ(ReadItem("LTEXT \"a\xFFz\", 1, 1,1,1,1").strText, L"a\xFFFDz");
+    EXPECT_EQ(ReadItem("LTEXT \"a\xFFz\", 1, 1,1,1,1").text, L"a\xFFFDz");
 }
 
 TEST(ResourceScript, SkipsCommentsIncludesAndPragmas) {
@@ -375,15 +375,15 @@ TEST(ResourceScript, KnowsEveryNameOfTheStyles) {
         std::string value;
         words >> name >> equals >> value;
         const std::string number = value.substr(0, value.size() - 1);  // without the semicolon
-        EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 STYLE " + name + " {}").dwStyle, std::stoul(number, nullptr, 16)) << name;
+        EXPECT_EQ(ReadOne("1 DIALOGEX 0,0,1,1 STYLE " + name + " {}").style, std::stoul(number, nullptr, 16)) << name;
         ++count;
     }
     EXPECT_GT(count, 150);
 }
 
 TEST(ResourceScript, KnowsTheButtonsOfEveryDialog) {
-    EXPECT_EQ(ReadItem("LTEXT \"\", IDOK, 1,1,1,1").nID, 1U);
-    EXPECT_EQ(ReadItem("LTEXT \"\", IDCANCEL, 1,1,1,1").nID, 2U);
-    EXPECT_EQ(ReadItem("LTEXT \"\", IDYES, 1,1,1,1").nID, 6U);
-    EXPECT_EQ(ReadItem("LTEXT \"\", IDNO, 1,1,1,1").nID, 7U);
+    EXPECT_EQ(ReadItem("LTEXT \"\", IDOK, 1,1,1,1").id, 1U);
+    EXPECT_EQ(ReadItem("LTEXT \"\", IDCANCEL, 1,1,1,1").id, 2U);
+    EXPECT_EQ(ReadItem("LTEXT \"\", IDYES, 1,1,1,1").id, 6U);
+    EXPECT_EQ(ReadItem("LTEXT \"\", IDNO, 1,1,1,1").id, 7U);
 }

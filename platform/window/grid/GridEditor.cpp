@@ -19,12 +19,12 @@ namespace {
 class EditorKeys : public QObject {
 public:
     EditorKeys(GridHost& host, GridEditor& edit, QWidget* widget)
-        : QObject(widget), m_host(host), m_edit(edit), m_pEditor(edit.Get()) {
+        : QObject(widget), m_host(host), m_edit(edit), m_editor(edit.Get()) {
         widget->installEventFilter(this);
     }
 
     bool eventFilter(QObject*, QEvent* event) override {
-        const bool open = m_edit.Get() == m_pEditor;
+        const bool open = m_edit.Get() == m_editor;
         return open && event->type() == QEvent::KeyPress && Key(*static_cast<QKeyEvent*>(event));
     }
 
@@ -48,9 +48,9 @@ private:
             case Qt::Key_Tab:
                 return Leave(&GridHost::MoveColumn, 1);
             case Qt::Key_Left:
-                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtBegin() && Leave(&GridHost::MoveColumn, -1);
+                return !m_editor->WantsArrowKeys() && m_editor->IsCaretAtBegin() && Leave(&GridHost::MoveColumn, -1);
             case Qt::Key_Right:
-                return !m_pEditor->WantsArrowKeys() && m_pEditor->IsCaretAtEnd() && Leave(&GridHost::MoveColumn, 1);
+                return !m_editor->WantsArrowKeys() && m_editor->IsCaretAtEnd() && Leave(&GridHost::MoveColumn, 1);
             default:
                 return false;
         }
@@ -59,7 +59,7 @@ private:
     // A text that cannot be taken keeps its editor. The editor, and this, may be gone when the edit has ended.
     bool Leave(void (GridHost::*move)(int), int step) {
         GridHost& host = m_host;
-        if (m_pEditor->IsModified() && !m_pEditor->CanEndEdit())
+        if (m_editor->IsModified() && !m_editor->CanEndEdit())
             return true;
         m_edit.Close(true);
         (host.*move)(step);
@@ -68,7 +68,7 @@ private:
 
     GridHost& m_host;
     GridEditor& m_edit;
-    QcUiGridCellCtrl* m_pEditor;
+    QcUiGridCellCtrl* m_editor;
 };
 
 }  // namespace
@@ -98,24 +98,24 @@ GridEditor::~GridEditor() {
 
 bool GridEditor::Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place, const CString& name) {
     QcUiGridCellCtrl* opened = editor.get();
-    m_pEditor = std::move(editor);
+    m_editor = std::move(editor);
     const bool made = opened->Create(place) && opened->GetWnd() != nullptr;
-    if (m_pEditor.get() != opened)
+    if (m_editor.get() != opened)
         return false;  // closed again while it was being made
     const WindowLink* link = made ? WindowLink::Of(opened->GetWnd()->m_hWnd) : nullptr;
     if (link == nullptr) {
         Close(false);
         return false;
     }
-    link->m_pWidget->setAccessibleName(ToQString(name));
-    new EditorKeys(m_host, *this, link->m_pWidget);  // a child of the widget
+    link->m_widget->setAccessibleName(ToQString(name));
+    new EditorKeys(m_host, *this, link->m_widget);  // a child of the widget
     return true;
 }
 
 void GridEditor::Close(bool take) {
-    if (!m_pEditor)
+    if (!m_editor)
         return;
-    std::unique_ptr<QcUiGridCellCtrl> editor = std::move(m_pEditor);
+    std::unique_ptr<QcUiGridCellCtrl> editor = std::move(m_editor);
     CWnd* window = editor->GetWnd();
     QcUiGridCell* cell = editor->GetCell();
     CString text;

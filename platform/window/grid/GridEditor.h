@@ -21,7 +21,7 @@ public:
     // the focus at once.
     bool Open(std::unique_ptr<QcUiGridCellCtrl> editor, const RECT& place, const CString& name);
     // Null when nothing is open.
-    QcUiGridCellCtrl* Get() const { return m_pEditor.get(); }
+    QcUiGridCellCtrl* Get() const { return m_editor.get(); }
     // Takes the text, if asked to, and closes. Without an edit, and within the closing itself, it does nothing.
     void Close(bool take);
 
@@ -31,6 +31,6 @@ private:
     void Retire(std::unique_ptr<QcUiGridCellCtrl> editor);
 
     GridHost& m_host;
-    std::unique_ptr<QcUiGridCellCtrl> m_pEditor;
+    std::unique_ptr<QcUiGridCellCtrl> m_editor;
     std::shared_ptr<std::vector<QObject*>> m_retired;  // editors that wait for their handlers to return
 };

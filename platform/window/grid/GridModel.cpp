@@ -50,7 +50,7 @@ public:
             return {};
         if (role == Qt::TextAlignmentRole)
             return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
-        return role == Qt::DisplayRole ? ToQString(column->strTitle) : QVariant();
+        return role == Qt::DisplayRole ? ToQString(column->title) : QVariant();
     }
     Qt::ItemFlags flags(const QModelIndex& index) const override {
         const Qt::ItemFlags flags = QAbstractItemModel::flags(index);

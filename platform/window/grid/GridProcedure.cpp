@@ -34,7 +34,7 @@ LRESULT ContextMenu(WindowLink& link, GridView& view, WPARAM wParam, LPARAM lPar
 }  // namespace
 
 LRESULT GridProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* view = dynamic_cast<GridView*>(link.m_pWidget);
+    auto* view = dynamic_cast<GridView*>(link.m_widget);
     GridContents* grid = view ? view->Contents() : nullptr;
     if (grid == nullptr || !grid->host.OwnsWindow(link.Handle()))
         return CommonProcedure(link, message, wParam, lParam);

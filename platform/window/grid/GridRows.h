@@ -27,8 +27,8 @@ protected:
 };
 
 struct GridColumn {
-    CString strTitle;
-    int nWidth;  // in pixels of a 96 dpi screen
+    CString title;
+    int width;  // in pixels of a 96 dpi screen
 };
 
 class GridRows final : public GridKeeper {
@@ -39,7 +39,7 @@ public:
     GridRows& operator=(const GridRows&) = delete;
 
     QcUiGrid& Grid() const override { return m_grid; }
-    void SetObserver(GridObserver* observer) { m_pObserver = observer; }
+    void SetObserver(GridObserver* observer) { m_observer = observer; }
 
     int ColumnCount() const override { return static_cast<int>(m_columns.size()); }
     // Null when out of range.
@@ -62,13 +62,13 @@ public:
     void TellExpanded(const QcUiGridTreeRow& row) const override;
 
 private:
-    QcUiGridTreeRow& Under(QcUiGridTreeRow* parent) const { return parent ? *parent : *m_pRoot; }
+    QcUiGridTreeRow& Under(QcUiGridTreeRow* parent) const { return parent ? *parent : *m_root; }
     static void Renumber(QcUiGridTreeRow& parent, int from);
 
     QcUiGrid& m_grid;
-    std::unique_ptr<QcUiGridTreeRow> m_pRoot;  // is no row itself
+    std::unique_ptr<QcUiGridTreeRow> m_root;  // is no row itself
     std::vector<GridColumn> m_columns;
-    GridObserver* m_pObserver = nullptr;
+    GridObserver* m_observer = nullptr;
     mutable std::vector<QcUiGridTreeRow*> m_order;  // made anew when it is asked for after a change
-    mutable bool m_bOrdered = true;
+    mutable bool m_isOrdered = true;
 };

@@ -39,9 +39,9 @@ bool TypesText(const QKeyEvent& event) {
 class TreeView : public QTreeView, public GridView, public GridObserver {
 public:
     TreeView(GridContents& grid, QWidget* parent, std::function<void()> gone)
-        : QTreeView(parent), m_pGrid(&grid), m_pModel(GridModel::Make(grid.rows, grid.state)), m_gone(std::move(gone)) {
+        : QTreeView(parent), m_grid(&grid), m_model(GridModel::Make(grid.rows, grid.state)), m_gone(std::move(gone)) {
         setItemDelegate(MakeGridDelegate(this, grid.state));
-        setModel(&m_pModel->Items());
+        setModel(&m_model->Items());
         setUniformRowHeights(true);
         setAlternatingRowColors(true);
         setEditTriggers(NoEditTriggers);
@@ -61,7 +61,7 @@ public:
             ShowColumnWidth(i);
         for (const QcUiGridTreeRow* row : grid.rows.InOrder())
             if (row->IsParentRow() && row->IsExpanded())
-                expand(m_pModel->IndexOf(row, 0));
+                expand(m_model->IndexOf(row, 0));
     }
 
     ~TreeView() override {
@@ -72,22 +72,22 @@ public:
     }
 
     // ---- GridView. ----
-    GridContents* Contents() const override { return m_pGrid; }
+    GridContents* Contents() const override { return m_grid; }
     WindowLink& Link() override { return *WindowLink::Of(this); }
 
     void Forget() override {
-        if (m_pGrid == nullptr)
+        if (m_grid == nullptr)
             return;
-        m_pGrid->rows.SetObserver(nullptr);
+        m_grid->rows.SetObserver(nullptr);
         m_gone = nullptr;
-        m_pGrid = nullptr;
+        m_grid = nullptr;
         setModel(nullptr);
         setItemDelegate(nullptr);
-        m_pModel.reset();
+        m_model.reset();
     }
 
     void ShowOptions() override {
-        const GridState& state = m_pGrid->state;
+        const GridState& state = m_grid->state;
         const bool tree = state.Has(QCGRID_TREE) && !state.Has(QCGRID_SINGLE_LEVEL);
         setSelectionMode(state.Has(QCGRID_MULTI_SELECT) ? ExtendedSelection : SingleSelection);
         setRootIsDecorated(tree);
@@ -113,8 +113,8 @@ public:
     int CurColumn() const override { return currentIndex().column(); }
     void SetCurrent(const QcUiGridTreeRow* row, int column, bool select) override {
         for (const QcUiGridTreeRow* above = row ? row->GetParent() : nullptr; above; above = above->GetParent())
-            expand(m_pModel->IndexOf(above, 0));
-        const QModelIndex index = row ? m_pModel->IndexOf(row, column) : QModelIndex();
+            expand(m_model->IndexOf(above, 0));
+        const QModelIndex index = row ? m_model->IndexOf(row, column) : QModelIndex();
         if (select)
             selectionModel()->select(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
@@ -128,14 +128,14 @@ public:
         return rows;
     }
     bool IsSelected(const QcUiGridTreeRow& row) const override {
-        return selectionModel()->isSelected(m_pModel->IndexOf(&row, 0));
+        return selectionModel()->isSelected(m_model->IndexOf(&row, 0));
     }
     void Select(const QcUiGridTreeRow& row, bool select) override {
         QItemSelectionModel::SelectionFlags flags = QItemSelectionModel::Rows;
         flags |= select ? QItemSelectionModel::Select : QItemSelectionModel::Deselect;
         if (select && selectionMode() == SingleSelection)
             flags |= QItemSelectionModel::Clear;
-        selectionModel()->select(m_pModel->IndexOf(&row, 0), flags);
+        selectionModel()->select(m_model->IndexOf(&row, 0), flags);
     }
     void ClearSelection() override { selectionModel()->clearSelection(); }
 
@@ -176,32 +176,32 @@ public:
 
     // ---- GridObserver. ----
     void BeforeChange() override { EndEdit(); }
-    void BeforeInsert(const QcUiGridTreeRow* parent, int at) override { m_pModel->BeforeInsert(parent, at); }
+    void BeforeInsert(const QcUiGridTreeRow* parent, int at) override { m_model->BeforeInsert(parent, at); }
     void AfterInsert(const QcUiGridTreeRow& row) override {
-        m_pModel->AfterInsert();
+        m_model->AfterInsert();
         const QcUiGridTreeRow* parent = row.GetParent();
         if (parent != nullptr && parent->GetChildNum() == 1 && parent->IsExpanded())
-            expand(m_pModel->IndexOf(parent, 0));
+            expand(m_model->IndexOf(parent, 0));
     }
-    void BeforeRemove(const QcUiGridTreeRow* parent, int at) override { m_pModel->BeforeRemove(parent, at); }
-    void AfterRemove() override { m_pModel->AfterRemove(); }
-    void BeforeClear() override { m_pModel->BeforeClear(); }
-    void AfterClear() override { m_pModel->AfterClear(); }
-    void CellChanged(const QcUiGridTreeRow& row, int column) override { m_pModel->CellChanged(row, column); }
+    void BeforeRemove(const QcUiGridTreeRow* parent, int at) override { m_model->BeforeRemove(parent, at); }
+    void AfterRemove() override { m_model->AfterRemove(); }
+    void BeforeClear() override { m_model->BeforeClear(); }
+    void AfterClear() override { m_model->AfterClear(); }
+    void CellChanged(const QcUiGridTreeRow& row, int column) override { m_model->CellChanged(row, column); }
     void Expanded(const QcUiGridTreeRow& row) override {
         EndEdit();
-        setExpanded(m_pModel->IndexOf(&row, 0), row.IsExpanded());
+        setExpanded(m_model->IndexOf(&row, 0), row.IsExpanded());
     }
-    void BeforeColumn(int column) override { m_pModel->BeforeColumn(column); }
+    void BeforeColumn(int column) override { m_model->BeforeColumn(column); }
     void AfterColumn() override {
-        m_pModel->AfterColumn();
-        ShowColumnWidth(m_pGrid->rows.ColumnCount() - 1);
+        m_model->AfterColumn();
+        ShowColumnWidth(m_grid->rows.ColumnCount() - 1);
     }
 
 protected:
     // ---- The keyboard. ----
     void keyPressEvent(QKeyEvent* event) override {
-        if (m_pGrid == nullptr || event->key() == Qt::Key_Escape) {
+        if (m_grid == nullptr || event->key() == Qt::Key_Escape) {
             event->ignore();
             return;
         }
@@ -240,12 +240,12 @@ protected:
     // Composing begins an edit, which goes on in the editor.
     void inputMethodEvent(QInputMethodEvent* event) override {
         const bool text = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
-        if (m_pGrid == nullptr || !text || (!IsEditing() && !EditCurrent())) {
+        if (m_grid == nullptr || !text || (!IsEditing() && !EditCurrent())) {
             event->ignore();
             return;
         }
         if (const WindowLink* editor = EditorLink())
-            QCoreApplication::sendEvent(editor->m_pWidget, event);
+            QCoreApplication::sendEvent(editor->m_widget, event);
     }
 
     // ---- The mouse. ----
@@ -281,7 +281,7 @@ protected:
 
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QTreeView::drawRow(painter, option, index);
-        if (m_pGrid == nullptr || !m_pGrid->state.Has(QCGRID_LINES))
+        if (m_grid == nullptr || !m_grid->state.Has(QCGRID_LINES))
             return;
         painter->setPen(Mix(palette().color(QPalette::Base), palette().color(QPalette::Text), kLineStrength));
         const QRect& row = option.rect;
@@ -294,17 +294,17 @@ protected:
     }
 
 private:
-    bool IsEditing() const { return m_pGrid->editor.Get() != nullptr; }
+    bool IsEditing() const { return m_grid->editor.Get() != nullptr; }
     void EndEdit() {
-        if (m_pGrid != nullptr)
-            m_pGrid->editor.Close(true);
+        if (m_grid != nullptr)
+            m_grid->editor.Close(true);
     }
     WindowLink* EditorLink() const {
-        QcUiGridCellCtrl* editor = m_pGrid->editor.Get();
+        QcUiGridCellCtrl* editor = m_grid->editor.Get();
         const CWnd* window = editor ? editor->GetWnd() : nullptr;
         return window ? WindowLink::Of(window->m_hWnd) : nullptr;
     }
-    bool EditCurrent() { return m_pGrid->host.EditCell(CurRow(), CurColumn()); }
+    bool EditCurrent() { return m_grid->host.EditCell(CurRow(), CurColumn()); }
     void Type(const QString& text) {
         for (const wchar_t character : text.toStdWString())
             if (WindowLink* editor = EditorLink())
@@ -322,10 +322,10 @@ private:
             return false;
         switch (event.key()) {
             case Qt::Key_Insert:
-                m_pGrid->host.Command(QCGRID_CMD_INSERT_ROW);
+                m_grid->host.Command(QCGRID_CMD_INSERT_ROW);
                 return true;
             case Qt::Key_Delete:
-                m_pGrid->host.Command(QCGRID_CMD_DELETE_ROWS);
+                m_grid->host.Command(QCGRID_CMD_DELETE_ROWS);
                 return true;
             case Qt::Key_F2:
                 EditCurrent();
@@ -349,16 +349,16 @@ private:
     }
     // The grid's handler may end the window.
     void Menu(const QModelIndex& index, const QPoint& screen) {
-        if (m_pGrid == nullptr || m_pGrid->state.IsReadOnly())
+        if (m_grid == nullptr || m_grid->state.IsReadOnly())
             return;
         EndEdit();
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-        m_pGrid->host.ShowMenu(GridModel::RowOf(index), POINT{screen.x(), screen.y()});
+        m_grid->host.ShowMenu(GridModel::RowOf(index), POINT{screen.x(), screen.y()});
     }
 
     // What the user opens and closes is kept by the rows. Nothing stays selected or current where it cannot be seen.
     void NoteExpanded(const QModelIndex& index, bool expanded) {
-        if (m_pGrid == nullptr)
+        if (m_grid == nullptr)
             return;
         QcUiGridTreeRow* row = GridModel::RowOf(index);
         if (row->IsExpanded() != expanded)
@@ -382,11 +382,11 @@ private:
     void ShowColumnWidth(int column) {
         const double digit = QFontMetricsF(font()).horizontalAdvance('0');
         header()->resizeSection(column,
-                                qRound(m_pGrid->rows.Column(column)->nWidth * digit / kUsualDigit) + kEditorEdges);
+                                qRound(m_grid->rows.Column(column)->width * digit / kUsualDigit) + kEditorEdges);
     }
 
-    GridContents* m_pGrid;  // null once the grid is forgotten
-    std::unique_ptr<GridModel> m_pModel;
+    GridContents* m_grid;  // null once the grid is forgotten
+    std::unique_ptr<GridModel> m_model;
     std::function<void()> m_gone;
 };
 
@@ -394,8 +394,8 @@ private:
 
 GridView* GridView::Make(GridContents& grid, const ControlRequest& request, std::function<void()> gone) {
     auto* view = new TreeView(grid, request.parent, std::move(gone));
-    view->setFrameShape((request.dwStyle & WS_BORDER) != 0 ? QFrame::StyledPanel : QFrame::NoFrame);
-    view->setFocusPolicy((request.dwStyle & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
-    MakeWindow(view, request.nID, request.dwStyle, &GridProcedure);
+    view->setFrameShape((request.style & WS_BORDER) != 0 ? QFrame::StyledPanel : QFrame::NoFrame);
+    view->setFocusPolicy((request.style & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
+    MakeWindow(view, request.id, request.style, &GridProcedure);
     return view;
 }

@@ -43,13 +43,13 @@ bool ResourceParser::TakeSign(char sign) {
 }
 
 void ResourceParser::Advance() {
-    m_nLastLine = m_token.nLine;
+    m_lastLine = m_token.line;
     m_token = m_tokens.Next();
 }
 
 // What cannot be read at all is the fault, whatever was expected in its place.
 bool ResourceParser::Fail(const wchar_t* builtInText) {
-    return FailAt(m_token.nLine, m_token.kind == Kind::kFault ? m_token.text : PlatformText(builtInText));
+    return FailAt(m_token.line, m_token.kind == Kind::kFault ? m_token.text : PlatformText(builtInText));
 }
 
 bool ResourceParser::FailAt(int line, const CString& text) {
@@ -117,9 +117,9 @@ bool ResourceParser::ReadSum(DWORD& value) {
 
 // Signs and parentheses count as depth: each is a call of its own.
 bool ResourceParser::ReadOperand(DWORD& value) {
-    if (m_nDepth == kMostDepth)
+    if (m_depth == kMostDepth)
         return Fail(L"括号或符号太多");
-    ++m_nDepth;
+    ++m_depth;
     bool isRead = false;
     if (TakeSign('-')) {
         isRead = ReadOperand(value);
@@ -136,7 +136,7 @@ bool ResourceParser::ReadOperand(DWORD& value) {
     } else {
         isRead = ReadName(value);
     }
-    --m_nDepth;
+    --m_depth;
     return isRead;
 }
 
@@ -147,13 +147,13 @@ bool ResourceParser::ReadName(DWORD& value) {
     if (own != m_names.end())
         value = own->second;
     else if (!FindResourceName(m_token.word, value))
-        return FailWithName(m_token.nLine, L"不认识的名称“%s”", m_token.word);
+        return FailWithName(m_token.line, L"不认识的名称“%s”", m_token.word);
     Advance();
     return true;
 }
 
 bool ResourceParser::ReadShort(short& value) {
-    const int line = m_token.nLine;
+    const int line = m_token.line;
     DWORD number = 0;
     if (!ReadNumber(number))
         return false;
@@ -167,7 +167,7 @@ bool ResourceParser::ReadShort(short& value) {
 bool ResourceParser::ReadID(UINT& id) {
     constexpr DWORD kNobody = 0xFFFFFFFF;
     constexpr DWORD kMost = 0xFFFF;
-    const int line = m_token.nLine;
+    const int line = m_token.line;
     DWORD number = 0;
     if (!ReadNumber(number))
         return false;
@@ -191,18 +191,18 @@ bool ResourceParser::ReadStyle(DWORD& style) {
 // The value is one number or stands in parentheses: a compiler puts it into other sums as it is written. A name may
 // also be defined as nothing; it can then not be used.
 bool ResourceParser::ReadDefine() {
-    const int line = m_token.nLine;
+    const int line = m_token.line;
     Advance();
-    if (m_token.kind != Kind::kWord || m_token.nLine != line)
+    if (m_token.kind != Kind::kWord || m_token.line != line)
         return Fail(L"#define 后面应该是名称");
     const std::string_view name = m_token.word;
     Advance();
-    if (IsAtEnd() || m_token.nLine != line)
+    if (IsAtEnd() || m_token.line != line)
         return true;
     DWORD value = 0;
     if (!ReadOperand(value))
         return false;
-    if (m_nLastLine != line || (!IsAtEnd() && m_token.nLine == line))
+    if (m_lastLine != line || (!IsAtEnd() && m_token.line == line))
         return Fail(L"#define 的值应该是一个数，或放在括号里");
     if (!m_names.emplace(name, value).second && m_names[name] != value)
         return FailWithName(line, L"名称“%s”已经是另一个数", name);

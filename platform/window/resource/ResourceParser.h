@@ -55,8 +55,8 @@ private:
 
     ResourceTokens m_tokens;
     ResourceToken m_token;
-    int m_nLastLine = 1;  // of the token taken last
-    int m_nDepth = 0;     // of open parentheses
+    int m_lastLine = 1;  // of the token taken last
+    int m_depth = 0;     // of open parentheses
     std::map<std::string_view, DWORD> m_names;
     CString m_message;
 };

@@ -81,11 +81,11 @@ bool DialogReader::Read(std::vector<DialogTemplate>& dialogs) {
 }
 
 bool DialogReader::ReadNextDialog(std::vector<DialogTemplate>& dialogs) {
-    const int line = Token().nLine;
+    const int line = Token().line;
     DialogTemplate dialog;
     if (!ReadDialog(dialog))
         return false;
-    if (!m_numbers.insert(dialog.nID).second)
+    if (!m_numbers.insert(dialog.id).second)
         return FailAt(line, PlatformText(L"这个编号的对话框已经有了"));
     dialogs.push_back(std::move(dialog));
     return true;
@@ -104,10 +104,10 @@ bool DialogReader::ReadLanguage() {
 }
 
 bool DialogReader::ReadDialog(DialogTemplate& dialog) {
-    const int line = Token().nLine;
-    if (!ReadID(dialog.nID))
+    const int line = Token().line;
+    if (!ReadID(dialog.id))
         return false;
-    if (dialog.nID == 0 || dialog.nID == IDC_STATIC)
+    if (dialog.id == 0 || dialog.id == IDC_STATIC)
         return FailAt(line, PlatformText(L"数超出范围"));
     if (!TakeWord("DIALOGEX"))
         return Fail(L"这里应该是 DIALOGEX");
@@ -135,16 +135,16 @@ bool DialogReader::ReadHeader(DialogTemplate& dialog) {
     bool isRead = true;
     while (isRead && !IsWord("BEGIN") && !IsSign('{')) {
         if (TakeWord("STYLE")) {
-            isRead = ReadStyle(dialog.dwStyle);
+            isRead = ReadStyle(dialog.style);
             hasStyle = true;
         } else if (TakeWord("EXSTYLE")) {
-            isRead = ReadStyle(dialog.dwExStyle);
+            isRead = ReadStyle(dialog.exStyle);
         } else if (TakeWord("CAPTION")) {
-            isRead = ReadText(dialog.strCaption);
-            dialog.dwStyle |= WS_CAPTION;
+            isRead = ReadText(dialog.caption);
+            dialog.style |= WS_CAPTION;
         } else if (TakeWord("FONT")) {
             isRead = ReadFont(dialog);
-            dialog.dwStyle |= DS_SETFONT;
+            dialog.style |= DS_SETFONT;
         } else if (TakeWord("LANGUAGE")) {
             isRead = ReadLanguage();
         } else {
@@ -152,21 +152,21 @@ bool DialogReader::ReadHeader(DialogTemplate& dialog) {
         }
     }
     if (!hasStyle)
-        dialog.dwStyle |= kDialogWithoutStyle;
+        dialog.style |= kDialogWithoutStyle;
     return isRead;
 }
 
 // The weight, whether it is italic and the characters' set follow where they are given; every dialog has the upright
 // regular font.
 bool DialogReader::ReadFont(DialogTemplate& dialog) {
-    const int line = Token().nLine;
+    const int line = Token().line;
     short size = 0;
     if (!ReadShort(size))
         return false;
     if (size <= 0)
         return FailAt(line, PlatformText(L"数超出范围"));
-    dialog.nPointSize = size;
-    if (!ReadComma() || !ReadText(dialog.strFace))
+    dialog.pointSize = size;
+    if (!ReadComma() || !ReadText(dialog.face))
         return false;
     constexpr int kMostMore = 3;
     for (int more = 0; more < kMostMore && TakeSign(','); ++more) {
@@ -209,10 +209,10 @@ bool DialogReader::ReadItem(DialogTemplate& dialog) {
 
 // CONTROL text, number, class, style, place [, extended style [, help]]
 bool DialogReader::ReadControl(DialogItemTemplate& item) {
-    item.dwStyle = kEveryItem;
-    return ReadText(item.strText) && ReadComma() && ReadID(item.nID) && ReadComma() && ReadClass(item.strClass) &&
-           ReadComma() && ReadStyle(item.dwStyle) && ReadComma() && ReadRectangle(item) &&
-           ReadExStyleAndHelp(item.dwExStyle);
+    item.style = kEveryItem;
+    return ReadText(item.text) && ReadComma() && ReadID(item.id) && ReadComma() && ReadClass(item.windowClass) &&
+           ReadComma() && ReadStyle(item.style) && ReadComma() && ReadRectangle(item) &&
+           ReadExStyleAndHelp(item.exStyle);
 }
 
 // The classes of the system count in any case of letters, and are written in one.
@@ -231,21 +231,21 @@ bool DialogReader::ReadClass(CString& windowClass) {
 
 // KEYWORD [text,] number, place [, style [, extended style [, help]]]
 bool DialogReader::ReadStatement(const ItemStatement& statement, DialogItemTemplate& item) {
-    item.strClass = statement.windowClass;
+    item.windowClass = statement.windowClass;
     const std::wstring_view windowClass = statement.windowClass;
     const bool hasText = windowClass == L"STATIC" || windowClass == L"BUTTON";
-    if (hasText && (!ReadText(item.strText) || !ReadComma()))
+    if (hasText && (!ReadText(item.text) || !ReadComma()))
         return false;
-    return ReadID(item.nID) && ReadComma() && ReadRectangle(item) && ReadStyles(statement, item);
+    return ReadID(item.id) && ReadComma() && ReadRectangle(item) && ReadStyles(statement, item);
 }
 
 bool DialogReader::ReadStyles(const ItemStatement& statement, DialogItemTemplate& item) {
-    item.dwStyle = kEveryItem | statement.always;
+    item.style = kEveryItem | statement.always;
     if (!TakeSign(',')) {
-        item.dwStyle |= statement.alone;
+        item.style |= statement.alone;
         return true;
     }
-    return ReadStyle(item.dwStyle) && ReadExStyleAndHelp(item.dwExStyle);
+    return ReadStyle(item.style) && ReadExStyleAndHelp(item.exStyle);
 }
 
 bool DialogReader::ReadExStyleAndHelp(DWORD& exStyle) {
@@ -283,6 +283,6 @@ bool ResourceScript::Parse(std::string_view utf8, CString& message) {
 
 const DialogTemplate* ResourceScript::FindDialog(UINT id) const {
     const auto found = std::find_if(m_dialogs.begin(), m_dialogs.end(),
-                                    [id](const DialogTemplate& dialog) { return dialog.nID == id; });
+                                    [id](const DialogTemplate& dialog) { return dialog.id == id; });
     return found == m_dialogs.end() ? nullptr : &*found;
 }

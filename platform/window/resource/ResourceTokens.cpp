@@ -52,9 +52,9 @@ char ResourceTokens::Peek(std::size_t ahead) const {
 
 void ResourceTokens::Step() {
     if (m_script[m_at++] == '\n') {
-        m_bLineBegins = true;
-        if (m_nLine < std::numeric_limits<int>::max())
-            ++m_nLine;
+        m_lineBegins = true;
+        if (m_line < std::numeric_limits<int>::max())
+            ++m_line;
     }
 }
 
@@ -98,16 +98,16 @@ ResourceToken ResourceTokens::TakeToken() {
     do {
         if (!SkipSpace())
             return Fault(L"注释没有结束");
-        if (Peek() != '#' || !m_bLineBegins)
+        if (Peek() != '#' || !m_lineBegins)
             return TakePiece();
     } while (SkipDirective(token));
     return token;
 }
 
 ResourceToken ResourceTokens::TakePiece() {
-    m_bLineBegins = false;
+    m_lineBegins = false;
     ResourceToken token;
-    token.nLine = m_nLine;
+    token.line = m_line;
     if (IsAtEnd())
         return token;
     if (Peek() == '"' || (Peek() == 'L' && Peek(1) == '"'))
@@ -139,9 +139,9 @@ bool ResourceTokens::SkipDirective(ResourceToken& token) {
     }
     if (name == "line" && TakeLineNumber())
         return true;
-    m_bLineBegins = false;
+    m_lineBegins = false;
     token.kind = Kind::kDefine;
-    token.nLine = m_nLine;
+    token.line = m_line;
     if (name != "define")
         token = Fault(L"不认识的预处理指令");
     return false;
@@ -159,7 +159,7 @@ bool ResourceTokens::TakeLineNumber() {
     SkipLine();
     if (!IsAtEnd())
         Step();
-    m_nLine = line;
+    m_line = line;
     return true;
 }
 
@@ -167,7 +167,7 @@ bool ResourceTokens::TakeLineNumber() {
 ResourceToken ResourceTokens::TakeNumber() {
     ResourceToken token;
     token.kind = Kind::kNumber;
-    token.nLine = m_nLine;
+    token.line = m_line;
     std::string_view digits = TakeWord();
     while (digits.size() > 1 && std::string_view("lLuU").find(digits.back()) != std::string_view::npos)
         digits.remove_suffix(1);
@@ -185,7 +185,7 @@ ResourceToken ResourceTokens::TakeNumber() {
 ResourceToken ResourceTokens::TakeText() {
     ResourceToken token;
     token.kind = Kind::kText;
-    token.nLine = m_nLine;
+    token.line = m_line;
     m_at += Peek() == 'L' ? 2 : 1;
     std::string bytes;
     for (;;) {
@@ -222,7 +222,7 @@ bool ResourceTokens::TakeEscape(std::string& bytes) {
 ResourceToken ResourceTokens::Fault(const wchar_t* message) const {
     ResourceToken token;
     token.kind = Kind::kFault;
-    token.nLine = m_nLine;
+    token.line = m_line;
     token.text = PlatformText(message);
     return token;
 }

@@ -21,7 +21,7 @@ struct ResourceToken {
     };
 
     Kind kind = Kind::kEnd;
-    int nLine = 1;  // from 1
+    int line = 1;  // from 1
     std::string_view word;
     DWORD number = 0;
     CString text;
@@ -59,7 +59,7 @@ private:
 
     std::string_view m_script;
     std::size_t m_at = 0;
-    int m_nLine = 1;
-    bool m_bLineBegins = true;  // nothing but white space so far on this line
-    ResourceToken m_fault;      // what ended the reading; of another kind until then
+    int m_line = 1;
+    bool m_lineBegins = true;  // nothing but white space so far on this line
+    ResourceToken m_fault;     // what ended the reading; of another kind until then
 };

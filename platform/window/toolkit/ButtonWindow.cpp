@@ -13,7 +13,7 @@
 namespace {
 
 QAbstractButton& ButtonOf(const WindowLink& link) {
-    return *static_cast<QAbstractButton*>(link.m_pWidget);
+    return *static_cast<QAbstractButton*>(link.m_widget);
 }
 
 // A radio button of a group can only be unchecked while its group allows that.
@@ -63,7 +63,7 @@ LRESULT ButtonProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lP
 }
 
 LRESULT GroupBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto& box = *static_cast<QGroupBox*>(link.m_pWidget);
+    auto& box = *static_cast<QGroupBox*>(link.m_widget);
     switch (message) {
         case WM_SETTEXT:
             box.setTitle(ToQString(reinterpret_cast<const wchar_t*>(lParam)));
@@ -79,7 +79,7 @@ LRESULT GroupBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM 
 
 // Children of the parent.
 QAbstractButton* NewButton(const ControlRequest& request) {
-    switch (request.dwStyle & BS_TYPEMASK) {
+    switch (request.style & BS_TYPEMASK) {
         case BS_CHECKBOX:
         case BS_AUTOCHECKBOX:
             return new QCheckBox(request.parent);
@@ -95,25 +95,25 @@ QAbstractButton* NewButton(const ControlRequest& request) {
         }
         default: {
             auto* button = new QPushButton(request.parent);
-            button->setDefault((request.dwStyle & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
+            button->setDefault((request.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
             return button;
         }
     }
 }
 
 WindowLink& MakeGroupBox(const ControlRequest& request) {
-    auto* box = new QGroupBox(ToQString(request.strText), request.parent);
-    return MakeWindow(box, request.nID, request.dwStyle, &GroupBoxProcedure);
+    auto* box = new QGroupBox(ToQString(request.text), request.parent);
+    return MakeWindow(box, request.id, request.style, &GroupBoxProcedure);
 }
 
 }  // namespace
 
 WindowLink& MakeButton(const ControlRequest& request) {
-    if ((request.dwStyle & BS_TYPEMASK) == BS_GROUPBOX)
+    if ((request.style & BS_TYPEMASK) == BS_GROUPBOX)
         return MakeGroupBox(request);
     QAbstractButton* button = NewButton(request);
-    button->setText(ToQString(request.strText));
-    WindowLink& link = MakeWindow(button, request.nID, request.dwStyle, &ButtonProcedure);
+    button->setText(ToQString(request.text));
+    WindowLink& link = MakeWindow(button, request.id, request.style, &ButtonProcedure);
     QObject::connect(button, &QAbstractButton::clicked, button, [&link] { link.NotifyParent(BN_CLICKED); });
     return link;
 }

@@ -12,7 +12,7 @@ namespace {
 constexpr int kMostVisible = 24;
 
 QComboBox& ComboOf(const WindowLink& link) {
-    return *static_cast<QComboBox*>(link.m_pWidget);
+    return *static_cast<QComboBox*>(link.m_widget);
 }
 
 // The selected entry; none once another text is typed.
@@ -130,12 +130,12 @@ LRESULT ComboBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM 
 WindowLink& MakeComboBox(const ControlRequest& request) {
     auto* combo = new QComboBox(request.parent);  // a child of the parent
     constexpr DWORD kKindMask = CBS_DROPDOWNLIST;
-    combo->setEditable((request.dwStyle & kKindMask) != CBS_DROPDOWNLIST);
+    combo->setEditable((request.style & kKindMask) != CBS_DROPDOWNLIST);
     combo->setInsertPolicy(QComboBox::NoInsert);
     if (combo->isEditable())
         combo->setCompleter(nullptr);  // what is typed stays as typed
     combo->setMaxVisibleItems(kMostVisible);
-    WindowLink& link = MakeWindow(combo, request.nID, request.dwStyle, &ComboBoxProcedure);
+    WindowLink& link = MakeWindow(combo, request.id, request.style, &ComboBoxProcedure);
     // Both signals come from the user alone.
     QObject::connect(combo, &QComboBox::activated, combo, [&link] { link.NotifyParent(CBN_SELCHANGE); });
     if (combo->isEditable())

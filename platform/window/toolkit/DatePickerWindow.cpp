@@ -38,7 +38,7 @@ WindowLink& MakeDatePicker(const ControlRequest& request) {
     picker->setDate(QDate::currentDate());
     // A year in the making is no date that anybody means.
     picker->setKeyboardTracking(false);
-    WindowLink& link = MakeWindow(picker, request.nID, request.dwStyle, &CommonProcedure);
+    WindowLink& link = MakeWindow(picker, request.id, request.style, &CommonProcedure);
     QObject::connect(picker, &QDateEdit::dateChanged, picker, [&link] { NotifyChange(link); });
     return link;
 }

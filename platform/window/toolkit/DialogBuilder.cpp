@@ -51,19 +51,19 @@ public:
     explicit DialogUnits(const QFontMetrics& font) {
         const QString letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
         constexpr int kHalfOfLetters = 26;
-        m_nBaseX = (font.horizontalAdvance(letters) / kHalfOfLetters + 1) / 2;
-        m_nBaseY = font.height();
+        m_baseX = (font.horizontalAdvance(letters) / kHalfOfLetters + 1) / 2;
+        m_baseY = font.height();
     }
 
-    int X(int units) const { return (units * m_nBaseX + 2) / 4; }
-    int Y(int units) const { return (units * m_nBaseY + 4) / 8; }
+    int X(int units) const { return (units * m_baseX + 2) / 4; }
+    int Y(int units) const { return (units * m_baseY + 4) / 8; }
     QRect Rect(int x, int y, int cx, int cy) const {
         return {QPoint(X(x), Y(y)), QPoint(X(x + cx) - 1, Y(y + cy) - 1)};
     }
 
 private:
-    int m_nBaseX;
-    int m_nBaseY;
+    int m_baseX;
+    int m_baseY;
 };
 
 CString Translated(const CString& text) {
@@ -72,7 +72,7 @@ CString Translated(const CString& text) {
 
 WindowLink& MakePlaceholder(const ControlRequest& request) {
     auto* frame = new QWidget(request.parent);  // a child of the parent
-    return MakeWindow(frame, request.nID, request.dwStyle, &CommonProcedure);
+    return MakeWindow(frame, request.id, request.style, &CommonProcedure);
 }
 
 using Maker = WindowLink& (*)(const ControlRequest&);
@@ -98,20 +98,20 @@ Maker MakerOf(const CString& windowClass) {
 }
 
 bool IsGroupBox(const DialogItemTemplate& item) {
-    return item.strClass.CompareNoCase(L"BUTTON") == 0 && (item.dwStyle & BS_TYPEMASK) == BS_GROUPBOX;
+    return item.windowClass.CompareNoCase(L"BUTTON") == 0 && (item.style & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
 Placed Make(const DialogItemTemplate& item, QWidget* dialog, const DialogUnits& units) {
-    WindowLink& link = MakerOf(item.strClass)({dialog, item.nID, item.dwStyle, Translated(item.strText)});
-    QWidget* widget = link.m_pWidget;
-    widget->setVisible((item.dwStyle & WS_VISIBLE) != 0);
-    widget->setEnabled((item.dwStyle & WS_DISABLED) == 0);
-    if ((item.dwStyle & WS_TABSTOP) == 0)
+    WindowLink& link = MakerOf(item.windowClass)({dialog, item.id, item.style, Translated(item.text)});
+    QWidget* widget = link.m_widget;
+    widget->setVisible((item.style & WS_VISIBLE) != 0);
+    widget->setEnabled((item.style & WS_DISABLED) == 0);
+    if ((item.style & WS_TABSTOP) == 0)
         widget->setFocusPolicy(static_cast<Qt::FocusPolicy>(widget->focusPolicy() & ~Qt::TabFocus));
     DullReadOnly(widget);
     QRect place = units.Rect(item.x, item.y, item.cx, item.cy);
     // The height of a combo box counts its list; its own is that of the edits that it stands in line with.
-    if (item.strClass.CompareNoCase(L"COMBOBOX") == 0) {
+    if (item.windowClass.CompareNoCase(L"COMBOBOX") == 0) {
         const int line = units.Rect(item.x, item.y, item.cx, kLineHeight).height();
         place.setHeight(std::min(place.height(), std::max(line, widget->sizeHint().height())));
     }
@@ -126,15 +126,15 @@ std::vector<Placed> MakeControls(const DialogTemplate& source, QWidget* dialog, 
             if (IsGroupBox(source.items[i]) == frames)
                 controls[i] = Make(source.items[i], dialog, units);
     for (std::size_t i = 0; i < controls.size(); ++i)
-        controls[i].link->m_nOrder = static_cast<int>(i);
+        controls[i].link->m_order = static_cast<int>(i);
     return controls;
 }
 
 // How wide a control must be to show its text; 0 where that is as wide as it may be.
 int NeededWidth(const Placed& control) {
-    QWidget* widget = control.link->m_pWidget;
+    QWidget* widget = control.link->m_widget;
     if (auto* label = qobject_cast<QLabel*>(widget)) {
-        const bool wraps = (control.item->dwStyle & SS_TYPEMASK) <= SS_RIGHT &&
+        const bool wraps = (control.item->style & SS_TYPEMASK) <= SS_RIGHT &&
                            control.place.height() >= 2 * label->fontMetrics().height();
         label->setWordWrap(wraps);
         return wraps ? 0 : label->sizeHint().width();
@@ -147,7 +147,7 @@ int NeededWidth(const Placed& control) {
 // A label of one line is as high as its letters, which may be more than the template's font was; it grows to both
 // sides, so that it stays in line with what it names.
 QRect GrowLabel(const Placed& control, QRect place) {
-    const auto* label = qobject_cast<QLabel*>(control.link->m_pWidget);
+    const auto* label = qobject_cast<QLabel*>(control.link->m_widget);
     if (label == nullptr || label->wordWrap() || label->text().isEmpty())
         return place;
     const int missing = std::max(0, label->sizeHint().height() - place.height());
@@ -165,7 +165,7 @@ QSize Arrange(const std::vector<Placed>& controls, const QSize& asTold) {
         QRect place = control.place;
         place.setLeft(columns.at(control.place.left()));
         place.setRight(columns.at(control.place.right() + 1) - 1);
-        control.link->m_pWidget->setGeometry(GrowLabel(control, place));
+        control.link->m_widget->setGeometry(GrowLabel(control, place));
         bottom = std::max(bottom, place.bottom() + 1);
     }
     return {columns.at(asTold.width()), bottom};
@@ -175,10 +175,10 @@ QSize Arrange(const std::vector<Placed>& controls, const QSize& asTold) {
 void FormGroups(const std::vector<Placed>& controls, QWidget* dialog) {
     QButtonGroup* group = nullptr;
     for (const Placed& control : controls) {
-        if ((control.item->dwStyle & WS_GROUP) != 0)
+        if ((control.item->style & WS_GROUP) != 0)
             group = nullptr;
-        auto* radio = qobject_cast<QRadioButton*>(control.link->m_pWidget);
-        if (radio == nullptr || (control.item->dwStyle & BS_TYPEMASK) != BS_AUTORADIOBUTTON)
+        auto* radio = qobject_cast<QRadioButton*>(control.link->m_widget);
+        if (radio == nullptr || (control.item->style & BS_TYPEMASK) != BS_AUTORADIOBUTTON)
             continue;
         if (group == nullptr)
             group = new QButtonGroup(dialog);  // a child of the dialog
@@ -198,7 +198,7 @@ void NameControls(const std::vector<Placed>& controls) {
     QLabel* label = nullptr;
     QString choice;
     for (const Placed& control : controls) {
-        QWidget* widget = control.link->m_pWidget;
+        QWidget* widget = control.link->m_widget;
         if (auto* text = qobject_cast<QLabel*>(widget)) {
             label = text;
         } else if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QGroupBox*>(widget)) {
@@ -218,7 +218,7 @@ void NameControls(const std::vector<Placed>& controls) {
 void OrderKeyboard(const std::vector<Placed>& controls) {
     QWidget* before = nullptr;
     for (const Placed& control : controls) {
-        QWidget* widget = control.link->m_pWidget;
+        QWidget* widget = control.link->m_widget;
         if (before != nullptr)
             QWidget::setTabOrder(before, widget);
         before = widget;
@@ -229,11 +229,11 @@ void OrderKeyboard(const std::vector<Placed>& controls) {
 void JoinSpinButtons(const std::vector<Placed>& controls) {
     for (std::size_t i = 1; i < controls.size(); ++i) {
         SpinArrows* arrows = SpinArrows::Of(controls[i].link->Handle());
-        const DWORD style = controls[i].item->dwStyle;
+        const DWORD style = controls[i].item->style;
         if (arrows == nullptr || (style & UDS_AUTOBUDDY) == 0)
             continue;
-        QWidget* edit = controls[i - 1].link->m_pWidget;
-        QWidget* widget = controls[i].link->m_pWidget;
+        QWidget* edit = controls[i - 1].link->m_widget;
+        QWidget* widget = controls[i].link->m_widget;
         arrows->SetBuddy(edit);
         if ((style & (UDS_ALIGNRIGHT | UDS_ALIGNLEFT)) == 0)
             continue;
@@ -268,8 +268,8 @@ bool FindDialogTemplate(HINSTANCE resources, UINT id, DialogTemplate& found, CSt
 }
 
 QDialog* BuildDialog(const DialogTemplate& source, QWidget* owner) {
-    const WindowLink& link = MakeDialog({owner, source.nID, source.dwStyle, Translated(source.strCaption)});
-    auto* dialog = static_cast<QDialog*>(link.m_pWidget);
+    const WindowLink& link = MakeDialog({owner, source.id, source.style, Translated(source.caption)});
+    auto* dialog = static_cast<QDialog*>(link.m_widget);
     dialog->setAccessibleName(dialog->windowTitle());
     const DialogUnits units(dialog->fontMetrics());
     const std::vector<Placed> controls = MakeControls(source, dialog, units);

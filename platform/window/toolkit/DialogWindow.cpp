@@ -51,10 +51,10 @@ WindowLink& MakeDialog(const ControlRequest& request) {
     auto* dialog = new DialogWindow(request.parent);  // the framework's dialog deletes it
     dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     dialog->setModal(true);
-    dialog->setWindowTitle(ToQString(request.strText));
-    WindowLink& link = MakeWindow(dialog, request.nID, request.dwStyle, &CommonProcedure);
+    dialog->setWindowTitle(ToQString(request.text));
+    WindowLink& link = MakeWindow(dialog, request.id, request.style, &CommonProcedure);
     link.m_isDialog = true;
-    dialog->setObjectName(QString("IDD_%1").arg(request.nID));
+    dialog->setObjectName(QString("IDD_%1").arg(request.id));
     return link;
 }
 

@@ -12,7 +12,7 @@
 namespace {
 
 QLineEdit& EditOf(const WindowLink& link) {
-    return *static_cast<QLineEdit*>(link.m_pWidget);
+    return *static_cast<QLineEdit*>(link.m_widget);
 }
 
 void GetSelection(const QLineEdit& edit, int& start, int& end) {
@@ -199,14 +199,14 @@ Qt::Alignment AlignmentOf(DWORD style) {
 WindowLink& MakeEdit(const ControlRequest& request) {
     auto* edit = new QLineEdit(request.parent);  // a child of the parent
     edit->setAcceptDrops(false);
-    edit->setFrame((request.dwStyle & WS_BORDER) != 0);
-    edit->setAlignment(AlignmentOf(request.dwStyle));
-    edit->setReadOnly((request.dwStyle & ES_READONLY) != 0);
-    if ((request.dwStyle & ES_PASSWORD) != 0)
+    edit->setFrame((request.style & WS_BORDER) != 0);
+    edit->setAlignment(AlignmentOf(request.style));
+    edit->setReadOnly((request.style & ES_READONLY) != 0);
+    if ((request.style & ES_PASSWORD) != 0)
         edit->setEchoMode(QLineEdit::Password);
     edit->setMaxLength(std::numeric_limits<int>::max() / 4);
-    SetText(*edit, request.strText);
-    WindowLink& link = MakeWindow(edit, request.nID, request.dwStyle, &EditProcedure);
+    SetText(*edit, request.text);
+    WindowLink& link = MakeWindow(edit, request.id, request.style, &EditProcedure);
     QObject::connect(edit, &QLineEdit::textEdited, edit, [edit] { KeepOnOneLine(*edit); });
     QObject::connect(edit, &QLineEdit::textChanged, edit, [&link] { link.NotifyParent(EN_CHANGE); });
     return link;

@@ -24,7 +24,7 @@ protected:
 };
 
 QListWidget& ListOf(const WindowLink& link) {
-    return *static_cast<QListWidget*>(link.m_pWidget);
+    return *static_cast<QListWidget*>(link.m_widget);
 }
 
 int SelectedRow(const QListWidget& list) {
@@ -121,10 +121,10 @@ LRESULT ListBoxProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM l
 WindowLink& MakeListBox(const ControlRequest& request) {
     auto* list = new ListBox(request.parent);  // a child of the parent
     list->setUniformItemSizes(true);
-    list->setSortingEnabled((request.dwStyle & LBS_SORT) != 0);
+    list->setSortingEnabled((request.style & LBS_SORT) != 0);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    WindowLink& link = MakeWindow(list, request.nID, request.dwStyle, &ListBoxProcedure);
-    if ((request.dwStyle & LBS_NOTIFY) != 0) {
+    WindowLink& link = MakeWindow(list, request.id, request.style, &ListBoxProcedure);
+    if ((request.style & LBS_NOTIFY) != 0) {
         QObject::connect(list, &QListWidget::itemSelectionChanged, list, [&link] { link.NotifyParent(LBN_SELCHANGE); });
         QObject::connect(list, &QListWidget::itemDoubleClicked, list, [&link] { link.NotifyParent(LBN_DBLCLK); });
     }

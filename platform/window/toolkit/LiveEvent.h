@@ -20,7 +20,7 @@ public:
     void Allow(UINT message, WPARAM wParam);
     // The message of a key whose character follows: by itself it does nothing.
     void Precede(UINT message, WPARAM wParam);
-    bool IsDelivered() const { return m_bDelivered; }
+    bool IsDelivered() const { return m_isDelivered; }
 
     // Hands the event to the widget, if the newest event belongs to it and this message stands for it. True also for a
     // message that only precedes the one that does.
@@ -29,11 +29,11 @@ public:
     static void Ignore(const QWidget* widget);
 
 private:
-    const QWidget* m_pWidget;  // only to be recognised: it may be gone
-    QEvent* m_pEvent;
-    UINT m_nMessage = 0;
+    const QWidget* m_widget;  // only to be recognised: it may be gone
+    QEvent* m_event;
+    UINT m_message = 0;
     WPARAM m_wParam = 0;
-    bool m_bPrecedes = false;
-    bool m_bDelivered = false;
-    LiveEvent* m_pOuter;
+    bool m_precedes = false;
+    bool m_isDelivered = false;
+    LiveEvent* m_outer;
 };

@@ -24,7 +24,7 @@ bool ReadNumber(const WindowLink& edit, int& number) {
 
 class Arrows : public QWidget, public SpinArrows {
 public:
-    Arrows(QWidget* parent, DWORD style) : QWidget(parent), m_nStyle(style) {
+    Arrows(QWidget* parent, DWORD style) : QWidget(parent), m_style(style) {
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(0);
@@ -33,23 +33,23 @@ public:
     }
 
     void SetRange(int lower, int upper) override {
-        m_nLower = lower;
-        m_nUpper = upper;
+        m_lower = lower;
+        m_upper = upper;
     }
 
     void GetRange(int& lower, int& upper) const override {
-        lower = m_nLower;
-        upper = m_nUpper;
+        lower = m_lower;
+        upper = m_upper;
     }
 
     int SetPos(int position) override {
         const int before = GetPos();
-        m_nPos = Clamp(position);
+        m_pos = Clamp(position);
         // The number's edit tells the parent, who may close everything.
         const WindowAtWork atWork(*WindowLink::Of(this));
-        if (WindowLink* edit = BuddyLink(); edit && (m_nStyle & UDS_SETBUDDYINT) != 0) {
+        if (WindowLink* edit = BuddyLink(); edit && (m_style & UDS_SETBUDDYINT) != 0) {
             CString text;
-            text.Format(L"%d", m_nPos);
+            text.Format(L"%d", m_pos);
             Dispatch(*edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.GetString()));
             Dispatch(*edit, EM_SETMODIFY, TRUE, 0);
         }
@@ -59,19 +59,19 @@ public:
     int GetPos() const override {
         int number = 0;
         WindowLink* edit = BuddyLink();
-        const bool read = edit && (m_nStyle & UDS_SETBUDDYINT) != 0 && ReadNumber(*edit, number);
-        return Clamp(read ? number : m_nPos);
+        const bool read = edit && (m_style & UDS_SETBUDDYINT) != 0 && ReadNumber(*edit, number);
+        return Clamp(read ? number : m_pos);
     }
 
     void SetBuddy(QWidget* buddy) override {
-        if (!m_pBuddy.isNull())
-            m_pBuddy->removeEventFilter(this);
-        m_pBuddy = buddy;
-        if (buddy != nullptr && (m_nStyle & UDS_ARROWKEYS) != 0)
+        if (!m_buddy.isNull())
+            m_buddy->removeEventFilter(this);
+        m_buddy = buddy;
+        if (buddy != nullptr && (m_style & UDS_ARROWKEYS) != 0)
             buddy->installEventFilter(this);
     }
 
-    QWidget* GetBuddy() const override { return m_pBuddy.data(); }
+    QWidget* GetBuddy() const override { return m_buddy.data(); }
 
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         if (event->type() != QEvent::KeyPress)
@@ -95,22 +95,22 @@ private:
         connect(arrow, &QToolButton::clicked, this, [this, delta] { Step(delta); });
     }
 
-    WindowLink* BuddyLink() const { return WindowLink::Of(m_pBuddy.data()); }
+    WindowLink* BuddyLink() const { return WindowLink::Of(m_buddy.data()); }
 
     int Clamp(std::int64_t position) const {
         return static_cast<int>(
-            std::clamp<std::int64_t>(position, std::min(m_nLower, m_nUpper), std::max(m_nLower, m_nUpper)));
+            std::clamp<std::int64_t>(position, std::min(m_lower, m_upper), std::max(m_lower, m_upper)));
     }
 
     // What a step changes the position by.
-    int Change(int delta) const { return m_nLower <= m_nUpper ? delta : -delta; }
+    int Change(int delta) const { return m_lower <= m_upper ? delta : -delta; }
 
     // The next position; past an end it stays there, or goes on at the other one (UDS_WRAP).
     int Next(int position, int delta) const {
         const std::int64_t next = std::int64_t{position} + Change(delta);
-        if (Clamp(next) == next || (m_nStyle & UDS_WRAP) == 0)
+        if (Clamp(next) == next || (m_style & UDS_WRAP) == 0)
             return Clamp(next);
-        return delta > 0 ? m_nLower : m_nUpper;
+        return delta > 0 ? m_lower : m_upper;
     }
 
     // Asks the parent, which may refuse the step.
@@ -125,21 +125,21 @@ private:
             SetPos(Next(position, delta));
     }
 
-    DWORD m_nStyle;
-    int m_nLower = 0;
-    int m_nUpper = 100;
-    int m_nPos = 0;
-    QPointer<QWidget> m_pBuddy;
+    DWORD m_style;
+    int m_lower = 0;
+    int m_upper = 100;
+    int m_pos = 0;
+    QPointer<QWidget> m_buddy;
 };
 
 }  // namespace
 
 SpinArrows* SpinArrows::Of(HWND window) {
     const WindowLink* link = WindowLink::Of(window);
-    return link ? dynamic_cast<Arrows*>(link->m_pWidget) : nullptr;
+    return link ? dynamic_cast<Arrows*>(link->m_widget) : nullptr;
 }
 
 WindowLink& MakeSpinButton(const ControlRequest& request) {
-    auto* arrows = new Arrows(request.parent, request.dwStyle);
-    return MakeWindow(arrows, request.nID, request.dwStyle, &CommonProcedure);
+    auto* arrows = new Arrows(request.parent, request.style);
+    return MakeWindow(arrows, request.id, request.style, &CommonProcedure);
 }

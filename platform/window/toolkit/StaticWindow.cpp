@@ -9,7 +9,7 @@
 namespace {
 
 QLabel& LabelOf(const WindowLink& link) {
-    return *static_cast<QLabel*>(link.m_pWidget);
+    return *static_cast<QLabel*>(link.m_widget);
 }
 
 LRESULT StaticProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -55,7 +55,7 @@ void Shape(QLabel& label, DWORD style) {
 WindowLink& MakeStatic(const ControlRequest& request) {
     auto* label = new QLabel(request.parent);  // a child of the parent
     label->setTextFormat(Qt::PlainText);
-    label->setText(ToQString(request.strText));
-    Shape(*label, request.dwStyle);
-    return MakeWindow(label, request.nID, request.dwStyle, &StaticProcedure);
+    label->setText(ToQString(request.text));
+    Shape(*label, request.style);
+    return MakeWindow(label, request.id, request.style, &StaticProcedure);
 }

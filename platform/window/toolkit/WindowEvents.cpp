@@ -50,12 +50,12 @@ bool ChangesOnWheel(const QWidget& widget) {
 
 class WindowEvents : public QObject {
 public:
-    explicit WindowEvents(std::unique_ptr<WindowLink> link) : QObject(link->m_pWidget), m_pLink(std::move(link)) {
-        m_pLink->m_pWidget->installEventFilter(this);
+    explicit WindowEvents(std::unique_ptr<WindowLink> link) : QObject(link->m_widget), m_link(std::move(link)) {
+        m_link->m_widget->installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != m_pLink->m_pWidget || m_pLink->IsGoing())
+        if (watched != m_link->m_widget || m_link->IsGoing())
             return false;
         switch (event->type()) {
             case QEvent::KeyPress:
@@ -63,7 +63,7 @@ public:
             case QEvent::FocusIn:
                 return Focus(static_cast<QFocusEvent*>(event), WM_SETFOCUS, DispatchContext::Current().lastFocus);
             case QEvent::FocusOut:
-                DispatchContext::Current().lastFocus = m_pLink->Handle();
+                DispatchContext::Current().lastFocus = m_link->Handle();
                 return Focus(static_cast<QFocusEvent*>(event), WM_KILLFOCUS, FocusedWindow());
             case QEvent::MouseMove:
             case QEvent::MouseButtonPress:
@@ -90,9 +90,9 @@ private:
 
     // One event, one message. What the handlers keep to themselves counts as done.
     bool Pass(QEvent* event, UINT message, WPARAM wParam, LPARAM lParam) {
-        LiveEvent live(m_pLink->m_pWidget, event);
+        LiveEvent live(m_link->m_widget, event);
         live.Allow(message, wParam);
-        Dispatch(*m_pLink, message, wParam, lParam);
+        Dispatch(*m_link, message, wParam, lParam);
         if (!live.IsDelivered())
             event->accept();
         return true;
@@ -105,7 +105,7 @@ private:
     }
 
     bool Key(QKeyEvent* event) {
-        if (IsDialogKey(*event) && m_pLink->IsInDialog() && !WantsDialogKey(*m_pLink, *event))
+        if (IsDialogKey(*event) && m_link->IsInDialog() && !WantsDialogKey(*m_link, *event))
             return false;
         const UINT key = ToVirtualKey(*event);
         if (event->modifiers().testFlag(Qt::AltModifier) && !event->modifiers().testFlag(Qt::ControlModifier))
@@ -118,10 +118,10 @@ private:
 
     // The widget gets the event with the character, so that whoever refuses that refuses the key.
     bool Characters(QKeyEvent* event, UINT key, const std::wstring& characters) {
-        const HWND handle = m_pLink->Handle();
-        LiveEvent live(m_pLink->m_pWidget, event);
+        const HWND handle = m_link->Handle();
+        LiveEvent live(m_link->m_widget, event);
         live.Precede(WM_KEYDOWN, key);
-        Dispatch(*m_pLink, WM_KEYDOWN, key, 1);
+        Dispatch(*m_link, WM_KEYDOWN, key, 1);
         // Several characters of one key are typed one by one.
         live.Allow(characters.size() == 1 ? WM_CHAR : 0, static_cast<WPARAM>(characters.front()));
         for (const wchar_t character : characters)
@@ -134,11 +134,11 @@ private:
 
     // A window that keeps what is being composed shows none of it, and gets what comes of it as if it were typed.
     bool Compose(QInputMethodEvent* event) {
-        const HWND handle = m_pLink->Handle();
+        const HWND handle = m_link->Handle();
         const std::wstring committed = event->commitString().toStdWString();
-        LiveEvent live(m_pLink->m_pWidget, event);
+        LiveEvent live(m_link->m_widget, event);
         live.Allow(WM_IME_COMPOSITION, 0);
-        Dispatch(*m_pLink, WM_IME_COMPOSITION, 0, 0);
+        Dispatch(*m_link, WM_IME_COMPOSITION, 0, 0);
         if (live.IsDelivered())
             return true;
         event->accept();
@@ -149,13 +149,13 @@ private:
     }
 
     void AskForCursor(UINT mouseMessage) {
-        Dispatch(*m_pLink, WM_SETCURSOR, reinterpret_cast<WPARAM>(m_pLink->Handle()),
+        Dispatch(*m_link, WM_SETCURSOR, reinterpret_cast<WPARAM>(m_link->Handle()),
                  MAKELONG(HTCLIENT, static_cast<int>(mouseMessage)));
     }
 
     // While a button is held down the mouse belongs to the window, and its cursor is not asked for.
     bool Mouse(QMouseEvent* event) {
-        const HWND handle = m_pLink->Handle();
+        const HWND handle = m_link->Handle();
         if (event->type() != QEvent::MouseButtonRelease) {
             if (event->type() == QEvent::MouseButtonPress || event->buttons() == Qt::NoButton)
                 AskForCursor(event->type() == QEvent::MouseMove ? WM_MOUSEMOVE : WM_LBUTTONDOWN);
@@ -164,32 +164,32 @@ private:
         if (event->button() == Qt::MiddleButton)
             Pass(event, WM_PASTE, 0, 0);
         else
-            static_cast<QObject*>(m_pLink->m_pWidget)->event(event);
+            static_cast<QObject*>(m_link->m_widget)->event(event);
         if (WindowLink::Of(handle) != nullptr)
             AskForCursor(WM_MOUSEMOVE);
         return true;
     }
 
     bool ContextMenu(QContextMenuEvent* event) {
-        return Pass(event, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_pLink->Handle()),
+        return Pass(event, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_link->Handle()),
                     MAKELONG(event->globalX(), event->globalY()));
     }
 
     // Scrolling a dialog must not change the value of whatever comes under the mouse.
     bool Wheel(QEvent* event) {
-        if (!ChangesOnWheel(*m_pLink->m_pWidget) || m_pLink->m_pWidget->hasFocus())
+        if (!ChangesOnWheel(*m_link->m_widget) || m_link->m_widget->hasFocus())
             return false;
         event->ignore();
         return true;
     }
 
     bool Resize(QResizeEvent* event) {
-        static_cast<QObject*>(m_pLink->m_pWidget)->event(event);
-        Dispatch(*m_pLink, WM_SIZE, 0, MAKELONG(event->size().width(), event->size().height()));
+        static_cast<QObject*>(m_link->m_widget)->event(event);
+        Dispatch(*m_link, WM_SIZE, 0, MAKELONG(event->size().width(), event->size().height()));
         return true;
     }
 
-    std::unique_ptr<WindowLink> m_pLink;
+    std::unique_ptr<WindowLink> m_link;
 };
 
 }  // namespace

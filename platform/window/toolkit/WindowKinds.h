@@ -7,9 +7,9 @@
 // `parent` is the window around it; texts are as they are shown.
 struct ControlRequest {
     QWidget* parent;
-    UINT nID;
-    DWORD dwStyle;
-    CString strText;
+    UINT id;
+    DWORD style;
+    CString text;
 };
 WindowLink& MakeEdit(const ControlRequest& request);
 WindowLink& MakeStatic(const ControlRequest& request);

@@ -39,21 +39,21 @@ private:
 }  // namespace
 
 WindowLink::WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure)
-    : m_pWidget(widget),
-      m_nID(id),
-      m_dwStyle(style),
-      m_pfnDefault(procedure),
-      m_nOrder(++s_nLastOrder),
-      m_pKind(widget->metaObject()) {
+    : m_widget(widget),
+      m_id(id),
+      m_style(style),
+      m_procedure(procedure),
+      m_order(++s_nLastOrder),
+      m_kind(widget->metaObject()) {
     Table()[widget] = this;
 }
 
 bool WindowLink::IsGoing() const {
-    return m_pWidget->metaObject() != m_pKind;
+    return m_widget->metaObject() != m_kind;
 }
 
 WindowLink::~WindowLink() {
-    Table().erase(m_pWidget);
+    Table().erase(m_widget);
     if (const std::unique_ptr<MessageTarget> target = std::move(m_target))
         target->LoseWindow();
 }
@@ -81,13 +81,13 @@ std::vector<WindowLink*> WindowLink::Controls(const QWidget* dialog) {
             if (WindowLink* link = Of(static_cast<QWidget*>(child)))
                 controls.push_back(link);
     std::sort(controls.begin(), controls.end(),
-              [](const WindowLink* left, const WindowLink* right) { return left->m_nOrder < right->m_nOrder; });
+              [](const WindowLink* left, const WindowLink* right) { return left->m_order < right->m_order; });
     return controls;
 }
 
 WindowLink* WindowLink::Find(const QWidget* dialog, UINT id) {
     for (WindowLink* link : Controls(dialog))
-        if (link->m_nID == id)
+        if (link->m_id == id)
             return link;
     return nullptr;
 }
@@ -97,7 +97,7 @@ HWND WindowLink::HandleOf(const QWidget* widget) {
 }
 
 WindowLink* WindowLink::Parent() const {
-    return Around(m_pWidget->parentWidget());
+    return Around(m_widget->parentWidget());
 }
 
 bool WindowLink::IsInDialog() const {
@@ -110,28 +110,28 @@ bool WindowLink::IsInDialog() const {
 void WindowLink::NotifyParent(UINT code) {
     const WindowAtWork atWork(*this);
     if (WindowLink* parent = Parent())
-        Dispatch(*parent, WM_COMMAND, MAKEWPARAM(m_nID, code), reinterpret_cast<LPARAM>(Handle()));
+        Dispatch(*parent, WM_COMMAND, MAKEWPARAM(m_id, code), reinterpret_cast<LPARAM>(Handle()));
 }
 
 LRESULT WindowLink::NotifyParent(NMHDR& head) {
     const WindowAtWork atWork(*this);
     head.hwndFrom = Handle();
-    head.idFrom = m_nID;
+    head.idFrom = m_id;
     WindowLink* parent = Parent();
-    return parent ? Dispatch(*parent, WM_NOTIFY, m_nID, reinterpret_cast<LPARAM>(&head)) : 0;
+    return parent ? Dispatch(*parent, WM_NOTIFY, m_id, reinterpret_cast<LPARAM>(&head)) : 0;
 }
 
 bool WindowLink::DeliverEvent(UINT message, WPARAM wParam) {
-    return LiveEvent::Deliver(m_pWidget, message, wParam);
+    return LiveEvent::Deliver(m_widget, message, wParam);
 }
 
 void WindowLink::IgnoreEvent() {
-    LiveEvent::Ignore(m_pWidget);
+    LiveEvent::Ignore(m_widget);
 }
 
 void WindowLink::TypeKey(UINT virtualKey) {
     QKeyEvent event(QEvent::KeyPress, ToQtKey(virtualKey), Qt::NoModifier);
-    static_cast<QObject*>(m_pWidget)->event(&event);
+    static_cast<QObject*>(m_widget)->event(&event);
 }
 
 void WindowLink::TypeCharacter(wchar_t character) {
@@ -142,12 +142,12 @@ void WindowLink::TypeCharacter(wchar_t character) {
     const int key = character == VK_BACK ? Qt::Key_Backspace : control ? (character | kLetterBit) : 0;
     QKeyEvent event(QEvent::KeyPress, key, control ? Qt::ControlModifier : Qt::NoModifier,
                     QString::fromWCharArray(&character, 1));
-    static_cast<QObject*>(m_pWidget)->event(&event);
+    static_cast<QObject*>(m_widget)->event(&event);
 }
 
 WindowAtWork::~WindowAtWork() {
-    if (WindowLink* still = WindowLink::Of(m_hWindow))
-        --still->m_nRunning;
+    if (WindowLink* still = WindowLink::Of(m_window))
+        --still->m_running;
 }
 
 LRESULT Dispatch(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -155,7 +155,7 @@ LRESULT Dispatch(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     const WindowAtWork atWork(link);
     if (!link.m_target)
-        return link.m_pfnDefault(link, message, wParam, lParam);
+        return link.m_procedure(link, message, wParam, lParam);
     const Handling handling({message, wParam, lParam});
     return link.m_target->Handle(message, wParam, lParam);
 }
@@ -185,12 +185,12 @@ LRESULT CopyText(const CString& text, WPARAM room, LPARAM buffer) {
 LRESULT CommonProcedure(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SETTEXT:
-            link.m_pWidget->setWindowTitle(ToQString(reinterpret_cast<const wchar_t*>(lParam)));
+            link.m_widget->setWindowTitle(ToQString(reinterpret_cast<const wchar_t*>(lParam)));
             return TRUE;
         case WM_GETTEXT:
-            return CopyText(FromQString(link.m_pWidget->windowTitle()), wParam, lParam);
+            return CopyText(FromQString(link.m_widget->windowTitle()), wParam, lParam);
         case WM_GETTEXTLENGTH:
-            return FromQString(link.m_pWidget->windowTitle()).GetLength();
+            return FromQString(link.m_widget->windowTitle()).GetLength();
         case WM_KEYDOWN:
             if (!link.DeliverEvent(message, wParam))
                 link.TypeKey(static_cast<UINT>(wParam));

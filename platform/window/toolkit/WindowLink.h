@@ -34,16 +34,16 @@ public:
     // What a kind of window does with a message that nothing attached has kept to itself.
     using Procedure = LRESULT (*)(WindowLink& link, UINT message, WPARAM wParam, LPARAM lParam);
 
-    QWidget* const m_pWidget;
-    UINT m_nID;
-    DWORD m_dwStyle;
-    const Procedure m_pfnDefault;
+    QWidget* const m_widget;
+    UINT m_id;
+    DWORD m_style;
+    const Procedure m_procedure;
     std::unique_ptr<MessageTarget> m_target;       // what is attached; null when nothing is
     std::unique_ptr<WindowCompanion> m_temporary;  // what CWnd::FromHandle gives while no CWnd is attached
     std::unique_ptr<WindowCompanion> m_font;       // what CWnd::GetFont gives
     bool m_isDialog = false;                       // Tab, Enter and Escape in it are its own
-    int m_nOrder;                                  // controls of a dialog are visited by this
-    int m_nRunning = 0;                            // how many of its messages are being handled right now
+    int m_order;                                   // controls of a dialog are visited by this
+    int m_running = 0;                             // how many of its messages are being handled right now
 
     WindowLink(QWidget* widget, UINT id, DWORD style, Procedure procedure);
     // Null for null and for what is no window (any more).
@@ -61,7 +61,7 @@ public:
     // Whether the widget's own class is destroyed already and only the toolkit's base is left, which still loses the
     // focus and is hidden: such a widget is no window of its kind any more.
     bool IsGoing() const;
-    HWND Handle() const { return HandleOf(m_pWidget); }
+    HWND Handle() const { return HandleOf(m_widget); }
     static HWND HandleOf(const QWidget* widget);
     // The window around this one; null at the top.
     WindowLink* Parent() const;
@@ -84,19 +84,19 @@ public:
     ~WindowLink();
 
 private:
-    const QMetaObject* m_pKind;  // the widget's class while it lives
+    const QMetaObject* m_kind;  // the widget's class while it lives
 };
 
 // While it lives, a window that is destroyed stays until its own work is over.
 class WindowAtWork {
 public:
-    explicit WindowAtWork(WindowLink& link) : m_hWindow(link.Handle()) { ++link.m_nRunning; }
+    explicit WindowAtWork(WindowLink& link) : m_window(link.Handle()) { ++link.m_running; }
     ~WindowAtWork();
     WindowAtWork(const WindowAtWork&) = delete;
     WindowAtWork& operator=(const WindowAtWork&) = delete;
 
 private:
-    HWND m_hWindow;
+    HWND m_window;
 };
 
 // What all kinds of windows have in common: the toolkit does with an event what it always does, and the text is the

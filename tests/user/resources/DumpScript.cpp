@@ -21,12 +21,12 @@ std::string Hex(const CString& text) {
 }
 
 void Print(const DialogTemplate& dialog) {
-    std::printf("dialog\t%u\t%u\t%u\t%d\t%d\t%d\t%d\t%s\t%d\t%s\n", dialog.nID, dialog.dwStyle, dialog.dwExStyle,
-                dialog.x, dialog.y, dialog.cx, dialog.cy, Hex(dialog.strCaption).c_str(), dialog.nPointSize,
-                Hex(dialog.strFace).c_str());
+    std::printf("dialog\t%u\t%u\t%u\t%d\t%d\t%d\t%d\t%s\t%d\t%s\n", dialog.id, dialog.style, dialog.exStyle, dialog.x,
+                dialog.y, dialog.cx, dialog.cy, Hex(dialog.caption).c_str(), dialog.pointSize,
+                Hex(dialog.face).c_str());
     for (const DialogItemTemplate& item : dialog.items)
-        std::printf("item\t%s\t%u\t%u\t%u\t%d\t%d\t%d\t%d\t%s\n", Hex(item.strClass).c_str(), item.nID, item.dwStyle,
-                    item.dwExStyle, item.x, item.y, item.cx, item.cy, Hex(item.strText).c_str());
+        std::printf("item\t%s\t%u\t%u\t%u\t%d\t%d\t%d\t%d\t%s\n", Hex(item.windowClass).c_str(), item.id, item.style,
+                    item.exStyle, item.x, item.y, item.cx, item.cy, Hex(item.text).c_str());
 }
 
 }  // namespace
