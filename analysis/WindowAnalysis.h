@@ -50,6 +50,8 @@ struct AnalysisAnswer {
 using AnalysisProgress = std::function<bool(std::size_t done, std::size_t total)>;
 
 // Everything visible casts shadows, save what lies on the windows' layers; a drawing's lengths are taken by its unit.
+// The module's g_nSunWinOffset, g_nSunDistPrec and g_nWinThickness (AnalysisParameters.h) always apply, as they stand
+// when it is called.
 // To be called on the module's thread. Throws std::bad_alloc, and nothing else.
 ORVO_API AnalysisAnswer AnalyseWindows(const AcDbDatabase& drawing, const AnalysisRequest& request,
                                        const AnalysisProgress& progress = nullptr);
