@@ -30,7 +30,7 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(L"窗图层“%s”关闭或冻结，其上的 %s 个实体没有分析；请先打开图层", Printable(remark.subject),
                              Count(remark));
         case Kind::NotAWindow:
-            return SayFormat(L"窗图层上的实体 %s 不是竖直的矩形，没有当作窗", HandleOrNone(remark.handle));
+            return SayFormat(L"窗图层上的实体 %s 不是竖直的矩形，没有当作窗，也不投影子", HandleOrNone(remark.handle));
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
         case Kind::UnreadBodies:
