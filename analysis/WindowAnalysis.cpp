@@ -174,6 +174,8 @@ HourSpans Analysis::HoursOfTheSun(const SunPath& path) {
 
 WindowResult Analysis::Analyse(const DrawnWindow& window, const DayOfAnalysis& day, const Reach& reach) {
     WindowResult result = ResultOf(window, m_request.north);
+    if (IsTooNarrow(day.standard, window))
+        result.notes.push_back(WindowNote::Narrower);
     if (!window.hasSide) {
         result.color = ColorOf(day.standard, result.judged);
         return result;

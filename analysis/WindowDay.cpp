@@ -16,6 +16,10 @@ namespace {
 constexpr double kDay = 24.0;
 constexpr double kPartStep = 100.0;  // millimetres from one part of a wide window to the next
 
+bool IsWidthLimited(const Standard& standard) {
+    return standard.fullWindow != 0 && standard.limitWidth != 0;
+}
+
 // The hours whose sun is valid for a window by the standard's rule.
 HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window) {
     if (day.standard.validSunType == ORVO_SUN_SHANGHAI) {
@@ -134,6 +138,10 @@ void AddCount(const DayOfAnalysis& day, const HourSpans& sunlit, WindowResult& r
 
 }  // namespace
 
+bool IsTooNarrow(const Standard& standard, const DrawnWindow& window) {
+    return IsWidthLimited(standard) && window.width < standard.minWidth - kLengthTolerance;
+}
+
 double FacingOf(const DrawnWindow& window, double north) {
     const Vector3 outward = window.Outward();
     const double turned = std::atan2(outward.y, outward.x) / kRadiansPerDegree - north;
@@ -160,12 +168,9 @@ SunTarget TargetOf(const DayOfAnalysis& day, const DrawnWindow& window, double f
 void AnalyseDay(const DayOfAnalysis& day, const DrawnWindow& window, const EntityFilter& counts, WindowResult& result) {
     const HourSpans valid = ValidHours(day, window);
     const Standard& standard = day.standard;
-    const bool isLimited = standard.fullWindow != 0 && standard.limitWidth != 0;
     double from = 0.0;
     double width = window.width;
-    if (isLimited && window.width < standard.minWidth - kLengthTolerance)
-        result.notes.push_back(WindowNote::Narrower);
-    if (isLimited && standard.maxWidth > 0.0 && window.width > standard.maxWidth + kLengthTolerance) {
+    if (IsWidthLimited(standard) && standard.maxWidth > 0.0 && window.width > standard.maxWidth + kLengthTolerance) {
         width = standard.maxWidth;
         from = BestPart(day, window, width, valid, counts);
         result.part = WindowPart{from / kMillimetresPerMetre, width / kMillimetresPerMetre};

@@ -31,5 +31,8 @@ SunTarget TargetOf(const DayOfAnalysis& day, const DrawnWindow& window, double f
 // The facing of a window that has a side: degrees from true east, counter-clockwise, [0, 360).
 double FacingOf(const DrawnWindow& window, double north);
 
+// Whether a window is narrower than a standard that limits widths allows.
+bool IsTooNarrow(const Standard& standard, const DrawnWindow& window);
+
 // Everything about the hours of a window; `counts` says which entities are asked.
 void AnalyseDay(const DayOfAnalysis& day, const DrawnWindow& window, const EntityFilter& counts, WindowResult& result);

@@ -62,7 +62,7 @@ struct WindowResult {
     std::vector<HiddenPeriod> hidden;    // the sun is up, before the window and valid, and does not reach all of it
     double total = 0.0;                  // minutes of `counted`
     double longest = 0.0;                // minutes of the longest of them
-    double judged = 0.0;                 // minutes that the standard compares with what is needed
+    double judged = 0.0;                 // minutes that are compared with what is needed; today always `total`
     std::optional<bool> passes;          // none without a need or without a side
     int color = 0;                       // of the judged hours, by the standard's table
     std::optional<WindowPart> part;

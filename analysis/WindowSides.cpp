@@ -55,6 +55,7 @@ private:
 
     Side ByFaces(const DrawnWindow& window);
     Side OnBody(const DrawnWindow& window) const;
+    Side SideOfFeet(const std::vector<Foot>& feet, const Vector3& outward) const;
     Side OutsideOf(const Foot& foot, const Vector3& outward) const;
     Side BeforeFace(const DrawnWindow& window) const;
     bool CountsBefore(const Foot& foot, const Vector3& outward) const;
@@ -128,21 +129,26 @@ std::vector<Foot> SideFinder::FeetAt(const DrawnWindow& window, const Vector3& p
     return feet;
 }
 
+std::vector<Vector3> CornersInwards(const DrawnWindow& window) {
+    const double inX = std::min(kInwards, window.width / 4.0);
+    const double inZ = std::min(kInwards, window.height / 4.0);
+    std::vector<Vector3> corners;
+    for (const double x : {inX, window.width - inX})
+        for (const double z : {inZ, window.height - inZ})
+            corners.push_back(window.lowerLeft + window.right * x + Vector3{0.0, 0.0, z});
+    return corners;
+}
+
 template <class Counts>
 std::vector<Foot> SideFinder::FeetOf(const DrawnWindow& window, const Counts& counts) const {
     std::vector<Foot> feet = FeetAt(window, window.Middle());
     std::erase_if(feet, [&](const Foot& foot) { return !counts(foot); });
     if (!feet.empty())
         return feet;
-    const double inX = std::min(kInwards, window.width / 4.0);
-    const double inZ = std::min(kInwards, window.height / 4.0);
-    for (const double x : {inX, window.width - inX})
-        for (const double z : {inZ, window.height - inZ}) {
-            const Vector3 corner = window.lowerLeft + window.right * x + Vector3{0.0, 0.0, z};
-            for (const Foot& foot : FeetAt(window, corner))
-                if (counts(foot))
-                    feet.push_back(foot);
-        }
+    for (const Vector3& corner : CornersInwards(window))
+        for (const Foot& foot : FeetAt(window, corner))
+            if (counts(foot))
+                feet.push_back(foot);
     return feet;
 }
 
@@ -163,9 +169,28 @@ Side SideFinder::OutsideOf(const Foot& foot, const Vector3& outward) const {
 }
 
 Side SideFinder::OnBody(const DrawnWindow& window) const {
-    const Vector3 outward = window.Outward();
+    const auto counts = [&](const Foot& each) { return each.face->body >= 0 && IsOn(each); };
+    const Side told = SideOfFeet(FeetOf(window, counts), window.Outward());
+    if (told != Side::Untellable)
+        return told;
+    // Where something is built against the middle, a corner may still be free.
+    Side free = Side::Untellable;
+    for (const Vector3& corner : CornersInwards(window)) {
+        std::vector<Foot> feet = FeetAt(window, corner);
+        std::erase_if(feet, [&](const Foot& foot) { return !counts(foot); });
+        const Side side = SideOfFeet(feet, window.Outward());
+        if (side != Side::Own && side != Side::Other)
+            continue;
+        if (free != Side::Untellable && free != side)
+            return Side::Untellable;
+        free = side;
+    }
+    return free;
+}
+
+Side SideFinder::SideOfFeet(const std::vector<Foot>& feet, const Vector3& outward) const {
     Side told = Side::Unknown;
-    for (const Foot& foot : FeetOf(window, [&](const Foot& each) { return each.face->body >= 0 && IsOn(each); })) {
+    for (const Foot& foot : feet) {
         const Side side = OutsideOf(foot, outward);
         if (side == Side::Unknown)
             continue;

@@ -20,7 +20,8 @@ struct SideRules {
 // The first of these that knows decides:
 //
 // * On a face of a closed body (within a millimetre, or the precision): the body's outside. Where another body begins
-//   there, or two such faces differ, only the facing that was asked for decides.
+//   there, or two such faces differ, the corners are asked, drawn a little inwards; when none of them is free, or two
+//   differ, only the facing that was asked for decides.
 // * At most `thickness` before a face: away from the nearest one; of a closed body only its outside counts. Where one
 //   is as near on the other side, the next rule decides among loose faces, else only the facing.
 // * The side with fewer loose faces, by their middles: among those joined by corners to the ones that the window lies

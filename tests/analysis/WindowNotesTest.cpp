@@ -118,6 +118,9 @@ TEST(WindowNotes, WindowInTheOpenHasNoSideUnlessItIsTold) {
 TEST(WindowNotes, NarrowerThanTheLeastWidth) {
     EXPECT_EQ(Only(Answer(House(), LimitedTo(1600, 2400))).notes, std::vector{WindowNote::Narrower});
     EXPECT_TRUE(Only(Answer(House(), LimitedTo(1500, 2400))).notes.empty());
+    JudgedScene open;
+    open.Window(-750, 0, 1000, 1500, 1500);
+    EXPECT_EQ(Only(Answer(open, LimitedTo(1600, 2400))).notes, (std::vector{WindowNote::NoSide, WindowNote::Narrower}));
     AnalysisRequest sill = LimitedTo(1600, 2400);
     sill.settings.standard->fullWindow = 0;
     EXPECT_TRUE(Only(Answer(House(), sill)).notes.empty()) << "widths are for whole windows";

@@ -120,6 +120,13 @@ TEST(WindowSides, WhoseMiddleIsOnNoFaceAskTheirCorners) {
     ExpectNone(Tell(House(kHere), kHere, 10002, 0, 11502, 0, thin));
 }
 
+void ExpectHalfCovered(const std::string& bodies) {
+    const Told told = Tell(bodies, kHere, 3000, 0, 4500, 0);
+    ASSERT_TRUE(told.facing);
+    EXPECT_NEAR(*told.facing, 270, 1e-3);
+    EXPECT_TRUE(told.isInside) << "its middle";
+}
+
 TEST(WindowSides, BetweenTwoBodiesThatTouchHaveNone) {
     const std::string touching = House(kHere) + Block(kHere, 0, -8000, 10000, 0, 0, 9000);
     const Told told = Tell(touching, kHere, 3000, 0, 4500, 0);
@@ -129,6 +136,9 @@ TEST(WindowSides, BetweenTwoBodiesThatTouchHaveNone) {
                "a millimetre apart");
     // The other one ends below the window.
     ExpectFacing(Tell(House(kHere) + Block(kHere, 0, -8000, 10000, 0, 0, 900), kHere, 3000, 0, 4500, 0), 270);
+    // It covers the middle, and the upper corners are free; then all corners but for the two on the right.
+    ExpectHalfCovered(House(kHere) + Block(kHere, 0, -8000, 10000, 0, 0, 2000));
+    ExpectHalfCovered(House(kHere) + Block(kHere, 0, -8000, 4400, 0, 0, 9000));
     // Flush faces of two bodies, one above the other, say the same.
     ExpectFacing(Tell(Block(kHere, 0, 0, 10000, 8000, 0, 1650) + Block(kHere, 0, 0, 10000, 8000, 1650, 9000), kHere,
                       3000, 0, 4500, 0),
