@@ -107,6 +107,27 @@ AcDbObjectId AcDbDatabase::GetEntityId(std::size_t index) const {
     return m_dxf->IdOf(m_dxf->GetIndex().GetEntity(index));
 }
 
+bool AcDbDatabase::GetBlocks(std::vector<AcDbObjectId>& heads) const {
+    heads.clear();
+    const bool isGood = Guarded(false, [&] {
+        for (std::size_t entry = 0; m_dxf && entry < m_dxf->GetIndex().GetCount(); ++entry)
+            if (m_dxf->IsBlockHead(entry))
+                heads.push_back(m_dxf->IdOf(entry));
+        return true;
+    });
+    if (!isGood)
+        heads.clear();
+    return isGood;
+}
+
+AcDbObjectId AcDbDatabase::GetNextObject(AcDbObjectId id) const {
+    const std::size_t entry = m_dxf ? m_dxf->EntryOf(id) : DxfIndex::kNone;
+    // What an id names is never the last entry, the end of the file.
+    if (entry == DxfIndex::kNone || m_dxf->GetIndex().GetKind(entry + 1) == DxfKind::Structure)
+        return {};
+    return m_dxf->IdOf(entry + 1);
+}
+
 AcDbObjectId AcDbDatabase::FindHandle(std::uint64_t handle) const {
     return m_dxf ? m_dxf->IdOf(m_dxf->GetIndex().FindHandle(handle)) : AcDbObjectId();
 }

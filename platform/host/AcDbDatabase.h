@@ -54,6 +54,13 @@ public:
     std::size_t GetEntityCount() const;
     AcDbObjectId GetEntityId(std::size_t index) const;
 
+    // The heads (BLOCK) of all blocks of the section BLOCKS in the file's order. False, and no ids, where memory runs
+    // out.
+    bool GetBlocks(std::vector<AcDbObjectId>& heads) const;
+    // The object that stands behind another in the file: behind a block's head its entities, one after the other, then
+    // its end (ENDBLK). Null behind the last object of a section or table, and for an unknown id.
+    AcDbObjectId GetNextObject(AcDbObjectId id) const;
+
     // The object with a handle; null when there is none (and for handle 0). Of several the first in the file.
     AcDbObjectId FindHandle(std::uint64_t handle) const;
     // The object's handle; 0 when it has none, or for an unknown id.

@@ -80,12 +80,18 @@ std::uint64_t DxfDrawing::HandleOf(std::size_t entry) const {
 }
 
 bool DxfDrawing::IsRecordOf(std::size_t entry, std::string_view table) const {
-    if (m_index.GetKind(entry) != DxfKind::TableRecord)
-        return false;
+    return m_index.GetKind(entry) == DxfKind::TableRecord && IsOfType(entry, table);
+}
+
+bool DxfDrawing::IsBlockHead(std::size_t entry) const {
+    return m_index.GetKind(entry) == DxfKind::BlockPart && IsOfType(entry, "BLOCK");
+}
+
+bool DxfDrawing::IsOfType(std::size_t entry, std::string_view type) const {
     const std::string_view text = ReadText(entry);
     DxfScanner scanner(text);
     DxfRawGroup group;
-    return scanner.Next(group) && TrimDxfValue(group.ValueIn(text)) == table;
+    return scanner.Next(group) && TrimDxfValue(group.ValueIn(text)) == type;
 }
 
 bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups) {

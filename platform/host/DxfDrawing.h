@@ -30,6 +30,8 @@ public:
     std::uint64_t HandleOf(std::size_t entry) const;
     // Whether an entry is a record of a table, which bears the table's name as its type.
     bool IsRecordOf(std::size_t entry, std::string_view table) const;
+    // Whether an entry is the head of a block.
+    bool IsBlockHead(std::size_t entry) const;
     bool SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups);
     bool GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const;
 
@@ -42,6 +44,7 @@ public:
 
 private:
     std::string_view ReadText(std::size_t entry) const;
+    bool IsOfType(std::size_t entry, std::string_view type) const;
     DxfTextCodec ChooseCodec() const;
 
     DxfFile m_file;

@@ -39,6 +39,37 @@ TEST(AcDbDatabase, ListsTheEntitiesOfSeveralSections) {
     EXPECT_EQ(types, "LINE ARC POINT TEXT ");
 }
 
+TEST(AcDbDatabase, ListsBlocksAndWalksThroughTheirEntities) {
+    const OpenDrawing drawing(DrawingOf(
+        Section("TABLES", "  0\nTABLE\n  2\nBLOCK\n  0\nBLOCK\n  0\nENDTAB\n") +
+        Section("BLOCKS", "  0\nBLOCK\n  2\nA\n  0\nLINE\n  0\nARC\n  0\nENDBLK\n  0\nBLOCK\n  2\nB\n  0\nENDBLK\n") +
+        Section("ENTITIES", "  0\nPOINT\n  0\nBLOCK\n") +
+        Section("BLOCKS", "  0\n BLOCK \n  2\nC\n  0\nTEXT\n  0\nENDBLK\n")));
+    std::vector<AcDbObjectId> heads(7);
+    ASSERT_TRUE(drawing.database.GetBlocks(heads));
+    std::string walked;
+    for (const AcDbObjectId head : heads) {
+        for (AcDbObjectId id = head; TypeOf(drawing, id) != "ENDBLK"; id = drawing.database.GetNextObject(id))
+            walked += TypeOf(drawing, id) + " ";
+        walked += "| ";
+    }
+    EXPECT_EQ(walked, "BLOCK LINE ARC | BLOCK |  BLOCK  TEXT | ");
+}
+
+TEST(AcDbDatabase, HasNoNextObjectBehindASectionsLast) {
+    const OpenDrawing drawing(DrawingOf(Section("BLOCKS", "  0\nBLOCK\n  5\n7\n  0\nENDBLK\n  5\n8\n") +
+                                        Section("ENTITIES", "  0\nLINE\n  5\n9\n  0\nARC\n  5\nA\n")));
+    EXPECT_EQ(drawing.database.GetNextObject(drawing.Handle(7)), drawing.Handle(8));
+    EXPECT_TRUE(drawing.database.GetNextObject(drawing.Handle(8)).isNull());
+    EXPECT_EQ(drawing.database.GetNextObject(drawing.Handle(9)), drawing.Handle(0xA));
+    EXPECT_TRUE(drawing.database.GetNextObject(drawing.Handle(0xA)).isNull());
+    EXPECT_TRUE(drawing.database.GetNextObject(AcDbObjectId()).isNull());
+    EXPECT_TRUE(AcDbDatabase().GetNextObject(drawing.Handle(9)).isNull());
+    std::vector<AcDbObjectId> heads(7);
+    EXPECT_TRUE(AcDbDatabase().GetBlocks(heads));
+    EXPECT_TRUE(heads.empty());
+}
+
 TEST(AcDbDatabase, FindsObjectsOfEveryKindByTheirHandles) {
     const OpenDrawing drawing(SmallDrawing());
     const std::pair<std::uint64_t, const char*> expected[] = {
