@@ -63,7 +63,8 @@ bool ReadPolyline(const AcDbDatabase& drawing, std::size_t index, const EntityGr
                   std::vector<Vector3>& corners) {
     int flags = 0;
     std::vector<PolylineVertex> vertices;
-    if (!entity.Integer(kFlags, flags) || (flags & kMeshes) != 0 || !ReadPolylineVertices(drawing, index, vertices))
+    if (!entity.Integer(kFlags, flags) || (flags & kMeshes) != 0 ||
+        !ReadPolylineVertices(drawing, drawing.GetEntityId(index), vertices))
         return false;
     if ((flags & kThreeDimensional) == 0) {
         FlatPath path;

@@ -3,7 +3,6 @@
 
 #include "analysis/WindowLayers.h"
 #include "platform/host/AcDbDatabase.h"
-#include "scene/EntityGroups.h"
 #include "scene/Scene.h"
 
 namespace {
@@ -35,11 +34,15 @@ OccluderSet MakeOccluders(const Scene& scene, const AcDbDatabase& drawing, const
     WindowLayers layers(drawing, windowLayers);
     OccluderSet set;
     set.faces.reserve(scene.faces.size());
+    AcDbObjectId before;
     for (const SceneEntity& entity : scene.entities) {
-        if (layers.Find(GroupsOf(drawing, entity.id).Layer()))
+        if (layers.Find(scene.layers[entity.layer]))
             continue;
-        const auto number = static_cast<std::uint32_t>(set.handles.size());
-        set.handles.push_back(drawing.GetHandle(entity.id));
+        // What one INSERT shows stands together.
+        if (entity.id != before)
+            set.handles.push_back(drawing.GetHandle(entity.id));
+        before = entity.id;
+        const auto number = static_cast<std::uint32_t>(set.handles.size() - 1);
         for (std::size_t i = 0; i < entity.faceCount; ++i) {
             set.faces.push_back(OccluderOf(scene.faces[entity.firstFace + i], millimetres));
             set.faces.back().entity = number;

@@ -33,7 +33,7 @@ struct OccluderSet {
 };
 
 // The faces of a drawing's scene, save those of entities on the layers of windows (by these names, as WindowLayers
-// takes them). `millimetres` is one unit of the drawing.
+// takes them; what is in a block lies on a layer as in the scene). `millimetres` is one unit of the drawing.
 OccluderSet MakeOccluders(const Scene& scene, const AcDbDatabase& drawing, const std::vector<CString>& windowLayers,
                           double millimetres);
 

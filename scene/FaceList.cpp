@@ -3,12 +3,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "geometry/DotProduct.h"
 #include "geometry/QcGeFace3dEX.h"
 #include "platform/geometry/QcGeVector3d.h"
 #include "platform/geometry/Tolerance.h"
+#include "scene/EntityGroups.h"
 #include "scene/HiddenEdge.h"
+#include "scene/Placement.h"
 #include "scene/PolygonTriangles.h"
 
 namespace {
@@ -111,6 +114,30 @@ void FaceList::AddPolygon(std::vector<FaceCorner> corners) {
         AddHalves(corners);
     else
         AddDivided(corners);
+}
+
+bool FaceList::AddPlaced(const FaceList& from, std::size_t first, std::size_t count, const Placement& placement) {
+    for (std::size_t i = first; i < first + count; ++i)
+        if (!AddPlaced(from.m_faces[i], placement))
+            return false;
+    return true;
+}
+
+bool FaceList::AddPlaced(const Face& face, const Placement& placement) {
+    std::vector<FaceCorner> corners;
+    const int count = face.count;
+    corners.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const int at = placement.isMirrored ? count - 1 - i : i;
+        // Turned round, the edge from a corner to the next is the one that came before it.
+        const int edge = placement.isMirrored ? (at + count - 1) % count : at;
+        const QcGePoint point = placement.PointAt(face.points[at]);
+        if (!(std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest && std::fabs(point.z) <= kFarthest))
+            return false;
+        corners.push_back({point, face.isHidden[edge]});
+    }
+    AddPolygon(std::move(corners));
+    return true;
 }
 
 void FaceList::AddHalves(const std::vector<FaceCorner>& corners) {

@@ -7,6 +7,7 @@
 #include "platform/geometry/QcGePoint.h"
 
 class QcGeFace3dEX;
+struct Placement;
 
 // A corner, and whether the edge from it to the next one is not to be drawn.
 struct FaceCorner {
@@ -25,6 +26,10 @@ public:
     // plane of the others than a millionth of the longest side or diagonal) is two, divided between corners 0 and 2,
     // and so is one that crosses itself; all else becomes triangles. What has no area adds nothing.
     void AddPolygon(std::vector<FaceCorner> corners);
+    // The faces of another list from `first` on, where a placement puts them; what has no area there adds nothing. A
+    // placement that mirrors turns their order round, so that what faced outwards still does. False when a corner lies
+    // beyond kFarthest.
+    bool AddPlaced(const FaceList& from, std::size_t first, std::size_t count, const Placement& placement);
     // A face as it is: the caller knows that its three or four corners are sound.
     void AddFace(const FaceCorner* corners, int count);
 
@@ -39,6 +44,7 @@ private:
         int count = 3;
     };
 
+    bool AddPlaced(const Face& face, const Placement& placement);
     void AddTriangle(const FaceCorner& a, const FaceCorner& b, const FaceCorner& c);
     void AddDivided(const std::vector<FaceCorner>& corners);
     void AddHalves(const std::vector<FaceCorner>& corners);

@@ -10,19 +10,12 @@ namespace {
 
 constexpr int kElevationOfPolyline = 30;
 constexpr int kElevation = 38;
-constexpr int kThickness = 39;
 constexpr int kClosed = 1;
 constexpr int kVertexCount = 90;
-constexpr int kExtrusion = 210;
 
 bool ReadPlane(const EntityGroups& entity, int elevationCode, FlatPath& path) {
-    QcGePoint direction(0.0, 0.0, 1.0);
-    if (!entity.Real(elevationCode, path.elevation) || !entity.Real(kThickness, path.thickness) ||
-        !entity.Real(kExtrusion, direction.x) || !entity.Real(kExtrusion + 10, direction.y) ||
-        !entity.Real(kExtrusion + 20, direction.z))
-        return false;
-    // The world's own axis leaves the coordinates as they are.
-    return direction == QcGePoint(0.0, 0.0, 1.0) || path.axes.SetExtrusion(QcGeVector3d(direction));
+    return entity.Real(elevationCode, path.elevation) && entity.Real(kThickness, path.thickness) &&
+           ReadExtrusion(entity, path.axes);
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ LayerLook LookOf(const EntityGroups& record) {
     const int color = record.IntegerOr(kColor, kDefaultColor);
     const bool isFrozen = (record.IntegerOr(kFlags, 0) & kFrozen) != 0;
     LayerLook look;
+    look.isFrozen = isFrozen;
     look.isVisible = !isFrozen && color >= 0;
     // The sign says off. Only colours that are one are turned round, so that no number overflows.
     look.color.index = IsColor(color) ? color : color > -kByLayer && color < 0 ? -color : kDefaultColor;
@@ -66,16 +67,25 @@ const LayerLook& LayerTable::Find(std::string_view name) {
         const auto layer = m_layers.find(KeyOf(name));
         if (layer != m_layers.end())
             known->second = layer->second;
+        known->second.number = static_cast<std::uint32_t>(m_names.size());
+        m_names.emplace_back(name);
     }
     return known->second;
 }
 
-EntityColor ColorOf(const EntityGroups& entity, const LayerLook& layer) {
-    const int color = entity.IntegerOr(kColor, kByLayer);
-    const int trueColor = TrueColorOf(entity);
-    if (IsColor(color))
-        return {color, trueColor};
-    if (color == kByBlock)
-        return {kDefaultColor, trueColor};
-    return {layer.color.index, trueColor >= 0 ? trueColor : layer.color.trueColor};
+EntityLook ReadLook(const EntityGroups& entity, LayerTable& layers) {
+    EntityLook look;
+    const std::string_view layer = entity.Layer();
+    if (TrimDxfValue(layer) != "0")
+        look.layer = &layers.Find(layer);
+    look.color = entity.IntegerOr(kColor, kByLayer);
+    look.trueColor = TrueColorOf(entity);
+    return look;
+}
+
+EntityColor Surroundings::ColorOf(const EntityLook& look) const {
+    if (IsColor(look.color))
+        return {look.color, look.trueColor};
+    const EntityColor& inherited = look.color == kByBlock ? color : LayerOf(look).color;
+    return {inherited.index, look.trueColor >= 0 ? look.trueColor : inherited.trueColor};
 }

@@ -1,9 +1,11 @@
 // How the layers of a drawing look: whether they are seen, and their colours.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 class AcDbDatabase;
 class EntityGroups;
@@ -11,11 +13,14 @@ class EntityGroups;
 struct EntityColor {
     int index = 7;       // 1 to 255
     int trueColor = -1;  // 0xRRGGBB, -1 for none
+    bool operator==(const EntityColor& other) const = default;
 };
 
 struct LayerLook {
     bool isVisible = true;  // neither off nor frozen
+    bool isFrozen = false;
     EntityColor color;
+    std::uint32_t number = 0;  // which of LayerTable::Names
 };
 
 class LayerTable {
@@ -24,7 +29,10 @@ public:
 
     // The layer with a name as it stands in the file. Names are compared as texts and without case (of ASCII letters,
     // as everywhere); of several layers the first counts. One that the drawing does not have is visible, in colour 7.
+    // The answer stays where it is.
     const LayerLook& Find(std::string_view name);
+    // The names that were asked for, each once, in whatever spelling.
+    const std::vector<std::string>& Names() const { return m_names; }
 
 private:
     std::wstring KeyOf(std::string_view name) const;
@@ -32,7 +40,23 @@ private:
     const AcDbDatabase& m_drawing;
     std::unordered_map<std::wstring, LayerLook> m_layers;
     std::unordered_map<std::string, LayerLook> m_known;  // by the bytes of the names that were asked for
+    std::vector<std::string> m_names;
 };
 
-// An entity's colour: its own (by-block, 0, is 7), or the layer's.
-EntityColor ColorOf(const EntityGroups& entity, const LayerLook& layer);
+// What an entity says of its own look.
+struct EntityLook {
+    const LayerLook* layer = nullptr;  // null on layer 0, which in a block stands for the layer of the INSERT
+    int color = 0;                     // as in the file: 0 by block, 1 to 255, else by layer
+    int trueColor = -1;                // 0xRRGGBB, -1 for none
+};
+EntityLook ReadLook(const EntityGroups& entity, LayerTable& layers);
+
+// What an entity of a block takes over from the INSERT, and one outside of blocks from nobody.
+struct Surroundings {
+    const LayerLook& layer;  // for those on layer 0
+    EntityColor color;       // for those by block
+
+    const LayerLook& LayerOf(const EntityLook& look) const { return look.layer ? *look.layer : layer; }
+    // Its own colour, that of the surroundings, or its layer's.
+    EntityColor ColorOf(const EntityLook& look) const;
+};

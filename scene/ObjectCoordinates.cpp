@@ -3,8 +3,11 @@
 
 #include <cmath>
 
+#include "scene/EntityGroups.h"
+
 namespace {
 
+constexpr int kExtrusion = 210;
 constexpr double kShortest = 1e-12;
 constexpr double kNearZAxis = 1.0 / 64.0;
 
@@ -30,4 +33,13 @@ QcGePoint ObjectCoordinates::ToWorld(const QcGePoint& point) const {
     return {point.x * m_xAxis.x + point.y * m_yAxis.x + point.z * m_zAxis.x,
             point.x * m_xAxis.y + point.y * m_yAxis.y + point.z * m_zAxis.y,
             point.x * m_xAxis.z + point.y * m_yAxis.z + point.z * m_zAxis.z};
+}
+
+bool ReadExtrusion(const EntityGroups& entity, ObjectCoordinates& axes) {
+    QcGePoint direction(0.0, 0.0, 1.0);
+    if (!entity.Real(kExtrusion, direction.x) || !entity.Real(kExtrusion + 10, direction.y) ||
+        !entity.Real(kExtrusion + 20, direction.z))
+        return false;
+    // The world's own axis leaves the coordinates as they are.
+    return direction == QcGePoint(0.0, 0.0, 1.0) || axes.SetExtrusion(QcGeVector3d(direction));
 }

@@ -4,6 +4,8 @@
 #include "platform/geometry/QcGePoint.h"
 #include "platform/geometry/QcGeVector3d.h"
 
+class EntityGroups;
+
 // The axes follow from the extrusion alone: x lies at right angles to it and to the world's y axis where the extrusion
 // is within 1/64 of the world's z axis in both other components, else to the world's z axis. The three axes are
 // right-handed for every extrusion, so that what runs counter-clockwise seen from the extrusion's end stays so.
@@ -22,3 +24,7 @@ private:
     QcGeVector3d m_yAxis{0.0, 1.0, 0.0};
     QcGeVector3d m_zAxis{0.0, 0.0, 1.0};
 };
+
+// The axes of an entity (groups 210, 220 and 230; without them the world's). False when the direction cannot be read or
+// is none.
+bool ReadExtrusion(const EntityGroups& entity, ObjectCoordinates& axes);

@@ -76,6 +76,7 @@ bool MakeOutline(const std::vector<OutlineVertex>& vertices, bool isClosed, ArcD
         const double distance = Distance(kept[i], to);
         if (!IsArc(kept[i].bulge, distance))
             continue;
+        ++division.arcs;
         std::size_t chords = CountChords(kept[i].bulge, distance, division.sagitta);
         chords = kLeastChords + std::min(chords - kLeastChords, division.spareChords);
         division.spareChords -= chords - kLeastChords;

@@ -28,6 +28,7 @@ struct Outline {
 struct ArcDivision {
     double sagitta = 50.0;              // the farthest that a chord may be from its arc
     std::size_t spareChords = 250'000;  // beyond kLeastChords for an arc: a bound on what a small file can ask for
+    std::size_t arcs = 0;               // that have been divided
 };
 inline constexpr std::size_t kLeastChords = 4;
 inline constexpr std::size_t kMostChords = 64;

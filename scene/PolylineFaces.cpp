@@ -10,11 +10,10 @@
 #include "scene/EntityGroups.h"
 #include "scene/FaceList.h"
 #include "scene/FlatPath.h"
+#include "scene/GroupCodes.h"
 #include "scene/PolygonTriangles.h"
 
 namespace {
-
-constexpr int kThickness = 39;
 
 // The outline in the world at its two heights along the extrusion. Walls and caps share the points, so that they meet
 // exactly.

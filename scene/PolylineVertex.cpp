@@ -22,9 +22,9 @@ bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex) {
     return true;
 }
 
-bool ReadPolylineVertices(const AcDbDatabase& drawing, std::size_t index, std::vector<PolylineVertex>& vertices) {
-    for (std::size_t i = index + 1; i < drawing.GetEntityCount(); ++i) {
-        const EntityGroups entity = GroupsOf(drawing, drawing.GetEntityId(i));
+bool ReadPolylineVertices(const AcDbDatabase& drawing, AcDbObjectId polyline, std::vector<PolylineVertex>& vertices) {
+    for (AcDbObjectId id = drawing.GetNextObject(polyline); !id.isNull(); id = drawing.GetNextObject(id)) {
+        const EntityGroups entity = GroupsOf(drawing, id);
         if (entity.Type() != "VERTEX")
             break;
         PolylineVertex vertex;

@@ -1,10 +1,10 @@
 // The VERTEX entities that follow a POLYLINE, as numbers.
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 #include "platform/geometry/QcGePoint.h"
+#include "platform/host/AcDbObjectId.h"
 
 class AcDbDatabase;
 class EntityGroups;
@@ -26,6 +26,6 @@ struct PolylineVertex {
 // False when a number cannot be read.
 bool ReadPolylineVertex(const EntityGroups& entity, PolylineVertex& vertex);
 
-// The vertices of the POLYLINE that is the drawing's entity `index`: up to SEQEND, or up to whatever stands there
-// instead. False when a number cannot be read.
-bool ReadPolylineVertices(const AcDbDatabase& drawing, std::size_t index, std::vector<PolylineVertex>& vertices);
+// The vertices of a POLYLINE, which stand behind it: up to SEQEND, or up to whatever stands there instead. False when a
+// number cannot be read.
+bool ReadPolylineVertices(const AcDbDatabase& drawing, AcDbObjectId polyline, std::vector<PolylineVertex>& vertices);

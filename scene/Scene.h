@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <string>
 #include <vector>
 
 #include "geometry/QcGeFace3dEX.h"
@@ -12,16 +14,29 @@
 
 class AcDbDatabase;
 
-// The faces of one entity: faces[firstFace] and the faceCount - 1 behind it.
+// Faces of one entity: faces[firstFace] and the faceCount - 1 behind it. All of them, save for an INSERT: what it shows
+// has one of these for each run of faces of one layer and colour, all with the id of the outermost INSERT, one behind
+// the other.
 struct SceneEntity {
     AcDbObjectId id;
-    int colorIndex = 7;  // 1 to 255, by-layer and by-block already resolved
+    std::uint32_t layer = 0;  // which of Scene::layers
+    int colorIndex = 7;       // 1 to 255, by-layer and by-block already resolved
     // 0xRRGGBB where the entity has a true colour of its own, or its layer when the entity's colour is the layer's; it
     // then counts instead of the index. Else -1.
     int trueColor = -1;
     std::size_t firstFace = 0;
     std::size_t faceCount = 0;
 };
+
+// How many entities of a kind there are.
+struct KindCount {
+    std::string type;
+    std::size_t count = 0;
+    bool operator==(const KindCount& other) const = default;
+};
+
+// An INSERT that would bring a scene beyond this is left out.
+inline constexpr std::size_t kMostSceneFaces = 5'000'000;
 
 // A value: it keeps nothing of the drawing but the ids.
 //
@@ -31,9 +46,13 @@ struct SceneEntity {
 struct Scene {
     std::vector<QcGeFace3dEX> faces;
     std::vector<SceneEntity> entities;  // in the drawing's order; only those with faces
+    std::vector<std::string> layers;    // names as they stand in the file
     QcGePoint least, most;              // the box around all faces; both at the origin when there are none
-    std::size_t otherCount = 0;         // visible entities of kinds that have no faces
-    std::size_t faultyCount = 0;        // visible entities of kinds with faces whose data give none
+    // Visible entities of kinds that have no faces, the most frequent first, then by type. An INSERT is one of them
+    // when it shows no face.
+    std::vector<KindCount> passedOver;
+    std::size_t faultyCount = 0;         // visible entities of kinds with faces whose data give none
+    std::vector<AcDbObjectId> tooLarge;  // every INSERT that was left out for its number of faces
 };
 
 // Reads every visible entity of the drawing's model space. Throws std::bad_alloc, and nothing else.
@@ -44,12 +63,22 @@ struct Scene {
 // path; all others have their corners in the drawing's order. VERTEX, ATTRIB and SEQEND are parts of the entity before
 // them and not counted. What is invisible (group 60, a layer that is off or frozen, paper space) is not counted either.
 //
+// An INSERT shows the faces of its block, moved, scaled, turned and repeated, and those of the blocks that are inserted
+// there; where it mirrors, their corners are turned round. In a block what lies on layer 0 lies on the INSERT's layer,
+// and what has its colour by block has the INSERT's colour. A frozen layer hides an INSERT with all of its block, a
+// layer that is off only what lies on it. ATTDEF is nothing. What is faulty or passed over in a block counts once,
+// however often the block is inserted.
+//
 // An entity whose data are unsound - a number that cannot be read or lies beyond 1e50, a missing corner, counts that
-// are not what follows, an index without a vertex - is faulty as a whole. Faces without an area are left out, and so
-// are polygons of more than four corners that cross themselves or have more than 4096 corners; an entity that has no
+// are not what follows, an index without a vertex - is faulty as a whole; so is an INSERT without a block, with a scale
+// of 0, of a block that leads back to itself or holds blocks more than 64 deep. Faces without an area are left out, and
+// so are polygons of more than four corners that cross themselves or have more than 4096 corners; an entity that has no
 // face left is faulty. An extruded outline that crosses itself, or has more than 4096 corners with its arcs divided,
 // keeps its walls and has neither bottom nor top.
 //
 // Arcs (bulges) become chords that stray at most 50 mm from them, 4 to 64 for each arc, by the drawing's unit (UnitOf;
 // one that has no millimetres is taken for them). Beyond 250,000 chords in a drawing each further arc has 4.
-Scene BuildScene(const AcDbDatabase& drawing);
+//
+// An INSERT that would bring the scene beyond `mostFaces` is left out, and so is each further one once four times as
+// many entities and faces of blocks have been worked on, those left out included.
+Scene BuildScene(const AcDbDatabase& drawing, std::size_t mostFaces = kMostSceneFaces);

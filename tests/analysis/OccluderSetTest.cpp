@@ -3,6 +3,7 @@
 
 #include "DrawingForWindows.h"
 #include "analysis/BodyInside.h"
+#include "scene/BlocksForTests.h"
 
 namespace {
 
@@ -65,6 +66,28 @@ TEST(OccluderSet, PassesOverTheLayersOfWindows) {
     EXPECT_EQ(countWithout({L"GLASS"}), 3U);
     EXPECT_EQ(countWithout({L" glass ", L"wall"}), 2U);
     EXPECT_EQ(countWithout({L"nothing"}), 4U);
+}
+
+TEST(OccluderSet, GivesWhatABlockShowsTheInsertsHandle) {
+    const OpenDrawing drawing(
+        BlockDrawing(BlockText("A", Scalene("62=1") + Scalene("62=2")) + BlockText("B", Scalene() + Insert("2=A")),
+                     Insert("5=A1 2=B") + Scalene("5=A2") + Insert("5=A3 2=A") + Insert("5=A4 2=A")));
+    const OccluderSet set = MakeOccluders(BuildScene(drawing.database), drawing.database, {}, 1.0);
+    EXPECT_EQ(set.handles, (std::vector<std::uint64_t>{0xA1, 0xA2, 0xA3, 0xA4}));
+    std::vector<std::uint32_t> entities;
+    for (const Occluder& face : set.faces)
+        entities.push_back(face.entity);
+    EXPECT_EQ(entities, (std::vector<std::uint32_t>{0, 0, 0, 1, 2, 2, 3, 3}));
+}
+
+TEST(OccluderSet, PassesOverTheLayersOfWindowsWithinBlocks) {
+    const std::string blocks = BlockText("A", Scalene("8=0") + Scalene("8=WINDOW") + Scalene("8=WALL"));
+    const auto countOf = [&](const std::string& insert) {
+        const OpenDrawing drawing(BlockDrawing(blocks, Insert("2=A " + insert)));
+        return MakeOccluders(BuildScene(drawing.database), drawing.database, {}, 1.0).faces.size();
+    };
+    EXPECT_EQ(countOf("8=WALL"), 2U);
+    EXPECT_EQ(countOf("8=WINDOW"), 1U) << "what lies on 0 lies on the INSERT's layer";
 }
 
 TEST(OccluderSet, FindsTheBodyOfAnExtrudedOutline) {

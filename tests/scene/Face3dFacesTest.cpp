@@ -22,7 +22,7 @@ TEST(Face3dFaces, MakeAFlatConvexQuadrilateralOneFaceWithTheSameCorners) {
     ASSERT_EQ(scene.faces.size(), 1U);
     ExpectCorners(scene.faces[0], corners);
     EXPECT_EQ(FlagsOf(scene.faces[0]), "----");
-    EXPECT_EQ(scene.faultyCount + scene.otherCount, 0U);
+    EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U);
 }
 
 TEST(Face3dFaces, KeepEveryBitOfTheCoordinates) {

@@ -54,7 +54,7 @@ std::vector<std::string> LinesOf(const std::string& text) {
 TEST(HostileScene, AllKindsAreSoundAtFirst) {
     const Scene scene = SceneOf(AllKinds());
     EXPECT_EQ(scene.entities.size(), 6U);
-    EXPECT_EQ(scene.faultyCount + scene.otherCount, 0U);
+    EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U);
     ExpectSound(scene);
 }
 

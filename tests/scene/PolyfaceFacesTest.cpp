@@ -42,7 +42,7 @@ TEST(PolyfaceFaces, AreThoseThatTheRecordsName) {
     ASSERT_EQ(scene.faces.size(), 2U);
     ExpectCorners(scene.faces[0], {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}});
     ExpectCorners(scene.faces[1], {{1, 1, 0}, {1, 0, 0}, {0, 0, 0}});
-    EXPECT_EQ(scene.faultyCount + scene.otherCount, 0U) << "vertices and SEQEND are not counted";
+    EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U) << "vertices and SEQEND are not counted";
     ASSERT_EQ(scene.entities.size(), 1U);
     EXPECT_EQ(scene.entities[0].faceCount, 2U);
 }

@@ -210,7 +210,7 @@ TEST(PolylineFaces, OfOldPolylinesAreTheSame) {
     EXPECT_EQ(scene.least.z, 7.0);
     EXPECT_EQ(scene.most.z, 37.0);
     EXPECT_EQ(scene.entities.size(), 1U);
-    EXPECT_EQ(scene.otherCount, 0U);
+    EXPECT_EQ(OtherCount(scene), 0U);
     EXPECT_EQ(SceneOf(Entity("POLYLINE", "39=1 70=0") + Entity("VERTEX", "10=0 20=0 42=1") +
                       Entity("VERTEX", "10=1 20=0") + Entity("SEQEND", ""))
                   .faces.size(),
@@ -232,7 +232,7 @@ TEST(PolylineFaces, NeedAThickness) {
         const Scene scene =
             SceneOf(Lw(std::string(thickness) + " 70=1", kSquare) + Old(std::string(thickness) + " 70=1", kSquare));
         EXPECT_TRUE(scene.faces.empty());
-        EXPECT_EQ(scene.otherCount, 2U);
+        EXPECT_EQ(OtherCount(scene), 2U);
         EXPECT_EQ(scene.faultyCount, 0U);
     }
 }
@@ -240,7 +240,7 @@ TEST(PolylineFaces, NeedAThickness) {
 TEST(PolylineFaces, AreNoneOfAThreeDimensionalPolyline) {
     const Scene scene = SceneOf(Old("39=10 70=8", kSquare));
     EXPECT_TRUE(scene.faces.empty());
-    EXPECT_EQ(scene.otherCount, 1U);
+    EXPECT_EQ(OtherCount(scene), 1U);
 }
 
 TEST(PolylineFaces, AreFaultyWithoutTwoPoints) {

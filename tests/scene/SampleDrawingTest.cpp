@@ -26,7 +26,7 @@ TEST(SampleDrawing, HasAGroundSevenBuildingsARoofAndAPavilion) {
     const Sample sample;
     ASSERT_EQ(sample.m_scene.entities.size(), 10U);
     EXPECT_EQ(sample.m_scene.faultyCount, 0U);
-    EXPECT_EQ(sample.m_scene.otherCount, 1U) << "a text";
+    EXPECT_EQ(OtherCount(sample.m_scene), 1U) << "a text";
     EXPECT_EQ(sample.m_scene.least, QcGePoint(-40000, -40000, 0));
     EXPECT_EQ(sample.m_scene.most, QcGePoint(150000, 160000, 60000));
 }

@@ -21,7 +21,7 @@ using Colors = std::pair<int, int>;
 
 // Everything that could be counted.
 std::size_t CountOf(const Scene& scene) {
-    return scene.entities.size() + scene.otherCount + scene.faultyCount + scene.faces.size();
+    return scene.entities.size() + OtherCount(scene) + scene.faultyCount + scene.faces.size();
 }
 
 }  // namespace
@@ -51,15 +51,15 @@ TEST(Scene, ListsEntitiesInTheDrawingsOrderWithTheirFaces) {
     }
     EXPECT_EQ(scene.entities[1].faceCount, 2U);
     EXPECT_EQ(next, scene.faces.size());
-    EXPECT_EQ(scene.otherCount, 1U);
+    EXPECT_EQ(OtherCount(scene), 1U);
 }
 
 TEST(Scene, CountsKindsWithoutFacesOnceEach) {
-    const Scene scene = SceneOf(Entity("LINE", "") + Entity("SOLID", "39=3 10=0 20=0 11=1 21=0 12=0 22=1 13=1 23=1") +
-                                Entity("TRACE", "") + Entity("INSERT", "66=1") + Entity("ATTRIB", "") +
-                                Entity("ATTRIB", "") + Entity("SEQEND", "") + Entity("POLYLINE", "70=0") +
-                                Entity("VERTEX", "10=0 20=0") + Entity("SEQEND", "") + Entity("SOMETHING", ""));
-    EXPECT_EQ(scene.otherCount, 6U);
+    const Scene scene = SceneOf(Entity("LINE", "") + Entity("ATTDEF", "") + Entity("ATTRIB", "") +
+                                Entity("SOMETHING", "") + Entity("POLYLINE", "70=0") + Entity("VERTEX", "10=0 20=0") +
+                                Entity("SEQEND", "") + Entity(" LINE ", ""));
+    EXPECT_EQ(scene.passedOver,
+              (std::vector<KindCount>{{"LINE", 2}, {"ATTDEF", 1}, {"POLYLINE", 1}, {"SOMETHING", 1}}));
     EXPECT_EQ(scene.faultyCount, 0U);
     EXPECT_TRUE(scene.faces.empty());
 }
@@ -155,15 +155,6 @@ TEST(Scene, HasTheNormalsReady) {
         EXPECT_NEAR(face.Normal().z * AreaOf(face), area[2], 1e-12);
         EXPECT_FALSE(face.IsMaterialReady());
     }
-}
-
-TEST(Scene, ReadsNothingOfBlocks) {
-    const OpenDrawing drawing(
-        DrawingOf(Section("BLOCKS", Entity("BLOCK", "2=A") + Triangle("") + Entity("ENDBLK", "")) +
-                  Section("ENTITIES", Entity("INSERT", "2=A"))));
-    const Scene scene = BuildScene(drawing.database);
-    EXPECT_TRUE(scene.faces.empty());
-    EXPECT_EQ(scene.otherCount, 1U);
 }
 
 TEST(Scene, SeesWhatHasBeenChangedInTheDrawing) {
