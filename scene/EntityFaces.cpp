@@ -12,6 +12,7 @@
 #include "scene/MeshFaces.h"
 #include "scene/PolyfaceFaces.h"
 #include "scene/PolylineFaces.h"
+#include "scene/ThickFaces.h"
 
 namespace {
 
@@ -41,6 +42,18 @@ EntityOutcome AddPolyline(const AcDbDatabase& drawing, AcDbObjectId id, const En
     return OutcomeOf(AddPolyline2d(entity, vertices, division, faces));
 }
 
+// Of a kind that has faces only with a thickness.
+EntityOutcome AddThick(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {
+    if (!HasThickness(entity))
+        return EntityOutcome::Other;
+    const std::string_view type = entity.Type();
+    if (type == "LWPOLYLINE")
+        return OutcomeOf(AddLwPolyline(entity, division, faces));
+    if (type == "LINE")
+        return OutcomeOf(AddLine(entity, faces));
+    return OutcomeOf(type == "ARC" ? AddArc(entity, division, faces) : AddCircle(entity, division, faces));
+}
+
 EntityOutcome AddByType(const AcDbDatabase& drawing, AcDbObjectId id, const EntityGroups& entity, ArcDivision& division,
                         FaceList& faces) {
     const std::string_view type = entity.Type();
@@ -48,8 +61,10 @@ EntityOutcome AddByType(const AcDbDatabase& drawing, AcDbObjectId id, const Enti
         return OutcomeOf(AddFace3d(entity, faces));
     if (type == "MESH")
         return OutcomeOf(AddMesh(entity, faces));
-    if (type == "LWPOLYLINE")
-        return HasThickness(entity) ? OutcomeOf(AddLwPolyline(entity, division, faces)) : EntityOutcome::Other;
+    if (type == "SOLID" || type == "TRACE")
+        return OutcomeOf(AddSolid(entity, division, faces));
+    if (type == "LWPOLYLINE" || type == "LINE" || type == "ARC" || type == "CIRCLE")
+        return AddThick(entity, division, faces);
     return type == "POLYLINE" ? AddPolyline(drawing, id, entity, division, faces) : EntityOutcome::Other;
 }
 

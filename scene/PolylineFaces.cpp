@@ -92,6 +92,13 @@ void MakeCounterClockwise(Outline& outline) {
         std::reverse(outline.points.begin(), outline.points.end());
 }
 
+}  // namespace
+
+bool HasThickness(const EntityGroups& entity) {
+    double thickness = 0.0;
+    return !entity.Real(kThickness, thickness) || std::fabs(thickness) > g_fZero;
+}
+
 bool AddExtruded(const FlatPath& path, ArcDivision& division, FaceList& faces) {
     // So far up that the thickness is lost in the rounding, there is no body.
     if (!(std::fabs(path.elevation + path.thickness - path.elevation) > g_fZero))
@@ -105,13 +112,6 @@ bool AddExtruded(const FlatPath& path, ArcDivision& division, FaceList& faces) {
     if (outline.isClosed)
         AddCaps(body, outline, faces);
     return true;
-}
-
-}  // namespace
-
-bool HasThickness(const EntityGroups& entity) {
-    double thickness = 0.0;
-    return !entity.Real(kThickness, thickness) || std::fabs(thickness) > g_fZero;
 }
 
 bool AddLwPolyline(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {

@@ -58,10 +58,11 @@ struct Scene {
 // Reads every visible entity of the drawing's model space. Throws std::bad_alloc, and nothing else.
 //
 // Faces come of 3DFACE, MESH (the base cage, whatever its subdivision level), POLYLINE that is a polyface or polygon
-// mesh, and LWPOLYLINE and two-dimensional POLYLINE with a thickness: a wall for each segment, and where the outline is
-// closed a bottom and a top. The faces of a closed outline face outwards, the walls of an open one to the right of the
-// path; all others have their corners in the drawing's order. VERTEX, ATTRIB and SEQEND are parts of the entity before
-// them and not counted. What is invisible (group 60, a layer that is off or frozen, paper space) is not counted either.
+// mesh, SOLID and TRACE; and with a thickness of LWPOLYLINE, two-dimensional POLYLINE, LINE, ARC and CIRCLE: a wall for
+// each segment, and where the outline is closed a bottom and a top. The faces of a closed outline face outwards, the
+// walls of an open one to the right of the path; all others have their corners in the drawing's order. VERTEX, ATTRIB
+// and SEQEND are parts of the entity before them and not counted. What is invisible (group 60, a layer that is off or
+// frozen, paper space) is not counted either.
 //
 // An INSERT shows the faces of its block, moved, scaled, turned and repeated, and those of the blocks that are inserted
 // there; where it mirrors, their corners are turned round. In a block what lies on layer 0 lies on the INSERT's layer,
@@ -76,7 +77,7 @@ struct Scene {
 // face left is faulty. An extruded outline that crosses itself, or has more than 4096 corners with its arcs divided,
 // keeps its walls and has neither bottom nor top.
 //
-// Arcs (bulges) become chords that stray at most 50 mm from them, 4 to 64 for each arc, by the drawing's unit (UnitOf;
+// Arcs become chords that stray at most 50 mm from them, 4 to 64 for each arc, by the drawing's unit (UnitOf;
 // one that has no millimetres is taken for them). Beyond 250,000 chords in a drawing each further arc has 4.
 //
 // An INSERT that would bring the scene beyond `mostFaces` is left out, and so is each further one once four times as

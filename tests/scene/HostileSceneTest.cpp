@@ -21,7 +21,11 @@ std::string AllKinds() {
            Entity("VERTEX", "10=0 20=1 30=5 70=192") + Entity("VERTEX", "70=128 71=1 72=-2 73=3") +
            Entity("SEQEND", "") + Entity("POLYLINE", "70=16 71=2 72=2") + Entity("VERTEX", "10=0 20=0 30=0 70=64") +
            Entity("VERTEX", "10=0 20=1 30=0 70=64") + Entity("VERTEX", "10=1 20=0 30=0 70=64") +
-           Entity("VERTEX", "10=1 20=1 30=0 70=64") + Entity("SEQEND", "");
+           Entity("VERTEX", "10=1 20=1 30=0 70=64") + Entity("SEQEND", "") +
+           Entity("SOLID", "39=4 " + At(0, 0, 0) + At(9, 0, 0, 11) + At(0, 9, 0, 12) + At(9, 9, 0, 13)) +
+           Entity("TRACE", At(0, 0, 0) + At(9, 0, 0, 11) + At(0, 9, 0, 12) + "210=0 220=0.1 230=1") +
+           Entity("LINE", "39=4 " + At(0, 0, 0) + At(9, 0, 0, 11)) +
+           Entity("ARC", "39=4 40=5 50=10 51=200 " + At(1, 2, 3)) + Entity("CIRCLE", "39=4 40=5 " + At(1, 2, 3));
 }
 
 // What a scene promises, whatever the drawing was.
@@ -53,7 +57,7 @@ std::vector<std::string> LinesOf(const std::string& text) {
 
 TEST(HostileScene, AllKindsAreSoundAtFirst) {
     const Scene scene = SceneOf(AllKinds());
-    EXPECT_EQ(scene.entities.size(), 6U);
+    EXPECT_EQ(scene.entities.size(), 11U);
     EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U);
     ExpectSound(scene);
 }
