@@ -10,12 +10,14 @@
 struct AnalysisRemark {
     enum class Kind {
         NoWindows,         // no window on the layers that were asked for
-        NoFaces,           // nothing casts a shadow
+        NoFaces,           // nothing casts a shadow; `subject` lists what the drawing holds instead, empty for nothing
         LayerMissing,      // `subject` is a layer that was asked for by name and that the drawing does not have
         LayerInvisible,    // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
         NotAWindow,        // the entity `handle` on a layer of windows is no vertical rectangle
         Faulty,            // `count` entities of the drawing could not be read
-        UnreadBodies,      // `count` visible bodies (blocks, solids, surfaces) are of kinds that cast no shadow
+        TooLarge,          // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
+        WithoutFaces,      // `count` visible bodies are of kinds that are not read, and cast no shadow: `subject` lists
+                           // them
         SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes
         StepUnusable,      // the step is no time: no minutes
         SunBelowHorizon,   // the sun never stands above `amount` degrees of altitude in the span

@@ -9,10 +9,10 @@
 #include "analysis/DrawnWindows.h"
 #include "analysis/OccluderSet.h"
 #include "analysis/Reach.h"
+#include "analysis/SceneRemarks.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/SunPath.h"
 #include "analysis/Tolerances.h"
-#include "analysis/UnreadBodies.h"
 #include "analysis/WindowDay.h"
 #include "analysis/WindowFloors.h"
 #include "analysis/WindowSides.h"
@@ -97,16 +97,11 @@ void Analysis::ReadDrawing() {
     {
         const Scene scene = BuildScene(m_drawing);
         m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres);
-        if (scene.faultyCount != 0)
-            m_answer.remarks.push_back(RemarkOf(Kind::Faulty, scene.faultyCount));
+        m_answer.remarks = RemarksOn(scene, m_drawing, !m_occluders.faces.empty());
     }
-    if (const std::size_t count = CountUnreadBodies(m_drawing, layers))
-        m_answer.remarks.push_back(RemarkOf(Kind::UnreadBodies, count));
     WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness);
     m_windows = std::move(found.windows);
     m_answer.remarks.insert(m_answer.remarks.end(), found.remarks.begin(), found.remarks.end());
-    if (m_occluders.faces.empty())
-        m_answer.remarks.push_back(RemarkOf(Kind::NoFaces));
     SideRules sides{g_nWinThickness, g_nSunDistPrec, g_nSunWinOffset, m_request.facing};
     if (sides.facing)
         *sides.facing += m_request.north;  // from the drawing's x axis

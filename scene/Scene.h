@@ -11,6 +11,7 @@
 #include "platform/geometry/QcGePoint.h"
 #include "platform/host/AcDbObjectId.h"
 #include "scene/HiddenEdge.h"
+#include "scene/KindCounts.h"
 
 class AcDbDatabase;
 
@@ -26,13 +27,6 @@ struct SceneEntity {
     int trueColor = -1;
     std::size_t firstFace = 0;
     std::size_t faceCount = 0;
-};
-
-// How many entities of a kind there are.
-struct KindCount {
-    std::string type;
-    std::size_t count = 0;
-    bool operator==(const KindCount& other) const = default;
 };
 
 // An INSERT that would bring a scene beyond this is left out.

@@ -45,16 +45,17 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind : {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
-                            Kind::Faulty, Kind::UnreadBodies, Kind::SpanUnusable, Kind::StepUnusable,
+                            Kind::Faulty, Kind::TooLarge, Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable,
                             Kind::SunBelowHorizon, Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 13U);
+    EXPECT_EQ(messages.size(), 14U);
     EXPECT_FALSE(messages.contains(""));
-    for (const Kind kind : {Kind::LayerInvisible, Kind::Faulty, Kind::UnreadBodies, Kind::LeftOutByScope})
+    for (const Kind kind : {Kind::LayerInvisible, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope})
         EXPECT_TRUE(Has(MessageOf(kind), "1234567"));
-    for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible})
-        EXPECT_TRUE(Has(MessageOf(kind), "“某层\xEF\xBF\xBD”"));
-    EXPECT_TRUE(Has(MessageOf(Kind::NotAWindow), " 2F "));
+    for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces})
+        EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
+    for (const Kind kind : {Kind::NotAWindow, Kind::TooLarge})
+        EXPECT_TRUE(Has(MessageOf(kind), " 2F "));
     EXPECT_TRUE(Has(MessageOf(Kind::LeftOutByAltitude), "5.5 度"));
 }
 

@@ -148,3 +148,28 @@ TEST_F(WindowDrawing, ReadsItsFacesAnew) {
     ASSERT_EQ(m_drawing.GetScene()->faces.size(), 1u);
     EXPECT_EQ(m_drawing.GetScene()->faces[0].m_pt[0].x, 1.5);
 }
+
+TEST_F(WindowDrawing, SaysWhatADrawingWithoutFacesHolds) {
+    const std::string begin = "0\nSECTION\n2\nENTITIES\n";
+    m_folder.Write("lines.dxf", begin + "0\nLINE\n0\nTEXT\n0\nLINE\n0\nENDSEC\n0\nEOF\n");
+    m_folder.Write("empty.dxf", begin + "0\nENDSEC\n0\nEOF\n");
+    ASSERT_TRUE(Open("lines.dxf"));
+    EXPECT_EQ(TextForNoFaces(*m_drawing.GetScene()),
+              L"这个图形中没有可以显示的面。图形中有 2 LINE, 1 TEXT：都没有高度");
+    ASSERT_TRUE(Open("empty.dxf"));
+    EXPECT_EQ(TextForNoFaces(*m_drawing.GetScene()), L"这个图形中没有可以显示的面");
+}
+
+TEST_F(WindowDrawing, NamesTheInsertsThatAreTooLarge) {
+    std::string inserts;
+    for (int i = 0; i < 21; ++i)
+        inserts += "0\nINSERT\n5\n" + std::to_string(10 + i) + "\n2\nA\n10\n0\n20\n0\n70\n100000\n71\n100000\n";
+    m_folder.Write("large.dxf",
+                   "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n0\nLINE\n39\n1\n10\n0\n20\n0\n11\n1\n21\n0\n0\nENDBLK\n"
+                   "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" +
+                       inserts + "0\nENDSEC\n0\nEOF\n");
+    ASSERT_TRUE(Open("large.dxf"));
+    EXPECT_EQ(m_drawing.GetTooLargeText(),
+              L"21 个块参照的面太多（图形一共超过 5000000 个面），没有显示："
+              L"10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27 28 29 ...");
+}

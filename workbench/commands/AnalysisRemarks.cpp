@@ -6,6 +6,7 @@
 #include "facts/NearestNames.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
+#include "scene/Scene.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisWords.h"
 
@@ -23,7 +24,10 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(L"没有窗可以分析：窗是图层 %s 上竖直的矩形（三维面或闭合的多段线）；用 --windows 给出图层",
                              WindowLayersText(request));
         case Kind::NoFaces:
-            return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
+            if (remark.subject.IsEmpty())
+                return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
+            return SayFormat(L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度",
+                             Printable(remark.subject));
         case Kind::LayerMissing:
             return SayFormat(L"图形中没有图层“%s”（--windows）", Printable(remark.subject));
         case Kind::LayerInvisible:
@@ -33,10 +37,12 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(L"窗图层上的实体 %s 不是竖直的矩形，没有当作窗，也不投影子", HandleOrNone(remark.handle));
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
-        case Kind::UnreadBodies:
-            return SayFormat(
-                L"%s 个可见的实体（块参照、三维实体、曲面等）没有计入遮挡；请在制图程序里把它们分解或转换成网格",
-                Count(remark));
+        case Kind::WithoutFaces:
+            return SayFormat(L"图形中有 %s 个不能读的体（%s），没有计入遮挡；请在制图程序里改成网格或三维面",
+                             Count(remark), Printable(remark.subject));
+        case Kind::TooLarge:
+            return SayFormat(L"块参照 %s 的面太多（图形一共超过 %s 个面），没有计入遮挡；请简化它的块",
+                             HandleOrNone(remark.handle), DoubleToText(static_cast<double>(kMostSceneFaces)));
         case Kind::SpanUnusable:
             return Say(L"分析时段不是一天之内的时段（结束不晚于开始）：没有计入任何日照；用 orvo set 或另一个标准更改");
         case Kind::StepUnusable:
@@ -129,11 +135,15 @@ CString WindowLayersText(const AnalysisRequest& request) {
 std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer) {
     std::vector<CString> messages;
     Repeated noWindows;
+    Repeated tooLarge;
     for (const AnalysisRemark& remark : answer.remarks)
         if (remark.kind == Kind::NotAWindow)
             noWindows.Add(remark.handle, TextOf(remark, request));
+        else if (remark.kind == Kind::TooLarge)
+            tooLarge.Add(remark.handle, TextOf(remark, request));
         else
             messages.push_back(TextOf(remark, request));
+    tooLarge.Take(messages, L"另有 %d 个块参照的面太多：%s");
     noWindows.Take(messages, L"窗图层上另有 %d 个实体不是竖直的矩形：%s");
     AddNotes(answer, messages);
     return messages;

@@ -152,7 +152,7 @@ void MainWindow::Refresh() {
         m_log->AddComplaint(message);
     if (m_drawing.GetScene() != before)
         m_view->UpdateScene(m_drawing.GetScene());
-    m_view->SetHint(m_drawing.IsOpen() ? ShownSay(L"这个图形中没有可以显示的面")
+    m_view->SetHint(m_drawing.IsOpen() ? Shown(TextForNoFaces(*m_drawing.GetScene()))
                                        : ShownSay(L"把 DXF 文件拖到这里，或按 Ctrl+O 打开"));
     const QString note = Shown(Printable(g_SunDataSet.GetNoteString()));
     m_note->setText(note);
@@ -232,6 +232,8 @@ bool MainWindow::OpenFile(const CString& path) {
                              static_cast<int>(scene.faces.size())));
     if (scene.faultyCount > 0)
         m_log->AddComplaint(SayFormat(L"%d 个实体的数据组不成面，没有显示", static_cast<int>(scene.faultyCount)));
+    if (!scene.tooLarge.empty())
+        m_log->AddComplaint(m_drawing.GetTooLargeText());
     Refresh();
     return true;
 }

@@ -1,9 +1,12 @@
 // Opens and saves the window's drawing, and makes its scene.
 #include "workbench/window/OpenDrawing.h"
 
+#include <algorithm>
 #include <new>
 
+#include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AnalysisWords.h"
 
 namespace fs = std::filesystem;
 
@@ -81,4 +84,22 @@ bool OpenDrawing::HasFileChanged() const {
 
 CString OpenDrawing::GetFileName() const {
     return FromUtf8(PathOf(m_path).filename().string());
+}
+
+CString OpenDrawing::GetTooLargeText() const {
+    constexpr std::size_t kMostNamed = 20;
+    const std::vector<AcDbObjectId>& ids = m_scene->tooLarge;
+    CString handles;
+    for (std::size_t i = 0; i < std::min(ids.size(), kMostNamed); ++i)
+        handles += (i == 0 ? L"" : L" ") + HandleOrNone(m_drawing->GetHandle(ids[i]));
+    if (ids.size() > kMostNamed)
+        handles += L" ...";
+    return SayFormat(L"%d 个块参照的面太多（图形一共超过 %d 个面），没有显示：%s", static_cast<int>(ids.size()),
+                     static_cast<int>(kMostSceneFaces), handles);
+}
+
+CString TextForNoFaces(const Scene& scene) {
+    if (scene.passedOver.empty())
+        return Say(L"这个图形中没有可以显示的面");
+    return SayFormat(L"这个图形中没有可以显示的面。图形中有 %s：都没有高度", Printable(KindsText(scene.passedOver)));
 }

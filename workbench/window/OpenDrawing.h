@@ -36,6 +36,8 @@ public:
     const CString& GetPath() const { return m_path; }
     CString GetFileName() const;
     std::size_t GetEntityCount() const { return IsOpen() ? m_drawing->GetEntityCount() : 0; }
+    // Which INSERTs are left out for their number of faces.
+    CString GetTooLargeText() const;
     // Null when none is open.
     const std::shared_ptr<const Scene>& GetScene() const { return m_scene; }
 
@@ -54,3 +56,6 @@ private:
     CString m_path;
     std::optional<FileState> m_state;
 };
+
+// What to say where a scene without faces would be.
+CString TextForNoFaces(const Scene& scene);

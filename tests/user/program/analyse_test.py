@@ -48,12 +48,14 @@ def south_window(handle, layer="WINDOW", left=4.0, right=5.5, y=0.0, sill=1.0, t
     return face(handle, layer, [tuple(c * scale for c in corner) for corner in corners])
 
 
-def drawing(*entities, units=METRES, layers=()):
-    """Layers are pairs of a name and a colour, which is negative for one that is off."""
+def drawing(*entities, units=METRES, layers=(), blocks=()):
+    """Layers are pairs of a name and a colour, which is negative for one that is off; blocks of a name and entities."""
     records = "".join(groups((0, "LAYER"), (2, name), (70, 0), (62, color), (6, "CONTINUOUS")) for name, color in layers)
     return (groups((0, "SECTION"), (2, "HEADER"), (9, "$ACADVER"), (1, "AC1021"), (9, "$INSUNITS"), (70, units), (0, "ENDSEC"),
                    (0, "SECTION"), (2, "TABLES"), (0, "TABLE"), (2, "LAYER"), (70, len(layers))) + records +
-            groups((0, "ENDTAB"), (0, "ENDSEC"), (0, "SECTION"), (2, "ENTITIES")) + "".join(entities) +
+            groups((0, "ENDTAB"), (0, "ENDSEC"), (0, "SECTION"), (2, "BLOCKS")) +
+            "".join(groups((0, "BLOCK"), (2, name)) + content + groups((0, "ENDBLK")) for name, content in blocks) +
+            groups((0, "ENDSEC"), (0, "SECTION"), (2, "ENTITIES")) + "".join(entities) +
             groups((0, "ENDSEC"), (0, "EOF")))
 
 
@@ -439,12 +441,31 @@ class WhatCannotBe(AnalyseTest):
         self.assertEqual(answer.code, OK, answer)
         self.assertIn("没有投影子的面", answer.err)
         self.assertEqual(answer.json()["windows"][0]["hidden"], [])
+        lines = [groups((0, "LINE"), (8, "0"), (10, n), (20, 0), (11, n), (21, 5)) for n in range(3)]
+        inserts = [groups((0, "INSERT"), (2, "A"), (10, 0), (20, 0))] * 2
+        answer = self.orvo("analyse", self.put(drawing(south_window("B1"), *lines, *inserts, blocks=[("A", "")])),
+                           "--facing", "270")
+        self.assertIn("3 LINE, 2 INSERT：都没有高度", answer.err)
 
-    def test_bodies_that_cast_no_shadow(self):
-        body = "0\n3DSOLID\n5\nE1\n8\n建筑\n"
-        answer = self.orvo("analyse", self.put(drawing(*HOUSE, body, body.replace("E1", "E2"))), "--json")
-        self.assertEqual(answer.code, OK, answer)
-        self.assertIn("orvo: 2 个可见的实体（块参照、三维实体、曲面等）没有计入遮挡", answer.err)
+    def test_a_block_casts_the_shadow_of_what_it_holds(self):
+        """The same building drawn as it is, and as a block of half its size, mirrored and turned round."""
+        window = south_window("B1", left=0, right=1.5, y=0)
+        insert = groups((0, "INSERT"), (5, "C9"), (8, "建筑"), (2, "house"), (10, 0), (20, -20), (41, -2), (42, 2), (43, 2),
+                        (50, 180))
+        plain = drawing(window, box("C9", "建筑", 6, -40, 12, -24, 30))
+        block = drawing(window, insert, blocks=[("House", box("D1", "0", 3, 2, 6, 10, 15))])
+        answers = [self.orvo("analyse", self.put(each), "--facing", "270", "--json") for each in (plain, block)]
+        windows = [answer.json()["windows"] for answer in answers]
+        self.assertIn("C9", str(windows[0][0]["hidden"]))
+        self.assertEqual(windows[0], windows[1])
+
+    def test_a_block_with_too_many_faces_is_named(self):
+        insert = groups((0, "INSERT"), (5, "C9"), (2, "A"), (10, 0), (20, 0), (70, 1000000), (71, 1000000), (44, 1), (45, 1))
+        solid = groups((0, "3DSOLID"), (5, "CA"), (8, "0"))
+        answer = self.orvo("analyse", self.put(drawing(south_window("B1"), insert, solid,
+                                                       blocks=[("A", box("D1", "0", 0, 5, 1, 6, 1))])), "--facing", "270")
+        self.assertIn("块参照 C9 的面太多", answer.err)
+        self.assertIn("1 个不能读的体（1 3DSOLID）", answer.err)
 
     def test_notes_stand_on_the_error_stream_too(self):
         within = south_window("D1", left=2, right=3.5, y=4)

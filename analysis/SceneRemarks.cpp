@@ -1,0 +1,31 @@
+// Looks through what a scene has passed over.
+#include "analysis/SceneRemarks.h"
+
+#include "platform/host/AcDbDatabase.h"
+#include "scene/Scene.h"
+
+namespace {
+
+using Kind = AnalysisRemark::Kind;
+
+}  // namespace
+
+std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& drawing, bool hasShadows) {
+    std::vector<AnalysisRemark> remarks;
+    if (scene.faultyCount != 0)
+        remarks.push_back({Kind::Faulty, {}, 0, scene.faultyCount, 0.0});
+    for (const AcDbObjectId id : scene.tooLarge)
+        remarks.push_back({Kind::TooLarge, {}, drawing.GetHandle(id), 1, 0.0});
+    std::vector<KindCount> bodies;
+    std::size_t bodyCount = 0;
+    for (const KindCount& kind : scene.passedOver)
+        if (IsUnreadBody(kind.type)) {
+            bodies.push_back(kind);
+            bodyCount += kind.count;
+        }
+    if (bodyCount != 0)
+        remarks.push_back({Kind::WithoutFaces, KindsText(bodies), 0, bodyCount, 0.0});
+    if (!hasShadows)
+        remarks.push_back({Kind::NoFaces, KindsText(scene.passedOver), 0, 0, 0.0});
+    return remarks;
+}

@@ -1,0 +1,21 @@
+// How many entities of which kinds a drawing has, as a text.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/base/CString.h"
+
+struct KindCount {
+    std::string type;
+    std::size_t count = 0;
+    bool operator==(const KindCount& other) const = default;
+};
+
+// "700 LINE, 11 INSERT": the first ten, and "..." for what is left. Empty for none. What a type consists of is up to
+// the file.
+CString KindsText(const std::vector<KindCount>& kinds);
+
+// Whether entities of this type are bodies or surfaces that nobody here can read, so that a shadow is missing.
+bool IsUnreadBody(const std::string& type);
