@@ -21,6 +21,13 @@ double Distance(const FlatPoint& a, const FlatPoint& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
 }
 
+// Whether a corner's two edges enclose an area: its height over the line between its neighbours is more than g_fZero
+// and more than a thousand-millionth of the longest side.
+bool EnclosesArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c) {
+    const double longest = std::max({Distance(a, b), Distance(b, c), Distance(c, a)});
+    return std::fabs(Cross(a, b, c)) > LeastTwiceArea(longest);
+}
+
 bool IsSamePlace(const FlatPoint& a, const FlatPoint& b) {
     return a.x == b.x && a.y == b.y;
 }
@@ -115,7 +122,7 @@ EarClipper::EarClipper(const std::vector<FlatPoint>& outline) : m_points(outline
 
 // Whether a corner encloses nothing with its neighbours.
 bool EarClipper::IsFlat(std::size_t node) const {
-    return !HasArea(m_points[m_nodes[node].before], m_points[node], m_points[m_nodes[node].behind]);
+    return !EnclosesArea(m_points[m_nodes[node].before], m_points[node], m_points[m_nodes[node].behind]);
 }
 
 // Only reflex corners can be in the way, for where anything reaches into an ear one of them does.
@@ -242,7 +249,7 @@ bool IsConvexQuadrilateral(const std::vector<FlatPoint>& outline) {
         const FlatPoint& a = outline[i];
         const FlatPoint& b = outline[(i + 1) % 4];
         const FlatPoint& c = outline[(i + 2) % 4];
-        if (!HasArea(a, b, c))
+        if (!EnclosesArea(a, b, c))
             return false;
         left += Cross(a, b, c) > 0.0 ? 1 : 0;
     }
@@ -261,11 +268,6 @@ double TwiceSignedArea(const std::vector<FlatPoint>& outline) {
 double LeastTwiceArea(double longest) {
     constexpr double kFlatness = 1e-9;
     return longest * std::max(g_fZero, kFlatness * longest);
-}
-
-bool HasArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c) {
-    const double longest = std::max({Distance(a, b), Distance(b, c), Distance(c, a)});
-    return std::fabs(Cross(a, b, c)) > LeastTwiceArea(longest);
 }
 
 bool DividePolygon(const std::vector<FlatPoint>& outline, std::vector<PolygonPiece>& pieces) {

@@ -25,9 +25,6 @@ double TwiceSignedArea(const std::vector<FlatPoint>& outline);
 
 // What twice the area of a triangle has to exceed, by its longest side, for the triangle to have any.
 double LeastTwiceArea(double longest);
-// Whether a corner's two edges enclose an area: its height over the line between its neighbours is more than g_fZero
-// and more than a thousand-millionth of the longest side.
-bool HasArea(const FlatPoint& a, const FlatPoint& b, const FlatPoint& c);
 
 // The pieces of an outline, whose last point joins its first, that runs in either sense: one of four corners for a
 // convex quadrilateral, else triangles. They cover what the outline encloses, and each part of it once. Corners in one

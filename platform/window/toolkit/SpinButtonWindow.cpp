@@ -134,11 +134,6 @@ private:
 
 }  // namespace
 
-SpinArrows* SpinArrows::Of(HWND window) {
-    const WindowLink* link = WindowLink::Of(window);
-    return link ? dynamic_cast<Arrows*>(link->m_widget) : nullptr;
-}
-
 WindowLink& MakeSpinButton(const ControlRequest& request) {
     auto* arrows = new Arrows(request.parent, request.style);
     return MakeWindow(arrows, request.id, request.style, &CommonProcedure);
