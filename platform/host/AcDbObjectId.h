@@ -10,7 +10,6 @@ public:
     constexpr AcDbObjectId() = default;
 
     constexpr bool isNull() const { return m_value == 0; }
-    constexpr void setNull() { m_value = 0; }
 
     // The id as a number, and an id from such a number. The order of ids has no meaning; it only makes them keys.
     constexpr std::uint64_t asOldId() const { return m_value; }

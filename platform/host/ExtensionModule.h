@@ -47,7 +47,6 @@ ORVO_API CDynLinkLibrary* AfxGetFirstDynLinkLibrary();
 
 // The framework's state of the process.
 struct AFX_MODULE_STATE {
-    HINSTANCE m_hCurrentInstanceHandle = nullptr;
     // The module in whose resources dialogs and texts are looked up; null stands for the program.
     HINSTANCE m_hCurrentResourceHandle = nullptr;
 };

@@ -61,10 +61,6 @@ BOOL CMenu::AppendMenu(UINT flags, UINT_PTR id, const wchar_t* text) {
     return TRUE;
 }
 
-int CMenu::GetMenuItemCount() const {
-    return static_cast<int>(m_items.size());
-}
-
 int CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* owner) {
     if (!m_isCreated || !CanBeAnswered())
         return 0;

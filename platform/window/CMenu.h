@@ -19,7 +19,6 @@ public:
     BOOL CreatePopupMenu();
     // In a text, '&' marks the mnemonic, and what follows a tab is shown as the shortcut.
     BOOL AppendMenu(UINT flags, UINT_PTR id = 0, const wchar_t* text = nullptr);
-    int GetMenuItemCount() const;
     // Shows the menu at a place on the screen until an entry is chosen or it is left. With TPM_RETURNCMD the choice is
     // given (0: none); else it is sent to the owner as WM_COMMAND, and the result tells whether there was one.
     int TrackPopupMenu(UINT flags, int x, int y, CWnd* owner);

@@ -265,10 +265,6 @@ BOOL CWnd::OnSetCursor(CWnd* /*window*/, UINT /*hitTest*/, UINT /*message*/) {
     return static_cast<BOOL>(Default());
 }
 
-void CWnd::OnSize(UINT /*type*/, int /*width*/, int /*height*/) {
-    Default();
-}
-
 void CWnd::OnDestroy() {
     Default();
 }

@@ -83,9 +83,7 @@ public:
     // On the screen.
     void GetWindowRect(RECT* rect) const;
     void ScreenToClient(RECT* rect) const;
-    void ClientToScreen(POINT* point) const;
     void MoveWindow(const RECT* rect, BOOL repaint = TRUE);
-    void Invalidate(BOOL erase = TRUE);
     // The font's object belongs to the window and is valid until the window's font is set.
     CFont* GetFont() const;
     // The whole font, also where the toolkit has another one for this kind of window; null gives the toolkit's.
@@ -121,7 +119,6 @@ public:
     afx_msg void OnSetFocus(CWnd* oldWindow);
     afx_msg void OnKillFocus(CWnd* newWindow);
     afx_msg BOOL OnSetCursor(CWnd* window, UINT hitTest, UINT message);
-    afx_msg void OnSize(UINT type, int width, int height);
     afx_msg void OnDestroy();
     afx_msg void OnClose();
 

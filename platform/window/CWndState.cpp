@@ -139,21 +139,9 @@ void CWnd::ScreenToClient(RECT* rect) const {
     *rect = ToRect(corner, {rect->right - rect->left, rect->bottom - rect->top});
 }
 
-void CWnd::ClientToScreen(POINT* point) const {
-    if (const QWidget* widget = Widget(m_hWnd)) {
-        const QPoint place = widget->mapToGlobal(QPoint(point->x, point->y));
-        *point = {place.x(), place.y()};
-    }
-}
-
 void CWnd::MoveWindow(const RECT* rect, BOOL /*repaint*/) {
     if (QWidget* widget = Widget(m_hWnd))
         widget->setGeometry(rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top);
-}
-
-void CWnd::Invalidate(BOOL /*erase*/) {
-    if (QWidget* widget = Widget(m_hWnd))
-        widget->update();
 }
 
 CFont* CWnd::GetFont() const {

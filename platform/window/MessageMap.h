@@ -58,13 +58,6 @@ LRESULT Cursor(CWnd* target, WPARAM wParam, LPARAM lParam) {
 }
 
 template <class T, auto handler>
-LRESULT Size(CWnd* target, WPARAM wParam, LPARAM lParam) {
-    const auto bits = static_cast<std::uintptr_t>(lParam);
-    (static_cast<T*>(target)->*handler)(static_cast<UINT>(wParam), LOWORD(bits), HIWORD(bits));
-    return 0;
-}
-
-template <class T, auto handler>
 LRESULT Notify(CWnd* target, WPARAM, LPARAM lParam) {
     LRESULT result = 0;
     (static_cast<T*>(target)->*handler)(reinterpret_cast<NMHDR*>(lParam), &result);
@@ -108,7 +101,6 @@ protected:                                        \
 #define ON_CONTROL(code, id, handler) {WM_COMMAND, code, id, &MessageCall::Plain<ThisClass, handler>},
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
 #define ON_EN_CHANGE(id, handler) ON_CONTROL(EN_CHANGE, id, handler)
-#define ON_EN_KILLFOCUS(id, handler) ON_CONTROL(EN_KILLFOCUS, id, handler)
 #define ON_CBN_SELCHANGE(id, handler) ON_CONTROL(CBN_SELCHANGE, id, handler)
 #define ON_LBN_SELCHANGE(id, handler) ON_CONTROL(LBN_SELCHANGE, id, handler)
 #define ON_LBN_DBLCLK(id, handler) ON_CONTROL(LBN_DBLCLK, id, handler)
@@ -123,6 +115,5 @@ protected:                                        \
 #define ON_WM_SETFOCUS() {WM_SETFOCUS, 0, 0, &MessageCall::Focus<ThisClass, &ThisClass::OnSetFocus>},
 #define ON_WM_KILLFOCUS() {WM_KILLFOCUS, 0, 0, &MessageCall::Focus<ThisClass, &ThisClass::OnKillFocus>},
 #define ON_WM_SETCURSOR() {WM_SETCURSOR, 0, 0, &MessageCall::Cursor<ThisClass, &ThisClass::OnSetCursor>},
-#define ON_WM_SIZE() {WM_SIZE, 0, 0, &MessageCall::Size<ThisClass, &ThisClass::OnSize>},
 #define ON_WM_DESTROY() {WM_DESTROY, 0, 0, &MessageCall::Plain<ThisClass, &ThisClass::OnDestroy>},
 #define ON_WM_CLOSE() {WM_CLOSE, 0, 0, &MessageCall::Plain<ThisClass, &ThisClass::OnClose>},

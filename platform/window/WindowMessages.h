@@ -58,14 +58,12 @@ inline constexpr UINT WM_CLOSE = 0x0010;
 inline constexpr UINT WM_SETCURSOR = 0x0020;    // wParam: HWND; lParam: HTCLIENT and the mouse's message
 inline constexpr UINT WM_NOTIFY = 0x004E;       // wParam: id of the sender; lParam: NMHDR*
 inline constexpr UINT WM_CONTEXTMENU = 0x007B;  // wParam: HWND; lParam: the place on the screen
-inline constexpr UINT WM_NCDESTROY = 0x0082;
 inline constexpr UINT WM_GETDLGCODE = 0x0087;
 inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;  // wParam: id and notification code; lParam: HWND of the sender, 0 of a menu
 
 // The keyboard. wParam: virtual key or character; lParam: repeat count in the low word.
 inline constexpr UINT WM_KEYDOWN = 0x0100;
-inline constexpr UINT WM_KEYUP = 0x0101;
 inline constexpr UINT WM_CHAR = 0x0102;
 inline constexpr UINT WM_SYSKEYDOWN = 0x0104;
 inline constexpr UINT WM_IME_COMPOSITION = 0x010F;
@@ -83,7 +81,6 @@ inline constexpr UINT WM_UNDO = 0x0304;
 inline constexpr UINT PSM_CHANGED = 0x0468;
 inline constexpr UINT PSM_UNCHANGED = 0x046D;
 // The first number for messages of one's own.
-inline constexpr UINT WM_USER = 0x0400;
 inline constexpr UINT WM_APP = 0x8000;
 
 // Edits.
