@@ -45,9 +45,9 @@ CString ClockText(double hours) {
     const int seconds = Seconds(hours);
     const bool isBefore = seconds % kDay < 0;
     const int days = seconds / kDay - (isBefore ? 1 : 0);
-    const int second = seconds % kDay + (isBefore ? kDay : 0);
+    const ClockParts parts = SplitSeconds(seconds % kDay + (isBefore ? kDay : 0));
     CString text;
-    text.Format(L"%02d:%02d:%02d", second / kHour, second / kMinute % kMinute, second % kMinute);
+    text.Format(L"%02d:%02d:%02d", parts.hours, parts.minutes, parts.seconds);
     text += DayMark(days);
     return text;
 }

@@ -9,6 +9,18 @@
 inline constexpr int kMinutesPerHour = 60;
 inline constexpr int kMinutesPerDay = 24 * kMinutesPerHour;
 
+struct ClockParts {
+    int hours;
+    int minutes;
+    int seconds;
+};
+// Of a number of seconds that is not negative; the hours have no upper limit.
+constexpr ClockParts SplitSeconds(int seconds) {
+    constexpr int kSecondsPerMinute = 60;
+    const int minutes = seconds / kSecondsPerMinute;
+    return {minutes / kMinutesPerHour, minutes % kMinutesPerHour, seconds % kSecondsPerMinute};
+}
+
 // H:MM or HH:MM from 0:00 to 24:00 with ASCII digits, in whole minutes since midnight. Read strictly: none for every
 // other text.
 ORVO_API std::optional<int> ParseClock(const CString& text);

@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kMostNames = 10000;
 constexpr mode_t kPermissionBits = 07777;
-constexpr const char* kBackup = ".bak";
 constexpr auto kSameUser = static_cast<uid_t>(-1);
 
 bool FailWith(int error) {
@@ -157,12 +156,12 @@ bool AtomicSave::OnlyKeep() {
 
 // The backup appears in one step too: a second name first, which then takes the place of the backup before.
 bool AtomicSave::KeepAsBackup() {
-    const std::string second = m_temporary.Name() + ".bak";
+    const std::string second = m_temporary.Name() + kBackupEnding;
     if (link(m_target.c_str(), second.c_str()) != 0 && !Copy(m_target, second)) {
         RemoveQuietly(second);
         return false;
     }
-    m_kept = m_target + kBackup;
+    m_kept = m_target + kBackupEnding;
     const bool isGood = rename(second.c_str(), m_kept.c_str()) == 0;
     if (!isGood && errno == EISDIR)
         errno = kNoRoomForBackup;
@@ -265,7 +264,7 @@ SaveResult SaveFileAtomically(const wchar_t* path, std::string_view bytes, FileJ
 
 CString BackupPath(const wchar_t* path) {
     const std::string target = FollowLinks(ToUtf8(CString(path).View()));
-    return target.empty() ? CString() : FromUtf8(target + kBackup);
+    return target.empty() ? CString() : FromUtf8(target + kBackupEnding);
 }
 
 bool KeepRefusedFile(const wchar_t* path) {

@@ -2,6 +2,26 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+
+// What a file in UTF-8 may begin with.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+// ASCII only, in a byte or a unit of any width.
+template <class Character>
+constexpr bool IsDigit(Character character) {
+    return character >= '0' && character <= '9';
+}
+// The value of a hexadecimal digit; -1 for everything else.
+template <class Character>
+constexpr int HexDigit(Character character) {
+    if (IsDigit(character))
+        return static_cast<int>(character - '0');
+    if (character >= 'A' && character <= 'F')
+        return static_cast<int>(character - 'A') + 10;
+    return character >= 'a' && character <= 'f' ? static_cast<int>(character - 'a') + 10 : -1;
+}
+inline constexpr char kHexDigits[] = "0123456789ABCDEF";
 
 // Where a unit has 16 bits, a character beyond the basic plane is a pair of units. None of the halves is a character.
 constexpr bool IsFirstOfPair(char32_t unit) {

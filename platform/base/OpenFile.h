@@ -34,6 +34,7 @@ private:
 // Removes a name without hiding why the step before failed.
 void RemoveQuietly(const std::string& path);
 
+// Everything before the last '/'; "/" for a path directly below the root and "." for a bare name.
 std::string FolderOf(const std::string& path);
 
 // As many symbolic links in a row as the system itself follows.

@@ -54,14 +54,6 @@ std::string RealPath(const std::string& path) {
     return resolved ? std::string(resolved.get()) : std::string();
 }
 
-// Everything before the last '/'; "/" for a path directly below the root and "." for a bare name.
-std::string ParentOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 std::string InstalledDataFolderBytes() {
     Dl_info info{};
     // Any address in this library will do.
@@ -71,7 +63,7 @@ std::string InstalledDataFolderBytes() {
     const std::string library = RealPath(info.dli_fname);
     if (library.empty())
         return {};
-    const std::string prefix = ParentOf(ParentOf(ParentOf(library)));
+    const std::string prefix = FolderOf(FolderOf(FolderOf(library)));
     std::string folder = (prefix == "/" ? std::string() : prefix) + "/share/orvo";
     std::string resolved = RealPath(folder);
     return resolved.empty() ? folder : resolved;
@@ -135,7 +127,7 @@ std::string LinkTarget(const std::string& path) {
     if (length <= 0)
         return {};
     std::string target(buffer.data(), static_cast<std::size_t>(length));
-    return IsAbsolute(target) ? target : ParentOf(path) + "/" + target;
+    return IsAbsolute(target) ? target : FolderOf(path) + "/" + target;
 }
 
 // The real path of what exists, or the place where it would come to be: the real path of the nearest folder that exists
@@ -152,7 +144,7 @@ std::string PlaceOf(std::string path, int linksLeft = kMostLinks) {
             return linksLeft > 0 ? PlaceOf(target, linksLeft - 1) : std::string();
         if (path == "/" || path == ".")
             return {};
-        path = ParentOf(path);
+        path = FolderOf(path);
     }
 }
 

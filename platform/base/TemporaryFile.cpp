@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kMostNames = 10000;
 constexpr std::string_view kMark = ".saving-";
-constexpr std::string_view kBackup = ".bak";
+constexpr std::string_view kBackup = kBackupEnding;
 
 bool IsNumber(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });

@@ -8,6 +8,9 @@
 
 #include "platform/base/OpenFile.h"
 
+// What the name of a copy of the file before ends with.
+inline constexpr const char* kBackupEnding = ".bak";
+
 // A new file TARGET.saving-PROCESS-NUMBER. Its lock is held as long as this object lives, which is how others tell it
 // from one that nobody will ever finish; where the file system has no locks, none is held and none is ever removed.
 class TemporaryFile {

@@ -9,13 +9,10 @@
 #include <string_view>
 
 #include "platform/base/CString.h"
+#include "platform/base/Characters.h"
 #include "platform/base/TextSpace.h"
 
 namespace {
-
-bool IsDigit(wchar_t c) {
-    return c >= L'0' && c <= L'9';
-}
 
 const wchar_t* SkipSpace(const wchar_t* text) {
     while (IsTextSpace(*text))

@@ -50,19 +50,10 @@ char32_t NextCharacter(std::wstring_view text, std::size_t& at) {
 }
 
 void AppendEscaped(std::string& out, char32_t c) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     out += "_x";
     for (int shift = c > 0xFFFF ? 28 : 12; shift >= 0; shift -= 4)
-        out.push_back(kDigits[(c >> shift) & 0xF]);
+        out.push_back(kHexDigits[(c >> shift) & 0xF]);
     out.push_back('_');
-}
-
-int HexDigit(wchar_t c) {
-    if (c >= L'0' && c <= L'9')
-        return c - L'0';
-    if (c >= L'A' && c <= L'F')
-        return c - L'A' + 10;
-    return c >= L'a' && c <= L'f' ? c - L'a' + 10 : -1;
 }
 
 // What stands at `at` when it is an escape without its closing underscore: the character, and where it ends.

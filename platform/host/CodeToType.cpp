@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/host/DxfScanner.h"
 #include "platform/host/GroupStorage.h"
 
 namespace {
@@ -40,7 +41,6 @@ constexpr CodeRange kRanges[] = {
     {1020, 1039, RTNONE, GroupStorage::Real},   {1040, 1059, RTREAL, GroupStorage::Real},
     {1060, 1070, RTSHORT, GroupStorage::Short}, {1071, 1071, RTLONG, GroupStorage::Long},
 };
-constexpr int kLastCode = 1071;
 
 const CodeRange* FindRange(int code) {
     const CodeRange* range = std::partition_point(std::begin(kRanges), std::end(kRanges),
@@ -76,8 +76,12 @@ int CodeToType(int code) {
     return range ? range->type : RTNONE;
 }
 
+bool HoldsHandle(int code) {
+    return code == 5 || code == 105 || (code >= 320 && code <= 329) || code == 1005;
+}
+
 GroupStorage StorageOf(int type) {
-    if (type > kLastCode)
+    if (type > kMostDxfCode)
         return StorageOfResult(type);
     const CodeRange* range = FindRange(type);
     return range ? range->storage : GroupStorage::Text;

@@ -3,6 +3,8 @@
 
 #include <atomic>
 
+#include "platform/base/Characters.h"
+
 namespace {
 
 // The next id that has not been given yet.
@@ -33,7 +35,6 @@ Acad::ErrorStatus DxfDrawing::Read(const wchar_t* path, CString& message) {
 }
 
 DxfTextCodec DxfDrawing::ChooseCodec() const {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     constexpr std::string_view kFirstUtf8 = "AC1021";
     std::vector<DxfGroup> groups;
     GetHeaderVariable("$ACADVER", groups);

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstring>
 
+#include "platform/base/Characters.h"
+
 namespace {
 
 constexpr int kHandle = 5;
@@ -49,7 +51,6 @@ bool DxfIndex::Build(std::string_view text, DxfFault& fault, std::size_t& place)
         place = static_cast<std::size_t>(static_cast<const char*>(zero) - text.data());
         return false;
     }
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     DxfScanner scanner(text, text.substr(0, kByteOrderMark.size()) == kByteOrderMark ? kByteOrderMark.size() : 0);
     DxfRawGroup group;
     while (!m_isAtEnd) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/base/Characters.h"
 #include "platform/host/DxfIndex.h"
 #include "platform/host/DxfScanner.h"
 
@@ -142,7 +143,6 @@ private:
 
 DxfStyle DxfStyleOf(std::string_view text) {
     constexpr std::size_t kMostWidth = 8;
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
         text.remove_prefix(kByteOrderMark.size());
     DxfStyle style;

@@ -36,31 +36,24 @@ CString ToWide(std::u32string_view text) {
     return CString(std::wstring_view(out));
 }
 
-bool IsHexDigit(char32_t c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-char32_t HexDigit(char32_t c) {
-    return c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10;
-}
-
 // The number of four hexadecimal digits at a place; false when there are none.
 bool ReadHex4(std::u32string_view text, std::size_t at, char32_t& value) {
     if (text.size() < 4 || at > text.size() - 4)
         return false;
     value = 0;
     for (const char32_t c : text.substr(at, 4)) {
-        if (!IsHexDigit(c))
+        const int digit = HexDigit(c);
+        if (digit < 0)
             return false;
-        value = value * 16 + HexDigit(c);
+        value = value * 16 + static_cast<char32_t>(digit);
     }
     return true;
 }
 
 void AppendEscape(std::string& out, char32_t unit) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     out += "\\U+";
     for (int shift = 12; shift >= 0; shift -= 4)
-        out.push_back(kDigits[(unit >> shift) & 0xF]);
+        out.push_back(kHexDigits[(unit >> shift) & 0xF]);
 }
 
 // The system's name for a set by the name in a drawing; empty for none.

@@ -18,3 +18,6 @@ enum class GroupStorage {
 // which nothing is known keeps its value as the text that it is; other numbers have no value (Long, so that nothing is
 // freed).
 ORVO_API GroupStorage StorageOf(int type);
+
+// Whether the text of a group with this code is a handle: 1 to 16 hexadecimal digits, and nothing else.
+ORVO_API bool HoldsHandle(int code);

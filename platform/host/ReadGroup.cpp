@@ -3,6 +3,7 @@
 #include <charconv>
 #include <limits>
 
+#include "platform/base/Characters.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/GroupValue.h"
@@ -39,13 +40,6 @@ std::uint64_t ReadHandle(const std::string& text) {
     std::uint64_t value = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
     return value;
-}
-
-int HexDigit(char character) {
-    if (character >= '0' && character <= '9')
-        return character - '0';
-    const char lower = static_cast<char>(character | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
 // As far as there are pairs of digits, and a buffer can count the bytes.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/base/Characters.h"
 #include "platform/base/Language.h"
 
 namespace {
@@ -13,9 +14,6 @@ constexpr const wchar_t* kProgramOptions[] = {L"-h", L"--help", L"--version", L"
 
 bool IsLetter(wchar_t character) {
     return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
-}
-bool IsDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
 }
 
 // A letter, and then letters, digits and hyphens.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "platform/base/Characters.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/GroupValue.h"
@@ -22,27 +23,19 @@ std::string HexText(std::uint64_t value) {
 }
 
 std::string BytesText(const std::string& bytes) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     std::string text;
     for (const char byte : bytes) {
-        text.push_back(kDigits[static_cast<unsigned char>(byte) >> 4U]);
-        text.push_back(kDigits[static_cast<unsigned char>(byte) & 15U]);
+        text.push_back(kHexDigits[static_cast<unsigned char>(byte) >> 4U]);
+        text.push_back(kHexDigits[static_cast<unsigned char>(byte) & 15U]);
     }
     return text;
 }
 
 // A handle in a text: 1 to 16 hexadecimal digits.
 bool IsHandle(const CString& text) {
-    const auto isDigit = [](wchar_t character) {
-        return (character >= L'0' && character <= L'9') || (character >= L'a' && character <= L'f') ||
-               (character >= L'A' && character <= L'F');
-    };
+    const auto isDigit = [](wchar_t character) { return HexDigit(character) >= 0; };
     const std::wstring_view view = text.View();
     return !view.empty() && view.size() <= 16 && std::all_of(view.begin(), view.end(), isDigit);
-}
-
-bool HoldsHandle(int code) {
-    return code == 5 || code == 105 || (code >= 320 && code <= 329) || code == 1005;
 }
 
 bool IsSwitch(int code) {

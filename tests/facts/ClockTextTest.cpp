@@ -72,6 +72,14 @@ TEST(ShownClocks, AreInTheLanguageOfTheInterface) {
     EXPECT_EQ(Clock(49.0), "01:00:00 (2 days later)");
 }
 
+TEST(SplitSeconds, LeavesTheHoursUnbounded) {
+    for (const int seconds : {0, 59, 60, 3599, 3600, 86399, 86400, 360061}) {
+        const ClockParts parts = SplitSeconds(seconds);
+        EXPECT_EQ(parts.hours * 3600 + parts.minutes * 60 + parts.seconds, seconds);
+        EXPECT_TRUE(parts.minutes >= 0 && parts.minutes < 60 && parts.seconds >= 0 && parts.seconds < 60) << seconds;
+    }
+}
+
 TEST(ShownDurations, HaveASignAndAreRoundedToTheSecond) {
     EXPECT_EQ(Minutes(0.0), "+0分00秒");
     EXPECT_EQ(Minutes(0.031389), "+1分53秒");

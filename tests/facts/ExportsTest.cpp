@@ -46,6 +46,7 @@ void Take(const char* name, Type address) {
 #define TAKE_ONE(name, result, ...) Take(#name, static_cast<result (*)(__VA_ARGS__)>(&name))
 
 void TakeTexts() {
+    TAKE(SplitSeconds);
     TAKE(ParseClock);
     TAKE(ClockText);
     TAKE(MinutesText);

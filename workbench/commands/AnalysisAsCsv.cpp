@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analysis/WindowName.h"
+#include "facts/ClockText.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
@@ -84,13 +85,11 @@ private:
 };
 
 CString TimeCell(double hours) {
-    constexpr int kMinute = 60;
     constexpr int kHour = 3600;
     const int signedSeconds = static_cast<int>(std::lround(hours * kHour));
-    const int seconds = std::abs(signedSeconds);
+    const ClockParts parts = SplitSeconds(std::abs(signedSeconds));
     CString text;
-    text.Format(L"%s%02d:%02d:%02d", signedSeconds < 0 ? L"-" : L"", seconds / kHour, seconds / kMinute % kMinute,
-                seconds % kMinute);
+    text.Format(L"%s%02d:%02d:%02d", signedSeconds < 0 ? L"-" : L"", parts.hours, parts.minutes, parts.seconds);
     return text;
 }
 

@@ -79,13 +79,12 @@ CString NoteWord(WindowNote note) {
 
 CString DurationText(double minutes) {
     constexpr int kMinute = 60;
-    constexpr int kHour = 3600;
-    const int seconds = static_cast<int>(std::lround(minutes * kMinute));
+    const ClockParts parts = SplitSeconds(static_cast<int>(std::lround(minutes * kMinute)));
     CString text;
-    if (seconds % kMinute == 0)
-        text.Format(L"%d:%02d", seconds / kHour, seconds / kMinute % kMinute);
+    if (parts.seconds == 0)
+        text.Format(L"%d:%02d", parts.hours, parts.minutes);
     else
-        text.Format(L"%d:%02d:%02d", seconds / kHour, seconds / kMinute % kMinute, seconds % kMinute);
+        text.Format(L"%d:%02d:%02d", parts.hours, parts.minutes, parts.seconds);
     return text;
 }
 

@@ -14,6 +14,7 @@
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/CodeToType.h"
 #include "platform/host/GroupItems.h"
+#include "platform/host/GroupStorage.h"
 #include "platform/host/QcAdsEnt.h"
 #include "records/EntityData.h"
 #include "workbench/Texts.h"
@@ -45,10 +46,6 @@ bool IsPoint(int type) {
 
 bool IsReal(int type) {
     return type == RTREAL || type == RTANG || type == RTORINT;
-}
-
-bool HoldsHandle(int code) {
-    return (code >= 320 && code <= 329) || code == 1005;
 }
 
 // Of the first value of that code; 0 when there is none.

@@ -5,16 +5,12 @@
 #include <charconv>
 #include <limits>
 
+#include "platform/base/Characters.h"
 #include "platform/base/Language.h"
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kSigns = ",|&+-~(){}";
-
-bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
-}
 
 bool IsLetter(char character) {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') || character == '_';
