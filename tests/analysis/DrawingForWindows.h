@@ -67,6 +67,22 @@ inline std::string Extruded(const Site& site, const std::vector<std::pair<double
     }
     return Entity("LWPOLYLINE", all + text.str());
 }
+
+// A ring around a courtyard, its outline joined to the inner one by a slit.
+inline std::string Courtyard(const Site& site) {
+    return Extruded(site,
+                    {{0, 0},
+                     {20000, 0},
+                     {20000, 20000},
+                     {0, 20000},
+                     {0, 0},
+                     {5000, 5000},
+                     {5000, 15000},
+                     {15000, 15000},
+                     {15000, 5000},
+                     {5000, 5000}},
+                    0, 9000);
+}
 inline std::string Block(const Site& site, double x1, double y1, double x2, double y2, double low, double high) {
     return Extruded(site, {{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}, low, high);
 }

@@ -18,22 +18,6 @@ std::size_t LooseOf(const OccluderSet& set) {
     return count;
 }
 
-// A ring around a courtyard, its outline joined to the inner one by a slit.
-std::string Courtyard(const Site& site) {
-    return Extruded(site,
-                    {{0, 0},
-                     {20000, 0},
-                     {20000, 20000},
-                     {0, 20000},
-                     {0, 0},
-                     {5000, 5000},
-                     {5000, 15000},
-                     {15000, 15000},
-                     {15000, 5000},
-                     {5000, 5000}},
-                    0, 9000);
-}
-
 }  // namespace
 
 TEST(OccluderSet, HasTheFacesOfAllEntitiesInMillimetres) {

@@ -6,26 +6,10 @@
 
 #include <cmath>
 
-#include "JudgedScene.h"
-#include "PaperSun.h"
+#include "PaperHouse.h"
 #include "settings/AnalysisParameters.h"
 
 namespace {
-
-constexpr double kLatitude = 31.2;
-constexpr double kSolstice = 23.44;
-const PaperSun kWinter(kLatitude, -kSolstice);
-
-JudgedScene House() {
-    JudgedScene scene;
-    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
-    scene.Window(-750, 0, 1000, 1500, 1500);
-    return scene;
-}
-
-AnalysisRequest Winter() {
-    return RequestFor(kLatitude, -kSolstice);
-}
 
 AnalysisRequest AtTheSill(AnalysisRequest request) {
     request.settings.standard->fullWindow = 0;

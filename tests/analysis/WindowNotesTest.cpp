@@ -4,30 +4,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "JudgedScene.h"
-#include "PaperSun.h"
+#include "PaperHouse.h"
 #include "settings/AnalysisParameters.h"
 #include "settings/OrvoStdSet.h"
 
 namespace {
 
 using Kind = AnalysisRemark::Kind;
-
-constexpr double kLatitude = 31.2;
-constexpr double kSolstice = 23.44;
-const PaperSun kWinter(kLatitude, -kSolstice);
-
-// As in the cases found on paper: 1500 by 1500, sill at 1000, in a south wall.
-JudgedScene House() {
-    JudgedScene scene;
-    scene.Box(-10000, 0, 0, 10000, 8000, 30000);
-    scene.Window(-750, 0, 1000, 1500, 1500);
-    return scene;
-}
-
-AnalysisRequest Winter() {
-    return RequestFor(kLatitude, -kSolstice);
-}
 
 AnalysisRequest LimitedTo(double least, double most) {
     AnalysisRequest request = Winter();

@@ -91,18 +91,7 @@ TEST(WindowSides, OnAFaceIsWithinAMillimetreOrThePrecision) {
 
 TEST(WindowSides, InACourtyardFaceTheCourtyard) {
     for (const Site& site : kSites) {
-        const std::string ring = Extruded(site,
-                                          {{0, 0},
-                                           {20000, 0},
-                                           {20000, 20000},
-                                           {0, 20000},
-                                           {0, 0},
-                                           {5000, 5000},
-                                           {5000, 15000},
-                                           {15000, 15000},
-                                           {15000, 5000},
-                                           {5000, 5000}},
-                                          0, 9000);
+        const std::string ring = Courtyard(site);
         ExpectFacing(Tell(ring, site, 9000, 5000, 10500, 5000), 90);
         ExpectFacing(Tell(ring, site, 5000, 9000, 5000, 10500), 0);
         ExpectFacing(Tell(ring, site, 9000, 15000, 10500, 15000), 270);
