@@ -12,6 +12,8 @@
 #include <set>
 #include <string_view>
 
+#include "platform/base/Characters.h"
+
 namespace {
 
 constexpr int kMostNames = 10000;
@@ -19,7 +21,7 @@ constexpr std::string_view kMark = ".saving-";
 constexpr std::string_view kBackup = kBackupEnding;
 
 bool IsNumber(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit<char>);
 }
 
 // The temporary file that a name in the folder stands for, or belongs to; empty for all other names.
