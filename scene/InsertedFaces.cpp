@@ -56,7 +56,8 @@ bool InsertedFaces::AddBlock(const Block& block, const Placement& placement, con
     }
     for (const InnerInsert& inner : block.inserts) {
         const Surroundings within{surroundings.LayerOf(inner.look), surroundings.ColorOf(inner.look)};
-        if (!within.layer.isFrozen && !AddCopies(*inner.block, inner.insert, placement, within))
+        // None of them lies on a frozen layer: neither on one of its own, nor on one that is handed down.
+        if (!AddCopies(*inner.block, inner.insert, placement, within))
             return false;
     }
     return true;

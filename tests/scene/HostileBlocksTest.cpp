@@ -91,6 +91,10 @@ TEST(HostileBlocks, TooManyFacesAreLeftOutByName) {
     const std::string block = BlockText("A", Scalene());
     const std::string array = "2=A 70=1000000000 71=1000000000";
     EXPECT_EQ(TooLarge(block, Insert("5=A1 " + array) + Insert("5=A2 2=A"), kMostSceneFaces), Handles{0xA1});
+    std::string arrays;
+    for (int i = 0; i < 20; ++i)
+        arrays += Insert("5=B1 " + array);
+    EXPECT_EQ(TooLarge(block, arrays + Insert("5=A2 2=A"), 100), Handles(20, 0xB1)) << "they cost no work";
     EXPECT_EQ(TooLarge(Chain(60, "70=10"), Insert("5=A1 2=B60") + Insert("5=A2 2=B3"), kMostSceneFaces), Handles{0xA1});
     EXPECT_EQ(TooLarge(Chain(60, "70=2147483647 71=2147483647"), Insert("5=A1 2=B60"), kMostSceneFaces), Handles{0xA1});
 }
