@@ -1,5 +1,7 @@
-// Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change.
+// Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change; and
+// whatever it holds makes a sound scene, in which windows are looked for.
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -9,8 +11,13 @@
 #include <string>
 #include <vector>
 
+#include "analysis/DrawnWindows.h"
+#include "analysis/OccluderSet.h"
 #include "fuzz/MemoryFile.h"
 #include "platform/host/AcDbDatabase.h"
+#include "scene/EntityGroups.h"
+#include "scene/Outline.h"
+#include "scene/Scene.h"
 
 namespace {
 
@@ -73,6 +80,30 @@ std::vector<std::vector<DxfGroup>> AllEntities(const AcDbDatabase& database) {
     return all;
 }
 
+bool IsWithin(const QcGePoint& point) {
+    return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest && std::fabs(point.z) <= kFarthest;
+}
+
+// Few faces, so that an input that asks for many does not take the fuzzer's time.
+void TryScene(const AcDbDatabase& database, std::size_t fileSize) {
+    constexpr std::size_t kMostFaces = 2000;
+    const Scene scene = BuildScene(database, kMostFaces);
+    std::size_t next = 0;
+    for (const SceneEntity& entity : scene.entities) {
+        Require(entity.firstFace == next && entity.faceCount > 0 && entity.layer < scene.layers.size());
+        Require(entity.colorIndex >= 1 && entity.colorIndex <= 255);
+        next += entity.faceCount;
+    }
+    Require(next == scene.faces.size() && next <= kMostFaces + fileSize * kMostChords);
+    for (const QcGeFace3dEX& face : scene.faces)
+        for (int i = 0; i < face.GetCornerCount(); ++i)
+            // Thicknesses and extrusions add to coordinates that are within.
+            Require(IsWithin({face.m_pt[i].x / 4.0, face.m_pt[i].y / 4.0, face.m_pt[i].z / 4.0}));
+    MakeOccluders(scene, database, {}, 1.0);
+    for (const DrawnWindow& window : FindWindows(database, {}, 1.0, 200.0).windows)
+        Require(window.width > 0.0 && window.height > 0.0);
+}
+
 void TryDrawing(const std::uint8_t* data, std::size_t size) {
     const MemoryFile file(data, size);
     AcDbDatabase database;
@@ -81,6 +112,7 @@ void TryDrawing(const std::uint8_t* data, std::size_t size) {
     Require((status == Acad::eOk) == message.IsEmpty());
     if (status != Acad::eOk)
         return;
+    TryScene(database, size);
     Require(Saved(database) == std::string(reinterpret_cast<const char*>(data), size));
     for (std::size_t i = 0; i < database.GetEntityCount(); i += 2)
         ChangeEntity(database, i);
