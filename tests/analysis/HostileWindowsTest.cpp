@@ -51,14 +51,6 @@ std::size_t Analyse(const std::string& entities) {
     return windows.size();
 }
 
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 }  // namespace
 
 TEST(HostileWindows, AreSoundAtFirst) {

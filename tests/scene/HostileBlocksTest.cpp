@@ -168,3 +168,22 @@ TEST(HostileBlocks, AttributesBehindAnInsertAreNothing) {
     EXPECT_EQ(scene.faces.size(), 1U);
     EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U);
 }
+
+TEST(HostileBlocks, EveryValueOfAnInsertAndItsBlockMayBeAnything) {
+    const std::vector<std::string> lines = LinesOf(
+        BlockText("A", Scalene("8=0 62=0") + Entity("CIRCLE", "39=2 40=900 " + At(1, 2, 3)), At(1, 1, 1)) +
+        BlockText("B", Entity("INSERT", "8=0 62=0 2=A 41=-1 42=2 43=3 44=5 45=6 50=7 70=2 71=2 " + At(0, 0, 0))) +
+        Entity("BLOCK", "2=C") + Entity("INSERT", "8=X 62=3 2=B 210=0 220=0.1 230=1 41=2 " + At(5, 6, 7)));
+    for (const char* value : {"", "x", "-1", "0", "1e50", "-1e50", "nan", "2147483647", "1e-320", "7", "A", "B", "C"})
+        for (std::size_t i = 3; i < lines.size(); i += 2) {
+            if (lines[i - 1] == "0")
+                continue;
+            std::string blocks;
+            for (std::size_t k = 0; k < lines.size(); ++k)
+                blocks += (k == i ? value : lines[k]) + "\n";
+            const Scene scene = BlockScene(blocks + Entity("ENDBLK", ""), Insert("2=C") + Scalene(), {}, 1000);
+            ExpectSound(scene);
+            EXPECT_GE(scene.faces.size(), 1U);
+            EXPECT_LE(scene.faces.size(), 1001U);
+        }
+}

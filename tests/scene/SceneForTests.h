@@ -149,3 +149,28 @@ inline std::string FlagsOf(const QcGeFace3dEX& face) {
         text += flag == kHiddenEdge ? 'h' : flag == 0 ? '-' : '?';
     return text;
 }
+
+// What a scene promises, whatever the drawing was.
+inline void ExpectSound(const Scene& scene) {
+    std::size_t next = 0;
+    for (const SceneEntity& entity : scene.entities) {
+        ASSERT_EQ(entity.firstFace, next);
+        ASSERT_GT(entity.faceCount, 0U);
+        ASSERT_GE(entity.colorIndex, 1);
+        ASSERT_LE(entity.colorIndex, 255);
+        next += entity.faceCount;
+    }
+    ASSERT_EQ(next, scene.faces.size());
+    for (const QcGeFace3dEX& face : scene.faces) {
+        ASSERT_TRUE(face.GetPointNum() == 3 || face.GetPointNum() == 4);
+        ASSERT_NEAR(face.Normal().Length(), 1.0, 1e-6);
+    }
+}
+
+inline std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
