@@ -11,6 +11,7 @@
 #include "analysis/PlainDrawingText.h"
 #include "analysis/WindowRectangle.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/HandleText.h"
 #include "scene/EntityGroups.h"
 #include "scene/ObjectCoordinates.h"
 
@@ -24,7 +25,6 @@ constexpr int kAcross = 72;
 constexpr int kUp = 73;
 constexpr int kAligned = 3;
 constexpr int kFitted = 5;
-constexpr int kExtrusion = 210;
 
 bool ReadTextPoint(const EntityGroups& entity, QcGePoint& point) {
     const int across = entity.IntegerOr(kAcross, 0);
@@ -32,14 +32,10 @@ bool ReadTextPoint(const EntityGroups& entity, QcGePoint& point) {
     if (isByFirst || !entity.Point(kSecondPoint, point))
         if (!entity.Point(kPoint, point))
             return false;
-    QcGePoint direction(0.0, 0.0, 1.0);
     ObjectCoordinates axes;
-    if (!entity.Real(kExtrusion, direction.x) || !entity.Real(kExtrusion + 10, direction.y) ||
-        !entity.Real(kExtrusion + 20, direction.z) || !axes.SetExtrusion(QcGeVector3d(direction)))
+    if (!ReadExtrusion(entity, axes))
         return false;
-    // The world's own axis leaves the coordinates as they are.
-    if (direction != QcGePoint(0.0, 0.0, 1.0))
-        point = axes.ToWorld(point);
+    point = axes.ToWorld(point);
     return true;
 }
 
@@ -110,10 +106,7 @@ private:
 CString NameWithoutText(const DrawnWindow& window, std::size_t index) {
     if (window.handle == 0)
         return CString(std::wstring_view(L"#" + std::to_wstring(index + 1)));
-    std::wstring digits;
-    for (std::uint64_t rest = window.handle; rest != 0; rest /= 16)
-        digits.insert(digits.begin(), L"0123456789ABCDEF"[rest % 16]);
-    return CString(std::wstring_view(digits));
+    return HandleText(window.handle);
 }
 
 }  // namespace

@@ -8,10 +8,10 @@
 #include "facts/ClockText.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
+#include "platform/host/HandleText.h"
 #include "platform/host/Output.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/commands/EntityGroup.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "facts/DayText.h"
+#include "platform/host/HandleText.h"
 #include "platform/host/Output.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/commands/EntityGroup.h"
 #include "workbench/commands/SunAsJson.h"
 
 namespace {

@@ -1,21 +1,25 @@
 // Times, verdicts and reasons as texts.
 #include "workbench/commands/AnalysisWords.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "facts/ClockText.h"
 #include "platform/base/PlainText.h"
+#include "platform/host/HandleText.h"
 #include "workbench/Texts.h"
-#include "workbench/commands/EntityGroup.h"
 
 namespace {
 
-struct Reason {
-    DropReason reason;
+// What a value is called in documents, and for people.
+template <class Value>
+struct Naming {
+    Value value;
     const char* key;
     const wchar_t* word;  // built-in text
 };
-constexpr Reason kReasons[] = {
+constexpr Naming<DropReason> kReasons[] = {
     {DropReason::Facing, "facing", L"不在该朝向的有效时段内"},
     {DropReason::Angle, "angle", L"与墙面夹角太小"},
     {DropReason::Short, "short", L"时间段太短"},
@@ -23,30 +27,18 @@ constexpr Reason kReasons[] = {
     {DropReason::Threshold, "threshold", L"没有超过下限"},
 };
 
-struct Note {
-    WindowNote note;
-    const char* key;
-    const wchar_t* word;  // built-in text
-};
-constexpr Note kNotes[] = {
+constexpr Naming<WindowNote> kNotes[] = {
     {WindowNote::Cut, "cut", L"有面穿过这个窗，按整日被遮挡计"},
     {WindowNote::Inside, "inside", L"这个窗在闭合的体内"},
     {WindowNote::NoSide, "no side", L"分不清哪一侧是室外，没有分析；可用 --facing 给出朝向"},
     {WindowNote::Narrower, "narrower", L"比标准的最小窗宽窄"},
 };
 
-const Reason& RowOf(DropReason reason) {
-    for (const Reason& row : kReasons)
-        if (row.reason == reason)
-            return row;
-    return kReasons[0];
-}
-
-const Note& RowOf(WindowNote note) {
-    for (const Note& row : kNotes)
-        if (row.note == note)
-            return row;
-    return kNotes[0];
+// Every value has its row.
+template <class Value, std::size_t Count>
+const Naming<Value>& RowOf(Value value, const Naming<Value> (&rows)[Count]) {
+    return *std::find_if(std::begin(rows), std::end(rows) - 1,
+                         [=](const Naming<Value>& row) { return row.value == value; });
 }
 
 }  // namespace
@@ -56,11 +48,11 @@ const char* VerdictKey(bool passes) {
 }
 
 const char* ReasonKey(DropReason reason) {
-    return RowOf(reason).key;
+    return RowOf(reason, kReasons).key;
 }
 
 const char* NoteKey(WindowNote note) {
-    return RowOf(note).key;
+    return RowOf(note, kNotes).key;
 }
 
 CString VerdictWord(const std::optional<bool>& passes) {
@@ -70,11 +62,11 @@ CString VerdictWord(const std::optional<bool>& passes) {
 }
 
 CString ReasonWord(DropReason reason) {
-    return Say(RowOf(reason).word);
+    return Say(RowOf(reason, kReasons).word);
 }
 
 CString NoteWord(WindowNote note) {
-    return Say(RowOf(note).word);
+    return Say(RowOf(note, kNotes).word);
 }
 
 CString DurationText(double minutes) {

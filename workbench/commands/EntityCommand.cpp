@@ -9,6 +9,7 @@
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/GroupStorage.h"
+#include "platform/host/HandleText.h"
 #include "platform/host/HostDrawing.h"
 #include "platform/host/Output.h"
 #include "platform/host/Subcommands.h"

@@ -15,6 +15,7 @@
 #include "platform/host/CodeToType.h"
 #include "platform/host/GroupItems.h"
 #include "platform/host/GroupStorage.h"
+#include "platform/host/HandleText.h"
 #include "platform/host/QcAdsEnt.h"
 #include "records/EntityData.h"
 #include "workbench/Texts.h"
@@ -95,12 +96,6 @@ std::optional<std::uint64_t> ParseHandle(const CString& text) {
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), handle, 16);
     const bool isWhole = result.ec == std::errc() && result.ptr == digits.data() + digits.size();
     return isWhole && digits.size() <= 16 ? std::optional<std::uint64_t>(handle) : std::nullopt;
-}
-
-CString HandleText(std::uint64_t handle) {
-    char digits[16];
-    const auto result = std::to_chars(digits, digits + sizeof(digits), handle, 16);
-    return FromUtf8(std::string_view(digits, static_cast<std::size_t>(result.ptr - digits))).MakeUpper();
 }
 
 std::optional<std::int64_t> ParseInteger(const CString& text) {

@@ -53,7 +53,5 @@ private:
 
 // 1 to 16 hexadecimal digits.
 std::optional<std::uint64_t> ParseHandle(const CString& text);
-// As drawings write them: upper case, without leading zeros.
-CString HandleText(std::uint64_t handle);
 // A whole number with or without a sign; none for other texts and beyond 64 bits.
 std::optional<std::int64_t> ParseInteger(const CString& text);

@@ -6,6 +6,7 @@
 
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/HandleText.h"
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/EntityGroup.h"
