@@ -8,12 +8,11 @@
 #include "platform/host/AcDbDatabase.h"
 #include "scene/EntityGroups.h"
 #include "scene/FlatPath.h"
+#include "scene/GroupCodes.h"
 #include "scene/PolylineVertex.h"
 
 namespace {
 
-constexpr int kFirstCorner = 10;
-constexpr int kFlags = 70;
 constexpr int kClosed = 1;
 constexpr int kThreeDimensional = 8;
 constexpr int kMeshes = 16 | 64;
@@ -25,7 +24,7 @@ Vector3 ToMillimetres(const QcGePoint& point, double millimetres) {
 bool ReadFace(const EntityGroups& entity, double millimetres, std::vector<Vector3>& corners) {
     for (int i = 0; i < 4; ++i) {
         QcGePoint corner;
-        if (!entity.Point(kFirstCorner + i, corner))
+        if (!entity.Point(kX + i, corner))
             return false;
         corners.push_back(ToMillimetres(corner, millimetres));
     }

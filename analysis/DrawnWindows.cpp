@@ -16,7 +16,7 @@
 namespace {
 
 // What has an area, so that somebody may have meant it for a window. Lines, dimensions, points and the like are marks.
-bool HasArea(std::string_view type) {
+bool MayBeMeant(std::string_view type) {
     constexpr std::string_view kKinds[] = {"3DFACE", "LWPOLYLINE", "POLYLINE", "MESH",    "SOLID",  "TRACE",   "INSERT",
                                            "REGION", "HATCH",      "3DSOLID",  "SURFACE", "CIRCLE", "ELLIPSE", "BODY"};
     return std::find(std::begin(kKinds), std::end(kKinds), type) != std::end(kKinds);
@@ -59,9 +59,9 @@ void WindowFinder::Take(std::size_t index, const EntityGroups& entity) {
         return;
     const std::string_view type = entity.Type();
     if (!m_layers.Find(entity.Layer()).isVisible) {
-        if (HasArea(type))
+        if (MayBeMeant(type))
             CountInvisible(entity.Layer());
-    } else if (HasArea(type)) {
+    } else if (MayBeMeant(type)) {
         TakeOutline(index, entity, *layer);
     } else if (type == "TEXT" || type == "MTEXT") {
         WindowText text;

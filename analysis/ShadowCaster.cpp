@@ -3,14 +3,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "analysis/Boxes.h"
 #include "analysis/SkyWindow.h"
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr double kLongestSector = 8.0;  // hours
 
 // The middle of the box around all corners.

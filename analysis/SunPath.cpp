@@ -2,13 +2,11 @@
 #include "analysis/SunPath.h"
 
 #include <cmath>
-#include <numbers>
 
 #include "facts/Angles.h"
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr double kRadiansPerHour = kDegreesPerHour * kRadiansPerDegree;
 
 }  // namespace

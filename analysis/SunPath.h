@@ -7,10 +7,14 @@
 // the direction to it at the hour angle H is (cos d cos H, cos d sin H, sin d): facts/SunPosition.h in other axes.
 #pragma once
 
+#include <numbers>
+
 #include "analysis/HourSpans.h"
 #include "analysis/Vector3.h"
 
-// Whole hours of the day in radians of the hour angle, and back. Times are true solar time.
+inline constexpr double kTurn = 2.0 * std::numbers::pi;  // radians
+
+// Hours of the day in radians of the hour angle, and back. Times are true solar time.
 double HourAngleOf(double hours);
 double HoursOf(double hourAngle);
 

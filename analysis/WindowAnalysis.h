@@ -8,6 +8,7 @@
 
 #include "analysis/AnalysisRemark.h"
 #include "analysis/SunPeriod.h"
+#include "analysis/UsualWindowLayers.h"
 #include "analysis/WindowResult.h"
 #include "facts/DayTerms.h"
 #include "facts/Settings.h"
@@ -16,17 +17,18 @@
 
 class AcDbDatabase;
 
-// What is asked. A plain value.
+// What is asked. A plain value. Its numbers are the caller's to check: finite, and within the ranges given here;
+// whatever the settings, the standard and the drawing hold is checked and remarked on.
 struct AnalysisRequest {
-    Settings settings;             // place, day, rules: the place and the standard must be there
-    DayTerms terms;                // of settings.Day()
-    double north = 0.0;            // degrees: true north lies that far counter-clockwise of the drawing's y axis
-    std::optional<double> need;    // hours of judged sun that a window must have
+    Settings settings;   // place, day, rules: the place and the standard must be there
+    DayTerms terms;      // of settings.Day()
+    double north = 0.0;  // degrees, of any turn: true north lies that far counter-clockwise of the drawing's y axis
+    std::optional<double> need;    // hours of judged sun that a window must have, above 0
     std::optional<double> facing;  // degrees from true east, counter-clockwise: for windows whose side cannot be told
-    std::vector<CString> windowLayers;  // none: WINDOW and 窗
+    std::vector<CString> windowLayers;  // none: kUsualWindowLayers
     // Leave out what the module's parameters of scope, height and altitude (AnalysisParameters.h) leave out.
     bool isScoped = false;
-    std::optional<double> leastAltitude;  // degrees: the sun counts from this altitude on
+    std::optional<double> leastAltitude;  // degrees, [0, 90): the sun counts from this altitude on
 };
 
 enum class AnalysisFailure {

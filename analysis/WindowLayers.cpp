@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <new>
 
+#include "analysis/UsualWindowLayers.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DxfScanner.h"
 #include "scene/EntityGroups.h"
@@ -11,7 +12,6 @@
 namespace {
 
 constexpr int kName = 2;
-constexpr const wchar_t* kUsual[] = {L"WINDOW", L"窗"};
 
 std::wstring KeyOf(CString name) {
     return std::wstring(name.Trim().MakeLower().View());
@@ -24,7 +24,7 @@ WindowLayers::WindowLayers(const AcDbDatabase& drawing, const std::vector<CStrin
     for (const CString& name : names)
         m_layers.push_back({name, KeyOf(name)});
     if (m_areUsual)
-        for (const wchar_t* const name : kUsual)
+        for (const wchar_t* const name : kUsualWindowLayers)
             m_layers.push_back({name, KeyOf(name)});
     std::vector<AcDbObjectId> records;
     if (!drawing.GetSymbolTableRecords("LAYER", records))

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <unordered_map>
 #include <utility>
 
@@ -13,11 +12,11 @@
 #include "analysis/HalfPlaneCount.h"
 #include "analysis/OccluderSet.h"
 #include "analysis/WindowRectangle.h"
+#include "facts/Angles.h"
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-const double kParallel = std::cos(10.0 * kPi / 180.0);
+const double kParallel = std::cos(10.0 * kRadiansPerDegree);
 // How far beside a face it is asked what is inside.
 constexpr double kBesideFace = 2.0;
 constexpr double kInwards = 10.0;
@@ -281,7 +280,7 @@ Side SideFinder::ByFaces(const DrawnWindow& window) {
 Side SideFinder::ByFacing(const DrawnWindow& window) const {
     if (!m_rules.facing)
         return Side::Unknown;
-    const double angle = std::fmod(*m_rules.facing, 360.0) * kPi / 180.0;
+    const double angle = std::fmod(*m_rules.facing, 360.0) * kRadiansPerDegree;
     const double cosine = Dot(window.Outward(), {std::cos(angle), std::sin(angle), 0.0});
     return std::fabs(cosine) > kLeastCosine ? SideOf(cosine > 0.0) : Side::Unknown;
 }

@@ -2,6 +2,7 @@
 #include "workbench/commands/AnalysisRemarks.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "facts/NearestNames.h"
 #include "platform/base/PlainText.h"
@@ -129,7 +130,9 @@ CString WindowLayersText(const AnalysisRequest& request) {
     std::vector<CString> names;
     for (const CString& layer : request.windowLayers)
         names.push_back(Printable(layer));
-    return JoinNames(names.empty() ? std::vector<CString>{L"WINDOW", L"窗"} : names);
+    if (names.empty())
+        names.assign(std::begin(kUsualWindowLayers), std::end(kUsualWindowLayers));
+    return JoinNames(names);
 }
 
 std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer) {
