@@ -12,7 +12,6 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-
 #include "workbench/terminal/TextTable.h"
 
 namespace {
