@@ -11,7 +11,8 @@ struct AlmanacSun {
     double equationOfTime;  // true less mean solar time, hours
 };
 
-// Good to 0.01 degrees and 3.5 seconds of time from 1950 to 2050.
+// Good to a minute of arc (0.01 degrees of declination, which moves by 0.4 degrees in one of longitude) and 3.5 seconds
+// of time from 1950 to 2050.
 inline AlmanacSun SunAt(std::chrono::sys_seconds universalTime) {
     using namespace std::chrono;
     constexpr double kDegree = std::numbers::pi / 180.0;

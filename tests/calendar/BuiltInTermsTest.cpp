@@ -2,45 +2,16 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
 
+#include "AlmanacTerms.h"
 #include "ExpectedTerms.h"
 #include "calendar/OrvoDate.h"
 #include "platform/base/TextNumber.h"
-#include "support/Folders.h"
 
 namespace {
 
 CString DateOf(int month, int day) {
     return IntToText(month) + L"月" + IntToText(day) + L"日";
-}
-
-struct ObservedTerm {
-    std::string name;
-    int month = 0;
-    int day = 0;
-    double equationOfTime = 0;
-    double declination = 0;
-};
-
-std::vector<ObservedTerm> ReadObservedTerms() {
-    std::ifstream file(SourceFolder() + "/tests/calendar/data/terms-2001.csv");
-    std::vector<ObservedTerm> terms;
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line[0] == '#' || line.rfind("term,", 0) == 0)
-            continue;
-        std::istringstream fields(line);
-        ObservedTerm term;
-        char comma = 0;
-        std::getline(fields, term.name, ',');
-        fields >> term.month >> comma >> term.day >> comma >> term.equationOfTime >> comma >> term.declination;
-        EXPECT_FALSE(fields.fail()) << line;
-        terms.push_back(term);
-    }
-    return terms;
 }
 
 }  // namespace
@@ -97,32 +68,19 @@ TEST(BuiltInTerms, AreHalfAMonthApart) {
     }
 }
 
-// The tables serve every year, the observed numbers are those of one: they may differ by as much as the sun moves
-// in about a day, which is 0.0083 hours of equation of time and 0.4 degrees of declination at most. The tolerances are
+// The tables serve every year, the almanac's numbers are those of one: they may differ by as much as the sun moves in
+// about a day, which is 0.0083 hours of equation of time and 0.4 degrees of declination at most. The tolerances are
 // well within that.
 TEST(BuiltInTerms, AgreeWithTheSun) {
     using namespace std::chrono;
-    const std::vector<ObservedTerm> observed = ReadObservedTerms();
-    ASSERT_EQ(observed.size(), 24u);
     OrvoDate date(2001, 1, 1);
-    for (int index = 0; index < 24; ++index) {
-        const ObservedTerm& sun = observed[static_cast<std::size_t>(index)];
-        const OrvoSTerm* term = date.GetTerm(index);
-        EXPECT_NEAR(term->m_dgTime.getDegree(), sun.equationOfTime, 0.005) << sun.name;
-        EXPECT_NEAR(term->m_dgLat.getDegree(), sun.declination, 0.22) << sun.name;
+    for (const AlmanacTerm& sun : AlmanacTermsOf2001()) {
+        const OrvoSTerm* term = date.GetTerm(sun.index);
+        EXPECT_NEAR(term->m_dgTime.getDegree(), sun.equationOfTime, 0.005) << sun.index;
+        EXPECT_NEAR(term->m_dgLat.getDegree(), sun.declination, 0.22) << sun.index;
         const MonthDay day = term->GetMonthDay();
         const sys_days ours = year{2001} / day.month / day.day;
-        const sys_days theirs = year{2001} / sun.month / sun.day;
-        EXPECT_GE((ours - theirs).count(), 0) << sun.name;
-        EXPECT_LE((ours - theirs).count(), 1) << sun.name;
-    }
-}
-
-// The formula between the terms is a plain sine and off by up to two thirds of a degree.
-TEST(BuiltInTerms, LeaveADeclinationBetweenTermsThatIsNearTheSun) {
-    for (const ObservedTerm& sun : ReadObservedTerms()) {
-        OrvoDate date(2001, sun.month, sun.day);
-        EXPECT_NEAR(date.GetDgLat(), sun.declination, 0.9) << sun.name;
-        EXPECT_NEAR(date.GetDgTime(), sun.equationOfTime, 0.012) << sun.name;
+        EXPECT_GE((ours - sun.day).count(), 0) << sun.index;
+        EXPECT_LE((ours - sun.day).count(), 1) << sun.index;
     }
 }

@@ -4,14 +4,12 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
-#include <string>
+#include <utility>
 #include <vector>
 
 #include "AlmanacSun.h"
+#include "AlmanacTerms.h"
 #include "calendar/OrvoDate.h"
-#include "support/Folders.h"
 
 namespace {
 
@@ -57,46 +55,15 @@ struct Error {
     int count = 0;
 };
 
-// A term of 2024 or 2025 in an almanac: its index, and the sun at its instant and at 12:00 in Beijing on that day.
-struct AlmanacTerm {
-    int index = 0;
-    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
-    double equationOfTime = 0.0, declination = 0.0;
-    double equationOfTimeAtNoon = 0.0, declinationAtNoon = 0.0;
-};
-
-std::vector<AlmanacTerm> ReadAlmanac() {
-    std::ifstream file(SourceFolder() + "/tests/user/program/terms-2024-2025.csv");
-    std::vector<AlmanacTerm> terms;
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        AlmanacTerm term;
-        int longitude = 0;
-        EXPECT_EQ(
-            std::sscanf(line.c_str(), "%*d,%*[^,],%*[^,],%d,%d-%d-%d %d:%d:%d,%lf,%*f,%lf,%lf,%lf", &longitude,
-                        &term.year, &term.month, &term.day, &term.hour, &term.minute, &term.second,
-                        &term.equationOfTime, &term.declination, &term.equationOfTimeAtNoon, &term.declinationAtNoon),
-            11)
-            << line;
-        term.index = (longitude + 90) / 15 % 24;
-        terms.push_back(term);
-    }
-    EXPECT_EQ(terms.size(), 48u);
-    return terms;
-}
-
 }  // namespace
 
 TEST(SunError, IsMeasuredWithASunThatAgreesWithTheAlmanac) {
-    for (const AlmanacTerm& term : ReadAlmanac()) {
-        const sys_days day = year{term.year} / term.month / term.day;
-        const AlmanacSun noon = SunAtNoon(day);
+    for (const AlmanacTerm& term : AllAlmanacTerms()) {
+        const AlmanacSun noon = SunAtNoon(term.day);
         EXPECT_NEAR(noon.declination, term.declinationAtNoon, 0.01) << term.index;
         EXPECT_NEAR(noon.equationOfTime, term.equationOfTimeAtNoon, 3.5 / kSeconds) << term.index;
-        const AlmanacSun sun = SunAtBeijing(
-            day, std::chrono::hours{term.hour} + std::chrono::minutes{term.minute} + std::chrono::seconds{term.second});
-        EXPECT_NEAR(std::remainder(sun.longitude - 270.0 - 15.0 * term.index, 360.0), 0.0, 0.01) << term.index;
+        const AlmanacSun sun = SunAtBeijing(term.day, term.time);
+        EXPECT_NEAR(std::remainder(sun.longitude - 270.0 - 15.0 * term.index, 360.0), 0.0, 1.0 / 60.0) << term.index;
     }
 }
 
@@ -114,7 +81,7 @@ TEST(SunError, OfTheRowsAtTheInstantsOfTheTerms) {
     OrvoDate date(2025, 1, 1);
     Error declination;
     Error equationOfTime;
-    for (const AlmanacTerm& term : ReadAlmanac()) {
+    for (const AlmanacTerm& term : AlmanacTermsOf2024And2025()) {
         declination.Add(date.GetTerm(term.index)->m_dgLat.getDegree() - term.declination);
         equationOfTime.Add((date.GetTerm(term.index)->m_dgTime.getDegree() - term.equationOfTime) * kSeconds);
     }

@@ -6,80 +6,16 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <ctime>
-#include <fstream>
 #include <numbers>
-#include <string>
 #include <vector>
 
 #include "calendar/AlmanacSun.h"
+#include "facts/AlmanacDirections.h"
 #include "facts/DayTerms.h"
 #include "facts/SunDay.h"
-#include "support/Folders.h"
 
 namespace {
-
-// One row of the almanac.
-struct TabulatedSun {
-    double longitude;
-    double latitude;
-    std::time_t utc;
-    double trueSolarTime;
-    double declination;
-    SunPosition position;
-};
-
-std::vector<TabulatedSun> ReadAlmanac() {
-    std::ifstream file(SourceFolder() + "/tests/facts/data/sun-directions.csv");
-    std::vector<TabulatedSun> rows;
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        TabulatedSun row = {};
-        std::tm utc = {};
-        const int read =
-            std::sscanf(line.c_str(), "%*[^,],%lf,%lf,%d-%d-%dT%d:%d:%dZ,%lf,%lf,%lf,%lf", &row.longitude,
-                        &row.latitude, &utc.tm_year, &utc.tm_mon, &utc.tm_mday, &utc.tm_hour, &utc.tm_min, &utc.tm_sec,
-                        &row.trueSolarTime, &row.declination, &row.position.altitude, &row.position.azimuth);
-        EXPECT_EQ(read, 12) << line;
-        utc.tm_year -= 1900;
-        utc.tm_mon -= 1;
-        row.utc = timegm(&utc);
-        rows.push_back(row);
-    }
-    return rows;
-}
-
-// The angle between two directions on the sky, degrees.
-double Apart(const SunPosition& left, const SunPosition& right) {
-    const auto vector = [](const SunPosition& position) {
-        const double altitude = position.altitude * std::numbers::pi / 180.0;
-        const double azimuth = position.azimuth * std::numbers::pi / 180.0;
-        return SunDirection{std::cos(altitude) * std::sin(azimuth), std::cos(altitude) * std::cos(azimuth),
-                            std::sin(altitude)};
-    };
-    const SunDirection a = vector(left);
-    const SunDirection b = vector(right);
-    return 2.0 * std::asin(std::hypot(a.east - b.east, a.north - b.north, a.up - b.up) / 2.0) * 180.0 /
-           std::numbers::pi;
-}
-
-// The row's time by the module's calendar: the day that it is at the place, by its mean solar time.
-SunPosition PositionByTheCalendar(const TabulatedSun& row, CalendarDay& day) {
-    const auto meanTime = row.utc + static_cast<std::time_t>(row.longitude * 240.0);
-    std::tm local = {};
-    gmtime_r(&meanTime, &local);
-    day = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
-    std::tm midnight = {};
-    midnight.tm_year = local.tm_year;
-    midnight.tm_mon = local.tm_mon;
-    midnight.tm_mday = local.tm_mday;
-    const double beijing = static_cast<double>(row.utc + 8 * 3600 - timegm(&midnight)) / 3600.0;
-    const DayTerms terms = TermsFor(day);
-    const SunDay sun = ComputeSunDay(terms.declination, terms.equationOfTime, row.longitude, row.latitude);
-    return PositionOfSun(sun, sun.TrueSolarTime(beijing));
-}
 
 SunPosition At(double latitude, double declination, double time) {
     return PositionOfSun(ComputeSunDay(declination, 0.0, 120.0, latitude), time);
@@ -88,15 +24,14 @@ SunPosition At(double latitude, double declination, double time) {
 }  // namespace
 
 TEST(TheSunsPosition, IsTheAlmanacsForTheAlmanacsDeclinationAndHourAngle) {
-    const std::vector<TabulatedSun> rows = ReadAlmanac();
-    ASSERT_EQ(rows.size(), 936U);
+    const std::vector<TabulatedSun> rows = AlmanacDirections();
     for (const TabulatedSun& row : rows)
         EXPECT_LT(Apart(At(row.latitude, row.declination, row.trueSolarTime), row.position), 1e-4)
             << row.latitude << " at " << row.utc;
 }
 
 TEST(TheSunsPosition, ByTheModulesCalendarIsWithinTheStatedErrors) {
-    for (const TabulatedSun& row : ReadAlmanac()) {
+    for (const TabulatedSun& row : AlmanacDirections()) {
         CalendarDay day = {};
         const double error = Apart(PositionByTheCalendar(row, day), row.position);
         EXPECT_LT(error, 0.75) << day.month << '-' << day.day;
