@@ -1,5 +1,5 @@
 // Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change; and
-// whatever it holds makes a sound scene, in which windows are looked for.
+// whatever it holds makes a sound scene, in which windows are looked for and asked for their sun.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -14,6 +14,7 @@
 #include "analysis/DrawnWindows.h"
 #include "analysis/OccluderSet.h"
 #include "fuzz/MemoryFile.h"
+#include "fuzz/SoundAnswer.h"
 #include "platform/host/AcDbDatabase.h"
 #include "scene/EntityGroups.h"
 #include "scene/Outline.h"
@@ -102,6 +103,9 @@ void TryScene(const AcDbDatabase& database, std::size_t fileSize) {
     MakeOccluders(scene, database, {}, 1.0);
     for (const DrawnWindow& window : FindWindows(database, {}, 1.0, 200.0).windows)
         Require(window.width > 0.0 && window.height > 0.0);
+    // An analysis reads the scene with its own, larger bound: only what stays within the small one.
+    if (scene.tooLarge.empty())
+        SoundAnswer(AnalyseWindows(database, QuestionOf(fileSize % 2 == 0 ? kUsualQuestion : fileSize / 2)));
 }
 
 void TryDrawing(const std::uint8_t* data, std::size_t size) {
