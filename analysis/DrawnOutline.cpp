@@ -40,12 +40,6 @@ bool Close(bool saysSo, std::vector<Vector3>& corners) {
     return !corners.empty();
 }
 
-// How far an arc strays from its chord.
-bool IsStraight(const OutlineVertex& from, const OutlineVertex& to, double millimetres) {
-    const double chord = std::hypot(to.x - from.x, to.y - from.y) * millimetres;
-    return std::fabs(from.bulge) * chord / 2.0 <= kWindowTolerance;
-}
-
 bool TakePath(const FlatPath& path, double millimetres, std::vector<Vector3>& corners) {
     const std::size_t count = path.vertices.size();
     for (std::size_t i = 0; i < count; ++i) {
@@ -80,6 +74,12 @@ bool ReadPolyline(const AcDbDatabase& drawing, std::size_t index, const EntityGr
 }
 
 }  // namespace
+
+bool IsStraight(const OutlineVertex& from, const OutlineVertex& to, double millimetres) {
+    // How far an arc strays from its chord.
+    const double chord = std::hypot(to.x - from.x, to.y - from.y) * millimetres;
+    return std::fabs(from.bulge) * chord / 2.0 <= kWindowTolerance;
+}
 
 bool ReadOutline(const AcDbDatabase& drawing, std::size_t index, const EntityGroups& entity, double millimetres,
                  std::vector<Vector3>& corners) {

@@ -16,6 +16,7 @@ struct DrawnWindow {
     Vector3 right;      // unit, level: from the left to the right end; outward = right x up
     double width = 0.0;
     double height = 0.0;
+    bool isLine = false;    // drawn as a line of a plan
     bool hasSide = false;   // whether `outward` is known to point outside, else it is either side's
     bool isInside = false;  // its middle lies in a closed body
     std::optional<int> floor;
