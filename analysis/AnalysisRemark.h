@@ -9,13 +9,16 @@
 // One thing to know: its kind, and of the others what that kind names.
 struct AnalysisRemark {
     enum class Kind {
-        NoWindows,         // no window on the layers that were asked for
-        NoFaces,           // nothing casts a shadow; `subject` lists what the drawing holds instead, empty for nothing
-        LayerMissing,      // `subject` is a layer that was asked for by name and that the drawing does not have
-        LayerInvisible,    // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
-        NotAWindow,        // the entity `handle` on a layer of windows is no vertical rectangle
-        Faulty,            // `count` entities of the drawing could not be read
-        TooLarge,          // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
+        NoWindows,       // no window on the layers that were asked for
+        NoFaces,         // nothing casts a shadow; `subject` lists what the drawing holds instead, empty for nothing
+        LayerMissing,    // `subject` is a layer that was asked for by name and that the drawing does not have
+        LayerInvisible,  // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
+        NotAWindow,      // the entity `handle` on a layer of windows, or a part of it, is no vertical rectangle and
+                         // no line of a plan
+        LinesWithoutHeight,  // `count` lines on layers of windows would be windows if their height were told
+        NothingRepeated,     // storeys were asked for, and no window is drawn as a line
+        Faulty,              // `count` entities of the drawing could not be read
+        TooLarge,            // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
         WithoutFaces,      // `count` visible bodies are of kinds that are not read, and cast no shadow: `subject` lists
                            // them
         SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes

@@ -12,6 +12,8 @@ struct DrawnWindow {
     std::uint64_t handle = 0;
     std::uint32_t layer = 0;  // which of the layers of windows it is on
     CString name;
+    CString building;  // of the name as it is drawn, as WindowName tells them; a flat with its storey before it
+    CString flat;
     Vector3 lowerLeft;  // seen from the side that `outward` points to
     Vector3 right;      // unit, level: from the left to the right end; outward = right x up
     double width = 0.0;

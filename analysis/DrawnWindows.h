@@ -2,26 +2,33 @@
 // Why: docs/decisions/analysis.md
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "analysis/AnalysisRemark.h"
 #include "analysis/DrawnWindow.h"
+#include "analysis/PlanRules.h"
 #include "platform/base/CString.h"
 
 class AcDbDatabase;
 
 struct WindowsOfDrawing {
-    std::vector<DrawnWindow> windows;  // in the drawing's order; sides and floors not yet told
+    std::vector<DrawnWindow> windows;  // in the drawing's order, then those of further storeys; sides and floors not
+                                       // yet told
     std::vector<AnalysisRemark> remarks;
+    bool areTooMany = false;  // more than kMostWindows: there is nothing else
 };
 
-// 3DFACEs and closed polylines that are vertical rectangles (to within a millimetre), on layers of these names (as
-// WindowLayers takes them) that are seen, with the names that texts on their layers give: a text lies in the window
-// that it is nearest to of those whose rectangle it stands before or behind, at most `thickness` millimetres away.
-// `millimetres` is one unit of the drawing.
+// Beyond this the answer alone takes more memory than most computers have.
+inline constexpr std::size_t kMostWindows = 5'000'000;
+
+// On layers of these names (as WindowLayers takes them) that are seen: 3DFACEs and closed polylines that are vertical
+// rectangles (to within a millimetre), and what stands over the lines of plans (as ReadPlanSegments and
+// WindowOfSegment tell them, by the rules for plans). With the names that texts on their layers give (NameWindows),
+// and repeated where the rules ask for storeys. `millimetres` is one unit of the drawing.
 //
 // Remarks: LayerMissing for names that were asked for; LayerInvisible with how many entities that might have been
-// windows were passed over; NotAWindow for each entity with an area on a layer of windows that is no such rectangle;
-// NoWindows when there are none.
+// windows were passed over; NotAWindow for each line and each entity with an area on a layer of windows that is none,
+// or not wholly; LinesWithoutHeight; NothingRepeated; NoWindows when there are none.
 WindowsOfDrawing FindWindows(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
-                             double thickness);
+                             double thickness, const PlanRules& plan = {});

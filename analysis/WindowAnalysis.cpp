@@ -39,6 +39,8 @@ WindowResult ResultOf(const DrawnWindow& window, double north) {
     WindowResult result;
     result.handle = window.handle;
     result.name = window.name;
+    result.building = window.building;
+    result.flat = window.flat;
     result.floor = window.floor;
     if (window.hasSide)
         result.facing = FacingOf(window, north);
@@ -87,8 +89,10 @@ private:
 
 AnalysisAnswer Analysis::Run(const AnalysisProgress& progress) {
     ReadDrawing();
-    TellSpan();
-    AnalyseAll(progress);
+    if (m_answer.failure == AnalysisFailure::None) {
+        TellSpan();
+        AnalyseAll(progress);
+    }
     return std::move(m_answer);
 }
 
@@ -99,7 +103,11 @@ void Analysis::ReadDrawing() {
         m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres);
         m_answer.remarks = RemarksOn(scene, m_drawing, !m_occluders.faces.empty());
     }
-    WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness);
+    WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness, m_request.plan);
+    if (found.areTooMany) {
+        m_answer.failure = AnalysisFailure::TooManyWindows;
+        return;
+    }
     m_windows = std::move(found.windows);
     m_answer.remarks.insert(m_answer.remarks.end(), found.remarks.begin(), found.remarks.end());
     SideRules sides{g_nWinThickness, g_nSunDistPrec, g_nSunWinOffset, m_request.facing};

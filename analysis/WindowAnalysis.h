@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/AnalysisRemark.h"
+#include "analysis/PlanRules.h"
 #include "analysis/SunPeriod.h"
 #include "analysis/UsualWindowLayers.h"
 #include "analysis/WindowResult.h"
@@ -26,6 +27,7 @@ struct AnalysisRequest {
     std::optional<double> need;    // hours of judged sun that a window must have, above 0
     std::optional<double> facing;  // degrees from true east, counter-clockwise: for windows whose side cannot be told
     std::vector<CString> windowLayers;  // none: kUsualWindowLayers
+    PlanRules plan;
     // Leave out what the module's parameters of scope, height and altitude (AnalysisParameters.h) leave out.
     bool isScoped = false;
     std::optional<double> leastAltitude;  // degrees, [0, 90): the sun counts from this altitude on
@@ -33,10 +35,11 @@ struct AnalysisRequest {
 
 enum class AnalysisFailure {
     None,
-    NoPlace,      // settings.place is missing or off the globe
-    NoStandard,   // settings.standard is missing
-    UnknownUnit,  // the drawing's unit is none that lengths are measured in: `unit`
-    Cancelled,    // by the caller
+    NoPlace,         // settings.place is missing or off the globe
+    NoStandard,      // settings.standard is missing
+    TooManyWindows,  // more than kMostWindows, those of repeated storeys among them
+    UnknownUnit,     // the drawing's unit is none that lengths are measured in: `unit`
+    Cancelled,       // by the caller
 };
 
 struct AnalysisAnswer {
@@ -44,7 +47,7 @@ struct AnalysisAnswer {
     CString unit;                                     // of the drawing, by name; only with UnknownUnit
     SunPeriod span;                                   // that was analysed
     double beijingOffset = 0.0;                       // hours to add to true solar time for Beijing's
-    std::vector<WindowResult> windows;                // in the drawing's order
+    std::vector<WindowResult> windows;                // in the drawing's order, then those of repeated storeys
     std::vector<AnalysisRemark> remarks;
 };
 

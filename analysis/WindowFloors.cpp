@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <map>
 
-#include "analysis/WindowName.h"
-
 namespace {
 
 constexpr double kSameSill = 10.0;
@@ -15,7 +13,7 @@ constexpr double kSameSill = 10.0;
 void TellFloors(std::vector<DrawnWindow>& windows) {
     std::map<CString, std::vector<DrawnWindow*>> buildings;
     for (DrawnWindow& window : windows)
-        buildings[BuildingOf(window.name)].push_back(&window);
+        buildings[window.building].push_back(&window);
     for (auto& [name, building] : buildings) {
         std::sort(building.begin(), building.end(),
                   [](const DrawnWindow* a, const DrawnWindow* b) { return a->lowerLeft.z < b->lowerLeft.z; });

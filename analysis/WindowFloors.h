@@ -6,6 +6,6 @@
 
 #include "analysis/DrawnWindow.h"
 
-// Numbers the floors of each building (BuildingOf the name; all windows without one together) by equal sills: those
+// Numbers the floors of each building (all windows without one together) by equal sills: those
 // within 10 mm above the lowest of a floor are on it.
 void TellFloors(std::vector<DrawnWindow>& windows);

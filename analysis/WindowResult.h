@@ -47,6 +47,8 @@ struct WindowPart {
 struct WindowResult {
     std::uint64_t handle = 0;  // 0 where the drawing gives none
     CString name;              // as the drawing says it; where it does not, the handle in capital hexadecimal digits
+    CString building;          // empty for none, like the flat
+    CString flat;              // where a plan was repeated, with the storey before it
     std::optional<int> floor;  // 1 for the lowest sill of its building, and so on
     std::optional<double> facing;  // of the outward normal: degrees from true east, counter-clockwise, [0, 360)
     double width = 0.0;

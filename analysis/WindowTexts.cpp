@@ -1,7 +1,9 @@
 // Reads texts, and finds by a tree of boxes which window each lies in.
 #include "analysis/WindowTexts.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <string>
 #include <utility>
@@ -9,6 +11,7 @@
 #include "analysis/BoxTree.h"
 #include "analysis/Boxes.h"
 #include "analysis/PlainDrawingText.h"
+#include "analysis/WindowName.h"
 #include "analysis/WindowRectangle.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/HandleText.h"
@@ -25,6 +28,7 @@ constexpr int kAcross = 72;
 constexpr int kUp = 73;
 constexpr int kAligned = 3;
 constexpr int kFitted = 5;
+constexpr double kNameReachInPlan = 200.0;
 
 bool ReadTextPoint(const EntityGroups& entity, QcGePoint& point) {
     const int across = entity.IntegerOr(kAcross, 0);
@@ -69,38 +73,114 @@ struct Plate {
     }
 };
 
+// A window that is drawn as a line, as a text sees it: in plan.
+struct PlanLine {
+    const DrawnWindow& window;
+
+    double DistanceOf(const Vector3& place) const {
+        const Vector3 to = place - window.lowerLeft;
+        const Vector3 away = to - window.right * std::clamp(Dot(to, window.right), 0.0, window.width);
+        return std::hypot(away.x, away.y);
+    }
+    // How far a place is below its sill or above its head.
+    double HeightAway(const Vector3& place) const {
+        const double above = place.z - window.lowerLeft.z;
+        return std::fabs(above - std::clamp(above, 0.0, window.height));
+    }
+    // At level 0, whatever its own.
+    Box Reach() const {
+        const Vector3 end = window.lowerLeft + window.right * window.width;
+        return Widened(BoxAround(BoxAround(InPlan(window.lowerLeft)), BoxAround(InPlan(end))),
+                       kNameReachInPlan + kWindowTolerance);
+    }
+    static Vector3 InPlan(const Vector3& point) { return {point.x, point.y, 0.0}; }
+};
+
+// Of one kind, known by their number among all windows.
+struct WindowsToName {
+    std::vector<std::size_t> numbers;
+    std::vector<Box> boxes;
+    BoxTree tree;
+
+    void Add(std::size_t number, const Box& box) {
+        numbers.push_back(number);
+        boxes.push_back(box);
+    }
+    template <class Visit>
+    void VisitAt(const Vector3& place, const Visit& visit) const {
+        const Box here = BoxAround(place);
+        tree.Walk([&](const Box& box) { return Overlap(box, here); },
+                  [&](std::size_t index) { visit(numbers[index]); });
+    }
+};
+
 class NameGiver {
 public:
     NameGiver(const std::vector<DrawnWindow>& windows, double thickness) : m_windows(windows), m_thickness(thickness) {
-        std::vector<Box> boxes;
-        boxes.reserve(windows.size());
-        for (const DrawnWindow& window : windows)
-            boxes.push_back(Plate{window}.Reach(thickness));
-        m_tree = BoxTree(boxes);
+        for (std::size_t i = 0; i < windows.size(); ++i)
+            if (windows[i].isLine)
+                m_lines.Add(i, PlanLine{windows[i]}.Reach());
+            else
+                m_rectangles.Add(i, Plate{windows[i]}.Reach(thickness));
+        m_lines.tree = BoxTree(m_lines.boxes);
+        m_rectangles.tree = BoxTree(m_rectangles.boxes);
     }
 
-    // The number of the window that a text lies in; how many windows there are for none.
+    // The number of the window that a text names; how many windows there are for none.
     std::size_t WindowOf(const WindowText& text) const {
-        const Box here = BoxAround(text.place);
-        std::size_t nearest = m_windows.size();
-        double least = std::numeric_limits<double>::infinity();
-        m_tree.Walk([&](const Box& box) { return Overlap(box, here); },
-                    [&](std::size_t index) {
-                        const std::optional<double> distance = Plate{m_windows[index]}.DistanceOf(text.place);
-                        if (!distance || *distance > m_thickness || m_windows[index].layer != text.layer)
-                            return;
-                        if (*distance < least || (*distance == least && index < nearest)) {
-                            least = *distance;
-                            nearest = index;
-                        }
-                    });
-        return nearest;
+        const Nearest rectangle = NearestRectangle(text);
+        const Nearest line = NearestLine(text);
+        return line.IsBefore(rectangle) ? line.window : rectangle.window;
     }
 
 private:
+    // Of equally near ones the first.
+    struct Nearest {
+        std::size_t window;
+        double distance = std::numeric_limits<double>::infinity();
+
+        bool IsBefore(const Nearest& other) const {
+            return distance < other.distance || (distance == other.distance && window < other.window);
+        }
+        void Offer(const Nearest& other) {
+            if (other.IsBefore(*this))
+                *this = other;
+        }
+    };
+
+    Nearest NearestRectangle(const WindowText& text) const {
+        Nearest nearest{m_windows.size()};
+        m_rectangles.VisitAt(text.place, [&](std::size_t window) {
+            const std::optional<double> distance = Plate{m_windows[window]}.DistanceOf(text.place);
+            if (distance && *distance <= m_thickness && m_windows[window].layer == text.layer)
+                nearest.Offer({window, *distance});
+        });
+        return nearest;
+    }
+
+    // Lines of several storeys may lie above each other: of those the level chooses.
+    Nearest NearestLine(const WindowText& text) const {
+        const Vector3 place = PlanLine::InPlan(text.place);
+        Nearest inPlan{m_windows.size()};
+        m_lines.VisitAt(place, [&](std::size_t window) {
+            const double distance = PlanLine{m_windows[window]}.DistanceOf(place);
+            if (distance <= kNameReachInPlan && m_windows[window].layer == text.layer)
+                inPlan.Offer({window, distance});
+        });
+        const double most = std::min(inPlan.distance + kWindowTolerance, kNameReachInPlan);
+        Nearest inHeight{m_windows.size()};
+        m_lines.VisitAt(place, [&](std::size_t window) {
+            const PlanLine line{m_windows[window]};
+            if (line.DistanceOf(place) <= most && m_windows[window].layer == text.layer)
+                inHeight.Offer({window, line.HeightAway(text.place)});
+        });
+        return {inHeight.window, inPlan.distance};
+    }
+
     const std::vector<DrawnWindow>& m_windows;
     double m_thickness;
-    BoxTree m_tree;
+    WindowsToName m_rectangles;
+    WindowsToName m_lines;
 };
 
 CString NameWithoutText(const DrawnWindow& window, std::size_t index) {
@@ -131,7 +211,11 @@ void NameWindows(std::vector<DrawnWindow>& windows, const std::vector<WindowText
                 windows[index].name = text.text;
         }
     }
-    for (std::size_t i = 0; i < windows.size(); ++i)
-        if (windows[i].name.IsEmpty())
-            windows[i].name = NameWithoutText(windows[i], i);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        DrawnWindow& window = windows[i];
+        if (window.name.IsEmpty())
+            window.name = NameWithoutText(window, i);
+        window.building = BuildingOf(window.name);
+        window.flat = FlatOf(window.name);
+    }
 }

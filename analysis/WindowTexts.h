@@ -21,7 +21,9 @@ struct WindowText {
 // data that are unsound.
 bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, double millimetres, WindowText& text);
 
-// Names the windows: by the first of the texts, in their order, that lie in one; without any by the handle, and where
-// there is none by its number among the windows ("#3"). A text lies in the nearest window (of several equally near the
-// first) of those on its layer whose rectangle it stands before or behind, at most `thickness` away.
+// Names the windows, with their buildings and flats: by the first of the texts, in their order, that belong to one;
+// without any by the handle, and where there is none by its number among the windows ("#3"). A text belongs to the
+// nearest window (of several equally near the first) of those on its layer: of rectangles those that it stands before
+// or behind, at most `thickness` away; of windows drawn as lines those within 200 mm in plan, at whatever level, and of
+// those within a millimetre of the nearest one the nearest in height.
 void NameWindows(std::vector<DrawnWindow>& windows, const std::vector<WindowText>& texts, double thickness);

@@ -254,10 +254,11 @@ TEST(DrawnWindows, RefuseNumbersThatAreNone) {
 }
 
 TEST(DrawnWindows, AreNeitherMeshesNorBlocksNorMarks) {
-    for (const char* kind : {"MESH", "SOLID", "TRACE", "INSERT", "REGION", "HATCH", "3DSOLID", "CIRCLE", "ELLIPSE"})
+    for (const char* kind :
+         {"MESH", "SOLID", "TRACE", "INSERT", "REGION", "HATCH", "3DSOLID", "CIRCLE", "ELLIPSE", "ARC", "LINE"})
         ExpectNone(Entity(kind, "5=C0FFEE 8=WINDOW"), kind, 0xC0FFEE);
     ExpectNone(Old("70=64", {}), "polyface");
-    for (const char* kind : {"TEXT", "MTEXT", "LINE", "ARC", "POINT", "DIMENSION", "LEADER", "ATTDEF"}) {
+    for (const char* kind : {"TEXT", "MTEXT", "POINT", "DIMENSION", "LEADER", "ATTDEF"}) {
         const WindowsOfDrawing found = WindowsIn(Entity(kind, "8=WINDOW"));
         EXPECT_EQ(found.remarks.size(), 1U) << kind;
         EXPECT_EQ(CountOf(found, Kind::NoWindows), 1U) << kind;
@@ -302,7 +303,7 @@ TEST(DrawnWindows, AreNotOnLayersThatAreOffOrFrozen) {
         ASSERT_EQ(found.remarks.size(), 1U);
         EXPECT_EQ(found.remarks[0].kind, Kind::LayerInvisible);
         EXPECT_EQ(found.remarks[0].subject, L"WINDOW");
-        EXPECT_EQ(found.remarks[0].count, 3U) << "neither the line nor the vertices";
+        EXPECT_EQ(found.remarks[0].count, 4U) << "the line, too, and no vertices";
     }
     const WindowsOfDrawing all = WindowsIn(windows, Layer("WINDOW", "62=-7") + Layer("窗", "70=1"));
     EXPECT_EQ(CountOf(all, Kind::LayerInvisible), 2U);
@@ -319,7 +320,7 @@ TEST(DrawnWindows, AreNotWhatIsInvisibleOrInPaperSpace) {
 }
 
 TEST(DrawnWindows, ComeInTheDrawingsOrderWithTheirHandles) {
-    const WindowsOfDrawing found = WindowsIn(Window("5=B", 0) + Entity("LINE", "8=WINDOW 5=A") + Window("5=9", 5000) +
+    const WindowsOfDrawing found = WindowsIn(Window("5=B", 0) + Entity("POINT", "8=WINDOW 5=A") + Window("5=9", 5000) +
                                              Level("8=WINDOW 5=F", kHere, 0, 0, 9, 9, 0) + Window("", 9000));
     ASSERT_EQ(found.windows.size(), 3U);
     EXPECT_EQ(found.windows[0].handle, 0xBU);

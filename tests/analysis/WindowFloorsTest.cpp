@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "analysis/WindowName.h"
+
 namespace {
 
 std::vector<int> FloorsOf(const std::vector<std::pair<const wchar_t*, double>>& namesAndSills) {
@@ -12,6 +14,7 @@ std::vector<int> FloorsOf(const std::vector<std::pair<const wchar_t*, double>>& 
     for (const auto& [name, sill] : namesAndSills) {
         windows.emplace_back();
         windows.back().name = name;
+        windows.back().building = BuildingOf(name);
         windows.back().lowerLeft.z = sill;
     }
     TellFloors(windows);

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "analysis/WindowName.h"
 #include "platform/host/Output.h"
 #include "workbench/commands/AnalysisReport.h"
 
@@ -41,11 +42,17 @@ inline AnalysisReport BareReport() {
     return report;
 }
 
+inline void NameAsDrawn(WindowResult& window, const CString& name) {
+    window.name = name;
+    window.building = BuildingOf(name);
+    window.flat = FlatOf(name);
+}
+
 // A window that is lit from 9 to 12 and hidden before and after.
 inline WindowResult LitWindow(std::uint64_t handle, const CString& name) {
     WindowResult window;
     window.handle = handle;
-    window.name = name;
+    NameAsDrawn(window, name);
     window.floor = 1;
     window.facing = 270.0;
     window.width = 1.5;
@@ -67,7 +74,7 @@ inline WindowResult LitWindow(std::uint64_t handle, const CString& name) {
 inline WindowResult WindowWithoutSide(std::uint64_t handle, const CString& name) {
     WindowResult window;
     window.handle = handle;
-    window.name = name;
+    NameAsDrawn(window, name);
     window.notes = {WindowNote::NoSide};
     return window;
 }

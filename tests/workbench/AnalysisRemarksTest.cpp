@@ -45,12 +45,14 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind : {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
-                            Kind::Faulty, Kind::TooLarge, Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable,
-                            Kind::SunBelowHorizon, Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
+                            Kind::LinesWithoutHeight, Kind::NothingRepeated, Kind::Faulty, Kind::TooLarge,
+                            Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable, Kind::SunBelowHorizon,
+                            Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 14U);
+    EXPECT_EQ(messages.size(), 16U);
     EXPECT_FALSE(messages.contains(""));
-    for (const Kind kind : {Kind::LayerInvisible, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope})
+    for (const Kind kind :
+         {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope})
         EXPECT_TRUE(Has(MessageOf(kind), "1234567"));
     for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces})
         EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
@@ -110,12 +112,13 @@ TEST(AnalysisRemarks, SayWhyThereIsNoAnswer) {
     AnalysisReport report = BareReport();
     report.answer.unit = L"英寸\x07";
     std::set<CString> texts;
-    for (const AnalysisFailure failure : {AnalysisFailure::NoPlace, AnalysisFailure::NoStandard,
-                                          AnalysisFailure::UnknownUnit, AnalysisFailure::Cancelled}) {
+    for (const AnalysisFailure failure :
+         {AnalysisFailure::NoPlace, AnalysisFailure::NoStandard, AnalysisFailure::TooManyWindows,
+          AnalysisFailure::UnknownUnit, AnalysisFailure::Cancelled}) {
         report.answer.failure = failure;
         texts.insert(FailureText(report.request, report.answer));
     }
-    EXPECT_EQ(texts.size(), 4U);
+    EXPECT_EQ(texts.size(), 5U);
     EXPECT_FALSE(texts.contains(CString()));
     report.answer.failure = AnalysisFailure::UnknownUnit;
     EXPECT_TRUE(Has(ToUtf8(FailureText(report.request, report.answer).View()), "“英寸\xEF\xBF\xBD”"));

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <string>
 
-#include "analysis/WindowName.h"
 #include "facts/ClockText.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
@@ -148,8 +147,8 @@ std::string LineOf(const WindowResult& window, double beijingOffset) {
     CsvLine line;
     line.AddText(window.passes ? FromUtf8(VerdictKey(*window.passes)) : CString());
     line.AddText(window.name);
-    line.AddText(BuildingOf(window.name));
-    line.AddText(FlatOf(window.name));
+    line.AddText(window.building);
+    line.AddText(window.flat);
     line.AddText(window.handle == 0 ? CString() : HandleText(window.handle));
     line.AddNumber(window.floor);
     line.AddNumber(window.facing);

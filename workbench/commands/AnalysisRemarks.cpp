@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "analysis/DrawnWindows.h"
 #include "facts/NearestNames.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
@@ -22,8 +23,10 @@ CString Count(const AnalysisRemark& remark) {
 CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
     switch (remark.kind) {
         case Kind::NoWindows:
-            return SayFormat(L"没有窗可以分析：窗是图层 %s 上竖直的矩形（三维面或闭合的多段线）；用 --windows 给出图层",
-                             WindowLayersText(request));
+            return SayFormat(
+                L"没有窗可以分析：窗是图层 %s 上竖直的矩形（三维面或闭合的多段线）或平面图里的直线；用 --windows "
+                L"给出图层",
+                WindowLayersText(request));
         case Kind::NoFaces:
             if (remark.subject.IsEmpty())
                 return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
@@ -35,7 +38,15 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(L"窗图层“%s”关闭或冻结，其上的 %s 个实体没有分析；请先打开图层", Printable(remark.subject),
                              Count(remark));
         case Kind::NotAWindow:
-            return SayFormat(L"窗图层上的实体 %s 不是竖直的矩形，没有当作窗，也不投影子", HandleOrNone(remark.handle));
+            return SayFormat(L"窗图层上的实体 %s 不是或不全是竖直的矩形或水平的直线：其余没有当作窗，也不投影子",
+                             HandleOrNone(remark.handle));
+        case Kind::LinesWithoutHeight:
+            return SayFormat(
+                L"窗图层上有 %s 条直线没有厚度，不知道窗高，没有当作窗；用 --window-height 给出，例如 --window-height "
+                L"1.5",
+                Count(remark));
+        case Kind::NothingRepeated:
+            return Say(L"--storeys 没有窗可以重复：只重复画成直线的窗");
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
         case Kind::WithoutFaces:
@@ -147,7 +158,7 @@ std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAn
         else
             messages.push_back(TextOf(remark, request));
     tooLarge.Take(messages, L"另有 %d 个块参照的面太多：%s");
-    noWindows.Take(messages, L"窗图层上另有 %d 个实体不是竖直的矩形：%s");
+    noWindows.Take(messages, L"窗图层上另有 %d 个实体不是或不全是窗：%s");
     AddNotes(answer, messages);
     return messages;
 }
@@ -161,6 +172,9 @@ CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer
                              Printable(request.settings.placeName));
         case AnalysisFailure::NoStandard:
             return Say(L"设置没有选定标准，不能分析；用 --standard 给出一个，orvo standards 列出它们");
+        case AnalysisFailure::TooManyWindows:
+            return SayFormat(L"窗太多（超过 %s 个，包括 --storeys 重复的），没有分析；请减少层数，或把图形分成几个",
+                             DoubleToText(static_cast<double>(kMostWindows)));
         case AnalysisFailure::UnknownUnit:
             return SayFormat(L"图形的单位“%s”不能换算成米，不能分析；请在制图程序里改用米或毫米",
                              Printable(answer.unit));

@@ -5,7 +5,6 @@
 #include <map>
 #include <utility>
 
-#include "analysis/WindowName.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
@@ -133,8 +132,8 @@ WindowTotals TotalsOf(const std::vector<WindowResult>& windows) {
     TotalList<Key<CString>> flats;
     TotalList<Key<int>> storeys;
     for (const WindowResult& window : windows) {
-        const CString building = BuildingOf(window.name);
-        const CString flat = FlatOf(window.name);
+        const CString& building = window.building;
+        const CString& flat = window.flat;
         WindowTotal empty;
         empty.building = building;
         Count(buildings.At(building, empty), window);
