@@ -98,8 +98,10 @@ int ReadOptions(const AnalyseOptions& options, AnalysisRequest& request) {
             return Refuse(kExitUsage, Say(L"--windows 的值是空的：请写窗所在图层的名字，例如 --windows WINDOW"));
     request.windowLayers = options.windows;
     request.isScoped = options.isScoped;
-    const int code = ReadDirections(options, request);
-    return code ? code : ReadLimits(options, request);
+    int code = ReadDirections(options, request);
+    if (!code)
+        code = ReadLimits(options, request);
+    return code ? code : ReadAskedPlan(options.plan, request.plan);
 }
 
 int ReadSettings(const AnalyseOptions& options, AnalysisRequest& request) {
@@ -189,6 +191,9 @@ Subcommand AnalyseSubcommand() {
              ValueOption(L"--need", L"HOURS", L"窗需要的日照小时数，大于 0、不超过 24；给出时才有结论"),
              ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
              ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的窗的朝向，从正东起逆时针的度数"),
+             ValueOption(L"--sill", L"METRES", L"平面图里标高为 0 的窗的窗台标高"),
+             ValueOption(L"--window-height", L"METRES", L"平面图里没有厚度的窗的窗高，大于 0"),
+             ValueOption(L"--storeys", L"N=METRES", L"把平面图里的窗重复成 N 层，层高为 METRES"),
              FlagOption(L"--scope", L"按范围、高度的参数略去太远的遮挡"),
              ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
              ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
@@ -196,13 +201,23 @@ Subcommand AnalyseSubcommand() {
              ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames),
              FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
-             L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json"},
+             L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json",
+             L"orvo analyse plan.dxf --sill 0.9 --window-height 1.5 --storeys 6=2.9"},
             [](SubcommandCall& call) {
                 return RunAnalyse(
-                    {call.GetValue(L"FILE"), call.GetValues(L"--windows"), call.GetValue(L"--north"),
-                     call.GetValue(L"--facing"), call.GetValue(L"--need"), call.GetValue(L"--least-altitude"),
-                     call.HasFlag(L"--scope"), call.GetValue(L"--place"), call.GetValue(L"--date"),
-                     call.GetValue(L"--standard"), call.HasFlag(L"--csv"), call.HasFlag(L"--json")},
+                    {call.GetValue(L"FILE"),
+                     call.GetValues(L"--windows"),
+                     call.GetValue(L"--north"),
+                     call.GetValue(L"--facing"),
+                     call.GetValue(L"--need"),
+                     call.GetValue(L"--least-altitude"),
+                     call.HasFlag(L"--scope"),
+                     call.GetValue(L"--place"),
+                     call.GetValue(L"--date"),
+                     call.GetValue(L"--standard"),
+                     call.HasFlag(L"--csv"),
+                     call.HasFlag(L"--json"),
+                     {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")}},
                     call.GetOutput(), call.GetProgress());
             },
             Say};

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/base/CString.h"
+#include "workbench/commands/AskedPlan.h"
 
 class Output;
 class Progress;
@@ -24,6 +25,7 @@ struct AnalyseOptions {
     std::optional<CString> standard;
     bool isCsv = false;  // not both
     bool isJson = false;
+    AskedPlan plan;
 };
 
 // Gives an ExitCode: success once the sun of one window has been told, whatever the verdicts.
