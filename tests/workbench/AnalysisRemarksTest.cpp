@@ -16,7 +16,7 @@ AnalysisRemark Remark(Kind kind) {
     remark.kind = kind;
     remark.subject = L"某层\x1b";
     remark.handle = 0x2F;
-    remark.count = 1234567;
+    remark.count = 3000000;
     remark.amount = 5.5;
     return remark;
 }
@@ -53,7 +53,7 @@ TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     EXPECT_FALSE(messages.contains(""));
     for (const Kind kind :
          {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope})
-        EXPECT_TRUE(Has(MessageOf(kind), "1234567"));
+        EXPECT_TRUE(Has(MessageOf(kind), "3000000"));
     for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces})
         EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
     for (const Kind kind : {Kind::NotAWindow, Kind::TooLarge})

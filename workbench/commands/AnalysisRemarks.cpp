@@ -17,7 +17,7 @@ namespace {
 using Kind = AnalysisRemark::Kind;
 
 CString Count(const AnalysisRemark& remark) {
-    return DoubleToText(static_cast<double>(remark.count));
+    return CountText(remark.count);
 }
 
 CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
@@ -54,7 +54,7 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
                              Count(remark), Printable(remark.subject));
         case Kind::TooLarge:
             return SayFormat(L"块参照 %s 的面太多（图形一共超过 %s 个面），没有计入遮挡；请简化它的块",
-                             HandleOrNone(remark.handle), DoubleToText(static_cast<double>(kMostSceneFaces)));
+                             HandleOrNone(remark.handle), CountText(kMostSceneFaces));
         case Kind::SpanUnusable:
             return Say(L"分析时段不是一天之内的时段（结束不晚于开始）：没有计入任何日照；用 orvo set 或另一个标准更改");
         case Kind::StepUnusable:
@@ -129,8 +129,7 @@ void AddNotes(const AnalysisAnswer& answer, std::vector<CString>& messages) {
 }  // namespace
 
 CString LeftOutByScopeText(std::size_t entities) {
-    return SayFormat(L"按范围和高度的参数，%s 个实体没有计入对某些窗的遮挡（--scope）。",
-                     DoubleToText(static_cast<double>(entities)));
+    return SayFormat(L"按范围和高度的参数，%s 个实体没有计入对某些窗的遮挡（--scope）。", CountText(entities));
 }
 
 CString LeftOutByAltitudeText(double degrees) {
@@ -174,7 +173,7 @@ CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer
             return Say(L"设置没有选定标准，不能分析；用 --standard 给出一个，orvo standards 列出它们");
         case AnalysisFailure::TooManyWindows:
             return SayFormat(L"窗太多（超过 %s 个，包括 --storeys 重复的），没有分析；请减少层数，或把图形分成几个",
-                             DoubleToText(static_cast<double>(kMostWindows)));
+                             CountText(kMostWindows));
         case AnalysisFailure::UnknownUnit:
             return SayFormat(L"图形的单位“%s”不能换算成米，不能分析；请在制图程序里改用米或毫米",
                              Printable(answer.unit));

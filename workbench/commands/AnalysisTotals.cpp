@@ -59,16 +59,12 @@ private:
     std::vector<WindowTotal> m_totals;
 };
 
-CString Number(std::size_t number) {
-    return DoubleToText(static_cast<double>(number));
-}
-
 CString NameOrNone(const CString& name) {
     return name.IsEmpty() ? CString(L"-") : Printable(name);
 }
 
 CString Passing(const WindowTotal& total) {
-    return total.judgedByNeed == 0 ? CString(L"-") : Number(total.passing);
+    return total.judgedByNeed == 0 ? CString(L"-") : CountText(total.passing);
 }
 
 CString Least(const WindowTotal& total) {
@@ -93,8 +89,8 @@ void PrintFlats(const std::vector<WindowTotal>& flats, Output& output) {
     table.Add({Say(L"结论"), Say(L"楼"), Say(L"户"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"),
                Say(L"最多")});
     for (const WindowTotal& flat : flats)
-        table.Add({FlatVerdict(flat), NameOrNone(flat.building), Printable(flat.flat), Number(flat.windows),
-                   Number(flat.analysed), Passing(flat), Least(flat), Most(flat)});
+        table.Add({FlatVerdict(flat), NameOrNone(flat.building), Printable(flat.flat), CountText(flat.windows),
+                   CountText(flat.analysed), Passing(flat), Least(flat), Most(flat)});
     table.PrintTo(output, 2);
 }
 
@@ -106,9 +102,10 @@ void PrintBuildings(const std::vector<WindowTotal>& buildings, Output& output) {
     table.Add({Say(L"楼"), Say(L"户数"), Say(L"达标户"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"),
                Say(L"最多")});
     for (const WindowTotal& building : buildings)
-        table.Add({NameOrNone(building.building), Number(building.flats),
-                   building.judgedByNeed == 0 ? CString(L"-") : Number(building.passingFlats), Number(building.windows),
-                   Number(building.analysed), Passing(building), Least(building), Most(building)});
+        table.Add({NameOrNone(building.building), CountText(building.flats),
+                   building.judgedByNeed == 0 ? CString(L"-") : CountText(building.passingFlats),
+                   CountText(building.windows), CountText(building.analysed), Passing(building), Least(building),
+                   Most(building)});
     table.PrintTo(output, 2);
 }
 
@@ -120,8 +117,8 @@ void PrintStoreys(const std::vector<WindowTotal>& storeys, Output& output) {
     TextTable table({Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right});
     table.Add({Say(L"楼"), Say(L"楼层"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"), Say(L"最多")});
     for (const WindowTotal& storey : storeys)
-        table.Add({NameOrNone(storey.building), IntToText(*storey.floor), Number(storey.windows),
-                   Number(storey.analysed), Passing(storey), Least(storey), Most(storey)});
+        table.Add({NameOrNone(storey.building), IntToText(*storey.floor), CountText(storey.windows),
+                   CountText(storey.analysed), Passing(storey), Least(storey), Most(storey)});
     table.PrintTo(output, 2);
 }
 
@@ -186,9 +183,10 @@ void PrintSummary(const std::vector<WindowResult>& windows, Output& output) {
         failing += failed > kNamed ? CString(L"...") : WindowLabel(window);
     }
     output.Line(all.judgedByNeed == 0
-                    ? SayFormat(L"共 %s 个窗，已分析 %s 个。", Number(all.windows), Number(all.analysed))
-                    : SayFormat(L"共 %s 个窗，已分析 %s 个：达标 %s 个，不达标 %s 个。", Number(all.windows),
-                                Number(all.analysed), Number(all.passing), Number(all.judgedByNeed - all.passing)));
+                    ? SayFormat(L"共 %s 个窗，已分析 %s 个。", CountText(all.windows), CountText(all.analysed))
+                    : SayFormat(L"共 %s 个窗，已分析 %s 个：达标 %s 个，不达标 %s 个。", CountText(all.windows),
+                                CountText(all.analysed), CountText(all.passing),
+                                CountText(all.judgedByNeed - all.passing)));
     if (!failing.IsEmpty())
         output.Line(SayFormat(L"不达标的窗：%s", failing));
 }

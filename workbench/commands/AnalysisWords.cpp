@@ -88,6 +88,10 @@ CString HandleOrNone(std::uint64_t handle) {
     return handle == 0 ? CString(L"-") : HandleText(handle);
 }
 
+CString CountText(std::size_t count) {
+    return CString(std::wstring_view(std::to_wstring(count)));
+}
+
 CString DegreesText(double direction) {
     CString text;
     text.Format(L"%.1f", direction);

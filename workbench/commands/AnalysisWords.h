@@ -1,6 +1,7 @@
 // The pieces that every way of telling an analysis is made of: times, verdicts, reasons.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 
 #include "analysis/WindowAnalysis.h"
@@ -22,6 +23,8 @@ CString DurationText(double minutes);
 CString PeriodText(SunPeriod period, double offset);
 // As drawings write it; "-" for 0, which is none.
 CString HandleOrNone(std::uint64_t handle);
+// In digits however many there are.
+CString CountText(std::size_t count);
 // A direction with one decimal, from 0.0 to 359.9.
 CString DegreesText(double direction);
 // The window's name and its handle, where that is not its name.
