@@ -201,8 +201,7 @@ Subcommand AnalyseSubcommand() {
              ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames),
              FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
-             L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json",
-             L"orvo analyse plan.dxf --sill 0.9 --window-height 1.5 --storeys 6=2.9"},
+             L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json"},
             [](SubcommandCall& call) {
                 return RunAnalyse(
                     {call.GetValue(L"FILE"),
