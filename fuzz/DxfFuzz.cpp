@@ -101,7 +101,11 @@ void TryScene(const AcDbDatabase& database, std::size_t fileSize) {
             // Thicknesses and extrusions add to coordinates that are within.
             Require(IsWithin({face.m_pt[i].x / 4.0, face.m_pt[i].y / 4.0, face.m_pt[i].z / 4.0}));
     MakeOccluders(scene, database, {}, 1.0);
-    for (const DrawnWindow& window : FindWindows(database, {}, 1.0, 200.0).windows)
+    PlanRules rules;  // so that every line may be a window
+    rules.sill = 0.9;
+    rules.windowHeight = 1.5;
+    rules.storeys = Storeys{3, 2.9};
+    for (const DrawnWindow& window : FindWindows(database, {}, 1.0, 200.0, rules).windows)
         Require(window.width > 0.0 && window.height > 0.0);
     // An analysis reads the scene with its own, larger bound: only what stays within the small one.
     if (scene.tooLarge.empty())
