@@ -136,6 +136,17 @@ TEST(PlanWindows, HaveTheLowerEdgeOfWhatIsDrawnAsSill) {
     ExpectUsual(Line("39=-1500"), 900, 1500, Rules(0.9, {}), "a sill that is told is the lower edge");
 }
 
+TEST(PlanWindows, HaveASillThatIsToldAboveTheLevelThatALineWithoutAnElevationCameToLieAt) {
+    const PlacedSegment segment{{1000, 0, 6000}, {2500, 0, 6000}, {}, false};
+    const SegmentReading reading = WindowOfSegment(segment, Rules(0.9, 1.5));
+    ASSERT_TRUE(reading.window);
+    EXPECT_FALSE(reading.lacksHeight);
+    ExpectBetween(*reading.window, {1000, 0, 6900}, {2500, 0, 6900}, 1500, "6 m up");
+    const PlacedSegment scaled{{1000, 0, 6000}, {2500, 0, 6000}, {0, 0, 3000}, true};
+    ExpectBetween(*WindowOfSegment(scaled, Rules(0.9, 1.5)).window, {1000, 0, 6000}, {2500, 0, 6000}, 3000, "drawn");
+    EXPECT_TRUE(WindowOfSegment(segment, Rules(0.9, {})).lacksHeight);
+}
+
 TEST(PlanWindows, AreLevelLinesWithAVerticalThicknessOnly) {
     const PlanRules rules = Rules(0.9, 1.5);
     ExpectNoWindow(Entity("LINE", "8=WINDOW " + At(0, 0, 0) + At(1500, 0, 1.1, 11)), rules, "not level");
@@ -148,6 +159,7 @@ TEST(PlanWindows, AreLevelLinesWithAVerticalThicknessOnly) {
     ExpectNoWindow(Path("10=5 20=5 10=5 20=5"), rules, "without a length");
     ExpectNoWindow(Path("70=1 39=1500 10=0 20=0 10=1500 20=0 10=1500 20=100 10=0 20=100"), rules, "around an area");
     ExpectNoWindow(Path("42=1 10=0 20=0 42=1 10=1500 20=0"), rules, "an arc");
+    ExpectNoWindow(Entity("LINE", "8=WINDOW " + At(0, 0, 0) + At(1500, 0, 1.1, 11)), {}, "not level, and no height");
     EXPECT_EQ(PlanIn(Entity("LINE", "8=WINDOW " + At(0, 0, 0) + At(1500, 0, 0.9, 11)), rules).windows.size(), 1U)
         << "within a millimetre";
 }
@@ -177,6 +189,10 @@ TEST(PlanWindows, HaveTheNamesThatStandAtThemInPlan) {
             << place.x << " " << place.y << " " << place.z;
     EXPECT_EQ(NamesIn(line + Text("N", 1700, 0, 0, "8=NAMES")), Names{"AB"});
     EXPECT_EQ(NamesIn(line + Text("N", 1700, 0, 0, "8=窗")), Names{"AB"}) << "another layer of windows";
+    EXPECT_EQ(NamesIn(line + Entity("LINE", "5=CD 8=窗 39=1500 " + At(1000, 100, 0) + At(2500, 100, 0, 11)) +
+                      Text("N", 1700, 80, 0)),
+              (Names{"N", "CD"}))
+        << "a nearer one on another layer";
     EXPECT_EQ(NamesIn(Path("5=AB 39=1500 10=0 20=0 10=1500 20=0 10=1500 20=1500") + Text("N", 1500, 700, 0)),
               (Names{"AB", "N"}))
         << "of two segments each has its own name";
