@@ -3,93 +3,21 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <utility>
 
 #include "platform/geometry/Tolerance.h"
 #include "scene/EntityGroups.h"
-#include "scene/FaceList.h"
 #include "scene/FlatPath.h"
 #include "scene/GroupCodes.h"
-#include "scene/PolygonTriangles.h"
+#include "scene/OutlineBody.h"
 
 namespace {
 
-// The outline in the world at its two heights along the extrusion. Walls and caps share the points, so that they meet
-// exactly.
-struct Body {
-    std::vector<QcGePoint> lower;
-    std::vector<QcGePoint> upper;
-    std::vector<bool> isInArc;
-    bool isClosed = false;
-};
-
-Body MakeBody(const Outline& outline, const FlatPath& path) {
-    const double end = path.elevation + path.thickness;
-    const double low = std::min(path.elevation, end);
-    const double high = std::max(path.elevation, end);
-    Body body;
-    body.isClosed = outline.isClosed;
-    body.lower.reserve(outline.points.size());
-    body.upper.reserve(outline.points.size());
-    for (const OutlinePoint& point : outline.points) {
-        body.lower.push_back(path.axes.ToWorld({point.x, point.y, low}));
-        body.upper.push_back(path.axes.ToWorld({point.x, point.y, high}));
-        body.isInArc.push_back(point.isInArc);
-    }
-    return body;
-}
-
-// Seen from the extrusion's end the outside of a counter-clockwise path is on its right, and so are the fronts.
-void AddWalls(const Body& body, FaceList& faces) {
-    const std::size_t count = body.lower.size();
-    for (std::size_t i = 0; i + (body.isClosed ? 0 : 1) < count; ++i) {
-        const std::size_t next = (i + 1) % count;
-        faces.AddPolygon({{body.lower[i], false},
-                          {body.lower[next], body.isInArc[next]},
-                          {body.upper[next], false},
-                          {body.upper[i], body.isInArc[i]}});
-    }
-}
-
-// One piece of a bottom or top. Turned round, the edge from corner i to the next is the one that came before.
-void AddCap(const PolygonPiece& piece, const std::vector<QcGePoint>& points, bool isTurned, FaceList& faces) {
-    std::vector<FaceCorner> corners;
-    const int count = piece.count;
-    for (int i = 0; i < count; ++i) {
-        const int from = isTurned ? count - 1 - i : i;
-        const int edge = isTurned ? (from + count - 1) % count : from;
-        corners.push_back({points[piece.corners[from]], piece.isHidden[edge]});
-    }
-    faces.AddPolygon(std::move(corners));
-}
-
-void AddCaps(const Body& body, const Outline& outline, FaceList& faces) {
-    std::vector<FlatPoint> flat;
-    flat.reserve(outline.points.size());
-    for (const OutlinePoint& point : outline.points)
-        flat.push_back({point.x, point.y, false});
-    std::vector<PolygonPiece> pieces;
-    if (!DividePolygon(flat, pieces))
-        return;
-    for (const PolygonPiece& piece : pieces)
-        AddCap(piece, body.lower, true, faces);
-    for (const PolygonPiece& piece : pieces)
-        AddCap(piece, body.upper, false, faces);
-}
-
-double TwiceAreaOf(const Outline& outline) {
-    std::vector<FlatPoint> flat;
-    flat.reserve(outline.points.size());
-    for (const OutlinePoint& point : outline.points)
-        flat.push_back({point.x, point.y, false});
-    return TwiceSignedArea(flat);
-}
-
-// Makes a closed outline counter-clockwise, so that there is one case below.
-void MakeCounterClockwise(Outline& outline) {
-    if (outline.isClosed && TwiceAreaOf(outline) < 0.0)
-        std::reverse(outline.points.begin(), outline.points.end());
+std::vector<QcGePoint> PointsAt(double height, const OutlineBody& body, const ObjectCoordinates& axes) {
+    std::vector<QcGePoint> points;
+    points.reserve(body.GetPoints().size());
+    for (const OutlinePoint& point : body.GetPoints())
+        points.push_back(axes.ToWorld({point.x, point.y, height}));
+    return points;
 }
 
 }  // namespace
@@ -101,16 +29,14 @@ bool HasThickness(const EntityGroups& entity) {
 
 bool AddExtruded(const FlatPath& path, ArcDivision& division, FaceList& faces) {
     // So far up that the thickness is lost in the rounding, there is no body.
-    if (!(std::fabs(path.elevation + path.thickness - path.elevation) > g_fZero))
+    const double end = path.elevation + path.thickness;
+    if (!(std::fabs(end - path.elevation) > g_fZero))
         return false;
-    Outline outline;
-    if (!MakeOutline(path.vertices, path.isClosed, division, outline))
+    OutlineBody body;
+    if (!body.Prepare(path, division))
         return false;
-    MakeCounterClockwise(outline);
-    const Body body = MakeBody(outline, path);
-    AddWalls(body, faces);
-    if (outline.isClosed)
-        AddCaps(body, outline, faces);
+    body.AddFaces(PointsAt(std::min(path.elevation, end), body, path.axes),
+                  PointsAt(std::max(path.elevation, end), body, path.axes), faces);
     return true;
 }
 

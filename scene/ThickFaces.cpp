@@ -33,8 +33,8 @@ bool ReadCorners(const EntityGroups& entity, QcGePoint (&corners)[4]) {
 
 // A part of a circle as two arcs of a path, so that one all the way round has two ends as well. `degrees` is more than
 // 0 and at most 360.
-bool AddRound(const EntityGroups& entity, double start, double degrees, ArcDivision& division, FaceList& faces) {
-    FlatPath path;
+bool ReadRound(const EntityGroups& entity, double start, double degrees, FlatPath& path) {
+    path = FlatPath();
     QcGePoint centre;
     double radius = 0.0;
     if (!entity.Point(kX, centre) || !entity.Find(kRadius) || !entity.Real(kRadius, radius) || !(radius > 0.0) ||
@@ -49,23 +49,35 @@ bool AddRound(const EntityGroups& entity, double start, double degrees, ArcDivis
         path.vertices.push_back(
             {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle), i < 2 ? bulge : 0.0});
     }
-    return AddExtruded(path, division, faces);
+    return true;
 }
 
 }  // namespace
 
-bool AddSolid(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {
-    FlatPath path;
+bool ReadSolid(const EntityGroups& entity, FlatPath& path) {
+    path = FlatPath();
     QcGePoint corners[4];
     if (!ReadCorners(entity, corners) || !entity.Real(kThickness, path.thickness) || !ReadExtrusion(entity, path.axes))
         return false;
-    if (HasThickness(entity)) {
-        path.isClosed = true;
-        path.elevation = corners[0].z;
-        for (const QcGePoint& corner : corners)
-            path.vertices.push_back({corner.x, corner.y, 0.0});
+    path.isClosed = true;
+    path.elevation = corners[0].z;
+    for (const QcGePoint& corner : corners)
+        path.vertices.push_back({corner.x, corner.y, 0.0});
+    return true;
+}
+
+bool ReadCircle(const EntityGroups& entity, FlatPath& path) {
+    return ReadRound(entity, 0.0, 360.0, path);
+}
+
+bool AddSolid(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {
+    FlatPath path;
+    if (!ReadSolid(entity, path))
+        return false;
+    if (HasThickness(entity))
         return AddExtruded(path, division, faces);
-    }
+    QcGePoint corners[4];
+    ReadCorners(entity, corners);
     std::vector<FaceCorner> polygon;
     for (const QcGePoint& corner : corners)
         polygon.push_back({path.axes.ToWorld(corner), false});
@@ -99,9 +111,11 @@ bool AddArc(const EntityGroups& entity, ArcDivision& division, FaceList& faces) 
     double degrees = std::fmod(end - start, 360.0);
     if (degrees <= 0.0)
         degrees += 360.0;
-    return AddRound(entity, start, degrees, division, faces);
+    FlatPath path;
+    return ReadRound(entity, start, degrees, path) && AddExtruded(path, division, faces);
 }
 
 bool AddCircle(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {
-    return AddRound(entity, 0.0, 360.0, division, faces);
+    FlatPath path;
+    return ReadCircle(entity, path) && AddExtruded(path, division, faces);
 }

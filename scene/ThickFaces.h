@@ -5,10 +5,16 @@
 
 class EntityGroups;
 class FaceList;
+struct FlatPath;
 
-// A SOLID or TRACE: its corners in the order 1, 2, 4, 3 (of three the last is given twice, or not at all). Without a
-// thickness one face through them; with one a body over their outline, at the height of the first corner. False when
-// the data are unsound.
+// The outline of a SOLID or TRACE: its corners in the order 1, 2, 4, 3 (of three the last is given twice, or not at
+// all) at the height of the first one; and that of a CIRCLE. Both come back to their start. False when the data are
+// unsound.
+bool ReadSolid(const EntityGroups& entity, FlatPath& path);
+bool ReadCircle(const EntityGroups& entity, FlatPath& path);
+
+// A SOLID or TRACE. Without a thickness one face through its corners, each at its own height; with one a body over its
+// outline. False when the data are unsound.
 bool AddSolid(const EntityGroups& entity, ArcDivision& division, FaceList& faces);
 
 // With a thickness: the wall over a line, whose ends stand in the world's coordinates while the extrusion only says
