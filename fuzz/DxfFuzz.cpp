@@ -88,7 +88,7 @@ bool IsWithin(const QcGePoint& point) {
 // Few faces, so that an input that asks for many does not take the fuzzer's time.
 void TryScene(const AcDbDatabase& database, std::size_t fileSize) {
     constexpr std::size_t kMostFaces = 2000;
-    const Scene scene = BuildScene(database, kMostFaces);
+    const Scene scene = BuildScene(database, {kMostFaces, {{L"0", 3.0}}});
     std::size_t next = 0;
     for (const SceneEntity& entity : scene.entities) {
         Require(entity.firstFace == next && entity.faceCount > 0 && entity.layer < scene.layers.size());

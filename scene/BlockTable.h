@@ -12,6 +12,7 @@
 #include "platform/geometry/QcGePoint.h"
 #include "platform/host/AcDbObjectId.h"
 #include "scene/BlockInsert.h"
+#include "scene/BlockOutlines.h"
 #include "scene/FaceList.h"
 #include "scene/LayerLook.h"
 #include "scene/Outline.h"
@@ -28,7 +29,8 @@ struct BlockPart {
     EntityLook look;
     std::size_t firstFace = 0;
     std::size_t faceCount = 0;
-    bool hasArcs = false;  // its faces are right for a block in its own size only
+    bool hasArcs = false;       // its faces are right for a block in its own size only
+    bool isHandedDown = false;  // it is a body instead, of BlockOutlines::handedDown, where a height is handed down
 };
 
 struct Block;
@@ -37,6 +39,7 @@ struct InnerInsert {
     EntityLook look;
     BlockInsert insert;
     Block* block = nullptr;
+    bool hasFaces = false;  // for whoever tells what an INSERT that showed the block has shown
 };
 
 struct Block {
@@ -45,17 +48,23 @@ struct Block {
     FaceList faces;
     std::vector<BlockPart> parts;
     std::vector<InnerInsert> inserts;
+    BlockOutlines outlines;
     std::map<std::string, std::size_t> passedOver;  // entities of kinds without faces
     std::size_t faultyCount = 0;                    // entities of its own that are faulty, missing blocks among them
     // Its data are unsound, or it contains itself, is deeper than kDeepestBlock, or contains a block of which that is
     // so.
     bool isFaulty = false;
-    double faceCount = 0.0;  // in its own size, with all that it inserts
+    // In its own size, with all that it inserts; where an INSERT hands no height down, and where it does.
+    double faceCount = 0.0;
+    double raisedFaceCount = 0.0;
     int depth = 1;
     bool isCounted = false;  // for whoever tells of each block once
 
     enum class State { Unread, Open, Done };
     State state = State::Unread;
+
+    // With what an INSERT on this layer hands down.
+    double CountFaces(const LayerLook& layer) const { return layer.Height() ? raisedFaceCount : faceCount; }
 };
 
 class BlockTable {
@@ -72,6 +81,7 @@ private:
     void Prepare(Block& first);
     void Read(Block& block);
     void TakePart(Block& block, AcDbObjectId id, const EntityGroups& entity);
+    bool TakeOutline(Block& block, FlatOutline kind, const FlatPath& path, const EntityLook& look);
     void TakeInsert(Block& block, const EntityGroups& entity, const EntityLook& look);
     static void Close(Block& block);
 

@@ -12,13 +12,10 @@
 #include "scene/MeshFaces.h"
 #include "scene/PolyfaceFaces.h"
 #include "scene/PolylineFaces.h"
+#include "scene/PolylineFlags.h"
 #include "scene/ThickFaces.h"
 
 namespace {
-
-constexpr int kThreeDimensional = 8;
-constexpr int kPolygonMesh = 16;
-constexpr int kPolyface = 64;
 
 EntityOutcome OutcomeOf(bool isSound) {
     return isSound ? EntityOutcome::Faces : EntityOutcome::Faulty;

@@ -1,16 +1,17 @@
 // Reads the plane and the vertices of flat polylines.
 #include "scene/FlatPath.h"
 
+#include <cmath>
 #include <cstddef>
 
 #include "scene/EntityGroups.h"
 #include "scene/GroupCodes.h"
+#include "scene/PolylineFlags.h"
 
 namespace {
 
 constexpr int kElevationOfPolyline = 30;
 constexpr int kElevation = 38;
-constexpr int kClosed = 1;
 constexpr int kVertexCount = 90;
 
 bool ReadPlane(const EntityGroups& entity, int elevationCode, FlatPath& path) {
@@ -20,6 +21,11 @@ bool ReadPlane(const EntityGroups& entity, int elevationCode, FlatPath& path) {
 
 }  // namespace
 
+bool IsUpright(const FlatPath& path) {
+    constexpr double kUpright = 1e-9;
+    return std::fabs(path.axes.ToWorld({0.0, 0.0, 1.0}).z) <= kUpright;
+}
+
 bool ReadLwPolyline(const EntityGroups& entity, FlatPath& path) {
     path = FlatPath();
     int flags = 0;
@@ -27,7 +33,7 @@ bool ReadLwPolyline(const EntityGroups& entity, FlatPath& path) {
     if (!ReadPlane(entity, kElevation, path) || !entity.Integer(kFlags, flags) ||
         !entity.Integer(kVertexCount, claimed))
         return false;
-    path.isClosed = (flags & kClosed) != 0;
+    path.isClosed = (flags & kClosedPolyline) != 0;
     std::vector<OutlineVertex>& vertices = path.vertices;
     int nextCode = kX;
     for (const DxfGroup& group : entity.All()) {
@@ -55,7 +61,7 @@ bool ReadPolyline2d(const EntityGroups& entity, const std::vector<PolylineVertex
     path = FlatPath();
     if (!ReadPlane(entity, kElevationOfPolyline, path))
         return false;
-    path.isClosed = (entity.IntegerOr(kFlags, 0) & kClosed) != 0;
+    path.isClosed = (entity.IntegerOr(kFlags, 0) & kClosedPolyline) != 0;
     path.vertices.reserve(vertices.size());
     for (const PolylineVertex& vertex : vertices) {
         if ((vertex.flags & kFramePoint) != 0)

@@ -17,6 +17,9 @@ struct FlatPath {
     ObjectCoordinates axes;
 };
 
+// Whether its plane stands upright in the world, as those of windows do, and not as a plan's.
+bool IsUpright(const FlatPath& path);
+
 // An LWPOLYLINE, and a two-dimensional POLYLINE with its vertices (of a spline the frame's points are passed over).
 // False when the data are unsound: a number that cannot be read, another count of vertices than the entity says, an
 // extrusion without a direction.

@@ -22,7 +22,7 @@ InsertOutcome InsertedFaces::Add(const Block& block, const BlockInsert& insert, 
                                  std::vector<FaceRun>& runs) {
     runs.clear();
     // Said before anything is made: counts of an array are easily written.
-    if (block.faceCount * insert.CountCopies() > static_cast<double>(m_most))
+    if (block.CountFaces(surroundings.layer) * insert.CountCopies() > static_cast<double>(m_most))
         return InsertOutcome::TooMany;
     const std::size_t first = m_faces.GetCount();
     m_outcome = InsertOutcome::Done;
@@ -37,7 +37,7 @@ InsertOutcome InsertedFaces::Add(const Block& block, const BlockInsert& insert, 
 bool InsertedFaces::AddCopies(const Block& block, const BlockInsert& insert, const Placement& outer,
                               const Surroundings& surroundings) {
     // Without faces there may be any number of copies.
-    if (block.faceCount == 0.0)
+    if (block.CountFaces(surroundings.layer) == 0.0)
         return true;
     for (int row = 0; row < insert.rows; ++row)
         for (int column = 0; column < insert.columns; ++column)
@@ -47,13 +47,19 @@ bool InsertedFaces::AddCopies(const Block& block, const BlockInsert& insert, con
 }
 
 bool InsertedFaces::AddBlock(const Block& block, const Placement& placement, const Surroundings& surroundings) {
+    const bool isRaised = surroundings.layer.Height() != nullptr;
     for (const BlockPart& part : block.parts) {
+        if (isRaised && part.isHandedDown)
+            continue;
         if (!Spend(1))
             return false;
         const LayerLook& layer = surroundings.LayerOf(part.look);
         if (layer.isVisible && !AddPart(block, part, placement, layer, surroundings))
             return false;
     }
+    if (!AddRaised(block.outlines.own, placement, surroundings) ||
+        (isRaised && !AddRaised(block.outlines.handedDown, placement, surroundings)))
+        return false;
     for (const InnerInsert& inner : block.inserts) {
         const Surroundings within{surroundings.LayerOf(inner.look), surroundings.ColorOf(inner.look)};
         // None of them lies on a frozen layer: neither on one of its own, nor on one that is handed down.
@@ -74,6 +80,22 @@ bool InsertedFaces::AddPart(const Block& block, const BlockPart& part, const Pla
     return isPlaced;
 }
 
+bool InsertedFaces::AddRaised(const std::vector<BlockOutline>& outlines, const Placement& placement,
+                              const Surroundings& surroundings) {
+    for (const BlockOutline& each : outlines) {
+        if (!Spend(1))
+            return false;
+        const LayerLook& layer = surroundings.LayerOf(each.look);
+        FaceRun run{layer.number, surroundings.ColorOf(each.look), m_faces.GetCount(), 0};
+        const bool isNear = each.outline->AddBody(placement, layer.Height()->height, m_division, m_faces);
+        run.faceCount = m_faces.GetCount() - run.firstFace;
+        AddRun(run);
+        if (!Keep(isNear) || !Spend(run.faceCount))
+            return false;
+    }
+    return true;
+}
+
 // A block that is enlarged has its chords as far from its arcs as they may be once they are enlarged.
 bool InsertedFaces::AddDividedAnew(const BlockPart& part, const Placement& placement) {
     ArcDivision finer = m_division;
@@ -87,7 +109,11 @@ bool InsertedFaces::AddDividedAnew(const BlockPart& part, const Placement& place
 bool InsertedFaces::AddPlaced(const FaceList& from, std::size_t first, std::size_t count, const Placement& placement) {
     if (!Spend(count))
         return false;
-    if (!m_faces.AddPlaced(from, first, count, placement))
+    return Keep(m_faces.AddPlaced(from, first, count, placement));
+}
+
+bool InsertedFaces::Keep(bool isNear) {
+    if (!isNear)
         m_outcome = InsertOutcome::Faulty;
     else if (m_faces.GetCount() > m_most)
         m_outcome = InsertOutcome::TooMany;

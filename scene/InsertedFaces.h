@@ -12,6 +12,7 @@ class AcDbDatabase;
 class FaceList;
 struct Block;
 struct BlockInsert;
+struct BlockOutline;
 struct BlockPart;
 struct Placement;
 
@@ -44,8 +45,11 @@ private:
     bool AddBlock(const Block& block, const Placement& placement, const Surroundings& surroundings);
     bool AddPart(const Block& block, const BlockPart& part, const Placement& placement, const LayerLook& layer,
                  const Surroundings& surroundings);
+    bool AddRaised(const std::vector<BlockOutline>& outlines, const Placement& placement,
+                   const Surroundings& surroundings);
     bool AddDividedAnew(const BlockPart& part, const Placement& placement);
     bool AddPlaced(const FaceList& from, std::size_t first, std::size_t count, const Placement& placement);
+    bool Keep(bool isNear);
     bool Spend(std::size_t work);
     void AddRun(const FaceRun& run);
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/DrawingUnits.h"
 #include "platform/host/DxfScanner.h"
 #include "scene/EntityGroups.h"
 #include "scene/GroupCodes.h"
@@ -42,9 +43,18 @@ LayerLook LookOf(const EntityGroups& record) {
     return look;
 }
 
+std::wstring KeyOf(const LayerHeight& height) {
+    CString name = height.layer;
+    return std::wstring(name.Trim().MakeLower().View());
+}
+
 }  // namespace
 
-LayerTable::LayerTable(const AcDbDatabase& drawing) : m_drawing(drawing) {
+LayerTable::LayerTable(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights) : m_drawing(drawing) {
+    constexpr double kMillimetresPerMetre = 1000.0;
+    const double unitsPerMetre = kMillimetresPerMetre / UnitOf(drawing).millimetres.value_or(1.0);
+    for (std::size_t i = 0; i < heights.size(); ++i)
+        m_heights.try_emplace(::KeyOf(heights[i]), AskedHeight{i, heights[i].metres * unitsPerMetre});
     std::vector<AcDbObjectId> ids;
     if (!drawing.GetSymbolTableRecords("LAYER", ids))
         throw std::bad_alloc();
@@ -61,12 +71,18 @@ std::wstring LayerTable::KeyOf(std::string_view name) const {
     return std::wstring(m_drawing.Decode(TrimDxfValue(name)).MakeLower().View());
 }
 
+bool LayerTable::IsThere(const LayerHeight& height) const {
+    return m_layers.contains(::KeyOf(height));
+}
+
 const LayerLook& LayerTable::Find(std::string_view name) {
     const auto [known, isNew] = m_known.try_emplace(std::string(name));
     if (isNew) {
-        const auto layer = m_layers.find(KeyOf(name));
-        if (layer != m_layers.end())
-            known->second = layer->second;
+        const std::wstring key = KeyOf(name);
+        // From now on the drawing has this layer, in whatever table.
+        known->second = m_layers.try_emplace(key).first->second;
+        if (const auto height = m_heights.find(key); height != m_heights.end())
+            known->second.asked = &height->second;
         known->second.number = static_cast<std::uint32_t>(m_names.size());
         m_names.emplace_back(name);
     }

@@ -1,11 +1,14 @@
 // How the layers of a drawing look: whether they are seen, and their colours.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "scene/LayerHeight.h"
 
 class AcDbDatabase;
 class EntityGroups;
@@ -16,16 +19,27 @@ struct EntityColor {
     bool operator==(const EntityColor& other) const = default;
 };
 
+// The height that was asked for a layer.
+struct AskedHeight {
+    std::size_t number = 0;  // which of those that were asked for
+    double height = 0.0;     // in the drawing's units
+};
+
 struct LayerLook {
     bool isVisible = true;  // neither off nor frozen
     bool isFrozen = false;
     EntityColor color;
-    std::uint32_t number = 0;  // which of LayerTable::Names
+    std::uint32_t number = 0;            // which of LayerTable::Names
+    const AskedHeight* asked = nullptr;  // null for none
+
+    // What is not seen is not raised.
+    const AskedHeight* Height() const { return isVisible ? asked : nullptr; }
 };
 
 class LayerTable {
 public:
-    explicit LayerTable(const AcDbDatabase& drawing);
+    // With heights for some layers; of several for one layer the first counts.
+    explicit LayerTable(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights = {});
 
     // The layer with a name as it stands in the file. Names are compared as texts and without case (of ASCII letters,
     // as everywhere); of several layers the first counts. One that the drawing does not have is visible, in colour 7.
@@ -33,12 +47,17 @@ public:
     const LayerLook& Find(std::string_view name);
     // The names that were asked for, each once, in whatever spelling.
     const std::vector<std::string>& Names() const { return m_names; }
+    bool HasHeights() const { return !m_heights.empty(); }
+    // Whether the drawing has the layer of one of the heights: in its table of layers, or among those that were asked
+    // for.
+    bool IsThere(const LayerHeight& height) const;
 
 private:
     std::wstring KeyOf(std::string_view name) const;
 
     const AcDbDatabase& m_drawing;
     std::unordered_map<std::wstring, LayerLook> m_layers;
+    std::unordered_map<std::wstring, AskedHeight> m_heights;
     std::unordered_map<std::string, LayerLook> m_known;  // by the bytes of the names that were asked for
     std::vector<std::string> m_names;
 };

@@ -63,6 +63,10 @@ std::size_t CountChords(double bulge, double distance, double sagitta) {
     return std::max(kLeastChords, static_cast<std::size_t>(chords));
 }
 
+bool ComesBack(const std::vector<OutlineVertex>& vertices, bool isClosed) {
+    return WithoutRepeated(vertices, isClosed).size() > 1 && isClosed;
+}
+
 bool MakeOutline(const std::vector<OutlineVertex>& vertices, bool isClosed, ArcDivision& division, Outline& outline) {
     outline = Outline{{}, isClosed};
     const std::vector<OutlineVertex> kept = WithoutRepeated(vertices, outline.isClosed);

@@ -36,6 +36,9 @@ inline constexpr std::size_t kMostChords = 64;
 // The chords of an arc with this bulge between ends at this distance.
 std::size_t CountChords(double bulge, double distance, double sagitta);
 
+// Whether a path of two points or more ends where it began, or is closed anyhow; points closer than g_fZero are one.
+bool ComesBack(const std::vector<OutlineVertex>& vertices, bool isClosed);
+
 // The outline through the vertices. Points closer than g_fZero to the one before are dropped, and a path that comes
 // back to its first point is closed without that point. An arc that rises less than four times g_fZero over its chord
 // is straight. False when fewer than two points are left, or one lies beyond kFarthest.

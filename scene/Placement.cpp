@@ -1,27 +1,22 @@
 // Maps points, and one map by another.
 #include "scene/Placement.h"
 
-namespace {
-
-QcGeVector3d DirectionAt(const Placement& placement, const QcGePoint& direction) {
+QcGeVector3d Placement::DirectionAt(const QcGePoint& direction) const {
     const auto& [x, y, z] = direction;
-    return {x * placement.xAxis.x + y * placement.yAxis.x + z * placement.zAxis.x,
-            x * placement.xAxis.y + y * placement.yAxis.y + z * placement.zAxis.y,
-            x * placement.xAxis.z + y * placement.yAxis.z + z * placement.zAxis.z};
+    return {x * xAxis.x + y * yAxis.x + z * zAxis.x, x * xAxis.y + y * yAxis.y + z * zAxis.y,
+            x * xAxis.z + y * yAxis.z + z * zAxis.z};
 }
 
-}  // namespace
-
 QcGePoint Placement::PointAt(const QcGePoint& point) const {
-    const QcGeVector3d way = DirectionAt(*this, point);
+    const QcGeVector3d way = DirectionAt(point);
     return {origin.x + way.x, origin.y + way.y, origin.z + way.z};
 }
 
 Placement Placement::Within(const Placement& outer) const {
     Placement both;
-    both.xAxis = DirectionAt(outer, xAxis);
-    both.yAxis = DirectionAt(outer, yAxis);
-    both.zAxis = DirectionAt(outer, zAxis);
+    both.xAxis = outer.DirectionAt(xAxis);
+    both.yAxis = outer.DirectionAt(yAxis);
+    both.zAxis = outer.DirectionAt(zAxis);
     both.origin = outer.PointAt(origin);
     both.isMirrored = isMirrored != outer.isMirrored;
     both.stretch = stretch * outer.stretch;

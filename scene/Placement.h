@@ -14,6 +14,8 @@ struct Placement {
     double stretch = 1.0;     // no length becomes longer than by this factor
 
     QcGePoint PointAt(const QcGePoint& point) const;
+    // Not of length 1 where the placement scales.
+    QcGeVector3d DirectionAt(const QcGePoint& direction) const;
     // This placement, itself within another.
     Placement Within(const Placement& outer) const;
 };

@@ -8,12 +8,16 @@
 
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DrawingUnits.h"
+#include "scene/BlockCounts.h"
 #include "scene/BlockTable.h"
 #include "scene/EntityFaces.h"
 #include "scene/EntityGroups.h"
 #include "scene/FaceList.h"
+#include "scene/FlatOutline.h"
 #include "scene/InsertedFaces.h"
 #include "scene/LayerLook.h"
+#include "scene/Placement.h"
+#include "scene/RaisedOutline.h"
 
 namespace {
 
@@ -37,29 +41,34 @@ std::vector<KindCount> MostFrequentFirst(const std::map<std::string, std::size_t
 
 class SceneBuilder {
 public:
-    SceneBuilder(const AcDbDatabase& drawing, std::size_t mostFaces)
+    SceneBuilder(const AcDbDatabase& drawing, const SceneOptions& options)
         : m_drawing(drawing),
-          m_layers(drawing),
+          m_heights(options.heights),
+          m_layers(drawing, options.heights),
           m_model{m_layers.Find("0"), EntityColor()},
           m_division(DivisionFor(drawing)),
           m_blocks(drawing, m_layers, m_division),
-          m_inserted(drawing, m_division, m_faces, mostFaces) {}
+          m_inserted(drawing, m_division, m_faces, options.mostFaces) {
+        m_counts.heights.resize(options.heights.size());
+    }
     Scene Run();
 
 private:
     void Take(AcDbObjectId id, const EntityGroups& entity);
     void TakeInsert(AcDbObjectId id, const EntityGroups& entity, const EntityLook& look);
-    void Count(Block& block);
+    EntityOutcome AddFaces(AcDbObjectId id, const EntityGroups& entity, const LayerLook& layer);
     void AddRun(AcDbObjectId id, const FaceRun& run);
 
     const AcDbDatabase& m_drawing;
+    const std::vector<LayerHeight>& m_heights;
     LayerTable m_layers;
     Surroundings m_model;
     ArcDivision m_division;
     BlockTable m_blocks;
     FaceList m_faces;
     InsertedFaces m_inserted;
-    std::map<std::string, std::size_t> m_passedOver;
+    BlockCounts m_blockCounts;
+    SceneCounts m_counts;
     std::vector<FaceRun> m_runs;
     Scene m_scene;
 };
@@ -69,8 +78,14 @@ Scene SceneBuilder::Run() {
         const AcDbObjectId id = m_drawing.GetEntityId(i);
         Take(id, GroupsOf(m_drawing, id));
     }
+    m_blockCounts.AddTo(m_counts);
+    for (std::size_t i = 0; i < m_heights.size(); ++i)
+        m_counts.heights[i].isLayerThere = m_layers.IsThere(m_heights[i]);
     m_faces.MoveTo(m_scene.faces, m_scene.least, m_scene.most);
-    m_scene.passedOver = MostFrequentFirst(m_passedOver);
+    m_scene.passedOver = MostFrequentFirst(m_counts.passedOver);
+    m_scene.faultyCount = m_counts.faultyCount;
+    m_scene.flatOutlineCount = m_counts.flatOutlineCount;
+    m_scene.heights = std::move(m_counts.heights);
     m_scene.layers = m_layers.Names();
     return std::move(m_scene);
 }
@@ -88,12 +103,12 @@ void SceneBuilder::Take(AcDbObjectId id, const EntityGroups& entity) {
     if (!layer.isVisible)
         return;
     const std::size_t first = m_faces.GetCount();
-    switch (AddEntityFaces(m_drawing, id, entity, m_division, m_faces)) {
+    switch (AddFaces(id, entity, layer)) {
         case EntityOutcome::Other:
-            ++m_passedOver[std::string(entity.Type())];
+            ++m_counts.passedOver[std::string(entity.Type())];
             break;
         case EntityOutcome::Faulty:
-            ++m_scene.faultyCount;
+            ++m_counts.faultyCount;
             break;
         case EntityOutcome::Faces:
             AddRun(id, {layer.number, m_model.ColorOf(look), first, m_faces.GetCount() - first});
@@ -101,41 +116,50 @@ void SceneBuilder::Take(AcDbObjectId id, const EntityGroups& entity) {
     }
 }
 
+// Those of a closed outline are its body's where the layer has a height.
+EntityOutcome SceneBuilder::AddFaces(AcDbObjectId id, const EntityGroups& entity, const LayerLook& layer) {
+    FlatPath path;
+    const FlatOutline kind = ReadFlatOutline(m_drawing, id, entity, path);
+    const AskedHeight* const asked = layer.Height();
+    if (asked && kind == FlatOutline::Unsound)
+        return EntityOutcome::Faulty;
+    if (asked && kind == FlatOutline::Closed) {
+        const std::size_t first = m_faces.GetCount();
+        if (!RaisedOutline(std::move(path)).AddBody(Placement(), asked->height, m_division, m_faces) ||
+            m_faces.GetCount() == first)
+            return EntityOutcome::Faulty;
+        ++m_counts.heights[asked->number].bodyCount;
+        return EntityOutcome::Faces;
+    }
+    if (asked && kind == FlatOutline::Open)
+        ++m_counts.heights[asked->number].openCount;
+    const EntityOutcome outcome = AddEntityFaces(m_drawing, id, entity, m_division, m_faces);
+    if (outcome == EntityOutcome::Other && kind == FlatOutline::Closed && !IsUpright(path))
+        ++m_counts.flatOutlineCount;
+    return outcome;
+}
+
 void SceneBuilder::TakeInsert(AcDbObjectId id, const EntityGroups& entity, const EntityLook& look) {
     BlockInsert insert;
     Block* const block = ReadInsert(entity, insert) ? m_blocks.Find(insert.name) : nullptr;
     if (!block || block->isFaulty) {
-        ++m_scene.faultyCount;
+        ++m_counts.faultyCount;
         return;
     }
-    Count(*block);
+    m_blockCounts.Take(*block, m_model.LayerOf(look));
     switch (m_inserted.Add(*block, insert, {m_model.LayerOf(look), m_model.ColorOf(look)}, m_runs)) {
         case InsertOutcome::TooMany:
             m_scene.tooLarge.push_back(id);
             break;
         case InsertOutcome::Faulty:
-            ++m_scene.faultyCount;
+            ++m_counts.faultyCount;
             break;
         case InsertOutcome::Done:
             if (m_runs.empty())
-                ++m_passedOver[kInsert];
+                ++m_counts.passedOver[kInsert];
             for (const FaceRun& run : m_runs)
                 AddRun(id, run);
             break;
-    }
-}
-
-// What gives no faces in a block, and in the blocks in it; sound ones, whose depth has a bound.
-void SceneBuilder::Count(Block& block) {
-    if (std::exchange(block.isCounted, true))
-        return;
-    m_scene.faultyCount += block.faultyCount;
-    for (const auto& [type, count] : block.passedOver)
-        m_passedOver[type] += count;
-    for (const InnerInsert& inner : block.inserts) {
-        Count(*inner.block);
-        if (inner.block->faceCount == 0.0)
-            ++m_passedOver[kInsert];
     }
 }
 
@@ -145,6 +169,6 @@ void SceneBuilder::AddRun(AcDbObjectId id, const FaceRun& run) {
 
 }  // namespace
 
-Scene BuildScene(const AcDbDatabase& drawing, std::size_t mostFaces) {
-    return SceneBuilder(drawing, mostFaces).Run();
+Scene BuildScene(const AcDbDatabase& drawing, const SceneOptions& options) {
+    return SceneBuilder(drawing, options).Run();
 }

@@ -12,6 +12,7 @@
 #include "platform/host/AcDbObjectId.h"
 #include "scene/HiddenEdge.h"
 #include "scene/KindCounts.h"
+#include "scene/LayerHeight.h"
 
 class AcDbDatabase;
 
@@ -32,6 +33,11 @@ struct SceneEntity {
 // An INSERT that would bring a scene beyond this is left out.
 inline constexpr std::size_t kMostSceneFaces = 5'000'000;
 
+struct SceneOptions {
+    std::size_t mostFaces = kMostSceneFaces;
+    std::vector<LayerHeight> heights;  // each layer once; of several for one the first counts
+};
+
 // A value: it keeps nothing of the drawing but the ids.
 //
 // Faces have no material, and their normals are stored and ready: asking for one only reads, so that several threads
@@ -45,8 +51,11 @@ struct Scene {
     // Visible entities of kinds that have no faces, the most frequent first, then by type. An INSERT is one of them
     // when it shows no face.
     std::vector<KindCount> passedOver;
-    std::size_t faultyCount = 0;         // visible entities of kinds with faces whose data give none
-    std::vector<AcDbObjectId> tooLarge;  // every INSERT that was left out for its number of faces
+    // How many of these are closed outlines that a height would make bodies, and do not stand upright.
+    std::size_t flatOutlineCount = 0;
+    std::vector<LayerHeightUse> heights;  // one for each of SceneOptions::heights
+    std::size_t faultyCount = 0;          // visible entities of kinds with faces whose data give none
+    std::vector<AcDbObjectId> tooLarge;   // every INSERT that was left out for its number of faces
 };
 
 // Reads every visible entity of the drawing's model space. Throws std::bad_alloc, and nothing else.
@@ -74,6 +83,12 @@ struct Scene {
 // Arcs become chords that stray at most 50 mm from them, 4 to 64 for each arc, by the drawing's unit (UnitOf;
 // one that has no millimetres is taken for them). Beyond 250,000 chords in a drawing each further arc has 4.
 //
+// A layer's height makes bodies of what lies on it and is closed (by its flag, or because it ends where it began)
+// without a thickness: LWPOLYLINE, two-dimensional POLYLINE, CIRCLE, SOLID, TRACE, and three-dimensional POLYLINE that
+// is level. They are so high in the world, whatever the scales of the INSERTs that show them, and stand upwards along
+// their extrusion; one whose extrusion is level goes along that. In a block the layer is the one that the outline lies
+// on as it is inserted. As a body an outline is faulty when its data are unsound.
+//
 // An INSERT that would bring the scene beyond `mostFaces` is left out, and so is each further one once four times as
 // many entities and faces of blocks have been worked on, those left out included.
-Scene BuildScene(const AcDbDatabase& drawing, std::size_t mostFaces = kMostSceneFaces);
+Scene BuildScene(const AcDbDatabase& drawing, const SceneOptions& options = {});

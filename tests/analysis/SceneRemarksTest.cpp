@@ -10,7 +10,7 @@ using Kind = AnalysisRemark::Kind;
 
 std::vector<AnalysisRemark> RemarksOf(const std::string& drawingText, bool hasShadows = true) {
     const OpenDrawing drawing(drawingText);
-    return RemarksOn(BuildScene(drawing.database, 10), drawing.database, hasShadows);
+    return RemarksOn(BuildScene(drawing.database, {10, {}}), drawing.database, hasShadows);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ inline std::string BlockDrawing(const std::string& blocks, const std::string& en
 inline Scene BlockScene(const std::string& blocks, const std::string& entities, const std::string& layers = {},
                         std::size_t mostFaces = kMostSceneFaces) {
     const OpenDrawing drawing(BlockDrawing(blocks, entities, layers));
-    return BuildScene(drawing.database, mostFaces);
+    return BuildScene(drawing.database, {mostFaces, {}});
 }
 
 // A triangle that is the same after no turn or mirror: (0, 0, 0), (4, 0, 0), (0, 2, 1).

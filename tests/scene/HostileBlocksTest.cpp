@@ -22,7 +22,7 @@ std::string Chain(int count, const std::string& array, const std::string& innerm
 
 std::vector<std::uint64_t> TooLarge(const std::string& blocks, const std::string& entities, std::size_t mostFaces) {
     const OpenDrawing drawing(BlockDrawing(blocks, entities));
-    const Scene scene = BuildScene(drawing.database, mostFaces);
+    const Scene scene = BuildScene(drawing.database, {mostFaces, {}});
     EXPECT_LE(scene.faces.size(), mostFaces);
     EXPECT_EQ(scene.faultyCount, 0U);
     std::vector<std::uint64_t> handles;
