@@ -10,7 +10,11 @@
 struct AnalysisRemark {
     enum class Kind {
         NoWindows,       // no window on the layers that were asked for
-        NoFaces,         // nothing casts a shadow; `subject` lists what the drawing holds instead, empty for nothing
+        NoFaces,         // nothing casts a shadow; `subject` lists what the drawing holds instead, empty for nothing;
+                         // `count` of that are flat outlines that a height would make bodies
+        NoLayerToRaise,  // `subject` is a layer that a height was asked for and that the drawing does not have
+        NothingToRaise,  // `subject` is a layer where a height found no visible closed outline without a thickness, but
+                         // `count` open ones
         LayerMissing,    // `subject` is a layer that was asked for by name and that the drawing does not have
         LayerInvisible,  // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
         NotAWindow,      // the entity `handle` on a layer of windows, or a part of it, is no vertical rectangle and

@@ -8,10 +8,22 @@ namespace {
 
 using Kind = AnalysisRemark::Kind;
 
+void AddHeights(const Scene& scene, const std::vector<LayerHeight>& heights, std::vector<AnalysisRemark>& remarks) {
+    for (std::size_t i = 0; i < scene.heights.size(); ++i) {
+        const LayerHeightUse& use = scene.heights[i];
+        if (!use.isLayerThere)
+            remarks.push_back({Kind::NoLayerToRaise, heights[i].layer, 0, 0, 0.0});
+        else if (use.bodyCount == 0)
+            remarks.push_back({Kind::NothingToRaise, heights[i].layer, 0, use.openCount, 0.0});
+    }
+}
+
 }  // namespace
 
-std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& drawing, bool hasShadows) {
+std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& drawing,
+                                      const std::vector<LayerHeight>& heights, bool hasShadows) {
     std::vector<AnalysisRemark> remarks;
+    AddHeights(scene, heights, remarks);
     if (scene.faultyCount != 0)
         remarks.push_back({Kind::Faulty, {}, 0, scene.faultyCount, 0.0});
     for (const AcDbObjectId id : scene.tooLarge)
@@ -26,6 +38,6 @@ std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& dr
     if (bodyCount != 0)
         remarks.push_back({Kind::WithoutFaces, KindsText(bodies), 0, bodyCount, 0.0});
     if (!hasShadows)
-        remarks.push_back({Kind::NoFaces, KindsText(scene.passedOver), 0, 0, 0.0});
+        remarks.push_back({Kind::NoFaces, KindsText(scene.passedOver), 0, scene.flatOutlineCount, 0.0});
     return remarks;
 }

@@ -5,9 +5,12 @@
 
 #include "analysis/AnalysisRemark.h"
 
+struct LayerHeight;
 struct Scene;
 class AcDbDatabase;
 
-// Of faulty entities, of INSERTs that are too large, of bodies that are not read, and, unless anything casts a shadow,
-// what the drawing holds instead.
-std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& drawing, bool hasShadows);
+// Of layers that are not there or have nothing for the heights that the scene was made with, of faulty entities, of
+// INSERTs that are too large, of bodies that are not read, and, unless anything casts a shadow, what the drawing holds
+// instead.
+std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& drawing,
+                                      const std::vector<LayerHeight>& heights, bool hasShadows);

@@ -99,9 +99,9 @@ AnalysisAnswer Analysis::Run(const AnalysisProgress& progress) {
 void Analysis::ReadDrawing() {
     const std::vector<CString>& layers = m_request.windowLayers;
     {
-        const Scene scene = BuildScene(m_drawing);
+        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights});
         m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres);
-        m_answer.remarks = RemarksOn(scene, m_drawing, !m_occluders.faces.empty());
+        m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
     }
     WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness, m_request.plan);
     if (found.areTooMany) {

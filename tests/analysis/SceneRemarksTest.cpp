@@ -8,9 +8,10 @@ namespace {
 
 using Kind = AnalysisRemark::Kind;
 
-std::vector<AnalysisRemark> RemarksOf(const std::string& drawingText, bool hasShadows = true) {
+std::vector<AnalysisRemark> RemarksOf(const std::string& drawingText, bool hasShadows = true,
+                                      const std::vector<LayerHeight>& heights = {}) {
     const OpenDrawing drawing(drawingText);
-    return RemarksOn(BuildScene(drawing.database, {10, {}}), drawing.database, hasShadows);
+    return RemarksOn(BuildScene(drawing.database, {10, heights}), drawing.database, heights, hasShadows);
 }
 
 }  // namespace
@@ -49,4 +50,28 @@ TEST(SceneRemarks, NameEachInsertThatIsTooLarge) {
     EXPECT_EQ(remarks[1].kind, Kind::TooLarge);
     EXPECT_EQ(remarks[1].handle, 0xA1U);
     EXPECT_EQ(remarks[2].handle, 0xA3U);
+}
+
+TEST(SceneRemarks, TellWhichHeightsAreOfNoUse) {
+    const std::string square = " 10=0 20=0 10=4 20=0 10=4 20=3";
+    const auto remarks = RemarksOf(DrawingWith(Entity("LWPOLYLINE", "8=A 70=1" + square) + Triangle("8=B") +
+                                               Entity("LWPOLYLINE", "8=C" + square) + Entity("LINE", "8=C")),
+                                   true, {{L"A", 3.0}, {L" b", 3.0}, {L"C", 3.0}, {L"D", 3.0}});
+    ASSERT_EQ(remarks.size(), 3U);
+    EXPECT_EQ(remarks[0].kind, Kind::NothingToRaise);
+    EXPECT_EQ(remarks[0].subject, L" b") << "as it was asked for";
+    EXPECT_EQ(remarks[0].count, 0U);
+    EXPECT_EQ(remarks[1].kind, Kind::NothingToRaise);
+    EXPECT_EQ(remarks[1].subject, L"C");
+    EXPECT_EQ(remarks[1].count, 2U);
+    EXPECT_EQ(remarks[2].kind, Kind::NoLayerToRaise);
+    EXPECT_EQ(remarks[2].subject, L"D");
+}
+
+TEST(SceneRemarks, CountTheFlatOutlinesOfADrawingWithoutFaces) {
+    const auto remarks = RemarksOf(DrawingWith(Entity("CIRCLE", "10=0 20=0 40=3") + Entity("LINE", "")), false);
+    ASSERT_EQ(remarks.size(), 1U);
+    EXPECT_EQ(remarks[0].kind, Kind::NoFaces);
+    EXPECT_EQ(remarks[0].subject, L"1 CIRCLE, 1 LINE");
+    EXPECT_EQ(remarks[0].count, 1U);
 }

@@ -35,6 +35,14 @@ Names MembersOf(const Json& document) {
 
 }  // namespace
 
+TEST(AnalysisAsJson, TellsWhichHeightsWereAskedFor) {
+    AnalysisReport report = BareReport();
+    EXPECT_FALSE(DocumentOf(report).contains("heights"));
+    report.request.heights = {{L"楼", 18.5}, {L"B", 3.0}};
+    EXPECT_EQ(DocumentOf(report)["heights"],
+              (Json{{{"layer", "楼"}, {"metres", 18.5}}, {{"layer", "B"}, {"metres", 3.0}}}));
+}
+
 TEST(AnalysisAsJson, HasItsMembersInOrder) {
     AnalysisReport report = BareReport();
     report.answer.windows = {LitWindow(0x2A, L"1-101-1")};

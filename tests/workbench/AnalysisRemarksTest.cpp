@@ -45,16 +45,18 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind : {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
-                            Kind::LinesWithoutHeight, Kind::NothingRepeated, Kind::Faulty, Kind::TooLarge,
+                            Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::LinesWithoutHeight,
+                            Kind::NothingRepeated, Kind::Faulty, Kind::TooLarge,
                             Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable, Kind::SunBelowHorizon,
                             Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 16U);
+    EXPECT_EQ(messages.size(), 18U);
     EXPECT_FALSE(messages.contains(""));
-    for (const Kind kind :
-         {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope})
+    for (const Kind kind : {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces,
+                            Kind::LeftOutByScope, Kind::NoFaces, Kind::NothingToRaise})
         EXPECT_TRUE(Has(MessageOf(kind), "3000000"));
-    for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces})
+    for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces,
+                            Kind::NoLayerToRaise, Kind::NothingToRaise})
         EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
     for (const Kind kind : {Kind::NotAWindow, Kind::TooLarge})
         EXPECT_TRUE(Has(MessageOf(kind), " 2F "));

@@ -72,6 +72,14 @@ TEST(AnalysisTable, TellsEachWindowWithItsDay) {
               "    比标准的最小窗宽窄\n");
 }
 
+TEST(AnalysisTable, TellsWhichHeightsWereAskedFor) {
+    AnalysisReport report = BareReport();
+    EXPECT_FALSE(HasLine(report, "图层高度"));
+    report.request.heights = {{L"A\x1b", 18.5}, {L"B", 3.0}};
+    EXPECT_TRUE(HasLine(report, "图层高度"));
+    EXPECT_TRUE(HasLine(report, "A\xEF\xBF\xBD 高 18.5 米、B 高 3 米"));
+}
+
 TEST(AnalysisTable, HasAWindowWithoutASideToo) {
     AnalysisReport report = BareReport();
     report.answer.windows = {WindowWithoutSide(0x2A, L"2A")};

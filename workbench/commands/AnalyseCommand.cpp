@@ -22,6 +22,7 @@
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTable.h"
 #include "workbench/commands/AskedSettings.h"
+#include "workbench/commands/HeightOptions.h"
 #include "workbench/commands/NameLists.h"
 #include "workbench/commands/ValueErrors.h"
 #include "workbench/terminal/Complaint.h"
@@ -98,7 +99,9 @@ int ReadOptions(const AnalyseOptions& options, AnalysisRequest& request) {
             return Refuse(kExitUsage, Say(L"--windows 的值是空的：请写窗所在图层的名字，例如 --windows WINDOW"));
     request.windowLayers = options.windows;
     request.isScoped = options.isScoped;
-    int code = ReadDirections(options, request);
+    int code = ReadHeights(options.heights, request.heights);
+    if (!code)
+        code = ReadDirections(options, request);
     if (!code)
         code = ReadLimits(options, request);
     return code ? code : ReadAskedPlan(options.plan, request.plan);
@@ -188,6 +191,8 @@ Subcommand AnalyseSubcommand() {
             {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
              ValuesOption(L"--windows", SubcommandOption::kMany, L"LAYER",
                           L"窗所在的图层，可以给出多次；不给出时为 WINDOW 和 窗"),
+             ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",
+                          L"图层上没有厚度的闭合轮廓的高度（米），可以给出多次"),
              ValueOption(L"--need", L"HOURS", L"窗需要的日照小时数，大于 0、不超过 24；给出时才有结论"),
              ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
              ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的窗的朝向，从正东起逆时针的度数"),
@@ -206,6 +211,7 @@ Subcommand AnalyseSubcommand() {
                 return RunAnalyse(
                     {call.GetValue(L"FILE"),
                      call.GetValues(L"--windows"),
+                     call.GetValues(L"--height"),
                      call.GetValue(L"--north"),
                      call.GetValue(L"--facing"),
                      call.GetValue(L"--need"),

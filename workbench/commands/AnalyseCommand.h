@@ -15,6 +15,7 @@ struct Subcommand;
 struct AnalyseOptions {
     std::optional<CString> file;           // a DXF file
     std::vector<CString> windows;          // names of layers; none: WINDOW and 窗
+    std::vector<CString> heights;          // each a layer, = and metres
     std::optional<CString> north;          // degrees, any turn
     std::optional<CString> facing;         // degrees, any turn
     std::optional<CString> need;           // hours, above 0 and up to 24

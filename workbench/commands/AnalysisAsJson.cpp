@@ -105,6 +105,8 @@ Json HeadAsJson(const AnalysisReport& report) {
     document["standard"] = ListedStandardAsJson(report.standardIndex, report.isCurrentStandard,
                                                 *request.settings.standard, report.changes);
     document["north"] = request.north;
+    for (const LayerHeight& each : request.heights)
+        document["heights"].push_back({{"layer", ToUtf8(each.layer.View())}, {"metres", each.metres}});
     document["need"] = OrNull(request.need);
     document["span"] = {{"start", report.answer.span.start}, {"end", report.answer.span.end}};
     document["beijingOffset"] = report.answer.beijingOffset;

@@ -20,6 +20,15 @@ CString Count(const AnalysisRemark& remark) {
     return CountText(remark.count);
 }
 
+CString NothingToRaiseText(const AnalysisRemark& remark) {
+    const CString layer = Printable(remark.subject);
+    if (remark.count == 0)
+        return SayFormat(L"图层“%s”上没有可见、闭合而没有厚度的轮廓，--height 没有用上", layer);
+    return SayFormat(
+        L"图层“%s”上没有可见、闭合而没有厚度的轮廓，--height 没有用上；其上有 %s 个不闭合：请在制图程序里闭合", layer,
+        Count(remark));
+}
+
 CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
     switch (remark.kind) {
         case Kind::NoWindows:
@@ -30,8 +39,17 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
         case Kind::NoFaces:
             if (remark.subject.IsEmpty())
                 return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
-            return SayFormat(L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度",
-                             Printable(remark.subject));
+            if (remark.count == 0)
+                return SayFormat(L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度",
+                                 Printable(remark.subject));
+            return SayFormat(
+                L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度；"
+                L"其中 %s 个是闭合的轮廓：用 --height 给出它们的图层的高度",
+                Printable(remark.subject), Count(remark));
+        case Kind::NoLayerToRaise:
+            return SayFormat(L"图形中没有图层“%s”（--height）", Printable(remark.subject));
+        case Kind::NothingToRaise:
+            return NothingToRaiseText(remark);
         case Kind::LayerMissing:
             return SayFormat(L"图形中没有图层“%s”（--windows）", Printable(remark.subject));
         case Kind::LayerInvisible:

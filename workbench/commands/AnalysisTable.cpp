@@ -2,6 +2,7 @@
 #include "workbench/commands/AnalysisTable.h"
 
 #include "facts/DayText.h"
+#include "facts/NearestNames.h"
 #include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/TextNumber.h"
@@ -24,6 +25,13 @@ CString NameOf(const CString& file) {
 
 using Align = TextTable::Align;
 
+CString HeightsText(const std::vector<LayerHeight>& heights) {
+    std::vector<CString> texts;
+    for (const LayerHeight& each : heights)
+        texts.push_back(SayFormat(L"%s 高 %s 米", each.layer, DoubleToText(each.metres)));
+    return JoinNames(texts);
+}
+
 void PrintHead(const AnalysisReport& report, Output& output) {
     const AnalysisRequest& request = report.request;
     const AnalysisAnswer& answer = report.answer;
@@ -39,6 +47,8 @@ void PrintHead(const AnalysisReport& report, Output& output) {
                                            PeriodText(answer.span, answer.beijingOffset))});
     if (request.north != 0.0)
         table.Add({Say(L"正北"), SayFormat(L"从图形的 y 轴起逆时针 %s 度", DoubleToText(request.north))});
+    if (!request.heights.empty())
+        table.Add({Say(L"图层高度"), HeightsText(request.heights)});
     table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))
                                           : Say(L"没有给出（--need），只列出日照")});
     table.PrintTo(output);

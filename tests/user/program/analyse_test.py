@@ -145,6 +145,37 @@ class OneWindow(AnalyseTest):
         self.assertEqual(self.document("a.dxf", "--north", "-7.5")["north"], -7.5)
         self.assertEqual(self.document("a.dxf", "--north", "375")["north"], 15)
 
+    def test_a_plan_with_heights_is_a_site_with_bodies(self):
+        """The same site twice: with thicknesses, and as a plan whose layers are given heights."""
+        def site(thick):
+            return drawing(south_window("B1"), box("A1", "OWN", 0, 0, 10, 8, 6), box("C1", "A=B", 3, -12, 7, -9, 9 * thick),
+                           box("C2", "Tower", -20, -30, -12, -25, 40 * thick, bottom=0.5), units=METRES)
+        thick = self.one_window(self.put(site(1)))
+        plan = self.put(site(0))
+        answer = self.orvo("analyse", plan, "--height", "A=B=9", "--height", " TOWER =40.0", "--json")
+        self.assertEqual(answer.json()["windows"], [thick])
+        self.assertEqual(answer.err, "")
+        self.assertTrue({"C1", "C2"} <= {by for each in thick["hidden"] for by in each["by"]}, thick["hidden"])
+        low = self.one_window(plan, "--height", "A=B=9")
+        self.assertNotIn("C2", str(low["hidden"]))
+        self.assertGreater(low["total"], thick["total"])
+
+    def test_a_house_in_a_block_is_as_high_as_its_layer(self):
+        """Drawn in centimetres as a block, mirrored, flattened, and put in place in metres."""
+        outline = box("D1", "0", 300, -1200, 700, -900, 0)
+        insert = groups((0, "INSERT"), (5, "C1"), (8, "HOUSES"), (2, "H"), (10, 10), (20, 0), (41, -0.01), (42, 0.01), (43, -0.5))
+        name = self.put(drawing(south_window("B1"), box("A1", "OWN", 0, 0, 10, 8, 6), insert, blocks=[("H", outline)]))
+        plain = self.put(drawing(south_window("B1"), box("A1", "OWN", 0, 0, 10, 8, 6), box("C1", "HOUSES", 3, -12, 7, -9, 9)),
+                         "b.dxf")
+        blocked, expected = self.one_window(name, "--height", "HOUSES=9"), self.one_window(plain)
+        self.assertIn("C1", str(expected["hidden"]))
+        for key in ("sunlit", "hidden"):
+            self.assertEqual(len(blocked[key]), len(expected[key]), key)
+            for one, other in zip(blocked[key], expected[key]):
+                self.assertAlmostEqual(one["start"], other["start"], places=6)
+                self.assertAlmostEqual(one["end"], other["end"], places=6)
+                self.assertEqual(one.get("by"), other.get("by"))
+
     def test_inches_are_converted(self):
         inch = 0.0254
         name = self.put(drawing(box("A1", "建筑", 0, 0, 10 / inch, 8 / inch, 6 / inch), south_window("B1", scale=1 / inch), units=1))
@@ -386,6 +417,13 @@ class WhatCannotBe(AnalyseTest):
                     self.assertIn(option, message.err)
                     self.assertIn(f"“{value}”", message.err)
         self.assertIn("--windows", self.refused(USAGE, "analyse", name, "--windows", "").err)
+        for value in ("", "A", "A=", "=3", " =3", "A=0", "A=-1", "A=10000.1", "A=nan", "A=3m", "A=3,5", "A= ", "A=3=", "A=1e999"):
+            with self.subTest(height=value):
+                message = self.refused(USAGE, "analyse", name, "--height", value)
+                self.assertIn(f"--height 的值“{value}”", message.err)
+                self.assertIn("--height HOUSES=18.5", message.err)
+        twice = self.refused(USAGE, "analyse", name, "--height", "Haus=3", "--height", " HAUS =4")
+        self.assertIn("图层“HAUS”两个高度", twice.err)
         self.assertIn("--csv 和 --json", self.refused(USAGE, "analyse", name, "--csv", "--json").err)
         self.assertIn("orvo analyse courtyard.dxf", self.refused(USAGE, "analyse").err)
         self.refused(USAGE, "analyse", name, "b.dxf")
@@ -446,6 +484,18 @@ class WhatCannotBe(AnalyseTest):
         answer = self.orvo("analyse", self.put(drawing(south_window("B1"), *lines, *inserts, blocks=[("A", "")])),
                            "--facing", "270")
         self.assertIn("3 LINE, 2 INSERT：都没有高度", answer.err)
+
+    def test_heights_that_come_to_nothing_are_told(self):
+        open_outline = groups((0, "LWPOLYLINE"), (5, "C1"), (8, "PLAN"), (90, 2), (10, 0), (20, -9), (10, 9), (20, -9))
+        plan = box("C2", "OTHER", 0, -9, 9, -5, 0)
+        name = self.put(drawing(south_window("B1"), open_outline, plan))
+        answer = self.orvo("analyse", name, "--facing", "270", "--height", "PLAN=10000", "--height", "NOWHERE=1")
+        self.assertEqual(answer.code, OK, answer)
+        self.assertIn("没有图层“NOWHERE”（--height）", answer.err)
+        self.assertIn("图层“PLAN”上没有可见、闭合而没有厚度的轮廓，--height 没有用上；其上有 1 个不闭合", answer.err)
+        self.assertIn("2 LWPOLYLINE：都没有高度；其中 1 个是闭合的轮廓：用 --height", answer.err)
+        raised = self.orvo("analyse", name, "--facing", "270", "--height", "other=1")
+        self.assertNotIn("没有投影子的面", raised.err)
 
     def test_a_block_casts_the_shadow_of_what_it_holds(self):
         """The same building drawn as it is, and as a block of half its size, mirrored and turned round."""
