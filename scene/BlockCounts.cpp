@@ -1,6 +1,7 @@
 // Walks through blocks within blocks, whose depth has a bound.
 #include "scene/BlockCounts.h"
 
+#include "scene/BlockFaces.h"
 #include "scene/BlockTable.h"
 
 namespace {
@@ -25,26 +26,26 @@ void AddFlat(const BlockOutlines& outlines, SceneCounts& counts) {
 
 }  // namespace
 
-void BlockCounts::Take(Block& block, const LayerLook& layer) {
+void BlockCounts::Take(BlockFaces& block, const LayerLook& layer) {
     const AskedHeight* const asked = layer.Height();
     if (!m_seen.emplace(&block, asked).second)
         return;
     if (!std::exchange(block.isCounted, true))
         m_blocks.push_back(&block);
     block.outlines.isRaised = block.outlines.isRaised || asked;
-    for (InnerInsert& inner : block.inserts) {
-        const LayerLook& innerLayer = inner.look.layer ? *inner.look.layer : layer;
-        Take(*inner.block, innerLayer);
-        inner.hasFaces = inner.hasFaces || inner.block->CountFaces(innerLayer) != 0.0;
+    for (InnerFaces& inner : block.inserts) {
+        const LayerLook& innerLayer = inner.insert->look.layer ? *inner.insert->look.layer : layer;
+        Take(*inner.faces, innerLayer);
+        inner.hasFaces = inner.hasFaces || inner.faces->CountFaces(innerLayer) != 0.0;
     }
 }
 
 void BlockCounts::AddTo(SceneCounts& counts) const {
-    for (const Block* const block : m_blocks) {
+    for (const BlockFaces* const block : m_blocks) {
         counts.faultyCount += block->faultyCount;
         for (const auto& [type, count] : block->passedOver)
             counts.passedOver[type] += count;
-        for (const InnerInsert& inner : block->inserts)
+        for (const InnerFaces& inner : block->inserts)
             if (!inner.hasFaces)
                 ++counts.passedOver["INSERT"];
         AddOwnHeights(block->outlines, counts);

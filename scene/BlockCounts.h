@@ -12,7 +12,7 @@
 #include "scene/LayerHeight.h"
 
 struct AskedHeight;
-struct Block;
+struct BlockFaces;
 struct LayerLook;
 
 // What a scene tells beside its faces.
@@ -26,12 +26,12 @@ struct SceneCounts {
 class BlockCounts {
 public:
     // A sound block that an INSERT on this layer shows, and the blocks in it.
-    void Take(Block& block, const LayerLook& layer);
+    void Take(BlockFaces& block, const LayerLook& layer);
     // Adds the counts of all blocks that were taken.
     void AddTo(SceneCounts& counts) const;
 
 private:
-    std::vector<const Block*> m_blocks;
+    std::vector<const BlockFaces*> m_blocks;
     // With the heights that were handed down to them.
-    std::set<std::pair<const Block*, const AskedHeight*>> m_seen;
+    std::set<std::pair<const BlockFaces*, const AskedHeight*>> m_seen;
 };

@@ -21,8 +21,7 @@ std::wstring KeyOf(const AcDbDatabase& drawing, std::string_view name) {
 
 }  // namespace
 
-BlockTable::BlockTable(const AcDbDatabase& drawing, LayerTable& layers, const ArcDivision& division)
-    : m_drawing(drawing), m_layers(layers), m_division(division) {
+BlockTable::BlockTable(const AcDbDatabase& drawing, LayerTable& layers) : m_drawing(drawing), m_layers(layers) {
     std::vector<AcDbObjectId> heads;
     if (!drawing.GetBlocks(heads))
         throw std::bad_alloc();
@@ -73,21 +72,11 @@ void BlockTable::Prepare(Block& first) {
 
 // All that it inserts is done, save blocks that are open: those insert this one.
 void BlockTable::Close(Block& block) {
-    const double shown = static_cast<double>(block.faces.GetCount() + block.outlines.ownFaces);
-    block.faceCount = shown;
-    block.raisedFaceCount = shown + static_cast<double>(block.outlines.handedDownFaces);
-    for (const BlockPart& part : block.parts)
-        if (part.isHandedDown)
-            block.raisedFaceCount -= static_cast<double>(part.faceCount);
     for (const InnerInsert& inner : block.inserts) {
         const Block& inserted = *inner.block;
         if (inserted.state != Block::State::Done || inserted.isFaulty)
             block.isFaulty = true;
         block.depth = std::max(block.depth, inserted.depth + 1);
-        const LayerLook* const layer = inner.look.layer;
-        const double copies = inner.insert.CountCopies();
-        block.faceCount += copies * (layer ? inserted.CountFaces(*layer) : inserted.faceCount);
-        block.raisedFaceCount += copies * (layer ? inserted.CountFaces(*layer) : inserted.raisedFaceCount);
     }
     if (block.depth > kDeepestBlock)
         block.isFaulty = true;
@@ -102,65 +91,26 @@ void BlockTable::Read(Block& block) {
         const EntityGroups entity = GroupsOf(m_drawing, id);
         if (entity.Type() == "ENDBLK")
             break;
-        TakePart(block, id, entity);
+        Take(block, id, entity);
     }
 }
 
-void BlockTable::TakePart(Block& block, AcDbObjectId id, const EntityGroups& entity) {
+void BlockTable::Take(Block& block, AcDbObjectId id, const EntityGroups& entity) {
     if (IsPartOfAnother(entity) || entity.Type() == "ATTDEF" || !entity.IsInModel())
         return;
     const EntityLook look = ReadLook(entity, m_layers);
-    const bool isInsert = entity.Type() == "INSERT";
-    if (look.layer && (isInsert ? look.layer->isFrozen : !look.layer->isVisible))
-        return;
-    if (isInsert)
-        return TakeInsert(block, entity, look);
-    FlatPath path;
-    const FlatOutline kind = ReadFlatOutline(m_drawing, id, entity, path);
-    const std::size_t handedDown = block.outlines.handedDown.size();
-    if (TakeOutline(block, kind, path, look))
-        return;
-    const bool isHandedDown = block.outlines.handedDown.size() > handedDown;
-    const std::size_t first = block.faces.GetCount();
-    const std::size_t arcs = m_division.arcs;
-    switch (AddEntityFaces(m_drawing, id, entity, m_division, block.faces)) {
-        case EntityOutcome::Other:
-            ++(isHandedDown ? block.outlines.flatTypes : block.passedOver)[std::string(entity.Type())];
-            if (kind == FlatOutline::Closed && !IsUpright(path))
-                ++(isHandedDown ? block.outlines.handedDownFlatCount : block.outlines.flatCount);
-            break;
-        case EntityOutcome::Faulty:
-            ++block.faultyCount;
-            break;
-        case EntityOutcome::Faces:
-            block.parts.push_back(
-                {id, look, first, block.faces.GetCount() - first, m_division.arcs != arcs, isHandedDown});
-            break;
-    }
+    const bool isFrozen = look.layer && look.layer->isFrozen;
+    if (entity.Type() != "INSERT" || isFrozen || !TakeInsert(block, id, entity, look))
+        block.entities.push_back({id, look});
 }
 
-// True when there is no more to take of an entity: it is a body wherever the block is inserted, or faulty as one.
-bool BlockTable::TakeOutline(Block& block, FlatOutline kind, const FlatPath& path, const EntityLook& look) {
-    const bool isRaised = look.layer && look.layer->Height();
-    const bool mayBeRaised = isRaised || (!look.layer && m_layers.HasHeights());
-    if (!mayBeRaised || kind == FlatOutline::None)
-        return false;
-    if (kind == FlatOutline::Open) {
-        block.outlines.open.push_back(look.layer);
-        return false;
-    }
-    const bool isSound = kind == FlatOutline::Closed && block.outlines.Add(look, path, m_division);
-    if (isRaised && !isSound)
-        ++block.faultyCount;
-    return isRaised;
-}
-
-void BlockTable::TakeInsert(Block& block, const EntityGroups& entity, const EntityLook& look) {
-    InnerInsert inner{look, {}, nullptr};
+// False for one that shows nothing.
+bool BlockTable::TakeInsert(Block& block, AcDbObjectId id, const EntityGroups& entity, const EntityLook& look) {
+    InnerInsert inner{id, look, {}, nullptr};
     if (ReadInsert(entity, inner.insert))
         inner.block = BlockOf(inner.insert.name);
-    if (inner.block)
-        block.inserts.push_back(std::move(inner));
-    else
-        ++block.faultyCount;
+    if (!inner.block)
+        return false;
+    block.inserts.push_back(std::move(inner));
+    return true;
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "scene/BlockFaces.h"
 #include "scene/BlockTable.h"
 #include "scene/EntityFaces.h"
 #include "scene/EntityGroups.h"
@@ -18,7 +19,7 @@ constexpr std::size_t kWorkForEachFace = 4;
 InsertedFaces::InsertedFaces(const AcDbDatabase& drawing, ArcDivision& division, FaceList& faces, std::size_t most)
     : m_drawing(drawing), m_division(division), m_faces(faces), m_most(most), m_spareWork(kWorkForEachFace * most) {}
 
-InsertOutcome InsertedFaces::Add(const Block& block, const BlockInsert& insert, const Surroundings& surroundings,
+InsertOutcome InsertedFaces::Add(const BlockFaces& block, const BlockInsert& insert, const Surroundings& surroundings,
                                  std::vector<FaceRun>& runs) {
     runs.clear();
     // Said before anything is made: counts of an array are easily written.
@@ -34,19 +35,19 @@ InsertOutcome InsertedFaces::Add(const Block& block, const BlockInsert& insert, 
     return m_outcome;
 }
 
-bool InsertedFaces::AddCopies(const Block& block, const BlockInsert& insert, const Placement& outer,
+bool InsertedFaces::AddCopies(const BlockFaces& block, const BlockInsert& insert, const Placement& outer,
                               const Surroundings& surroundings) {
     // Without faces there may be any number of copies.
     if (block.CountFaces(surroundings.layer) == 0.0)
         return true;
     for (int row = 0; row < insert.rows; ++row)
         for (int column = 0; column < insert.columns; ++column)
-            if (!AddBlock(block, insert.At(block.base, column, row).Within(outer), surroundings))
+            if (!AddBlock(block, insert.At(block.block->base, column, row).Within(outer), surroundings))
                 return false;
     return true;
 }
 
-bool InsertedFaces::AddBlock(const Block& block, const Placement& placement, const Surroundings& surroundings) {
+bool InsertedFaces::AddBlock(const BlockFaces& block, const Placement& placement, const Surroundings& surroundings) {
     const bool isRaised = surroundings.layer.Height() != nullptr;
     for (const BlockPart& part : block.parts) {
         if (isRaised && part.isHandedDown)
@@ -60,16 +61,17 @@ bool InsertedFaces::AddBlock(const Block& block, const Placement& placement, con
     if (!AddRaised(block.outlines.own, placement, surroundings) ||
         (isRaised && !AddRaised(block.outlines.handedDown, placement, surroundings)))
         return false;
-    for (const InnerInsert& inner : block.inserts) {
-        const Surroundings within{surroundings.LayerOf(inner.look), surroundings.ColorOf(inner.look)};
+    for (const InnerFaces& inner : block.inserts) {
+        const EntityLook& look = inner.insert->look;
+        const Surroundings within{surroundings.LayerOf(look), surroundings.ColorOf(look)};
         // None of them lies on a frozen layer: neither on one of its own, nor on one that is handed down.
-        if (!AddCopies(*inner.block, inner.insert, placement, within))
+        if (!AddCopies(*inner.faces, inner.insert->insert, placement, within))
             return false;
     }
     return true;
 }
 
-bool InsertedFaces::AddPart(const Block& block, const BlockPart& part, const Placement& placement,
+bool InsertedFaces::AddPart(const BlockFaces& block, const BlockPart& part, const Placement& placement,
                             const LayerLook& layer, const Surroundings& surroundings) {
     FaceRun run{layer.number, surroundings.ColorOf(part.look), m_faces.GetCount(), 0};
     const bool isPlaced = part.hasArcs && placement.stretch > 1.0

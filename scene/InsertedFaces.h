@@ -10,7 +10,7 @@
 
 class AcDbDatabase;
 class FaceList;
-struct Block;
+struct BlockFaces;
 struct BlockInsert;
 struct BlockOutline;
 struct BlockPart;
@@ -35,15 +35,15 @@ public:
     // Adds to `faces`, which is to have at most `most`.
     InsertedFaces(const AcDbDatabase& drawing, ArcDivision& division, FaceList& faces, std::size_t most);
 
-    // All copies of a sound block. With another outcome than Done the list is as it was, and there are no runs.
-    InsertOutcome Add(const Block& block, const BlockInsert& insert, const Surroundings& surroundings,
+    // All copies of a block. With another outcome than Done the list is as it was, and there are no runs.
+    InsertOutcome Add(const BlockFaces& block, const BlockInsert& insert, const Surroundings& surroundings,
                       std::vector<FaceRun>& runs);
 
 private:
-    bool AddCopies(const Block& block, const BlockInsert& insert, const Placement& outer,
+    bool AddCopies(const BlockFaces& block, const BlockInsert& insert, const Placement& outer,
                    const Surroundings& surroundings);
-    bool AddBlock(const Block& block, const Placement& placement, const Surroundings& surroundings);
-    bool AddPart(const Block& block, const BlockPart& part, const Placement& placement, const LayerLook& layer,
+    bool AddBlock(const BlockFaces& block, const Placement& placement, const Surroundings& surroundings);
+    bool AddPart(const BlockFaces& block, const BlockPart& part, const Placement& placement, const LayerLook& layer,
                  const Surroundings& surroundings);
     bool AddRaised(const std::vector<BlockOutline>& outlines, const Placement& placement,
                    const Surroundings& surroundings);

@@ -9,6 +9,7 @@
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DrawingUnits.h"
 #include "scene/BlockCounts.h"
+#include "scene/BlockFaces.h"
 #include "scene/BlockTable.h"
 #include "scene/EntityFaces.h"
 #include "scene/EntityGroups.h"
@@ -47,7 +48,8 @@ public:
           m_layers(drawing, options.heights),
           m_model{m_layers.Find("0"), EntityColor()},
           m_division(DivisionFor(drawing)),
-          m_blocks(drawing, m_layers, m_division),
+          m_blocks(drawing, m_layers),
+          m_blockFaces(drawing, m_layers, m_division),
           m_inserted(drawing, m_division, m_faces, options.mostFaces) {
         m_counts.heights.resize(options.heights.size());
     }
@@ -65,6 +67,7 @@ private:
     Surroundings m_model;
     ArcDivision m_division;
     BlockTable m_blocks;
+    BlockFacesTable m_blockFaces;
     FaceList m_faces;
     InsertedFaces m_inserted;
     BlockCounts m_blockCounts;
@@ -141,13 +144,14 @@ EntityOutcome SceneBuilder::AddFaces(AcDbObjectId id, const EntityGroups& entity
 
 void SceneBuilder::TakeInsert(AcDbObjectId id, const EntityGroups& entity, const EntityLook& look) {
     BlockInsert insert;
-    Block* const block = ReadInsert(entity, insert) ? m_blocks.Find(insert.name) : nullptr;
+    const Block* const block = ReadInsert(entity, insert) ? m_blocks.Find(insert.name) : nullptr;
     if (!block || block->isFaulty) {
         ++m_counts.faultyCount;
         return;
     }
-    m_blockCounts.Take(*block, m_model.LayerOf(look));
-    switch (m_inserted.Add(*block, insert, {m_model.LayerOf(look), m_model.ColorOf(look)}, m_runs)) {
+    BlockFaces& faces = m_blockFaces.Of(*block);
+    m_blockCounts.Take(faces, m_model.LayerOf(look));
+    switch (m_inserted.Add(faces, insert, {m_model.LayerOf(look), m_model.ColorOf(look)}, m_runs)) {
         case InsertOutcome::TooMany:
             m_scene.tooLarge.push_back(id);
             break;
