@@ -1,6 +1,8 @@
 // Makes the faces of blocks entity by entity.
 #include "scene/BlockFaces.h"
 
+#include <algorithm>
+
 #include "platform/host/AcDbDatabase.h"
 #include "scene/BlockTable.h"
 #include "scene/EntityFaces.h"
@@ -17,6 +19,10 @@ BlockFaces& BlockFacesTable::Of(const Block& block) {
         Take(faces, entity);
     for (const InnerInsert& inner : block.inserts)
         faces.inserts.push_back({&inner, &Of(*inner.block)});
+    const auto empty = std::stable_partition(faces.inserts.begin(), faces.inserts.end(), [](const InnerFaces& inner) {
+        return inner.faces->faceCount > 0.0 || inner.faces->raisedFaceCount > 0.0;
+    });
+    faces.shownCount = static_cast<std::size_t>(empty - faces.inserts.begin());
     Count(faces);
     return faces;
 }

@@ -40,7 +40,8 @@ struct BlockFaces {
     const Block* block = nullptr;
     FaceList faces;
     std::vector<BlockPart> parts;
-    std::vector<InnerFaces> inserts;  // all that the block inserts, as the block has them
+    std::vector<InnerFaces> inserts;  // as the block has them, those that may show faces first
+    std::size_t shownCount = 0;       // how many of them may
     BlockOutlines outlines;
     std::map<std::string, std::size_t> passedOver;  // entities of kinds without faces
     std::size_t faultyCount = 0;                    // entities of its own that are faulty, INSERTs among them

@@ -61,7 +61,9 @@ bool InsertedFaces::AddBlock(const BlockFaces& block, const Placement& placement
     if (!AddRaised(block.outlines.own, placement, surroundings) ||
         (isRaised && !AddRaised(block.outlines.handedDown, placement, surroundings)))
         return false;
-    for (const InnerFaces& inner : block.inserts) {
+    // The others would be asked in vain for each copy, and a block may have a million of them.
+    for (std::size_t i = 0; i < block.shownCount; ++i) {
+        const InnerFaces& inner = block.inserts[i];
         const EntityLook& look = inner.insert->look;
         const Surroundings within{surroundings.LayerOf(look), surroundings.ColorOf(look)};
         // None of them lies on a frozen layer: neither on one of its own, nor on one that is handed down.

@@ -137,6 +137,15 @@ TEST(HostileBlocks, AnyNumberOfCopiesOfNothingIsNothing) {
     EXPECT_EQ(scene.passedOver, (std::vector<KindCount>{{"INSERT", 52}, {"LINE", 1}}));
 }
 
+TEST(HostileBlocks, EmptyBlocksBesideAFaceAreNotWalkedForEachCopy) {
+    std::string parts = Scalene();
+    for (int i = 0; i < 50000; ++i)
+        parts += Insert("2=E");
+    const Scene scene = BlockScene(BlockText("E", "") + BlockText("A", parts), Insert("2=A 70=1000 71=1000"));
+    EXPECT_EQ(scene.faces.size(), 1000000U);
+    EXPECT_EQ(scene.passedOver, (std::vector<KindCount>{{"INSERT", 50000}}));
+}
+
 TEST(HostileBlocks, FacesThatComeOutWithoutAnAreaAreLeftOut) {
     const Scene scene = BlockScene(BlockText("A", Scalene()), Insert("2=A 41=1e-9 42=1e-9") + Insert("2=A"));
     EXPECT_EQ(scene.faces.size(), 1U);
