@@ -1,4 +1,5 @@
 // The faces of blocks in their own size, made when they are first asked for.
+// Why: docs/decisions/scene.md
 #pragma once
 
 #include <cstddef>

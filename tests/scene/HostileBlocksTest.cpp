@@ -160,6 +160,17 @@ TEST(HostileBlocks, WhatIsFaultyInABlockCountsOnceAndLeavesTheRest) {
     EXPECT_EQ(scene.passedOver, (std::vector<KindCount>{{"LINE", 1}}));
 }
 
+TEST(HostileBlocks, WhatLiesOnALayerThatIsOffIsNotCounted) {
+    const std::string layers = Entity("LAYER", "2=OFF 62=-3") + Entity("LAYER", "2=FROZEN 70=1 62=3");
+    const std::string parts = Scalene() + Entity("LINE", "8=OFF") + Entity("3DFACE", "8=OFF") +
+                              Insert("2=missing 8=FROZEN") + Entity("3DFACE", "8=FROZEN");
+    const Scene scene = BlockScene(BlockText("A", parts), Insert("2=A"), layers);
+    EXPECT_EQ(scene.faces.size(), 1U);
+    EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U);
+    EXPECT_EQ(BlockScene(BlockText("A", Insert("2=missing 8=OFF")), Insert("2=A"), layers).faultyCount, 1U)
+        << "what such an INSERT holds may be seen";
+}
+
 TEST(HostileBlocks, WhatNobodyInsertsIsNotCounted) {
     const Scene scene = BlockScene(BlockText("A", Entity("3DFACE", "") + Entity("LINE", "")), Scalene());
     EXPECT_EQ(scene.faultyCount + OtherCount(scene), 0U);
