@@ -18,7 +18,9 @@ struct AnalysisRemark {
         LayerMissing,    // `subject` is a layer that was asked for by name and that the drawing does not have
         LayerInvisible,  // `subject` is a layer of windows that is off or frozen: `count` entities were passed over
         NotAWindow,      // the entity `handle` on a layer of windows, or a part of it, is no vertical rectangle and
-                         // no line of a plan
+                         // no line of a plan; of an INSERT of the block `subject` these are `count` entities in it,
+                         // copy by copy, or itself
+        TooManyInBlock,  // the INSERT `handle` would bring the windows beyond `count`, and has none
         LinesWithoutHeight,  // `count` lines on layers of windows would be windows if their height were told
         NothingRepeated,     // storeys were asked for, and no window is drawn as a line
         Faulty,              // `count` entities of the drawing could not be read

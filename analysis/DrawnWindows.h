@@ -16,7 +16,7 @@ struct WindowsOfDrawing {
     std::vector<DrawnWindow> windows;  // in the drawing's order, then those of further storeys; sides and floors not
                                        // yet told
     std::vector<AnalysisRemark> remarks;
-    bool areTooMany = false;  // more than kMostWindows: there is nothing else
+    bool areTooMany = false;  // more than the most: there is nothing else
 };
 
 // Beyond this the answer alone takes more memory than most computers have.
@@ -27,8 +27,13 @@ inline constexpr std::size_t kMostWindows = 5'000'000;
 // WindowOfSegment tell them, by the rules for plans). With the names that texts on their layers give (NameWindows),
 // and repeated where the rules ask for storeys. `millimetres` is one unit of the drawing.
 //
+// All of that in blocks, too, wherever an INSERT puts them: what lies on layer 0 there lies on the INSERT's layer. Of
+// the texts the ATTRIBs of an INSERT go before those of its block. The handle is the outermost INSERT's.
+//
 // Remarks: LayerMissing for names that were asked for; LayerInvisible with how many entities that might have been
 // windows were passed over; NotAWindow for each line and each entity with an area on a layer of windows that is none,
-// or not wholly; LinesWithoutHeight; NothingRepeated; NoWindows when there are none.
+// or not wholly, once for an INSERT with such entities in it and for one on a layer of windows that gives none;
+// TooManyInBlock for each INSERT that would bring windows and texts beyond `mostWindows`; LinesWithoutHeight;
+// NothingRepeated; NoWindows when there are none.
 WindowsOfDrawing FindWindows(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
-                             double thickness, const PlanRules& plan = {});
+                             double thickness, const PlanRules& plan = {}, std::size_t mostWindows = kMostWindows);

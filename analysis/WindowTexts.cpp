@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "analysis/BoxTree.h"
@@ -26,13 +27,16 @@ constexpr int kPoint = 10;
 constexpr int kSecondPoint = 11;
 constexpr int kAcross = 72;
 constexpr int kUp = 73;
+constexpr int kUpOfAttribute = 74;
+constexpr int kAttributeFlags = 70;
+constexpr int kNotShown = 1;
 constexpr int kAligned = 3;
 constexpr int kFitted = 5;
 constexpr double kNameReachInPlan = 200.0;
 
-bool ReadTextPoint(const EntityGroups& entity, QcGePoint& point) {
+bool ReadTextPoint(const EntityGroups& entity, int upCode, QcGePoint& point) {
     const int across = entity.IntegerOr(kAcross, 0);
-    const bool isByFirst = (across == 0 && entity.IntegerOr(kUp, 0) == 0) || across == kAligned || across == kFitted;
+    const bool isByFirst = (across == 0 && entity.IntegerOr(upCode, 0) == 0) || across == kAligned || across == kFitted;
     if (isByFirst || !entity.Point(kSecondPoint, point))
         if (!entity.Point(kPoint, point))
             return false;
@@ -191,15 +195,21 @@ CString NameWithoutText(const DrawnWindow& window, std::size_t index) {
 
 }  // namespace
 
-bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, double millimetres, WindowText& text) {
-    QcGePoint place;
-    const bool isLong = entity.Type() == "MTEXT";
-    if (!(isLong ? entity.Point(kPoint, place) : ReadTextPoint(entity, place)))
+bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, CString& text, QcGePoint& point) {
+    const std::string_view type = entity.Type();
+    if (type == "MTEXT") {
+        text = PlainLongText(drawing.Decode(BytesOf(entity)));
+        return entity.Point(kPoint, point) && !text.IsEmpty();
+    }
+    const bool isAttribute = type == "ATTRIB";
+    if (isAttribute && (entity.IntegerOr(kAttributeFlags, 0) & kNotShown) != 0)
         return false;
-    const CString written = drawing.Decode(BytesOf(entity));
-    text.text = isLong ? PlainLongText(written) : PlainText(written);
-    text.place = Vector3{place.x, place.y, place.z} * millimetres;
-    return !text.text.IsEmpty();
+    if ((type != "TEXT" && !isAttribute) || !ReadTextPoint(entity, isAttribute ? kUpOfAttribute : kUp, point))
+        return false;
+    // What follows the first text of an attribute is the same once more, as a long one.
+    const DxfGroup* const written = isAttribute ? entity.Find(kText) : nullptr;
+    text = PlainText(drawing.Decode(written ? written->value : BytesOf(entity)));
+    return !text.IsEmpty();
 }
 
 void NameWindows(std::vector<DrawnWindow>& windows, const std::vector<WindowText>& texts, double thickness) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/DrawnWindow.h"
+#include "platform/geometry/QcGePoint.h"
 
 class AcDbDatabase;
 class EntityGroups;
@@ -16,10 +17,11 @@ struct WindowText {
     std::uint32_t layer = 0;  // as a window's
 };
 
-// A TEXT or MTEXT without what formats it. Its place is the insertion point: of a TEXT that is justified otherwise than
-// to the left of its line, stretched or fitted, the second point where there is one. False for an empty one, and for
-// data that are unsound.
-bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, double millimetres, WindowText& text);
+// A TEXT, an MTEXT or an ATTRIB without what formats it, and where it is put as it is drawn: its insertion point; of a
+// TEXT or ATTRIB that is justified otherwise than to the left of its line, stretched or fitted, the second point where
+// there is one. False for all other entities, an empty text, an ATTRIB that is not shown, and for data that are
+// unsound.
+bool ReadWindowText(const AcDbDatabase& drawing, const EntityGroups& entity, CString& text, QcGePoint& point);
 
 // Names the windows, with their buildings and flats: by the first of the texts, in their order, that belong to one;
 // without any by the handle, and where there is none by its number among the windows ("#3"). A text belongs to the

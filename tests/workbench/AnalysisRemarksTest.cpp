@@ -44,13 +44,13 @@ bool Has(const std::string& text, const std::string& part) {
 
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
-    for (const Kind kind : {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
-                            Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::LinesWithoutHeight,
-                            Kind::NothingRepeated, Kind::Faulty, Kind::TooLarge,
-                            Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable, Kind::SunBelowHorizon,
-                            Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
+    for (const Kind kind :
+         {Kind::NoWindows, Kind::NoFaces, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAWindow,
+          Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::LinesWithoutHeight, Kind::NothingRepeated, Kind::Faulty,
+          Kind::TooLarge, Kind::TooManyInBlock, Kind::WithoutFaces, Kind::SpanUnusable, Kind::StepUnusable,
+          Kind::SunBelowHorizon, Kind::SunNeverSets, Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 18U);
+    EXPECT_EQ(messages.size(), 19U);
     EXPECT_FALSE(messages.contains(""));
     for (const Kind kind : {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces,
                             Kind::LeftOutByScope, Kind::NoFaces, Kind::NothingToRaise})
@@ -58,9 +58,23 @@ TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces,
                             Kind::NoLayerToRaise, Kind::NothingToRaise})
         EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
-    for (const Kind kind : {Kind::NotAWindow, Kind::TooLarge})
-        EXPECT_TRUE(Has(MessageOf(kind), " 2F "));
+    for (const Kind kind : {Kind::NotAWindow, Kind::TooManyInBlock, Kind::TooLarge})
+        EXPECT_TRUE(Has(MessageOf(kind), " 2F"));
     EXPECT_TRUE(Has(MessageOf(Kind::LeftOutByAltitude), "5.5 度"));
+}
+
+TEST(AnalysisRemarks, TellOfAnInsertWithItsBlock) {
+    const std::string ofBlock = MessageOf(Kind::NotAWindow);
+    EXPECT_TRUE(Has(ofBlock, "某层\xEF\xBF\xBD") && Has(ofBlock, " 3000000 ")) << ofBlock;
+    AnalysisReport report = BareReport();
+    report.answer.remarks = {Remark(Kind::NotAWindow)};
+    report.answer.remarks[0].subject = CString();
+    const std::string ofEntity = MessagesOf(report)[0];
+    EXPECT_TRUE(Has(ofEntity, " 2F ") && !Has(ofEntity, "块")) << ofEntity;
+    report.answer.remarks.assign(11, Remark(Kind::TooManyInBlock));
+    const std::vector<std::string> messages = MessagesOf(report);
+    ASSERT_EQ(messages.size(), 11U);
+    EXPECT_EQ(messages[10], "另有 1 个块参照的窗太多：2F");
 }
 
 TEST(AnalysisRemarks, NameTheLayersThatWereLookedAt) {

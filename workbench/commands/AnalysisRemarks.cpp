@@ -56,6 +56,12 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(L"窗图层“%s”关闭或冻结，其上的 %s 个实体没有分析；请先打开图层", Printable(remark.subject),
                              Count(remark));
         case Kind::NotAWindow:
+            if (!remark.subject.IsEmpty())
+                return SayFormat(
+                    L"块参照 %s（块“%s”）：窗图层上有 %s "
+                    L"个实体（或块参照本身）不是或不全是竖直的矩形或水平的直线：其余没有"
+                    L"当作窗，也不投影子",
+                    HandleOrNone(remark.handle), Printable(remark.subject), Count(remark));
             return SayFormat(L"窗图层上的实体 %s 不是或不全是竖直的矩形或水平的直线：其余没有当作窗，也不投影子",
                              HandleOrNone(remark.handle));
         case Kind::LinesWithoutHeight:
@@ -73,6 +79,9 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
         case Kind::TooLarge:
             return SayFormat(L"块参照 %s 的面太多（图形一共超过 %s 个面），没有计入遮挡；请简化它的块",
                              HandleOrNone(remark.handle), CountText(kMostSceneFaces));
+        case Kind::TooManyInBlock:
+            return SayFormat(L"块参照 %s 的窗太多（图形一共超过 %s 个窗），它的窗都没有分析；请简化它的块",
+                             HandleOrNone(remark.handle), Count(remark));
         case Kind::SpanUnusable:
             return Say(L"分析时段不是一天之内的时段（结束不晚于开始）：没有计入任何日照；用 orvo set 或另一个标准更改");
         case Kind::StepUnusable:
@@ -167,14 +176,18 @@ std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAn
     std::vector<CString> messages;
     Repeated noWindows;
     Repeated tooLarge;
+    Repeated tooMany;
     for (const AnalysisRemark& remark : answer.remarks)
         if (remark.kind == Kind::NotAWindow)
             noWindows.Add(remark.handle, TextOf(remark, request));
         else if (remark.kind == Kind::TooLarge)
             tooLarge.Add(remark.handle, TextOf(remark, request));
+        else if (remark.kind == Kind::TooManyInBlock)
+            tooMany.Add(remark.handle, TextOf(remark, request));
         else
             messages.push_back(TextOf(remark, request));
     tooLarge.Take(messages, L"另有 %d 个块参照的面太多：%s");
+    tooMany.Take(messages, L"另有 %d 个块参照的窗太多：%s");
     noWindows.Take(messages, L"窗图层上另有 %d 个实体不是或不全是窗：%s");
     AddNotes(answer, messages);
     return messages;
