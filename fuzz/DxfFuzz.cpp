@@ -85,9 +85,10 @@ bool IsWithin(const QcGePoint& point) {
     return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest && std::fabs(point.z) <= kFarthest;
 }
 
-// Few faces, so that an input that asks for many does not take the fuzzer's time.
+// Few faces and windows, so that an input that asks for many does not take the fuzzer's time.
 void TryScene(const AcDbDatabase& database, std::size_t fileSize) {
     constexpr std::size_t kMostFaces = 2000;
+    constexpr std::size_t kMostWindowsTried = 2000;
     const Scene scene = BuildScene(database, {kMostFaces, {{L"0", 3.0}}});
     std::size_t next = 0;
     for (const SceneEntity& entity : scene.entities) {
@@ -105,10 +106,16 @@ void TryScene(const AcDbDatabase& database, std::size_t fileSize) {
     rules.sill = 0.9;
     rules.windowHeight = 1.5;
     rules.storeys = Storeys{3, 2.9};
-    for (const DrawnWindow& window : FindWindows(database, {}, 1.0, 200.0, rules).windows)
+    const WindowsOfDrawing found = FindWindows(database, {}, 1.0, 200.0, rules, kMostWindowsTried);
+    Require(found.windows.size() <= kMostWindowsTried);
+    for (const DrawnWindow& window : found.windows)
         Require(window.width > 0.0 && window.height > 0.0);
-    // An analysis reads the scene with its own, larger bound: only what stays within the small one.
-    if (scene.tooLarge.empty())
+    const bool isSmall =
+        !found.areTooMany && std::none_of(found.remarks.begin(), found.remarks.end(), [](const auto& remark) {
+            return remark.kind == AnalysisRemark::Kind::TooManyInBlock;
+        });
+    // An analysis reads the drawing with its own, larger bounds: only what stays within the small ones.
+    if (scene.tooLarge.empty() && isSmall)
         SoundAnswer(AnalyseWindows(database, QuestionOf(fileSize % 2 == 0 ? kUsualQuestion : fileSize / 2)));
 }
 
