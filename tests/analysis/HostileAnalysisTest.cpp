@@ -3,15 +3,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <limits>
 #include <random>
 #include <sstream>
-#include <string_view>
 
 #include "JudgedScene.h"
 #include "host/DrawingText.h"
 #include "settings/OrvoStdSet.h"
+#include "support/SlowTier.h"
 
 namespace {
 
@@ -35,11 +34,6 @@ public:
 private:
     std::mt19937 m_random;
 };
-
-bool IsSlowTier() {
-    const char* tier = std::getenv("ORVO_TEST_SLOW");
-    return tier && std::string_view(tier) == "1";
-}
 
 double OddLength(Dice& dice) {
     return dice.Mostly(dice.Within(-5000.0, 5000.0),
