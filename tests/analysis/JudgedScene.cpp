@@ -65,6 +65,20 @@ SlowTarget MovedOut(SlowTarget target, double from, double up) {
 
 }  // namespace
 
+SlowTarget PartOfWindow(const SlowTarget& drawn, double from, double width) {
+    SlowTarget target = MovedOut(drawn, from + kPrecision, kPrecision);
+    target.width = width - 2.0 * kPrecision;
+    target.height -= 2.0 * kPrecision;
+    return target;
+}
+
+SlowTarget SillOfWindow(const SlowTarget& drawn) {
+    SlowTarget target = MovedOut(drawn, drawn.width / 2.0, kPrecision);
+    target.width = 0.0;
+    target.height = 0.0;
+    return target;
+}
+
 void JudgedScene::StandOn(double x, double y, double degrees) {
     m_origin = {x, y, 0.0};
     m_degrees = degrees;
@@ -154,17 +168,11 @@ SlowTarget JudgedScene::TargetOf(std::uint64_t window) const {
 }
 
 SlowTarget JudgedScene::PartOf(std::uint64_t window, double from, double width) const {
-    SlowTarget target = MovedOut(DrawnOf(window), from + kPrecision, kPrecision);
-    target.width = width - 2.0 * kPrecision;
-    target.height -= 2.0 * kPrecision;
-    return target;
+    return PartOfWindow(DrawnOf(window), from, width);
 }
 
 SlowTarget JudgedScene::SillOf(std::uint64_t window) const {
-    SlowTarget target = MovedOut(DrawnOf(window), DrawnOf(window).width / 2.0, kPrecision);
-    target.width = 0.0;
-    target.height = 0.0;
-    return target;
+    return SillOfWindow(DrawnOf(window));
 }
 
 void JudgedScene::Write(std::ostream& out, const Entity& entity, const Placement& placement) const {

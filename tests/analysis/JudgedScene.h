@@ -23,6 +23,11 @@ struct Placement {
     int windowsAsOutlines = 0;  // 1 or -1: closed polylines whose normal points outside or inside, else 3DFACEs
 };
 
+// What is analysed of a window that is drawn so: a part of it from so far right of its left end on, or the point of its
+// sill.
+SlowTarget PartOfWindow(const SlowTarget& drawn, double from, double width);
+SlowTarget SillOfWindow(const SlowTarget& drawn);
+
 class JudgedScene {
 public:
     // What stands on it: a point in plan and how far it is turned, counter-clockwise. All below is relative to it.

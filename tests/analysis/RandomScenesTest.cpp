@@ -13,6 +13,7 @@
 #include <iostream>
 #include <set>
 
+#include "Claim.h"
 #include "RandomScene.h"
 #include "settings/OrvoStdSet.h"
 #include "support/SlowTier.h"
@@ -22,8 +23,6 @@ namespace {
 constexpr double kSecond = 1.0 / 3600.0;
 constexpr double kGridStep = 120.0;  // millimetres
 
-enum class Light { None, Sunlit, Hidden, InVain };
-
 class Judge {
 public:
     Judge(const RandomScene& made, const WindowResult& window);
@@ -31,9 +30,6 @@ public:
     std::size_t Looked() const { return m_looked; }
 
 private:
-    void AddChanges(const SunPeriod& period);
-    Light ClaimedAt(double hours) const;
-    bool IsNearChange(double hours) const;
     bool IsValid(double hours) const;
     Light FoundAt(double hours) const;
     bool Agrees(double hours);
@@ -48,7 +44,7 @@ private:
     SunPeriod m_span;
     double m_leastAltitude;  // degrees
     double m_facing;         // from true east
-    std::vector<double> m_changes;
+    Claim m_claim;
     std::size_t m_looked = 0;
     std::size_t m_wrong = 0;
 };
@@ -79,42 +75,12 @@ Judge::Judge(const RandomScene& made, const WindowResult& window)
       m_window(window),
       m_caster(made.scene.Faces(), SkyOf(made.request), TargetOf(made, window), kGridStep),
       m_span(SpanOf(made.request)),
-      m_leastAltitude(made.request.leastAltitude.value_or(0.0)) {
+      m_leastAltitude(made.request.leastAltitude.value_or(0.0)),
+      m_claim(window) {
     const double facing = made.scene.TargetOf(window.handle).facing - made.request.north;
     m_facing = facing - 360.0 * std::floor(facing / 360.0);
-    for (const SunPeriod& period : window.sunlit)
-        AddChanges(period);
-    for (const HiddenPeriod& hidden : window.hidden)
-        AddChanges(hidden.period);
-    for (const DroppedPeriod& dropped : window.dropped)
-        if (dropped.reason == DropReason::Facing || dropped.reason == DropReason::Angle)
-            AddChanges(dropped.period);
-}
-
-// What is shorter than a hundredth of a second comes of no building: it is rounding where two rules meet.
-void Judge::AddChanges(const SunPeriod& period) {
-    EXPECT_GT(period.end - period.start, 0.01 * kSecond) << "at " << period.start;
-    m_changes.push_back(period.start);
-    m_changes.push_back(period.end);
-}
-
-Light Judge::ClaimedAt(double hours) const {
-    const auto holds = [&](const SunPeriod& period) { return period.start <= hours && hours <= period.end; };
-    for (const SunPeriod& period : m_window.sunlit)
-        if (holds(period))
-            return Light::Sunlit;
-    for (const HiddenPeriod& hidden : m_window.hidden)
-        if (holds(hidden.period))
-            return Light::Hidden;
-    for (const DroppedPeriod& dropped : m_window.dropped)
-        if ((dropped.reason == DropReason::Facing || dropped.reason == DropReason::Angle) && holds(dropped.period))
-            return Light::InVain;
-    return Light::None;
-}
-
-bool Judge::IsNearChange(double hours) const {
-    return std::any_of(m_changes.begin(), m_changes.end(),
-                       [&](double change) { return std::fabs(change - hours) <= kSecond; });
+    // What is shorter than a hundredth of a second comes of no building: it is rounding where two rules meet.
+    EXPECT_GT(m_claim.Shortest(), 0.01 * kSecond);
 }
 
 // The Shanghai rule: 9 to 15, of which a window loses the more the farther it is turned from south, at the end when it
@@ -144,7 +110,7 @@ Light Judge::FoundAt(double hours) const {
 
 bool Judge::Agrees(double hours) {
     ++m_looked;
-    const Light claimed = ClaimedAt(hours);
+    const Light claimed = m_claim.At(hours);
     const Light found = FoundAt(hours);
     const bool isWhole = m_standard.fullWindow != 0;
     if (found == claimed) {
@@ -158,10 +124,10 @@ bool Judge::Agrees(double hours) {
 }
 
 void Judge::ExpectAgreement(double hours) {
-    if (IsNearChange(hours) || Agrees(hours) || ++m_wrong > 5)
+    if (m_claim.IsNearChange(hours, kSecond) || Agrees(hours) || ++m_wrong > 5)
         return;
     ADD_FAILURE() << "window " << std::hex << m_window.handle << std::dec << " at " << hours << ": claimed "
-                  << static_cast<int>(ClaimedAt(hours)) << ", found " << static_cast<int>(FoundAt(hours))
+                  << static_cast<int>(m_claim.At(hours)) << ", found " << static_cast<int>(FoundAt(hours))
                   << " (0 none, 1 sunlit, 2 hidden, 3 in vain), outlines " << static_cast<int>(m_caster.ShadeAt(hours));
 }
 
@@ -191,7 +157,7 @@ void Judge::CompareAll() {
         last = hours;
         lastFound = found;
     }
-    for (const double change : m_changes)
+    for (const double change : m_claim.Changes())
         CompareAround(change);
     CompareCulprits();
 }

@@ -28,24 +28,6 @@ SlowPoint Outer(const SlowPoint& a, const SlowPoint& b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
-// Moeller and Trumbore's test, from both sides.
-bool MeetsTriangle(const SlowPoint& from, const SlowPoint& way, const SlowPoint& a, const SlowPoint& b,
-                   const SlowPoint& c) {
-    const SlowPoint ab = Less(b, a);
-    const SlowPoint ac = Less(c, a);
-    const SlowPoint p = Outer(way, ac);
-    const double det = Inner(ab, p);
-    if (det == 0.0)
-        return false;
-    const SlowPoint s = Less(from, a);
-    const double u = Inner(s, p) / det;
-    if (u < 0.0 || u > 1.0)
-        return false;
-    const SlowPoint q = Outer(s, ab);
-    const double v = Inner(way, q) / det;
-    return v >= 0.0 && u + v <= 1.0 && Inner(ac, q) / det > kNear;
-}
-
 using Flat = std::pair<double, double>;
 
 // The part of a polygon in which a u + b v <= c.
@@ -84,18 +66,42 @@ double AreaOf(const std::vector<Flat>& polygon) {
 
 }  // namespace
 
-SlowCaster::SlowCaster(std::vector<SlowFace> faces, const SlowSky& sky, const SlowTarget& target, double step)
-    : m_faces(std::move(faces)), m_sky(sky), m_target(target) {
-    m_outward = {std::cos(target.facing * kRadians), std::sin(target.facing * kRadians), 0.0};
-    m_right = {-m_outward.y, m_outward.x, 0.0};
+// Moeller and Trumbore's test, from both sides.
+bool MeetsTriangle(const SlowPoint& from, const SlowPoint& way, const SlowPoint& a, const SlowPoint& b,
+                   const SlowPoint& c) {
+    const SlowPoint ab = Less(b, a);
+    const SlowPoint ac = Less(c, a);
+    const SlowPoint p = Outer(way, ac);
+    const double det = Inner(ab, p);
+    if (det == 0.0)
+        return false;
+    const SlowPoint s = Less(from, a);
+    const double u = Inner(s, p) / det;
+    if (u < 0.0 || u > 1.0)
+        return false;
+    const SlowPoint q = Outer(s, ab);
+    const double v = Inner(way, q) / det;
+    return v >= 0.0 && u + v <= 1.0 && Inner(ac, q) / det > kNear;
+}
+
+std::vector<SlowPoint> GridOn(const SlowTarget& target, double step) {
+    const SlowPoint right = {-std::sin(target.facing * kRadians), std::cos(target.facing * kRadians), 0.0};
     const int across = static_cast<int>(std::ceil(target.width / step));
     const int upwards = static_cast<int>(std::ceil(target.height / step));
+    std::vector<SlowPoint> grid;
     for (int i = 0; i <= across; ++i)
         for (int j = 0; j <= upwards; ++j) {
-            SlowPoint point = Along(target.lowerLeft, m_right, across == 0 ? 0.0 : target.width * i / across);
+            SlowPoint point = Along(target.lowerLeft, right, across == 0 ? 0.0 : target.width * i / across);
             point.z += upwards == 0 ? 0.0 : target.height * j / upwards;
-            m_grid.push_back(point);
+            grid.push_back(point);
         }
+    return grid;
+}
+
+SlowCaster::SlowCaster(std::vector<SlowFace> faces, const SlowSky& sky, const SlowTarget& target, double step)
+    : m_faces(std::move(faces)), m_sky(sky), m_target(target), m_grid(GridOn(target, step)) {
+    m_outward = {std::cos(target.facing * kRadians), std::sin(target.facing * kRadians), 0.0};
+    m_right = {-m_outward.y, m_outward.x, 0.0};
 }
 
 // From declination, latitude and hour angle to east, north and up, then turned by how far north is turned.

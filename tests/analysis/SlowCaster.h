@@ -34,12 +34,18 @@ struct SlowSky {
     double north = 0.0;
 };
 
+// Points of a target, its corners among them and no two neighbours farther from each other than `step` millimetres.
+std::vector<SlowPoint> GridOn(const SlowTarget& target, double step);
+// Whether a ray that begins at a point meets a triangle, from whichever side.
+bool MeetsTriangle(const SlowPoint& from, const SlowPoint& way, const SlowPoint& a, const SlowPoint& b,
+                   const SlowPoint& c);
+
 // How much of a target is in a face's shadow: what touches it within a thousandth of a millimetre is unsure.
 enum class Shade { None, Unsure, Some };
 
 class SlowCaster {
 public:
-    // `step` is the grid's, millimetres: corners and edges of the target are always among its points.
+    // `step` is the grid's (GridOn), millimetres.
     SlowCaster(std::vector<SlowFace> faces, const SlowSky& sky, const SlowTarget& target, double step);
 
     // The direction to the sun at a true solar time, in the drawing's axes, of length 1.
