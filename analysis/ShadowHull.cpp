@@ -67,7 +67,7 @@ void ShadowHull::Clip(const std::vector<Vector3>& polygon) {
 
 void ShadowHull::AddDifferences(const SunTarget& target) {
     m_differences.clear();
-    const auto add = [this](const Vector3& way) { m_differences.push_back({way, way.x / way.z, way.y / way.z}); };
+    const auto add = [this](const Vector3& way) { m_differences.push_back({way, {way.x / way.z, way.y / way.z}}); };
     for (const Vector3& corner : m_before) {
         if (target.IsPoint()) {
             add(corner);
@@ -79,18 +79,18 @@ void ShadowHull::AddDifferences(const SunTarget& target) {
     }
 }
 
-// Andrew's monotone chain: the lower side from left to right, then the upper one back; counter-clockwise.
+// Andrew's monotone chain: the lower side from left to right, then the upper one back; counter-clockwise. What lies in
+// the target's plane is seen some 1e15 times as far from the middle as what stands before it.
 bool ShadowHull::MakeOutline() {
     if (m_differences.size() < 3)
         return false;
-    std::sort(m_differences.begin(), m_differences.end(),
-              [](const Difference& a, const Difference& b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
+    std::sort(m_differences.begin(), m_differences.end(), [](const Difference& a, const Difference& b) {
+        return a.seen.x < b.seen.x || (a.seen.x == b.seen.x && a.seen.y < b.seen.y);
+    });
     m_outline.clear();
-    const auto turnsLeft = [](const Difference& a, const Difference& b, const Difference& c) {
-        return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x) > 0.0;
-    };
     const auto wind = [&](std::size_t bottom, const Difference& next) {
-        while (m_outline.size() >= bottom + 2 && !turnsLeft(m_outline[m_outline.size() - 2], m_outline.back(), next))
+        while (m_outline.size() >= bottom + 2 &&
+               !TurnsLeft(m_outline[m_outline.size() - 2].seen, m_outline.back().seen, next.seen))
             m_outline.pop_back();
         m_outline.push_back(next);
     };

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "analysis/PlaneTurn.h"
 #include "analysis/Vector3.h"
 
 // What must be lit: an upright rectangle, or with both halves 0 a point.
@@ -36,9 +37,8 @@ public:
 
 private:
     struct Difference {
-        Vector3 way;  // along right, up, outward
-        double x;     // right and up by outward: where it pierces the plane one unit before the target
-        double y;
+        Vector3 way;      // along right, up, outward
+        PlanePoint seen;  // right and up by outward: where it pierces the plane one unit before the target
     };
 
     void Clip(const std::vector<Vector3>& polygon);

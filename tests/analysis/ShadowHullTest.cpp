@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace {
@@ -82,6 +83,26 @@ TEST(ShadowHull, LeavesOutWhatIsBehindThePlane) {
     EXPECT_TRUE(cone.Has({4, -9.9, 4.9}));
     EXPECT_FALSE(cone.Has({4, -10.1, 0}));
     EXPECT_FALSE(cone.Has({4, -9.9, 5.1}));
+}
+
+// A level roof 50 m above a window, from 11 m behind its plane to 25 m before it: what stands in the plane is seen
+// infinitely far up, and the roof's front edge has to stay where it is beside that. Parts of the sun's direction by its
+// rise, times how high the roof is above a point of the window, have to end over the roof as it is seen from there.
+TEST(ShadowHull, OfARoofThatReachesBehindThePlaneEndsAtItsFront) {
+    constexpr double kHalfWidth = 600.0, kHalfHeight = 750.0;
+    constexpr double kLeft = -61745.0, kRight = -48169.0, kBack = 10931.0, kFront = 25405.0, kAbove = 49250.0;
+    const Cone cone(
+        Looking(kHalfWidth, kHalfHeight),
+        {{kLeft, kBack, kAbove}, {kLeft, -kFront, kAbove}, {kRight, -kFront, kAbove}, {kRight, kBack, kAbove}});
+    int hiddenCount = 0;
+    for (double across = -1.5; across < 0.0; across += 0.0311)
+        for (double out = 0.001; out < 0.6; out += 0.0103) {
+            const double least = std::max(kAbove - kHalfHeight, (kRight + kHalfWidth) / across);
+            const double most = std::min({kAbove + kHalfHeight, (kLeft - kHalfWidth) / across, kFront / out});
+            EXPECT_EQ(cone.Has({across, -out, 1.0}), least <= most) << across << ", " << out;
+            hiddenCount += least <= most ? 1 : 0;
+        }
+    EXPECT_GT(hiddenCount, 400);
 }
 
 TEST(CutsTarget, TellsWhatRunsThrough) {
