@@ -117,6 +117,14 @@ void ExpectInOrder(const Periods& periods, const SunPeriod& span) {
     EXPECT_LE(last, span.end + kRounding);
 }
 
+void ExpectFinite(const WindowResult& window) {
+    for (const double number : {window.facing.value_or(0.0), window.width, window.height, window.sill, window.total,
+                                window.longest, window.judged})
+        EXPECT_TRUE(std::isfinite(number));
+    for (const QcGePoint& corner : window.corners)
+        EXPECT_TRUE(std::isfinite(corner.x) && std::isfinite(corner.y) && std::isfinite(corner.z));
+}
+
 void ExpectSound(const WindowResult& window, const AnalysisRequest& request, const SunPeriod& span) {
     Periods before = window.sunlit, dropped, hidden;
     for (const HiddenPeriod& each : window.hidden)
@@ -165,6 +173,7 @@ protected:
         for (const AnalysisRemark& remark : answer.remarks)
             EXPECT_TRUE(std::isfinite(remark.amount));
         for (const WindowResult& window : answer.windows) {
+            ExpectFinite(window);
             ExpectSound(window, request, answer.span);
             m_lit += window.sunlit.size();
             m_hidden += window.hidden.size();
