@@ -1,9 +1,8 @@
-// The determinant by plain arithmetic where that is sure of the sign, else as a sum of exact parts.
+// The determinant as a sum of exact parts.
 #include "analysis/PlaneTurn.h"
 
 #include <cmath>
 #include <cstddef>
-#include <limits>
 
 namespace {
 
@@ -41,13 +40,7 @@ private:
 
 }  // namespace
 
-bool TurnsLeft(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
-    // Three roundings of each product, and one of their difference.
-    constexpr double kUnsure = 4.0 * std::numeric_limits<double>::epsilon();
-    const double left = (b.x - a.x) * (c.y - a.y);
-    const double right = (b.y - a.y) * (c.x - a.x);
-    if (std::abs(left - right) > kUnsure * (std::abs(left) + std::abs(right)))
-        return left > right;
+bool TurnsLeftExactly(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
     ExactSum turn;
     turn.AddProduct(a.x, b.y);
     turn.AddProduct(-a.y, b.x);

@@ -49,6 +49,7 @@ TEST(PlaneTurn, OfPointsInOneLineIsNone) {
         EXPECT_FALSE(TurnsLeft({0.0, 0.0}, {1.0, 2.0}, {far, 2.0 * far}));
         EXPECT_FALSE(TurnsLeft({far, 2.0 * far}, {1.0, 2.0}, {0.0, 0.0}));
         EXPECT_FALSE(TurnsLeft({1.0, 2.0}, {1.0, 2.0}, {far, far}));
+        EXPECT_FALSE(TurnsLeft({far, 2.0}, {far, 7.0}, {far, -far}));
     }
 }
 
