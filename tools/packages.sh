@@ -6,8 +6,8 @@ libgl-dev libopengl-dev libegl-dev libegl-mesa0 libgl1-mesa-dri \
 qt6-base-dev fonts-noto-cjk"
 
 # What the tests, benchmarks and checks take besides.
-PACKAGES_TEST="ccache libgtest-dev libgmp-dev libembree-dev libbenchmark-dev libxml2-utils ffmpeg valgrind clang clang-format \
-clang-tidy libclang-rt-14-dev \
+PACKAGES_TEST="ccache libgtest-dev libgmp-dev libembree-dev libbenchmark-dev libxml2-utils ffmpeg valgrind clang \
+clang-format clang-tidy libclang-rt-14-dev \
 locales python3 python3-ezdxf xvfb xauth xdotool binutils binutils-mingw-w64-x86-64 mingw-w64-x86-64-dev \
 g++-mingw-w64-x86-64-posix"
 
