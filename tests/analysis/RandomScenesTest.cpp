@@ -1,10 +1,10 @@
 // The analysis against the slow caster, on scenes that nobody thought of.
 //
-// What is agreement: at every moment looked at, save those closer than a second to a change that the analysis tells,
-// both sides have the same answer to whether the window is sunlit, whether it is hidden, and whether it is lit in vain.
-// A ray that is stopped makes a window hidden for certain. Where no ray is stopped and the analysis says hidden, the
-// shadow lies between the grid's points; its outline on the window's plane then has to reach into the window itself,
-// not only to within the grid's step of it.
+// What is agreement: at every moment looked at, save those closer than a second to a change that the analysis tells
+// and those at which the sun is in the window's plane, both sides have the same answer to whether the window is sunlit,
+// whether it is hidden, and whether it is lit in vain. A ray that is stopped makes a window hidden for certain. Where
+// no ray is stopped and the analysis says hidden, the shadow lies between the grid's points; its outline on the
+// window's plane then has to reach into the window itself, not only to within the grid's step of it.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -27,7 +27,7 @@ class Judge {
 public:
     Judge(const RandomScene& made, const WindowResult& window);
     void CompareAll();
-    std::size_t Looked() const { return m_looked; }
+    bool HasLooked() const { return m_looked != 0 || m_inPlane != 0; }
 
 private:
     bool IsValid(double hours) const;
@@ -46,6 +46,7 @@ private:
     double m_facing;         // from true east
     Claim m_claim;
     std::size_t m_looked = 0;
+    std::size_t m_inPlane = 0;
     std::size_t m_wrong = 0;
 };
 
@@ -124,6 +125,10 @@ bool Judge::Agrees(double hours) {
 }
 
 void Judge::ExpectAgreement(double hours) {
+    if (m_caster.IsInWindowsPlane(hours)) {
+        ++m_inPlane;
+        return;
+    }
     if (m_claim.IsNearChange(hours, kSecond) || Agrees(hours) || ++m_wrong > 5)
         return;
     ADD_FAILURE() << "window " << std::hex << m_window.handle << std::dec << " at " << hours << ": claimed "
@@ -218,7 +223,7 @@ void CompareScene(unsigned seed) {
         ASSERT_TRUE(window.facing.has_value());
         Judge judge(made, window);
         judge.CompareAll();
-        EXPECT_GT(judge.Looked(), 0U);
+        EXPECT_TRUE(judge.HasLooked());
         ExpectPeriods(window.stepped, SteppedOf(window.sunlit, answer.span, made.request.settings.standard->step));
     }
 }

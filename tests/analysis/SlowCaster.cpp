@@ -123,6 +123,10 @@ bool SlowCaster::IsBeforeWindow(double hours) const {
     return Inner(SunAt(hours), m_outward) > 0.0;
 }
 
+bool SlowCaster::IsInWindowsPlane(double hours) const {
+    return std::fabs(Inner(SunAt(hours), m_outward)) < 1e-12;
+}
+
 double SlowCaster::AngleToWall(double hours) const {
     const SlowPoint sun = SunAt(hours);
     return std::atan2(Inner(sun, m_outward), std::fabs(Inner(sun, m_right))) / kRadians;

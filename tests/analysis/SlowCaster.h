@@ -53,6 +53,8 @@ public:
     double AltitudeAt(double hours) const;  // degrees
     bool IsUp(double hours) const { return AltitudeAt(hours) > 0.0; }
     bool IsBeforeWindow(double hours) const;
+    // The sun is in the window's plane, all day at the equator on an equinox: rounding says on which side.
+    bool IsInWindowsPlane(double hours) const;
     // Between the sun's direction in plan and the wall, degrees within [0, 90] where the sun is before the window.
     double AngleToWall(double hours) const;
 
