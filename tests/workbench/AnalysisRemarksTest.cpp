@@ -72,6 +72,8 @@ TEST(AnalysisRemarks, TellOfAnInsertWithItsBlock) {
     const std::string ofEntity = MessagesOf(report)[0];
     EXPECT_TRUE(Has(ofEntity, " 2F ") && !Has(ofEntity, "块")) << ofEntity;
     report.answer.remarks.assign(11, Remark(Kind::TooManyInBlock));
+    for (std::uint64_t i = 0; i < 11; ++i)
+        report.answer.remarks[i].handle = 0x25 + i;
     const std::vector<std::string> messages = MessagesOf(report);
     ASSERT_EQ(messages.size(), 11U);
     EXPECT_EQ(messages[10], "另有 1 个块参照的窗太多：2F");
@@ -122,6 +124,18 @@ TEST(AnalysisRemarks, SumUpWhatManySayWithoutLosingAHandle) {
             EXPECT_TRUE(Has(all, text)) << text;
         }
     }
+}
+
+// Three windows in each of twelve blocks: those of one block that have no names are told alike.
+TEST(AnalysisRemarks, SayNothingTwiceOfWhatStandsInOneBlock) {
+    AnalysisReport report = BareReport();
+    for (std::uint64_t handle = 0xA0; handle < 0xA0 + 12; ++handle)
+        for (int i = 0; i < 3; ++i)
+            report.answer.windows.push_back(WindowWithoutSide(handle, L"w"));
+    const std::vector<std::string> messages = MessagesOf(report);
+    ASSERT_EQ(messages.size(), 11U);
+    EXPECT_EQ(std::set<std::string>(messages.begin(), messages.end()).size(), 11U);
+    EXPECT_EQ(messages[10], "另有 6 个窗分不清哪一侧是室外：AA×3 AB×3");
 }
 
 TEST(AnalysisRemarks, SayWhyThereIsNoAnswer) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 
 #include "analysis/DrawnWindows.h"
 #include "facts/NearestNames.h"
@@ -99,15 +100,22 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
     return CString();
 }
 
-// The same said of many: after the first ones only their handles.
+// The same said of many: after the first ones only their handles, each once. What stands in one block has one handle,
+// and often one name.
 class Repeated {
 public:
     void Add(std::uint64_t handle, const CString& text) {
         constexpr std::size_t kOneByOne = 10;
-        if (m_texts.size() < kOneByOne)
+        if (std::find(m_texts.begin(), m_texts.end(), text) != m_texts.end())
+            return;
+        if (m_texts.size() < kOneByOne) {
             m_texts.push_back(text);
-        else
-            m_others.push_back(handle);
+            return;
+        }
+        const auto [place, isNew] = m_places.try_emplace(handle, m_others.size());
+        if (isNew)
+            m_others.push_back({handle, 0});
+        ++m_others[place->second].count;
     }
 
     // `format` takes how many they are, and their handles.
@@ -115,17 +123,30 @@ public:
         constexpr std::size_t kInOne = 50;
         messages.insert(messages.end(), m_texts.begin(), m_texts.end());
         for (std::size_t i = 0; i < m_others.size(); i += kInOne) {
-            const std::size_t end = std::min(i + kInOne, m_others.size());
             CString handles;
-            for (std::size_t k = i; k < end; ++k)
-                handles += (k == i ? L"" : L" ") + HandleOrNone(m_others[k]);
-            messages.push_back(SayFormat(format, static_cast<int>(end - i), handles));
+            int count = 0;
+            for (std::size_t k = i; k < std::min(i + kInOne, m_others.size()); ++k) {
+                count += m_others[k].count;
+                handles += (k == i ? L"" : L" ") + TextOf(m_others[k]);
+            }
+            messages.push_back(SayFormat(format, count, handles));
         }
     }
 
 private:
+    struct Other {
+        std::uint64_t handle;
+        int count;
+    };
+
+    static CString TextOf(const Other& other) {
+        const CString handle = HandleOrNone(other.handle);
+        return other.count == 1 ? handle : handle + L"×" + IntToText(other.count);
+    }
+
     std::vector<CString> m_texts;
-    std::vector<std::uint64_t> m_others;
+    std::vector<Other> m_others;
+    std::unordered_map<std::uint64_t, std::size_t> m_places;
 };
 
 // What to say of the further windows with a note.
