@@ -7,6 +7,7 @@
 #include "analysis/CornerWeld.h"
 #include "analysis/JoinedSets.h"
 #include "analysis/OccluderSet.h"
+#include "analysis/OutsideFaces.h"
 #include "analysis/SharedEdges.h"
 
 namespace {
@@ -233,4 +234,5 @@ void FindClosedBodies(OccluderSet& set) {
             faces.push_back(i);
     finder.LookAmong(faces);
     finder.JoinLooseFaces();
+    TellOutsides(set);
 }

@@ -18,6 +18,10 @@ struct Occluder {
     int count = 3;
     std::uint32_t entity = 0;  // which of OccluderSet::handles
     std::int32_t body = -1;    // the closed body that it bounds; -1 for a loose face
+    // On which side of it, by its normal, the outside of its body is. Only of bodies that are one entity: whoever
+    // asks for entities may pass over the others' faces as little as over loose ones.
+    enum class Outside : std::int8_t { Unknown, Before, Behind };
+    Outside outside = Outside::Unknown;
     std::int32_t joined = -1;  // of a loose face: which of the sets of loose faces that share corners; else -1
 
     Vector3 Middle() const;
@@ -43,5 +47,6 @@ OccluderSet MakeOccluders(const Scene& scene, const AcDbDatabase& drawing, const
 // does not matter. Corners closer than a tenth of a millimetre are one, and an edge may be divided by corners of
 // others. It is looked for first among the faces of one entity, then among all that are left, so that a building may
 // be drawn as separate faces. A face with an edge of its own belongs to no body and does not open the one that it
-// stands on. What lies in one plane, or is the same faces drawn twice, is no body.
+// stands on. What lies in one plane, or is the same faces drawn twice, is no body. Of the faces of bodies that are one
+// entity it tells where outside is.
 void FindClosedBodies(OccluderSet& set);
