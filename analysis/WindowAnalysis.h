@@ -29,7 +29,7 @@ struct AnalysisRequest {
     std::optional<double> facing;  // degrees from true east, counter-clockwise: for windows whose side cannot be told
     std::vector<CString> windowLayers;  // none: kUsualWindowLayers
     PlanRules plan;
-    std::vector<LayerHeight> heights;   // metres above 0; each layer once
+    std::vector<LayerHeight> heights;  // metres above 0; each layer once
     // Leave out what the module's parameters of scope, height and altitude (AnalysisParameters.h) leave out.
     bool isScoped = false;
     std::optional<double> leastAltitude;  // degrees, [0, 90): the sun counts from this altitude on
