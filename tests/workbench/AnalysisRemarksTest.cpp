@@ -135,7 +135,7 @@ TEST(AnalysisRemarks, SayNothingTwiceOfWhatStandsInOneBlock) {
     const std::vector<std::string> messages = MessagesOf(report);
     ASSERT_EQ(messages.size(), 11U);
     EXPECT_EQ(std::set<std::string>(messages.begin(), messages.end()).size(), 11U);
-    EXPECT_EQ(messages[10], "另有 6 个窗分不清哪一侧是室外：AA×3 AB×3");
+    EXPECT_EQ(messages[10], "另有 6 个窗分不清哪一侧是室外：AA (3) AB (3)");
 }
 
 TEST(AnalysisRemarks, SayWhyThereIsNoAnswer) {

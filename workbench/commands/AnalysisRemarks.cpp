@@ -141,7 +141,7 @@ private:
 
     static CString TextOf(const Other& other) {
         const CString handle = HandleOrNone(other.handle);
-        return other.count == 1 ? handle : handle + L"×" + IntToText(other.count);
+        return other.count == 1 ? handle : handle + L" (" + IntToText(other.count) + L")";
     }
 
     std::vector<CString> m_texts;
