@@ -14,6 +14,8 @@
 namespace {
 
 constexpr double kDay = 24.0;
+// A sun nearer to a window's plane than this (the sine of the angle) is in it: rounding would else choose a side.
+constexpr double kInPlane = 1e-12;
 constexpr double kPartStep = 100.0;  // millimetres from one part of a wide window to the next
 
 bool IsWidthLimited(const Standard& standard) {
@@ -52,7 +54,7 @@ struct LitHours {
 LitHours FindLitHours(const DayOfAnalysis& day, const DrawnWindow& window, const SunTarget& target,
                       const HourSpans& valid, const EntityFilter& counts) {
     LitHours hours;
-    hours.before = Intersection(day.up, day.path.HoursBefore(window.Outward(), 0.0, day.span));
+    hours.before = Intersection(day.up, day.path.HoursBefore(window.Outward(), kInPlane, day.span));
     hours.lit = Difference(hours.before, day.caster.HiddenHours(target, hours.before, counts));
     hours.lit.DropShorterThan(kShortestHours);
     hours.sunlit = Intersection(hours.lit, valid);

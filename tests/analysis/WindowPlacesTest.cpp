@@ -99,6 +99,16 @@ TEST(WindowPlaces, Poles) {
 TEST(WindowPlaces, EquatorOnAnEquinox) {
     ExpectPeriods(Only(Answer(House(90.0), RequestFor(0.0, 0.0))).sunlit, {{6.0, 12.0}});
     ExpectPeriods(Only(Answer(House(-90.0), RequestFor(0.0, 0.0))).sunlit, {{12.0, 18.0}});
+    // However the wall's direction is rounded; the least angle would tell of sun that comes too flat.
+    for (int turn = 0; turn < 360; turn += 7)
+        for (const double wall : {0.0, 180.0}) {
+            AnalysisRequest request = RequestFor(0.0, 0.0);
+            request.north = turn;
+            request.settings.standard->validSunType = ORVO_SUN_CUSTOM;
+            request.settings.standard->minValidAngle = 12;
+            const WindowResult window = Only(Answer(House(wall + turn), request));
+            EXPECT_TRUE(window.sunlit.empty() && window.hidden.empty() && window.dropped.empty()) << turn;
+        }
 }
 
 // Beijing's day from 0:00 to 24:00 at 170 degrees west: true solar time is (120 + 170) / 15 hours less and 0.1 more, so
