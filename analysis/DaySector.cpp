@@ -37,7 +37,7 @@ DaySector::DaySector(const OccluderSet& occluders, const SunPath& path, const Ve
     m_faces.reserve(faces.size());
     for (const std::uint32_t index : m_tree.Order())
         m_faces.push_back(faces[index]);
-    MeasureBodies();
+    PutBodiesIntoBoxes();
 }
 
 CastFace DaySector::FaceOf(const Occluder& occluder) const {
@@ -54,9 +54,7 @@ CastFace DaySector::FaceOf(const Occluder& occluder) const {
     return face;
 }
 
-// How far a body reaches behind each of its faces, by the box around it in these axes: a little too far, which is the
-// side on which nothing is missed.
-void DaySector::MeasureBodies() {
+void DaySector::PutBodiesIntoBoxes() {
     std::vector<bool> isBegun(m_bodies.size(), false);
     for (const CastFace& face : m_faces) {
         if (face.body < 0)
@@ -66,16 +64,6 @@ void DaySector::MeasureBodies() {
             m_bodies[body] = isBegun[body] ? BoxAround(m_bodies[body], BoxAround(corner)) : BoxAround(corner);
             isBegun[body] = true;
         }
-    }
-    for (CastFace& face : m_faces) {
-        if (face.body < 0)
-            continue;
-        const Box& box = BodyOf(face);
-        const Vector3 normal = face.Normal();
-        const double farthest = std::min(normal.x * box.least.x, normal.x * box.most.x) +
-                                std::min(normal.y * box.least.y, normal.y * box.most.y) +
-                                std::min(normal.z * box.least.z, normal.z * box.most.z);
-        face.thickness = Dot(normal, face.corners[0]) - farthest;
     }
 }
 

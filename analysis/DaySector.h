@@ -11,7 +11,6 @@
 // A face in the axes of a sector. Two lines of a cache: most of the time of a question goes by waiting for faces.
 struct alignas(128) CastFace {
     Vector3 corners[4];      // of a triangle the last one twice; of a body's face the normal points out of the body
-    double thickness = 0.0;  // of a body's face: how far the body reaches behind it, times the length of the normal
     std::int32_t body = -1;  // of the closed bodies whose outside is known; else -1
     std::uint32_t entity = 0;
 
@@ -43,7 +42,7 @@ public:
 private:
     Vector3 Turned(const Vector3& direction) const;
     CastFace FaceOf(const Occluder& occluder) const;
-    void MeasureBodies();
+    void PutBodiesIntoBoxes();
 
     SunPath m_path;
     Vector3 m_middle;

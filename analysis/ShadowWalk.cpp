@@ -73,17 +73,14 @@ bool ShadowWalk::Hides(const CastFace& face) {
     return distance * distance > m_precision * m_precision * Dot(normal, normal) && CutByPoint(face, distance > 0.0);
 }
 
-// Whether it belongs to a body that has other faces for every ray: whoever is outside of a body meets first a face that
-// looks at him.
+// Whether it belongs to a body that has other faces for every ray: whoever is outside of a body (and so of the box
+// around it) meets first a face that looks at him.
 bool ShadowWalk::LooksAway(const CastFace& face, const Vector3& normal, double distance) const {
     if (face.body < 0)
         return false;
     const double nearest = distance + std::abs(Dot(normal, m_target.right)) * m_target.halfWidth +
                            std::abs(Dot(normal, m_target.up)) * m_target.halfHeight;
-    if (nearest > 0.0)
-        return false;
-    // Behind the whole body, or at least not within the box around it.
-    return nearest < -face.thickness || !Overlap(m_sector.BodyOf(face), m_around);
+    return nearest <= 0.0 && !Overlap(m_sector.BodyOf(face), m_around);
 }
 
 // The cone is that of the planes through the point and each edge; their inner sides are the other ones for who is
