@@ -43,7 +43,7 @@ void ShadowWalk::LookInto(std::uint32_t number) {
     const std::size_t first = m_steps.size();
     for (unsigned lanes = seen.lanes; lanes != 0; lanes &= lanes - 1) {
         const int lane = std::countr_zero(lanes);
-        const Step step{node.child[lane], node.isThing[lane], seen.least[lane], seen.most[lane]};
+        const Step step{node.NumberAt(lane), node.IsThing(lane), seen.least[lane], seen.most[lane]};
         // It will be on its way while the others are looked at.
         __builtin_prefetch(step.isThing ? static_cast<const void*>(&m_sector.FaceAt(step.child))
                                         : static_cast<const void*>(&m_sector.Tree().At(step.child)));

@@ -41,7 +41,6 @@ void PutNothing(WideNode& node, int lane) {
     }
     node.top[lane] = 0.0F;
     node.child[lane] = 0;
-    node.isThing[lane] = false;
 }
 
 class Builder {
@@ -73,8 +72,9 @@ std::uint32_t Builder::Build(const BoxPart& whole, int depth) {
         }
         const BoxPart& part = parts[static_cast<std::size_t>(lane)];
         Put(m_nodes[self], lane, part);
-        const std::uint32_t child =
-            part.Count() == 1 ? static_cast<std::uint32_t>(part.first - m_order.data()) : Build(part, depth + 1);
+        const std::uint32_t child = part.Count() == 1
+                                        ? static_cast<std::uint32_t>(part.first - m_order.data()) | WideNode::kThing
+                                        : Build(part, depth + 1);
         m_nodes[self].child[lane] = child;
     }
     return self;
@@ -105,7 +105,6 @@ void Builder::Put(WideNode& node, int lane, const BoxPart& part) const {
     const std::uint32_t highest = *std::max_element(
         part.first, part.last, [&](std::uint32_t a, std::uint32_t b) { return m_tops[a] < m_tops[b]; });
     node.top[lane] = isFar ? kNowhere : RoundedUp(m_tops[highest]);
-    node.isThing[lane] = part.Count() == 1;
 }
 
 }  // namespace

@@ -16,8 +16,11 @@ struct alignas(64) WideNode {
     float least[3][kWidth];
     float most[3][kWidth];
     float top[kWidth];            // how high it reaches, upright
-    std::uint32_t child[kWidth];  // of a node its number; of a thing its place in WideTree::Order
-    bool isThing[kWidth];
+    std::uint32_t child[kWidth];  // the number of a node, or kThing and the place of a thing in WideTree::Order
+
+    static constexpr std::uint32_t kThing = 1U << 31;
+    bool IsThing(int lane) const { return (child[lane] & kThing) != 0; }
+    std::uint32_t NumberAt(int lane) const { return child[lane] & ~kThing; }
 };
 
 class WideTree {

@@ -40,6 +40,7 @@ public:
     // How often each thing was met.
     const std::vector<int>& Times() const { return m_times; }
     int Deepest() const { return m_deepest; }
+    std::size_t Nodes() const { return m_nodes; }
 
 private:
     struct Lane {
@@ -48,6 +49,7 @@ private:
     };
 
     void LookInto(std::uint32_t number, const std::vector<Lane>& above) {
+        ++m_nodes;
         m_deepest = std::max(m_deepest, static_cast<int>(above.size()));
         const WideNode& node = m_tree.At(number);
         for (int lane = 0; lane < WideNode::kWidth; ++lane) {
@@ -55,10 +57,10 @@ private:
                 continue;
             std::vector<Lane> way = above;
             way.push_back({node, lane});
-            if (!node.isThing[lane])
-                LookInto(node.child[lane], way);
+            if (!node.IsThing(lane))
+                LookInto(node.NumberAt(lane), way);
             else
-                Meet(m_tree.Order()[node.child[lane]], way);
+                Meet(m_tree.Order()[node.NumberAt(lane)], way);
         }
     }
     void Meet(std::uint32_t thing, const std::vector<Lane>& way) {
@@ -77,13 +79,16 @@ private:
     const Things& m_things;
     std::vector<int> m_times;
     int m_deepest = 0;
+    std::size_t m_nodes = 0;
 };
 
 TEST(WideTree, HoldsEachThingOnceWithinTheBoxesAboveIt) {
     for (const std::size_t count : {1U, 2U, 7U, 8U, 9U, 100U, 5000U}) {
         const Things things = RandomThings(count, static_cast<unsigned>(count));
         const WideTree tree(things.boxes, things.tops);
-        EXPECT_EQ(Visit(tree, things).Times(), std::vector<int>(count, 1)) << count;
+        const Visit visit(tree, things);
+        EXPECT_EQ(visit.Times(), std::vector<int>(count, 1)) << count;
+        EXPECT_LE(visit.Nodes(), count / 2 + 1) << "memory in proportion to the things";
     }
     EXPECT_TRUE(WideTree({}, {}).IsEmpty());
 }

@@ -1,5 +1,6 @@
 """The pictures of the standards' rules: the script makes them byte for byte, each is sound, and the page shows them all.
-Those of the day's precision, which need the program to be made, are sound as well."""
+So it is with the picture of the analysis's speed, of what was measured. Those of the day's precision, which need the
+program to be made, are sound as well."""
 import os
 import re
 import subprocess
@@ -10,7 +11,9 @@ import xml.etree.ElementTree as xml
 
 ROOT = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", ".."))
 SCRIPT = os.path.join(ROOT, "tools", "make-standard-pictures")
+GROWTH = os.path.join(ROOT, "tools", "make-speed-picture")
 PICTURES = os.path.join(ROOT, "docs", "pictures", "standards")
+PERFORMANCE = os.path.join(ROOT, "docs", "pictures", "performance")
 PRECISION = os.path.join(ROOT, "docs", "pictures", "precision")
 NAME = "{http://www.w3.org/2000/svg}"
 
@@ -40,7 +43,8 @@ class PicturesTest(unittest.TestCase):
         self.assertEqual(sorted(shown), sorted(os.listdir(PICTURES)))
 
     def test_words_lie_within_the_picture(self):
-        for name, text in [*contents(PICTURES).items(), *contents(PRECISION).items()]:
+        growth = open_text(os.path.join(PERFORMANCE, "growth.svg"))
+        for name, text in [*contents(PICTURES).items(), *contents(PRECISION).items(), ("growth.svg", growth)]:
             picture = xml.fromstring(text)
             words = picture.findall(NAME + "text")
             self.assertTrue(words, name)
@@ -51,6 +55,24 @@ class PicturesTest(unittest.TestCase):
                 self.assertGreaterEqual(left, 0, f"{name}: {each.text}")
                 self.assertLessEqual(left + width, float(picture.get("width")), f"{name}: {each.text}")
                 self.assertTrue(0 < float(each.get("y")) < float(picture.get("height")), f"{name}: {each.text}")
+
+    def test_the_growth_is_that_of_the_table_beside_it(self):
+        with tempfile.TemporaryDirectory() as folder:
+            subprocess.run([sys.executable, GROWTH, os.path.join(PERFORMANCE, "growth.csv"), folder], check=True)
+            self.assertEqual(open_text(os.path.join(folder, "growth.svg")),
+                             open_text(os.path.join(PERFORMANCE, "growth.svg")),
+                             "to make it: tools/make-speed-picture docs/pictures/performance/growth.csv "
+                             "docs/pictures/performance")
+
+    def test_the_growth_needs_a_table(self):
+        with tempfile.TemporaryDirectory() as folder:
+            table = os.path.join(folder, "table.csv")
+            for text in ["", "faces,point\n1,2\n3,4\n", "faces,point,window\n1,2,x\n1,2,3\n"]:
+                with open(table, "w", encoding="utf-8") as file:
+                    file.write(text)
+                result = subprocess.run([sys.executable, GROWTH, table, folder], capture_output=True, text=True)
+                self.assertEqual(result.returncode, 1, text)
+                self.assertIn("no table of SunBench", result.stderr)
 
     def test_without_a_folder_it_tells_its_usage(self):
         result = subprocess.run([sys.executable, SCRIPT], capture_output=True, text=True)
