@@ -1,4 +1,5 @@
 // The way of one question - when is a target hidden in a part of the day - through the faces.
+// Why: docs/decisions/analysis.md
 #pragma once
 
 #include <cstdint>
