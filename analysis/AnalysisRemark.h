@@ -25,6 +25,7 @@ struct AnalysisRemark {
         NothingRepeated,     // storeys were asked for, and no window is drawn as a line
         Faulty,              // `count` entities of the drawing could not be read
         TooLarge,            // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
+        External,  // the INSERT `handle` shows the external reference `subject`, whose content is not in the drawing
         WithoutFaces,      // `count` visible bodies are of kinds that are not read, and cast no shadow: `subject` lists
                            // them
         SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes

@@ -28,6 +28,8 @@ std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& dr
         remarks.push_back({Kind::Faulty, {}, 0, scene.faultyCount, 0.0});
     for (const AcDbObjectId id : scene.tooLarge)
         remarks.push_back({Kind::TooLarge, {}, drawing.GetHandle(id), 1, 0.0});
+    for (const ExternalInsert& each : scene.external)
+        remarks.push_back({Kind::External, drawing.Decode(each.name), drawing.GetHandle(each.id), 1, 0.0});
     std::vector<KindCount> bodies;
     std::size_t bodyCount = 0;
     for (const KindCount& kind : scene.passedOver)

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int kName = 2;
+constexpr int kIsExternal = 4 | 8;  // an attached reference, or an overlaid one
 
 std::wstring KeyOf(const AcDbDatabase& drawing, std::string_view name) {
     return std::wstring(drawing.Decode(TrimDxfValue(name)).MakeLower().View());
@@ -77,6 +78,8 @@ void BlockTable::Close(Block& block) {
         if (inserted.state != Block::State::Done || inserted.isFaulty)
             block.isFaulty = true;
         block.depth = std::max(block.depth, inserted.depth + 1);
+        if (block.external.empty())
+            block.external = inserted.external;
     }
     if (block.depth > kDeepestBlock)
         block.isFaulty = true;
@@ -93,6 +96,9 @@ void BlockTable::Read(Block& block) {
             break;
         Take(block, id, entity);
     }
+    const DxfGroup* const name = head.Find(kName);
+    if (name && (head.IntegerOr(kFlags, 0) & kIsExternal) != 0 && block.entities.empty() && block.inserts.empty())
+        block.external = TrimDxfValue(name->value);
 }
 
 void BlockTable::Take(Block& block, AcDbObjectId id, const EntityGroups& entity) {

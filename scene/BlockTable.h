@@ -45,6 +45,9 @@ struct Block {
     // so.
     bool isFaulty = false;
     int depth = 1;
+    // The first external reference that it is or inserts, by its name as it stands in the file; empty for none. One
+    // that has its content in the file is an ordinary block.
+    std::string external;
 
     enum class State { Unread, Open, Done };
     State state = State::Unread;

@@ -149,6 +149,8 @@ void SceneBuilder::TakeInsert(AcDbObjectId id, const EntityGroups& entity, const
         ++m_counts.faultyCount;
         return;
     }
+    if (!block->external.empty())
+        m_scene.external.push_back({id, block->external});
     BlockFaces& faces = m_blockFaces.Of(*block);
     m_blockCounts.Take(faces, m_model.LayerOf(look));
     switch (m_inserted.Add(faces, insert, {m_model.LayerOf(look), m_model.ColorOf(look)}, m_runs)) {

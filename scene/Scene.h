@@ -33,6 +33,12 @@ struct SceneEntity {
 // An INSERT that would bring a scene beyond this is left out.
 inline constexpr std::size_t kMostSceneFaces = 5'000'000;
 
+// An INSERT whose block is an external reference, or inserts one.
+struct ExternalInsert {
+    AcDbObjectId id;
+    std::string name;  // the reference's, as it stands in the file; of several the first
+};
+
 struct SceneOptions {
     std::size_t mostFaces = kMostSceneFaces;
     std::vector<LayerHeight> heights;  // each layer once; of several for one the first counts
@@ -53,9 +59,10 @@ struct Scene {
     std::vector<KindCount> passedOver;
     // How many of these are closed outlines that a height would make bodies, and do not stand upright.
     std::size_t flatOutlineCount = 0;
-    std::vector<LayerHeightUse> heights;  // one for each of SceneOptions::heights
-    std::size_t faultyCount = 0;          // visible entities of kinds with faces whose data give none
-    std::vector<AcDbObjectId> tooLarge;   // every INSERT that was left out for its number of faces
+    std::vector<LayerHeightUse> heights;   // one for each of SceneOptions::heights
+    std::size_t faultyCount = 0;           // visible entities of kinds with faces whose data give none
+    std::vector<AcDbObjectId> tooLarge;    // every INSERT that was left out for its number of faces
+    std::vector<ExternalInsert> external;  // whose content is, at least in part, in another drawing
 };
 
 // Reads every visible entity of the drawing's model space. Throws std::bad_alloc, and nothing else.

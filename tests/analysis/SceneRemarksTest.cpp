@@ -52,6 +52,27 @@ TEST(SceneRemarks, NameEachInsertThatIsTooLarge) {
     EXPECT_EQ(remarks[2].handle, 0xA3U);
 }
 
+// An attached and an overlaid one, and one within another block; one that has its content is a block like any other,
+// and so is an empty one.
+TEST(SceneRemarks, NameEachInsertOfAnExternalReference) {
+    const std::string blocks = BlockText("Site", "", "70=4 1=site.dwg") + BlockText("Road", "", "70=12 1=road.dwg") +
+                               BlockText("Bound", Scalene(), "70=4") + BlockText("Empty", "", "70=2") +
+                               BlockText("Outer", Scalene() + Insert("2=Empty") + Insert("2=site"));
+    const auto remarks =
+        RemarksOf(BlockDrawing(blocks,
+                               Insert("5=A1 2=SITE") + Insert("5=A2 2=Road") + Insert("5=A3 2=Bound") +
+                                   Insert("5=A4 2=Empty") + Insert("5=A5 2=Outer") + Insert("5=A6 2=Site 8=Frozen"),
+                               "0\nLAYER\n2\nFrozen\n70\n1\n62\n7\n"));
+    ASSERT_EQ(remarks.size(), 3U);
+    const std::uint64_t handles[] = {0xA1, 0xA2, 0xA5};
+    const wchar_t* const names[] = {L"Site", L"Road", L"Site"};
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(remarks[i].kind, Kind::External);
+        EXPECT_EQ(remarks[i].handle, handles[i]);
+        EXPECT_EQ(remarks[i].subject, names[i]);
+    }
+}
+
 TEST(SceneRemarks, TellWhichHeightsAreOfNoUse) {
     const std::string square = " 10=0 20=0 10=4 20=0 10=4 20=3";
     const auto remarks = RemarksOf(DrawingWith(Entity("LWPOLYLINE", "8=A 70=1" + square) + Triangle("8=B") +

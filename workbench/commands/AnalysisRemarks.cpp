@@ -80,6 +80,11 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
         case Kind::TooLarge:
             return SayFormat(L"块参照 %s 的面太多（图形一共超过 %s 个面），没有计入遮挡；请简化它的块",
                              HandleOrNone(remark.handle), CountText(kMostSceneFaces));
+        case Kind::External:
+            return SayFormat(
+                L"块参照 %s "
+                L"是或含有外部参照“%s”：它的内容不在图形里，没有计入遮挡，其中的窗也没有分析；请在制图程序里绑定",
+                HandleOrNone(remark.handle), Printable(remark.subject));
         case Kind::TooManyInBlock:
             return SayFormat(L"块参照 %s 的窗太多（图形一共超过 %s 个窗），它的窗都没有分析；请简化它的块",
                              HandleOrNone(remark.handle), Count(remark));
@@ -198,6 +203,7 @@ std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAn
     Repeated noWindows;
     Repeated tooLarge;
     Repeated tooMany;
+    Repeated external;
     for (const AnalysisRemark& remark : answer.remarks)
         if (remark.kind == Kind::NotAWindow)
             noWindows.Add(remark.handle, TextOf(remark, request));
@@ -205,10 +211,13 @@ std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAn
             tooLarge.Add(remark.handle, TextOf(remark, request));
         else if (remark.kind == Kind::TooManyInBlock)
             tooMany.Add(remark.handle, TextOf(remark, request));
+        else if (remark.kind == Kind::External)
+            external.Add(remark.handle, TextOf(remark, request));
         else
             messages.push_back(TextOf(remark, request));
     tooLarge.Take(messages, L"另有 %d 个块参照的面太多：%s");
     tooMany.Take(messages, L"另有 %d 个块参照的窗太多：%s");
+    external.Take(messages, L"另有 %d 个块参照是或含有外部参照：%s");
     noWindows.Take(messages, L"窗图层上另有 %d 个实体不是或不全是窗：%s");
     AddNotes(answer, messages);
     return messages;
