@@ -23,6 +23,9 @@ struct AnalysisRemark {
         TooManyInBlock,  // the INSERT `handle` would bring the windows beyond `count`, and has none
         LinesWithoutHeight,  // `count` lines on layers of windows would be windows if their height were told
         NothingRepeated,     // storeys were asked for, and no window is drawn as a line
+        TinyWindows,         // none of the `count` windows is longer on any side than `amount` millimetres
+        SameNames,           // `count` windows have names that others have, too, `subject` the first of them, and are
+                             // added up in the same flats
         Faulty,              // `count` entities of the drawing could not be read
         TooLarge,            // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
         External,  // the INSERT `handle` shows the external reference `subject`, whose content is not in the drawing

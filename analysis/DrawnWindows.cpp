@@ -7,6 +7,7 @@
 #include "analysis/BlockWindows.h"
 #include "analysis/WindowEntity.h"
 #include "analysis/WindowGatherer.h"
+#include "analysis/WindowRemarks.h"
 #include "analysis/WindowStoreys.h"
 #include "analysis/WindowTexts.h"
 #include "platform/host/AcDbDatabase.h"
@@ -59,6 +60,8 @@ WindowsOfDrawing WindowFinder::Run(double thickness) {
     if (count > m_mostWindows)
         return {{}, {}, true};
     NameWindows(m_found.windows, m_gatherer.texts, thickness);
+    for (const AnalysisRemark& remark : RemarksOnWindows(m_found.windows))
+        m_found.remarks.push_back(remark);
     if (m_gatherer.linesWithoutHeight != 0)
         m_found.remarks.push_back(
             {AnalysisRemark::Kind::LinesWithoutHeight, {}, 0, m_gatherer.linesWithoutHeight, 0.0});

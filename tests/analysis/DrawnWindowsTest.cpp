@@ -275,10 +275,10 @@ TEST(DrawnWindows, LieOnTheUsualLayersWhenNoneIsNamed) {
 }
 
 TEST(DrawnWindows, LieOnTheLayersThatAreNamed) {
-    const std::string both = Window("") + Upright("8=Glass", kHere, 0, 0, 9, 0, 0, 9);
+    const std::string both = Window("") + Upright("8=Glass", kHere, 0, 0, 900, 0, 0, 900);
     const WindowsOfDrawing found = WindowsIn(both, {}, {L" gLASS "});
     ASSERT_EQ(found.windows.size(), 1U);
-    EXPECT_NEAR(found.windows[0].width, 9.0, 1e-12);
+    EXPECT_NEAR(found.windows[0].width, 900.0, 1e-12);
     EXPECT_TRUE(found.remarks.empty());
     EXPECT_EQ(WindowsIn(both, {}, {L"glass", L"window"}).windows.size(), 2U);
 }
@@ -296,7 +296,7 @@ TEST(DrawnWindows, TellWhichLayerThereIsNot) {
 
 TEST(DrawnWindows, AreNotOnLayersThatAreOffOrFrozen) {
     const std::string windows = Window("") + Window("") + Entity("LINE", "8=WINDOW") +
-                                Upright("8=窗", kHere, 0, 0, 9, 0, 0, 9) + Old("70=9", InSpace(kFlat));
+                                Upright("8=窗", kHere, 0, 0, 900, 0, 0, 900) + Old("70=9", InSpace(kFlat));
     for (const char* hidden : {"62=-7", "70=1"}) {
         const WindowsOfDrawing found = WindowsIn(windows, Layer("Window", hidden));
         EXPECT_EQ(found.windows.size(), 1U);

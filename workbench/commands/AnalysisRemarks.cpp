@@ -72,6 +72,13 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
                 Count(remark));
         case Kind::NothingRepeated:
             return Say(L"--storeys 没有窗可以重复：只重复画成直线的窗");
+        case Kind::TinyWindows:
+            return SayFormat(L"所有的窗都不大于 %s 毫米：图形的单位可能不对；请在制图程序里更正",
+                             DoubleToText(remark.amount));
+        case Kind::SameNames:
+            return SayFormat(
+                L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
+                Count(remark), Printable(remark.subject));
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
         case Kind::WithoutFaces:
