@@ -26,8 +26,9 @@ struct AnalysisRemark {
         TinyWindows,         // none of the `count` windows is longer on any side than `amount` millimetres
         SameNames,           // `count` windows have names that others have, too, `subject` the first of them, and are
                              // added up in the same flats
-        Faulty,              // `count` entities of the drawing could not be read
-        TooLarge,            // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
+        Faulty,    // `count` entities of the drawing could not be read; `subject` lists the first of these, and
+                   // of the INSERTs that show some, by their handles
+        TooLarge,  // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
         External,  // the INSERT `handle` shows the external reference `subject`, whose content is not in the drawing
         WithoutFaces,      // `count` visible bodies are of kinds that are not read, and cast no shadow: `subject` lists
                            // them

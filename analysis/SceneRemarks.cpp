@@ -1,7 +1,12 @@
 // Looks through what a scene has passed over.
 #include "analysis/SceneRemarks.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/HandleText.h"
 #include "scene/Scene.h"
 
 namespace {
@@ -18,6 +23,17 @@ void AddHeights(const Scene& scene, const std::vector<LayerHeight>& heights, std
     }
 }
 
+// Enough to begin with; a drawing that another program has spoiled may have thousands.
+CString HandlesOf(const std::vector<AcDbObjectId>& ids, const AcDbDatabase& drawing) {
+    constexpr std::size_t kMostNamed = 20;
+    CString handles;
+    for (std::size_t i = 0; i < std::min(ids.size(), kMostNamed); ++i) {
+        const std::uint64_t handle = drawing.GetHandle(ids[i]);
+        handles += (i == 0 ? L"" : L" ") + (handle == 0 ? CString(L"-") : HandleText(handle));
+    }
+    return ids.size() > kMostNamed ? handles + L" ..." : handles;
+}
+
 }  // namespace
 
 std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& drawing,
@@ -25,7 +41,7 @@ std::vector<AnalysisRemark> RemarksOn(const Scene& scene, const AcDbDatabase& dr
     std::vector<AnalysisRemark> remarks;
     AddHeights(scene, heights, remarks);
     if (scene.faultyCount != 0)
-        remarks.push_back({Kind::Faulty, {}, 0, scene.faultyCount, 0.0});
+        remarks.push_back({Kind::Faulty, HandlesOf(scene.faulty, drawing), 0, scene.faultyCount, 0.0});
     for (const AcDbObjectId id : scene.tooLarge)
         remarks.push_back({Kind::TooLarge, {}, drawing.GetHandle(id), 1, 0.0});
     for (const ExternalInsert& each : scene.external)

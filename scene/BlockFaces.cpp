@@ -19,6 +19,9 @@ BlockFaces& BlockFacesTable::Of(const Block& block) {
         Take(faces, entity);
     for (const InnerInsert& inner : block.inserts)
         faces.inserts.push_back({&inner, &Of(*inner.block)});
+    faces.hasFaulty =
+        faces.faultyCount != 0 || std::any_of(faces.inserts.begin(), faces.inserts.end(),
+                                              [](const InnerFaces& inner) { return inner.faces->hasFaulty; });
     const auto empty = std::stable_partition(faces.inserts.begin(), faces.inserts.end(), [](const InnerFaces& inner) {
         return inner.faces->faceCount > 0.0 || inner.faces->raisedFaceCount > 0.0;
     });

@@ -46,6 +46,7 @@ struct BlockFaces {
     BlockOutlines outlines;
     std::map<std::string, std::size_t> passedOver;  // entities of kinds without faces
     std::size_t faultyCount = 0;                    // entities of its own that are faulty, INSERTs among them
+    bool hasFaulty = false;                         // it, or what it inserts
     // With all that it inserts; where an INSERT hands no height down, and where it does.
     double faceCount = 0.0;
     double raisedFaceCount = 0.0;

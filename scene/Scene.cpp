@@ -60,6 +60,7 @@ private:
     void TakeInsert(AcDbObjectId id, const EntityGroups& entity, const EntityLook& look);
     EntityOutcome AddFaces(AcDbObjectId id, const EntityGroups& entity, const LayerLook& layer);
     void AddRun(AcDbObjectId id, const FaceRun& run);
+    void TakeFaulty(AcDbObjectId id);
 
     const AcDbDatabase& m_drawing;
     const std::vector<LayerHeight>& m_heights;
@@ -111,7 +112,7 @@ void SceneBuilder::Take(AcDbObjectId id, const EntityGroups& entity) {
             ++m_counts.passedOver[std::string(entity.Type())];
             break;
         case EntityOutcome::Faulty:
-            ++m_counts.faultyCount;
+            TakeFaulty(id);
             break;
         case EntityOutcome::Faces:
             AddRun(id, {layer.number, m_model.ColorOf(look), first, m_faces.GetCount() - first});
@@ -146,19 +147,21 @@ void SceneBuilder::TakeInsert(AcDbObjectId id, const EntityGroups& entity, const
     BlockInsert insert;
     const Block* const block = ReadInsert(entity, insert) ? m_blocks.Find(insert.name) : nullptr;
     if (!block || block->isFaulty) {
-        ++m_counts.faultyCount;
+        TakeFaulty(id);
         return;
     }
     if (!block->external.empty())
         m_scene.external.push_back({id, block->external});
     BlockFaces& faces = m_blockFaces.Of(*block);
+    if (faces.hasFaulty)
+        m_scene.faulty.push_back(id);
     m_blockCounts.Take(faces, m_model.LayerOf(look));
     switch (m_inserted.Add(faces, insert, {m_model.LayerOf(look), m_model.ColorOf(look)}, m_runs)) {
         case InsertOutcome::TooMany:
             m_scene.tooLarge.push_back(id);
             break;
         case InsertOutcome::Faulty:
-            ++m_counts.faultyCount;
+            TakeFaulty(id);
             break;
         case InsertOutcome::Done:
             if (m_runs.empty())
@@ -171,6 +174,12 @@ void SceneBuilder::TakeInsert(AcDbObjectId id, const EntityGroups& entity, const
 
 void SceneBuilder::AddRun(AcDbObjectId id, const FaceRun& run) {
     m_scene.entities.push_back({id, run.layer, run.color.index, run.color.trueColor, run.firstFace, run.faceCount});
+}
+
+void SceneBuilder::TakeFaulty(AcDbObjectId id) {
+    ++m_counts.faultyCount;
+    if (m_scene.faulty.empty() || m_scene.faulty.back() != id)
+        m_scene.faulty.push_back(id);
 }
 
 }  // namespace

@@ -61,6 +61,7 @@ struct Scene {
     std::size_t flatOutlineCount = 0;
     std::vector<LayerHeightUse> heights;   // one for each of SceneOptions::heights
     std::size_t faultyCount = 0;           // visible entities of kinds with faces whose data give none
+    std::vector<AcDbObjectId> faulty;      // entities of the model space that are, or INSERTs that show some of these
     std::vector<AcDbObjectId> tooLarge;    // every INSERT that was left out for its number of faces
     std::vector<ExternalInsert> external;  // whose content is, at least in part, in another drawing
 };

@@ -73,6 +73,28 @@ TEST(SceneRemarks, NameEachInsertOfAnExternalReference) {
     }
 }
 
+// What is faulty by itself, an INSERT of no block and one of a block that leads back to itself, and those of blocks
+// with something faulty in them or further down: counted once for all copies, each copy named.
+TEST(SceneRemarks, NameWhatIsFaulty) {
+    const std::string blocks = BlockText("Bad", Scalene() + Entity("3DFACE", "")) +
+                               BlockText("Round", Insert("2=Round")) + BlockText("Outer", Insert("2=Bad")) +
+                               BlockText("Sound", Scalene());
+    const auto remarks = RemarksOf(BlockDrawing(
+        blocks, Entity("3DFACE", "5=A1") + Insert("5=A2 2=Nowhere") + Insert("5=A3 2=Round") + Insert("5=A4 2=Outer") +
+                    Insert("5=A5 2=Bad") + Insert("5=A6 2=Sound") + Triangle("")));
+    ASSERT_EQ(remarks.size(), 1U);
+    EXPECT_EQ(remarks[0].kind, Kind::Faulty);
+    EXPECT_EQ(remarks[0].count, 4U);
+    EXPECT_EQ(remarks[0].subject, L"A1 A2 A3 A4 A5");
+    std::string many;
+    for (int i = 0; i < 21; ++i)
+        many += Insert("5=" + std::to_string(50 + i) + " 2=Nowhere");
+    const auto first = RemarksOf(DrawingWith(many));
+    ASSERT_EQ(first.size(), 1U);
+    EXPECT_EQ(first[0].count, 21U);
+    EXPECT_EQ(first[0].subject, L"50 51 52 53 54 55 56 57 58 59 60 61 62 63 64 65 66 67 68 69 ...");
+}
+
 TEST(SceneRemarks, TellWhichHeightsAreOfNoUse) {
     const std::string square = " 10=0 20=0 10=4 20=0 10=4 20=3";
     const auto remarks = RemarksOf(DrawingWith(Entity("LWPOLYLINE", "8=A 70=1" + square) + Triangle("8=B") +

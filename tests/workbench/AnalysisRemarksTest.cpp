@@ -58,7 +58,7 @@ TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
                             Kind::LeftOutByScope, Kind::NoFaces, Kind::NothingToRaise, Kind::SameNames})
         EXPECT_TRUE(Has(MessageOf(kind), "3000000"));
     for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces,
-                            Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::External, Kind::SameNames})
+                            Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::External, Kind::SameNames, Kind::Faulty})
         EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
     for (const Kind kind : {Kind::NotAWindow, Kind::TooManyInBlock, Kind::TooLarge, Kind::External})
         EXPECT_TRUE(Has(MessageOf(kind), " 2F"));

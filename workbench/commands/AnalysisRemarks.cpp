@@ -80,7 +80,8 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
                 L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
                 Count(remark), Printable(remark.subject));
         case Kind::Faulty:
-            return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡", Count(remark));
+            return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡：%s；请在制图程序里检查它们和它们的块",
+                             Count(remark), Printable(remark.subject));
         case Kind::WithoutFaces:
             return SayFormat(L"图形中有 %s 个不能读的体（%s），没有计入遮挡；请在制图程序里改成网格或三维面",
                              Count(remark), Printable(remark.subject));
