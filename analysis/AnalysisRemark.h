@@ -24,6 +24,8 @@ struct AnalysisRemark {
         LinesWithoutHeight,  // `count` lines on layers of windows would be windows if their height were told
         NothingRepeated,     // storeys were asked for, and no window is drawn as a line
         TinyWindows,         // none of the `count` windows is longer on any side than `amount` millimetres
+        LinesInRows,         // `count` windows are drawn as lines that lie along another one, less than a wall's depth
+                             // from it; the first of them is `handle`
         SameNames,           // `count` windows have names that others have, too, `subject` the first of them, and are
                              // added up in the same flats
         Faulty,    // `count` entities of the drawing could not be read; `subject` lists the first of these, and

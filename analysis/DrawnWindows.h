@@ -34,6 +34,6 @@ inline constexpr std::size_t kMostWindows = 5'000'000;
 // windows were passed over; NotAWindow for each line and each entity with an area on a layer of windows that is none,
 // or not wholly, once for an INSERT with such entities in it and for one on a layer of windows that gives none;
 // TooManyInBlock for each INSERT that would bring windows and texts beyond `mostWindows`; LinesWithoutHeight;
-// TinyWindows and SameNames (RemarksOnWindows); NothingRepeated; NoWindows when there are none.
+// TinyWindows, LinesInRows and SameNames (RemarksOnWindows); NothingRepeated; NoWindows when there are none.
 WindowsOfDrawing FindWindows(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
                              double thickness, const PlanRules& plan = {}, std::size_t mostWindows = kMostWindows);

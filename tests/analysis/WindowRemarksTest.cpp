@@ -1,4 +1,4 @@
-// What is said of windows that are all too small, and of names that stand for several.
+// What is said of windows that are all too small, of lines in rows, and of names that stand for several.
 #include "analysis/WindowRemarks.h"
 
 #include <string>
@@ -65,4 +65,28 @@ TEST(WindowRemarks, AreNoneOfNamesWithoutFlatsNorOfStoreys) {
     const WindowsOfDrawing repeated = InDrawing(DrawingWith(plan), 1.0, rules);
     EXPECT_EQ(repeated.windows.size(), 3U);
     EXPECT_EQ(CountOf(repeated, Kind::SameNames), 0U);
+}
+
+// A window as plans draw it: four lines within a wall of 240 mm. One that turns a corner, one above and one across the
+// street are none of it.
+TEST(WindowRemarks, TellOfLinesBesideEachOther) {
+    const auto line = [](const std::string& handle, double x, double y, double width, double z = 0.0) {
+        return Entity("LINE", "5=" + handle + " 8=WINDOW 39=1500 " + At(x, y, z) + At(x + width, y, z, 11));
+    };
+    const std::string symbol =
+        line("A1", 0, 0, 1500) + line("A2", 0, 80, 1500) + line("A3", 1500, 160, -1500) + line("A4", 100, 240, 1300);
+    const WindowsOfDrawing found = InDrawing(DrawingWith(line("A0", 9000, 0, 1500) + symbol), 1.0);
+    ASSERT_EQ(found.windows.size(), 5U);
+    EXPECT_EQ(RemarkOf(found, Kind::LinesInRows).count, 4U);
+    EXPECT_EQ(RemarkOf(found, Kind::LinesInRows).handle, 0xA1U);
+    const std::string apart = line("B1", 0, 0, 1500) + line("B2", 1500, 0, 1500) + line("B3", 0, 600, 1500) +
+                              line("B4", 0, 0, 1500, 3000) +
+                              Entity("LINE", "5=B5 8=WINDOW 39=1500 " + At(0, 0, 0) + At(0, 1500, 0, 11));
+    EXPECT_EQ(CountOf(InDrawing(DrawingWith(apart), 1.0), Kind::LinesInRows), 0U);
+    PlanRules rules;
+    rules.storeys = Storeys{3, 2.9};
+    EXPECT_EQ(RemarkOf(InDrawing(DrawingWith(symbol), 1.0, rules), Kind::LinesInRows).count, 4U) << "of one storey";
+    // Rectangles are drawn one by one.
+    EXPECT_EQ(CountOf(InDrawing(DrawingWith(Window(0, 1500, 1500) + Window(0, 1500, 1500)), 1.0), Kind::LinesInRows),
+              0U);
 }

@@ -45,17 +45,18 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
     for (const Kind kind :
-         {Kind::NoWindows,       Kind::NoFaces,          Kind::LayerMissing,    Kind::LayerInvisible,
-          Kind::NotAWindow,      Kind::NoLayerToRaise,   Kind::NothingToRaise,  Kind::LinesWithoutHeight,
-          Kind::NothingRepeated, Kind::TinyWindows,      Kind::SameNames,       Kind::Faulty,
-          Kind::TooLarge,        Kind::TooManyInBlock,   Kind::External,        Kind::WithoutFaces,
-          Kind::SpanUnusable,    Kind::StepUnusable,     Kind::SunBelowHorizon, Kind::SunNeverSets,
-          Kind::LeftOutByScope,  Kind::LeftOutByAltitude})
+         {Kind::NoWindows,       Kind::NoFaces,        Kind::LayerMissing,     Kind::LayerInvisible,
+          Kind::NotAWindow,      Kind::NoLayerToRaise, Kind::NothingToRaise,   Kind::LinesWithoutHeight,
+          Kind::NothingRepeated, Kind::TinyWindows,    Kind::SameNames,        Kind::LinesInRows,
+          Kind::Faulty,          Kind::TooLarge,       Kind::TooManyInBlock,   Kind::External,
+          Kind::WithoutFaces,    Kind::SpanUnusable,   Kind::StepUnusable,     Kind::SunBelowHorizon,
+          Kind::SunNeverSets,    Kind::LeftOutByScope, Kind::LeftOutByAltitude})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 22U);
+    EXPECT_EQ(messages.size(), 23U);
     EXPECT_FALSE(messages.contains(""));
-    for (const Kind kind : {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces,
-                            Kind::LeftOutByScope, Kind::NoFaces, Kind::NothingToRaise, Kind::SameNames})
+    for (const Kind kind :
+         {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope,
+          Kind::NoFaces, Kind::NothingToRaise, Kind::SameNames, Kind::LinesInRows})
         EXPECT_TRUE(Has(MessageOf(kind), "3000000"));
     for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces,
                             Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::External, Kind::SameNames, Kind::Faulty})

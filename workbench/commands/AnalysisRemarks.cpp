@@ -75,6 +75,11 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
         case Kind::TinyWindows:
             return SayFormat(L"所有的窗都不大于 %s 毫米：图形的单位可能不对；请在制图程序里更正",
                              DoubleToText(remark.amount));
+        case Kind::LinesInRows:
+            return SayFormat(
+                L"有 %s 个画成直线的窗紧挨着另一条平行的窗线（相距不到半米，例如 %s）：每条线都当作一个窗；"
+                L"请只把外墙面上的一条留在窗图层",
+                Count(remark), HandleOrNone(remark.handle));
         case Kind::SameNames:
             return SayFormat(
                 L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
