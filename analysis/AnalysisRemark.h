@@ -32,6 +32,11 @@ struct AnalysisRemark {
                    // of the INSERTs that show some, by their handles
         TooLarge,  // the INSERT `handle` would bring the scene beyond kMostSceneFaces and casts no shadow
         External,  // the INSERT `handle` shows the external reference `subject`, whose content is not in the drawing
+        ProposedMissing,    // `subject` is a layer of the project that the drawing does not have
+        ProposedInvisible,  // `subject` is a layer of the project that is off or frozen: it casts no shadow
+        ProposedEmpty,      // `subject` is a layer of the project on which nothing casts a shadow
+        ProposedIsWindows,  // `subject` is a layer of the project and one of windows, which cast no shadow
+        AllProposed,        // all `count` windows lie on the project
         WithoutFaces,      // `count` visible bodies are of kinds that are not read, and cast no shadow: `subject` lists
                            // them
         SpanUnusable,      // the span is reversed, empty, or none within a day: no minutes

@@ -224,7 +224,8 @@ void FindClosedBodies(OccluderSet& set) {
     std::vector<std::uint32_t> faces;
     const auto count = static_cast<std::uint32_t>(set.faces.size());
     for (std::uint32_t first = 0, end = 0; first < count; first = end) {
-        for (end = first; end < count && set.faces[end].entity == set.faces[first].entity; ++end)
+        const std::uint32_t drawn = set.DrawnAs(set.faces[first].entity);
+        for (end = first; end < count && set.DrawnAs(set.faces[end].entity) == drawn; ++end)
             faces.push_back(end);
         finder.LookAmong(faces);
         faces.clear();

@@ -21,6 +21,10 @@ struct DrawnWindow {
     bool isLine = false;    // drawn as a line of a plan
     bool hasSide = false;   // whether `outward` is known to point outside, else it is either side's
     bool isInside = false;  // its middle lies in a closed body
+    // Of a project that is asked for: it lies on a face of it, or shortly before one; and whether its middle lies in a
+    // closed body that is there without it.
+    bool isProposed = false;
+    bool isInsideBefore = false;
     std::optional<int> floor;
 
     Vector3 Outward() const { return {right.y, -right.x, 0.0}; }

@@ -1,6 +1,11 @@
 // Takes the faces of a scene over into millimetres.
 #include "analysis/OccluderSet.h"
 
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+
 #include "analysis/WindowLayers.h"
 #include "platform/host/AcDbDatabase.h"
 #include "scene/Scene.h"
@@ -14,6 +19,53 @@ Occluder OccluderOf(const QcGeFace3dEX& face, double millimetres) {
         occluder.corners[i] = Vector3{face.m_pt[i].x, face.m_pt[i].y, face.m_pt[i].z} * millimetres;
     return occluder;
 }
+
+// Takes over what one entity of the drawing shows, first what stands and then what is of the project.
+class Adder {
+public:
+    Adder(const Scene& scene, double millimetres) : m_scene(scene), m_millimetres(millimetres) {
+        m_set.faces.reserve(scene.faces.size());
+    }
+
+    void Take(const SceneEntity& shown, bool isProposed) { (isProposed ? m_proposed : m_standing).push_back(&shown); }
+
+    void Add(std::uint64_t handle) {
+        const auto number = static_cast<std::uint32_t>(m_set.handles.size());
+        for (const bool isProposed : {false, true}) {
+            std::vector<const SceneEntity*>& taken = isProposed ? m_proposed : m_standing;
+            if (taken.empty())
+                continue;
+            for (const SceneEntity* const shown : taken)
+                AddFaces(*shown);
+            taken.clear();
+            m_set.handles.push_back(handle);
+            m_set.proposed.push_back(isProposed);
+            m_set.drawnAs.push_back(number);
+        }
+    }
+
+    OccluderSet Finish() {
+        if (std::find(m_set.proposed.begin(), m_set.proposed.end(), true) == m_set.proposed.end()) {
+            m_set.proposed.clear();
+            m_set.drawnAs.clear();
+        }
+        return std::move(m_set);
+    }
+
+private:
+    void AddFaces(const SceneEntity& shown) {
+        for (std::size_t i = 0; i < shown.faceCount; ++i) {
+            m_set.faces.push_back(OccluderOf(m_scene.faces[shown.firstFace + i], m_millimetres));
+            m_set.faces.back().entity = static_cast<std::uint32_t>(m_set.handles.size());
+        }
+    }
+
+    const Scene& m_scene;
+    double m_millimetres;
+    OccluderSet m_set;
+    std::vector<const SceneEntity*> m_standing;
+    std::vector<const SceneEntity*> m_proposed;
+};
 
 }  // namespace
 
@@ -30,24 +82,23 @@ Vector3 Occluder::Normal() const {
 }
 
 OccluderSet MakeOccluders(const Scene& scene, const AcDbDatabase& drawing, const std::vector<CString>& windowLayers,
-                          double millimetres) {
-    WindowLayers layers(drawing, windowLayers);
-    OccluderSet set;
-    set.faces.reserve(scene.faces.size());
-    AcDbObjectId before;
-    for (const SceneEntity& entity : scene.entities) {
-        if (layers.Find(scene.layers[entity.layer]))
-            continue;
+                          double millimetres, const std::vector<CString>& proposedLayers) {
+    WindowLayers windows(drawing, windowLayers);
+    std::optional<WindowLayers> proposed;
+    if (!proposedLayers.empty())
+        proposed.emplace(drawing, proposedLayers);
+    Adder adder(scene, millimetres);
+    const std::vector<SceneEntity>& entities = scene.entities;
+    for (std::size_t first = 0, end = 0; first < entities.size(); first = end) {
         // What one INSERT shows stands together.
-        if (entity.id != before)
-            set.handles.push_back(drawing.GetHandle(entity.id));
-        before = entity.id;
-        const auto number = static_cast<std::uint32_t>(set.handles.size() - 1);
-        for (std::size_t i = 0; i < entity.faceCount; ++i) {
-            set.faces.push_back(OccluderOf(scene.faces[entity.firstFace + i], millimetres));
-            set.faces.back().entity = number;
+        for (end = first; end < entities.size() && entities[end].id == entities[first].id; ++end) {
+            const std::string& layer = scene.layers[entities[end].layer];
+            if (!windows.Find(layer))
+                adder.Take(entities[end], proposed && proposed->Find(layer));
         }
+        adder.Add(drawing.GetHandle(entities[first].id));
     }
+    OccluderSet set = adder.Finish();
     FindClosedBodies(set);
     return set;
 }

@@ -38,11 +38,13 @@ double DistanceInPlan(const Occluder& face, const Vector3& point) {
 
 }  // namespace
 
-Reach::Reach(const OccluderSet& occluders, const ReachLimits& limits)
+Reach::Reach(const OccluderSet& occluders, const ReachLimits& limits, bool isWithProject)
     : m_occluders(occluders), m_limits(limits), m_entities(occluders.handles.size()) {
     for (std::size_t i = 0; i < occluders.faces.size(); ++i) {
         const Occluder& face = occluders.faces[i];
-        Entity& entity = m_entities[face.entity];
+        if (!isWithProject && occluders.IsProposed(face.entity))
+            continue;
+        Entity& entity = m_entities[occluders.DrawnAs(face.entity)];
         entity.box = entity.faceCount == 0 ? BoxAround(face) : BoxAround(entity.box, BoxAround(face));
         entity.firstFace = entity.faceCount == 0 ? i : entity.firstFace;
         ++entity.faceCount;
@@ -50,7 +52,7 @@ Reach::Reach(const OccluderSet& occluders, const ReachLimits& limits)
 }
 
 bool Reach::Counts(std::uint32_t number, const Vector3& sill) const {
-    const Entity& entity = m_entities[number];
+    const Entity& entity = m_entities[m_occluders.DrawnAs(number)];
     const double height = std::clamp(entity.box.most.z - sill.z, 0.0, std::max(m_limits.buildingHeightLimit, 0.0));
     const double reach = std::min(m_limits.mainScopeRadius, m_limits.scopeFactorOfHeight * height);
     // The box may come nearer than what it is around, and that hangs on how the drawing is turned.

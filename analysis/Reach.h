@@ -17,13 +17,13 @@ struct ReachLimits {
 
 // An entity counts for a window when, in plan, it comes as near as `mainScopeRadius`, and as near as
 // `scopeFactorOfHeight` times how far it rises over the window's sill, of which no more than `buildingHeightLimit` is
-// taken.
+// taken. All that the drawing shows of it together does, so that a project does not change what else counts.
 class Reach {
 public:
-    // Keeps a reference.
-    Reach(const OccluderSet& occluders, const ReachLimits& limits);
+    // Keeps a reference. Without the project entities are what else they show.
+    Reach(const OccluderSet& occluders, const ReachLimits& limits, bool isWithProject = true);
 
-    // Whether an entity counts for a window with its sill's middle here.
+    // Whether an entity counts for a window with its sill's middle here; one of the project only with it.
     bool Counts(std::uint32_t entity, const Vector3& sill) const;
 
 private:
@@ -36,5 +36,5 @@ private:
 
     const OccluderSet& m_occluders;
     ReachLimits m_limits;
-    std::vector<Entity> m_entities;
+    std::vector<Entity> m_entities;  // by DrawnAs
 };

@@ -3,17 +3,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
+#include <utility>
 
 #include "analysis/Boxes.h"
 #include "analysis/DrawnWindows.h"
 #include "analysis/OccluderSet.h"
+#include "analysis/ProjectRemarks.h"
 #include "analysis/Reach.h"
 #include "analysis/SceneRemarks.h"
 #include "analysis/ShadowCaster.h"
+#include "analysis/SharedWork.h"
 #include "analysis/SunPath.h"
-#include "analysis/Tolerances.h"
-#include "analysis/WindowDay.h"
+#include "analysis/WindowAnalyst.h"
 #include "analysis/WindowFloors.h"
 #include "analysis/WindowSides.h"
 #include "facts/Angles.h"
@@ -34,34 +35,6 @@ AnalysisRemark RemarkOf(Kind kind, std::size_t count = 0, double amount = 0.0) {
     return remark;
 }
 
-// The window as it is drawn, in metres.
-WindowResult ResultOf(const DrawnWindow& window, double north) {
-    WindowResult result;
-    result.handle = window.handle;
-    result.name = window.name;
-    result.building = window.building;
-    result.flat = window.flat;
-    result.floor = window.floor;
-    if (window.hasSide)
-        result.facing = FacingOf(window, north);
-    else
-        result.notes.push_back(WindowNote::NoSide);
-    if (window.isInside)
-        result.notes.insert(result.notes.begin(), WindowNote::Inside);
-    result.width = window.width / kMillimetresPerMetre;
-    result.height = window.height / kMillimetresPerMetre;
-    result.sill = window.lowerLeft.z / kMillimetresPerMetre;
-    const Vector3 across = window.right * window.width;
-    const Vector3 up = {0.0, 0.0, window.height};
-    const Vector3 corners[] = {window.lowerLeft, window.lowerLeft + across, window.lowerLeft + across + up,
-                               window.lowerLeft + up};
-    for (std::size_t i = 0; i < result.corners.size(); ++i) {
-        const Vector3 corner = corners[i] * (1.0 / kMillimetresPerMetre);
-        result.corners[i] = QcGePoint(corner.x, corner.y, corner.z);
-    }
-    return result;
-}
-
 class Analysis {
 public:
     Analysis(const AcDbDatabase& drawing, const AnalysisRequest& request, double millimetres)
@@ -74,7 +47,7 @@ private:
     double LeastAltitude() const;
     HourSpans HoursOfTheSun(const SunPath& path);
     void AnalyseAll(const AnalysisProgress& progress);
-    WindowResult Analyse(const DrawnWindow& window, const DayOfAnalysis& day, const Reach& reach);
+    std::optional<ReachLimits> Limits() const;
 
     const AcDbDatabase& m_drawing;
     const AnalysisRequest& m_request;
@@ -82,8 +55,7 @@ private:
     OccluderSet m_occluders;
     std::vector<DrawnWindow> m_windows;
     SunDay m_sun;
-    SunPeriod m_span;             // without a length when the span is no span
-    std::vector<bool> m_leftOut;  // by scope, of the entities that were in some window's way
+    SunPeriod m_span;  // without a length when the span is no span
     AnalysisAnswer m_answer;
 };
 
@@ -100,8 +72,9 @@ void Analysis::ReadDrawing() {
     const std::vector<CString>& layers = m_request.windowLayers;
     {
         const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights});
-        m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres);
+        m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres, m_request.proposedLayers);
         m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
+        AddRemarksOnProject({m_drawing, scene, layers, m_request.proposedLayers}, m_answer.remarks);
     }
     WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness, m_request.plan);
     if (found.areTooMany) {
@@ -115,6 +88,9 @@ void Analysis::ReadDrawing() {
         *sides.facing += m_request.north;  // from the drawing's x axis
     TellSides(m_windows, m_occluders, sides);
     TellFloors(m_windows);
+    if (!m_windows.empty() &&
+        std::all_of(m_windows.begin(), m_windows.end(), [](const DrawnWindow& each) { return each.isProposed; }))
+        m_answer.remarks.push_back(RemarkOf(Kind::AllProposed, m_windows.size()));
 }
 
 void Analysis::TellSpan() {
@@ -140,7 +116,6 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     const HourSpans up = HoursOfTheSun(path);
     const ShadowCaster caster(m_occluders, path, up, g_nSunDistPrec);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
-    const Reach reach(m_occluders, {g_nMainScopeRadius, g_nScopeFactorOfHeight, g_nBuildingHeightLimit});
     DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, path};
     day.span = m_span;
     day.up = up;
@@ -148,19 +123,31 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     day.need = m_request.need;
     day.offset = g_nSunWinOffset;
     day.precision = g_nSunDistPrec;
-    m_leftOut.assign(m_occluders.handles.size(), false);
-    m_answer.windows.reserve(m_windows.size());
-    for (const DrawnWindow& window : m_windows) {
-        if (progress && !progress(m_answer.windows.size(), m_windows.size())) {
-            m_answer.failure = AnalysisFailure::Cancelled;
-            m_answer.windows.clear();
-            return;
-        }
-        m_answer.windows.push_back(Analyse(window, day, reach));
+    // The module knows one thread: what it says is asked before there are more.
+    std::vector<HourSpans> valid;
+    valid.reserve(m_windows.size());
+    for (const DrawnWindow& window : m_windows)
+        valid.push_back(ValidHours(day, window));
+    const WindowAnalyst analyst(day, Limits(), !m_request.proposedLayers.empty());
+    m_answer.windows.resize(m_windows.size());
+    const bool isDone = ShareWork(
+        m_windows.size(), m_request.threads,
+        [&](std::size_t i) {
+            m_answer.windows[i] = analyst.Analyse({m_windows[i], valid[i]});
+        },
+        [&](std::size_t done) { return !progress || progress(done, m_windows.size()); });
+    if (!isDone) {
+        m_answer.failure = AnalysisFailure::Cancelled;
+        m_answer.windows.clear();
+    } else if (const std::size_t leftOut = analyst.CountLeftOut(); leftOut != 0) {
+        m_answer.remarks.push_back(RemarkOf(Kind::LeftOutByScope, leftOut));
     }
-    const auto leftOut = std::count(m_leftOut.begin(), m_leftOut.end(), true);
-    if (leftOut != 0)
-        m_answer.remarks.push_back(RemarkOf(Kind::LeftOutByScope, static_cast<std::size_t>(leftOut)));
+}
+
+std::optional<ReachLimits> Analysis::Limits() const {
+    if (!m_request.isScoped || !g_bLimitClientScope)
+        return {};
+    return ReachLimits{g_nMainScopeRadius, g_nScopeFactorOfHeight, g_nBuildingHeightLimit};
 }
 
 HourSpans Analysis::HoursOfTheSun(const SunPath& path) {
@@ -173,30 +160,6 @@ HourSpans Analysis::HoursOfTheSun(const SunPath& path) {
     if (altitude > 0.0)
         m_answer.remarks.push_back(RemarkOf(Kind::LeftOutByAltitude, 0, altitude));
     return up;
-}
-
-WindowResult Analysis::Analyse(const DrawnWindow& window, const DayOfAnalysis& day, const Reach& reach) {
-    WindowResult result = ResultOf(window, m_request.north);
-    if (IsTooNarrow(day.standard, window))
-        result.notes.push_back(WindowNote::Narrower);
-    if (!window.hasSide) {
-        result.color = ColorOf(day.standard, result.judged);
-        return result;
-    }
-    EntityFilter counts;
-    const Vector3 sill = window.lowerLeft + window.right * (0.5 * window.width);
-    if (m_request.isScoped && g_bLimitClientScope)
-        counts = [&, known = std::unordered_map<std::uint32_t, bool>()](std::uint32_t entity) mutable {
-            const auto [each, isNew] = known.try_emplace(entity, false);
-            if (isNew) {
-                each->second = reach.Counts(entity, sill);
-                m_leftOut[entity] = m_leftOut[entity] || !each->second;
-            }
-            return each->second;
-        };
-    AnalyseDay(day, window, counts, result);
-    std::sort(result.notes.begin(), result.notes.end());
-    return result;
 }
 
 }  // namespace

@@ -30,9 +30,13 @@ struct AnalysisRequest {
     std::vector<CString> windowLayers;  // none: kUsualWindowLayers
     PlanRules plan;
     std::vector<LayerHeight> heights;  // metres above 0; each layer once
+    // What lies on these layers is a project: windows are told with it and without it. Sides, bodies and floors are
+    // found with everything present.
+    std::vector<CString> proposedLayers;
     // Leave out what the module's parameters of scope, height and altitude (AnalysisParameters.h) leave out.
     bool isScoped = false;
     std::optional<double> leastAltitude;  // degrees, [0, 90): the sun counts from this altitude on
+    unsigned threads = 0;                 // at most 256; 0: one for each core. The answer is the same with any number
 };
 
 enum class AnalysisFailure {
@@ -53,7 +57,7 @@ struct AnalysisAnswer {
     std::vector<AnalysisRemark> remarks;
 };
 
-// Whether to go on, told now and then how many of how many windows are done.
+// Whether to go on, told now and then how many of how many windows are done; on the thread of who asks.
 using AnalysisProgress = std::function<bool(std::size_t done, std::size_t total)>;
 
 // Everything visible casts shadows, save what lies on the windows' layers; a drawing's lengths are taken by its unit.

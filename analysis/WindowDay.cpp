@@ -22,42 +22,29 @@ bool IsWidthLimited(const Standard& standard) {
     return standard.fullWindow != 0 && standard.limitWidth != 0;
 }
 
-// The hours whose sun is valid for a window by the standard's rule.
-HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window) {
-    if (day.standard.validSunType == ORVO_SUN_SHANGHAI) {
-        const QcGePoint hours = GetShanghaiValidTime(FacingOf(window, day.north) * kRadiansPerDegree);
-        // The rule is one of every day, and a span of the clock may hold hours of the day before or after.
-        HourSpans valid;
-        for (const double turn : {-kDay, 0.0, kDay})
-            valid = Union(valid, Intersection(SunPeriod{hours.x + turn, hours.y + turn}, day.span));
-        return valid;
-    }
-    const int least = day.standard.minValidAngle;
-    if (least <= 0)
-        return day.span;
-    if (least >= 90)
-        return {};
-    // The sun's direction in plan is at least this angle off the wall, on both ends of it.
-    const double sine = std::sin(least * kRadiansPerDegree);
-    const double cosine = std::cos(least * kRadiansPerDegree);
-    const Vector3 outward = window.Outward() * cosine;
-    return Intersection(day.path.HoursBefore(outward - window.right * sine, 0.0, day.span),
-                        day.path.HoursBefore(outward + window.right * sine, 0.0, day.span));
+// Whether it is wider than a standard that limits widths takes.
+bool IsJudgedByPart(const Standard& standard, const DrawnWindow& window) {
+    return IsWidthLimited(standard) && standard.maxWidth > 0.0 && window.width > standard.maxWidth + kLengthTolerance;
 }
 
 struct LitHours {
-    HourSpans before;  // the sun is up and before the window
+    HourSpans before;  // HoursBefore
     HourSpans lit;
     HourSpans sunlit;  // lit and valid
 };
 
-LitHours FindLitHours(const DayOfAnalysis& day, const DrawnWindow& window, const SunTarget& target,
-                      const HourSpans& valid, const EntityFilter& counts) {
+// The hours with the sun up and before the window.
+HourSpans HoursBefore(const DayOfAnalysis& day, const DrawnWindow& window) {
+    return Intersection(day.up, day.path.HoursBefore(window.Outward(), kInPlane, day.span));
+}
+
+LitHours FindLitHours(const DayOfAnalysis& day, const WindowQuestion& question, const SunTarget& target,
+                      const EntityFilter& counts) {
     LitHours hours;
-    hours.before = Intersection(day.up, day.path.HoursBefore(window.Outward(), kInPlane, day.span));
+    hours.before = HoursBefore(day, question.window);
     hours.lit = Difference(hours.before, day.caster.HiddenHours(target, hours.before, counts));
     hours.lit.DropShorterThan(kShortestHours);
-    hours.sunlit = Intersection(hours.lit, valid);
+    hours.sunlit = Intersection(hours.lit, question.valid);
     hours.sunlit.DropShorterThan(kShortestHours);
     return hours;
 }
@@ -73,13 +60,12 @@ std::vector<double> PartStarts(double width, double part) {
 }
 
 // The left end of the part with the most judged sun, of equals the leftmost one.
-double BestPart(const DayOfAnalysis& day, const DrawnWindow& window, double width, const HourSpans& valid,
-                const EntityFilter& counts) {
+double BestPart(const DayOfAnalysis& day, const WindowQuestion& question, double width, const EntityFilter& counts) {
     double best = 0.0;
     double most = -1.0;
-    for (const double from : PartStarts(window.width, width)) {
-        const SunTarget target = TargetOf(day, window, from, width);
-        const HourSpans sunlit = FindLitHours(day, window, target, valid, counts).sunlit;
+    for (const double from : PartStarts(question.window.width, width)) {
+        const SunTarget target = TargetOf(day, question.window, from, width);
+        const HourSpans sunlit = FindLitHours(day, question, target, counts).sunlit;
         const double judged = CountSun(sunlit, day.span, day.standard).judged;
         if (judged > most + kMinuteTolerance) {
             most = judged;
@@ -126,7 +112,7 @@ void AddDropped(std::vector<DroppedPeriod>& dropped, HourSpans periods, DropReas
         dropped.push_back({period, reason});
 }
 
-void AddCount(const DayOfAnalysis& day, const HourSpans& sunlit, WindowResult& result) {
+void AddCount(const DayOfAnalysis& day, const HourSpans& sunlit, WindowHours& result) {
     SunCount count = CountSun(sunlit, day.span, day.standard);
     result.stepped = std::move(count.stepped);
     result.counted = std::move(count.counted);
@@ -139,6 +125,28 @@ void AddCount(const DayOfAnalysis& day, const HourSpans& sunlit, WindowResult& r
 }
 
 }  // namespace
+
+HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window) {
+    if (day.standard.validSunType == ORVO_SUN_SHANGHAI) {
+        const QcGePoint hours = GetShanghaiValidTime(FacingOf(window, day.north) * kRadiansPerDegree);
+        // The rule is one of every day, and a span of the clock may hold hours of the day before or after.
+        HourSpans valid;
+        for (const double turn : {-kDay, 0.0, kDay})
+            valid = Union(valid, Intersection(SunPeriod{hours.x + turn, hours.y + turn}, day.span));
+        return valid;
+    }
+    const int least = day.standard.minValidAngle;
+    if (least <= 0)
+        return day.span;
+    if (least >= 90)
+        return {};
+    // The sun's direction in plan is at least this angle off the wall, on both ends of it.
+    const double sine = std::sin(least * kRadiansPerDegree);
+    const double cosine = std::cos(least * kRadiansPerDegree);
+    const Vector3 outward = window.Outward() * cosine;
+    return Intersection(day.path.HoursBefore(outward - window.right * sine, 0.0, day.span),
+                        day.path.HoursBefore(outward + window.right * sine, 0.0, day.span));
+}
 
 bool IsTooNarrow(const Standard& standard, const DrawnWindow& window) {
     return IsWidthLimited(standard) && window.width < standard.minWidth - kLengthTolerance;
@@ -167,28 +175,47 @@ SunTarget TargetOf(const DayOfAnalysis& day, const DrawnWindow& window, double f
     return target;
 }
 
-void AnalyseDay(const DayOfAnalysis& day, const DrawnWindow& window, const EntityFilter& counts, WindowResult& result) {
-    const HourSpans valid = ValidHours(day, window);
+void AnalyseDay(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& counts,
+                WindowHours& hours) {
     const Standard& standard = day.standard;
     double from = 0.0;
-    double width = window.width;
-    if (IsWidthLimited(standard) && standard.maxWidth > 0.0 && window.width > standard.maxWidth + kLengthTolerance) {
+    double width = question.window.width;
+    if (IsJudgedByPart(standard, question.window)) {
         width = standard.maxWidth;
-        from = BestPart(day, window, width, valid, counts);
-        result.part = WindowPart{from / kMillimetresPerMetre, width / kMillimetresPerMetre};
+        from = BestPart(day, question, width, counts);
+        hours.part = WindowPart{from / kMillimetresPerMetre, width / kMillimetresPerMetre};
     }
-    const SunTarget target = TargetOf(day, window, from, width);
+    const SunTarget target = TargetOf(day, question.window, from, width);
     if (IsCut(day, target, counts))
-        result.notes.push_back(WindowNote::Cut);
-    const LitHours hours = FindLitHours(day, window, target, valid, counts);
-    result.sunlit = hours.sunlit.All();
-    AddDropped(result.dropped, Difference(hours.lit, valid),
+        hours.notes.push_back(WindowNote::Cut);
+    const LitHours found = FindLitHours(day, question, target, counts);
+    hours.sunlit = found.sunlit.All();
+    AddDropped(hours.dropped, Difference(found.lit, question.valid),
                standard.validSunType == ORVO_SUN_SHANGHAI ? DropReason::Facing : DropReason::Angle);
-    HourSpans hidden = Difference(Intersection(hours.before, valid), hours.sunlit);
+    HourSpans hidden = Difference(Intersection(found.before, question.valid), found.sunlit);
     hidden.DropShorterThan(kShortestHours);
-    result.hidden = TellCulprits(day, target, hidden, counts);
-    AddCount(day, hours.sunlit, result);
+    hours.hidden = TellCulprits(day, target, hidden, counts);
+    AddCount(day, found.sunlit, hours);
     if (day.need)
-        result.passes = result.judged >= *day.need * 60.0 - kMinuteTolerance;
-    result.color = ColorOf(standard, result.judged);
+        hours.passes = hours.judged >= *day.need * 60.0 - kMinuteTolerance;
+    hours.color = ColorOf(standard, hours.judged);
+}
+
+bool MayMatter(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& entities) {
+    // Which part is judged hangs on all of them.
+    if (IsJudgedByPart(day.standard, question.window))
+        return true;
+    const SunTarget target = TargetOf(day, question.window, 0.0, question.window.width);
+    return !day.caster.HiddenHours(target, HoursBefore(day, question.window), entities).IsEmpty() ||
+           IsCut(day, target, entities);
+}
+
+std::vector<HiddenPeriod> TellLost(const DayOfAnalysis& day, const DrawnWindow& window, const WindowHours& before,
+                                   const EntityFilter& entities) {
+    const double from = before.part ? before.part->from * kMillimetresPerMetre : 0.0;
+    const double width = before.part ? before.part->width * kMillimetresPerMetre : window.width;
+    const SunTarget target = TargetOf(day, window, from, width);
+    HourSpans hidden = day.caster.HiddenHours(target, HourSpans::Of(before.sunlit), entities);
+    hidden.DropShorterThan(kShortestHours);
+    return TellCulprits(day, target, hidden, entities);
 }

@@ -34,5 +34,22 @@ double FacingOf(const DrawnWindow& window, double north);
 // Whether a window is narrower than a standard that limits widths allows.
 bool IsTooNarrow(const Standard& standard, const DrawnWindow& window);
 
-// Everything about the hours of a window; `counts` says which entities are asked.
-void AnalyseDay(const DayOfAnalysis& day, const DrawnWindow& window, const EntityFilter& counts, WindowResult& result);
+// The hours whose sun is valid for a window by the standard's rule. To be called on the module's thread.
+HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window);
+
+// What is asked about one window; like the days, only read, so that several threads may ask at once.
+struct WindowQuestion {
+    const DrawnWindow& window;
+    const HourSpans& valid;  // ValidHours
+};
+
+// Everything about the hours of a window, behind the notes that `hours` has; `counts` says which entities are asked.
+void AnalyseDay(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& counts,
+                WindowHours& hours);
+
+// Whether the hours of a window are others with these entities than without them. It may say so where they are not.
+bool MayMatter(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& entities);
+
+// What these entities hide of the sunlit hours of `before`, which was found without them, and which of them.
+std::vector<HiddenPeriod> TellLost(const DayOfAnalysis& day, const DrawnWindow& window, const WindowHours& before,
+                                   const EntityFilter& entities);

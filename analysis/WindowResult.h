@@ -43,20 +43,9 @@ struct WindowPart {
     double width = 0.0;  // metres
 };
 
-// One window. Lengths are metres and points are in the drawing's axes, all of the window as it is drawn.
-struct WindowResult {
-    std::uint64_t handle = 0;  // 0 where the drawing gives none
-    CString name;              // as the drawing says it; where it does not, the handle in capital hexadecimal digits
-    CString building;          // empty for none, like the flat
-    CString flat;              // where a plan was repeated, with the storey before it
-    std::optional<int> floor;  // 1 for the lowest sill of its building, and so on
-    std::optional<double> facing;  // of the outward normal: degrees from true east, counter-clockwise, [0, 360)
-    double width = 0.0;
-    double height = 0.0;
-    double sill = 0.0;                 // z of the lower edge
-    std::array<QcGePoint, 4> corners;  // from the lower left one seen from outside, counter-clockwise
-
-    // All lists are in order of time. Where a part was judged they are the part's.
+// What depends on what stands around a window. All lists are in order of time; where a part was judged they are the
+// part's.
+struct WindowHours {
     std::vector<SunPeriod> sunlit;       // exact: lit, and valid by the rule of the sun
     std::vector<SunPeriod> stepped;      // the same by the standard's step
     std::vector<SunPeriod> counted;      // those of `stepped` that the standard counts
@@ -69,4 +58,23 @@ struct WindowResult {
     int color = 0;                       // of the judged hours, by the standard's table
     std::optional<WindowPart> part;
     std::vector<WindowNote> notes;  // each at most once, in the order of the enumeration
+};
+
+// One window, with the hours that it has as everything is drawn. Lengths are metres and points are in the drawing's
+// axes, all of the window as it is drawn.
+struct WindowResult : WindowHours {
+    std::uint64_t handle = 0;  // 0 where the drawing gives none
+    CString name;              // as the drawing says it; where it does not, the handle in capital hexadecimal digits
+    CString building;          // empty for none, like the flat
+    CString flat;              // where a plan was repeated, with the storey before it
+    std::optional<int> floor;  // 1 for the lowest sill of its building, and so on
+    std::optional<double> facing;  // of the outward normal: degrees from true east, counter-clockwise, [0, 360)
+    double width = 0.0;
+    double height = 0.0;
+    double sill = 0.0;                 // z of the lower edge
+    std::array<QcGePoint, 4> corners;  // from the lower left one seen from outside, counter-clockwise
+
+    // Only where a project was asked for (AnalysisRequest::proposedLayers):
+    std::optional<WindowHours> before;  // without the project; none for a window that would not be there without it
+    std::vector<HiddenPeriod> lost;     // of before->sunlit: what the project hides, by which of its entities
 };

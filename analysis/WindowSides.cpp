@@ -60,6 +60,8 @@ private:
     bool CountsBefore(const Foot& foot, const Vector3& outward) const;
     Side AmongLoose(const DrawnWindow& window);
     Side ByFacing(const DrawnWindow& window) const;
+    bool IsProposed(const DrawnWindow& window) const;
+    bool IsInsideBefore(const Vector3& place) const;
     HalfPlaneCount::Sides CountJoined(const DrawnWindow& window, const Vector3& middle);
     const HalfPlaneCount& Joined(std::int32_t number);
     bool IsOn(const Foot& foot) const { return std::fabs(foot.distance) <= m_on; }
@@ -68,6 +70,7 @@ private:
     SideRules m_rules;
     double m_on;  // how far a window on a face may be from it
     BodyInside m_bodies;
+    std::vector<bool> m_isBodyProposed;
     BoxTree m_faces;
     HalfPlaneCount m_loose;
     std::vector<std::vector<Vector3>> m_joinedMiddles;  // by the number of the joined set
@@ -79,14 +82,18 @@ SideFinder::SideFinder(const OccluderSet& occluders, const SideRules& rules)
       m_rules(rules),
       m_on(std::max(kWindowTolerance, rules.precision)),
       m_bodies(occluders),
+      m_isBodyProposed(static_cast<std::size_t>(occluders.bodyCount), false),
       m_joinedMiddles(static_cast<std::size_t>(occluders.joinedCount)) {
     std::vector<Box> boxes;
     std::vector<Vector3> loose;
     boxes.reserve(occluders.faces.size());
     for (const Occluder& face : occluders.faces) {
         boxes.push_back(BoxAround(face));
-        if (face.body >= 0)
+        if (face.body >= 0) {
+            if (occluders.IsProposed(face.entity))
+                m_isBodyProposed[static_cast<std::size_t>(face.body)] = true;
             continue;
+        }
         loose.push_back(face.Middle());
         if (face.joined >= 0)
             m_joinedMiddles[static_cast<std::size_t>(face.joined)].push_back(face.Middle());
@@ -285,6 +292,28 @@ Side SideFinder::ByFacing(const DrawnWindow& window) const {
     return std::fabs(cosine) > kLeastCosine ? SideOf(cosine > 0.0) : Side::Unknown;
 }
 
+bool SideFinder::IsProposed(const DrawnWindow& window) const {
+    if (m_set.proposed.empty())
+        return false;
+    const Vector3 outward = window.Outward();
+    const std::vector<Foot> feet = FeetOf(window, [&](const Foot& foot) {
+        if (std::fabs(foot.distance) > std::max(m_rules.thickness, m_on))
+            return false;
+        if (!window.hasSide)
+            return true;
+        const Vector3 behind = foot.place + outward * (foot.distance - kBesideFace);
+        return foot.distance <= m_on && (foot.face->body < 0 || m_bodies.IsInside(behind, foot.face->body));
+    });
+    return std::any_of(feet.begin(), feet.end(), [&](const Foot& foot) { return m_set.IsProposed(foot.face->entity); });
+}
+
+// A body with a face of the project is open without it.
+bool SideFinder::IsInsideBefore(const Vector3& place) const {
+    const std::vector<std::int32_t> bodies = m_bodies.Around(place);
+    return std::any_of(bodies.begin(), bodies.end(),
+                       [&](std::int32_t body) { return !m_isBodyProposed[static_cast<std::size_t>(body)]; });
+}
+
 void SideFinder::Tell(DrawnWindow& window) {
     Side side = ByFaces(window);
     if (side == Side::Unknown || side == Side::Untellable)
@@ -298,6 +327,9 @@ void SideFinder::Tell(DrawnWindow& window) {
     const Vector3 before = window.Outward() * std::max(m_rules.offset, 2.0 * m_on);
     window.isInside =
         m_bodies.IsInside(window.Middle() + before) && (window.hasSide || m_bodies.IsInside(window.Middle() - before));
+    window.isInsideBefore = window.isInside && IsInsideBefore(window.Middle() + before) &&
+                            (window.hasSide || IsInsideBefore(window.Middle() - before));
+    window.isProposed = IsProposed(window);
 }
 
 }  // namespace

@@ -9,7 +9,8 @@
 
 struct OccluderSet;
 
-// Tells for each window which side is outside, where that can be told, and whether it lies in a body. Millimetres.
+// Tells for each window which side is outside, where that can be told, whether it lies in a body, and what it has to do
+// with the project. Millimetres.
 struct SideRules {
     double thickness = 200.0;  // g_nWinThickness
     double precision = 0.05;   // g_nSunDistPrec
@@ -29,5 +30,7 @@ struct SideRules {
 // * The facing that was asked for: the side nearer to it, if one is.
 //
 // A face counts when it is parallel to the window within 10 degrees and lies across from the window's middle; where
-// none does, across from one of the window's corners, drawn a little inwards.
+// none does, across from one of the window's corners, drawn a little inwards. In the same way a window is one of the
+// project when it lies on a face of it, or at most `thickness` before one: of a closed body only on its outside, so
+// that a window that the project is built against is none. A window without a side may be on either one.
 void TellSides(std::vector<DrawnWindow>& windows, const OccluderSet& occluders, const SideRules& rules);

@@ -293,9 +293,18 @@ TEST(HostileAnalysis, ProgressGoesForwardsAndMayEndTheAnalysis) {
             return true;
         });
     EXPECT_EQ(whole.windows.size(), 40U);
+    AnalysisRequest request = RequestFor(31.2, -23.44);
+    for (const unsigned threads : {1U, 2U, 3U, 7U}) {
+        request.threads = threads;
+        const AnalysisAnswer ended =
+            AnalyseWindows(drawing.database, request, [](std::size_t, std::size_t) { return false; });
+        EXPECT_EQ(ended.failure, AnalysisFailure::Cancelled);
+        EXPECT_TRUE(ended.windows.empty());
+    }
+    request.threads = 1;
     int asked = 0;
-    const AnalysisAnswer ended = AnalyseWindows(drawing.database, RequestFor(31.2, -23.44),
-                                                [&](std::size_t, std::size_t) { return ++asked < 2; });
+    const AnalysisAnswer ended =
+        AnalyseWindows(drawing.database, request, [&](std::size_t, std::size_t) { return ++asked < 2; });
     EXPECT_EQ(asked, 2) << "not asked again";
     EXPECT_EQ(ended.failure, AnalysisFailure::Cancelled);
     EXPECT_TRUE(ended.windows.empty());

@@ -90,12 +90,25 @@ SlowPoint JudgedScene::Stand(double x, double y, double z) const {
 }
 
 std::uint64_t JudgedScene::Add(Entity entity, std::string_view layer) {
-    std::ostringstream head;
-    head << "5\n" << std::hex << std::uppercase << m_next << "\n8\n" << layer << '\n' << m_extra << entity.groups;
-    entity.groups = head.str();
+    entity.handle = m_next;
+    entity.layer = layer;
+    entity.groups = m_extra + entity.groups;
     m_extra.clear();
     m_entities.push_back(std::move(entity));
     return m_next++;
+}
+
+void JudgedScene::MoveToLayer(std::uint64_t handle, std::string_view layer) {
+    for (Entity& entity : m_entities)
+        if (entity.handle == handle)
+            entity.layer = layer;
+}
+
+JudgedScene JudgedScene::Without(const std::set<std::uint64_t>& handles) const {
+    JudgedScene rest = *this;
+    std::erase_if(rest.m_entities, [&](const Entity& entity) { return handles.contains(entity.handle); });
+    std::erase_if(rest.m_faces, [&](const SlowFace& face) { return handles.contains(face.handle); });
+    return rest;
 }
 
 std::uint64_t JudgedScene::Prism(const std::vector<SlowPoint>& outline, double z0, double z1) {
@@ -176,11 +189,13 @@ SlowTarget JudgedScene::SillOf(std::uint64_t window) const {
 }
 
 void JudgedScene::Write(std::ostream& out, const Entity& entity, const Placement& placement) const {
+    std::ostringstream head;
+    head << "5\n" << std::hex << std::uppercase << entity.handle << "\n8\n" << entity.layer << '\n' << entity.groups;
     if (entity.isWindow && placement.windowsAsOutlines != 0) {
-        WriteOutline(out, entity.groups, entity.points, placement);
+        WriteOutline(out, head.str(), entity.points, placement);
         return;
     }
-    out << "0\n" << entity.kind << '\n' << entity.groups;
+    out << "0\n" << entity.kind << '\n' << head.str();
     if (entity.kind == "LWPOLYLINE") {
         WriteGroup(out, 90, static_cast<double>(entity.points.size()));
         WriteGroup(out, 38, entity.points[0].z / placement.millimetres);

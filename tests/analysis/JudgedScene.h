@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,6 +50,10 @@ public:
     // Groups of a record in the table of layers, such as "2\nNAME\n70\n1\n62\n7\n".
     void AddLayer(std::string_view groups) { m_layers += "0\nLAYER\n" + std::string(groups); }
 
+    // Puts an entity on another layer; gives the scene without some entities, the others with their handles.
+    void MoveToLayer(std::uint64_t handle, std::string_view layer);
+    JudgedScene Without(const std::set<std::uint64_t>& handles) const;
+
     const std::vector<SlowFace>& Faces() const { return m_faces; }
     // What is analysed of the window of this handle: of all of it, of a part, or the point of its sill.
     SlowTarget TargetOf(std::uint64_t window) const;
@@ -59,6 +64,8 @@ public:
 
 private:
     struct Entity {
+        std::uint64_t handle = 0;
+        std::string layer;
         bool isWindow = false;
         std::string kind;
         std::string groups;

@@ -209,3 +209,22 @@ RandomScene MakeRandomScene(unsigned seed) {
     made.about = Describe(made);
     return made;
 }
+
+// What comes before the first window is the house that it is in.
+std::set<std::uint64_t> ProposeSome(RandomScene& made, unsigned seed) {
+    Dice dice(seed);
+    const double share = dice.OneOf({0.15, 0.5, 0.85});
+    std::set<std::uint64_t> others;
+    for (const SlowFace& face : made.scene.Faces())
+        if (face.handle > made.windows.front())
+            others.insert(face.handle);
+    std::set<std::uint64_t> proposed;
+    for (const std::uint64_t handle : others) {
+        if (!dice.Chance(share))
+            continue;
+        made.scene.MoveToLayer(handle, "PROJECT");
+        proposed.insert(handle);
+    }
+    made.request.proposedLayers = {L" project"};
+    return proposed;
+}

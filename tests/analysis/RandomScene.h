@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,3 +19,6 @@ struct RandomScene {
 };
 
 RandomScene MakeRandomScene(unsigned seed);
+
+// Makes some of what stands around the windows a project, and asks for it. Gives the handles.
+std::set<std::uint64_t> ProposeSome(RandomScene& made, unsigned seed);

@@ -13,8 +13,10 @@
 #include <iostream>
 #include <set>
 
+#include "AnswerText.h"
 #include "Claim.h"
 #include "RandomScene.h"
+#include "analysis/HourSpans.h"
 #include "settings/OrvoStdSet.h"
 #include "support/SlowTier.h"
 
@@ -28,6 +30,8 @@ public:
     Judge(const RandomScene& made, const WindowResult& window);
     void CompareAll();
     bool HasLooked() const { return m_looked != 0 || m_inPlane != 0; }
+    // Only who hides the sun.
+    void CompareCulprits();
 
 private:
     bool IsValid(double hours) const;
@@ -36,7 +40,6 @@ private:
     void ExpectAgreement(double hours);
     double FindChange(double before, double after) const;
     void CompareAround(double change);
-    void CompareCulprits();
 
     const Standard& m_standard;
     const WindowResult& m_window;
@@ -243,7 +246,104 @@ int FailureCount() {
     return count;
 }
 
+WindowResult WithHours(const WindowResult& window, const WindowHours& hours) {
+    WindowResult other = window;
+    static_cast<WindowHours&>(other) = hours;
+    return other;
+}
+
+// The window's hours before against rays in the scene without the project, what is lost against its sunlit hours then
+// and now, and who takes it against rays among the project alone.
+void CompareProject(unsigned seed, std::size_t& changed) {
+    RandomScene made = MakeRandomScene(seed);
+    const std::set<std::uint64_t> proposed = ProposeSome(made, seed);
+    SCOPED_TRACE("scene " + std::to_string(seed) + ": " + made.about);
+    const AnalysisAnswer answer = Answer(made.scene, made.request, made.placement);
+    std::set<std::uint64_t> others;
+    for (const SlowFace& face : made.scene.Faces())
+        if (!proposed.contains(face.handle))
+            others.insert(face.handle);
+    RandomScene standing = made;
+    standing.scene = made.scene.Without(proposed);
+    RandomScene project = made;
+    project.scene = made.scene.Without(others);
+    for (const std::uint64_t handle : made.windows) {
+        const WindowResult window = WindowOf(answer, handle);
+        Judge(made, window).CompareAll();
+        ASSERT_TRUE(window.before.has_value());
+        Judge(standing, WithHours(window, *window.before)).CompareAll();
+        changed += window.lost.empty() ? 0 : 1;
+        WindowResult taken = window;
+        taken.hidden = window.lost;
+        Judge(project, taken).CompareCulprits();
+        if (window.part)
+            continue;
+        std::vector<SunPeriod> lost;
+        for (const HiddenPeriod& each : window.lost)
+            lost.push_back(each.period);
+        ExpectPeriods(Difference(HourSpans::Of(window.before->sunlit), HourSpans::Of(window.sunlit)).All(), lost);
+    }
+}
+
 }  // namespace
+
+TEST(RandomScenes, AgreeWithRaysWithAProjectAndWithoutIt) {
+    const unsigned count = IsSlowTier() ? 300 : 30;
+    std::size_t changed = 0;
+    for (unsigned seed = 1; seed <= count && !HasFatalFailure(); ++seed)
+        CompareProject(seed, changed);
+    EXPECT_GT(changed, count / 4);
+}
+
+// A drawing without the project's entities has the windows' hours before, and one in which nothing is asked for has
+// those now.
+TEST(RandomScenes, HaveBeforeWhatADrawingWithoutTheProjectHas) {
+    for (unsigned seed = 1; seed <= 100; ++seed) {
+        RandomScene made = MakeRandomScene(seed);
+        const std::set<std::uint64_t> proposed = ProposeSome(made, seed);
+        SCOPED_TRACE("scene " + std::to_string(seed) + ": " + made.about);
+        made.request.need = 2.0;
+        const AnalysisAnswer answer = Answer(made.scene, made.request, made.placement);
+        made.request.proposedLayers.clear();
+        const AnalysisAnswer now = Answer(made.scene, made.request, made.placement);
+        const AnalysisAnswer before = Answer(made.scene.Without(proposed), made.request, made.placement);
+        for (const std::uint64_t handle : made.windows) {
+            const WindowResult window = WindowOf(answer, handle);
+            ASSERT_TRUE(window.before.has_value());
+            EXPECT_EQ(TextOf(static_cast<const WindowHours&>(window)),
+                      TextOf(static_cast<const WindowHours&>(WindowOf(now, handle))));
+            const WindowResult other = WindowOf(before, handle);
+            ASSERT_EQ(window.facing, other.facing);
+            ExpectPeriods(window.before->sunlit, other.sunlit);
+            ExpectPeriods(window.before->counted, other.counted);
+            EXPECT_NEAR(window.before->judged, other.judged, 1e-6);
+            EXPECT_EQ(window.before->passes, other.passes);
+            EXPECT_EQ(window.before->color, other.color);
+            EXPECT_EQ(window.before->notes, other.notes);
+            ASSERT_EQ(window.before->dropped.size(), other.dropped.size());
+            ASSERT_EQ(window.before->hidden.size(), other.hidden.size());
+            for (std::size_t i = 0; i < other.hidden.size(); ++i)
+                EXPECT_EQ(window.before->hidden[i].by, other.hidden[i].by);
+        }
+    }
+}
+
+TEST(RandomScenes, HaveTheSameAnswerWithAnyNumberOfThreads) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        RandomScene made = MakeRandomScene(seed);
+        SCOPED_TRACE("scene " + std::to_string(seed) + ": " + made.about);
+        if (seed % 2 == 0)
+            ProposeSome(made, seed);
+        made.request.isScoped = seed % 3 == 0;
+        made.request.need = 1.0;
+        made.request.threads = 1;
+        const std::string expected = TextOf(Answer(made.scene, made.request, made.placement));
+        for (const unsigned threads : {2U, 3U, 7U, 0U}) {
+            made.request.threads = threads;
+            EXPECT_EQ(TextOf(Answer(made.scene, made.request, made.placement)), expected) << threads;
+        }
+    }
+}
 
 TEST(RandomScenes, AgreeWithRaysAtEachMoment) {
     const unsigned first = NumberFrom("ORVO_SCENE_SEED", 1);

@@ -54,6 +54,10 @@ CString BadAltitudeText(const CString& value) {
     return SayFormat(L"--least-altitude 的值“%s”不对：请写太阳高度角的度数，大于 0、小于 90，例如 5", Printable(value));
 }
 
+CString BadThreadsText(const CString& value) {
+    return SayFormat(L"--threads 的值“%s”不对：请写同时计算的线程数，1 到 256", Printable(value));
+}
+
 // Gives an ExitCode, like the following ones. Whole turns are taken away.
 int ReadDirection(const wchar_t* option, const std::optional<CString>& text, std::optional<double>& degrees) {
     constexpr double kTurn = 360.0;
@@ -89,6 +93,25 @@ int ReadLimits(const AnalyseOptions& options, AnalysisRequest& request) {
     return kExitOk;
 }
 
+int ReadProposed(const AnalyseOptions& options, AnalysisRequest& request) {
+    for (const CString& layer : options.proposed)
+        if (CString(layer).Trim().IsEmpty())
+            return Refuse(kExitUsage, Say(L"--proposed 的值是空的：请写方案所在图层的名字，例如 --proposed PROJECT"));
+    request.proposedLayers = options.proposed;
+    return kExitOk;
+}
+
+int ReadThreads(const AnalyseOptions& options, AnalysisRequest& request) {
+    constexpr int kMostThreads = 256;
+    if (!options.threads)
+        return kExitOk;
+    const std::optional<int> threads = ParseWhole(*options.threads, 1, kMostThreads);
+    if (!threads)
+        return Refuse(kExitUsage, BadThreadsText(*options.threads));
+    request.threads = static_cast<unsigned>(*threads);
+    return kExitOk;
+}
+
 int ReadOptions(const AnalyseOptions& options, AnalysisRequest& request) {
     if (!options.file || options.file->IsEmpty())
         return Refuse(kExitUsage, Say(L"没有给出图形文件：请写一个 DXF 文件，例如 orvo analyse courtyard.dxf"));
@@ -104,6 +127,10 @@ int ReadOptions(const AnalyseOptions& options, AnalysisRequest& request) {
         code = ReadDirections(options, request);
     if (!code)
         code = ReadLimits(options, request);
+    if (!code)
+        code = ReadProposed(options, request);
+    if (!code)
+        code = ReadThreads(options, request);
     return code ? code : ReadAskedPlan(options.plan, request.plan);
 }
 
@@ -176,6 +203,8 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     FindStandardOf(report);
     if (!options.isJson && !options.isCsv)
         report.shading = ShadingEntitiesOf(drawing, report.answer);
+    if (!options.isJson && !options.isCsv && IsCompared(report))
+        report.taking = ShadingEntitiesOf(drawing, report.answer, &WindowResult::lost);
     HeldOutput held(output);
     if (!Print(report, options, held, progress))
         return Refuse(kExitFailed, Say(L"已取消，没有分析"));
@@ -199,6 +228,9 @@ Subcommand AnalyseSubcommand() {
              ValueOption(L"--sill", L"METRES", L"平面图里标高为 0 的窗的窗台标高"),
              ValueOption(L"--window-height", L"METRES", L"平面图里没有厚度的窗的窗高，大于 0"),
              ValueOption(L"--storeys", L"N=METRES", L"把平面图里的窗重复成 N 层，层高为 METRES"),
+             ValuesOption(L"--proposed", SubcommandOption::kMany, L"LAYER",
+                          L"方案所在的图层，可以给出多次；给出时每个窗都有方案前后的比较"),
+             ValueOption(L"--threads", L"N", L"同时计算的线程数，1 到 256；不给出时为全部核心"),
              FlagOption(L"--scope", L"按范围、高度的参数略去太远的遮挡"),
              ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
              ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
@@ -216,6 +248,8 @@ Subcommand AnalyseSubcommand() {
                      call.GetValue(L"--facing"),
                      call.GetValue(L"--need"),
                      call.GetValue(L"--least-altitude"),
+                     call.GetValues(L"--proposed"),
+                     call.GetValue(L"--threads"),
                      call.HasFlag(L"--scope"),
                      call.GetValue(L"--place"),
                      call.GetValue(L"--date"),

@@ -20,6 +20,8 @@ struct AnalyseOptions {
     std::optional<CString> facing;         // degrees, any turn
     std::optional<CString> need;           // hours, above 0 and up to 24
     std::optional<CString> leastAltitude;  // degrees, above 0 and below 90
+    std::vector<CString> proposed;         // names of layers
+    std::optional<CString> threads;        // from 1 to 256
     bool isScoped = false;
     std::optional<CString> place;  // as in orvo info
     std::optional<CString> date;

@@ -16,7 +16,8 @@ namespace {
 
 constexpr const char* kHeadings =
     "verdict,name,building,flat,handle,floor,facing,width,height,sill,judged,total,longest,counted,countedBeijing,"
-    "sunlit,sunlitBeijing,dropped,droppedBeijing,hidden,hiddenBeijing,partFrom,partWidth,color,notes\r\n";
+    "sunlit,sunlitBeijing,dropped,droppedBeijing,hidden,hiddenBeijing,partFrom,partWidth,color,notes";
+constexpr const char* kComparedHeadings = ",before,lost,from,to,by";
 
 // What spreadsheets begin a formula with. They pass over what stands before it and shows nothing.
 bool IsFormula(const CString& text) {
@@ -143,9 +144,22 @@ CString NotesCell(const WindowResult& window) {
     return text;
 }
 
-std::string LineOf(const WindowResult& window, double beijingOffset) {
+CString VerdictCell(const std::optional<bool>& passes) {
+    return passes ? FromUtf8(VerdictKey(*passes)) : CString();
+}
+
+void AddChange(CsvLine& line, const WindowResult& window) {
+    const std::optional<WindowHours>& before = window.before;
+    line.AddNumber(before ? std::optional(before->judged) : std::nullopt);
+    line.AddNumber(before ? std::optional(LostMinutes(window)) : std::nullopt);
+    line.AddText(before ? VerdictCell(before->passes) : CString());
+    line.AddText(before ? VerdictCell(window.passes) : CString());
+    line.AddText(HiddenCell(window.lost, 0.0));
+}
+
+std::string LineOf(const WindowResult& window, double beijingOffset, bool isCompared) {
     CsvLine line;
-    line.AddText(window.passes ? FromUtf8(VerdictKey(*window.passes)) : CString());
+    line.AddText(VerdictCell(window.passes));
     line.AddText(window.name);
     line.AddText(window.building);
     line.AddText(window.flat);
@@ -166,6 +180,8 @@ std::string LineOf(const WindowResult& window, double beijingOffset) {
     line.AddNumber(window.part ? std::optional(window.part->width) : std::nullopt);
     line.AddNumber(window.color);
     line.AddText(NotesCell(window));
+    if (isCompared)
+        AddChange(line, window);
     return line.End();
 }
 
@@ -173,11 +189,12 @@ std::string LineOf(const WindowResult& window, double beijingOffset) {
 
 bool PrintAnalysisAsCsv(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
     const AnalysisAnswer& answer = report.answer;
-    output.Write(kHeadings);
+    const bool isCompared = IsCompared(report);
+    output.Write(std::string(kHeadings) + (isCompared ? kComparedHeadings : "") + "\r\n");
     for (std::size_t i = 0; i < answer.windows.size(); ++i) {
         if (!goOn(i, answer.windows.size()))
             return false;
-        output.Write(LineOf(answer.windows[i], answer.beijingOffset));
+        output.Write(LineOf(answer.windows[i], answer.beijingOffset, isCompared));
     }
     return true;
 }

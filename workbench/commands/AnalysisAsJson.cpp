@@ -62,14 +62,19 @@ Json CornersAsJson(const WindowResult& window) {
     return list;
 }
 
-Json NotesAsJson(const WindowResult& window) {
+Json NotesAsJson(const WindowHours& hours) {
     Json list = Json::array();
-    for (const WindowNote note : window.notes)
+    for (const WindowNote note : hours.notes)
         list.push_back(NoteKey(note));
     return list;
 }
 
-Json WindowAsJson(const WindowResult& window) {
+Json VerdictAsJson(const WindowHours& hours) {
+    return hours.passes ? Json(VerdictKey(*hours.passes)) : Json(nullptr);
+}
+
+// A window with its own hours, or with those before.
+Json WindowAsJson(const WindowResult& window, const WindowHours& hours) {
     Json document;
     document["handle"] = HandleAsJson(window.handle);
     document["name"] = ToUtf8(window.name.View());
@@ -79,19 +84,34 @@ Json WindowAsJson(const WindowResult& window) {
     document["height"] = window.height;
     document["sill"] = window.sill;
     document["corners"] = CornersAsJson(window);
-    document["sunlit"] = PeriodsAsJson(window.sunlit);
-    document["stepped"] = PeriodsAsJson(window.stepped);
-    document["counted"] = PeriodsAsJson(window.counted);
-    document["dropped"] = DroppedAsJson(window.dropped);
-    document["hidden"] = HiddenAsJson(window.hidden);
-    document["total"] = window.total;
-    document["longest"] = window.longest;
-    document["judged"] = window.judged;
-    document["verdict"] = window.passes ? Json(VerdictKey(*window.passes)) : Json(nullptr);
-    document["color"] = window.color;
-    if (window.part)
-        document["part"] = {{"from", window.part->from}, {"width", window.part->width}};
-    document["notes"] = NotesAsJson(window);
+    document["sunlit"] = PeriodsAsJson(hours.sunlit);
+    document["stepped"] = PeriodsAsJson(hours.stepped);
+    document["counted"] = PeriodsAsJson(hours.counted);
+    document["dropped"] = DroppedAsJson(hours.dropped);
+    document["hidden"] = HiddenAsJson(hours.hidden);
+    document["total"] = hours.total;
+    document["longest"] = hours.longest;
+    document["judged"] = hours.judged;
+    document["verdict"] = VerdictAsJson(hours);
+    document["color"] = hours.color;
+    if (hours.part)
+        document["part"] = {{"from", hours.part->from}, {"width", hours.part->width}};
+    document["notes"] = NotesAsJson(hours);
+    return document;
+}
+
+Json ChangeAsJson(const WindowResult& window) {
+    return {{"minutes", window.judged - window.before->judged},
+            {"from", VerdictAsJson(*window.before)},
+            {"to", VerdictAsJson(window)}};
+}
+
+Json WindowAsJson(const AnalysisReport& report, const WindowResult& window) {
+    Json document = WindowAsJson(window, window);
+    if (IsCompared(report)) {
+        document["before"] = window.before ? WindowAsJson(window, *window.before) : Json(nullptr);
+        document["change"] = window.before ? ChangeAsJson(window) : Json(nullptr);
+    }
     return document;
 }
 
@@ -107,6 +127,8 @@ Json HeadAsJson(const AnalysisReport& report) {
     document["north"] = request.north;
     for (const LayerHeight& each : request.heights)
         document["heights"].push_back({{"layer", ToUtf8(each.layer.View())}, {"metres", each.metres}});
+    for (const CString& layer : request.proposedLayers)
+        document["proposed"].push_back(ToUtf8(layer.View()));
     document["need"] = OrNull(request.need);
     document["span"] = {{"start", report.answer.span.start}, {"end", report.answer.span.end}};
     document["beijingOffset"] = report.answer.beijingOffset;
@@ -142,7 +164,7 @@ bool PrintAnalysisAsJson(const AnalysisReport& report, Output& output, const Ana
     for (std::size_t i = 0; i < windows.size(); ++i) {
         if (!goOn(i, windows.size()))
             return false;
-        output.Write((i == 0 ? "\n    " : ",\n    ") + Lines(WindowAsJson(windows[i]), 2));
+        output.Write((i == 0 ? "\n    " : ",\n    ") + Lines(WindowAsJson(report, windows[i]), 2));
     }
     output.Write(windows.empty() ? "]" : "\n  ]");
     const LeftOut leftOut = LeftOutOf(report);

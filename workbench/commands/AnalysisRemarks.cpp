@@ -84,6 +84,21 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
             return SayFormat(
                 L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
                 Count(remark), Printable(remark.subject));
+        case Kind::ProposedMissing:
+            return SayFormat(L"图形中没有图层“%s”（--proposed）：请查看图层的名字", Printable(remark.subject));
+        case Kind::ProposedInvisible:
+            return SayFormat(L"方案图层“%s”关闭或冻结，其上的实体没有计入；请先打开图层", Printable(remark.subject));
+        case Kind::ProposedEmpty:
+            return SayFormat(
+                L"方案图层“%s”上没有投影子的面：它不改变日照；请查看 --proposed 的图层，平面轮廓用 "
+                L"--height 给出高度",
+                Printable(remark.subject));
+        case Kind::ProposedIsWindows:
+            return SayFormat(L"图层“%s”是窗的图层，又是方案的图层（--proposed）：窗不投影子；请把方案画在另一个图层",
+                             Printable(remark.subject));
+        case Kind::AllProposed:
+            return SayFormat(L"所有的窗（%s 个）都在方案上：没有方案前后可以比较；请查看 --proposed 的图层",
+                             Count(remark));
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡：%s；请在制图程序里检查它们和它们的块",
                              Count(remark), Printable(remark.subject));

@@ -18,7 +18,23 @@ struct AnalysisReport {
     bool isCurrentStandard = false;
     StandardChanges changes;  // of the standard
     std::vector<ShadingEntity> shading;
+    std::vector<ShadingEntity> taking;  // those of the project that take sun away
 };
+
+// Whether windows were asked for with a project and without it.
+inline bool IsCompared(const AnalysisReport& report) {
+    return !report.request.proposedLayers.empty();
+}
+
+// The judged minutes that the project takes from a window with a before.
+inline double LostMinutes(const WindowResult& window) {
+    return window.before->judged - window.judged;
+}
+
+// Whether a window passed before and does not now.
+inline bool FailsNow(const WindowResult& window) {
+    return window.before && window.before->passes.value_or(false) && !window.passes.value_or(false);
+}
 
 // Whether the sun of this window could be told at all.
 inline bool IsAnalysed(const WindowResult& window) {

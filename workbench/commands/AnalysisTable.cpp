@@ -8,6 +8,7 @@
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AnalysisChanges.h"
 #include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTotals.h"
@@ -49,6 +50,8 @@ void PrintHead(const AnalysisReport& report, Output& output) {
         table.Add({Say(L"正北"), SayFormat(L"从图形的 y 轴起逆时针 %s 度", DoubleToText(request.north))});
     if (!request.heights.empty())
         table.Add({Say(L"图层高度"), HeightsText(request.heights)});
+    if (IsCompared(report))
+        table.Add({Say(L"方案图层"), JoinNames(request.proposedLayers)});
     table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))
                                           : Say(L"没有给出（--need），只列出日照")});
     table.PrintTo(output);
@@ -56,11 +59,11 @@ void PrintHead(const AnalysisReport& report, Output& output) {
     output.Line(L"");
 }
 
-void PrintShading(const std::vector<ShadingEntity>& entities, Output& output) {
+void PrintEntities(const std::vector<ShadingEntity>& entities, const CString& heading, Output& output) {
     if (entities.empty())
         return;
     output.Line(L"");
-    output.Line(Say(L"遮挡日照的实体"));
+    output.Line(heading);
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Right});
     table.Add({Say(L"句柄"), Say(L"类型"), Say(L"图层"), Say(L"受遮挡的窗")});
     for (const ShadingEntity& entity : entities)
@@ -83,7 +86,9 @@ bool PrintAnalysisTable(const AnalysisReport& report, Output& output, const Anal
     if (!PrintWindowRows(report, output, goOn))
         return false;
     PrintTotals(report.answer.windows, output);
-    PrintShading(report.shading, output);
+    PrintChanges(report, output);
+    PrintEntities(report.shading, Say(L"遮挡日照的实体"), output);
+    PrintEntities(report.taking, Say(L"方案中夺去日照的实体"), output);
     output.Line(L"");
     PrintSummary(report.answer.windows, output);
     PrintLeftOut(LeftOutOf(report), output);

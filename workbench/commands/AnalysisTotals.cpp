@@ -17,12 +17,30 @@ namespace {
 
 using Align = TextTable::Align;
 
+void Compare(WindowTotal& total, const WindowResult& window) {
+    ++total.compared;
+    if (window.before->passes.value_or(false))
+        ++total.passedBefore;
+    if (window.passes.value_or(false))
+        ++total.passNow;
+    if (FailsNow(window))
+        ++total.failNow;
+    if (!IsAnalysed(window))
+        return;
+    const bool isFirst = total.comparedAnalysed++ == 0;
+    total.leastBefore = isFirst ? window.before->judged : std::min(total.leastBefore, window.before->judged);
+    total.leastNow = isFirst ? window.judged : std::min(total.leastNow, window.judged);
+    total.mostLost = isFirst ? LostMinutes(window) : std::max(total.mostLost, LostMinutes(window));
+}
+
 void Count(WindowTotal& total, const WindowResult& window) {
     ++total.windows;
     if (window.passes)
         ++total.judgedByNeed;
     if (window.passes.value_or(false))
         ++total.passing;
+    if (window.before)
+        Compare(total, window);
     if (!IsAnalysed(window))
         return;
     total.least = total.analysed == 0 ? window.judged : std::min(total.least, window.judged);
@@ -150,6 +168,8 @@ WindowTotals TotalsOf(const std::vector<WindowResult>& windows) {
         ++building.flats;
         if (flat.passing > 0)
             ++building.passingFlats;
+        if (flat.FailsNow())
+            ++building.flatsFailNow;
     }
     std::stable_sort(totals.storeys.begin(), totals.storeys.end(),
                      [&buildings](const WindowTotal& left, const WindowTotal& right) {

@@ -23,6 +23,20 @@ struct WindowTotal {
     double most = 0.0;
     std::size_t flats = 0;         // of buildings only
     std::size_t passingFlats = 0;  // with one window or more that passes
+
+    // Of the windows that have a before:
+    std::size_t compared = 0;
+    std::size_t comparedAnalysed = 0;
+    std::size_t passedBefore = 0;
+    std::size_t passNow = 0;
+    std::size_t failNow = 0;   // that passed before
+    double leastBefore = 0.0;  // judged minutes, of those analysed
+    double leastNow = 0.0;
+    double mostLost = 0.0;
+    std::size_t flatsFailNow = 0;  // of buildings only
+
+    // A flat with a window that passed, and none that passes, those that have no before among them.
+    bool FailsNow() const { return passedBefore > 0 && passing == 0; }
 };
 
 struct WindowTotals {

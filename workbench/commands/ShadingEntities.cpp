@@ -9,9 +9,9 @@
 
 namespace {
 
-std::vector<std::uint64_t> HidersOf(const WindowResult& window) {
+std::vector<std::uint64_t> HidersOf(const std::vector<HiddenPeriod>& list) {
     std::vector<std::uint64_t> hiders;
-    for (const HiddenPeriod& hidden : window.hidden)
+    for (const HiddenPeriod& hidden : list)
         hiders.insert(hiders.end(), hidden.by.begin(), hidden.by.end());
     std::sort(hiders.begin(), hiders.end());
     hiders.erase(std::unique(hiders.begin(), hiders.end()), hiders.end());
@@ -20,10 +20,11 @@ std::vector<std::uint64_t> HidersOf(const WindowResult& window) {
 
 }  // namespace
 
-std::vector<ShadingEntity> ShadingEntitiesOf(const AcDbDatabase& drawing, const AnalysisAnswer& answer) {
+std::vector<ShadingEntity> ShadingEntitiesOf(const AcDbDatabase& drawing, const AnalysisAnswer& answer,
+                                             HiddenList list) {
     std::unordered_map<std::uint64_t, std::size_t> windows;
     for (const WindowResult& window : answer.windows)
-        for (const std::uint64_t handle : HidersOf(window))
+        for (const std::uint64_t handle : HidersOf(window.*list))
             ++windows[handle];
     std::vector<ShadingEntity> entities;
     for (const auto& [handle, count] : windows)

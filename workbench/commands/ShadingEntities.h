@@ -1,10 +1,11 @@
-// The entities that hide the sun from windows, by what the drawing says of them.
+// The entities that hide the sun from windows, or take it from them, by what the drawing says of them.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "analysis/WindowResult.h"
 #include "workbench/commands/EntityWords.h"
 
 class AcDbDatabase;
@@ -16,5 +17,8 @@ struct ShadingEntity {
     std::size_t windows = 0;  // from how many it hides the sun at some time
 };
 
-// Those of most windows first, of equal ones by their handles.
-std::vector<ShadingEntity> ShadingEntitiesOf(const AcDbDatabase& drawing, const AnalysisAnswer& answer);
+// Those in one of the windows' lists, such as WindowResult::hidden: those of most windows first, of equal ones by their
+// handles.
+using HiddenList = std::vector<HiddenPeriod> WindowResult::*;
+std::vector<ShadingEntity> ShadingEntitiesOf(const AcDbDatabase& drawing, const AnalysisAnswer& answer,
+                                             HiddenList list = &WindowResult::hidden);

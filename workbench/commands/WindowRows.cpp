@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "facts/NearestNames.h"
 #include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
@@ -25,6 +26,8 @@ struct Widths {
     int floor = 0;
     int facing = 0;
     int judged = 0;
+    int before = 0;  // this and the next: 0 unless windows are compared
+    int lost = 0;
     int kind = 0;
 };
 
@@ -47,6 +50,18 @@ CString JudgedText(const WindowResult& window) {
     return IsAnalysed(window) ? DurationText(window.judged) : CString(L"-");
 }
 
+CString BeforeText(const WindowResult& window) {
+    return window.before && IsAnalysed(window) ? DurationText(window.before->judged) : CString(L"-");
+}
+
+// Rounding may make a little of nothing.
+CString LostText(const WindowResult& window) {
+    if (!window.before || !IsAnalysed(window))
+        return L"-";
+    const double lost = LostMinutes(window);
+    return lost < 0.0 ? CString(L"-") + DurationText(-lost) : DurationText(lost);
+}
+
 int WidthOf(std::initializer_list<CString> texts) {
     int width = 0;
     for (const CString& text : texts)
@@ -54,19 +69,27 @@ int WidthOf(std::initializer_list<CString> texts) {
     return width;
 }
 
-Widths WidthsOf(const std::vector<WindowResult>& windows) {
+Widths WidthsOf(const AnalysisReport& report) {
     Widths widths;
+    if (IsCompared(report)) {
+        widths.before = WidthOf({Say(L"方案前")});
+        widths.lost = WidthOf({Say(L"失去")});
+    }
     widths.verdict = WidthOf({Say(L"结论"), VerdictWord(true), VerdictWord(false)});
     widths.label = WidthOf({Say(L"窗（句柄）")});
     widths.floor = WidthOf({Say(L"楼层")});
     widths.facing = WidthOf({Say(L"朝向（度）")});
     widths.judged = WidthOf({Say(L"判定时数")});
-    widths.kind = WidthOf({Say(L"日照"), Say(L"计入"), Say(L"不计"), Say(L"遮挡")});
-    for (const WindowResult& window : windows) {
+    widths.kind = WidthOf({Say(L"日照"), Say(L"计入"), Say(L"不计"), Say(L"遮挡"), Say(L"夺去")});
+    for (const WindowResult& window : report.answer.windows) {
         widths.label = std::max(widths.label, std::min(DisplayWidth(WindowLabel(window)), kMostLabel));
         widths.floor = std::max(widths.floor, DisplayWidth(FloorText(window)));
         widths.facing = std::max(widths.facing, DisplayWidth(FacingText(window)));
         widths.judged = std::max(widths.judged, DisplayWidth(JudgedText(window)));
+        if (!IsCompared(report))
+            continue;
+        widths.before = std::max(widths.before, DisplayWidth(BeforeText(window)));
+        widths.lost = std::max(widths.lost, DisplayWidth(LostText(window)));
     }
     return widths;
 }
@@ -78,23 +101,55 @@ CString WithoutBlanksAtEnd(const CString& line) {
     return line.Left(length);
 }
 
-CString WindowLine(const Widths& widths, const CString& verdict, const CString& label, const CString& floor,
-                   const CString& facing, const CString& judged, const CString& more) {
-    return WithoutBlanksAtEnd(PadRight(verdict, widths.verdict) + Between() + PadRight(label, widths.label) +
-                              Between() + PadLeft(floor, widths.floor) + Between() + PadRight(facing, widths.facing) +
-                              Between() + PadLeft(judged, widths.judged) + Between() + more);
+// The cells of a window's own line.
+struct WindowCells {
+    CString verdict;
+    CString label;
+    CString floor;
+    CString facing;
+    CString judged;
+    CString before;
+    CString lost;
+    CString more;
+};
+
+CString WindowLine(const Widths& widths, const WindowCells& cells) {
+    CString line = PadRight(cells.verdict, widths.verdict) + Between() + PadRight(cells.label, widths.label) +
+                   Between() + PadLeft(cells.floor, widths.floor) + Between() + PadRight(cells.facing, widths.facing) +
+                   Between() + PadLeft(cells.judged, widths.judged) + Between();
+    if (widths.before != 0)
+        line += PadLeft(cells.before, widths.before) + Between() + PadLeft(cells.lost, widths.lost) + Between();
+    return WithoutBlanksAtEnd(line + cells.more);
+}
+
+// What does not fit behind the cells stands below them.
+void PrintWindowLine(const Widths& widths, WindowCells cells, Output& output) {
+    const CString line = WindowLine(widths, cells);
+    if (cells.more.IsEmpty() || DisplayWidth(line) <= kTerminal) {
+        output.Line(line);
+        return;
+    }
+    const CString below = CString(L' ', kIndent) + cells.more;
+    cells.more.Empty();
+    output.Line(WindowLine(widths, cells));
+    output.Line(below);
 }
 
 // What is special about a window, behind its line.
-CString Specials(const WindowResult& window) {
-    if (!window.part)
-        return CString();
-    CString text;
-    CString from;
-    from.Format(L"%.2f", window.part->from);
-    CString width;
-    width.Format(L"%.2f", window.part->width);
-    return SayFormat(L"按从左端 %s 米起、宽 %s 米的部分判定", from, width);
+CString Specials(const AnalysisReport& report, const WindowResult& window) {
+    std::vector<CString> texts;
+    if (window.part) {
+        CString from;
+        from.Format(L"%.2f", window.part->from);
+        CString width;
+        width.Format(L"%.2f", window.part->width);
+        texts.push_back(SayFormat(L"按从左端 %s 米起、宽 %s 米的部分判定", from, width));
+    }
+    if (IsCompared(report) && !window.before)
+        texts.push_back(Say(L"在方案上"));
+    if (FailsNow(window))
+        texts.push_back(Say(L"方案前达标"));
+    return JoinNames(texts);
 }
 
 // A stretch of the day in both times. `words` go on below where the line is full.
@@ -129,6 +184,15 @@ private:
     Output& m_output;
 };
 
+void PrintHidden(const CString& kind, const std::vector<HiddenPeriod>& list, StretchLines& lines) {
+    for (const HiddenPeriod& hidden : list) {
+        std::vector<CString> by;
+        for (const std::uint64_t handle : hidden.by)
+            by.push_back(HandleOrNone(handle));
+        lines.Print(kind, hidden.period, Say(L"被"), by);
+    }
+}
+
 void PrintStretches(const WindowResult& window, StretchLines& lines) {
     for (const SunPeriod& period : window.sunlit)
         lines.Print(Say(L"日照"), period, CString(), {});
@@ -136,30 +200,34 @@ void PrintStretches(const WindowResult& window, StretchLines& lines) {
         lines.Print(Say(L"计入"), period, CString(), {});
     for (const DroppedPeriod& dropped : window.dropped)
         lines.Print(Say(L"不计"), dropped.period, ReasonWord(dropped.reason), {});
-    for (const HiddenPeriod& hidden : window.hidden) {
-        std::vector<CString> by;
-        for (const std::uint64_t handle : hidden.by)
-            by.push_back(HandleOrNone(handle));
-        lines.Print(Say(L"遮挡"), hidden.period, Say(L"被"), by);
-    }
+    PrintHidden(Say(L"遮挡"), window.hidden, lines);
+    PrintHidden(Say(L"夺去"), window.lost, lines);
+}
+
+WindowCells Headings() {
+    return {Say(L"结论"),     Say(L"窗（句柄）"), Say(L"楼层"), Say(L"朝向（度）"),
+            Say(L"判定时数"), Say(L"方案前"),     Say(L"失去"), CString()};
+}
+
+WindowCells CellsOf(const AnalysisReport& report, const WindowResult& window) {
+    return {VerdictWord(window.passes), WindowLabel(window), FloorText(window), FacingText(window),
+            JudgedText(window),         BeforeText(window),  LostText(window),  Specials(report, window)};
 }
 
 }  // namespace
 
 bool PrintWindowRows(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
     const std::vector<WindowResult>& windows = report.answer.windows;
-    const Widths widths = WidthsOf(windows);
+    const Widths widths = WidthsOf(report);
     StretchLines lines(widths, report.answer.beijingOffset, output);
-    output.Line(WindowLine(widths, Say(L"结论"), Say(L"窗（句柄）"), Say(L"楼层"), Say(L"朝向（度）"), Say(L"判定时数"),
-                           CString()));
+    output.Line(WindowLine(widths, Headings()));
     output.Line(CString(L' ', kIndent) + PadRight(CString(), widths.kind) + Between() + PadRight(Say(L"真太阳时"), 17) +
                 Between() + PadRight(Say(L"北京时间"), 17) + Between() + Say(L"时:分:秒"));
     for (std::size_t i = 0; i < windows.size(); ++i) {
         if (!goOn(i, windows.size()))
             return false;
         const WindowResult& window = windows[i];
-        output.Line(WindowLine(widths, VerdictWord(window.passes), WindowLabel(window), FloorText(window),
-                               FacingText(window), JudgedText(window), Specials(window)));
+        PrintWindowLine(widths, CellsOf(report, window), output);
         for (const WindowNote note : window.notes)
             output.Line(CString(L' ', kIndent) + NoteWord(note));
         PrintStretches(window, lines);
