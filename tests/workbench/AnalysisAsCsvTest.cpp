@@ -105,3 +105,29 @@ TEST(AnalysisAsCsv, StopsWhenNobodyWantsIt) {
     EXPECT_FALSE(PrintAnalysisAsCsv(report, output, [](std::size_t, std::size_t) { return false; }));
     EXPECT_EQ(output.Text(), kHeadings);
 }
+
+TEST(AnalysisAsCsv, TellsWhatAProjectTakesBehindEverythingElse) {
+    WindowResult own = LitWindow(0x2C, L"c");
+    AnalysisReport report = ProjectReport(2.5, {ShadedWindow(0x2A, L"a"), own});
+    TextOutput output;
+    EXPECT_TRUE(PrintAnalysisAsCsv(report, output, GoOn));
+    std::string headings = kHeadings;
+    headings.insert(headings.size() - 2, ",before,lost,from,to,by");
+    const std::string text = output.Text();
+    ASSERT_EQ(text.substr(0, headings.size()), headings);
+    const std::size_t end = text.find("\r\n", headings.size());
+    const std::string line = text.substr(headings.size(), end - headings.size());
+    const std::string cells = ",3,,180,60,pass,fail,11:00:00-12:00:00 by 2F";  // from the colour and the notes on
+    ASSERT_GT(line.size(), cells.size());
+    EXPECT_EQ(line.substr(line.size() - cells.size()), cells);
+    // A window on the project has nothing to compare with.
+    const std::string last = ",4,,,,,,\r\n";
+    EXPECT_EQ(text.substr(text.size() - last.size()), last);
+    // Without a need there are no verdicts.
+    report.request.need.reset();
+    report.answer.windows[0].passes.reset();
+    report.answer.windows[0].before->passes.reset();
+    TextOutput bare;
+    EXPECT_TRUE(PrintAnalysisAsCsv(report, bare, GoOn));
+    EXPECT_NE(bare.Text().find(",3,,180,60,,,11:00:00-12:00:00 by 2F\r\n"), std::string::npos) << bare.Text();
+}

@@ -175,3 +175,48 @@ TEST(AnalysisAsJson, StopsWhenNobodyWantsIt) {
     }));
     EXPECT_EQ(output.Text().find("\"b\""), std::string::npos);
 }
+
+TEST(AnalysisAsJson, ComparesWindowsOnlyWithAProject) {
+    const Json plain = WindowOf(ShadedWindow(1, L"a"));
+    EXPECT_FALSE(plain.contains("before") || plain.contains("change"));
+    AnalysisReport report = BareReport();
+    EXPECT_FALSE(DocumentOf(report).contains("proposed"));
+    report.request.proposedLayers = {L"方案", L"B"};
+    EXPECT_EQ(DocumentOf(report)["proposed"], (Json{"方案", "B"}));
+    EXPECT_EQ(MembersOf(DocumentOf(report))[5], "proposed");
+}
+
+TEST(AnalysisAsJson, HasBeforeAllMembersOfAWindow) {
+    const AnalysisReport report = ProjectReport(2.5, {ShadedWindow(0x2A, L"1-101-1"), LitWindow(0x2B, L"on")});
+    const Json windows = DocumentOf(report)["windows"];
+    const Json& now = windows[0];
+    const Json& before = now["before"];
+    Names members = MembersOf(now);
+    ASSERT_EQ(members.back(), "change");
+    members.pop_back();
+    ASSERT_EQ(members.back(), "before");
+    members.pop_back();
+    EXPECT_EQ(MembersOf(before), members);
+    for (const char* member : {"handle", "name", "floor", "facing", "width", "height", "sill", "corners"})
+        EXPECT_EQ(before[member], now[member]) << member;
+    EXPECT_EQ(before["judged"], 180.0);
+    EXPECT_EQ(before["color"], 4);
+    EXPECT_EQ(before["verdict"], "pass");
+    EXPECT_EQ(before["sunlit"][0]["end"], 12.0);
+    EXPECT_EQ(before["hidden"][1]["start"], 12.0);
+    EXPECT_EQ(now["judged"], 120.0);
+    EXPECT_EQ(now["verdict"], "fail");
+    EXPECT_EQ(now["change"], (Json{{"minutes", -60.0}, {"from", "pass"}, {"to", "fail"}}));
+    EXPECT_EQ(windows[1]["before"], nullptr);
+    EXPECT_EQ(windows[1]["change"], nullptr);
+    EXPECT_EQ(MembersOf(windows[1]).back(), "change");
+}
+
+TEST(AnalysisAsJson, HasNoVerdictsToCompareWithoutANeed) {
+    AnalysisReport report = BareReport();
+    report.request.proposedLayers = {L"a"};
+    report.answer.windows = {ShadedWindow(1, L"a")};
+    EXPECT_EQ(DocumentOf(report)["windows"][0]["change"],
+              (Json{{"minutes", -60.0}, {"from", nullptr}, {"to", nullptr}}));
+    EXPECT_EQ(TextOf(report), DocumentOf(report).dump(2) + "\n");
+}

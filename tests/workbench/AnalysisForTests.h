@@ -70,6 +70,36 @@ inline WindowResult LitWindow(std::uint64_t handle, const CString& name) {
     return window;
 }
 
+// A window that was lit from 9 to 12 without a project, of which 0x2F takes what is after 11.
+inline WindowResult ShadedWindow(std::uint64_t handle, const CString& name) {
+    WindowResult window = LitWindow(handle, name);
+    window.before = static_cast<const WindowHours&>(window);
+    window.sunlit = {{9.0, 11.0}};
+    window.stepped = window.sunlit;
+    window.counted = window.sunlit;
+    window.hidden = {{{8.0, 9.0}, {0x2F}}, {{11.0, 16.0}, {0x2F, 0x30}}};
+    window.lost = {{{11.0, 12.0}, {0x2F}}};
+    window.total = 120.0;
+    window.longest = 120.0;
+    window.judged = 120.0;
+    window.color = 3;
+    return window;
+}
+
+// The report of a project on one layer, with verdicts by a need: of the windows' hours now and before.
+inline AnalysisReport ProjectReport(double hours, std::vector<WindowResult> windows) {
+    AnalysisReport report = BareReport();
+    report.request.proposedLayers = {L"方案"};
+    report.request.need = hours;
+    for (WindowResult& window : windows) {
+        window.passes = window.judged >= hours * 60.0;
+        if (window.before)
+            window.before->passes = window.before->judged >= hours * 60.0;
+    }
+    report.answer.windows = std::move(windows);
+    return report;
+}
+
 // A window whose outside cannot be told.
 inline WindowResult WindowWithoutSide(std::uint64_t handle, const CString& name) {
     WindowResult window;

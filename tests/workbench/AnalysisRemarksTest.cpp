@@ -44,22 +44,45 @@ bool Has(const std::string& text, const std::string& part) {
 
 TEST(AnalysisRemarks, AreToldEachInItsOwnWords) {
     std::set<std::string> messages;
-    for (const Kind kind :
-         {Kind::NoWindows,       Kind::NoFaces,        Kind::LayerMissing,     Kind::LayerInvisible,
-          Kind::NotAWindow,      Kind::NoLayerToRaise, Kind::NothingToRaise,   Kind::LinesWithoutHeight,
-          Kind::NothingRepeated, Kind::TinyWindows,    Kind::SameNames,        Kind::LinesInRows,
-          Kind::Faulty,          Kind::TooLarge,       Kind::TooManyInBlock,   Kind::External,
-          Kind::WithoutFaces,    Kind::SpanUnusable,   Kind::StepUnusable,     Kind::SunBelowHorizon,
-          Kind::SunNeverSets,    Kind::LeftOutByScope, Kind::LeftOutByAltitude})
+    for (const Kind kind : {Kind::NoWindows,
+                            Kind::NoFaces,
+                            Kind::LayerMissing,
+                            Kind::LayerInvisible,
+                            Kind::NotAWindow,
+                            Kind::NoLayerToRaise,
+                            Kind::NothingToRaise,
+                            Kind::LinesWithoutHeight,
+                            Kind::NothingRepeated,
+                            Kind::TinyWindows,
+                            Kind::SameNames,
+                            Kind::LinesInRows,
+                            Kind::Faulty,
+                            Kind::TooLarge,
+                            Kind::TooManyInBlock,
+                            Kind::External,
+                            Kind::WithoutFaces,
+                            Kind::SpanUnusable,
+                            Kind::StepUnusable,
+                            Kind::SunBelowHorizon,
+                            Kind::SunNeverSets,
+                            Kind::LeftOutByScope,
+                            Kind::LeftOutByAltitude,
+                            Kind::ProposedMissing,
+                            Kind::ProposedInvisible,
+                            Kind::ProposedEmpty,
+                            Kind::ProposedIsWindows,
+                            Kind::AllProposed})
         messages.insert(MessageOf(kind));
-    EXPECT_EQ(messages.size(), 23U);
+    EXPECT_EQ(messages.size(), 28U);
     EXPECT_FALSE(messages.contains(""));
     for (const Kind kind :
          {Kind::LayerInvisible, Kind::LinesWithoutHeight, Kind::Faulty, Kind::WithoutFaces, Kind::LeftOutByScope,
-          Kind::NoFaces, Kind::NothingToRaise, Kind::SameNames, Kind::LinesInRows})
+          Kind::NoFaces, Kind::NothingToRaise, Kind::SameNames, Kind::LinesInRows, Kind::AllProposed})
         EXPECT_TRUE(Has(MessageOf(kind), "3000000"));
-    for (const Kind kind : {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces,
-                            Kind::NoLayerToRaise, Kind::NothingToRaise, Kind::External, Kind::SameNames, Kind::Faulty})
+    for (const Kind kind :
+         {Kind::LayerMissing, Kind::LayerInvisible, Kind::NoFaces, Kind::WithoutFaces, Kind::NoLayerToRaise,
+          Kind::NothingToRaise, Kind::External, Kind::SameNames, Kind::Faulty, Kind::ProposedMissing,
+          Kind::ProposedInvisible, Kind::ProposedEmpty, Kind::ProposedIsWindows})
         EXPECT_TRUE(Has(MessageOf(kind), "某层\xEF\xBF\xBD"));
     for (const Kind kind : {Kind::NotAWindow, Kind::TooManyInBlock, Kind::TooLarge, Kind::External})
         EXPECT_TRUE(Has(MessageOf(kind), " 2F"));
