@@ -202,9 +202,7 @@ void AnalyseDay(const DayOfAnalysis& day, const WindowQuestion& question, const 
 }
 
 bool MayMatter(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& entities) {
-    // Which part is judged hangs on all of them.
-    if (IsJudgedByPart(day.standard, question.window))
-        return true;
+    // A shadow on any part that may be judged is one on the window.
     const SunTarget target = TargetOf(day, question.window, 0.0, question.window.width);
     return !day.caster.HiddenHours(target, HoursBefore(day, question.window), entities).IsEmpty() ||
            IsCut(day, target, entities);

@@ -288,7 +288,7 @@ void CompareProject(unsigned seed, std::size_t& changed) {
 }  // namespace
 
 TEST(RandomScenes, AgreeWithRaysWithAProjectAndWithoutIt) {
-    const unsigned count = IsSlowTier() ? 300 : 30;
+    const unsigned count = IsSlowTier() ? 300 : 20;
     std::size_t changed = 0;
     for (unsigned seed = 1; seed <= count && !HasFatalFailure(); ++seed)
         CompareProject(seed, changed);
@@ -303,6 +303,7 @@ TEST(RandomScenes, HaveBeforeWhatADrawingWithoutTheProjectHas) {
         const std::set<std::uint64_t> proposed = ProposeSome(made, seed);
         SCOPED_TRACE("scene " + std::to_string(seed) + ": " + made.about);
         made.request.need = 2.0;
+        made.request.isScoped = seed % 4 == 0;
         const AnalysisAnswer answer = Answer(made.scene, made.request, made.placement);
         made.request.proposedLayers.clear();
         const AnalysisAnswer now = Answer(made.scene, made.request, made.placement);

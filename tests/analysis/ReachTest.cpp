@@ -52,4 +52,22 @@ TEST(Reach, IsMeasuredInPlanToTheNearestPartOfAllFaces) {
     EXPECT_FALSE(Reach(occluders, {1000.0, 1.5, 400.0}).Counts(0, {500.0, 0.0, 0})) << "only its box is near";
 }
 
+// What an INSERT shows counts as one, the low part that stands and the high one of the project; without the project the
+// low part counts for itself.
+TEST(Reach, TakesAnEntityOfTheDrawingAsAWhole) {
+    OccluderSet occluders = TowerAt(150.0, 10.0);
+    const OccluderSet tall = TowerAt(900.0, 200.0);
+    occluders.faces.push_back(tall.faces[0]);
+    occluders.faces[1].entity = 1;
+    occluders.handles = {0x1F, 0x1F};
+    occluders.proposed = {false, true};
+    occluders.drawnAs = {0, 0};
+    const ReachLimits limits = {1000.0, 1.5, 400.0};
+    const Reach whole(occluders, limits);
+    EXPECT_TRUE(whole.Counts(0, {0, 0, 0}));
+    EXPECT_TRUE(whole.Counts(1, {0, 0, 0}));
+    EXPECT_FALSE(Reach(occluders, limits, false).Counts(0, {0, 0, 0}));
+    EXPECT_TRUE(Reach(occluders, limits, false).Counts(0, {140.0, 0, 0}));
+}
+
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <new>
 #include <numeric>
 #include <stdexcept>
@@ -12,6 +13,9 @@
 #include <vector>
 
 namespace {
+
+// So that a question that should not come has the time to.
+constexpr std::chrono::milliseconds kLongerThanBetweenQuestions(120);
 
 bool GoOn(std::size_t) {
     return true;
@@ -101,6 +105,18 @@ TEST(SharedWork, AsksWhileOthersAreBusy) {
         }));
 }
 
+TEST(SharedWork, IsNotBegunBeforeTheCallerWasAsked) {
+    std::atomic<bool> isAnswered = false;
+    EXPECT_TRUE(ShareWork(
+        100, 3, [&](std::size_t) { EXPECT_TRUE(isAnswered); },
+        [&](std::size_t) {
+            if (!isAnswered)
+                std::this_thread::sleep_for(kLongerThanBetweenQuestions);
+            isAnswered = true;
+            return true;
+        }));
+}
+
 TEST(SharedWork, EndsWhenItIsNotWantedAnyMore) {
     const std::thread::id own = std::this_thread::get_id();
     for (const unsigned threads : {1U, 2U, 7U}) {
@@ -111,8 +127,10 @@ TEST(SharedWork, EndsWhenItIsNotWantedAnyMore) {
             100'000, threads,
             [&](std::size_t) {
                 ++begun;
-                if (std::this_thread::get_id() != own)
-                    WaitUntil(isUnwanted);
+                if (std::this_thread::get_id() == own)
+                    return;
+                WaitUntil(isUnwanted);
+                std::this_thread::sleep_for(kLongerThanBetweenQuestions);
             },
             [&](std::size_t) { return !(isUnwanted = ++asked == 2); }));
         EXPECT_EQ(asked, 2) << "not asked again";

@@ -64,7 +64,7 @@ class ProgramTest(unittest.TestCase):
             self.skipTest("the build folder is closed to ordinary users")
 
     def environment(self, **changes):
-        kept = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS", "TMPDIR")
+        kept = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS", "TSAN_OPTIONS", "TMPDIR")
         environment = {name: os.environ[name] for name in kept if name in os.environ}
         environment.update(HOME=self.home, LANG="zh_CN.UTF-8", TERM="xterm")
         environment.update(changes)
