@@ -338,7 +338,12 @@ TEST(RandomScenes, HaveTheSameAnswerWithAnyNumberOfThreads) {
         made.request.isScoped = seed % 3 == 0;
         made.request.need = 1.0;
         made.request.threads = 1;
-        const std::string expected = TextOf(Answer(made.scene, made.request, made.placement));
+        const AnalysisAnswer one = Answer(made.scene, made.request, made.placement);
+        std::vector<std::uint64_t> handles;
+        for (const WindowResult& window : one.windows)
+            handles.push_back(window.handle);
+        EXPECT_EQ(handles, made.windows) << "as drawn";
+        const std::string expected = TextOf(one);
         for (const unsigned threads : {2U, 3U, 7U, 0U}) {
             made.request.threads = threads;
             EXPECT_EQ(TextOf(Answer(made.scene, made.request, made.placement)), expected) << threads;
