@@ -21,6 +21,18 @@ CString Count(const AnalysisRemark& remark) {
     return CountText(remark.count);
 }
 
+CString NoFacesText(const AnalysisRemark& remark) {
+    if (remark.subject.IsEmpty())
+        return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
+    if (remark.count == 0)
+        return SayFormat(L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度",
+                         Printable(remark.subject));
+    return SayFormat(
+        L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度；"
+        L"其中 %s 个是闭合的轮廓：用 --height 给出它们的图层的高度",
+        Printable(remark.subject), Count(remark));
+}
+
 CString NothingToRaiseText(const AnalysisRemark& remark) {
     const CString layer = Printable(remark.subject);
     if (remark.count == 0)
@@ -28,6 +40,30 @@ CString NothingToRaiseText(const AnalysisRemark& remark) {
     return SayFormat(
         L"图层“%s”上没有可见、闭合而没有厚度的轮廓，--height 没有用上；其上有 %s 个不闭合：请在制图程序里闭合", layer,
         Count(remark));
+}
+
+// What is wrong with the layers of a project.
+CString ProjectText(const AnalysisRemark& remark) {
+    const CString layer = Printable(remark.subject);
+    switch (remark.kind) {
+        case Kind::ProposedMissing:
+            return SayFormat(L"图形中没有图层“%s”（--proposed）：请查看图层的名字", layer);
+        case Kind::ProposedInvisible:
+            return SayFormat(L"方案图层“%s”关闭或冻结，其上的实体没有计入；请先打开图层", layer);
+        case Kind::ProposedEmpty:
+            return SayFormat(
+                L"方案图层“%s”上没有投影子的面：它不改变日照；请查看 --proposed 的图层，平面轮廓用 "
+                L"--height 给出高度",
+                layer);
+        case Kind::ProposedIsWindows:
+            return SayFormat(L"图层“%s”是窗的图层，又是方案的图层（--proposed）：窗不投影子；请把方案画在另一个图层",
+                             layer);
+        case Kind::AllProposed:
+            return SayFormat(L"所有的窗（%s 个）都在方案上：没有方案前后可以比较；请查看 --proposed 的图层",
+                             Count(remark));
+        default:
+            return CString();
+    }
 }
 
 CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
@@ -38,15 +74,7 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
                 L"给出图层",
                 WindowLayersText(request));
         case Kind::NoFaces:
-            if (remark.subject.IsEmpty())
-                return Say(L"图形中没有投影子的面：所有的窗都没有遮挡");
-            if (remark.count == 0)
-                return SayFormat(L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度",
-                                 Printable(remark.subject));
-            return SayFormat(
-                L"图形中没有投影子的面：所有的窗都没有遮挡。图形中有 %s：都没有高度；"
-                L"其中 %s 个是闭合的轮廓：用 --height 给出它们的图层的高度",
-                Printable(remark.subject), Count(remark));
+            return NoFacesText(remark);
         case Kind::NoLayerToRaise:
             return SayFormat(L"图形中没有图层“%s”（--height）", Printable(remark.subject));
         case Kind::NothingToRaise:
@@ -85,20 +113,11 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
                 L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
                 Count(remark), Printable(remark.subject));
         case Kind::ProposedMissing:
-            return SayFormat(L"图形中没有图层“%s”（--proposed）：请查看图层的名字", Printable(remark.subject));
         case Kind::ProposedInvisible:
-            return SayFormat(L"方案图层“%s”关闭或冻结，其上的实体没有计入；请先打开图层", Printable(remark.subject));
         case Kind::ProposedEmpty:
-            return SayFormat(
-                L"方案图层“%s”上没有投影子的面：它不改变日照；请查看 --proposed 的图层，平面轮廓用 "
-                L"--height 给出高度",
-                Printable(remark.subject));
         case Kind::ProposedIsWindows:
-            return SayFormat(L"图层“%s”是窗的图层，又是方案的图层（--proposed）：窗不投影子；请把方案画在另一个图层",
-                             Printable(remark.subject));
         case Kind::AllProposed:
-            return SayFormat(L"所有的窗（%s 个）都在方案上：没有方案前后可以比较；请查看 --proposed 的图层",
-                             Count(remark));
+            return ProjectText(remark);
         case Kind::Faulty:
             return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡：%s；请在制图程序里检查它们和它们的块",
                              Count(remark), Printable(remark.subject));
