@@ -4,7 +4,9 @@
 #include <embree3/rtcore.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <limits>
 #include <map>
 #include <memory>
 #include <string>
@@ -13,6 +15,7 @@
 #include "MedianReporter.h"
 #include "Town.h"
 #include "analysis/ShadowCaster.h"
+#include "analysis/SharedWork.h"
 
 namespace {
 
@@ -27,8 +30,8 @@ constexpr std::size_t kTowns[] = {100, 1000, 10000};
 constexpr std::size_t kBetween[] = {300, 3000, 30000};  // for how the cost of a window grows
 
 struct Case {
-    explicit Case(std::size_t houses)
-        : town(MakeTown(houses, kPoints)),
+    explicit Case(std::size_t houses, std::size_t points = kPoints)
+        : town(MakeTown(houses, points)),
           path(kDeclination, kLatitude, 0.0),
           caster(town.occluders, path, kSpan, 1.0) {}
 
@@ -208,6 +211,30 @@ void PrintGrowth(std::map<std::string, double>& times) {
                     times[NameOf("Point", houses)] * kMicroseconds, times[NameOf("Window", houses)] * kMicroseconds);
 }
 
+// The least time that so many threads take for the windows of a town; others may be busy on the machine meanwhile.
+double SecondsWith(unsigned threads, const Case& each) {
+    constexpr int kTurns = 25;
+    double least = std::numeric_limits<double>::infinity();
+    for (int turn = 0; turn < kTurns; ++turn) {
+        const auto start = std::chrono::steady_clock::now();
+        ShareWork(
+            each.town.points.size(), threads,
+            [&](std::size_t i) {
+                const WallPoint& point = each.town.points[i];
+                benchmark::DoNotOptimize(
+                    each.caster.HiddenHours(TargetOf(point, kWindowWidth / 2, kWindowHeight / 2), each.Wanted(point)));
+            },
+            [](std::size_t) { return true; });
+        least = std::min(least, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return least;
+}
+
+void PrintThreads() {
+    const Case town(1000, 40'000);
+    std::printf("two threads do %.2f times what one does\n", SecondsWith(1, town) / SecondsWith(2, town));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -232,5 +259,6 @@ int main(int argc, char** argv) {
             times[NameOf("Single", houses)] / times[NameOf("Point", houses)],
             times[NameOf("Window", houses)] / times[NameOf("Point", houses)]);
     PrintGrowth(times);
+    PrintThreads();
     return 0;
 }
