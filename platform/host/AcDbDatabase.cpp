@@ -73,7 +73,7 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
         if (!m_dxf)
             return Tell(Acad::eInvalidInput, PlatformText(L"没有可以保存的图形。"), message);
         CString text;
-        std::string storage;
+        DxfFile storage;
         const std::string_view bytes = m_dxf->WholeText(storage);
         if (bytes.empty()) {
             text.Format(PlatformText(L"图形文件“%s”超过 2 GiB，没有保存，原来的文件没有改变。"), path);

@@ -1,14 +1,11 @@
 // Ids, changed objects and the header of an open drawing.
 #include "platform/host/DxfDrawing.h"
 
-#include <atomic>
+#include <utility>
 
 #include "platform/base/Characters.h"
 
 namespace {
-
-// The next id that has not been given yet.
-std::atomic<std::uint64_t> g_nextId{1};
 
 constexpr int kVariable = 9;
 
@@ -30,7 +27,7 @@ Acad::ErrorStatus DxfDrawing::Read(const wchar_t* path, CString& message) {
     }
     m_style = DxfStyleOf(m_file.View());
     m_codec = ChooseCodec();
-    m_firstId = g_nextId.fetch_add(m_index.GetCount());
+    m_ids = DxfIds(m_index.GetCount());
     return Acad::eOk;
 }
 
@@ -45,15 +42,13 @@ DxfTextCodec DxfDrawing::ChooseCodec() const {
 }
 
 std::size_t DxfDrawing::EntryOf(AcDbObjectId id) const {
-    const std::uint64_t entry = id.asOldId() - m_firstId;
-    if (id.asOldId() < m_firstId || entry >= m_index.GetCount())
-        return DxfIndex::kNone;
-    const auto known = static_cast<std::size_t>(entry);
-    return m_index.GetKind(known) == DxfKind::Structure ? DxfIndex::kNone : known;
+    const std::size_t entry = m_ids.EntryOf(id.asOldId());
+    const bool isObject = entry != DxfIds::kNone && m_index.GetKind(entry) != DxfKind::Structure;
+    return isObject ? entry : DxfIndex::kNone;
 }
 
 AcDbObjectId DxfDrawing::IdOf(std::size_t entry) const {
-    return entry == DxfIndex::kNone ? AcDbObjectId() : AcDbObjectId::FromOldId(m_firstId + entry);
+    return entry == DxfIndex::kNone ? AcDbObjectId() : AcDbObjectId::FromOldId(m_ids.IdOf(entry));
 }
 
 std::string_view DxfDrawing::ReadText(std::size_t entry) const {
@@ -62,8 +57,8 @@ std::string_view DxfDrawing::ReadText(std::size_t entry) const {
 }
 
 std::string_view DxfDrawing::TextOf(std::size_t entry) const {
-    const auto changed = m_changes.find(entry);
-    return changed == m_changes.end() ? ReadText(entry) : std::string_view(changed->second);
+    const std::string* const changed = m_changes.FindText(entry);
+    return changed ? std::string_view(*changed) : ReadText(entry);
 }
 
 std::uint64_t DxfDrawing::HandleOf(std::size_t entry) const {
@@ -105,7 +100,7 @@ bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& group
         return false;
     if (before == groups)
         return true;
-    m_changes[entry] = RewriteDxfObject(text, groups, m_style);
+    m_changes.Replace(entry, RewriteDxfObject(text, groups, m_style));
     ++m_changeCount;
     return true;
 }
@@ -130,23 +125,29 @@ bool DxfDrawing::GetHeaderVariable(std::string_view name, std::vector<DxfGroup>&
     return isFound;
 }
 
-std::string_view DxfDrawing::WholeText(std::string& storage) const {
-    const std::string_view all = m_file.View();
-    if (m_changes.empty())
-        return all;
-    std::size_t size = all.size();
-    for (const auto& [entry, text] : m_changes)
-        size += text.size() - ReadText(entry).size();
-    if (size > kLargestDxfFile)
-        return {};
-    storage.reserve(size);
-    std::size_t done = 0;
-    for (const auto& [entry, text] : m_changes) {
-        const std::size_t begin = m_index.GetBegin(entry);
-        storage += all.substr(done, begin - done);
-        storage += text;
-        done = m_index.GetEnd(entry);
-    }
-    storage += all.substr(done);
-    return storage;
+std::string_view DxfDrawing::WholeText(DxfFile& storage) const {
+    if (m_changes.GetChanges().empty())
+        return m_file.View();
+    return m_changes.Compose(m_file.View(), m_index, storage) ? storage.View() : std::string_view();
+}
+
+bool DxfDrawing::Revise(const DxfRevision& revision) {
+    DxfRevision all = m_changes;
+    all.Add(revision);
+    DxfFile file;
+    if (!all.Compose(m_file.View(), m_index, file))
+        return false;
+    DxfIndex index;
+    DxfFault fault{};
+    std::size_t place = 0;
+    if (!index.Build(file.View(), fault, place))
+        return false;
+    DxfIds ids(m_ids, m_index.GetCount(), all);
+    // From here on nothing can fail.
+    m_file = std::move(file);
+    m_index = std::move(index);
+    m_ids = std::move(ids);
+    m_changes = DxfRevision();
+    ++m_changeCount;
+    return true;
 }

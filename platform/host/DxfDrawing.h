@@ -3,15 +3,16 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/host/AcDbObjectId.h"
 #include "platform/host/DxfFile.h"
+#include "platform/host/DxfIds.h"
 #include "platform/host/DxfIndex.h"
 #include "platform/host/DxfObjectText.h"
+#include "platform/host/DxfRevision.h"
 #include "platform/host/DxfTextCodec.h"
 
 class DxfDrawing {
@@ -35,9 +36,16 @@ public:
     bool SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups);
     bool GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const;
 
+    // How the drawing's file writes what is new.
+    const DxfStyle& GetStyle() const { return m_style; }
+
     // The whole file's text as it is now; `storage` holds it where it differs from the one that was read. Empty when it
     // has become too large for a file.
-    std::string_view WholeText(std::string& storage) const;
+    std::string_view WholeText(DxfFile& storage) const;
+
+    // Puts a revision of the text into effect: the index is made anew, ids stay. False, and nothing changed, when the
+    // text would become too large for a file.
+    bool Revise(const DxfRevision& revision);
 
     std::uint64_t m_changeCount = 0;  // since it was read
     std::uint64_t m_savedCount = 0;   // how many of them have been saved
@@ -51,6 +59,6 @@ private:
     DxfIndex m_index;
     DxfTextCodec m_codec;
     DxfStyle m_style;
-    std::uint64_t m_firstId = 0;
-    std::map<std::size_t, std::string> m_changes;
+    DxfIds m_ids;
+    DxfRevision m_changes;  // replacements only
 };

@@ -14,10 +14,15 @@ constexpr std::size_t kLargestDxfFile = std::size_t{1} << 31;
 
 class DxfFile {
 public:
+    DxfFile() = default;
+    // Room for a text that is yet to be written to Data().
+    explicit DxfFile(std::size_t size) : m_bytes(std::make_unique_for_overwrite<char[]>(size)), m_size(size) {}
+
     // Reads a whole file. Failure is told by the message.
     Acad::ErrorStatus Read(const wchar_t* path, CString& message);
 
     std::string_view View() const { return {m_bytes.get(), m_size}; }
+    char* Data() { return m_bytes.get(); }
 
 private:
     std::unique_ptr<char[]> m_bytes;
