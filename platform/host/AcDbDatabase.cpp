@@ -10,6 +10,7 @@
 #include "platform/base/SaveFailure.h"
 #include "platform/host/CurrentDrawing.h"
 #include "platform/host/DxfDrawing.h"
+#include "platform/host/Redraw.h"
 
 namespace {
 
@@ -33,7 +34,7 @@ Acad::ErrorStatus Tell(Acad::ErrorStatus status, const CString& text, CString* m
 
 Acad::ErrorStatus TellOutOfMemory(CString* message) {
     return Guarded(Acad::eOutOfMemory, [=] {
-        return Tell(Acad::eOutOfMemory, PlatformText(L"内存不足，无法打开或保存图形文件。"), message);
+        return Tell(Acad::eOutOfMemory, PlatformText(L"内存不足，无法打开、改动或保存图形文件。"), message);
     });
 }
 
@@ -167,6 +168,20 @@ bool AcDbDatabase::GetGroups(AcDbObjectId id, std::vector<DxfGroup>& groups) con
 bool AcDbDatabase::SetGroups(AcDbObjectId id, const std::vector<DxfGroup>& groups) {
     const std::size_t entry = m_dxf ? m_dxf->EntryOf(id) : DxfIndex::kNone;
     return entry != DxfIndex::kNone && Guarded(false, [&] { return m_dxf->SetGroups(entry, groups); });
+}
+
+Acad::ErrorStatus AcDbDatabase::Redraw(const DrawingChange& change, CString* message) {
+    try {
+        if (message)
+            message->Empty();
+        if (!m_dxf)
+            return Tell(Acad::eInvalidInput, PlatformText(L"没有可以改动的图形。"), message);
+        CString text;
+        const Acad::ErrorStatus status = RedrawDrawing(*m_dxf, change, text);
+        return status == Acad::eOk ? status : Tell(status, text, message);
+    } catch (...) {
+        return TellOutOfMemory(message);
+    }
 }
 
 bool AcDbDatabase::GetHeaderVariable(const char* name, std::vector<DxfGroup>& groups) const {

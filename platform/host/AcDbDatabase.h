@@ -17,6 +17,7 @@
 #include "platform/host/ErrorStatus.h"
 
 class DxfDrawing;
+struct DrawingChange;
 
 // One drawing, empty at first. An object of it is what stands between two groups 0 of the sections TABLES, BLOCKS,
 // ENTITIES and OBJECTS: a table's head, a symbol table record, a block's head and end, an entity, an object without
@@ -43,7 +44,7 @@ public:
     // eFileAccessErr (the old file stands), eInvalidInput (no path, or the drawing is empty), eOutOfMemory.
     Acad::ErrorStatus dxfOut(const wchar_t* path, CString* message = nullptr);
 
-    // Whether SetGroups changed anything since the drawing was read or last saved (wherever to).
+    // Whether SetGroups or Redraw changed anything since the drawing was read or last saved (wherever to).
     bool IsModified() const;
     // How many calls have changed something since the drawing was read; saving does not count. For those who keep
     // something made of the drawing.
@@ -82,6 +83,14 @@ public:
     // 0 as it was, another group 0, a code out of -5 to 1071 or 999, a value that holds a line break or a zero byte or
     // is longer than 1 MiB, another handle than before (there is no giving, taking or changing of handles).
     bool SetGroups(AcDbObjectId id, const std::vector<DxfGroup>& groups);
+
+    // Makes a change in model space: entities go, layers and entities come, in the way of the drawing's version, with
+    // handles above all that there are and $HANDSEED above those. Everything else keeps its bytes, and all objects that
+    // stay keep their ids. A layer whose name is taken stays as it is. All of the change is made or, on failure, none
+    // of it; why goes to `message`, as for dxfIn. eOk; eInvalidInput (no drawing, a record that is not sound, a drawing
+    // whose handles are used up or that would exceed 2 GiB), eKeyNotFound (an entity on a layer that is not there),
+    // eOutOfMemory.
+    Acad::ErrorStatus Redraw(const DrawingChange& change, CString* message = nullptr);
 
     // The values of a variable of the section HEADER ("$INSUNITS"), without the group 9 that names it; false, and no
     // groups, when the drawing does not have it.

@@ -71,6 +71,8 @@ public:
     std::size_t GetEntity(std::size_t index) const;
     // The entry with a handle, kNone for none.
     std::size_t FindHandle(std::uint64_t handle) const;
+    // The greatest handle of all, 0 for none.
+    std::uint64_t GetGreatestHandle() const { return m_handles.empty() ? 0 : m_handles.back().first; }
     // The entry that holds the header variables, kNone for none.
     std::size_t GetHeader() const { return m_header; }
 

@@ -217,7 +217,7 @@ TEST(DxfHostile, FilesThatDoNotFitIntoMemoryAreRefused) {
     ASSERT_EQ(setrlimit(RLIMIT_AS, &little), 0);
     EXPECT_EQ(victim.TryFile(victim.Files().File("large.dxf")), Acad::eOutOfMemory);
     EXPECT_EQ(setrlimit(RLIMIT_AS, &before), 0);
-    EXPECT_EQ(victim.Message(), "内存不足，无法打开或保存图形文件。");
+    EXPECT_EQ(victim.Message(), "内存不足，无法打开、改动或保存图形文件。");
 }
 #endif
 
