@@ -1,5 +1,6 @@
-// Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change; and
-// whatever it holds makes a sound scene, in which windows are looked for and asked for their sun.
+// Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change, and
+// around entities that are added and removed; and whatever it holds makes a sound scene, in which windows are looked for
+// and asked for their sun.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -16,6 +17,7 @@
 #include "fuzz/MemoryFile.h"
 #include "fuzz/SoundAnswer.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/DrawingChange.h"
 #include "scene/EntityGroups.h"
 #include "scene/Outline.h"
 #include "scene/Scene.h"
@@ -81,6 +83,35 @@ std::vector<std::vector<DxfGroup>> AllEntities(const AcDbDatabase& database) {
     return all;
 }
 
+// Puts results into the drawing twice over and takes them out again: what was there is there as before.
+void RedrawEntities(AcDbDatabase& database) {
+    NewEntity line;
+    line.layer = L"ORVO_FUZZ";
+    line.points = {{0.0, 1.0, 2.0}, {3.0, 4.0, 5.0}};
+    NewEntity outline = line;
+    outline.kind = NewEntity::Kind::Polyline;
+    outline.points[1][2] = 2.0;
+    DrawingChange change;
+    change.emptiedLayers = {line.layer};
+    CString message;
+    if (database.Redraw(change, &message) != Acad::eOk)
+        return;
+    const std::vector<std::vector<DxfGroup>> before = AllEntities(database);
+    change.layers = {{line.layer, 1}};
+    change.entities = {line, outline};
+    for (int round = 0; round < 2; ++round) {
+        const Acad::ErrorStatus status = database.Redraw(change, &message);
+        Require((status == Acad::eOk) == message.IsEmpty());
+        const std::size_t count = database.GetEntityCount();
+        Require(status == Acad::eOk ? count >= before.size() + 2 : count == before.size() || round > 0);
+        const std::uint64_t handle = count > 0 ? database.GetHandle(database.GetEntityId(count - 1)) : 0;
+        Require(status != Acad::eOk || handle == 0 || database.FindHandle(handle) == database.GetEntityId(count - 1));
+    }
+    change.layers.clear();
+    change.entities.clear();
+    Require(database.Redraw(change, &message) == Acad::eOk && AllEntities(database) == before);
+}
+
 bool IsWithin(const QcGePoint& point) {
     return std::fabs(point.x) <= kFarthest && std::fabs(point.y) <= kFarthest && std::fabs(point.z) <= kFarthest;
 }
@@ -135,6 +166,10 @@ void TryDrawing(const std::uint8_t* data, std::size_t size) {
     const std::string saved = Saved(database);
     const MemoryFile again(reinterpret_cast<const std::uint8_t*>(saved.data()), saved.size());
     Require(database.dxfIn(again.Path(), &message) == Acad::eOk && AllEntities(database) == changed);
+    RedrawEntities(database);
+    const std::string redrawn = Saved(database);
+    const MemoryFile last(reinterpret_cast<const std::uint8_t*>(redrawn.data()), redrawn.size());
+    Require(database.dxfIn(last.Path(), &message) == Acad::eOk);
 }
 
 }  // namespace

@@ -22,15 +22,12 @@ void DxfObjectMaker::Begin(std::string_view type) {
     Group(0, type);
 }
 
-std::uint64_t DxfObjectMaker::Begin(std::string_view type, std::uint64_t owner) {
+void DxfObjectMaker::Begin(std::string_view type, std::uint64_t owner) {
     Begin(type);
-    if (!m_traits.hasHandles)
-        return 0;
-    const std::uint64_t handle = m_handles.Take();
-    Handle(kHandle, handle);
+    if (m_traits.hasHandles)
+        Handle(kHandle, m_handles.Take());
     if (m_traits.hasOwners && owner != 0)
         Handle(kOwner, owner);
-    return handle;
 }
 
 void DxfObjectMaker::Subclass(std::string_view name) {

@@ -24,8 +24,8 @@ public:
 
     // Begins an object without a handle.
     void Begin(std::string_view type);
-    // Begins an object with a handle of its own, and an owner (0: none), where the version has them. Gives the handle.
-    std::uint64_t Begin(std::string_view type, std::uint64_t owner);
+    // Begins an object with a handle of its own, and an owner (0: none), where the version has them.
+    void Begin(std::string_view type, std::uint64_t owner);
     // A handle that Begin has not given: for where it does not stand first.
     std::uint64_t TakeHandle() { return m_handles.Take(); }
     // A marker, where the version has them.

@@ -27,16 +27,15 @@ void WriteExtrusion(DxfObjectMaker& maker, const NewEntity& entity) {
         WritePoint(maker, kExtrusion, entity.extrusion);
 }
 
-// What every entity begins with. Gives its handle.
-std::uint64_t BeginEntity(DxfObjectMaker& maker, const char* type, const NewEntity& entity, std::uint64_t owner) {
-    const std::uint64_t handle = maker.Begin(type, owner);
+// What every entity begins with.
+void BeginEntity(DxfObjectMaker& maker, const char* type, const NewEntity& entity, std::uint64_t owner) {
+    maker.Begin(type, owner);
     maker.Subclass("AcDbEntity");
     maker.Text(kLayer, entity.layer);
     if (entity.colorIndex != kColorByLayer)
         maker.Integer(kColor, entity.colorIndex);
     if (entity.trueColor >= 0 && maker.GetTraits().hasTrueColors)
         maker.Integer(kTrueColor, entity.trueColor);
-    return handle;
 }
 
 void MakeLine(const NewEntity& entity, std::uint64_t owner, DxfObjectMaker& maker) {
@@ -67,21 +66,22 @@ void MakeFlatPolyline(const NewEntity& entity, std::uint64_t owner, DxfObjectMak
     WriteExtrusion(maker, entity);
 }
 
-// As drawings had it before they knew flat polylines.
-void MakePolylineOfVertices(const NewEntity& entity, std::uint64_t owner, DxfObjectMaker& maker) {
-    const std::uint64_t handle = BeginEntity(maker, "POLYLINE", entity, owner);
+// As drawings had it before they knew flat polylines, and before entities told their owner.
+void MakePolylineOfVertices(const NewEntity& entity, DxfObjectMaker& maker) {
+    constexpr std::uint64_t kNoOwner = 0;
+    BeginEntity(maker, "POLYLINE", entity, kNoOwner);
     maker.Subclass("AcDb2dPolyline");
     maker.Integer(66, 1);
     WritePoint(maker, 10, {0.0, 0.0, entity.points[0][2]});
     maker.Integer(kFlags, entity.isClosed ? kClosed : 0);
     WriteExtrusion(maker, entity);
     for (const NewEntity::Point& point : entity.points) {
-        BeginEntity(maker, "VERTEX", entity, handle);
+        BeginEntity(maker, "VERTEX", entity, kNoOwner);
         maker.Subclass("AcDbVertex");
         maker.Subclass("AcDb2dVertex");
         WritePoint(maker, 10, point);
     }
-    BeginEntity(maker, "SEQEND", entity, handle);
+    BeginEntity(maker, "SEQEND", entity, kNoOwner);
 }
 
 void MakeText(const NewEntity& entity, std::uint64_t owner, DxfObjectMaker& maker) {
@@ -114,7 +114,7 @@ void MakeEntity(const NewEntity& entity, std::uint64_t owner, DxfObjectMaker& ma
             return MakeFace(entity, owner, maker);
         case NewEntity::Kind::Polyline:
             return maker.GetTraits().hasFlatPolylines ? MakeFlatPolyline(entity, owner, maker)
-                                                      : MakePolylineOfVertices(entity, owner, maker);
+                                                      : MakePolylineOfVertices(entity, maker);
         case NewEntity::Kind::Text:
             return MakeText(entity, owner, maker);
     }
