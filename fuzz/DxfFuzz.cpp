@@ -1,6 +1,6 @@
 // Any bytes as a drawing file: refused with a message, or held so that each byte comes back, also around a change, and
-// around entities that are added and removed; and whatever it holds makes a sound scene, in which windows are looked for
-// and asked for their sun.
+// around entities that are added and removed; and whatever it holds makes a sound scene, in which windows are looked
+// for and asked for their sun.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>

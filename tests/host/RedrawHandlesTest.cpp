@@ -68,8 +68,12 @@ TEST(RedrawHandles, AreNotThoseThatSomethingPointsTo) {
             << code;
     EXPECT_EQ(Added(Drawing("2", Section("OBJECTS", "  0\nX\n  5\n3\n  5\n88\n310\n99\n"))), Result(0x89, "8A"));
     EXPECT_EQ(Added(Drawing("2", Section("CLASSES", "  0\nX\n  5\n66\n"))), Result(0x67, "68"));
-    EXPECT_EQ(Added(Drawing("2", Section("OBJECTS", "  0\nX\n330\nFFFFFFFFFFFFFFFF\n"))), Result(0x20, "21"))
-        << "no object has got that far";
+    EXPECT_EQ(Added(Drawing("2", Section("OBJECTS", "  0\nX\n330\n7FFFFFFFFFFFFFFF\n"))),
+              Result(0x8000000000000000, "8000000000000001"));
+    for (const char* nothing : {"8000000000000000", "FFFFFFFFFFFFFFFE", "FFFFFFFFFFFFFFFF"})
+        EXPECT_EQ(Added(Drawing("2", Section("OBJECTS", "  0\nX\n330\n" + std::string(nothing) + "\n"))),
+                  Result(0x20, "21"))
+            << nothing << ": no object has got that far";
     // Also what is set by hand.
     OpenDrawing drawing(Drawing("2"));
     const AcDbObjectId point = drawing.database.GetEntityId(0);
