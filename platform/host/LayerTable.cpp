@@ -32,7 +32,11 @@ std::size_t NumberIn(std::string_view value) {
 class LayerMaking {
 public:
     LayerMaking(const DxfDrawing& drawing, const DxfPlaces& places, DxfObjectMaker& maker, DxfRevision& revision)
-        : m_drawing(drawing), m_places(places), m_maker(maker), m_revision(revision) {}
+        : m_drawing(drawing),
+          m_places(places),
+          m_maker(maker),
+          m_revision(revision),
+          m_haveRecordsHandles(maker.GetTraits().hasSubclasses || HasRecordWithHandle()) {}
 
     void Run(const std::vector<NewLayer>& layers) {
         const std::string lineType = LineType();
@@ -45,14 +49,29 @@ public:
     }
 
 private:
+    // Before R13 entities could have handles and records of tables not, save where programs gave them some.
+    bool HasRecordWithHandle() const {
+        for (std::size_t entry = 0; entry < m_drawing.GetIndex().GetCount(); ++entry)
+            if (m_drawing.GetIndex().GetKind(entry) == DxfKind::TableRecord && m_drawing.HandleOf(entry) != 0)
+                return true;
+        return false;
+    }
+
+    void BeginRecord(const char* type, std::uint64_t table) {
+        if (m_haveRecordsHandles)
+            m_maker.Begin(type, table);
+        else
+            m_maker.Begin(type);
+        m_maker.Subclass("AcDbSymbolTableRecord");
+    }
+
     // The continuous line type by the name that the drawing has for it; where it has none, it is made.
     std::string LineType() {
         for (std::size_t entry = 0; entry < m_drawing.GetIndex().GetCount(); ++entry)
             if (m_drawing.IsRecordOf(entry, "LTYPE") && FoldedName(NameOfRecord(m_drawing, entry)) == L"continuous")
                 return std::string(FirstDxfValue(m_drawing.TextOf(entry), kName));
         AddRecords("LTYPE", 1, [this](std::uint64_t table) {
-            m_maker.Begin("LTYPE", table);
-            m_maker.Subclass("AcDbSymbolTableRecord");
+            BeginRecord("LTYPE", table);
             m_maker.Subclass("AcDbLinetypeTableRecord");
             m_maker.Group(kName, kContinuous);
             m_maker.Integer(kFlags, 0);
@@ -76,8 +95,7 @@ private:
     void MakeLayer(const NewLayer& layer, std::uint64_t table, const std::string& lineType,
                    const std::string& plotStyle) {
         constexpr int kUsualWeight = -3;
-        m_maker.Begin("LAYER", table);
-        m_maker.Subclass("AcDbSymbolTableRecord");
+        BeginRecord("LAYER", table);
         m_maker.Subclass("AcDbLayerTableRecord");
         m_maker.Text(kName, layer.name);
         m_maker.Integer(kFlags, 0);
@@ -158,6 +176,7 @@ private:
     const DxfPlaces& m_places;
     DxfObjectMaker& m_maker;
     DxfRevision& m_revision;
+    bool m_haveRecordsHandles;
     DxfNewObjects m_newTables;
 };
 

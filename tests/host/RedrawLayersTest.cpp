@@ -93,3 +93,17 @@ TEST(RedrawLayers, HaveWhatTheirVersionAsksFor) {
                               "100\nAcDbLayerTableRecord\n  2\nORVO_RESULT\n 70\n0\n 62\n3\n  6\nCONTINUOUS\n"
                               "370\n-3\n"))));
 }
+
+TEST(RedrawLayers, OfOldDrawingsHaveHandlesWhereRecordsHaveThem) {
+    const auto with = [](std::string_view seed, std::string_view count, std::string_view records) {
+        return DrawingOf(HeaderOf("AC1009", seed, "  9\n$HANDLING\n 70\n1\n") +
+                         Section("TABLES", kLineTypes + Table("LAYER", count, records)));
+    };
+    const DrawingChange change = ChangeOf({{L"ORVO_RESULT", 3}}, {});
+    const std::string bare = "  0\nLAYER\n  2\n0\n";
+    EXPECT_EQ(Redrawn(with("50", " 70\n1\n", bare), change), with("50", " 70\n2\n", bare + kNewLayer + "Continuous\n"));
+    const std::string handled = "  0\nLAYER\n  5\n10\n  2\n0\n";
+    EXPECT_EQ(
+        Redrawn(with("50", " 70\n1\n", handled), change),
+        with("51", " 70\n2\n", handled + "  0\nLAYER\n  5\n50\n  2\nORVO_RESULT\n 70\n0\n 62\n3\n  6\nContinuous\n"));
+}
