@@ -2,10 +2,10 @@
 #include "analysis/WindowAnalysis.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "analysis/Boxes.h"
+#include "analysis/DaysSun.h"
 #include "analysis/DrawnWindows.h"
 #include "analysis/OccluderSet.h"
 #include "analysis/ProjectRemarks.h"
@@ -13,12 +13,9 @@
 #include "analysis/SceneRemarks.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/SharedWork.h"
-#include "analysis/SunPath.h"
 #include "analysis/WindowAnalyst.h"
 #include "analysis/WindowFloors.h"
 #include "analysis/WindowSides.h"
-#include "facts/Angles.h"
-#include "facts/SunDay.h"
 #include "platform/host/DrawingUnits.h"
 #include "scene/Scene.h"
 #include "settings/AnalysisParameters.h"
@@ -43,9 +40,7 @@ public:
 
 private:
     void ReadDrawing();
-    void TellSpan();
     double LeastAltitude() const;
-    HourSpans HoursOfTheSun(const SunPath& path);
     void AnalyseAll(const AnalysisProgress& progress);
     std::optional<ReachLimits> Limits() const;
 
@@ -54,17 +49,13 @@ private:
     double m_millimetres;
     OccluderSet m_occluders;
     std::vector<DrawnWindow> m_windows;
-    SunDay m_sun;
-    SunPeriod m_span;  // without a length when the span is no span
     AnalysisAnswer m_answer;
 };
 
 AnalysisAnswer Analysis::Run(const AnalysisProgress& progress) {
     ReadDrawing();
-    if (m_answer.failure == AnalysisFailure::None) {
-        TellSpan();
+    if (m_answer.failure == AnalysisFailure::None)
         AnalyseAll(progress);
-    }
     return std::move(m_answer);
 }
 
@@ -93,17 +84,6 @@ void Analysis::ReadDrawing() {
         m_answer.remarks.push_back(RemarkOf(Kind::AllProposed, m_windows.size()));
 }
 
-void Analysis::TellSpan() {
-    m_sun = ComputeSunDay(m_request.terms, *m_request.settings.place);
-    m_answer.beijingOffset = m_sun.BeijingTime(0.0);
-    if (SpanOf(m_request.settings, m_answer.beijingOffset, m_answer.span))
-        m_span = m_answer.span;
-    else
-        m_answer.remarks.push_back(RemarkOf(Kind::SpanUnusable));
-    if (!IsStep(m_request.settings.standard->step))
-        m_answer.remarks.push_back(RemarkOf(Kind::StepUnusable, 0, m_request.settings.standard->step));
-}
-
 double Analysis::LeastAltitude() const {
     if (m_request.leastAltitude)
         return *m_request.leastAltitude;
@@ -112,13 +92,12 @@ double Analysis::LeastAltitude() const {
 
 // What every window has in common is made once, in an order in which each thing stands on those before.
 void Analysis::AnalyseAll(const AnalysisProgress& progress) {
-    const SunPath path(m_sun.declination, m_sun.latitude, m_request.north);
-    const HourSpans up = HoursOfTheSun(path);
-    const ShadowCaster caster(m_occluders, path, up, g_nSunDistPrec);
+    const DaysSun sun = FindDaysSun(m_request, LeastAltitude(), m_answer);
+    const ShadowCaster caster(m_occluders, sun.path, sun.up, g_nSunDistPrec);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
-    DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, path};
-    day.span = m_span;
-    day.up = up;
+    DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, sun.path};
+    day.span = sun.span;
+    day.up = sun.up;
     day.north = m_request.north;
     day.need = m_request.need;
     day.offset = g_nSunWinOffset;
@@ -150,32 +129,14 @@ std::optional<ReachLimits> Analysis::Limits() const {
     return ReachLimits{g_nMainScopeRadius, g_nScopeFactorOfHeight, g_nBuildingHeightLimit};
 }
 
-HourSpans Analysis::HoursOfTheSun(const SunPath& path) {
-    const double altitude = LeastAltitude();
-    const HourSpans up = path.HoursBefore({0.0, 0.0, 1.0}, std::sin(altitude * kRadiansPerDegree), m_span);
-    if (m_span.start < m_span.end && up.IsEmpty())
-        m_answer.remarks.push_back(RemarkOf(Kind::SunBelowHorizon, 0, altitude));
-    if (m_sun.kind == SunDay::Kind::PolarDay)
-        m_answer.remarks.push_back(RemarkOf(Kind::SunNeverSets));
-    if (altitude > 0.0)
-        m_answer.remarks.push_back(RemarkOf(Kind::LeftOutByAltitude, 0, altitude));
-    return up;
-}
-
 }  // namespace
 
 AnalysisAnswer AnalyseWindows(const AcDbDatabase& drawing, const AnalysisRequest& request,
                               const AnalysisProgress& progress) {
     AnalysisAnswer answer;
     const DrawingUnit unit = UnitOf(drawing);
-    if (!request.settings.place || !request.settings.place->IsOnTheGlobe())
-        answer.failure = AnalysisFailure::NoPlace;
-    else if (!request.settings.standard)
-        answer.failure = AnalysisFailure::NoStandard;
-    else if (!unit.millimetres)
-        answer.failure = AnalysisFailure::UnknownUnit;
     answer.unit = unit.name;
-    if (answer.failure != AnalysisFailure::None)
+    if (!CanBeAsked(request, unit.millimetres, answer))
         return answer;
     return Analysis(drawing, request, *unit.millimetres).Run(progress);
 }

@@ -14,8 +14,6 @@
 namespace {
 
 constexpr double kDay = 24.0;
-// A sun nearer to a window's plane than this (the sine of the angle) is in it: rounding would else choose a side.
-constexpr double kInPlane = 1e-12;
 constexpr double kPartStep = 100.0;  // millimetres from one part of a wide window to the next
 
 bool IsWidthLimited(const Standard& standard) {
@@ -35,7 +33,7 @@ struct LitHours {
 
 // The hours with the sun up and before the window.
 HourSpans HoursBefore(const DayOfAnalysis& day, const DrawnWindow& window) {
-    return Intersection(day.up, day.path.HoursBefore(window.Outward(), kInPlane, day.span));
+    return Intersection(day.up, day.path.HoursBefore(window.Outward(), kSunInPlane, day.span));
 }
 
 LitHours FindLitHours(const DayOfAnalysis& day, const WindowQuestion& question, const SunTarget& target,

@@ -7,22 +7,17 @@
 #include "analysis/WindowTexts.h"
 #include "scene/EntityGroups.h"
 
-namespace {
-
-// What somebody may have meant for a window: lines, and what has an area. Dimensions, points and the like are marks.
-bool MayBeMeant(std::string_view type) {
+bool MayHaveArea(std::string_view type) {
     constexpr std::string_view kKinds[] = {"3DFACE",  "LWPOLYLINE", "POLYLINE", "MESH",    "SOLID",   "TRACE",
                                            "INSERT",  "REGION",     "HATCH",    "3DSOLID", "SURFACE", "CIRCLE",
                                            "ELLIPSE", "BODY",       "LINE",     "ARC"};
     return std::find(std::begin(kKinds), std::end(kKinds), type) != std::end(kKinds);
 }
 
-}  // namespace
-
 WindowEntity ReadWindowEntity(const AcDbDatabase& drawing, AcDbObjectId id, const EntityGroups& entity,
                               double millimetres) {
     WindowEntity read;
-    read.mayBeWindow = MayBeMeant(entity.Type());
+    read.mayBeWindow = MayHaveArea(entity.Type());
     if (!read.mayBeWindow) {
         if (!ReadWindowText(drawing, entity, read.text, read.textPoint))
             read.text = CString();

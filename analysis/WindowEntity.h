@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "analysis/DrawnOutline.h"
@@ -11,6 +12,10 @@
 
 class AcDbDatabase;
 class EntityGroups;
+
+// Whether somebody may have meant an entity of this kind for a window or another area: lines, and what has an area.
+// Dimensions, points and the like are marks.
+bool MayHaveArea(std::string_view type);
 
 struct WindowEntity {
     bool mayBeWindow = false;  // somebody may have meant it for one

@@ -270,9 +270,10 @@ std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAn
     return messages;
 }
 
-CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer) {
+CString FailureText(const DayRequest& request, const DayAnswer& answer) {
     switch (answer.failure) {
         case AnalysisFailure::None:
+        case AnalysisFailure::TooManyPoints:  // whoever asks for points tells how many
             break;
         case AnalysisFailure::NoPlace:
             return SayFormat(L"没有地区“%s”的位置，不能分析；用 --place 给出另一个地区",

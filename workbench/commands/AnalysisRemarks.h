@@ -11,7 +11,7 @@
 std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer);
 
 // Why there is no answer.
-CString FailureText(const AnalysisRequest& request, const AnalysisAnswer& answer);
+CString FailureText(const DayRequest& request, const DayAnswer& answer);
 
 // What was left out on request.
 CString LeftOutByScopeText(std::size_t entities);
