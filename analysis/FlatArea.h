@@ -1,0 +1,47 @@
+// A flat area: an outline in a plane of its own, and the grid of points in it.
+// Why: docs/decisions/analysis.md
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "analysis/Vector3.h"
+#include "scene/PolygonTriangles.h"
+
+// Why an outline encloses no flat area.
+enum class AreaFault {
+    None,
+    Empty,          // it encloses nothing
+    NotFlat,        // a corner lies off the plane of the others by more than a millimetre
+    Crossed,        // it crosses itself
+    TooManyCorners  // more than kMostPolygonCorners
+};
+
+enum class AreaPlane { Level, Tilted, Upright };
+
+// Lengths are millimetres.
+struct FlatArea {
+    AreaPlane plane = AreaPlane::Level;
+    Vector3 origin;
+    Vector3 right;                   // unit, level; the drawing's x axis for a level plane
+    Vector3 up;                      // unit
+    Vector3 outward;                 // unit; right x up; upwards unless the plane is upright
+    std::vector<FlatPoint> corners;  // along right and up from the origin
+    FlatPoint inside;                // some point well within
+    double area = 0.0;               // square millimetres; of the corners, whatever arcs they stand for
+
+    Vector3 At(const FlatPoint& point) const { return origin + right * point.x + up * point.y; }
+    // Looks to the other side; up stays.
+    void Turn();
+};
+
+// The area within an outline of at least one corner, whose last joins its first.
+AreaFault FlatAreaOf(const std::vector<Vector3>& corners, FlatArea& area);
+
+// How many points a grid of square cells of this size has in an area, about; at least as many as it has rows and
+// columns. Any finite number, however large.
+double CountGridPoints(const FlatArea& area, double spacing);
+
+// The middles of the cells that lie in the area, along its right and up: row by row from below, each from the left. The
+// grid has its middle in that of the rectangle around the outline. Where no cell has its middle in the area, `inside`.
+std::vector<FlatPoint> GridPoints(const FlatArea& area, double spacing);

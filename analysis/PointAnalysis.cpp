@@ -1,0 +1,251 @@
+// From a drawing to its areas, the points in them, and the day of each.
+#include "analysis/PointAnalysis.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "analysis/BodyInside.h"
+#include "analysis/Boxes.h"
+#include "analysis/DaysSun.h"
+#include "analysis/DrawnAreas.h"
+#include "analysis/OccluderSet.h"
+#include "analysis/SceneRemarks.h"
+#include "analysis/ShadowCaster.h"
+#include "analysis/Tolerances.h"
+#include "analysis/UsualWindowLayers.h"
+#include "analysis/WindowDay.h"
+#include "analysis/WindowSides.h"
+#include "platform/host/DrawingUnits.h"
+#include "scene/Scene.h"
+#include "settings/AnalysisParameters.h"
+
+namespace {
+
+// How far beside a plane it is asked what is inside.
+constexpr double kBesidePlane = 2.0;
+
+// What stands for an upright area where a window is asked for: a small one, well within.
+DrawnWindow WindowIn(const FlatArea& shape) {
+    constexpr double kSize = 20.0;
+    DrawnWindow window;
+    window.right = shape.right;
+    window.width = kSize;
+    window.height = kSize;
+    window.lowerLeft = shape.At(shape.inside) - (shape.right + shape.up) * (0.5 * kSize);
+    return window;
+}
+
+class Analysis {
+public:
+    Analysis(const AcDbDatabase& drawing, const PointRequest& request, double millimetres)
+        : m_drawing(drawing), m_request(request), m_millimetres(millimetres) {}
+    PointAnswer Run(const AnalysisProgress& progress);
+
+private:
+    // An area with the hours whose sun is valid for it.
+    struct Area {
+        DrawnArea drawn;
+        bool hasSide = true;
+        HourSpans valid;
+    };
+
+    void ReadDrawing();
+    void TellSides();
+    bool MakePoints();
+    void AnalyseAll(const AnalysisProgress& progress);
+    void TellValidHours(const DayOfAnalysis& day);
+    void Analyse(const DayOfAnalysis& day, PointResult& point) const;
+    void SumUp(OutlineResult& outline) const;
+    void RemarkOnPointsInside();
+    Vector3 Before(const PointResult& point) const;
+
+    const AcDbDatabase& m_drawing;
+    const PointRequest& m_request;
+    double m_millimetres;
+    OccluderSet m_occluders;
+    std::vector<Area> m_areas;
+    PointAnswer m_answer;
+};
+
+PointAnswer Analysis::Run(const AnalysisProgress& progress) {
+    ReadDrawing();
+    TellSides();
+    if (MakePoints())
+        AnalyseAll(progress);
+    if (m_answer.failure != AnalysisFailure::None) {
+        m_answer.outlines.clear();
+        m_answer.points.clear();
+    }
+    return std::move(m_answer);
+}
+
+void Analysis::ReadDrawing() {
+    {
+        std::vector<CString> withoutShadow = m_request.areaLayers;
+        withoutShadow.insert(withoutShadow.end(), std::begin(kUsualWindowLayers), std::end(kUsualWindowLayers));
+        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights});
+        m_occluders = MakeOccluders(scene, m_drawing, withoutShadow, m_millimetres);
+        m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
+    }
+    std::optional<double> level = m_request.level;
+    if (level)
+        *level *= kMillimetresPerMetre;
+    AreasOfDrawing found = FindAreas(m_drawing, m_request.areaLayers, m_millimetres, level);
+    m_answer.areaRemarks = std::move(found.remarks);
+    for (DrawnArea& area : found.areas)
+        m_areas.push_back({std::move(area), true, {}});
+}
+
+void Analysis::TellSides() {
+    const BodyInside bodies(m_occluders);
+    SideRules rules{g_nWinThickness, g_nSunDistPrec, g_nSunWinOffset, m_request.facing};
+    if (rules.facing)
+        *rules.facing += m_request.north;  // from the drawing's x axis
+    std::vector<DrawnWindow> windows;
+    for (Area& area : m_areas) {
+        FlatArea& shape = area.drawn.shape;
+        const Vector3 way = shape.outward * kBesidePlane;
+        const Vector3 inside = shape.At(shape.inside);
+        if (shape.plane == AreaPlane::Upright)
+            windows.push_back(WindowIn(shape));
+        else if (shape.plane == AreaPlane::Tilted && bodies.IsInside(inside + way) && !bodies.IsInside(inside - way))
+            shape.Turn();
+    }
+    ::TellSides(windows, m_occluders, rules);
+    auto window = windows.begin();
+    for (Area& area : m_areas) {
+        FlatArea& shape = area.drawn.shape;
+        if (shape.plane != AreaPlane::Upright)
+            continue;
+        area.hasSide = window->hasSide;
+        if (Dot(window->right, shape.right) < 0.0)
+            shape.Turn();
+        if (!area.hasSide)
+            m_answer.areaRemarks.push_back({AreaRemark::Kind::NoSide, {}, area.drawn.handle, 0});
+        ++window;
+    }
+}
+
+// False when there are too many.
+bool Analysis::MakePoints() {
+    const double spacing = m_request.spacing * kMillimetresPerMetre;
+    double count = 0.0;
+    for (const Area& area : m_areas)
+        if (area.hasSide)
+            count += CountGridPoints(area.drawn.shape, spacing);
+    if (count <= static_cast<double>(kMostPoints))
+        for (std::size_t i = 0; i < m_areas.size(); ++i) {
+            const DrawnArea& drawn = m_areas[i].drawn;
+            OutlineResult outline;
+            outline.handle = drawn.handle;
+            outline.area = drawn.shape.area * drawn.arcShare / (kMillimetresPerMetre * kMillimetresPerMetre);
+            outline.firstPoint = m_answer.points.size();
+            if (m_areas[i].hasSide)
+                for (const FlatPoint& each : GridPoints(drawn.shape, spacing)) {
+                    const Vector3 place = drawn.shape.At(each) * (1.0 / kMillimetresPerMetre);
+                    m_answer.points.push_back(
+                        {QcGePoint(place.x, place.y, place.z), static_cast<std::uint32_t>(i), {}, 0.0});
+                }
+            outline.pointCount = m_answer.points.size() - outline.firstPoint;
+            m_answer.outlines.push_back(outline);
+        }
+    m_answer.pointCount = std::max(count, static_cast<double>(m_answer.points.size()));
+    if (m_answer.pointCount > static_cast<double>(kMostPoints))
+        m_answer.failure = AnalysisFailure::TooManyPoints;
+    return m_answer.failure == AnalysisFailure::None;
+}
+
+void Analysis::AnalyseAll(const AnalysisProgress& progress) {
+    const DaysSun sun = FindDaysSun(m_request, m_request.leastAltitude.value_or(0.0), m_answer);
+    const ShadowCaster caster(m_occluders, sun.path, sun.up, g_nSunDistPrec);
+    const BoxTree faceTree(BoxesAround(m_occluders.faces));
+    DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, sun.path};
+    day.span = sun.span;
+    day.up = sun.up;
+    day.north = m_request.north;
+    day.offset = g_nSunWinOffset;
+    day.precision = g_nSunDistPrec;
+    TellValidHours(day);
+    for (std::size_t i = 0; i < m_answer.points.size(); ++i) {
+        if (progress && !progress(i, m_answer.points.size())) {
+            m_answer.failure = AnalysisFailure::Cancelled;
+            return;
+        }
+        Analyse(day, m_answer.points[i]);
+    }
+    for (OutlineResult& outline : m_answer.outlines)
+        SumUp(outline);
+    RemarkOnPointsInside();
+}
+
+// The rules go by a wall: points that lie in none have none.
+void Analysis::TellValidHours(const DayOfAnalysis& day) {
+    for (Area& area : m_areas)
+        area.valid = area.drawn.shape.plane == AreaPlane::Upright ? ValidHours(day, WindowIn(area.drawn.shape))
+                                                                  : HourSpans(day.span);
+}
+
+Vector3 Analysis::Before(const PointResult& point) const {
+    const Vector3 place{point.place.x, point.place.y, point.place.z};
+    return place * kMillimetresPerMetre + m_areas[point.outline].drawn.shape.outward * g_nSunWinOffset;
+}
+
+void Analysis::Analyse(const DayOfAnalysis& day, PointResult& point) const {
+    const Area& area = m_areas[point.outline];
+    SunTarget target;
+    target.middle = Before(point);
+    target.right = area.drawn.shape.right;
+    target.up = area.drawn.shape.up;
+    target.outward = area.drawn.shape.outward;
+    const HourSpans before = Intersection(day.up, day.path.HoursBefore(target.outward, kSunInPlane, day.span));
+    HourSpans lit = Difference(before, day.caster.HiddenHours(target, before));
+    lit.DropShorterThan(kShortestHours);
+    HourSpans sunlit = Intersection(lit, area.valid);
+    sunlit.DropShorterThan(kShortestHours);
+    point.sunlit = sunlit.All();
+    point.total = CountSun(sunlit, day.span, day.standard).judged;
+}
+
+void Analysis::SumUp(OutlineResult& outline) const {
+    if (outline.pointCount == 0)
+        return;
+    const auto first = m_answer.points.begin() + static_cast<std::ptrdiff_t>(outline.firstPoint);
+    const auto last = first + static_cast<std::ptrdiff_t>(outline.pointCount);
+    const double needed = m_request.need.value_or(0.0) * 60.0 - kMinuteTolerance;
+    std::size_t enough = 0;
+    outline.least = first->total;
+    for (auto point = first; point != last; ++point) {
+        outline.least = std::min(outline.least, point->total);
+        outline.most = std::max(outline.most, point->total);
+        outline.mean += point->total;
+        enough += point->total >= needed ? 1 : 0;
+    }
+    outline.mean /= static_cast<double>(outline.pointCount);
+    if (m_request.need)
+        outline.share = static_cast<double>(enough) / static_cast<double>(outline.pointCount);
+}
+
+void Analysis::RemarkOnPointsInside() {
+    const BodyInside bodies(m_occluders);
+    for (const OutlineResult& outline : m_answer.outlines) {
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < outline.pointCount; ++i) {
+            const PointResult& point = m_answer.points[outline.firstPoint + i];
+            count += point.sunlit.empty() && bodies.IsInside(Before(point)) ? 1 : 0;
+        }
+        if (count != 0)
+            m_answer.areaRemarks.push_back({AreaRemark::Kind::PointsInside, {}, outline.handle, count});
+    }
+}
+
+}  // namespace
+
+PointAnswer AnalysePoints(const AcDbDatabase& drawing, const PointRequest& request, const AnalysisProgress& progress) {
+    PointAnswer answer;
+    const DrawingUnit unit = UnitOf(drawing);
+    answer.unit = unit.name;
+    if (!CanBeAsked(request, unit.millimetres, answer))
+        return answer;
+    return Analysis(drawing, request, *unit.millimetres).Run(progress);
+}
