@@ -183,7 +183,7 @@ TEST(AnalysisAsJson, ComparesWindowsOnlyWithAProject) {
     EXPECT_FALSE(DocumentOf(report).contains("proposed"));
     report.request.proposedLayers = {L"方案", L"B"};
     EXPECT_EQ(DocumentOf(report)["proposed"], (Json{"方案", "B"}));
-    EXPECT_EQ(MembersOf(DocumentOf(report))[5], "proposed");
+    EXPECT_EQ(MembersOf(DocumentOf(report))[8], "proposed");
 }
 
 TEST(AnalysisAsJson, HasBeforeAllMembersOfAWindow) {

@@ -2,95 +2,27 @@
 #include "workbench/commands/AnalyseCommand.h"
 
 #include <algorithm>
-#include <cmath>
-#include <string>
 
 #include "facts/NumberText.h"
-#include "facts/ShippedSettings.h"
-#include "facts/StandardSearch.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/ExitCode.h"
-#include "platform/host/Output.h"
 #include "platform/host/Progress.h"
 #include "platform/host/Subcommands.h"
-#include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisAsCsv.h"
 #include "workbench/commands/AnalysisAsJson.h"
 #include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTable.h"
-#include "workbench/commands/AskedSettings.h"
-#include "workbench/commands/HeightOptions.h"
+#include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
-#include "workbench/commands/ValueErrors.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
 
-// An answer that is passed on when all of it is there.
-class HeldOutput : public Output {
-public:
-    explicit HeldOutput(Output& to) : m_to(to) {}
-    void Write(std::string_view text) override { m_text += text; }
-    void Complain(const CString& text) override { m_to.Complain(text); }
-    void PassOn() { m_to.Write(m_text); }
-
-private:
-    Output& m_to;
-    std::string m_text;
-};
-
-CString BadDegreesText(const wchar_t* option, const CString& value) {
-    return SayFormat(L"%s 的值“%s”不对：请写一个度数，例如 15 或 -7.5", option, Printable(value));
-}
-
-CString BadNeedText(const CString& value) {
-    return SayFormat(L"--need 的值“%s”不对：请写需要的小时数，大于 0、不超过 24，例如 2 或 1.5", Printable(value));
-}
-
-CString BadAltitudeText(const CString& value) {
-    return SayFormat(L"--least-altitude 的值“%s”不对：请写太阳高度角的度数，大于 0、小于 90，例如 5", Printable(value));
-}
-
 CString BadThreadsText(const CString& value) {
     return SayFormat(L"--threads 的值“%s”不对：请写同时计算的线程数，1 到 256", Printable(value));
-}
-
-// Gives an ExitCode, like the following ones. Whole turns are taken away.
-int ReadDirection(const wchar_t* option, const std::optional<CString>& text, std::optional<double>& degrees) {
-    constexpr double kTurn = 360.0;
-    if (!text)
-        return kExitOk;
-    degrees = ParseDecimal(*text);
-    if (!degrees)
-        return Refuse(kExitUsage, BadDegreesText(option, *text));
-    degrees = std::fmod(*degrees, kTurn);
-    return kExitOk;
-}
-
-int ReadDirections(const AnalyseOptions& options, AnalysisRequest& request) {
-    std::optional<double> north;
-    const int code = ReadDirection(L"--north", options.north, north);
-    request.north = north.value_or(0.0);
-    return code ? code : ReadDirection(L"--facing", options.facing, request.facing);
-}
-
-int ReadLimits(const AnalyseOptions& options, AnalysisRequest& request) {
-    constexpr double kMostHours = 24.0;
-    constexpr double kZenith = 90.0;
-    if (options.need) {
-        request.need = ParseDecimal(*options.need);
-        if (!request.need || *request.need <= 0.0 || *request.need > kMostHours)
-            return Refuse(kExitUsage, BadNeedText(*options.need));
-    }
-    if (options.leastAltitude) {
-        request.leastAltitude = ParseDecimal(*options.leastAltitude);
-        if (!request.leastAltitude || *request.leastAltitude <= 0.0 || *request.leastAltitude >= kZenith)
-            return Refuse(kExitUsage, BadAltitudeText(*options.leastAltitude));
-    }
-    return kExitOk;
 }
 
 int ReadProposed(const AnalyseOptions& options, AnalysisRequest& request) {
@@ -122,42 +54,12 @@ int ReadOptions(const AnalyseOptions& options, AnalysisRequest& request) {
             return Refuse(kExitUsage, Say(L"--windows 的值是空的：请写窗所在图层的名字，例如 --windows WINDOW"));
     request.windowLayers = options.windows;
     request.isScoped = options.isScoped;
-    int code = ReadHeights(options.heights, request.heights);
-    if (!code)
-        code = ReadDirections(options, request);
-    if (!code)
-        code = ReadLimits(options, request);
+    int code = ReadAskedDay(options.day, request);
     if (!code)
         code = ReadProposed(options, request);
     if (!code)
         code = ReadThreads(options, request);
     return code ? code : ReadAskedPlan(options.plan, request.plan);
-}
-
-int ReadSettings(const AnalyseOptions& options, AnalysisRequest& request) {
-    const AskedSettings asked = ReadAskedSettings({options.place, options.date, options.standard});
-    if (asked.code)
-        return asked.code;
-    request.settings = asked.settings;
-    if (!request.settings.place)
-        return kExitFailed;  // why has been said
-    request.terms = TermsFor(request.settings.Day());
-    return request.terms.IsReasonable() ? kExitOk : Refuse(kExitFailed, UnreasonableTermsText());
-}
-
-// Where the request's standard stands in the list, and what was changed in it.
-void FindStandardOf(AnalysisReport& report) {
-    const CString& name = report.request.settings.standard->name;
-    const OrvoStdSet* kept = FindStandard(g_SunDataSet, name);
-    if (!kept)
-        return;
-    const OrvoStdSet* current = StandardAt(g_SunDataSet, g_SunDataSet.m_nCurStd);
-    report.isCurrentStandard = current && StandardOf(*current).name == name;
-    if (report.isCurrentStandard)
-        kept = current;  // of several with one name
-    while (StandardAt(g_SunDataSet, report.standardIndex) != kept)
-        ++report.standardIndex;
-    report.changes = ChangesFromShipped(*kept, ReadShippedSettings().get());
 }
 
 bool Print(const AnalysisReport& report, const AnalyseOptions& options, Output& output, Progress& progress) {
@@ -190,7 +92,7 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     report.drawing = options.file.value_or(CString());
     int code = ReadOptions(options, report.request);
     if (!code)
-        code = ReadSettings(options, report.request);
+        code = ReadDaySettings(options.day, report.request);
     if (code)
         return code;
     AcDbDatabase drawing;
@@ -200,7 +102,7 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     report.answer = Analyse(drawing, report.request, progress);
     if (report.answer.failure != AnalysisFailure::None)
         return Refuse(kExitFailed, FailureText(report.request, report.answer));
-    FindStandardOf(report);
+    FindStandardOf(report.request.settings, report);
     if (!options.isJson && !options.isCsv)
         report.shading = ShadingEntitiesOf(drawing, report.answer);
     if (!options.isJson && !options.isCsv && IsCompared(report))
@@ -243,17 +145,10 @@ Subcommand AnalyseSubcommand() {
                 return RunAnalyse(
                     {call.GetValue(L"FILE"),
                      call.GetValues(L"--windows"),
-                     call.GetValues(L"--height"),
-                     call.GetValue(L"--north"),
-                     call.GetValue(L"--facing"),
-                     call.GetValue(L"--need"),
-                     call.GetValue(L"--least-altitude"),
+                     AskedDayOf(call),
                      call.GetValues(L"--proposed"),
                      call.GetValue(L"--threads"),
                      call.HasFlag(L"--scope"),
-                     call.GetValue(L"--place"),
-                     call.GetValue(L"--date"),
-                     call.GetValue(L"--standard"),
                      call.HasFlag(L"--csv"),
                      call.HasFlag(L"--json"),
                      {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")}},

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/base/CString.h"
+#include "workbench/commands/AskedDay.h"
 #include "workbench/commands/AskedPlan.h"
 
 class Output;
@@ -13,19 +14,12 @@ class Progress;
 struct Subcommand;
 
 struct AnalyseOptions {
-    std::optional<CString> file;           // a DXF file
-    std::vector<CString> windows;          // names of layers; none: WINDOW and 窗
-    std::vector<CString> heights;          // each a layer, = and metres
-    std::optional<CString> north;          // degrees, any turn
-    std::optional<CString> facing;         // degrees, any turn
-    std::optional<CString> need;           // hours, above 0 and up to 24
-    std::optional<CString> leastAltitude;  // degrees, above 0 and below 90
-    std::vector<CString> proposed;         // names of layers
-    std::optional<CString> threads;        // from 1 to 256
+    std::optional<CString> file;   // a DXF file
+    std::vector<CString> windows;  // names of layers; none: WINDOW and 窗
+    AskedDay day;
+    std::vector<CString> proposed;   // names of layers
+    std::optional<CString> threads;  // from 1 to 256
     bool isScoped = false;
-    std::optional<CString> place;  // as in orvo info
-    std::optional<CString> date;
-    std::optional<CString> standard;
     bool isCsv = false;  // not both
     bool isJson = false;
     AskedPlan plan;

@@ -1,39 +1,16 @@
 // Window by window, because a document of a million of them would fill the memory before its first line is written.
 #include "workbench/commands/AnalysisAsJson.h"
 
-#include <nlohmann/json.hpp>
 #include <string>
 
-#include "facts/DayText.h"
-#include "platform/host/HandleText.h"
 #include "platform/host/Output.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/commands/SunAsJson.h"
+#include "workbench/commands/JsonPieces.h"
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-template <class T>
-Json OrNull(const std::optional<T>& value) {
-    return value ? Json(*value) : Json(nullptr);
-}
-
-Json HandleAsJson(std::uint64_t handle) {
-    return handle == 0 ? Json(nullptr) : Json(ToUtf8(HandleText(handle).View()));
-}
-
-Json PeriodAsJson(SunPeriod period) {
-    return {{"start", period.start}, {"end", period.end}, {"minutes", period.Minutes()}};
-}
-
-Json PeriodsAsJson(const std::vector<SunPeriod>& periods) {
-    Json list = Json::array();
-    for (const SunPeriod& period : periods)
-        list.push_back(PeriodAsJson(period));
-    return list;
-}
 
 Json DroppedAsJson(const std::vector<DroppedPeriod>& dropped) {
     Json list = Json::array();
@@ -115,61 +92,34 @@ Json WindowAsJson(const AnalysisReport& report, const WindowResult& window) {
     return document;
 }
 
-// Everything before the windows.
-Json HeadAsJson(const AnalysisReport& report) {
-    const AnalysisRequest& request = report.request;
-    Json document;
-    document["note"] = ToUtf8(NoteOf(request.settings).View());
-    document["place"] = PlaceAsJson(request.settings);
-    document["date"] = IsoDay(request.terms.day);
-    document["standard"] = ListedStandardAsJson(report.standardIndex, report.isCurrentStandard,
-                                                *request.settings.standard, report.changes);
-    document["north"] = request.north;
-    for (const LayerHeight& each : request.heights)
-        document["heights"].push_back({{"layer", ToUtf8(each.layer.View())}, {"metres", each.metres}});
-    for (const CString& layer : request.proposedLayers)
-        document["proposed"].push_back(ToUtf8(layer.View()));
-    document["need"] = OrNull(request.need);
-    document["span"] = {{"start", report.answer.span.start}, {"end", report.answer.span.end}};
-    document["beijingOffset"] = report.answer.beijingOffset;
-    return document;
+// The line of the project's layers in the head; nothing without a project.
+std::string ProposedLine(const AnalysisReport& report) {
+    if (!IsCompared(report))
+        return {};
+    Json layers;
+    for (const CString& layer : report.request.proposedLayers)
+        layers.push_back(ToUtf8(layer.View()));
+    return "  \"proposed\": " + JsonLines(layers, 1) + ",\n";
 }
 
 Json LeftOutAsJson(const LeftOut& leftOut) {
     return {{"scope", OrNull(leftOut.entities)}, {"belowAltitude", OrNull(leftOut.belowAltitude)}};
 }
 
-// The lines of a value that stands `depth` levels deep in a document, without blanks before the first.
-std::string Lines(const Json& value, int depth) {
-    constexpr int kIndent = 2;
-    const std::string text = value.dump(kIndent, ' ', false, Json::error_handler_t::replace);
-    const std::string blanks(static_cast<std::size_t>(depth) * kIndent, ' ');
-    std::string lines;
-    for (const char character : text) {  // a line end within a text is written as \n
-        lines += character;
-        if (character == '\n')
-            lines += blanks;
-    }
-    return lines;
-}
-
 }  // namespace
 
 bool PrintAnalysisAsJson(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
-    constexpr std::string_view kEnd = "\n}";
-    std::string head = Lines(HeadAsJson(report), 0);
-    head.resize(head.size() - kEnd.size());
-    output.Write(head + ",\n  \"windows\": [");
+    output.Write(HeadLines(report, report.request, report.answer) + ProposedLine(report) + "  \"windows\": [");
     const std::vector<WindowResult>& windows = report.answer.windows;
     for (std::size_t i = 0; i < windows.size(); ++i) {
         if (!goOn(i, windows.size()))
             return false;
-        output.Write((i == 0 ? "\n    " : ",\n    ") + Lines(WindowAsJson(report, windows[i]), 2));
+        output.Write((i == 0 ? "\n    " : ",\n    ") + JsonLines(WindowAsJson(report, windows[i]), 2));
     }
     output.Write(windows.empty() ? "]" : "\n  ]");
     const LeftOut leftOut = LeftOutOf(report);
     if (leftOut.entities || leftOut.belowAltitude)
-        output.Write(",\n  \"leftOut\": " + Lines(LeftOutAsJson(leftOut), 1));
+        output.Write(",\n  \"leftOut\": " + JsonLines(LeftOutAsJson(leftOut), 1));
     output.Write("\n}\n");
     return true;
 }

@@ -6,17 +6,13 @@
 #include <vector>
 
 #include "analysis/WindowAnalysis.h"
+#include "workbench/commands/DayReport.h"
 #include "workbench/commands/ShadingEntities.h"
-#include "workbench/commands/StandardRules.h"
 
 // A plain value; the place and the standard of the request are there.
-struct AnalysisReport {
-    CString drawing;  // the file, as it was asked for; may be empty
+struct AnalysisReport : DayReport {
     AnalysisRequest request;
     AnalysisAnswer answer;
-    int standardIndex = 0;  // in the list of standards
-    bool isCurrentStandard = false;
-    StandardChanges changes;  // of the standard
     std::vector<ShadingEntity> shading;
     std::vector<ShadingEntity> taking;  // those of the project that take sun away
 };

@@ -1,7 +1,6 @@
-// The head of the table, its order, and what stands below it.
+// The order of the table, and what stands below it.
 #include "workbench/commands/AnalysisTable.h"
 
-#include "facts/DayText.h"
 #include "facts/NearestNames.h"
 #include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
@@ -9,55 +8,17 @@
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisChanges.h"
+#include "workbench/commands/AnalysisHead.h"
 #include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTotals.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/commands/SunRows.h"
 #include "workbench/commands/WindowRows.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
 
-// Without its folders, which belong to one machine.
-CString NameOf(const CString& file) {
-    return file.Mid(file.ReverseFind(L'/') + 1);
-}
-
 using Align = TextTable::Align;
-
-CString HeightsText(const std::vector<LayerHeight>& heights) {
-    std::vector<CString> texts;
-    for (const LayerHeight& each : heights)
-        texts.push_back(SayFormat(L"%s 高 %s 米", each.layer, DoubleToText(each.metres)));
-    return JoinNames(texts);
-}
-
-void PrintHead(const AnalysisReport& report, Output& output) {
-    const AnalysisRequest& request = report.request;
-    const AnalysisAnswer& answer = report.answer;
-    output.Line(Printable(NoteOf(request.settings)));
-    output.Line(L"");
-    TextTable table({Align::Left, Align::Left});
-    if (!report.drawing.IsEmpty())
-        table.Add({Say(L"图形"), Printable(NameOf(report.drawing))});
-    AddPlaceRows(table, request.settings);
-    table.Add({Say(L"分析日期"), Printable(DayInWords(request.terms.day))});
-    AddTermRows(table, request.terms);
-    table.Add({Say(L"分析时段"), SayFormat(L"真太阳时 %s，北京时间 %s", PeriodText(answer.span, 0.0),
-                                           PeriodText(answer.span, answer.beijingOffset))});
-    if (request.north != 0.0)
-        table.Add({Say(L"正北"), SayFormat(L"从图形的 y 轴起逆时针 %s 度", DoubleToText(request.north))});
-    if (!request.heights.empty())
-        table.Add({Say(L"图层高度"), HeightsText(request.heights)});
-    if (IsCompared(report))
-        table.Add({Say(L"方案图层"), JoinNames(request.proposedLayers)});
-    table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))
-                                          : Say(L"没有给出（--need），只列出日照")});
-    table.PrintTo(output);
-    output.Line(RulesInOneLine(*request.settings.standard));
-    output.Line(L"");
-}
 
 void PrintEntities(const std::vector<ShadingEntity>& entities, const CString& heading, Output& output) {
     if (entities.empty())
@@ -82,7 +43,10 @@ void PrintLeftOut(const LeftOut& leftOut, Output& output) {
 }  // namespace
 
 bool PrintAnalysisTable(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
-    PrintHead(report, output);
+    std::vector<HeadRow> project;
+    if (IsCompared(report))
+        project.push_back({Say(L"方案图层"), JoinNames(report.request.proposedLayers)});
+    PrintHead(report, report.request, report.answer, project, output);
     if (!PrintWindowRows(report, output, goOn))
         return false;
     PrintTotals(report.answer.windows, output);

@@ -27,7 +27,7 @@ class Proposed(AnalyseTest):
     def test_a_window_has_its_own_members_and_those_of_a_drawing_without_the_project(self):
         name = self.put(drawing(*SITE, TOWER))
         document = self.document(*self.asked(name))
-        self.assertEqual(list(document), [*DOCUMENT[:5], "proposed", *DOCUMENT[5:]])
+        self.assertEqual(list(document), [*DOCUMENT[:8], "proposed", *DOCUMENT[8:]])
         self.assertEqual(document["proposed"], ["方案"])
         plain = self.document(*self.asked(name)[:-2])["windows"]
         without = self.document(*self.asked(self.put(drawing(*SITE), "b.dxf"))[:-2])["windows"]

@@ -1,0 +1,58 @@
+// Rows of what was asked.
+#include "workbench/commands/AnalysisHead.h"
+
+#include "analysis/DayRequest.h"
+#include "facts/DayText.h"
+#include "facts/NearestNames.h"
+#include "facts/StandardWords.h"
+#include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
+#include "platform/host/Output.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/DayReport.h"
+#include "workbench/commands/SunRows.h"
+#include "workbench/terminal/TextTable.h"
+
+namespace {
+
+using Align = TextTable::Align;
+
+// Without its folders, which belong to one machine.
+CString NameOf(const CString& file) {
+    return file.Mid(file.ReverseFind(L'/') + 1);
+}
+
+CString HeightsText(const std::vector<LayerHeight>& heights) {
+    std::vector<CString> texts;
+    for (const LayerHeight& each : heights)
+        texts.push_back(SayFormat(L"%s 高 %s 米", each.layer, DoubleToText(each.metres)));
+    return JoinNames(texts);
+}
+
+}  // namespace
+
+void PrintHead(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+               const std::vector<HeadRow>& own, Output& output) {
+    output.Line(Printable(NoteOf(request.settings)));
+    output.Line(L"");
+    TextTable table({Align::Left, Align::Left});
+    if (!report.drawing.IsEmpty())
+        table.Add({Say(L"图形"), Printable(NameOf(report.drawing))});
+    AddPlaceRows(table, request.settings);
+    table.Add({Say(L"分析日期"), Printable(DayInWords(request.terms.day))});
+    AddTermRows(table, request.terms);
+    table.Add({Say(L"分析时段"), SayFormat(L"真太阳时 %s，北京时间 %s", PeriodText(answer.span, 0.0),
+                                           PeriodText(answer.span, answer.beijingOffset))});
+    if (request.north != 0.0)
+        table.Add({Say(L"正北"), SayFormat(L"从图形的 y 轴起逆时针 %s 度", DoubleToText(request.north))});
+    if (!request.heights.empty())
+        table.Add({Say(L"图层高度"), HeightsText(request.heights)});
+    for (const HeadRow& row : own)
+        table.Add({row.name, row.value});
+    table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))
+                                          : Say(L"没有给出（--need），只列出日照")});
+    table.PrintTo(output);
+    output.Line(RulesInOneLine(*request.settings.standard));
+    output.Line(L"");
+}
