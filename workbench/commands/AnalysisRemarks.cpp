@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_map>
 
 #include "analysis/DrawnWindows.h"
 #include "facts/NearestNames.h"
@@ -12,6 +11,7 @@
 #include "scene/Scene.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/RepeatedMessages.h"
 
 namespace {
 
@@ -66,7 +66,34 @@ CString ProjectText(const AnalysisRemark& remark) {
     }
 }
 
-CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
+// What to say of the further windows with a note.
+const wchar_t* FurtherText(WindowNote note) {
+    switch (note) {
+        case WindowNote::Cut:
+            return L"另有 %d 个窗有面穿过：%s";
+        case WindowNote::Inside:
+            return L"另有 %d 个窗在闭合的体内：%s";
+        case WindowNote::NoSide:
+            return L"另有 %d 个窗分不清哪一侧是室外：%s";
+        case WindowNote::Narrower:
+            return L"另有 %d 个窗比标准的最小窗宽窄：%s";
+    }
+    return L"";
+}
+
+void AddNotes(const AnalysisAnswer& answer, std::vector<CString>& messages) {
+    for (const WindowNote note : {WindowNote::Cut, WindowNote::Inside, WindowNote::NoSide, WindowNote::Narrower}) {
+        RepeatedMessages repeated;
+        for (const WindowResult& window : answer.windows)
+            if (std::find(window.notes.begin(), window.notes.end(), note) != window.notes.end())
+                repeated.Add(window.handle, SayFormat(L"窗 %s：%s", WindowLabel(window), NoteWord(note)));
+        repeated.Take(messages, FurtherText(note));
+    }
+}
+
+}  // namespace
+
+CString RemarkText(const AnalysisRemark& remark, const AnalysisRequest& request) {
     switch (remark.kind) {
         case Kind::NoWindows:
             return SayFormat(
@@ -152,82 +179,6 @@ CString TextOf(const AnalysisRemark& remark, const AnalysisRequest& request) {
     return CString();
 }
 
-// The same said of many: after the first ones only their handles, each once. What stands in one block has one handle,
-// and often one name.
-class Repeated {
-public:
-    void Add(std::uint64_t handle, const CString& text) {
-        constexpr std::size_t kOneByOne = 10;
-        if (std::find(m_texts.begin(), m_texts.end(), text) != m_texts.end())
-            return;
-        if (m_texts.size() < kOneByOne) {
-            m_texts.push_back(text);
-            return;
-        }
-        const auto [place, isNew] = m_places.try_emplace(handle, m_others.size());
-        if (isNew)
-            m_others.push_back({handle, 0});
-        ++m_others[place->second].count;
-    }
-
-    // `format` takes how many they are, and their handles.
-    void Take(std::vector<CString>& messages, const wchar_t* format) const {
-        constexpr std::size_t kInOne = 50;
-        messages.insert(messages.end(), m_texts.begin(), m_texts.end());
-        for (std::size_t i = 0; i < m_others.size(); i += kInOne) {
-            CString handles;
-            int count = 0;
-            for (std::size_t k = i; k < std::min(i + kInOne, m_others.size()); ++k) {
-                count += m_others[k].count;
-                handles += (k == i ? L"" : L" ") + TextOf(m_others[k]);
-            }
-            messages.push_back(SayFormat(format, count, handles));
-        }
-    }
-
-private:
-    struct Other {
-        std::uint64_t handle;
-        int count;
-    };
-
-    static CString TextOf(const Other& other) {
-        const CString handle = HandleOrNone(other.handle);
-        return other.count == 1 ? handle : handle + L" (" + IntToText(other.count) + L")";
-    }
-
-    std::vector<CString> m_texts;
-    std::vector<Other> m_others;
-    std::unordered_map<std::uint64_t, std::size_t> m_places;
-};
-
-// What to say of the further windows with a note.
-const wchar_t* FurtherText(WindowNote note) {
-    switch (note) {
-        case WindowNote::Cut:
-            return L"另有 %d 个窗有面穿过：%s";
-        case WindowNote::Inside:
-            return L"另有 %d 个窗在闭合的体内：%s";
-        case WindowNote::NoSide:
-            return L"另有 %d 个窗分不清哪一侧是室外：%s";
-        case WindowNote::Narrower:
-            return L"另有 %d 个窗比标准的最小窗宽窄：%s";
-    }
-    return L"";
-}
-
-void AddNotes(const AnalysisAnswer& answer, std::vector<CString>& messages) {
-    for (const WindowNote note : {WindowNote::Cut, WindowNote::Inside, WindowNote::NoSide, WindowNote::Narrower}) {
-        Repeated repeated;
-        for (const WindowResult& window : answer.windows)
-            if (std::find(window.notes.begin(), window.notes.end(), note) != window.notes.end())
-                repeated.Add(window.handle, SayFormat(L"窗 %s：%s", WindowLabel(window), NoteWord(note)));
-        repeated.Take(messages, FurtherText(note));
-    }
-}
-
-}  // namespace
-
 CString LeftOutByScopeText(std::size_t entities) {
     return SayFormat(L"按范围和高度的参数，%s 个实体没有计入对某些窗的遮挡（--scope）。", CountText(entities));
 }
@@ -247,21 +198,21 @@ CString WindowLayersText(const AnalysisRequest& request) {
 
 std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer) {
     std::vector<CString> messages;
-    Repeated noWindows;
-    Repeated tooLarge;
-    Repeated tooMany;
-    Repeated external;
+    RepeatedMessages noWindows;
+    RepeatedMessages tooLarge;
+    RepeatedMessages tooMany;
+    RepeatedMessages external;
     for (const AnalysisRemark& remark : answer.remarks)
         if (remark.kind == Kind::NotAWindow)
-            noWindows.Add(remark.handle, TextOf(remark, request));
+            noWindows.Add(remark.handle, RemarkText(remark, request));
         else if (remark.kind == Kind::TooLarge)
-            tooLarge.Add(remark.handle, TextOf(remark, request));
+            tooLarge.Add(remark.handle, RemarkText(remark, request));
         else if (remark.kind == Kind::TooManyInBlock)
-            tooMany.Add(remark.handle, TextOf(remark, request));
+            tooMany.Add(remark.handle, RemarkText(remark, request));
         else if (remark.kind == Kind::External)
-            external.Add(remark.handle, TextOf(remark, request));
+            external.Add(remark.handle, RemarkText(remark, request));
         else
-            messages.push_back(TextOf(remark, request));
+            messages.push_back(RemarkText(remark, request));
     tooLarge.Take(messages, L"另有 %d 个块参照的面太多：%s");
     tooMany.Take(messages, L"另有 %d 个块参照的窗太多：%s");
     external.Take(messages, L"另有 %d 个块参照是或含有外部参照：%s");

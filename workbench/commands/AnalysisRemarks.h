@@ -10,7 +10,10 @@
 // each, the others are told together, by their handles.
 std::vector<CString> MessagesOf(const AnalysisRequest& request, const AnalysisAnswer& answer);
 
-// Why there is no answer.
+// One remark as a message.
+CString RemarkText(const AnalysisRemark& remark, const AnalysisRequest& request);
+
+// Why there is no answer, unless there are too many points.
 CString FailureText(const DayRequest& request, const DayAnswer& answer);
 
 // What was left out on request.

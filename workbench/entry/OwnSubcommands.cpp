@@ -6,6 +6,7 @@
 #include "workbench/commands/EntityCommand.h"
 #include "workbench/commands/InfoCommand.h"
 #include "workbench/commands/ListCommands.h"
+#include "workbench/commands/PointsCommand.h"
 #include "workbench/commands/RecordCommand.h"
 #include "workbench/commands/SetCommand.h"
 #include "workbench/commands/ShadowCommand.h"
@@ -13,9 +14,10 @@
 #include "workbench/window/WindowCommand.h"
 
 bool AddOwnSubcommands(void* applicationHandle, CString& reason) {
-    for (const Subcommand& row : {AnalyseSubcommand(), AnalyzeSubcommand(), InfoSubcommand(), SunSubcommand(),
-                                  TermsSubcommand(), PlacesSubcommand(), StandardsSubcommand(), ShadowSubcommand(),
-                                  RecordSubcommand(), EntitySubcommand(), SetSubcommand(), WindowSubcommand()})
+    for (const Subcommand& row :
+         {AnalyseSubcommand(), AnalyzeSubcommand(), PointsSubcommand(), InfoSubcommand(), SunSubcommand(),
+          TermsSubcommand(), PlacesSubcommand(), StandardsSubcommand(), ShadowSubcommand(), RecordSubcommand(),
+          EntitySubcommand(), SetSubcommand(), WindowSubcommand()})
         if (!HostSubcommands().Add(row, applicationHandle, reason))
             return false;
     return true;
