@@ -78,6 +78,13 @@ TEST(FlatArea, OneSmallerThanACellHasOnePointInside) {
     EXPECT_TRUE(IsWithin(corners, area.At(points[0])));
 }
 
+TEST(FlatArea, ThePointInsideIsNotInANeedle) {
+    const FlatArea area =
+        AreaOf({{0, 0, 0}, {900, 0, 0}, {900, 440, 0}, {1500, 450, 0}, {900, 460, 0}, {900, 900, 0}, {0, 900, 0}});
+    EXPECT_GT(area.inside.x, 100.0);
+    EXPECT_LT(area.inside.x, 800.0);
+}
+
 TEST(FlatArea, GridsHoldWhatLiesWithin) {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> radius(2000.0, 20000.0);

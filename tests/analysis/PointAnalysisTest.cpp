@@ -210,6 +210,15 @@ TEST(PointAnalysis, AnUprightOutlineInTheOpenHasNoSideUntilAskedFor) {
     }
 }
 
+// True north lies along -x, so that south is along +x.
+TEST(PointAnalysis, FacingsCountFromTrueEast) {
+    PointRequest request = Asking(Winter());
+    request.north = 90.0;
+    request.facing = 270.0;
+    const std::string screen = Area({{0, 0, 0}, {0, 500, 0}, {0, 500, 500}, {0, 0, 500}});
+    ExpectPeriods(OnlyPoint(PointsIn(screen, request)).sunlit, AroundNoon(kWinter.Sunset()));
+}
+
 // The hours of the Shanghai rule hold for a wall, 9 to 15 for one to the south, and the least angle to the wall; ground
 // has none.
 TEST(PointAnalysis, RulesThatGoByAWallHoldOnWalls) {
