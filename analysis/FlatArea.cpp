@@ -206,6 +206,8 @@ AreaFault FlatAreaOf(const std::vector<Vector3>& corners, FlatArea& area) {
     if (!DividePolygon(area.corners, pieces) || pieces.empty())
         return AreaFault::Crossed;
     area.area = 0.5 * std::fabs(TwiceSignedArea(area.corners));
+    if (2.0 * area.area <= kWindowTolerance * extent)
+        return AreaFault::Empty;
     area.inside = PointInside(area.corners, pieces);
     return AreaFault::None;
 }

@@ -11,7 +11,7 @@
 // Why an outline encloses no flat area.
 enum class AreaFault {
     None,
-    Empty,          // it encloses nothing
+    Empty,          // it encloses nothing, or as little as a strip of a millimetre
     NotFlat,        // a corner lies off the plane of the others by more than a millimetre
     Crossed,        // it crosses itself
     TooManyCorners  // more than kMostPolygonCorners

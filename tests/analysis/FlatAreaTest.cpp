@@ -169,6 +169,8 @@ TEST(FlatArea, WhatIsNoAreaSaysWhy) {
     EXPECT_EQ(FaultOf({{5, 5, 5}}), AreaFault::Empty);
     EXPECT_EQ(FaultOf({{0, 0, 0}, {1000, 0, 0}}), AreaFault::Empty);
     EXPECT_EQ(FaultOf({{0, 0, 0}, {1000, 0, 0}, {2000, 0, 0}, {500, 0, 0}}), AreaFault::Empty);
+    // Two needles, out and back, of which one runs the other way.
+    EXPECT_EQ(FaultOf({{5e6, 7000, 0}, {2000, 1000, 0}, {0, 7000, 0}, {2000.0001, 1000, 0}}), AreaFault::Empty);
     // A bow tie, whose halves run opposite ways and cancel each other out.
     EXPECT_EQ(FaultOf({{0, 0, 0}, {1000, 1000, 0}, {1000, 0, 0}, {0, 1000, 0}}), AreaFault::Crossed);
     EXPECT_EQ(FaultOf({{0, 0, 0}, {3000, 0, 0}, {1000, 2000, 0}, {1000, -500, 0}}), AreaFault::Crossed);
