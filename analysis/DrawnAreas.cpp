@@ -43,15 +43,16 @@ Kind KindOf(AreaFault fault) {
 class AreaFinder : private BlockVisitor {
 public:
     AreaFinder(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
-               std::optional<double> level)
+               std::optional<double> level, std::size_t mostAreas)
         : m_drawing(drawing),
+          m_mostAreas(mostAreas),
           m_millimetres(millimetres),
           m_level(level),
           m_layers(drawing),
           m_layer0(m_layers.Find("0")),
           m_areaLayers(drawing, layers),
           m_blocks(drawing, m_layers),
-          m_walk(*this, kStepsForEachArea * kMostAreas) {}
+          m_walk(*this, kStepsForEachArea * mostAreas) {}
 
     AreasOfDrawing Run();
 
@@ -71,6 +72,7 @@ private:
     void Leave(const LayerLook&) override {}
 
     const AcDbDatabase& m_drawing;
+    std::size_t m_mostAreas;
     double m_millimetres;
     std::optional<double> m_level;
     LayerTable m_layers;
@@ -113,7 +115,7 @@ void AreaFinder::TakeInsert(AcDbObjectId, const EntityGroups& entity, const Laye
     BlockInsert insert;
     const Block* const block = !layer.isFrozen && ReadInsert(entity, insert) ? m_blocks.Find(insert.name) : nullptr;
     if (block && !block->isFaulty &&
-        !m_walk.Walk(*block, insert, layer, kMostAreas - std::min(m_found.areas.size(), kMostAreas)))
+        !m_walk.Walk(*block, insert, layer, m_mostAreas - std::min(m_found.areas.size(), m_mostAreas)))
         return Remark(Kind::TooManyInBlock);
     if (m_hasMet || !WantsLayer(layer))
         return;
@@ -216,6 +218,6 @@ void AreaFinder::Visit(const Block& block, const Placement& placement, const Lay
 }  // namespace
 
 AreasOfDrawing FindAreas(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
-                         std::optional<double> level) {
-    return AreaFinder(drawing, layers, millimetres, level).Run();
+                         std::optional<double> level, std::size_t mostAreas) {
+    return AreaFinder(drawing, layers, millimetres, level, mostAreas).Run();
 }

@@ -24,7 +24,7 @@ struct AreasOfDrawing {
     std::vector<AreaRemark> remarks;
 };
 
-// Beyond this an INSERT's areas are left out.
+// An INSERT that would bring more than the most areas has none.
 inline constexpr std::size_t kMostAreas = 1'000'000;
 
 // On layers of these names (as WindowLayers takes them) that are seen: 3DFACEs, closed polylines, circles, SOLIDs and
@@ -32,4 +32,4 @@ inline constexpr std::size_t kMostAreas = 1'000'000;
 // are chords at most 5 mm off, or 64 to an arc. All of that in blocks, too, wherever an INSERT puts them: what lies on
 // layer 0 there lies on the INSERT's layer. `millimetres` is one unit of the drawing.
 AreasOfDrawing FindAreas(const AcDbDatabase& drawing, const std::vector<CString>& layers, double millimetres,
-                         std::optional<double> level);
+                         std::optional<double> level, std::size_t mostAreas = kMostAreas);

@@ -8,6 +8,7 @@
 #include "DrawingForWindows.h"
 #include "PaperHouse.h"
 #include "RandomScene.h"
+#include "analysis/DrawnAreas.h"
 #include "analysis/PointAnalysis.h"
 #include "settings/OrvoStdSet.h"
 
@@ -322,6 +323,26 @@ TEST(PointAnalysis, AreasInBlocksAreWhereTheBlockIs) {
     EXPECT_NE(RemarkOf(answer, Kind::Open), nullptr);
     const OpenDrawing other(drawing(Entity("INSERT", "5=C1 8=OTHER 2=PARK 10=0 20=0")));
     EXPECT_TRUE(AnalysePoints(other.database, Asking(Winter())).outlines.empty());
+}
+
+// Of two INSERTs of three areas each the second would bring more than the most; it is told, and has none.
+TEST(PointAnalysis, BlocksBeyondTheMostAreasHaveNone) {
+    std::string block = Entity("BLOCK", "2=PARK 10=0 20=0");
+    for (int i = 0; i < 3; ++i)
+        block += Entity("CIRCLE", "8=GREEN 10=0 20=0 40=1000");
+    const std::string inserts =
+        Entity("INSERT", "5=C1 8=0 2=PARK 10=0 20=0") + Entity("INSERT", "5=C2 8=0 2=PARK 10=0 20=0");
+    const OpenDrawing drawing(
+        DrawingOf(Section("BLOCKS", block + Entity("ENDBLK", "")) + Section("ENTITIES", inserts)));
+    for (const auto& [most, count] : {std::pair(4U, 3U), std::pair(6U, 6U)}) {
+        const AreasOfDrawing found = FindAreas(drawing.database, {L"GREEN"}, 1.0, {}, most);
+        EXPECT_EQ(found.areas.size(), count);
+        ASSERT_EQ(found.remarks.size(), most == 4U ? 1U : 0U);
+        if (most == 4U) {
+            EXPECT_EQ(found.remarks[0].kind, Kind::TooManyInBlock);
+            EXPECT_EQ(found.remarks[0].handle, 0xC2U);
+        }
+    }
 }
 
 TEST(PointAnalysis, ALevelTakesOutlinesInPlan) {
