@@ -12,6 +12,7 @@
 #include "analysis/OccluderSet.h"
 #include "analysis/SceneRemarks.h"
 #include "analysis/ShadowCaster.h"
+#include "analysis/SharedWork.h"
 #include "analysis/Tolerances.h"
 #include "analysis/UsualWindowLayers.h"
 #include "analysis/WindowDay.h"
@@ -167,12 +168,12 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     day.offset = g_nSunWinOffset;
     day.precision = g_nSunDistPrec;
     TellValidHours(day);
-    for (std::size_t i = 0; i < m_answer.points.size(); ++i) {
-        if (progress && !progress(i, m_answer.points.size())) {
-            m_answer.failure = AnalysisFailure::Cancelled;
-            return;
-        }
-        Analyse(day, m_answer.points[i]);
+    const bool isDone = ShareWork(
+        m_answer.points.size(), m_request.threads, [&](std::size_t i) { Analyse(day, m_answer.points[i]); },
+        [&](std::size_t done) { return !progress || progress(done, m_answer.points.size()); });
+    if (!isDone) {
+        m_answer.failure = AnalysisFailure::Cancelled;
+        return;
     }
     for (OutlineResult& outline : m_answer.outlines)
         SumUp(outline);

@@ -132,6 +132,29 @@ TEST(PointAnalysis, TheShareIsOfThePointsWithEnough) {
     EXPECT_FALSE(PointsIn(wall + Area(Rectangle(0, 0, 1000, 40000)), request).outlines[0].share.has_value());
 }
 
+TEST(PointAnalysis, HasTheSameAnswerWithAnyNumberOfThreads) {
+    const std::string wall = Block({}, -20000, -5300, 20000, -5000, 0, 10000);
+    PointRequest request = Asking(Winter());
+    request.need = 2.0;
+    request.threads = 1;
+    const PointAnswer expected = PointsIn(wall + Area(Rectangle(0, 0, 10000, 40000)), request);
+    ASSERT_GT(expected.points.size(), 300U);
+    for (const unsigned threads : {2U, 3U, 7U, 0U}) {
+        request.threads = threads;
+        const PointAnswer answer = PointsIn(wall + Area(Rectangle(0, 0, 10000, 40000)), request);
+        ASSERT_EQ(answer.points.size(), expected.points.size());
+        for (std::size_t i = 0; i < answer.points.size(); ++i) {
+            EXPECT_EQ(answer.points[i].total, expected.points[i].total);
+            ASSERT_EQ(answer.points[i].sunlit.size(), expected.points[i].sunlit.size());
+            for (std::size_t k = 0; k < answer.points[i].sunlit.size(); ++k) {
+                EXPECT_EQ(answer.points[i].sunlit[k].start, expected.points[i].sunlit[k].start);
+                EXPECT_EQ(answer.points[i].sunlit[k].end, expected.points[i].sunlit[k].end);
+            }
+        }
+        EXPECT_EQ(answer.outlines[0].share, expected.outlines[0].share);
+    }
+}
+
 TEST(PointAnalysis, ARoofIsNotHiddenByItsOwnFace) {
     const std::string house = Block({}, 0, 0, 10000, 8000, 0, 6000);
     for (const double z : {6000.0, 5999.0}) {
@@ -412,6 +435,7 @@ TEST(PointAnalysis, TooManyPointsAreCountedAndNotMade) {
 
 TEST(PointAnalysis, WhatIsMissingIsTold) {
     PointRequest request = Asking(Winter());
+    request.threads = 1;  // so that each point is asked before
     const OpenDrawing drawing(DrawingWith(Area(Rectangle(0, 0, 9000, 9000))));
     std::size_t asked = 0;
     const PointAnswer cancelled = AnalysePoints(drawing.database, request, [&](std::size_t done, std::size_t total) {
@@ -422,6 +446,10 @@ TEST(PointAnalysis, WhatIsMissingIsTold) {
     EXPECT_EQ(cancelled.failure, AnalysisFailure::Cancelled);
     EXPECT_TRUE(cancelled.points.empty());
     EXPECT_EQ(asked, 5U);
+    request.threads = 3;
+    const PointAnswer atOnce = AnalysePoints(drawing.database, request, [](std::size_t, std::size_t) { return false; });
+    EXPECT_EQ(atOnce.failure, AnalysisFailure::Cancelled);
+    EXPECT_TRUE(atOnce.points.empty());
     request.settings.standard.reset();
     EXPECT_EQ(AnalysePoints(drawing.database, request).failure, AnalysisFailure::NoStandard);
     request.settings.place.reset();
