@@ -66,6 +66,67 @@ CString ProjectText(const AnalysisRemark& remark) {
     }
 }
 
+// What is wrong with single windows, and with all of them together.
+CString WindowsText(const AnalysisRemark& remark) {
+    switch (remark.kind) {
+        case Kind::NotAWindow:
+            if (!remark.subject.IsEmpty())
+                return SayFormat(
+                    L"块参照 %s（块“%s”）：窗图层上有 %s "
+                    L"个实体（或块参照本身）不是或不全是竖直的矩形或水平的直线：其余没有"
+                    L"当作窗，也不投影子",
+                    HandleOrNone(remark.handle), Printable(remark.subject), Count(remark));
+            return SayFormat(L"窗图层上的实体 %s 不是或不全是竖直的矩形或水平的直线：其余没有当作窗，也不投影子",
+                             HandleOrNone(remark.handle));
+        case Kind::LinesWithoutHeight:
+            return SayFormat(
+                L"窗图层上有 %s 条直线没有厚度，不知道窗高，没有当作窗；用 --window-height 给出，例如 --window-height "
+                L"1.5",
+                Count(remark));
+        case Kind::NothingRepeated:
+            return Say(L"--storeys 没有窗可以重复：只重复画成直线的窗");
+        case Kind::TinyWindows:
+            return SayFormat(L"所有的窗都不大于 %s 毫米：图形的单位可能不对；请在制图程序里更正",
+                             DoubleToText(remark.amount));
+        case Kind::LinesInRows:
+            return SayFormat(
+                L"有 %s 个画成直线的窗紧挨着另一条平行的窗线（相距不到半米，例如 %s）：每条线都当作一个窗；"
+                L"请只把外墙面上的一条留在窗图层",
+                Count(remark), HandleOrNone(remark.handle));
+        case Kind::SameNames:
+            return SayFormat(
+                L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
+                Count(remark), Printable(remark.subject));
+        default:
+            return CString();
+    }
+}
+
+// What casts no shadow, or stands in blocks that are too large.
+CString SceneText(const AnalysisRemark& remark) {
+    switch (remark.kind) {
+        case Kind::Faulty:
+            return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡：%s；请在制图程序里检查它们和它们的块",
+                             Count(remark), Printable(remark.subject));
+        case Kind::WithoutFaces:
+            return SayFormat(L"图形中有 %s 个不能读的体（%s），没有计入遮挡；请在制图程序里改成网格或三维面",
+                             Count(remark), Printable(remark.subject));
+        case Kind::TooLarge:
+            return SayFormat(L"块参照 %s 的面太多（图形一共超过 %s 个面），没有计入遮挡；请简化它的块",
+                             HandleOrNone(remark.handle), CountText(kMostSceneFaces));
+        case Kind::External:
+            return SayFormat(
+                L"块参照 %s "
+                L"是或含有外部参照“%s”：它的内容不在图形里，没有计入遮挡，其中的窗也没有分析；请在制图程序里绑定",
+                HandleOrNone(remark.handle), Printable(remark.subject));
+        case Kind::TooManyInBlock:
+            return SayFormat(L"块参照 %s 的窗太多（图形一共超过 %s 个窗），它的窗都没有分析；请简化它的块",
+                             HandleOrNone(remark.handle), Count(remark));
+        default:
+            return CString();
+    }
+}
+
 // What to say of the further windows with a note.
 const wchar_t* FurtherText(WindowNote note) {
     switch (note) {
@@ -112,33 +173,12 @@ CString RemarkText(const AnalysisRemark& remark, const AnalysisRequest& request)
             return SayFormat(L"窗图层“%s”关闭或冻结，其上的 %s 个实体没有分析；请先打开图层", Printable(remark.subject),
                              Count(remark));
         case Kind::NotAWindow:
-            if (!remark.subject.IsEmpty())
-                return SayFormat(
-                    L"块参照 %s（块“%s”）：窗图层上有 %s "
-                    L"个实体（或块参照本身）不是或不全是竖直的矩形或水平的直线：其余没有"
-                    L"当作窗，也不投影子",
-                    HandleOrNone(remark.handle), Printable(remark.subject), Count(remark));
-            return SayFormat(L"窗图层上的实体 %s 不是或不全是竖直的矩形或水平的直线：其余没有当作窗，也不投影子",
-                             HandleOrNone(remark.handle));
         case Kind::LinesWithoutHeight:
-            return SayFormat(
-                L"窗图层上有 %s 条直线没有厚度，不知道窗高，没有当作窗；用 --window-height 给出，例如 --window-height "
-                L"1.5",
-                Count(remark));
         case Kind::NothingRepeated:
-            return Say(L"--storeys 没有窗可以重复：只重复画成直线的窗");
         case Kind::TinyWindows:
-            return SayFormat(L"所有的窗都不大于 %s 毫米：图形的单位可能不对；请在制图程序里更正",
-                             DoubleToText(remark.amount));
         case Kind::LinesInRows:
-            return SayFormat(
-                L"有 %s 个画成直线的窗紧挨着另一条平行的窗线（相距不到半米，例如 %s）：每条线都当作一个窗；"
-                L"请只把外墙面上的一条留在窗图层",
-                Count(remark), HandleOrNone(remark.handle));
         case Kind::SameNames:
-            return SayFormat(
-                L"有 %s 个窗与别的窗同名（例如“%s”），它们的户和楼合在一起统计；请给它们各自的名称，例如在前面加楼号",
-                Count(remark), Printable(remark.subject));
+            return WindowsText(remark);
         case Kind::ProposedMissing:
         case Kind::ProposedInvisible:
         case Kind::ProposedEmpty:
@@ -146,22 +186,11 @@ CString RemarkText(const AnalysisRemark& remark, const AnalysisRequest& request)
         case Kind::AllProposed:
             return ProjectText(remark);
         case Kind::Faulty:
-            return SayFormat(L"图形中有 %s 个实体读不出来，没有计入遮挡：%s；请在制图程序里检查它们和它们的块",
-                             Count(remark), Printable(remark.subject));
         case Kind::WithoutFaces:
-            return SayFormat(L"图形中有 %s 个不能读的体（%s），没有计入遮挡；请在制图程序里改成网格或三维面",
-                             Count(remark), Printable(remark.subject));
         case Kind::TooLarge:
-            return SayFormat(L"块参照 %s 的面太多（图形一共超过 %s 个面），没有计入遮挡；请简化它的块",
-                             HandleOrNone(remark.handle), CountText(kMostSceneFaces));
         case Kind::External:
-            return SayFormat(
-                L"块参照 %s "
-                L"是或含有外部参照“%s”：它的内容不在图形里，没有计入遮挡，其中的窗也没有分析；请在制图程序里绑定",
-                HandleOrNone(remark.handle), Printable(remark.subject));
         case Kind::TooManyInBlock:
-            return SayFormat(L"块参照 %s 的窗太多（图形一共超过 %s 个窗），它的窗都没有分析；请简化它的块",
-                             HandleOrNone(remark.handle), Count(remark));
+            return SceneText(remark);
         case Kind::SpanUnusable:
             return Say(L"分析时段不是一天之内的时段（结束不晚于开始）：没有计入任何日照；用 orvo set 或另一个标准更改");
         case Kind::StepUnusable:
