@@ -8,18 +8,19 @@
 
 struct AreaRemark {
     enum class Kind {
-        NoAreas,         // none on the layers that were asked for
-        LayerMissing,    // `subject` is a layer that was asked for and that the drawing does not have
-        LayerInvisible,  // `subject` is a layer of areas that is off or frozen: `count` entities were passed over
-        NotAnOutline,    // the entity `handle` on a layer of areas is of a kind without an outline, or unsound
-        Open,            // the entity `handle` does not come back to its start
-        Empty,           // it encloses nothing, or nothing in plan where a level was asked for
-        NotFlat,         // it lies in no plane
-        Crossed,         // it crosses itself
-        TooManyCorners,  // it has more than can be looked through
-        TooManyInBlock,  // the INSERT `handle` would bring the areas beyond kMostAreas, and has none
-        NoSide,          // which side of the upright outline `handle` is outside cannot be told: it has no points
-        PointsInside,    // `count` points of the outline `handle` lie in a closed body, and have no sun
+        NoAreas,          // none on the layers that were asked for
+        LayerMissing,     // `subject` is a layer that was asked for and that the drawing does not have
+        LayerInvisible,   // `subject` is a layer of areas that is off or frozen: `count` entities were passed over
+        NotAnOutline,     // the entity `handle` on a layer of areas is of a kind without an outline, or unsound
+        Open,             // the entity `handle` does not come back to its start
+        Empty,            // it encloses nothing, or nothing in plan where a level was asked for
+        NotFlat,          // it lies in no plane
+        Crossed,          // it crosses itself
+        TooManyCorners,   // it has more than can be looked through
+        TooManyInBlock,   // the INSERT `handle` would bring the areas beyond kMostAreas, and has none
+        NoSide,           // which side of the upright outline `handle` is outside cannot be told: it has no points
+        PointsInside,     // `count` points of the outline `handle` lie in a closed body, and have no sun
+        TooManyIsolines,  // the lines of the outline `handle` would be too many to follow: it has none
     };
     Kind kind = Kind::NoAreas;
     CString subject;

@@ -112,26 +112,18 @@ double CountCells(const Extent& extent, double spacing) {
     return std::max(1.0, std::ceil(extent.Length() / spacing - kRoundingOfCells));
 }
 
-// The middles of cells along one axis.
-struct CellRow {
-    CellRow(const Extent& extent, double size)
-        : spacing(size), count(static_cast<std::size_t>(CountCells(extent, size))) {
-        first = extent.Middle() - 0.5 * (static_cast<double>(count) - 1.0) * spacing;
-    }
-    double At(std::size_t i) const { return first + static_cast<double>(i) * spacing; }
-    // The first one that is not below a value.
-    std::size_t From(double value) const {
-        const double near = std::floor((value - first) / spacing) - 1.0;
-        std::size_t i = near > 0.0 ? std::min(static_cast<std::size_t>(near), count) : 0;
-        while (i < count && At(i) < value)
-            ++i;
-        return i;
-    }
+// The middle of the first cell along one axis.
+double FirstMiddle(const Extent& extent, double spacing) {
+    return extent.Middle() - 0.5 * (CountCells(extent, spacing) - 1.0) * spacing;
+}
 
-    double spacing;
-    std::size_t count;
-    double first;
-};
+// The number of the first place at a pitch that is not below a value.
+std::int32_t FirstFrom(double value, double first, double pitch) {
+    auto i = static_cast<std::int32_t>(std::floor((value - first) / pitch)) - 1;
+    while (first + i * pitch < value)
+        ++i;
+    return i;
+}
 
 // The sides of an outline, met by rows from below.
 class RowWalk {
@@ -219,20 +211,33 @@ double CountGridPoints(const FlatArea& area, double spacing) {
     return std::min(count, std::numeric_limits<double>::max());
 }
 
-std::vector<FlatPoint> GridPoints(const FlatArea& area, double spacing) {
+Lattice GridLattice(const FlatArea& area, double spacing) {
     const Rectangle around = RectangleAround(area);
-    const CellRow columns(around.x, spacing);
-    const CellRow rows(around.y, spacing);
+    return {{FirstMiddle(around.x, spacing), FirstMiddle(around.y, spacing)}, spacing};
+}
+
+std::vector<LatticeNode> NodesWithin(const FlatArea& area, const Lattice& lattice) {
+    const Rectangle around = RectangleAround(area);
+    const FlatPoint& first = lattice.first;
     RowWalk walk(area.corners);
-    std::vector<FlatPoint> points;
-    for (std::size_t row = 0; row < rows.count; ++row) {
-        const std::vector<double>& crossings = walk.Crossings(rows.At(row));
+    std::vector<LatticeNode> nodes;
+    const std::int32_t last = FirstFrom(around.y.most, first.y, lattice.pitch);
+    for (std::int32_t row = FirstFrom(around.y.least, first.y, lattice.pitch); row < last; ++row) {
+        const std::vector<double>& crossings = walk.Crossings(first.y + row * lattice.pitch);
         for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
-            const std::size_t end = columns.From(crossings[i + 1]);
-            for (std::size_t column = columns.From(crossings[i]); column < end; ++column)
-                points.push_back({columns.At(column), rows.At(row)});
+            const std::int32_t end = FirstFrom(crossings[i + 1], first.x, lattice.pitch);
+            for (std::int32_t column = FirstFrom(crossings[i], first.x, lattice.pitch); column < end; ++column)
+                nodes.push_back({column, row});
         }
     }
+    return nodes;
+}
+
+std::vector<FlatPoint> GridPoints(const FlatArea& area, double spacing) {
+    const Lattice lattice = GridLattice(area, spacing);
+    std::vector<FlatPoint> points;
+    for (const LatticeNode& node : NodesWithin(area, lattice))
+        points.push_back(lattice.At(node.x, node.y));
     if (points.empty())
         points.push_back(area.inside);
     return points;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "analysis/Vector3.h"
@@ -45,3 +46,22 @@ double CountGridPoints(const FlatArea& area, double spacing);
 // The middles of the cells that lie in the area, along its right and up: row by row from below, each from the left. The
 // grid has its middle in that of the rectangle around the outline. Where no cell has its middle in the area, `inside`.
 std::vector<FlatPoint> GridPoints(const FlatArea& area, double spacing);
+
+// Points at a pitch from a first one, by their number in each direction.
+struct Lattice {
+    FlatPoint first;
+    double pitch = 0.0;
+
+    FlatPoint At(std::int32_t x, std::int32_t y) const { return {first.x + x * pitch, first.y + y * pitch}; }
+};
+
+struct LatticeNode {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+// That of the grid: its first point is the middle of the first cell of the first row, in the area or not.
+Lattice GridLattice(const FlatArea& area, double spacing);
+
+// Those that lie in the area, in the order of GridPoints.
+std::vector<LatticeNode> NodesWithin(const FlatArea& area, const Lattice& lattice);

@@ -2,6 +2,7 @@
 #include "analysis/PointAnalysis.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -56,10 +57,13 @@ private:
     bool MakePoints();
     void AnalyseAll(const AnalysisProgress& progress);
     void TellValidHours(const DayOfAnalysis& day);
+    HourSpans SunlitAt(const DayOfAnalysis& day, const Area& area, const Vector3& place) const;
     void Analyse(const DayOfAnalysis& day, PointResult& point) const;
+    bool FollowIsolines(const DayOfAnalysis& day, const std::function<bool()>& goOn);
     void SumUp(OutlineResult& outline) const;
     void RemarkOnPointsInside();
-    Vector3 Before(const PointResult& point) const;
+    Vector3 PlaceOf(const PointResult& point) const;
+    Vector3 Before(const Area& area, const Vector3& place) const;
 
     const AcDbDatabase& m_drawing;
     const PointRequest& m_request;
@@ -77,6 +81,7 @@ PointAnswer Analysis::Run(const AnalysisProgress& progress) {
     if (m_answer.failure != AnalysisFailure::None) {
         m_answer.outlines.clear();
         m_answer.points.clear();
+        m_answer.isolines.clear();
     }
     return std::move(m_answer);
 }
@@ -168,16 +173,18 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     day.offset = g_nSunWinOffset;
     day.precision = g_nSunDistPrec;
     TellValidHours(day);
-    const bool isDone = ShareWork(
-        m_answer.points.size(), m_request.threads, [&](std::size_t i) { Analyse(day, m_answer.points[i]); },
-        [&](std::size_t done) { return !progress || progress(done, m_answer.points.size()); });
-    if (!isDone) {
-        m_answer.failure = AnalysisFailure::Cancelled;
-        return;
-    }
+    const std::size_t count = m_answer.points.size();
+    const auto goOn = [&](std::size_t done) { return !progress || progress(done, count); };
+    bool isDone = ShareWork(
+        count, m_request.threads, [&](std::size_t i) { Analyse(day, m_answer.points[i]); }, goOn);
     for (OutlineResult& outline : m_answer.outlines)
         SumUp(outline);
-    RemarkOnPointsInside();
+    if (isDone && m_request.isolines)
+        isDone = FollowIsolines(day, [&] { return goOn(count); });
+    if (isDone)
+        RemarkOnPointsInside();
+    else
+        m_answer.failure = AnalysisFailure::Cancelled;
 }
 
 // The rules go by a wall: points that lie in none have none.
@@ -187,15 +194,17 @@ void Analysis::TellValidHours(const DayOfAnalysis& day) {
                                                                   : HourSpans(day.span);
 }
 
-Vector3 Analysis::Before(const PointResult& point) const {
-    const Vector3 place{point.place.x, point.place.y, point.place.z};
-    return place * kMillimetresPerMetre + m_areas[point.outline].drawn.shape.outward * g_nSunWinOffset;
+Vector3 Analysis::PlaceOf(const PointResult& point) const {
+    return Vector3{point.place.x, point.place.y, point.place.z} * kMillimetresPerMetre;
 }
 
-void Analysis::Analyse(const DayOfAnalysis& day, PointResult& point) const {
-    const Area& area = m_areas[point.outline];
+Vector3 Analysis::Before(const Area& area, const Vector3& place) const {
+    return place + area.drawn.shape.outward * g_nSunWinOffset;
+}
+
+HourSpans Analysis::SunlitAt(const DayOfAnalysis& day, const Area& area, const Vector3& place) const {
     SunTarget target;
-    target.middle = Before(point);
+    target.middle = Before(area, place);
     target.right = area.drawn.shape.right;
     target.up = area.drawn.shape.up;
     target.outward = area.drawn.shape.outward;
@@ -204,8 +213,46 @@ void Analysis::Analyse(const DayOfAnalysis& day, PointResult& point) const {
     lit.DropShorterThan(kShortestHours);
     HourSpans sunlit = Intersection(lit, area.valid);
     sunlit.DropShorterThan(kShortestHours);
+    return sunlit;
+}
+
+void Analysis::Analyse(const DayOfAnalysis& day, PointResult& point) const {
+    const HourSpans sunlit = SunlitAt(day, m_areas[point.outline], PlaceOf(point));
     point.sunlit = sunlit.All();
     point.total = CountSun(sunlit, day.span, day.standard).judged;
+}
+
+// False when it is not to go on.
+bool Analysis::FollowIsolines(const DayOfAnalysis& day, const std::function<bool()>& goOn) {
+    std::size_t cellsLeft = kMostIsolineCells;
+    for (std::size_t i = 0; i < m_areas.size(); ++i) {
+        const Area& area = m_areas[i];
+        IsolineSearch search{area.drawn.shape, m_request.spacing * kMillimetresPerMetre};
+        search.mostHours = static_cast<int>(std::ceil((m_answer.outlines[i].most - kMinuteTolerance) / 60.0)) - 1;
+        search.threads = m_request.threads;
+        search.minutesAt = [&](const FlatPoint& place) {
+            const HourSpans sunlit = SunlitAt(day, area, area.drawn.shape.At(place));
+            return CountSun(sunlit, day.span, day.standard).judged;
+        };
+        search.goOn = goOn;
+        std::vector<FlatIsoline> lines;
+        const IsolineOutcome outcome = FindIsolines(search, cellsLeft, lines);
+        if (outcome == IsolineOutcome::Cancelled)
+            return false;
+        if (outcome == IsolineOutcome::TooMany)
+            m_answer.areaRemarks.push_back({AreaRemark::Kind::TooManyIsolines, {}, area.drawn.handle, 0});
+        for (const FlatIsoline& line : lines) {
+            Isoline& placed = m_answer.isolines.emplace_back();
+            placed.hours = line.hours;
+            placed.outline = static_cast<std::uint32_t>(i);
+            placed.isClosed = line.isClosed;
+            for (const FlatPoint& point : line.points) {
+                const Vector3 place = area.drawn.shape.At(point) * (1.0 / kMillimetresPerMetre);
+                placed.points.emplace_back(place.x, place.y, place.z);
+            }
+        }
+    }
+    return true;
 }
 
 void Analysis::SumUp(OutlineResult& outline) const {
@@ -233,7 +280,7 @@ void Analysis::RemarkOnPointsInside() {
         std::size_t count = 0;
         for (std::size_t i = 0; i < outline.pointCount; ++i) {
             const PointResult& point = m_answer.points[outline.firstPoint + i];
-            count += point.sunlit.empty() && bodies.IsInside(Before(point)) ? 1 : 0;
+            count += point.sunlit.empty() && bodies.IsInside(Before(m_areas[point.outline], PlaceOf(point))) ? 1 : 0;
         }
         if (count != 0)
             m_answer.areaRemarks.push_back({AreaRemark::Kind::PointsInside, {}, outline.handle, count});

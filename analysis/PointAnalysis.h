@@ -9,6 +9,7 @@
 
 #include "analysis/AreaRemark.h"
 #include "analysis/DayRequest.h"
+#include "analysis/Isolines.h"
 #include "analysis/SunPeriod.h"
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
@@ -24,6 +25,7 @@ struct PointRequest : DayRequest {
     std::vector<CString> areaLayers;  // one or more
     double spacing = 1.0;             // metres from one point to the next, above 0
     std::optional<double> level;      // metres: every outline in plan, at this height; none: each in its own plane
+    bool isolines = false;            // whether lines of whole hours are asked for
 };
 
 // A closed outline on the layers of areas.
@@ -49,6 +51,7 @@ struct PointResult {
 struct PointAnswer : DayAnswer {
     std::vector<OutlineResult> outlines;  // in the drawing's order; none with a failure
     std::vector<PointResult> points;      // those of one outline together, in rows from below, each from the left
+    std::vector<Isoline> isolines;        // by outline, then by hours: of 1 to those below the most of its points
     std::vector<AreaRemark> areaRemarks;
     double pointCount = 0.0;  // that it would be, about; with TooManyPoints
 };

@@ -132,9 +132,9 @@ TEST(PointsTable, HasARowForEachOutline) {
 TEST(PointRemarks, EachKindIsToldOnce) {
     PointsReport report = TwoOutlines();
     std::set<std::string> texts;
-    for (const Kind kind :
-         {Kind::NoAreas, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAnOutline, Kind::Open, Kind::Empty,
-          Kind::NotFlat, Kind::Crossed, Kind::TooManyCorners, Kind::TooManyInBlock, Kind::NoSide, Kind::PointsInside}) {
+    for (const Kind kind : {Kind::NoAreas, Kind::LayerMissing, Kind::LayerInvisible, Kind::NotAnOutline, Kind::Open,
+                            Kind::Empty, Kind::NotFlat, Kind::Crossed, Kind::TooManyCorners, Kind::TooManyInBlock,
+                            Kind::NoSide, Kind::PointsInside, Kind::TooManyIsolines}) {
         report.answer.areaRemarks = {{kind, L"LAWN", 0x2AF, 17}};
         const std::vector<CString> messages = MessagesOf(report.request, report.answer);
         ASSERT_EQ(messages.size(), 1U);

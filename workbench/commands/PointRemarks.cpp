@@ -37,6 +37,8 @@ constexpr Words kOfOutlines[] = {
     {Kind::TooManyInBlock, L"块参照 %s 的轮廓太多，都没有点；请简化它的块", L"另有 %d 个块参照的轮廓太多：%s"},
     {Kind::NoSide, L"竖直的轮廓 %s 分不清哪一侧是室外，没有点；可用 --facing 给出朝向",
      L"另有 %d 个竖直的轮廓分不清哪一侧是室外：%s"},
+    {Kind::TooManyIsolines, L"轮廓 %s 的等时线太多太密，没有画出来；请用 --spacing 给出更大的点距",
+     L"另有 %d 个轮廓的等时线太多：%s"},
 };
 
 CString LayersText(const PointRequest& request) {

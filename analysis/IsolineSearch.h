@@ -1,0 +1,22 @@
+// What is asked of lines of equal hours on one area, and how it may end.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+#include "analysis/FlatArea.h"
+
+struct IsolineSearch {
+    const FlatArea& area;
+    double spacing = 1000.0;  // of the area's grid
+    int mostHours = 0;        // lines of 1 to so many hours
+    unsigned threads = 0;
+    // Minutes at a place within the area, or on its edge where it is narrower than some millimetres. Any thread.
+    std::function<double(const FlatPoint&)> minutesAt = nullptr;
+    std::function<bool()> goOn = nullptr;  // on the calling thread
+};
+
+enum class IsolineOutcome { Done, TooMany, Cancelled };
+
+// Whoever draws more finely than this sees no lines any more; 16 of these to a spacing along each line.
+inline constexpr std::size_t kMostIsolineCells = 4'000'000;
