@@ -11,6 +11,7 @@
 #include "analysis/DaysSun.h"
 #include "analysis/DrawnAreas.h"
 #include "analysis/OccluderSet.h"
+#include "analysis/ResultLayers.h"
 #include "analysis/SceneRemarks.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/SharedWork.h"
@@ -90,7 +91,7 @@ void Analysis::ReadDrawing() {
     {
         std::vector<CString> withoutShadow = m_request.areaLayers;
         withoutShadow.insert(withoutShadow.end(), std::begin(kUsualWindowLayers), std::end(kUsualWindowLayers));
-        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights});
+        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights, kResultLayers});
         m_occluders = MakeOccluders(scene, m_drawing, withoutShadow, m_millimetres);
         m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
     }
@@ -146,6 +147,8 @@ bool Analysis::MakePoints() {
             OutlineResult outline;
             outline.handle = drawn.handle;
             outline.area = drawn.shape.area * drawn.arcShare / (kMillimetresPerMetre * kMillimetresPerMetre);
+            const Vector3& outward = drawn.shape.outward;
+            outline.outward = QcGePoint(outward.x, outward.y, outward.z);
             outline.firstPoint = m_answer.points.size();
             if (m_areas[i].hasSide)
                 for (const FlatPoint& each : GridPoints(drawn.shape, spacing)) {

@@ -32,6 +32,7 @@ struct PointRequest : DayRequest {
 struct OutlineResult {
     std::uint64_t handle = 0;     // 0 where the drawing gives none
     double area = 0.0;            // square metres
+    QcGePoint outward;            // a direction of length 1, at right angles to the plane
     std::size_t firstPoint = 0;   // of PointAnswer::points
     std::size_t pointCount = 0;   // 0 only for an upright one whose outside cannot be told
     double least = 0.0;           // minutes of the point with the fewest

@@ -10,6 +10,7 @@
 #include "analysis/OccluderSet.h"
 #include "analysis/ProjectRemarks.h"
 #include "analysis/Reach.h"
+#include "analysis/ResultLayers.h"
 #include "analysis/SceneRemarks.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/SharedWork.h"
@@ -62,7 +63,7 @@ AnalysisAnswer Analysis::Run(const AnalysisProgress& progress) {
 void Analysis::ReadDrawing() {
     const std::vector<CString>& layers = m_request.windowLayers;
     {
-        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights});
+        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights, kResultLayers});
         m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres, m_request.proposedLayers);
         m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
         AddRemarksOnProject({m_drawing, scene, layers, m_request.proposedLayers}, m_answer.remarks);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <new>
 
+#include "analysis/ResultLayers.h"
 #include "analysis/UsualWindowLayers.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DxfScanner.h"
@@ -37,7 +38,10 @@ WindowLayers::WindowLayers(const AcDbDatabase& drawing, const std::vector<CStrin
 }
 
 std::optional<std::uint32_t> WindowLayers::IndexOf(std::string_view name) const {
-    const std::wstring key = KeyOf(m_drawing.Decode(TrimDxfValue(name)));
+    const CString text = m_drawing.Decode(TrimDxfValue(name));
+    if (IsResultLayer(text))
+        return {};
+    const std::wstring key = KeyOf(text);
     const auto layer =
         std::find_if(m_layers.begin(), m_layers.end(), [&](const Layer& each) { return each.key == key; });
     if (layer == m_layers.end())

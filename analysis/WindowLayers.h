@@ -16,7 +16,7 @@ class AcDbDatabase;
 class WindowLayers {
 public:
     // Layers by name; without any, WINDOW and 窗. Names are compared as texts, blanks at both ends aside, and without
-    // case (of ASCII letters).
+    // case (of ASCII letters). Those of results (ResultLayers.h) are never among them.
     WindowLayers(const AcDbDatabase& drawing, const std::vector<CString>& names);
 
     // Which of them the layer with this name, as it stands in the file, is; none for another one.

@@ -50,7 +50,8 @@ std::wstring KeyOf(const LayerHeight& height) {
 
 }  // namespace
 
-LayerTable::LayerTable(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights) : m_drawing(drawing) {
+LayerTable::LayerTable(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights, CString unseen)
+    : m_drawing(drawing), m_unseen(unseen.MakeLower().View()) {
     constexpr double kMillimetresPerMetre = 1000.0;
     const double unitsPerMetre = kMillimetresPerMetre / UnitOf(drawing).millimetres.value_or(1.0);
     for (std::size_t i = 0; i < heights.size(); ++i)
@@ -83,6 +84,10 @@ const LayerLook& LayerTable::Find(std::string_view name) {
         known->second = m_layers.try_emplace(key).first->second;
         if (const auto height = m_heights.find(key); height != m_heights.end())
             known->second.asked = &height->second;
+        if (!m_unseen.empty() && key.starts_with(m_unseen)) {
+            known->second.isVisible = false;
+            known->second.isFrozen = true;
+        }
         known->second.number = static_cast<std::uint32_t>(m_names.size());
         m_names.emplace_back(name);
     }

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/base/CString.h"
 #include "scene/LayerHeight.h"
 
 class AcDbDatabase;
@@ -38,8 +39,9 @@ struct LayerLook {
 
 class LayerTable {
 public:
-    // With heights for some layers; of several for one layer the first counts.
-    explicit LayerTable(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights = {});
+    // With heights for some layers; of several for one layer the first counts. Layers whose names begin with `unseen`
+    // are as good as frozen, unless it is empty.
+    explicit LayerTable(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights = {}, CString unseen = {});
 
     // The layer with a name as it stands in the file. Names are compared as texts and without case (of ASCII letters,
     // as everywhere); of several layers the first counts. One that the drawing does not have is visible, in colour 7.
@@ -56,6 +58,7 @@ private:
     std::wstring KeyOf(std::string_view name) const;
 
     const AcDbDatabase& m_drawing;
+    std::wstring m_unseen;
     std::unordered_map<std::wstring, LayerLook> m_layers;
     std::unordered_map<std::wstring, AskedHeight> m_heights;
     std::unordered_map<std::string, LayerLook> m_known;  // by the bytes of the names that were asked for

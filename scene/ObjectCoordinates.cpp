@@ -35,6 +35,11 @@ QcGePoint ObjectCoordinates::ToWorld(const QcGePoint& point) const {
             point.x * m_xAxis.z + point.y * m_yAxis.z + point.z * m_zAxis.z};
 }
 
+QcGePoint ObjectCoordinates::FromWorld(const QcGePoint& point) const {
+    const auto along = [&](const QcGeVector3d& axis) { return point.x * axis.x + point.y * axis.y + point.z * axis.z; };
+    return {along(m_xAxis), along(m_yAxis), along(m_zAxis)};
+}
+
 bool ReadExtrusion(const EntityGroups& entity, ObjectCoordinates& axes) {
     QcGePoint direction(0.0, 0.0, 1.0);
     if (!entity.Real(kExtrusion, direction.x) || !entity.Real(kExtrusion + 10, direction.y) ||

@@ -18,6 +18,8 @@ public:
 
     // A point in the world. With the world's own axes the numbers stay as they are.
     QcGePoint ToWorld(const QcGePoint& point) const;
+    // The other way round.
+    QcGePoint FromWorld(const QcGePoint& point) const;
 
 private:
     QcGeVector3d m_xAxis{1.0, 0.0, 0.0};

@@ -45,7 +45,7 @@ public:
     SceneBuilder(const AcDbDatabase& drawing, const SceneOptions& options)
         : m_drawing(drawing),
           m_heights(options.heights),
-          m_layers(drawing, options.heights),
+          m_layers(drawing, options.heights, options.unseenLayers),
           m_model{m_layers.Find("0"), EntityColor()},
           m_division(DivisionFor(drawing)),
           m_blocks(drawing, m_layers),

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "geometry/QcGeFace3dEX.h"
+#include "platform/base/CString.h"
 #include "platform/geometry/QcGePoint.h"
 #include "platform/host/AcDbObjectId.h"
 #include "scene/HiddenEdge.h"
@@ -42,6 +43,8 @@ struct ExternalInsert {
 struct SceneOptions {
     std::size_t mostFaces = kMostSceneFaces;
     std::vector<LayerHeight> heights;  // each layer once; of several for one the first counts
+    // Layers whose names begin so, whatever the case, are as good as frozen; empty: none.
+    CString unseenLayers = {};
 };
 
 // A value: it keeps nothing of the drawing but the ids.
