@@ -6,6 +6,7 @@
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/DrawingChange.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/Progress.h"
 #include "platform/host/Subcommands.h"
@@ -17,6 +18,8 @@
 #include "workbench/commands/AnalysisTable.h"
 #include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
+#include "workbench/commands/WindowsOnDrawing.h"
+#include "workbench/commands/WriteOption.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -54,7 +57,11 @@ int ReadOptions(const AnalyseOptions& options, AnalysisRequest& request) {
             return Refuse(kExitUsage, Say(L"--windows 的值是空的：请写窗所在图层的名字，例如 --windows WINDOW"));
     request.windowLayers = options.windows;
     request.isScoped = options.isScoped;
-    int code = ReadAskedDay(options.day, request);
+    int code = RefuseResultLayers(L"--windows", options.windows);
+    if (!code)
+        code = RefuseResultLayers(L"--proposed", options.proposed);
+    if (!code)
+        code = ReadAskedDay(options.day, request);
     if (!code)
         code = ReadProposed(options, request);
     if (!code)
@@ -95,6 +102,9 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
         code = ReadDaySettings(options.day, report.request);
     if (code)
         return code;
+    code = CheckWriteOption(*options.file, options.write);
+    if (code)
+        return code;
     AcDbDatabase drawing;
     CString message;
     if (drawing.dxfIn(*options.file, &message) != Acad::eOk)
@@ -113,6 +123,10 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     for (const CString& each : MessagesOf(report.request, report.answer))
         Complain(each);
     held.PassOn();
+    if (options.write)
+        code = WriteDrawing(drawing, WindowsOnDrawing(report, drawing), *options.write);
+    if (code)
+        return code;
     return IsAnyAnalysed(report.answer) ? kExitOk : kExitFailed;
 }
 
@@ -137,7 +151,7 @@ Subcommand AnalyseSubcommand() {
              ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
              ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
              ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
-             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames),
+             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
              FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
              L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json"},
@@ -151,7 +165,8 @@ Subcommand AnalyseSubcommand() {
                      call.HasFlag(L"--scope"),
                      call.HasFlag(L"--csv"),
                      call.HasFlag(L"--json"),
-                     {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")}},
+                     {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")},
+                     call.GetValue(L"--write")},
                     call.GetOutput(), call.GetProgress());
             },
             Say};

@@ -23,6 +23,7 @@ struct AnalyseOptions {
     bool isCsv = false;  // not both
     bool isJson = false;
     AskedPlan plan;
+    std::optional<CString> write;  // where the drawing with its results goes
 };
 
 // Gives an ExitCode: success once the sun of one window has been told, whatever the verdicts.

@@ -6,6 +6,7 @@
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
+#include "platform/host/DrawingChange.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/Progress.h"
 #include "platform/host/Subcommands.h"
@@ -15,8 +16,10 @@
 #include "workbench/commands/PointRemarks.h"
 #include "workbench/commands/PointsAsCsv.h"
 #include "workbench/commands/PointsAsJson.h"
+#include "workbench/commands/PointsOnDrawing.h"
 #include "workbench/commands/PointsReport.h"
 #include "workbench/commands/PointsTable.h"
+#include "workbench/commands/WriteOption.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -54,7 +57,10 @@ int ReadOptions(const PointsOptions& options, PointRequest& request) {
     if (hasBlank)
         return Refuse(kExitUsage, Say(L"没有给出轮廓的图层：请用 --areas 写轮廓所在图层的名字，例如 --areas GREEN"));
     request.areaLayers = options.areas;
-    const int code = ReadAskedDay(options.day, request);
+    request.isolines = options.write.has_value();
+    int code = RefuseResultLayers(L"--areas", options.areas);
+    if (!code)
+        code = ReadAskedDay(options.day, request);
     return code ? code : ReadGrid(options, request);
 }
 
@@ -88,6 +94,9 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
         code = ReadDaySettings(options.day, report.request);
     if (code)
         return code;
+    code = CheckWriteOption(*options.file, options.write);
+    if (code)
+        return code;
     AcDbDatabase drawing;
     CString message;
     if (drawing.dxfIn(*options.file, &message) != Acad::eOk)
@@ -102,6 +111,10 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
     for (const CString& each : MessagesOf(report.request, report.answer))
         Complain(each);
     held.PassOn();
+    if (options.write)
+        code = WriteDrawing(drawing, PointsOnDrawing(report, drawing), *options.write);
+    if (code)
+        return code;
     return report.answer.points.empty() ? kExitFailed : kExitOk;
 }
 
@@ -120,15 +133,15 @@ Subcommand PointsSubcommand() {
              ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
              ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
              ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
-             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames),
+             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
              FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo points courtyard.dxf --areas 地面 --spacing 2 --need 2",
              L"orvo points courtyard.dxf --areas 地面 --level 1.5 --json"},
             [](SubcommandCall& call) {
-                return RunPoints(
-                    {call.GetValue(L"FILE"), call.GetValues(L"--areas"), call.GetValue(L"--spacing"),
-                     call.GetValue(L"--level"), AskedDayOf(call), call.HasFlag(L"--csv"), call.HasFlag(L"--json")},
-                    call.GetOutput(), call.GetProgress());
+                return RunPoints({call.GetValue(L"FILE"), call.GetValues(L"--areas"), call.GetValue(L"--spacing"),
+                                  call.GetValue(L"--level"), AskedDayOf(call), call.HasFlag(L"--csv"),
+                                  call.HasFlag(L"--json"), call.GetValue(L"--write")},
+                                 call.GetOutput(), call.GetProgress());
             },
             Say};
 }

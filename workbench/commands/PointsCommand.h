@@ -20,6 +20,7 @@ struct PointsOptions {
     AskedDay day;
     bool isCsv = false;  // not both
     bool isJson = false;
+    std::optional<CString> write;  // where the drawing with its results goes
 };
 
 // Gives an ExitCode: success once the sun of one point has been told, whatever it is.
