@@ -79,3 +79,15 @@ TEST(ObjectCoordinates, StayWithoutADirection) {
     EXPECT_FALSE(coordinates.SetExtrusion({1e-13, 0, 0}));
     ExpectPoint(coordinates.ToWorld({0, 0, 1}), 1, 0, 0);
 }
+
+TEST(ObjectCoordinates, FromTheWorldAndBack) {
+    for (const QcGeVector3d& extrusion :
+         {QcGeVector3d(0, 0, 1), QcGeVector3d(0, 0, -2), QcGeVector3d(1, 0, 0), QcGeVector3d(0.3, -0.5, 0.8)}) {
+        ObjectCoordinates axes;
+        ASSERT_TRUE(axes.SetExtrusion(extrusion));
+        const QcGePoint back = axes.ToWorld(axes.FromWorld({1.5, -2.25, 7.0}));
+        EXPECT_NEAR(back.x, 1.5, 1e-12);
+        EXPECT_NEAR(back.y, -2.25, 1e-12);
+        EXPECT_NEAR(back.z, 7.0, 1e-12);
+    }
+}

@@ -91,6 +91,23 @@ TEST(Scene, PassesOverWhatIsInvisible) {
     }
 }
 
+// By how their names begin; an INSERT that lies on one hides all of its block, whatever layers that has.
+TEST(Scene, SeesNothingOnLayersThatAreAskedAway) {
+    const std::string block = Section(
+        "BLOCKS", Entity("BLOCK", "2=B 10=0 20=0") + Triangle("8=WALL") + Triangle("8=Mark_2") + Entity("ENDBLK", ""));
+    const OpenDrawing drawing(
+        DrawingOf(block + Section("ENTITIES", Triangle("8=MARK 62=1") + Triangle("8=mark_faces 62=2") +
+                                                  Triangle("8=REMARK 62=3") + Entity("LINE", "8=MARK") +
+                                                  Entity("INSERT", "8=MARK 2=B 10=0 20=0") +
+                                                  Entity("INSERT", "8=WALL 2=B 10=0 20=0"))));
+    EXPECT_EQ(BuildScene(drawing.database).faces.size(), 7U);
+    const Scene scene = BuildScene(drawing.database, {kMostSceneFaces, {}, L"Mark"});
+    ASSERT_EQ(scene.entities.size(), 2U);
+    EXPECT_EQ(scene.entities[0].colorIndex, 3);
+    EXPECT_EQ(scene.entities[1].faceCount, 1U);
+    EXPECT_TRUE(scene.passedOver.empty());
+}
+
 TEST(Scene, ShowsWhatIsNotInvisible) {
     for (const char* shown : {"60=0", "67=0", "8=locked", "8=later", "8=none", "60=x", ""})
         EXPECT_EQ(SceneOf(Triangle(shown), Layer("locked", "70=4 62=3") + Layer("later", "70=66 62=3")).faces.size(),

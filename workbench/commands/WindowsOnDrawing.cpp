@@ -14,15 +14,12 @@ namespace {
 
 constexpr int kRed = 1;
 constexpr int kGreen = 3;
-constexpr int kGrey = 8;
 
-// Of a need by whether it is met, else of the hours; grey where the sun could not be told.
+// Of a need by whether it is met, else of the hours; the layer's where the sun could not be told.
 int ColorOf(const WindowResult& window) {
-    if (!IsAnalysed(window))
-        return kGrey;
     if (window.passes)
         return *window.passes ? kGreen : kRed;
-    return window.color >= 1 && window.color <= kColorByLayer ? window.color : kColorByLayer;
+    return IsAnalysed(window) && window.color >= 1 ? window.color : kColorByLayer;
 }
 
 QcGePoint Moved(const QcGePoint& place, const QcGePoint& way, double far) {
