@@ -59,7 +59,8 @@ void AreaBorder::AddToTiles(std::uint32_t index, double reach) {
             from = std::clamp((bottom - low.y) / (high.y - low.y), 0.0, 1.0);
             to = std::clamp((top - low.y) / (high.y - low.y), 0.0, 1.0);
         }
-        const auto [left, right] = std::minmax(Between(low, high, from).x, Between(low, high, to).x);
+        const double ends[] = {Between(low, high, from).x, Between(low, high, to).x};
+        const auto [left, right] = std::minmax(ends[0], ends[1]);
         for (std::int64_t column = TileOf(left - reach); column <= TileOf(right + reach); ++column)
             m_tiles[KeyOf(column, row)].push_back(index);
     }

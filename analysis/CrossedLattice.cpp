@@ -136,8 +136,12 @@ bool CrossingSearch::AddSeedCells() {
     if (!Share(seeds.size(), [&](std::size_t i) { hours[i] = HoursAt(PlaceOf(seeds[i])); }))
         return false;
     std::vector<Probe> probes;
-    for (std::size_t i = 0; i < seeds.size(); ++i)
+    constexpr std::size_t kBetweenQuestions = 4096;
+    for (std::size_t i = 0; i < seeds.size(); ++i) {
+        if (i % kBetweenQuestions == 0 && !m_search.goOn())
+            return false;
         AddProbes(seeds, hours, i, probes);
+    }
     std::vector<std::vector<std::uint64_t>> cells(probes.size());
     const bool isDone = Share(probes.size(), [&](std::size_t i) {
         const Probe& probe = probes[i];

@@ -328,11 +328,3 @@ TEST(DrawnWindows, ComeInTheDrawingsOrderWithTheirHandles) {
     EXPECT_EQ(found.windows[2].handle, 0U);
     EXPECT_EQ(CountOf(found, Kind::NotAWindow), 1U);
 }
-
-// Even where somebody names them.
-TEST(DrawnWindows, LayersOfResultsHoldNone) {
-    const std::string window = Upright("8=ORVO_RESULT_WINDOWS", {}, 0, 0, 1500, 0, 1000, 2500);
-    const WindowsOfDrawing found = WindowsIn(window, {}, {L"orvo_result_windows"});
-    EXPECT_TRUE(found.windows.empty());
-    EXPECT_EQ(CountOf(found, AnalysisRemark::Kind::LayerMissing), 1U);
-}

@@ -149,6 +149,22 @@ TEST(IsolinesInScenes, LieInTheOutlinesPlane) {
     EXPECT_TRUE(AnalysePoints(drawing.database, request).isolines.empty());
 }
 
+// Where the sun shines from 9 to 15 hours at most there is none of six hours, which all but end in the open.
+TEST(IsolinesInScenes, GoUpToBelowTheMost) {
+    JudgedScene scene;
+    scene.Box(14000, 12000, 0, 20000, 17000, 4000);
+    const OpenDrawing drawing(TextWithArea(scene));
+    PointRequest request = Asking();
+    request.settings.standard->start = 9.0;
+    request.settings.standard->end = 15.0;
+    const PointAnswer answer = AnalysePoints(drawing.database, request);
+    EXPECT_NEAR(answer.outlines.at(0).most, 360.0, 1e-6);
+    int most = 0;
+    for (const Isoline& line : answer.isolines)
+        most = std::max(most, line.hours);
+    EXPECT_EQ(most, 5);
+}
+
 TEST(IsolinesInScenes, AreCancelledWithTheAnswer) {
     const OpenDrawing drawing(TextWithArea(Courtyard()));
     std::size_t whole = 0;
