@@ -1,4 +1,5 @@
 // Where lines of equal hours cross a fine lattice.
+// Why: docs/decisions/analysis.md
 #pragma once
 
 #include <array>

@@ -1,5 +1,4 @@
 // The windows of an analysis on their drawing: each in the colour of its result, its hours beside it.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include "platform/host/DrawingChange.h"
