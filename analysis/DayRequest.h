@@ -8,6 +8,7 @@
 
 #include "analysis/AnalysisRemark.h"
 #include "analysis/SunPeriod.h"
+#include "analysis/TuningParameters.h"
 #include "facts/DayTerms.h"
 #include "facts/Settings.h"
 #include "platform/base/CString.h"
@@ -25,6 +26,7 @@ struct DayRequest {
     std::vector<LayerHeight> heights;     // metres above 0; each layer once
     std::optional<double> leastAltitude;  // degrees, [0, 90): the sun counts from this altitude on
     unsigned threads = 0;                 // at most 256; 0: one for each core. The answer is the same with any number
+    TuningParameters tuning = CurrentTuningParameters();  // as they stand when the question is put together
 };
 
 enum class AnalysisFailure {

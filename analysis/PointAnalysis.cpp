@@ -21,7 +21,6 @@
 #include "analysis/WindowSides.h"
 #include "platform/host/DrawingUnits.h"
 #include "scene/Scene.h"
-#include "settings/AnalysisParameters.h"
 
 namespace {
 
@@ -106,7 +105,8 @@ void Analysis::ReadDrawing() {
 
 void Analysis::TellSides() {
     const BodyInside bodies(m_occluders);
-    SideRules rules{g_nWinThickness, g_nSunDistPrec, g_nSunWinOffset, m_request.facing};
+    SideRules rules{m_request.tuning.windowThickness, m_request.tuning.distancePrecision, m_request.tuning.windowOffset,
+                    m_request.facing};
     if (rules.facing)
         *rules.facing += m_request.north;  // from the drawing's x axis
     std::vector<DrawnWindow> windows;
@@ -167,14 +167,14 @@ bool Analysis::MakePoints() {
 
 void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     const DaysSun sun = FindDaysSun(m_request, m_request.leastAltitude.value_or(0.0), m_answer);
-    const ShadowCaster caster(m_occluders, sun.path, sun.up, g_nSunDistPrec);
+    const ShadowCaster caster(m_occluders, sun.path, sun.up, m_request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
     DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, sun.path};
     day.span = sun.span;
     day.up = sun.up;
     day.north = m_request.north;
-    day.offset = g_nSunWinOffset;
-    day.precision = g_nSunDistPrec;
+    day.offset = m_request.tuning.windowOffset;
+    day.precision = m_request.tuning.distancePrecision;
     TellValidHours(day);
     const std::size_t count = m_answer.points.size();
     const auto goOn = [&](std::size_t done) { return !progress || progress(done, count); };
@@ -202,7 +202,7 @@ Vector3 Analysis::PlaceOf(const PointResult& point) const {
 }
 
 Vector3 Analysis::Before(const Area& area, const Vector3& place) const {
-    return place + area.drawn.shape.outward * g_nSunWinOffset;
+    return place + area.drawn.shape.outward * m_request.tuning.windowOffset;
 }
 
 HourSpans Analysis::SunlitAt(const DayOfAnalysis& day, const Area& area, const Vector3& place) const {

@@ -64,6 +64,6 @@ struct PointAnswer : DayAnswer {
 // and none below), and outside an upright one, as for a window. In an upright plane the standard's rule of valid sun
 // holds as for a window there, in others every sun before the plane is valid.
 //
-// To be called on the module's thread. Throws std::bad_alloc, and nothing else.
+// To be called on any thread, while nobody changes the drawing. Throws std::bad_alloc, and nothing else.
 ORVO_API PointAnswer AnalysePoints(const AcDbDatabase& drawing, const PointRequest& request,
                                    const AnalysisProgress& progress = nullptr);

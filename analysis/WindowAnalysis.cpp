@@ -19,7 +19,6 @@
 #include "analysis/WindowSides.h"
 #include "platform/host/DrawingUnits.h"
 #include "scene/Scene.h"
-#include "settings/AnalysisParameters.h"
 
 namespace {
 
@@ -68,14 +67,16 @@ void Analysis::ReadDrawing() {
         m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
         AddRemarksOnProject({m_drawing, scene, layers, m_request.proposedLayers}, m_answer.remarks);
     }
-    WindowsOfDrawing found = FindWindows(m_drawing, layers, m_millimetres, g_nWinThickness, m_request.plan);
+    WindowsOfDrawing found =
+        FindWindows(m_drawing, layers, m_millimetres, m_request.tuning.windowThickness, m_request.plan);
     if (found.areTooMany) {
         m_answer.failure = AnalysisFailure::TooManyWindows;
         return;
     }
     m_windows = std::move(found.windows);
     m_answer.remarks.insert(m_answer.remarks.end(), found.remarks.begin(), found.remarks.end());
-    SideRules sides{g_nWinThickness, g_nSunDistPrec, g_nSunWinOffset, m_request.facing};
+    SideRules sides{m_request.tuning.windowThickness, m_request.tuning.distancePrecision, m_request.tuning.windowOffset,
+                    m_request.facing};
     if (sides.facing)
         *sides.facing += m_request.north;  // from the drawing's x axis
     TellSides(m_windows, m_occluders, sides);
@@ -88,22 +89,22 @@ void Analysis::ReadDrawing() {
 double Analysis::LeastAltitude() const {
     if (m_request.leastAltitude)
         return *m_request.leastAltitude;
-    return m_request.isScoped ? g_nMinSunAngle : 0.0;
+    return m_request.isScoped ? m_request.tuning.leastSunAngle : 0.0;
 }
 
 // What every window has in common is made once, in an order in which each thing stands on those before.
 void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     const DaysSun sun = FindDaysSun(m_request, LeastAltitude(), m_answer);
-    const ShadowCaster caster(m_occluders, sun.path, sun.up, g_nSunDistPrec);
+    const ShadowCaster caster(m_occluders, sun.path, sun.up, m_request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
     DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, sun.path};
     day.span = sun.span;
     day.up = sun.up;
     day.north = m_request.north;
     day.need = m_request.need;
-    day.offset = g_nSunWinOffset;
-    day.precision = g_nSunDistPrec;
-    // The module knows one thread: what it says is asked before there are more.
+    day.offset = m_request.tuning.windowOffset;
+    day.precision = m_request.tuning.distancePrecision;
+    // The module's rule is asked here, and not by the threads that share the work.
     std::vector<HourSpans> valid;
     valid.reserve(m_windows.size());
     for (const DrawnWindow& window : m_windows)
@@ -125,9 +126,9 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
 }
 
 std::optional<ReachLimits> Analysis::Limits() const {
-    if (!m_request.isScoped || !g_bLimitClientScope)
+    if (!m_request.isScoped || !m_request.tuning.limitsScope)
         return {};
-    return ReachLimits{g_nMainScopeRadius, g_nScopeFactorOfHeight, g_nBuildingHeightLimit};
+    return m_request.tuning.reach;
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ struct AnalysisRequest : DayRequest {
     // What lies on these layers is a project: windows are told with it and without it. Sides, bodies and floors are
     // found with everything present.
     std::vector<CString> proposedLayers;
-    // Leave out what the module's parameters of scope, height and altitude (AnalysisParameters.h) leave out.
+    // Leave out what the tuning parameters of scope, height and altitude leave out.
     bool isScoped = false;
 };
 
@@ -29,8 +29,7 @@ struct AnalysisAnswer : DayAnswer {
 };
 
 // Everything visible casts shadows, save what lies on the windows' layers; a drawing's lengths are taken by its unit.
-// The module's g_nSunWinOffset, g_nSunDistPrec and g_nWinThickness (AnalysisParameters.h) always apply, as they stand
-// when it is called.
-// To be called on the module's thread. Throws std::bad_alloc, and nothing else.
+// To be called on any thread, while nobody changes the drawing; the progress is told there. Throws std::bad_alloc, and
+// nothing else.
 ORVO_API AnalysisAnswer AnalyseWindows(const AcDbDatabase& drawing, const AnalysisRequest& request,
                                        const AnalysisProgress& progress = nullptr);

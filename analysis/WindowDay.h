@@ -34,7 +34,7 @@ double FacingOf(const DrawnWindow& window, double north);
 // Whether a window is narrower than a standard that limits widths allows.
 bool IsTooNarrow(const Standard& standard, const DrawnWindow& window);
 
-// The hours whose sun is valid for a window by the standard's rule. To be called on the module's thread.
+// The hours whose sun is valid for a window by the standard's rule.
 HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window);
 
 // What is asked about one window; like the days, only read, so that several threads may ask at once.

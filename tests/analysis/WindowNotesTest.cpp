@@ -216,16 +216,17 @@ TEST(WindowNotes, ScopeLeavesOutWhatIsFarAndSaysHowMuch) {
     EXPECT_EQ(hiddenBy(scene, true, 2), std::vector{near});
 }
 
-// The module's switch for it turns the scope off, and only that.
+// The module's switch for it, as it stands when the question is put together, turns the scope off, and only that.
 TEST(WindowNotes, ScopeObeysTheModulesSwitch) {
     JudgedScene scene = House();
     const std::uint64_t far = scene.Box(-5000, -420000, 0, 5000, -400000, 900000);
     AnalysisRequest request = Winter();
     request.isScoped = true;
-    EXPECT_TRUE(Only(Answer(scene, request)).hidden.empty());
     g_bLimitClientScope = false;
-    const AnalysisAnswer answer = Answer(scene, request);
+    EXPECT_TRUE(Only(Answer(scene, request)).hidden.empty());
+    request.tuning = CurrentTuningParameters();
     g_bLimitClientScope = true;
+    const AnalysisAnswer answer = Answer(scene, request);
     ASSERT_EQ(Only(answer).hidden.size(), 1U);
     EXPECT_EQ(Only(answer).hidden[0].by, std::vector{far});
     EXPECT_FALSE(HasRemark(answer, Kind::LeftOutByScope));
