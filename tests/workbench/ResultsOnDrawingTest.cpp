@@ -108,7 +108,7 @@ TEST(WindowsOnDrawing, WindowsAboveEachOtherHaveTheirTextsInRows) {
     }
 }
 
-TEST(WindowsOnDrawing, AVerdictHasItsColour) {
+TEST(WindowsOnDrawing, TheTextHasTheColourOfTheVerdictAndTheWindowThatOfItsHours) {
     WindowResult passing = WindowAt(0, 0, 0, 0, 60);
     passing.passes = true;
     WindowResult failing = WindowAt(5, 0, 0, 0, 60);
@@ -117,11 +117,14 @@ TEST(WindowsOnDrawing, AVerdictHasItsColour) {
     unknown.facing.reset();
     const DrawingChange change = Drawn({passing, failing, unknown});
     const std::vector<NewEntity> faces = On(change, L"ORVO_RESULT_WINDOWS", Kind::Face);
-    EXPECT_EQ(faces.at(0).colorIndex, 3);
-    EXPECT_EQ(faces.at(1).colorIndex, 1);
+    EXPECT_EQ(faces.at(0).colorIndex, 5);
+    EXPECT_EQ(faces.at(1).colorIndex, 5);
     EXPECT_EQ(faces.at(2).colorIndex, kColorByLayer);
     const std::vector<NewEntity> texts = On(change, L"ORVO_RESULT_HOURS", Kind::Text);
-    EXPECT_TRUE(std::any_of(texts.begin(), texts.end(), [](const NewEntity& text) { return text.text == L"-"; }));
+    EXPECT_EQ(texts.at(0).colorIndex, 3);
+    EXPECT_EQ(texts.at(1).colorIndex, 1);
+    EXPECT_EQ(texts.at(2).colorIndex, kColorByLayer);
+    EXPECT_EQ(texts.at(2).text, L"-");
 }
 
 TEST(PointsOnDrawing, LinesHaveALabelInTheirMiddle) {

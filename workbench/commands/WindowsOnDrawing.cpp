@@ -15,11 +15,16 @@ namespace {
 constexpr int kRed = 1;
 constexpr int kGreen = 3;
 
-// Of a need by whether it is met, else of the hours; the layer's where the sun could not be told.
+// By the standard's table; the layer's where the sun could not be told.
 int ColorOf(const WindowResult& window) {
+    return IsAnalysed(window) && window.color >= 1 ? window.color : kColorByLayer;
+}
+
+// Of a need by whether it is met, else the window's.
+int TextColorOf(const WindowResult& window) {
     if (window.passes)
         return *window.passes ? kGreen : kRed;
-    return IsAnalysed(window) && window.color >= 1 ? window.color : kColorByLayer;
+    return ColorOf(window);
 }
 
 QcGePoint Moved(const QcGePoint& place, const QcGePoint& way, double far) {
@@ -80,7 +85,7 @@ private:
             text.middle = Moved(middle, outward, far + 0.5 * kLine * text.height);
             text.along = along;
             text.outward = QcGePoint(0.0, 0.0, 1.0);
-            text.color = ColorOf(*window);
+            text.color = TextColorOf(*window);
             m_sheet.AddText(kResultHours, text);
             far += kLine * text.height;
         }

@@ -141,13 +141,16 @@ class Windows(WriteTest):
                         self.assert_window(answer, face, text, rank, SIZE[units])
                         self.assertEqual((face.dxf.color, text.dxf.color), (answer["color"], answer["color"]))
 
-    def test_a_need_colours_by_the_verdict(self):
+    def test_a_need_colours_the_hours_by_the_verdict_and_no_window(self):
         make(self.path("in.dxf"))
         document = self.run_write("analyse", "in.dxf", "out.dxf", "--need", "5")
         verdicts = [answer["verdict"] for answer in document["windows"]]
         self.assertEqual(set(verdicts), {"pass", "fail"})
-        self.assertEqual([face.dxf.color for face in entities(self.read("out.dxf"), WINDOWS[1])],
-                         [GREEN if verdict == "pass" else RED for verdict in verdicts])
+        out = self.read("out.dxf")
+        self.assertEqual([face.dxf.color for face in entities(out, WINDOWS[1])],
+                         [answer["color"] for answer in document["windows"]])
+        self.assertEqual(sorted(text.dxf.color for text in entities(out, WINDOWS[0])),
+                         sorted(GREEN if verdict == "pass" else RED for verdict in verdicts))
 
     def test_a_window_without_a_side_has_no_colour_of_its_own(self):
         make(self.path("in.dxf"), more=lambda document: window(document.modelspace(), 1, 60, 60, 1))
@@ -271,7 +274,7 @@ class Drawings(WriteTest):
         # What the other subcommand wrote stays, to the handle.
         self.assertEqual([entity.dxf.handle for entity in entities(again, *AREAS)],
                          [entity.dxf.handle for entity in entities(before, *AREAS)])
-        self.assertEqual({face.dxf.color for face in entities(again, WINDOWS[1])}, {GREEN, RED})
+        self.assertEqual({text.dxf.color for text in entities(again, WINDOWS[0])}, {GREEN, RED})
 
     def test_a_file_from_before_is_kept_as_a_backup(self):
         make(self.path("in.dxf"))
