@@ -1,7 +1,7 @@
 # Debian packages that the project stands on, and a function that installs what is missing. Sourced by ./run and ./test.
 
 # What building and running the program takes.
-PACKAGES_RUN="g++ cmake ninja-build pkgconf libxml2-dev libfmt-dev libcli11-dev nlohmann-json3-dev libedit-dev \
+PACKAGES_RUN="g++ cmake ninja-build pkgconf libxml2-dev libfmt-dev libicu-dev libcli11-dev nlohmann-json3-dev libedit-dev \
 libgl-dev libopengl-dev libegl-dev libegl-mesa0 libgl1-mesa-dri \
 qt6-base-dev fonts-noto-cjk"
 

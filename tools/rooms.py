@@ -25,7 +25,7 @@ STANDARD = frozenset("""
 
 # What can be included beside the project's own files and standard C++: by how such an include begins.
 SYSTEM = "the operating system"
-QT, OPENGL, LIBXML2, FMT = "Qt", "OpenGL", "libxml2", "{fmt}"
+QT, OPENGL, LIBXML2, FMT, ICU = "Qt", "OpenGL", "libxml2", "{fmt}", "ICU"
 CLI11, JSON, LIBEDIT = "CLI11", "nlohmann-json", "libedit"
 EMBREE, GMP, GTEST, BENCHMARK = "Embree", "GMP", "GoogleTest", "Google Benchmark"
 LIBRARIES = {
@@ -35,6 +35,7 @@ LIBRARIES = {
     OPENGL: r"(GL|EGL|GLES\d?)/",
     LIBXML2: r"libxml/",
     FMT: r"fmt/",
+    ICU: r"unicode/",
     CLI11: r"CLI/",
     JSON: r"nlohmann/",
     LIBEDIT: r"(histedit|editline/readline)\.h$",
@@ -76,7 +77,7 @@ CALCULATING = ("platform/base", "platform/geometry", "platform/host", "module")
 
 # Ground floor first. Rooms on one floor do not know each other, save those that are named as neighbours.
 FLOORS = [
-    [Room("platform/base", (SYSTEM, LIBXML2, FMT))],
+    [Room("platform/base", (SYSTEM, LIBXML2, FMT, ICU))],
     [Room("platform/geometry"), Room("platform/media", (SYSTEM, QT, OPENGL)), Room("platform/host", (SYSTEM,))],
     [Room("platform/window", (SYSTEM, QT))],
     [Room("module/containers"), Room("module/resources")],
