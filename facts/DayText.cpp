@@ -1,6 +1,8 @@
 // Days as texts, read strictly, and back.
 #include "facts/DayText.h"
 
+#include <array>
+
 #include "calendar/OrvoDate.h"
 #include "calendar/YearDays.h"
 #include "facts/NumberText.h"
@@ -15,6 +17,38 @@ int DaysOfMonth(int year, int month) {
     return month == 2 && IsLeapInCalendar(year) ? 29 : kDaysOfMonth[static_cast<std::size_t>(month - 1)];
 }
 
+// What stands behind the year, the month and the day.
+struct Form {
+    wchar_t behindYear;
+    wchar_t behindMonth;
+    const wchar_t* behindDay;
+    bool isPadded;  // blanks may fill the numbers up from the left
+};
+constexpr std::array kForms = {Form{L'-', L'-', L"", false}, Form{L'/', L'/', L"", false}, Form{L'.', L'.', L"", false},
+                               Form{L'年', L'月', L"日", true}};
+
+std::optional<int> ParsePart(const CString& text, const Form& form, int most) {
+    CString digits = text;
+    while (form.isPadded && digits.GetAt(0) == L' ')
+        digits.Delete(0);
+    return ParseWhole(digits, 1, most);
+}
+
+std::optional<CalendarDay> ParseForm(const CString& text, const Form& form) {
+    const int first = text.Find(form.behindYear);
+    const int second = first < 0 ? -1 : text.Find(form.behindMonth, first + 1);
+    if (second < 0 || !text.View().ends_with(form.behindDay))
+        return std::nullopt;
+    const int end = text.GetLength() - CString(form.behindDay).GetLength();
+    const std::optional<int> year = ParsePart(text.Left(first), form, 9999);
+    const std::optional<int> month = ParsePart(text.Mid(first + 1, second - first - 1), form, 12);
+    const std::optional<int> day = ParsePart(text.Mid(second + 1, end - second - 1), form, 31);
+    if (!year || !month || !day)
+        return std::nullopt;
+    const CalendarDay parsed = {*year, *month, *day};
+    return IsRealDay(parsed) ? std::optional<CalendarDay>(parsed) : std::nullopt;
+}
+
 }  // namespace
 
 bool IsRealDay(const CalendarDay& day) {
@@ -23,17 +57,10 @@ bool IsRealDay(const CalendarDay& day) {
 }
 
 std::optional<CalendarDay> ParseDay(const CString& text) {
-    const int first = text.Find(L'-');
-    const int second = first < 0 ? -1 : text.Find(L'-', first + 1);
-    if (second < 0)
-        return std::nullopt;
-    const std::optional<int> year = ParseWhole(text.Left(first), 1, 9999);
-    const std::optional<int> month = ParseWhole(text.Mid(first + 1, second - first - 1), 1, 12);
-    const std::optional<int> day = ParseWhole(text.Mid(second + 1), 1, 31);
-    if (!year || !month || !day)
-        return std::nullopt;
-    const CalendarDay parsed = {*year, *month, *day};
-    return IsRealDay(parsed) ? std::optional<CalendarDay>(parsed) : std::nullopt;
+    for (const Form& form : kForms)
+        if (const std::optional<CalendarDay> day = ParseForm(text, form))
+            return day;
+    return std::nullopt;
 }
 
 std::string IsoDay(const CalendarDay& day) {

@@ -13,8 +13,9 @@ class OrvoDate;
 // Whether the day exists in the calendar (with the century rule of leap years; years 1 to 9999).
 ORVO_API bool IsRealDay(const CalendarDay& day);
 
-// Y-M-D with ASCII digits, each part with or without leading zeros, read strictly: none for other texts and for days
-// that the calendar does not have.
+// Y-M-D, Y/M/D, Y.M.D or Y年M月D日 with ASCII digits, each part with or without leading zeros, and in the last form,
+// which DayInWords writes, with blanks before a number; otherwise read strictly: none for other texts and for days that
+// the calendar does not have.
 ORVO_API std::optional<CalendarDay> ParseDay(const CString& text);
 
 // "YYYY-MM-DD", whatever the numbers are.

@@ -4,7 +4,7 @@
 #include <cmath>
 
 CString Place::FullName() const {
-    return province + L"/" + city;
+    return province.IsEmpty() ? city : province + L"/" + city;
 }
 
 bool Place::IsOnTheGlobe() const {

@@ -11,7 +11,7 @@ struct ORVO_API Place {
     double longitude = 0.0;  // decimal degrees, east positive
     double latitude = 0.0;   // decimal degrees, north positive
 
-    // "PROVINCE/CITY".
+    // "PROVINCE/CITY"; of a place without a province the name alone.
     CString FullName() const;
     // Whether the position is one on the globe: latitude within [-90, 90], longitude within [-180, 180].
     bool IsOnTheGlobe() const;

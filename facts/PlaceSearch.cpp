@@ -6,6 +6,7 @@
 #include "facts/FactsTexts.h"
 #include "facts/NearestNames.h"
 #include "frame/ConfigDictionaries.h"
+#include "platform/base/LatinNames.h"
 #include "platform/base/PlainText.h"
 #include "platform/base/QcDtDictionary.h"
 #include "platform/base/TextNumber.h"
@@ -59,9 +60,15 @@ const QcDtDictionary* ProvinceAt(int index) {
     return AsDictionary(g_dictSunZone.GetItem(index));
 }
 
-bool Holds(const CString& text, CString part) {
-    CString folded(text);
-    return folded.MakeLower().Find(part.MakeLower()) >= 0;
+// What is looked for in names.
+struct Part {
+    CString lower;
+    CString latin;  // empty where it is none, or stands for everything
+};
+
+bool Holds(const CString& name, const Part& part) {
+    CString lower = name;
+    return lower.MakeLower().Find(part.lower) >= 0 || (!part.latin.IsEmpty() && BeginsInLatin(name, part.latin));
 }
 
 // A city's item, and the dictionary that it stands in.
@@ -103,6 +110,45 @@ CString ProvinceText(const CString& province) {
     return FactsFormat(L"“%s”是省份，请写其中的一个地区，例如：%s", Printable(province), JoinNames(examples));
 }
 
+// The provinces that a text in Latin letters stands for, each once.
+std::vector<CString> ProvincesInLatin(const CString& latin) {
+    std::vector<CString> provinces;
+    for (int i = 0; i < g_dictSunZone.GetCount() && !latin.IsEmpty(); ++i) {
+        const CString name = ProvinceAt(i) ? ProvinceAt(i)->GetName() : CString();
+        const std::vector<CString> spellings = LatinNames(name);
+        if (std::find(spellings.begin(), spellings.end(), latin) != spellings.end() &&
+            std::find(provinces.begin(), provinces.end(), name) == provinces.end())
+            provinces.push_back(name);
+    }
+    return provinces;
+}
+
+std::vector<CString> NearestPlaces(const CString& name, const std::vector<Place>& places) {
+    const bool isFullName = name.Find(L'/') >= 0;
+    std::vector<CString> names;
+    for (const Place& place : places)
+        names.push_back(isFullName ? place.FullName() : place.city);
+    return NearestNames(name, names);
+}
+
+// Places with the nearest spellings; those that have Latin letters themselves first.
+std::vector<CString> NearestInLatin(const CString& name, const CString& latin, const std::vector<Place>& places) {
+    std::vector<CString> nearest = NearestPlaces(name, places);
+    std::vector<CString> spellings;
+    std::vector<CString> names;  // of the same places
+    for (const Place& place : places) {
+        for (const CString& spelling : LatinNames(place.city)) {
+            spellings.push_back(spelling);
+            names.push_back(place.city);
+        }
+    }
+    for (const CString& spelling : NearestNames(latin, spellings))
+        for (std::size_t i = 0; i < spellings.size(); ++i)
+            if (spellings[i] == spelling && std::find(nearest.begin(), nearest.end(), names[i]) == nearest.end())
+                nearest.push_back(names[i]);
+    return nearest;
+}
+
 bool IsSamePosition(const OrvoZoneRecord& record, const Place& place) {
     return record.GetTotalLong() == place.longitude && record.GetTotalLat() == place.latitude;
 }
@@ -114,9 +160,11 @@ std::vector<Place> AllPlaces() {
 }
 
 std::vector<Place> PlacesWith(const CString& text) {
+    CString lower = text;
+    const Part part = {lower.MakeLower(), FoldLatin(text)};
     std::vector<Place> places;
     for (const City& city : CitiesOf(nullptr))
-        if (Holds(city.item->GetName(), text) || Holds(city.province->GetName(), text))
+        if (Holds(city.item->GetName(), part) || Holds(city.province->GetName(), part))
             places.push_back(PlaceOf(*city.province, *city.item));
     return places;
 }
@@ -146,13 +194,16 @@ std::optional<Place> CurrentPlace() {
 CString UnknownPlaceText(const CString& name) {
     if (g_dictSunZone.FindDict(name))
         return ProvinceText(name);
-    std::vector<CString> names;
-    const bool isFullName = name.Find(L'/') >= 0;
-    for (const Place& place : AllPlaces())
-        names.push_back(isFullName ? place.FullName() : place.city);
-    if (names.empty())
+    const CString latin = FoldLatin(name);
+    if (const std::vector<CString> provinces = ProvincesInLatin(latin); provinces.size() == 1)
+        return ProvinceText(provinces.front());
+    else if (!provinces.empty())
+        return FactsFormat(L"“%s”可以指几个省份：%s；请写其中的一个地区。", Printable(name), JoinNames(provinces));
+    const std::vector<Place> places = AllPlaces();
+    if (places.empty())
         return FactsFormat(L"没有名为“%s”的地区：地区数据库是空的。", Printable(name));
-    const std::vector<CString> nearest = NearestNames(name, names);
+    const std::vector<CString> nearest =
+        latin.IsEmpty() ? NearestPlaces(name, places) : NearestInLatin(name, latin, places);
     if (nearest.empty())
         return FactsFormat(L"没有名为“%s”的地区。用“orvo places”可列出所有地区。", Printable(name));
     return FactsFormat(L"没有名为“%s”的地区。相近的有：%s", Printable(name), JoinNames(nearest));

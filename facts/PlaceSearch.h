@@ -14,8 +14,9 @@ class OrvoZoneRecord;
 // Every city, in the order of the database.
 ORVO_API std::vector<Place> AllPlaces();
 
-// The cities in whose own or whose province's name the text occurs (ASCII letters without case), in the order of the
-// database; all of them for an empty text.
+// The cities in whose own or whose province's name the text occurs (ASCII letters without case), or whose or whose
+// province's name in Latin letters begins with it (platform/base/LatinNames.h), in the order of the database; all of
+// them for an empty text.
 ORVO_API std::vector<Place> PlacesWith(const CString& text);
 
 // The first city of this exact name in the order of the database; or, for a name "PROVINCE/CITY", the first such one. A
@@ -26,7 +27,8 @@ ORVO_API std::optional<Place> FindPlace(const CString& name);
 // until somebody has looked it up. None when the database does not have the place (any more).
 ORVO_API std::optional<Place> CurrentPlace();
 
-// What to say about a name that FindPlace does not know: what is wrong with it and which names come near.
+// What to say about a name that stands for no place: what is wrong with it and which names come near, also of one in
+// Latin letters.
 ORVO_API CString UnknownPlaceText(const CString& name);
 
 // The module's record of a place: the database's, texts and comment as they stand there; for a place that the database

@@ -53,6 +53,10 @@ TEST(TypedDays, AreThoseOfTheCalendarInEveryMonth) {
 TEST(TypedDays, AreReadStrictly) {
     EXPECT_EQ(ParseDay(L"2024-02-29"), (CalendarDay{2024, 2, 29}));
     EXPECT_EQ(ParseDay(L"0007-3-004"), (CalendarDay{7, 3, 4})) << "leading zeros";
+    EXPECT_EQ(ParseDay(L"2026/01/20"), (CalendarDay{2026, 1, 20}));
+    EXPECT_EQ(ParseDay(L"2026.1.20"), (CalendarDay{2026, 1, 20}));
+    EXPECT_EQ(ParseDay(L"2026年1月20日"), (CalendarDay{2026, 1, 20}));
+    EXPECT_EQ(ParseDay(L"2026年 1月 2日"), (CalendarDay{2026, 1, 2})) << "as the program pads it";
     for (const wchar_t* text : {L"",
                                 L"-",
                                 L"--",
@@ -63,7 +67,20 @@ TEST(TypedDays, AreReadStrictly) {
                                 L"-2024-2-2",
                                 L"2024-2-2-",
                                 L"2024-2-2-2",
-                                L"2024/2/2",
+                                L"2024/2-2",
+                                L"2024-2/2",
+                                L"2024.2/2",
+                                L"2024/2/30",
+                                L"2024. 2. 2",
+                                L"2024年2月2",
+                                L"2024年2月22",
+                                L"2024年2月日",
+                                L"年2月2日",
+                                L"2024年2月30日",
+                                L"2024年2 月2日",
+                                L"2024月2年2日",
+                                L"2024年2月2日日",
+                                L"2024年2月2日 ",
                                 L" 2024-2-2",
                                 L"2024-2-2 ",
                                 L"2024- 2- 2",
@@ -80,13 +97,17 @@ TEST(TypedDays, AreReadStrictly) {
                                 L"２０２４-1-1",
                                 L"2024-1-1\n",
                                 L"0002024-1-1",
-                                L"2024年2月2日",
                                 L"2024-1-1e0",
                                 L"99999999999999999999-1-1",
                                 L"2024\x2010"
                                 L"1\x2010"
                                 L"1"})
         EXPECT_FALSE(ParseDay(text)) << ToUtf8(text);
+}
+
+TEST(TypedDays, AreReadAsTheModuleWritesThem) {
+    for (const CalendarDay& day : {CalendarDay{2025, 12, 22}, {2026, 1, 2}, {7, 3, 4}})
+        EXPECT_EQ(ParseDay(DayInWords(day)), day) << ToUtf8(DayInWords(day).View());
 }
 
 TEST(RealDays, AreNoneWithAbsurdNumbers) {

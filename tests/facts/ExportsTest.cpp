@@ -7,6 +7,7 @@
 #include <set>
 
 #include "facts/Angles.h"
+#include "facts/BareName.h"
 #include "facts/ClockText.h"
 #include "facts/DayTerms.h"
 #include "facts/DayText.h"
@@ -15,6 +16,7 @@
 #include "facts/NumberText.h"
 #include "facts/Place.h"
 #include "facts/PlaceSearch.h"
+#include "facts/PositionText.h"
 #include "facts/Settings.h"
 #include "facts/SettingsChange.h"
 #include "facts/SettingsEdit.h"
@@ -28,6 +30,7 @@
 #include "facts/StandardWords.h"
 #include "facts/SunDay.h"
 #include "facts/SunPosition.h"
+#include "facts/TypedPlace.h"
 #include "support/FileTree.h"
 #include "support/Folders.h"
 
@@ -82,6 +85,10 @@ void TakeSkyAndPlaces() {
     TAKE(AllPlaces);
     TAKE(PlacesWith);
     TAKE(FindPlace);
+    TAKE(BareName);
+    TAKE(ParsePosition);
+    TAKE(PositionName);
+    TAKE(FindTypedPlace);
     TAKE(CurrentPlace);
     TAKE(UnknownPlaceText);
     TAKE(RecordOf);

@@ -16,6 +16,8 @@
 #include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTable.h"
+#include "workbench/commands/AskedDate.h"
+#include "workbench/commands/AskedPlace.h"
 #include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
 #include "workbench/commands/WindowsOnDrawing.h"
@@ -149,9 +151,7 @@ Subcommand AnalyseSubcommand() {
              ValueOption(L"--threads", L"N", L"同时计算的线程数，1 到 256；不给出时为全部核心"),
              FlagOption(L"--scope", L"按范围、高度的参数略去太远的遮挡"),
              ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
-             ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
-             ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
-             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
+             PlaceOption(), DateOption(), ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
              FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
              L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json"},

@@ -1,13 +1,13 @@
 // Laying the options of a question over the settings.
 #include "workbench/commands/AskedSettings.h"
 
-#include "facts/DayText.h"
 #include "facts/PlaceSearch.h"
 #include "facts/StandardSearch.h"
 #include "platform/host/ExitCode.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
-#include "workbench/commands/ValueErrors.h"
+#include "workbench/commands/AskedDate.h"
+#include "workbench/commands/AskedPlace.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -22,18 +22,18 @@ int LayStandard(const CString& name, Settings& settings) {
 }
 
 int LayDay(const CString& text, Settings& settings) {
-    const std::optional<CalendarDay> day = ParseDay(text);
-    if (!day)
-        return Refuse(kExitUsage, BadDateText(text));
-    settings.UseDay(*day);
-    return kExitOk;
+    CalendarDay day = {};
+    const int code = ReadAskedDate(text, settings.Day().year, day);
+    if (!code)
+        settings.UseDay(day);
+    return code;
 }
 
 int LayPlace(const std::optional<CString>& name, Settings& settings) {
     if (name) {
-        const std::optional<Place> place = FindPlace(*name);
-        if (!place)
-            return Refuse(kExitFailed, UnknownPlaceText(*name));
+        std::optional<Place> place;
+        if (const int code = ReadAskedPlace(*name, place))
+            return code;
         settings.UsePlace(*place);
     }
     if (!settings.place)

@@ -7,6 +7,8 @@
 #include "platform/host/Subcommands.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AskedDate.h"
+#include "workbench/commands/AskedPlace.h"
 #include "workbench/commands/AskedSettings.h"
 #include "workbench/commands/InfoAnswer.h"
 #include "workbench/commands/NameLists.h"
@@ -47,9 +49,8 @@ int RunInfo(const InfoOptions& options, Output& output) {
 Subcommand InfoSubcommand() {
     return {L"info",
             L"显示地区位置、太阳、当前标准和有效时段",
-            {ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
-             ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
-             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), FlagOption(L"--json", L"以 JSON 输出")},
+            {PlaceOption(), DateOption(), ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames),
+             FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo info", L"orvo info --place 浙江/杭州 --date 2025-1-20", L"orvo info --standard 国标大寒日 --json"},
             [](SubcommandCall& call) {
                 return RunInfo({call.GetValue(L"--place"), call.GetValue(L"--date"), call.GetValue(L"--standard"),

@@ -11,6 +11,8 @@
 #include "platform/host/Progress.h"
 #include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AskedDate.h"
+#include "workbench/commands/AskedPlace.h"
 #include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
 #include "workbench/commands/PointRemarks.h"
@@ -131,9 +133,7 @@ Subcommand PointsSubcommand() {
              ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
              ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的竖直轮廓的朝向，从正东起逆时针的度数"),
              ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
-             ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
-             ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
-             ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
+             PlaceOption(), DateOption(), ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
              FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo points courtyard.dxf --areas 地面 --spacing 2 --need 2",
              L"orvo points courtyard.dxf --areas 地面 --level 1.5 --json"},

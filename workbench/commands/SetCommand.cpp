@@ -2,9 +2,9 @@
 #include "workbench/commands/SetCommand.h"
 
 #include "facts/ClockText.h"
-#include "facts/DayText.h"
 #include "facts/NumberText.h"
 #include "facts/PlaceSearch.h"
+#include "facts/Settings.h"
 #include "facts/SettingsEdit.h"
 #include "facts/SettingsSnapshot.h"
 #include "facts/Standard.h"
@@ -15,6 +15,8 @@
 #include "platform/host/Subcommands.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AskedDate.h"
+#include "workbench/commands/AskedPlace.h"
 #include "workbench/commands/NameLists.h"
 #include "workbench/commands/ResetCommands.h"
 #include "workbench/commands/ToldChange.h"
@@ -54,17 +56,18 @@ void Changes::ApplyTo(OrvoDataSet& settings) const {
 int ReadPlace(const std::optional<CString>& name, Changes& changes) {
     if (!name)
         return kExitOk;
-    changes.place = FindPlace(*name);
-    if (!changes.place)
-        return Refuse(kExitFailed, UnknownPlaceText(*name));
+    if (const int code = ReadAskedPlace(*name, changes.place))
+        return code;
+    if (changes.place->province.IsEmpty() && !FindPlace(changes.place->city))
+        return Refuse(kExitFailed, SayFormat(L"设置只保存地区名，不能设为位置 %s：先用命令 QcCityData "
+                                             L"把它加为一个地区，或只在提问时用 --place 给出它。",
+                                             changes.place->city));
     const CString city = Printable(changes.place->city);
     // The file keeps the city's name alone, which later finds the first city of that name.
     const std::optional<Place> first = FindPlace(changes.place->city);
     if (first && first->province != changes.place->province)
         return Refuse(kExitFailed, SayFormat(L"设置只保存地区名，而“%s”首先指 %s，所以不能设为 %s。", city,
                                              Printable(first->FullName()), Printable(changes.place->FullName())));
-    if (!changes.place->IsOnTheGlobe())
-        return Refuse(kExitFailed, SayFormat(L"地区“%s”的位置不在地球上，算不出太阳的时刻。", city));
     return kExitOk;
 }
 
@@ -79,8 +82,18 @@ int ReadStandard(const std::optional<CString>& name, Changes& changes) {
 }
 
 int ReadDay(const std::optional<CString>& text, Changes& changes) {
-    changes.day = text ? ParseDay(*text) : std::nullopt;
-    return text && !changes.day ? Refuse(kExitUsage, BadDateText(*text)) : kExitOk;
+    if (!text)
+        return kExitOk;
+    // A term without a year is that of the year in which the day was so far, the asked standard's where one is asked.
+    Settings settings = CurrentSettings();
+    const OrvoStdSet* standard = changes.standard ? StandardAt(g_SunDataSet, *changes.standard) : nullptr;
+    if (standard)
+        settings.UseStandard(StandardOf(*standard));
+    CalendarDay day = {};
+    const int code = ReadAskedDate(*text, settings.Day().year, day);
+    if (!code)
+        changes.day = day;
+    return code;
 }
 
 int ReadTimes(const SetOptions& options, Changes& changes) {
@@ -119,6 +132,9 @@ int ReadChoices(const SetOptions& options, Changes& changes) {
     if (const int code = ReadPlace(options.place, changes))
         return code;
     if (const int code = ReadStandard(options.standard, changes))
+        return code;
+    // Once more: only now is it known of which year a term without one is.
+    if (const int code = ReadDay(options.date, changes))
         return code;
     return CheckSpan(changes);
 }
@@ -179,9 +195,8 @@ int RunSet(const SetOptions& options, Output& output) {
 Subcommand SetSubcommand() {
     return {L"set",
             L"更改当前设置并保存",
-            {ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
-             ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
-             ValueOption(L"--start", L"H:MM", L"分析时段的开始"), ValueOption(L"--end", L"H:MM", L"分析时段的结束"),
+            {PlaceOption(), DateOption(), ValueOption(L"--start", L"H:MM", L"分析时段的开始"),
+             ValueOption(L"--end", L"H:MM", L"分析时段的结束"),
              ValueOption(L"--step", L"MINUTES", L"计算精度，从 1 到 60 分钟"),
              ValueOption(L"--standard", L"NAME", L"当前标准；它的日期、时段和精度随之采用", StandardNames),
              FlagOption(L"--reset", L"把设置和标准全部恢复为出厂值；原来的文件留作 .bak")},

@@ -5,8 +5,9 @@
 #include "platform/host/ExitCode.h"
 #include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AskedDate.h"
+#include "workbench/commands/AskedPlace.h"
 #include "workbench/commands/AskedSettings.h"
-#include "workbench/commands/NameLists.h"
 #include "workbench/commands/SunAnswer.h"
 #include "workbench/commands/ValueErrors.h"
 #include "workbench/terminal/Complaint.h"
@@ -44,8 +45,7 @@ int RunSun(const SunOptions& options, Output& output) {
 Subcommand SunSubcommand() {
     return {L"sun",
             L"显示一天中太阳的高度角、方位角和影长",
-            {ValueOption(L"--place", L"NAME", L"地区名，或 省份/地区", PlaceNames),
-             ValueOption(L"--date", L"Y-M-D", L"分析日期，例如 2025-12-22"),
+            {PlaceOption(), DateOption(),
              ValueOption(L"--step", L"MINUTES", L"每隔多少分钟一行，从 1 到 60；不给出时为 60"),
              FlagOption(L"--json", L"以 JSON 输出")},
             {L"orvo sun", L"orvo sun --place 浙江/杭州 --date 2025-1-20 --step 10"},

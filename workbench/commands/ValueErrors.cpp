@@ -17,7 +17,8 @@ CString LightForm() {
 }  // namespace
 
 CString BadDateText(const CString& value) {
-    return SayFormat(L"“%s”不是日期：请按 年-月-日 写一个存在的日期，例如 2025-12-22", Printable(value));
+    return SayFormat(L"“%s”不是日期：请按 年-月-日 写一个存在的日期，例如 2025-12-22，或节气名，例如 大寒、2026大寒",
+                     Printable(value));
 }
 
 CString BadClockText(const wchar_t* option, const CString& value) {
