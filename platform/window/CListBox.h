@@ -4,7 +4,8 @@
 #include "platform/window/CWnd.h"
 
 // Indexes count from 0; one out of range gives LB_ERR. Notifications to the parent, for what the user does and only for
-// that: LBN_SELCHANGE, LBN_DBLCLK.
+// that: LBN_SELCHANGE, LBN_DBLCLK. What the user types selects the next entry that begins with it, as it stands (ASCII
+// letters without case) or, where that is Chinese, in pinyin (platform/base/LatinNames.h).
 class ORVO_API CListBox : public CWnd {
 public:
     int GetCount() const;

@@ -347,3 +347,17 @@ TEST_F(PlaceDialog, LeavesTheTextsAloneWhenTheExportedFunctionIsCancelled) {
     EXPECT_EQ(province, L"given");
     EXPECT_EQ(city, L"unknown");
 }
+
+TEST_F(PlaceDialog, FindsByTypingInTheLists) {
+    Load(
+        "<安徽><合肥 longitude=\"117\" latitude=\"31\"/><宿州 longitude=\"116\" latitude=\"33\"/></安徽>"
+        "<江苏><南京 longitude=\"118\" latitude=\"32\"/><苏州 longitude=\"120\" latitude=\"31\"/></江苏>");
+    Show([](const OpenPlaces& places) {
+        QTest::keyClicks(&places.provinces, "jiang");
+        EXPECT_EQ(EntriesOf(places.cities), (Texts{"南京", "苏州"})) << "the province's cities follow";
+        places.cities.setFocus();
+        QTest::keyClicks(&places.cities, "suz");
+        EXPECT_EQ(places.Fields().front(), "苏州");
+        EXPECT_EQ(places.dialog.GetCurZone().m_strCity, L"苏州");
+    });
+}

@@ -1,8 +1,11 @@
 // The list box on the screen.
 #include <QListWidget>
 #include <QSignalBlocker>
+#include <optional>
+#include <vector>
 
 #include "platform/window/toolkit/QtText.h"
+#include "platform/window/toolkit/TypedSearch.h"
 #include "platform/window/toolkit/WindowEvents.h"
 #include "platform/window/toolkit/WindowKinds.h"
 
@@ -15,12 +18,43 @@ class ListBox : public QListWidget {
 public:
     using QListWidget::QListWidget;
 
+    // What is typed selects the next entry that begins with it, as it stands or in Latin letters.
+    void keyboardSearch(const QString& typed) override {
+        const std::optional<int> row = m_search.Type(FromQString(typed), EntryTexts(), currentRow());
+        if (row)
+            setCurrentRow(*row, QItemSelectionModel::ClearAndSelect);
+    }
+
 protected:
+    // Where nothing is edited the toolkit lets no input method in; here it types what is searched for.
+    void currentChanged(const QModelIndex& current, const QModelIndex& before) override {
+        QListWidget::currentChanged(current, before);
+        setAttribute(Qt::WA_InputMethodEnabled);
+    }
+    void focusInEvent(QFocusEvent* event) override {
+        QListWidget::focusInEvent(event);
+        setAttribute(Qt::WA_InputMethodEnabled);
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        m_search.Forget();
+        QListWidget::focusOutEvent(event);
+    }
+
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override {
         const QItemSelectionModel::SelectionFlags command = QListWidget::selectionCommand(index, event);
         constexpr auto kTakesAway = QItemSelectionModel::Deselect | QItemSelectionModel::Toggle;
         return !index.isValid() || (command & kTakesAway) ? QItemSelectionModel::NoUpdate : command;
     }
+
+private:
+    std::vector<CString> EntryTexts() const {
+        std::vector<CString> texts;
+        for (int row = 0; row < count(); ++row)
+            texts.push_back(FromQString(item(row)->text()));
+        return texts;
+    }
+
+    TypedSearch m_search;
 };
 
 QListWidget& ListOf(const WindowLink& link) {
