@@ -65,6 +65,10 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const wchar_t* path, CString* message) {
     }
 }
 
+CString AcDbDatabase::GetReadWarning() const {
+    return m_dxf ? m_dxf->GetWarning() : CString();
+}
+
 Acad::ErrorStatus AcDbDatabase::dxfOut(const wchar_t* path, CString* message) {
     try {
         if (message)

@@ -37,8 +37,12 @@ public:
     //
     // Values may be anything but a zero byte. What must hold: each code line is a whole number from -5 to 1071, each
     // has a value line, no line is longer than 1 MiB, sections (and in them tables and blocks) are opened and closed in
-    // their order, and the last of them is followed by EOF.
+    // their order, and the last of them is followed by EOF. (What GetReadWarning tells is let pass.)
     Acad::ErrorStatus dxfIn(const wchar_t* path, CString* message = nullptr);
+
+    // What is wrong with the file that was read, though it could be read, in one sentence for people; empty for
+    // nothing. Known are header variables behind a header that ends too early, as some programs write them.
+    CString GetReadWarning() const;
 
     // Saves in one step and keeps the version before as NAME.bak; see SaveFileAtomically. Failures as for dxfIn: eOk,
     // eFileAccessErr (the old file stands), eInvalidInput (no path, or the drawing is empty), eOutOfMemory.
@@ -92,7 +96,7 @@ public:
     // eOutOfMemory.
     Acad::ErrorStatus Redraw(const DrawingChange& change, CString* message = nullptr);
 
-    // The values of a variable of the section HEADER ("$INSUNITS"), without the group 9 that names it; false, and no
+    // The values of a variable of the header ("$INSUNITS"), without the group 9 that names it; false, and no
     // groups, when the drawing does not have it.
     bool GetHeaderVariable(const char* name, std::vector<DxfGroup>& groups) const;
 

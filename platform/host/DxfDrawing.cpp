@@ -4,10 +4,28 @@
 #include <utility>
 
 #include "platform/base/Characters.h"
+#include "platform/base/Language.h"
 
 namespace {
 
 constexpr int kVariable = 9;
+
+// The values of a variable in a header's text; false when it is not there.
+bool FindVariable(std::string_view text, std::string_view name, std::vector<DxfGroup>& groups) {
+    DxfScanner scanner(text);
+    DxfRawGroup group;
+    bool isFound = false;
+    while (scanner.Next(group)) {
+        if (group.code == kVariable) {
+            if (isFound)
+                break;
+            isFound = TrimDxfValue(group.ValueIn(text)) == name;
+        } else if (isFound && group.code != kDxfComment) {
+            groups.push_back({group.code, std::string(group.ValueIn(text))});
+        }
+    }
+    return isFound;
+}
 
 std::string FirstValue(const std::vector<DxfGroup>& groups) {
     return groups.empty() ? std::string() : std::string(TrimDxfValue(groups[0].value));
@@ -107,22 +125,24 @@ bool DxfDrawing::SetGroups(std::size_t entry, const std::vector<DxfGroup>& group
 
 bool DxfDrawing::GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const {
     groups.clear();
-    if (m_index.GetHeader() == DxfIndex::kNone)
-        return false;
-    const std::string_view text = ReadText(m_index.GetHeader());
-    DxfScanner scanner(text);
+    for (const std::size_t entry : {m_index.GetHeader(), m_index.GetLooseHeader()})
+        if (entry != DxfIndex::kNone && FindVariable(ReadText(entry), name, groups))
+            return true;
+    return false;
+}
+
+CString DxfDrawing::GetWarning() const {
+    CString warning;
+    if (m_index.GetLooseHeader() == DxfIndex::kNone)
+        return warning;
+    const std::string_view whole = m_file.View();
+    DxfScanner scanner(whole, m_index.GetBegin(m_index.GetLooseHeader()));
     DxfRawGroup group;
-    bool isFound = false;
-    while (scanner.Next(group)) {
-        if (group.code == kVariable) {
-            if (isFound)
-                break;
-            isFound = TrimDxfValue(group.ValueIn(text)) == name;
-        } else if (isFound && group.code != kDxfComment) {
-            groups.push_back({group.code, std::string(group.ValueIn(text))});
-        }
+    while (scanner.Next(group) && group.code != kVariable) {
     }
-    return isFound;
+    warning.Format(PlatformText(L"图形文件第 %d 行有错：文件头变量在文件头结束（ENDSEC）之后，已照样读取。"),
+                   DxfLineOf(whole, group.start));
+    return warning;
 }
 
 std::string_view DxfDrawing::WholeText(DxfFile& storage) const {

@@ -35,6 +35,8 @@ public:
     bool IsBlockHead(std::size_t entry) const;
     bool SetGroups(std::size_t entry, const std::vector<DxfGroup>& groups);
     bool GetHeaderVariable(std::string_view name, std::vector<DxfGroup>& groups) const;
+    // As AcDbDatabase.
+    CString GetWarning() const;
 
     // How the drawing's file writes what is new.
     const DxfStyle& GetStyle() const { return m_style; }

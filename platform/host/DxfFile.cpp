@@ -117,13 +117,16 @@ Acad::ErrorStatus DxfFile::Read(const wchar_t* path, CString& message) {
     return Acad::eOk;
 }
 
-CString DxfFaultMessage(const wchar_t* path, std::string_view text, DxfFault fault, std::size_t place) {
+int DxfLineOf(std::string_view text, std::size_t place) {
     // The end of a text that ends with a line end is on its last line.
     if (place > 0 && place == text.size() && text[place - 1] == '\n')
         --place;
-    const auto line = 1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place), '\n');
+    return static_cast<int>(1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
+}
+
+CString DxfFaultMessage(const wchar_t* path, std::string_view text, DxfFault fault, std::size_t place) {
     CString message;
-    message.Format(PlatformText(L"图形文件“%s”第 %d 行有错：%s。"), path, static_cast<int>(line),
+    message.Format(PlatformText(L"图形文件“%s”第 %d 行有错：%s。"), path, DxfLineOf(text, place),
                    PlatformText(CauseOf(fault)));
     return message;
 }

@@ -29,5 +29,8 @@ private:
     std::size_t m_size = 0;
 };
 
+// The number of the line, from 1, at an offset in a text.
+int DxfLineOf(std::string_view text, std::size_t place);
+
 // The message for an unsound text: the file, the number of the line that begins at `place` (counted from 1), the cause.
 CString DxfFaultMessage(const wchar_t* path, std::string_view text, DxfFault fault, std::size_t place);

@@ -59,9 +59,12 @@ std::uint64_t GreatestInHeader(const std::vector<DxfGroup>& header) {
     return greatest;
 }
 
-std::vector<DxfGroup> HeaderOf(const DxfDrawing& drawing) {
-    const std::size_t header = drawing.GetIndex().GetHeader();
+std::vector<DxfGroup> GroupsOf(const DxfDrawing& drawing, std::size_t header) {
     return header == DxfIndex::kNone ? std::vector<DxfGroup>() : ReadDxfGroups(drawing.TextOf(header));
+}
+
+bool IsSeedName(const DxfGroup& group) {
+    return group.code == kVariable && TrimDxfValue(group.value) == kSeed;
 }
 
 }  // namespace
@@ -72,9 +75,11 @@ std::string DxfHandleText(std::uint64_t handle) {
 
 DxfHandleSource::DxfHandleSource(const DxfDrawing& drawing) {
     const DxfIndex& index = drawing.GetIndex();
-    std::uint64_t greatest = std::max(index.GetGreatestHandle(), GreatestInHeader(HeaderOf(drawing)));
+    std::uint64_t greatest =
+        std::max(index.GetGreatestHandle(), GreatestInHeader(GroupsOf(drawing, index.GetHeader())));
+    greatest = std::max(greatest, GreatestInHeader(GroupsOf(drawing, index.GetLooseHeader())));
     for (std::size_t entry = 0; entry + 1 < index.GetCount(); ++entry)
-        if (entry != index.GetHeader())
+        if (entry != index.GetHeader() && entry != index.GetLooseHeader())
             greatest = std::max(greatest, GreatestIn(drawing.TextOf(entry)));
     // The last number is left for $HANDSEED, which is above all handles.
     m_first = greatest == kMost ? kMost : greatest + 1;
@@ -89,8 +94,15 @@ std::uint64_t DxfHandleSource::Take() {
     return m_next++;
 }
 
+std::size_t DxfHandleSource::GetSeedEntry(const DxfDrawing& drawing) {
+    const std::size_t loose = drawing.GetIndex().GetLooseHeader();
+    const std::vector<DxfGroup> groups = GroupsOf(drawing, loose);
+    return std::any_of(groups.begin(), groups.end(), IsSeedName) ? loose : drawing.GetIndex().GetHeader();
+}
+
 std::string DxfHandleSource::HeaderText(const DxfDrawing& drawing) const {
-    const std::vector<DxfGroup> before = HeaderOf(drawing);
+    const std::size_t entry = GetSeedEntry(drawing);
+    const std::vector<DxfGroup> before = GroupsOf(drawing, entry);
     const DxfGroup value = {kHandle, DxfHandleText(m_next)};
     std::vector<DxfGroup> groups;
     bool isSeed = false;
@@ -99,7 +111,7 @@ std::string DxfHandleSource::HeaderText(const DxfDrawing& drawing) const {
         if (group.code != kVariable && isSeed)
             continue;  // the old value
         groups.push_back(group);
-        isSeed = group.code == kVariable && TrimDxfValue(group.value) == kSeed;
+        isSeed = IsSeedName(group);
         if (isSeed)
             groups.push_back(value);
         isThere = isThere || isSeed;
@@ -108,5 +120,5 @@ std::string DxfHandleSource::HeaderText(const DxfDrawing& drawing) const {
         groups.push_back({kVariable, std::string(kSeed)});
         groups.push_back(value);
     }
-    return RewriteDxfObject(drawing.TextOf(drawing.GetIndex().GetHeader()), groups, drawing.GetStyle());
+    return RewriteDxfObject(drawing.TextOf(entry), groups, drawing.GetStyle());
 }

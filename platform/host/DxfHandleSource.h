@@ -17,7 +17,9 @@ public:
     // Whether there were fewer than have been asked for.
     bool IsExhausted() const { return m_isExhausted; }
 
-    // The text of the header with $HANDSEED above all that has been taken.
+    // The entry that holds $HANDSEED: the header, or what stands behind its end.
+    static std::size_t GetSeedEntry(const DxfDrawing& drawing);
+    // Its text with $HANDSEED above all that has been taken.
     std::string HeaderText(const DxfDrawing& drawing) const;
 
 private:

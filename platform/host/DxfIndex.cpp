@@ -12,6 +12,7 @@ namespace {
 constexpr int kHandle = 5;
 constexpr int kDimstyleHandle = 105;
 constexpr int kName = 2;
+constexpr int kVariable = 9;
 constexpr std::size_t kMostHandleDigits = 16;
 
 DxfFault FaultOf(DxfScanner::Stop stop) {
@@ -92,14 +93,26 @@ bool DxfIndex::OnGroup(const DxfRawGroup& group, std::string_view text) {
     }
     if (m_section > Section::Unnamed || group.code == kDxfComment)
         return true;
-    return m_section == Section::None ? Refuse(DxfFault::SectionExpected)
-                                      : OnSectionName(group, TrimDxfValue(group.ValueIn(text)));
+    return m_section == Section::Unnamed ? OnSectionName(group, TrimDxfValue(group.ValueIn(text)))
+                                         : OnLooseGroup(group);
+}
+
+// A group between sections.
+bool DxfIndex::OnLooseGroup(const DxfRawGroup& group) {
+    if (m_section == Section::Loose)
+        return true;
+    if (group.code != kVariable || !m_isBehindHeader || m_looseHeader != kNone)
+        return Refuse(DxfFault::SectionExpected);
+    m_section = Section::Loose;
+    m_looseHeader = m_begins.size() - 1;
+    return true;
 }
 
 bool DxfIndex::OnSectionName(const DxfRawGroup& group, std::string_view name) {
     if (group.code != kName)
         return Refuse(DxfFault::NameExpected);
-    if (name == "HEADER" && m_header == kNone)
+    m_isBehindHeader = name == "HEADER";
+    if (m_isBehindHeader && m_header == kNone)
         m_header = m_begins.size() - 1;
     m_section = name == "TABLES"     ? Section::Tables
                 : name == "BLOCKS"   ? Section::Blocks
@@ -113,8 +126,12 @@ bool DxfIndex::OnSectionName(const DxfRawGroup& group, std::string_view name) {
 
 // What begins with a group 0.
 bool DxfIndex::OnBegin(std::string_view type) {
-    if (m_section != Section::None)
+    if (m_section > Section::Unnamed)
         return BeginInSection(type);
+    const bool isLateEnd = m_section == Section::Loose && type == "ENDSEC";
+    m_section = Section::None;
+    if (isLateEnd)
+        return true;
     if (type == "EOF") {
         m_isAtEnd = true;
         return true;

@@ -40,7 +40,11 @@ enum class DxfKind : std::uint8_t { Structure, TableHead, TableRecord, BlockPart
 //   state       group            next state; the entry's kind        refused with
 //   None        0 SECTION        Unnamed; Structure
 //               0 EOF            the end: no more is read
+//               9                Loose, once, where the section before was HEADER; else SectionExpected
 //               all others                                           SectionExpected
+//   Loose       other than 0     the same: header variables behind a header that ended too early
+//               0 ENDSEC         None; Structure: the end where it belonged
+//               all others       as in None
 //   Unnamed     2 with a name    one of those below; Other for every name without a row of its own (HEADER, CLASSES)
 //               all others                                           NameExpected
 //   Tables      0 TABLE          in a table; TableHead               TableOpen when already in one
@@ -75,12 +79,15 @@ public:
     std::uint64_t GetGreatestHandle() const { return m_handles.empty() ? 0 : m_handles.back().first; }
     // The entry that holds the header variables, kNone for none.
     std::size_t GetHeader() const { return m_header; }
+    // The entry with header variables behind the header's end, which it is; kNone where there are none. Some programs
+    // end the header too early, and what follows is read all the same.
+    std::size_t GetLooseHeader() const { return m_looseHeader; }
 
     static constexpr std::size_t kNone = SIZE_MAX;
 
 private:
     // In this order: what comes behind Unnamed is inside a section with a name.
-    enum class Section { None, Unnamed, Other, Tables, Blocks, Entities, Objects };
+    enum class Section { None, Loose, Unnamed, Other, Tables, Blocks, Entities, Objects };
     struct Run {  // entities that follow each other
         std::size_t firstIndex;
         std::size_t firstEntry;
@@ -88,6 +95,7 @@ private:
 
     bool OnGroup(const DxfRawGroup& group, std::string_view text);
     bool OnBegin(std::string_view type);
+    bool OnLooseGroup(const DxfRawGroup& group);
     bool OnSectionName(const DxfRawGroup& group, std::string_view name);
     bool BeginInSection(std::string_view type);
     bool BeginInTables(std::string_view type);
@@ -104,9 +112,11 @@ private:
     std::vector<Run> m_runs;
     std::size_t m_entities = 0;
     std::size_t m_header = kNone;
+    std::size_t m_looseHeader = kNone;
 
     // The machine's state, of no use once it has been built.
     Section m_section = Section::None;
+    bool m_isBehindHeader = false;        // the last section that began is the header
     bool m_isInTable = false;             // only in Tables
     bool m_isInBlock = false;             // only in Blocks
     bool m_isAtEnd = false;               // EOF has come: Build is done

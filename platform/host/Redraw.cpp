@@ -101,7 +101,7 @@ bool MakeObjects(const DxfDrawing& drawing, const DrawingChange& change, DxfRevi
     MakeLayers(drawing, places, change.layers, maker, revision);
     MakeEntities(drawing, places, change.entities, maker, revision);
     if (handles.HasTaken())
-        revision.Replace(drawing.GetIndex().GetHeader(), handles.HeaderText(drawing));
+        revision.Replace(DxfHandleSource::GetSeedEntry(drawing), handles.HeaderText(drawing));
     return !handles.IsExhausted();
 }
 

@@ -48,6 +48,16 @@ TEST_F(WindowDrawing, IsTheHostsWhileItIsOpen) {
     EXPECT_EQ(acdbCurDwg(), nullptr);
 }
 
+TEST_F(WindowDrawing, TellsOfFaultsThatCanBeRead) {
+    m_folder.Write("loose.dxf", "0\nSECTION\n2\nHEADER\n0\nENDSEC\n9\n$INSUNITS\n70\n6\n" + Drawing("4"));
+    m_folder.Write("house.dxf", Drawing("4"));
+    ASSERT_TRUE(Open("loose.dxf"));
+    EXPECT_EQ(m_message, acdbCurDwg()->GetReadWarning());
+    EXPECT_FALSE(m_message.IsEmpty());
+    ASSERT_TRUE(Open("house.dxf"));
+    EXPECT_TRUE(m_message.IsEmpty());
+}
+
 TEST_F(WindowDrawing, StaysWhenAnotherOneCannotBeOpened) {
     m_folder.Write("house.dxf", Drawing("4"));
     m_folder.Write("broken.dxf", "0\nSECTION\n2\nENTITIES\nnoise\n");

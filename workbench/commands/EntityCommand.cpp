@@ -14,6 +14,7 @@
 #include "platform/host/Output.h"
 #include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/DrawingFile.h"
 #include "workbench/commands/EntityGroup.h"
 #include "workbench/commands/EntityList.h"
 #include "workbench/terminal/Complaint.h"
@@ -137,9 +138,8 @@ int RunEntity(const EntityOptions& options, Output& output) {
     if (actions > 1)
         return Refuse(kExitUsage, Say(L"--list、--get 和 --set 只能给出一个"));
     AcDbDatabase drawing;
-    CString message;
-    if (drawing.dxfIn(*options.file, &message) != Acad::eOk)
-        return Refuse(kExitFailed, message);
+    if (const int readCode = ReadDrawing(drawing, *options.file))
+        return readCode;
     const HostDrawing host(drawing);
     if (!options.get.empty())
         return Get(drawing, options, output);

@@ -13,6 +13,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/AskedDate.h"
 #include "workbench/commands/AskedPlace.h"
+#include "workbench/commands/DrawingFile.h"
 #include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
 #include "workbench/commands/PointRemarks.h"
@@ -100,9 +101,8 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
     if (code)
         return code;
     AcDbDatabase drawing;
-    CString message;
-    if (drawing.dxfIn(*options.file, &message) != Acad::eOk)
-        return Refuse(kExitFailed, message);
+    if (const int readCode = ReadDrawing(drawing, *options.file))
+        return readCode;
     report.answer = Analyse(drawing, report.request, progress);
     if (report.answer.failure != AnalysisFailure::None)
         return Refuse(kExitFailed, PointFailureText(report.request, report.answer));

@@ -226,6 +226,8 @@ bool MainWindow::OpenFile(const CString& path) {
         m_log->AddComplaint(message);
         return false;
     }
+    if (!message.IsEmpty())
+        m_log->AddComplaint(message);
     const Scene& scene = *m_drawing.GetScene();
     m_view->SetScene(m_drawing.GetScene());
     m_log->AddText(SayFormat(L"已打开：实体 %d 个，面 %d 个", static_cast<int>(m_drawing.GetEntityCount()),

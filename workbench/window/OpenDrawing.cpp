@@ -56,6 +56,7 @@ bool OpenDrawing::Open(const CString& path, CString& message) {
     m_path = target;
     m_state = state;
     m_inHost.emplace(*m_drawing);
+    message = m_drawing->GetReadWarning();
     return true;
 }
 

@@ -20,7 +20,8 @@ public:
     OpenDrawing(const OpenDrawing&) = delete;
     OpenDrawing& operator=(const OpenDrawing&) = delete;
 
-    // Takes the place of the drawing that was open. False, with the reason, and that one stays.
+    // Takes the place of the drawing that was open. False, with the reason, and that one stays. A drawing with faults
+    // that can be read has a message, too.
     bool Open(const CString& path, CString& message);
     // Saves under the given path, which is the drawing's from then on. False, with the reason.
     bool Save(const CString& path, CString& message);
