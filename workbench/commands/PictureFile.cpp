@@ -54,6 +54,6 @@ bool LoadPicture(const CString& path, CBitmap& bitmap, CString& cause) {
     const QImage image = reader.read();
     if (!image.isNull() && TakeOver(image, bitmap))
         return true;
-    cause = Say(L"不是能读的图像（可用 BMP 和 PNG）");
+    cause = Say(L"不是能读的图像（可用 BMP、PNG 和 JPEG）");
     return false;
 }

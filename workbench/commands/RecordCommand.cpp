@@ -108,18 +108,31 @@ CString NoFileText(const fs::path& output, fs::file_type type) {
     }
 }
 
+// What bears another kind's name would be taken for that by every player.
+int CheckName(const fs::path& output) {
+    if (const CString kind = FromUtf8(output.extension().string()); !kind.IsEmpty() && kind.CompareNoCase(L".avi") != 0)
+        return Refuse(kExitUsage, SayFormat(L"录像是 AVI 文件，不能取名“%s”：请写 -o %s；之后可用 ffmpeg 转换",
+                                            TextOf(output), TextOf(fs::path(output).replace_extension(".avi"))));
+    return kExitOk;
+}
+
 // Whether the output may be written, as far as what is there now goes.
 int CheckOutput(const Request& request, bool isYes) {
     const fs::path& output = request.output;
+    if (const CString frame = FrameInTheWay(request); !frame.IsEmpty())
+        return Refuse(kExitFailed, SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
+    if (const int code = CheckName(output))
+        return code;
     std::error_code error;
     const fs::file_status there = fs::status(output, error);
-    if (!fs::exists(there))
-        return kExitOk;
+    if (!fs::exists(there)) {
+        const fs::path folder = output.parent_path();
+        return folder.empty() || fs::is_directory(folder, error)
+                   ? kExitOk
+                   : Refuse(kExitFailed, SayFormat(L"写不进“%s”：没有文件夹“%s”", TextOf(output), TextOf(folder)));
+    }
     if (!fs::is_regular_file(there))
         return Refuse(kExitFailed, NoFileText(output, there.type()));
-    const CString frame = FrameInTheWay(request);
-    if (!frame.IsEmpty())
-        return Refuse(kExitFailed, SayFormat(L"“%s”本身是一幅画面，不能被录像替换", Printable(frame)));
     if (isYes)
         return kExitOk;
     if (!CanAsk())
@@ -250,7 +263,7 @@ int RunRecord(const RecordOptions& options, Output& output, Progress& progress) 
 Subcommand RecordSubcommand() {
     return {L"record",
             L"把图像录成 AVI 动画，每幅一秒",
-            {ValuesOption(L"FRAMES", SubcommandOption::kMany, L"", L"图像文件（BMP 或 PNG），按放映次序"),
+            {ValuesOption(L"FRAMES", SubcommandOption::kMany, L"", L"图像文件（BMP、PNG 或 JPEG），按放映次序"),
              ValueOption(L"-o,--output", L"FILE", L"录像文件"),
              ValueOption(L"--rate", L"N", L"每秒帧数，从 1 到 1000；不给出时为 10"),
              ValueOption(L"--bits", L"8|24|32", L"每像素位数；不给出时为 24"),

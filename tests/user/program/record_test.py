@@ -209,6 +209,25 @@ class Record(ProgramTest):
         os.mkdir(self.path("folder.img"))
         self.assertIn("folder.img", self.refused(FAILED, "record", "folder.img", "-o", "a.avi").err)
 
+    def test_the_name_says_what_the_file_is(self):
+        frames = self.frames(1)
+        for name, other in (("a.mp4", "a.avi"), ("b.avi.png", "b.avi.avi"), ("c.", "c.avi")):
+            with self.subTest(name=name):
+                answer = self.refused(USAGE, "record", *frames, "-o", name)
+                self.assertIn(f"不能取名“{name}”：请写 -o {other}；", answer.err)
+                self.left_over()
+        self.ok("record", *frames, "-o", "A.AVI")
+        self.ok("record", *frames, "-o", "plain")
+        self.left_over("A.AVI", "plain")
+
+    def test_photographs(self):
+        subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "color=c=0x3060C0:s=32x16", "-frames:v", "1",
+                        "-q:v", "1", self.path("blue.jpg")], check=True, timeout=120)
+        self.ok("record", self.path("blue.jpg"), "-o", "a.avi", "--rate", "1")
+        (pixels,) = self.rgb("a.avi", 1)
+        for red, green, blue in zip(pixels[::3], pixels[1::3], pixels[2::3]):
+            self.assertLess(max(abs(red - 0x30), abs(green - 0x60), abs(blue - 0xC0)), 8)
+
     def test_all_pictures_have_the_first_ones_size(self):
         first = self.put("first.img", bmp(4, 4, picture(4, 4, 0)))
         other = self.put("other.img", bmp(4, 5, picture(4, 5, 0)))
@@ -220,6 +239,7 @@ class Record(ProgramTest):
     def test_a_folder_that_is_missing_or_closed(self):
         frames = self.frames(1)
         self.assertIn("a.avi", self.refused(FAILED, "record", *frames, "-o", "nowhere/a.avi").err)
+        self.assertIn("没有文件夹“nowhere”", self.refused(FAILED, "record", *frames, "-o", "nowhere/a.avi").err)
         os.mkdir(self.path("closed"))
         self.become_ordinary_user()
         os.chmod(self.path("closed"), 0o500)
