@@ -17,6 +17,8 @@
 
 namespace {
 
+int g_unseen = 0;
+
 // The first control that the keyboard can reach gets the focus, its text selected as with Tab.
 void FocusFirst(const QWidget* dialog) {
     for (const WindowLink* control : WindowLink::Controls(dialog)) {
@@ -60,9 +62,8 @@ INT_PTR CDialog::DoModal() {
     if (m_hWnd != nullptr)
         return -1;  // it is running already
     if (!CanBeAnswered()) {
-        CString message;
-        message.Format(PlatformText(L"没有显示器，无法显示对话框（编号%d）。"), static_cast<int>(m_templateId));
-        ReportMessage(message);
+        ++g_unseen;
+        ReportMessage(UnseenText());
         return -1;
     }
     if (!CreateFromTemplate())
@@ -70,6 +71,19 @@ INT_PTR CDialog::DoModal() {
     const INT_PTR result = RunModal();
     DestroyWindow();
     return result;
+}
+
+int CDialog::GetUnseenCount() {
+    return g_unseen;
+}
+
+CString CDialog::UnseenText() const {
+    DialogTemplate source;
+    CString text;
+    if (FindDialogTemplate(AfxGetResourceHandle(), m_templateId, source, text))
+        text.Format(PlatformText(L"没有显示器，无法显示对话框“%s”。"),
+                    source.caption.IsEmpty() ? source.caption : PlatformText(source.caption));
+    return text;
 }
 
 bool CDialog::CreateFromTemplate() {

@@ -19,6 +19,8 @@ public:
     // Ends DoModal with this result, at the latest when the running handler has returned.
     void EndDialog(int result);
     UINT GetTemplateId() const { return m_templateId; }
+    // How many dialogs the process could not show, because there is no display.
+    static int GetUnseenCount();
 
     // Shows the members (UpdateData(FALSE)) and gives TRUE.
     virtual BOOL OnInitDialog();
@@ -35,6 +37,7 @@ protected:
 
 private:
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
+    CString UnseenText() const;
     bool CreateFromTemplate();
     INT_PTR RunModal();
 

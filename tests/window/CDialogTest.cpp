@@ -196,9 +196,14 @@ TEST(CDialog, WhereNobodyCanAnswerItIsNotShown) {
     const Messages messages;
     const ScriptForTests script(DialogScript(kItems));
     CDialog dialog(100);
+    const int before = CDialog::GetUnseenCount();
     EXPECT_EQ(dialog.DoModal(), -1);
     ASSERT_EQ(messages.texts.size(), 1U);
-    EXPECT_EQ(messages.texts[0], "没有显示器，无法显示对话框（编号100）。");
+    EXPECT_EQ(messages.texts[0], "没有显示器，无法显示对话框“Test”。");
+    EXPECT_EQ(CDialog::GetUnseenCount(), before + 1);
+    EXPECT_EQ(CDialog(4711).DoModal(), -1);
+    ASSERT_EQ(messages.texts.size(), 2U);
+    EXPECT_EQ(messages.texts[1], "资源中没有编号为4711的对话框。");
 }
 
 TEST(CDialog, ControlsHaveNamesForTestsAndForThoseWhoCannotSee) {

@@ -7,6 +7,7 @@
 #include "platform/host/ExitCode.h"
 #include "platform/host/RxRegistry.h"
 #include "platform/host/Subcommands.h"
+#include "platform/window/CDialog.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandRunner.h"
 #include "workbench/commands/Completion.h"
@@ -36,7 +37,8 @@ int UnknownCommand(const CString& word) {
 }
 
 int RunHostCommand(const AcEdCommand& command) {
-    const std::optional<int> code = RunGuarded(command.name, [&command] {
+    const int unseen = CDialog::GetUnseenCount();
+    const std::optional<int> code = RunGuarded(command.name, [&command, unseen] {
         const StandardNotice notice(command);
         {
             const ZoneEditorWatch watch;
@@ -44,7 +46,8 @@ int RunHostCommand(const AcEdCommand& command) {
             watch.Report();
         }
         notice.Tell();
-        return static_cast<int>(kExitOk);
+        // What the command was for is in a dialog that nobody has seen.
+        return static_cast<int>(CDialog::GetUnseenCount() == unseen ? kExitOk : kExitFailed);
     });
     return std::fflush(stdout) == 0 ? code.value_or(kExitFailed) : static_cast<int>(kExitFailed);
 }

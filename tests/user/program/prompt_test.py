@@ -66,7 +66,13 @@ class PipedPrompt(ProgramTest):
     def test_no_dialog_no_word_on_the_rule_in_force(self):
         answer = self.orvo(text="QSetSunPrec\n")
         self.assertEqual(answer.out, "", answer)
-        self.assertIn("没有显示器", answer.err)
+        self.assertIn("没有显示器，无法显示对话框“日照设置”。", answer.err)
+
+    def test_a_dialog_that_nobody_sees_is_no_success(self):
+        answer = self.orvo(text="QcCityData\nterms --year 2024\n", LANG="en_US.UTF-8")
+        self.assertEqual(answer.code, FAILED, answer)
+        self.assertIn("There is no display to show the dialog Geographic Locations on.", answer.err)
+        self.assertEqual(len(answer.out.splitlines()), 25, "the next line runs")
 
     def test_many_lines(self):
         answer = self.ok(text="info --json --date 2025-6-22\n" * 300)
