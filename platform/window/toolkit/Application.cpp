@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <clocale>
 #include <cstdlib>
+#include <string_view>
 
 #include "platform/window/toolkit/QtText.h"
 
@@ -38,9 +39,27 @@ void ChoosePlatform() {
         setenv("QT_QPA_PLATFORM", "wayland;offscreen", 1);
 }
 
+QtMessageHandler g_toolkitsHandler = nullptr;
+
+// What the toolkit says of displays that it tried and of folders that it chose, the program says itself where it
+// matters to somebody.
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    const bool isOfDisplays = context.category != nullptr && std::string_view(context.category).starts_with("qt.qpa.");
+    const bool isOfFolders = text.startsWith(QLatin1String("QStandardPaths: "));
+    if (type == QtFatalMsg || !(isOfDisplays || isOfFolders))
+        g_toolkitsHandler(type, context, text);
+}
+
+// Whoever sets rules for what is logged wants to see it.
+void QuietToolkit() {
+    if (!IsSet("QT_LOGGING_RULES") && !IsSet("QT_DEBUG_PLUGINS"))
+        g_toolkitsHandler = qInstallMessageHandler(&HandleMessage);
+}
+
 void MakeApplication() {
     StayInMemory();
     ChoosePlatform();
+    QuietToolkit();
     // Qt keeps references to both as long as it lives, which is to the end of the process.
     static int count = 1;
     static char name[] = "orvo";

@@ -68,6 +68,14 @@ class PipedPrompt(ProgramTest):
         self.assertEqual(answer.out, "", answer)
         self.assertIn("没有显示器，无法显示对话框“日照设置”。", answer.err)
 
+    def test_libraries_are_quiet_about_displays(self):
+        for environment in ({}, {"DISPLAY": ":77"}, {"WAYLAND_DISPLAY": "nowhere"}):
+            with self.subTest(environment=environment):
+                answer = self.orvo(text="QcCityData\n", **environment)
+                self.assertEqual(answer.err, "没有显示器，无法显示对话框“地理位置”。\n")
+        answer = self.orvo(text="QcCityData\n", DISPLAY=":77", QT_LOGGING_RULES="qt.qpa.*=true")
+        self.assertIn("qt.qpa.xcb", answer.err, "who wants to see it sets rules")
+
     def test_a_dialog_that_nobody_sees_is_no_success(self):
         answer = self.orvo(text="QcCityData\nterms --year 2024\n", LANG="en_US.UTF-8")
         self.assertEqual(answer.code, FAILED, answer)
