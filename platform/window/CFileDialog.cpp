@@ -1,8 +1,10 @@
 // The toolkit's file dialog; the desktop's own where there is one.
 #include "platform/window/CFileDialog.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QPointer>
 #include <memory>
 
@@ -56,6 +58,7 @@ public:
         setLabelText(FileType, ToQString(PlatformText(L"文件类型(&T)：")));
         setLabelText(Accept, ToQString(open ? PlatformText(L"打开(&O)") : PlatformText(L"保存(&S)")));
         setLabelText(Reject, ToQString(PlatformText(L"取消")));
+        NameTypes();
     }
 
     // Carries out a driver's answer. What cannot be accepted is left. False for an answer that it does not know.
@@ -80,6 +83,14 @@ protected:
 private:
     // Whether the toolkit shows it, and not the desktop, which asks its own questions.
     bool IsOurs() const { return findChild<QWidget*>("fileNameEdit") != nullptr; }
+
+    // The toolkit ties the label to nothing that has the focus, and then shows the mark of its key as a letter.
+    void NameTypes() {
+        auto* label = findChild<QLabel*>("fileTypeLabel");
+        auto* types = findChild<QComboBox*>("fileTypeCombo");
+        if (label != nullptr && types != nullptr)
+            label->setBuddy(types);
+    }
 
     bool MayAccept() {
         const QStringList files = selectedFiles();

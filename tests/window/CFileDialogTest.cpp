@@ -4,10 +4,14 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
+#include <QToolButton>
+#include <QTreeView>
 #include <string>
 
 #include "platform/base/Message.h"
@@ -127,6 +131,48 @@ TEST_F(FileDialogs, ACommandThatTheyDoNotKnowIsADriversMistake) {
     CFileDialog dialog(TRUE);
     EXPECT_NONFATAL_FAILURE(EXPECT_EQ(Ask(dialog, "plan.dxf", IDYES), IDCANCEL), "knows nothing of the command 6");
     EXPECT_EQ(Ask(dialog, "plan.dxf", ModalDriver::kCareful), IDCANCEL);
+}
+
+TEST_F(FileDialogs, SpeakTheLanguageOfTheProgram) {
+    const auto look = [](const std::function<void(const QFileDialog&)>& body) {
+        CFileDialog dialog(TRUE, L"dxf", nullptr, 0, kFilter);
+        const ModalDriver driver([&body](const ModalWindow& window) {
+            body(*FilesOf(window));
+            return IDCANCEL;
+        });
+        dialog.DoModal();
+        EXPECT_EQ(driver.GetCount(), 1);
+    };
+    const auto headings = [](const QFileDialog& dialog) {
+        const QAbstractItemModel* model = dialog.findChild<QTreeView*>("treeView")->model();
+        std::string text;
+        for (int column = 0; column < 4; ++column)
+            text += model->headerData(column, Qt::Horizontal).toString().toStdString() + " ";
+        return text;
+    };
+    look([&headings](const QFileDialog& dialog) {
+        EXPECT_EQ(headings(dialog), "名称 大小 类型 修改日期 ");
+        EXPECT_EQ(dialog.findChild<QToolButton*>("newFolderButton")->toolTip().toStdString(), "新建文件夹");
+        EXPECT_EQ(dialog.findChild<QToolButton*>("toParentButton")->toolTip().toStdString(), "上一级");
+    });
+    const TableSwitch language({{L"名称", L"What"}, {L"上一级", L"Up"}});
+    look([&headings](const QFileDialog& dialog) {
+        EXPECT_EQ(headings(dialog), "What 大小 类型 修改日期 ");
+        EXPECT_EQ(dialog.findChild<QToolButton*>("toParentButton")->toolTip().toStdString(), "Up");
+    });
+}
+
+TEST_F(FileDialogs, LabelsShowNoMarkOfAKey) {
+    CFileDialog dialog(TRUE, L"dxf", nullptr, 0, kFilter);
+    const ModalDriver driver([](const ModalWindow& window) {
+        const auto* label = FilesOf(window)->findChild<QLabel*>("fileTypeLabel");
+        EXPECT_EQ(label->text().toStdString(), "文件类型(&T)：");
+        EXPECT_EQ(label->buddy(), FilesOf(window)->findChild<QComboBox*>("fileTypeCombo"))
+            << "whose key it is: without one the & is shown";
+        return IDCANCEL;
+    });
+    dialog.DoModal();
+    EXPECT_EQ(driver.GetCount(), 1);
 }
 
 TEST_F(FileDialogs, GoWithTheirOwner) {
