@@ -156,7 +156,7 @@ int RunStandards(const StandardsOptions& options, Output& output) {
 Subcommand TermsSubcommand() {
     return {
         L"terms",
-        L"列出一年的二十四节气",
+        L"列出一年的二十四节气（固定的表，可能与历书差一天）",
         {ValueOption(L"--year", L"Y", L"年份，从 1 到 9999；不给出时为今年"), FlagOption(L"--json", L"以 JSON 输出")},
         {L"orvo terms --year 2024"},
         [](SubcommandCall& call) {

@@ -49,7 +49,8 @@ void AddTermRows(TextTable& table, const DayTerms& terms) {
     CString equation;
     equation.Format(L"%.6f", terms.equationOfTime);
     table.Add({Say(L"节气"), TermText(terms)});
-    table.Add({Say(L"太阳赤纬"), SayFormat(L"%s 度", declination)});
+    table.Add({Say(L"太阳赤纬"), terms.isItsDay ? SayFormat(L"%s 度", declination)
+                                                : SayFormat(L"%s 度（节气之间按程序的公式）", declination)});
     table.Add({Say(L"时差"), SayFormat(L"%s（%s 小时）", MinutesText(terms.equationOfTime), equation)});
 }
 

@@ -2,8 +2,10 @@
 // plug-ins, lets the workbench do what was asked for, and closes them again in reverse.
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "platform/base/FileLock.h"
 #include "platform/base/Language.h"
@@ -44,10 +46,24 @@ void LockSettings(FileLock& lock) {
     Complain(text);
 }
 
+// What can be told without the module and the workbench, which answer it otherwise: a broken installation is when
+// somebody asks for it. False for every other request.
+bool AnswerAlone(int argc, char** argv) {
+    const auto isAsked = [argc, argv](std::string_view option) {
+        return std::find(argv + 1, argv + argc, option) != argv + argc;
+    };
+    std::string text;
+    if (isAsked("--version"))
+        text = std::string("orvo ") + ORVO_VERSION + "\n";
+    else if (isAsked("--help"))
+        text = "orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]\n";
+    return !text.empty() && std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+}
+
 int RunWorkbench(int argc, char** argv, FileLock& lock) {
     ModuleLoader workbench;
     if (!LoadOrComplain(workbench, L"OrvoWorkbench.so"))
-        return kExitFailed;
+        return AnswerAlone(argc, argv) ? kExitOk : kExitFailed;
     const auto run = reinterpret_cast<WorkbenchRun>(dlsym(workbench.ApplicationHandle(), kWorkbenchRun));
     if (!run) {
         Complain(PlatformText(L"程序库 OrvoWorkbench.so 与程序不匹配，请重新安装。"));
@@ -81,6 +97,8 @@ int main(int argc, char** argv) {
         ModuleLoader module;
         if (LoadOrComplain(module, L"OrvoDataBase.so"))
             code = RunWorkbench(argc, argv, lock);
+        else if (AnswerAlone(argc, argv))
+            code = kExitOk;
     }
     lock.Release();
     g_pTeskLangSwitch = nullptr;

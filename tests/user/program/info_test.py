@@ -176,6 +176,13 @@ class InfoOverrides(ProgramTest):
         self.refused(FAILED, "info", "--place", "")
         self.refused(FAILED, "info", "--place", "浙江/上海")
 
+    def test_says_where_the_declination_is_a_formulas(self):
+        note = "（节气之间按程序的公式）"
+        for command in ("info", "sun"):
+            self.assertNotIn(note, self.ok(command, "--date", "2025-12-22").out)
+            self.assertRegex(self.ok(command, "--date", "2025-12-23").out, r"太阳赤纬 +-23\.\d{4} 度" + note)
+        self.assertIn("by the program's formula", self.ok("info", "--date", "2025-12-23", "--language", "en").out)
+
     def test_days_that_do_not_exist_are_refused(self):
         for day in ("2025-2-30", "2025-2-29", "2100-2-29", "2025-13-1", "2025-0-1", "2025-1-0", "0-1-1", "10000-1-1", "12-22",
                     "2025-12", "2025-12-22-1", "2025-12-22-", "-2025-12-22", "2025/12-22", "tomorrow", "", " 2025-1-1",
