@@ -44,6 +44,22 @@ QcGePoint FindOrigin(const Scene& scene) {
     return origin;
 }
 
+std::optional<ViewBox> FindBox(const Scene& scene) {
+    std::optional<ViewBox> box;
+    for (const QcGeFace3dEX& face : scene.faces) {
+        if (!IsUsable(face))
+            continue;
+        for (int i = 0; i < face.GetCornerCount(); ++i) {
+            const QcGePoint& at = face.m_pt[i];
+            if (!box)
+                box = ViewBox{at, at};
+            box->least = {std::min(box->least.x, at.x), std::min(box->least.y, at.y), std::min(box->least.z, at.z)};
+            box->most = {std::max(box->most.x, at.x), std::max(box->most.y, at.y), std::max(box->most.z, at.z)};
+        }
+    }
+    return box;
+}
+
 bool IsNumber(const QcGeVector3dEX& normal) {
     return std::isfinite(normal.x) && std::isfinite(normal.y) && std::isfinite(normal.z);
 }
@@ -164,7 +180,9 @@ void RecordEdges(const Coats& coats, const QcGePoint& origin) {
 
 }  // namespace
 
-SceneLists::SceneLists(const Scene& scene) : m_origin(FindOrigin(scene)) {
+SceneLists::SceneLists(const Scene& scene) : SceneLists(scene, FindOrigin(scene)) {}
+
+SceneLists::SceneLists(const Scene& scene, const QcGePoint& origin) : m_origin(origin), m_box(FindBox(scene)) {
     const Coats coats = SortByColor(scene);
     while (glGetError() != GL_NO_ERROR) {
     }

@@ -1,8 +1,11 @@
 // A scene as OpenGL keeps it: one display list of faces, one of their edges.
 #pragma once
 
+#include <optional>
+
 #include "platform/geometry/QcGePoint.h"
 #include "scene/Scene.h"
+#include "workbench/view/ViewCamera.h"
 
 // Belongs to the context that is current when it is made, which has to be current in every other call, too.
 //
@@ -15,6 +18,8 @@
 class SceneLists {
 public:
     explicit SceneLists(const Scene& scene);
+    // With the origin of another one, to be drawn beside it.
+    SceneLists(const Scene& scene, const QcGePoint& origin);
     ~SceneLists();
     SceneLists(const SceneLists&) = delete;
     SceneLists& operator=(const SceneLists&) = delete;
@@ -22,6 +27,8 @@ public:
     // False when the graphics had no memory for it; then nothing is drawn.
     bool IsReady() const { return m_isReady; }
     const QcGePoint& GetOrigin() const { return m_origin; }
+    // Around the faces that are drawn; none without any.
+    const std::optional<ViewBox>& GetBox() const { return m_box; }
     // Expects lighting to be on: colours go into the material.
     void DrawFaces() const;
     // Expects lighting to be off: thin lines, darker than their face. Flag i of a face hides the edge that begins at
@@ -30,6 +37,7 @@ public:
 
 private:
     QcGePoint m_origin;
+    std::optional<ViewBox> m_box;
     unsigned m_faces = 0;
     unsigned m_edges = 0;
     bool m_isReady = false;

@@ -1,4 +1,4 @@
-// Draws a scene with OpenGL: the lamps, and sky, faces and edges in their order.
+// Draws a scene with OpenGL: the lamps, and sky, faces, marks and edges in their order.
 #include "workbench/view/ScenePainter.h"
 
 #include <GL/gl.h>
@@ -7,11 +7,15 @@
 #include <optional>
 
 #include "workbench/view/SceneLists.h"
+#include "workbench/view/Sky.h"
 #include "workbench/view/SmoothBuffer.h"
+#include "workbench/view/SunPicture.h"
 
 struct ScenePainter::Parts {
     std::optional<SceneLists> lists;
+    std::optional<SceneLists> marks;
     SmoothBuffer smooth;
+    SunPicture sun;
 };
 
 namespace {
@@ -25,10 +29,6 @@ constexpr float kSun[] = {0.66F, 0.66F, 0.65F, 1.0F};
 constexpr float kToSky[] = {-0.85F, 0.45F, 0.1F, 0.0F};
 constexpr float kSky[] = {0.18F, 0.185F, 0.2F, 1.0F};
 constexpr float kNoLight[] = {0.0F, 0.0F, 0.0F, 1.0F};
-
-constexpr float kSkyColor[] = {0.60F, 0.74F, 0.89F};
-constexpr float kHazeColor[] = {0.90F, 0.94F, 0.96F};
-constexpr float kGroundColor[] = {0.83F, 0.84F, 0.82F};
 
 void PlaceLamp(GLenum lamp, const float* direction, const float* color) {
     glLightfv(lamp, GL_POSITION, direction);
@@ -44,28 +44,6 @@ void SetUpLight() {
     glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE);
     PlaceLamp(GL_LIGHT0, kToSun, kSun);
     PlaceLamp(GL_LIGHT1, kToSky, kSky);
-}
-
-void DrawBand(double bottom, const float* lower, double top, const float* upper) {
-    glColor3fv(lower);
-    glVertex2d(-1.0, bottom);
-    glVertex2d(1.0, bottom);
-    glColor3fv(upper);
-    glVertex2d(1.0, top);
-    glVertex2d(-1.0, top);
-}
-
-void DrawBackground() {
-    glMatrixMode(GL_PROJECTION);
-    glLoadIdentity();
-    glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_LIGHTING);
-    glBegin(GL_QUADS);
-    DrawBand(-1.0, kGroundColor, 0.0, kHazeColor);
-    DrawBand(0.0, kHazeColor, 1.0, kSkyColor);
-    glEnd();
 }
 
 }  // namespace
@@ -84,36 +62,57 @@ std::unique_ptr<ScenePainter> ScenePainter::Open(CString& reason) {
     return std::unique_ptr<ScenePainter>(new ScenePainter(std::move(gl)));
 }
 
-bool ScenePainter::SetScene(const Scene& scene) {
+bool ScenePainter::SetScene(const Scene& scene, const Scene& marks) {
     if (!m_gl->MakeCurrent())
         return false;
     m_parts->lists.reset();
+    m_parts->marks.reset();
     try {
         m_parts->lists.emplace(scene);
+        if (!marks.faces.empty())
+            m_parts->marks.emplace(marks, m_parts->lists->GetOrigin());
     } catch (const std::bad_alloc&) {
         return false;
     }
-    return m_parts->lists->IsReady();
+    return m_parts->lists->IsReady() && (!m_parts->marks || m_parts->marks->IsReady());
 }
 
-bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, GlPicture& picture) {
-    picture = GlPicture();
+bool ScenePainter::Prepare(const ViewCamera& camera) {
     const int width = camera.GetWidth();
     const int height = camera.GetHeight();
     if (!m_gl->MakeCurrent())
         return false;
-    if ((width != m_gl->GetWidth() || height != m_gl->GetHeight()) && !m_gl->Resize(width, height))
+    return (width == m_gl->GetWidth() && height == m_gl->GetHeight()) || m_gl->Resize(width, height);
+}
+
+bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, GlPicture& picture) {
+    picture = GlPicture();
+    if (!Prepare(camera))
         return false;
-    const bool smooth = effort.isSmooth && m_parts->smooth.Begin(width, height);
+    const bool smooth = effort.isSmooth && m_parts->smooth.Begin(camera.GetWidth(), camera.GetHeight());
     Draw(camera, effort.hasEdges);
     if (smooth)
         m_parts->smooth.End();
     return m_gl->Read(picture);
 }
 
+bool ScenePainter::PaintInSun(const ViewCamera& camera, const SceneSun& sun, const PaintEffort& effort,
+                              GlPicture& picture) {
+    picture = GlPicture();
+    if (!Prepare(camera) || !m_parts->lists ||
+        !m_parts->sun.Aim(camera, sun.direction, *m_parts->lists, effort.isSmooth))
+        return false;
+    const bool smooth = effort.isSmooth && m_parts->smooth.Begin(camera.GetWidth(), camera.GetHeight());
+    const bool isDrawn =
+        m_parts->sun.Draw(camera, *m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr, effort.hasEdges);
+    if (smooth)
+        m_parts->smooth.End();
+    return isDrawn && m_gl->Read(picture);
+}
+
 void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
     glClear(GL_DEPTH_BUFFER_BIT);
-    DrawBackground();
+    DrawSky(1.0F);
     if (!m_parts->lists)
         return;
     glMatrixMode(GL_PROJECTION);
@@ -129,6 +128,8 @@ void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
     glPolygonOffset(1.0F, 1.0F);
     m_parts->lists->DrawFaces();
     glDisable(GL_POLYGON_OFFSET_FILL);
+    if (m_parts->marks)
+        m_parts->marks->DrawFaces();
     glDisable(GL_LIGHTING);
     if (edges)
         m_parts->lists->DrawEdges();

@@ -1,4 +1,4 @@
-// Makes pictures of a scene: sky, light, faces and their edges.
+// Makes pictures of a scene: sky, light, faces and their edges, and the shadows of a moment if it is asked for them.
 // Why: docs/decisions/workbench.md
 #pragma once
 
@@ -12,7 +12,12 @@
 // How much effort a picture gets.
 struct PaintEffort {
     bool hasEdges = true;
-    bool isSmooth = true;  // four samples a pixel, where the graphics can
+    bool isSmooth = true;  // four samples a pixel, where the graphics can; and shadows twice as fine
+};
+
+// The sun of a moment: the direction to it in the drawing's axes, of any length but 0. Below the horizon it is night.
+struct SceneSun {
+    QcGeVector3d direction;
 };
 
 // It stays with the thread that opened it.
@@ -26,14 +31,21 @@ public:
 
     // Takes over what there is to draw; the scene is not needed afterwards. False, with nothing to draw, when there is
     // no memory for it.
-    bool SetScene(const Scene& scene);
+    // The marks are faces that are drawn before those they lie on, have no edges, and cast no shadows.
+    bool SetScene(const Scene& scene, const Scene& marks = {});
     // The longest side that a picture may have.
     int GetMaxSize() const { return m_gl->GetMaxSize(); }
     // A picture of the size that the camera has. False, with the picture empty, when the graphics refuse.
     bool Paint(const ViewCamera& camera, const PaintEffort& effort, GlPicture& picture);
+    // The same as the sun shines on it. What it reaches is clearly brighter than what it does not, be that in the
+    // shadow of something or turned away. The ground is level, lies where the scene's lowest corner is, and fades away
+    // far from the scene; from below it is not there. Shadows are exact to about a pixel of the sun's map, which shows
+    // no more than what is seen (see SunFrame.h and docs/performance.md).
+    bool PaintInSun(const ViewCamera& camera, const SceneSun& sun, const PaintEffort& effort, GlPicture& picture);
 
 private:
     explicit ScenePainter(std::unique_ptr<OffscreenGl> gl);
+    bool Prepare(const ViewCamera& camera);
     void Draw(const ViewCamera& camera, bool edges) const;
 
     struct Parts;
