@@ -13,9 +13,9 @@ namespace {
 
 constexpr int kWhite = 0xFFFFFF;
 constexpr double kGroundColor = 0.83;
-// What SunShader.h promises: at most 42 % of its colour in the shadow, at least 54 % in the sun.
-constexpr double kMostInShadow = 0.45;
-constexpr double kLeastInSun = 0.51;
+// What SunShader.h promises: at most 42 % of its colour in the shadow, at least 60 % in the sun.
+constexpr double kMostInShadow = 0.44;
+constexpr double kLeastInSun = 0.58;
 
 QcGeVector3d SunAt(double azimuth, double altitude) {
     const double a = azimuth * kRadiansPerDegree;

@@ -66,11 +66,11 @@ float LitPart(vec3 n, float cosine) {
 void main() {
     vec3 n = normalize(normal);
     float cosine = dot(n, toSun);
-    vec3 light = vec3(0.35 + 0.05 * n.z) + vec3(0.05) * dot(n, vec3(-0.8, 0.6, 0.0));
+    vec3 light = vec3(0.34 + 0.05 * n.z) + vec3(0.05) * dot(n, vec3(-0.8, 0.6, 0.0));
     if (toSun.z <= 0.0)
         light *= vec3(0.55, 0.6, 0.75);
     else if (cosine > 1e-4)
-        light += LitPart(n, cosine) * (0.28 + 0.25 * cosine) * vec3(1.03, 1.0, 0.95);
+        light += LitPart(n, cosine) * (0.36 + 0.20 * cosine) * vec3(1.03, 1.0, 0.95);
     float opacity = fade.w > 0.0 ? 1.0 - smoothstep(0.55, 1.0, distance(place.xy, fade.xy) / fade.w) : 1.0;
     gl_FragColor = vec4(color.rgb * light, opacity);
 })";
