@@ -94,7 +94,8 @@ FLOORS = [
         Room("workbench"),  # what all of its rooms share
         workbench("terminal", (SYSTEM, JSON, LIBEDIT), ()),
         workbench("view", (QT, OPENGL), ()),
-        workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal",)),
+        workbench("film", (SYSTEM, QT), ("terminal", "view")),
+        workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal", "film")),
         workbench("window", (SYSTEM, QT), ("terminal", "view", "commands")),
         workbench("entry", (), ("terminal", "commands", "window")),
         # The program, which links the platform only.

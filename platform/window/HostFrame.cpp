@@ -20,6 +20,13 @@ bool PrepareWindows(CString& reason) {
     return false;
 }
 
+bool PreparePictures(CString& reason) {
+    if (NeedApplication())
+        return true;
+    reason = PlatformText(L"窗口只能在程序的主线程中打开。");
+    return false;
+}
+
 bool AttachFrame(CWnd& frame, void* widget) {
     if (!widget)
         return false;

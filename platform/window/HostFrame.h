@@ -10,6 +10,10 @@ class CWnd;
 // display, or another thread than that of the first window. A ModalDriver counts as somebody who sees them.
 ORVO_API bool PrepareWindows(CString& reason);
 
+// Makes the toolkit ready for texts in pictures, which nobody has to see. False, with the reason in words, in another
+// thread than that of the first window.
+ORVO_API bool PreparePictures(CString& reason);
+
 // Makes a widget of the host's (a QWidget, which stays the host's) a window of the framework and attaches `frame` to
 // it. When the widget is destroyed, `frame` is left without a window. False for null, and when either has a partner
 // already.

@@ -23,6 +23,7 @@
 #include "workbench/commands/NameLists.h"
 #include "workbench/commands/WindowsOnDrawing.h"
 #include "workbench/commands/WriteOption.h"
+#include "workbench/film/Film.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -100,7 +101,10 @@ bool IsAnyAnalysed(const AnalysisAnswer& answer) {
 int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress) {
     AnalysisReport report;
     report.drawing = options.file.value_or(CString());
+    std::optional<FilmRequest> asked;
     int code = ReadOptions(options, report.request);
+    if (!code)
+        code = ReadAskedFilm(options.film, asked);
     if (!code)
         code = ReadDaySettings(options.day, report.request);
     if (code)
@@ -111,6 +115,9 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     AcDbDatabase drawing;
     if (const int readCode = ReadDrawing(drawing, *options.file))
         return readCode;
+    std::optional<Film> film;
+    if (asked && (code = film.emplace(*asked).Prepare(report.request, report.drawing)) != kExitOk)
+        return code;
     report.answer = Analyse(drawing, report.request, progress);
     if (report.answer.failure != AnalysisFailure::None)
         return Refuse(kExitFailed, FailureText(report.request, report.answer));
@@ -127,49 +134,65 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     held.PassOn();
     if (options.write)
         code = WriteDrawing(drawing, WindowsOnDrawing(report, drawing), *options.write);
+    if (film && !code)
+        code = film->Shoot(drawing, report.request, report.answer, progress);
     if (code)
         return code;
     return IsAnyAnalysed(report.answer) ? kExitOk : kExitFailed;
 }
 
 Subcommand AnalyseSubcommand() {
-    return {L"analyse",
-            L"分析图形中每个窗的日照：何时照到，被什么遮挡，是否达标",
-            {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
-             ValuesOption(L"--windows", SubcommandOption::kMany, L"LAYER",
-                          L"窗所在的图层，可以给出多次；不给出时为 WINDOW 和 窗"),
-             ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",
-                          L"图层上没有厚度的闭合轮廓的高度（米），可以给出多次"),
-             ValueOption(L"--need", L"HOURS", L"窗需要的日照小时数，大于 0、不超过 24；给出时才有结论"),
-             ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
-             ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的窗的朝向，从正东起逆时针的度数"),
-             ValueOption(L"--sill", L"METRES", L"平面图里标高为 0 的窗的窗台标高"),
-             ValueOption(L"--window-height", L"METRES", L"平面图里没有厚度的窗的窗高，大于 0"),
-             ValueOption(L"--storeys", L"N=METRES", L"把平面图里的窗重复成 N 层，层高为 METRES"),
-             ValuesOption(L"--proposed", SubcommandOption::kMany, L"LAYER",
-                          L"方案所在的图层，可以给出多次；给出时每个窗都有方案前后的比较"),
-             ValueOption(L"--threads", L"N", L"同时计算的线程数，1 到 256；不给出时为全部核心"),
-             FlagOption(L"--scope", L"按范围、高度的参数略去太远的遮挡"),
-             ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
-             PlaceOption(), DateOption(), ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
-             FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
-            {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
-             L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json"},
-            [](SubcommandCall& call) {
-                return RunAnalyse(
-                    {call.GetValue(L"FILE"),
-                     call.GetValues(L"--windows"),
-                     AskedDayOf(call),
-                     call.GetValues(L"--proposed"),
-                     call.GetValue(L"--threads"),
-                     call.HasFlag(L"--scope"),
-                     call.HasFlag(L"--csv"),
-                     call.HasFlag(L"--json"),
-                     {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")},
-                     call.GetValue(L"--write")},
-                    call.GetOutput(), call.GetProgress());
-            },
-            Say};
+    return {
+        L"analyse",
+        L"分析图形中每个窗的日照：何时照到，被什么遮挡，是否达标",
+        {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
+         ValuesOption(L"--windows", SubcommandOption::kMany, L"LAYER",
+                      L"窗所在的图层，可以给出多次；不给出时为 WINDOW 和 窗"),
+         ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",
+                      L"图层上没有厚度的闭合轮廓的高度（米），可以给出多次"),
+         ValueOption(L"--need", L"HOURS", L"窗需要的日照小时数，大于 0、不超过 24；给出时才有结论"),
+         ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
+         ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的窗的朝向，从正东起逆时针的度数"),
+         ValueOption(L"--sill", L"METRES", L"平面图里标高为 0 的窗的窗台标高"),
+         ValueOption(L"--window-height", L"METRES", L"平面图里没有厚度的窗的窗高，大于 0"),
+         ValueOption(L"--storeys", L"N=METRES", L"把平面图里的窗重复成 N 层，层高为 METRES"),
+         ValuesOption(L"--proposed", SubcommandOption::kMany, L"LAYER",
+                      L"方案所在的图层，可以给出多次；给出时每个窗都有方案前后的比较"),
+         ValueOption(L"--threads", L"N", L"同时计算的线程数，1 到 256；不给出时为全部核心"),
+         FlagOption(L"--scope", L"按范围、高度的参数略去太远的遮挡"),
+         ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
+         PlaceOption(),
+         DateOption(),
+         ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames),
+         WriteOption(),
+         ValueOption(L"--film", L"FILE", L"把分析的一天录成 AVI 动画，带阴影"),
+         ValueOption(L"--every", L"MINUTES", L"录像每隔多少分钟一幅画面，1 到 720；不给出时为 5"),
+         ValueOption(L"--size", L"WIDTHxHEIGHT", L"录像画面的大小，到 3840x2160；不给出时为 1280x720"),
+         ValueOption(L"--view", L"NAME", L"从哪里看：top、south、east、north、west、southeast 或 southwest", ViewNames),
+         ValueOption(L"--camera", L"AZIMUTH,ALTITUDE", L"从哪里看：从正北起顺时针的度数，和高度角"),
+         ValueOption(L"--zoom", L"FACTOR", L"录像画面的放大倍数，0.1 到 100；不给出时全部看得到"),
+         FlagOption(L"-y,--yes", L"替换已有的文件而不询问"),
+         FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"),
+         FlagOption(L"--json", L"以 JSON 输出")},
+        {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
+         L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json",
+         L"orvo analyse courtyard.dxf --film sun.avi --every 10 --view southwest"},
+        [](SubcommandCall& call) {
+            return RunAnalyse(
+                {call.GetValue(L"FILE"),
+                 call.GetValues(L"--windows"),
+                 AskedDayOf(call),
+                 call.GetValues(L"--proposed"),
+                 call.GetValue(L"--threads"),
+                 call.HasFlag(L"--scope"),
+                 call.HasFlag(L"--csv"),
+                 call.HasFlag(L"--json"),
+                 {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")},
+                 call.GetValue(L"--write"),
+                 AskedFilmOf(call)},
+                call.GetOutput(), call.GetProgress());
+        },
+        Say};
 }
 
 Subcommand AnalyzeSubcommand() {

@@ -7,6 +7,7 @@
 
 #include "platform/base/CString.h"
 #include "workbench/commands/AskedDay.h"
+#include "workbench/commands/AskedFilm.h"
 #include "workbench/commands/AskedPlan.h"
 
 class Output;
@@ -24,9 +25,11 @@ struct AnalyseOptions {
     bool isJson = false;
     AskedPlan plan;
     std::optional<CString> write;  // where the drawing with its results goes
+    AskedFilm film;
 };
 
-// Gives an ExitCode: success once the sun of one window has been told, whatever the verdicts.
+// Gives an ExitCode: success once the sun of one window has been told, whatever the verdicts,
+// and a film that was asked for is whole.
 int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress);
 
 // Its rows of the host's table: one name in the spelling of the program's texts, and one in the other.

@@ -1,0 +1,22 @@
+// The scene of a drawing as an analysis takes it: what casts shadows, and when.
+// Why: docs/decisions/analysis.md
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "analysis/SunPeriod.h"
+#include "platform/base/Api.h"
+#include "platform/base/CString.h"
+#include "scene/Scene.h"
+
+struct DayRequest;
+
+// The drawing's faces without those on the layers of windows (by these names; without any, the usual ones). Throws
+// std::bad_alloc, and nothing else.
+ORVO_API Scene BuildShadingScene(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
+                                 const std::vector<CString>& windowLayers);
+
+// The span that such a request is analysed over, in true solar time; none when it is no span, or when the place or the
+// standard is missing.
+ORVO_API std::optional<SunPeriod> FindSpan(const DayRequest& request);

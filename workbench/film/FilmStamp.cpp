@@ -1,0 +1,140 @@
+// Two plates of text with a margin, and the compass.
+#include "workbench/film/FilmStamp.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
+
+#include "facts/ClockText.h"
+#include "facts/DayText.h"
+#include "facts/SunDay.h"
+#include "facts/SunPosition.h"
+#include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
+#include "workbench/Texts.h"
+#include "workbench/film/FilmScene.h"
+#include "workbench/view/CompassRose.h"
+#include "workbench/view/IndexColors.h"
+#include "workbench/view/WidgetText.h"
+
+namespace {
+
+const QColor kInk(30, 34, 40);
+const QColor kPlate(255, 255, 255, 215);
+// Grey of the ground, in the sun and in the shadow.
+constexpr int kLitGround = 0xC2C2BE;
+constexpr int kShadedGround = 0x555552;
+
+CString Degrees(double value) {
+    CString text;
+    text.Format(L"%.1f", value);
+    return text == L"-0.0" ? CString(L"0.0") : text;
+}
+
+// One plate: its rows, each with a colour or without one, and how large everything is.
+class Plate {
+public:
+    explicit Plate(int textHeight) : m_height(textHeight), m_font(FontOf(textHeight)), m_metrics(m_font) {}
+
+    void Add(const QString& text, int rgb = -1) { m_rows.push_back({rgb, text}); }
+    int Height() const { return static_cast<int>(m_rows.size()) * Line() + 2 * Margin(); }
+    // No wider than `most`: longer texts end in dots.
+    void Draw(QPainter& painter, int x, int y, int most) const {
+        int wide = 0;
+        for (const FilmStamp::LegendRow& row : m_rows)
+            wide = std::max(wide, Indent(row) + m_metrics.horizontalAdvance(row.text));
+        wide = std::min(wide + 2 * Margin(), most);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(kPlate);
+        painter.drawRoundedRect(x, y, wide, Height(), m_height / 3.0, m_height / 3.0);
+        painter.setFont(m_font);
+        int top = y + Margin();
+        for (const FilmStamp::LegendRow& row : m_rows) {
+            if (row.rgb >= 0)
+                DrawSwatch(painter, x + Margin(), top, row.rgb);
+            painter.setPen(kInk);
+            const int room = wide - 2 * Margin() - Indent(row);
+            painter.drawText(QRect(x + Margin() + Indent(row), top, room, Line()), Qt::AlignVCenter | Qt::AlignLeft,
+                             m_metrics.elidedText(row.text, Qt::ElideRight, room));
+            top += Line();
+        }
+    }
+
+private:
+    static QFont FontOf(int pixels) {
+        QFont font;
+        font.setPixelSize(pixels);
+        return font;
+    }
+    int Line() const { return m_height * 14 / 10; }
+    int Margin() const { return m_height * 6 / 10; }
+    int Indent(const FilmStamp::LegendRow& row) const { return row.rgb >= 0 ? m_height * 2 : 0; }
+    void DrawSwatch(QPainter& painter, int x, int top, int rgb) const {
+        painter.setPen(kInk);
+        painter.setBrush(QColor(QRgb(rgb)));
+        painter.drawRect(QRect(x, top + (Line() - m_height) / 2, m_height * 3 / 2, m_height - 1));
+    }
+
+    int m_height;
+    QFont m_font;
+    QFontMetrics m_metrics;
+    std::vector<FilmStamp::LegendRow> m_rows;
+};
+
+// North up and so on as the world has it, whatever the drawing's axes.
+ViewCamera TurnedBy(const ViewCamera& camera, double north) {
+    ViewCamera turned = camera;
+    if (north != 0.0)
+        turned.Orbit(north, 0.0);
+    return turned;
+}
+
+}  // namespace
+
+FilmStamp::FilmStamp(const AnalysisRequest& request, const AnalysisAnswer& answer)
+    : m_request(request), m_answer(answer) {}
+
+std::vector<QString> FilmStamp::LinesAt(double trueSolarTime) const {
+    const SunPosition sun = PositionOfSun(ComputeSunDay(m_request.terms, *m_request.settings.place), trueSolarTime);
+    return {Shown(Printable(m_request.settings.place->FullName())), Shown(Printable(DayInWords(m_request.terms.day))),
+            Shown(SayFormat(L"真太阳时 %s", ClockText(trueSolarTime))),
+            Shown(SayFormat(L"北京时间 %s", ClockText(trueSolarTime + m_answer.beijingOffset))),
+            SunOfDrawing(m_request, trueSolarTime).direction.z > 0.0
+                ? Shown(SayFormat(L"太阳高度角 %s°，方位角 %s°", Degrees(sun.altitude), Degrees(sun.azimuth)))
+                : ShownSay(L"夜间：太阳在地平线以下")};
+}
+
+std::vector<FilmStamp::LegendRow> FilmStamp::Legend() const {
+    std::vector<LegendRow> rows = {{kLitGround, ShownSay(L"太阳照到")}, {kShadedGround, ShownSay(L"阴影")}};
+    const std::vector<WindowResult>& windows = m_answer.windows;
+    if (std::any_of(windows.begin(), windows.end(), [](const WindowResult& each) { return each.facing.has_value(); })) {
+        rows.push_back({-1, ShownSay(L"窗的日照（小时）")});
+        for (const TimeColor& color : m_request.settings.standard->timeColors)
+            rows.push_back({RgbOfColorIndex(color.color), "\u2265 " + Shown(DoubleToText(color.hours))});
+    }
+    if (std::any_of(windows.begin(), windows.end(), [](const WindowResult& each) { return !each.facing; }))
+        rows.push_back({kNoSideColor, ShownSay(L"窗：分不清室外侧")});
+    return rows;
+}
+
+void FilmStamp::Draw(QImage& picture, double trueSolarTime, const ViewCamera& camera) const {
+    const int side = std::min(picture.width() * 9 / 16, picture.height());
+    const int text = std::max(side / 42, 10);
+    const int edge = text;
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const int most = picture.width() * 3 / 5;
+    Plate top(text);
+    for (const QString& line : LinesAt(trueSolarTime))
+        top.Add(line);
+    top.Draw(painter, edge, edge, most);
+    // As many rows as there is room for below.
+    Plate bottom(text);
+    for (const LegendRow& row : Legend())
+        if (bottom.Height() + top.Height() + 5 * edge < picture.height())
+            bottom.Add(row.text, row.rgb);
+    bottom.Draw(painter, edge, picture.height() - edge - bottom.Height(), most);
+    const double radius = text * 2.2;
+    DrawCompassRose(painter, TurnedBy(camera, m_request.north),
+                    {picture.width() - edge - 1.8 * radius, edge + 1.4 * radius}, radius);
+}
