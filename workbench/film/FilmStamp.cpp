@@ -40,22 +40,14 @@ public:
     int Height() const { return static_cast<int>(m_rows.size()) * Line() + 2 * Margin(); }
     // No wider than `most`: longer texts end in dots.
     void Draw(QPainter& painter, int x, int y, int most) const {
-        int wide = 0;
-        for (const FilmStamp::LegendRow& row : m_rows)
-            wide = std::max(wide, Indent(row) + m_metrics.horizontalAdvance(row.text));
-        wide = std::min(wide + 2 * Margin(), most);
+        const int wide = std::min(Width(), most);
         painter.setPen(Qt::NoPen);
         painter.setBrush(kPlate);
         painter.drawRoundedRect(x, y, wide, Height(), m_height / 3.0, m_height / 3.0);
         painter.setFont(m_font);
         int top = y + Margin();
         for (const FilmStamp::LegendRow& row : m_rows) {
-            if (row.rgb >= 0)
-                DrawSwatch(painter, x + Margin(), top, row.rgb);
-            painter.setPen(kInk);
-            const int room = wide - 2 * Margin() - Indent(row);
-            painter.drawText(QRect(x + Margin() + Indent(row), top, room, Line()), Qt::AlignVCenter | Qt::AlignLeft,
-                             m_metrics.elidedText(row.text, Qt::ElideRight, room));
+            DrawRow(painter, row, QRect(x + Margin(), top, wide - 2 * Margin(), Line()));
             top += Line();
         }
     }
@@ -69,10 +61,21 @@ private:
     int Line() const { return m_height * 14 / 10; }
     int Margin() const { return m_height * 6 / 10; }
     int Indent(const FilmStamp::LegendRow& row) const { return row.rgb >= 0 ? m_height * 2 : 0; }
-    void DrawSwatch(QPainter& painter, int x, int top, int rgb) const {
+    int Width() const {
+        int wide = 0;
+        for (const FilmStamp::LegendRow& row : m_rows)
+            wide = std::max(wide, Indent(row) + m_metrics.horizontalAdvance(row.text));
+        return wide + 2 * Margin() + m_height / 2;  // a little more: texts of two fonts are measured too short
+    }
+    void DrawRow(QPainter& painter, const FilmStamp::LegendRow& row, const QRect& room) const {
         painter.setPen(kInk);
-        painter.setBrush(QColor(QRgb(rgb)));
-        painter.drawRect(QRect(x, top + (Line() - m_height) / 2, m_height * 3 / 2, m_height - 1));
+        if (row.rgb >= 0) {
+            painter.setBrush(QColor(static_cast<QRgb>(row.rgb)));
+            painter.drawRect(QRect(room.x(), room.y() + (Line() - m_height) / 2, m_height * 3 / 2, m_height - 1));
+        }
+        const QRect rest = room.adjusted(Indent(row), 0, 0, 0);
+        painter.drawText(rest, Qt::AlignVCenter | Qt::AlignLeft,
+                         m_metrics.elidedText(row.text, Qt::ElideRight, rest.width()));
     }
 
     int m_height;

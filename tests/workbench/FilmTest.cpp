@@ -1,0 +1,182 @@
+// What a film is made of, before anything is drawn: moments, sizes, windows, texts, cameras, room on the disk.
+#include "workbench/film/Film.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "facts/Angles.h"
+#include "facts/SunDay.h"
+#include "facts/SunPosition.h"
+#include "workbench/film/FilmScene.h"
+#include "workbench/film/FilmStamp.h"
+#include "workbench/film/RecordingFile.h"
+#include "workbench/view/IndexColors.h"
+
+namespace {
+
+constexpr double kLatitude = 40.0;
+
+AnalysisRequest RequestInBeijing() {
+    AnalysisRequest request;
+    Place place;
+    place.province = L"北京市";
+    place.city = L"北京";
+    place.longitude = 116.4;
+    place.latitude = kLatitude;
+    request.settings.place = place;
+    Standard standard;
+    standard.timeColors = {{0.0, 1}, {2.5, 3}};
+    request.settings.standard = standard;
+    request.terms.day = {2025, 12, 22};
+    request.terms.declination = -23.4;
+    return request;
+}
+
+// 2 m wide, on a wall that looks to the south, 3 m above the ground.
+WindowResult SouthWindow() {
+    WindowResult window;
+    window.corners = {QcGePoint{1, 5, 3}, {3, 5, 3}, {3, 5, 4.5}, {1, 5, 4.5}};
+    window.facing = 270.0;
+    window.color = 3;
+    return window;
+}
+
+}  // namespace
+
+TEST(Film, HasAPictureForEachStepUpToTheEndOfTheSpan) {
+    EXPECT_EQ(FilmMoments({8.0, 16.0}, 5).size(), 97U);
+    EXPECT_EQ(FilmMoments({8.0, 16.0}, 60), (std::vector<double>{8, 9, 10, 11, 12, 13, 14, 15, 16}));
+    EXPECT_EQ(FilmMoments({9.5, 11.0}, 60), (std::vector<double>{9.5, 10.5}));
+    EXPECT_EQ(FilmMoments({9.0, 9.1}, 720), std::vector<double>{9.0});
+    EXPECT_DOUBLE_EQ(FilmMoments({8.0, 16.0}, 5).back(), 16.0);
+    EXPECT_TRUE(FilmMoments({9.0, NAN}, 5).empty());
+}
+
+TEST(Film, TakesThreeBytesAPixel) {
+    FilmRequest request;
+    EXPECT_NEAR(static_cast<double>(FilmBytes(request, 97)), 97.0 * 1280 * 720 * 3, 20'000.0);
+    request.width = 322;  // a row is filled up to 4 bytes
+    request.height = 240;
+    EXPECT_NEAR(static_cast<double>(FilmBytes(request, 1000)), 1000.0 * 968 * 240, 50'000.0);
+}
+
+TEST(Film, StandsWindowsACentimetreBeforeTheirWalls) {
+    for (const double millimetres : {1.0, 1000.0}) {
+        const double metre = 1000.0 / millimetres;
+        const Scene marks = WindowMarks({SouthWindow()}, millimetres);
+        ASSERT_EQ(marks.faces.size(), 1U);
+        const QcGeFace3dEX& face = marks.faces[0];
+        EXPECT_NEAR(face.m_pt[0].x, 1.0 * metre, 1e-9 * metre);
+        EXPECT_NEAR(face.m_pt[0].y, 4.99 * metre, 1e-9 * metre);
+        EXPECT_NEAR(face.m_pt[2].x, 3.0 * metre, 1e-9 * metre);
+        EXPECT_NEAR(face.m_pt[2].z, 4.5 * metre, 1e-9 * metre);
+        ASSERT_EQ(marks.entities.size(), 1U);
+        EXPECT_EQ(marks.entities[0].colorIndex, 3);
+        EXPECT_EQ(marks.entities[0].trueColor, -1);
+    }
+}
+
+TEST(Film, ShowsWindowsWithoutASideOnBothInGrey) {
+    WindowResult window = SouthWindow();
+    window.facing.reset();
+    const Scene marks = WindowMarks({window, SouthWindow()}, 1000.0);
+    ASSERT_EQ(marks.faces.size(), 3U);
+    EXPECT_NEAR(marks.faces[0].m_pt[0].y, 4.99, 1e-9);
+    EXPECT_NEAR(marks.faces[1].m_pt[0].y, 5.01, 1e-9);
+    EXPECT_EQ(marks.entities[0].trueColor, kNoSideColor);
+    EXPECT_EQ(marks.entities[0].faceCount, 2U);
+    EXPECT_EQ(marks.entities[1].firstFace, 2U);
+}
+
+TEST(Film, TurnsTheSunWithTrueNorth) {
+    AnalysisRequest request = RequestInBeijing();
+    // At noon it stands in the south, 90 - 40 - 23.4 degrees high.
+    const double altitude = (90.0 - kLatitude - 23.4) * kRadiansPerDegree;
+    for (const double north : {0.0, 30.0, -100.0}) {
+        request.north = north;
+        const QcGeVector3d sun = SunOfDrawing(request, 12.0).direction;
+        // South lies opposite of north, which lies `north` degrees counter-clockwise of +Y.
+        EXPECT_NEAR(sun.x, std::sin(north * kRadiansPerDegree) * std::cos(altitude), 1e-9) << north;
+        EXPECT_NEAR(sun.y, -std::cos(north * kRadiansPerDegree) * std::cos(altitude), 1e-9) << north;
+        EXPECT_NEAR(sun.z, std::sin(altitude), 1e-9);
+    }
+    request.north = 0.0;
+    EXPECT_GT(SunOfDrawing(request, 9.0).direction.x, 0.5);  // in the morning in the east
+}
+
+TEST(Film, LooksFromWhereItIsTold) {
+    FilmRequest request;
+    const Scene marks = WindowMarks({SouthWindow()}, 1000.0);
+    for (const double north : {0.0, 30.0}) {
+        request.view = StandardView::South;
+        const ViewCamera south = FilmCameraOf(request, Scene(), marks, north);
+        // The eye is in true south.
+        const QcGeVector3d way = south.GetEye() - south.GetTarget();
+        EXPECT_NEAR(way.x, std::sin(north * kRadiansPerDegree) * south.GetDistance(), 1e-9);
+        EXPECT_NEAR(way.y, -std::cos(north * kRadiansPerDegree) * south.GetDistance(), 1e-9);
+        request.view = StandardView::Top;
+        const ViewCamera top = FilmCameraOf(request, Scene(), marks, north);
+        EXPECT_TRUE(top.IsParallel());
+        EXPECT_NEAR(top.GetUp().y, 1.0, 1e-9);
+    }
+    request.camera = FilmCamera{-90.0, 20.0};
+    const ViewCamera west = FilmCameraOf(request, Scene(), marks, 0.0);
+    EXPECT_NEAR(west.GetAzimuth(), 270.0, 1e-9);
+    EXPECT_NEAR(west.GetAltitude(), 20.0, 1e-9);
+    // All of the window is seen, and twice as large with a zoom.
+    const auto left = west.Project({1, 5, 3});
+    const auto right = west.Project({3, 5, 4.5});
+    ASSERT_TRUE(left && right);
+    for (const ViewPixel& pixel : {*left, *right})
+        EXPECT_TRUE(pixel.x > 0 && pixel.x < 1280 && pixel.y > 0 && pixel.y < 720);
+    request.zoom = 2.0;
+    EXPECT_NEAR(FilmCameraOf(request, Scene(), marks, 0.0).GetDistance(), west.GetDistance() / 2.0, 1e-9);
+}
+
+TEST(Film, WritesPlaceDayBothTimesAndTheSunOnEachPicture) {
+    const AnalysisRequest request = RequestInBeijing();
+    AnalysisAnswer answer;
+    answer.beijingOffset = 0.25;
+    const FilmStamp stamp(request, answer);
+    const std::vector<QString> noon = stamp.LinesAt(12.0);
+    ASSERT_EQ(noon.size(), 5U);
+    EXPECT_EQ(noon[0], QString("北京市/北京"));
+    EXPECT_TRUE(noon[1].contains("2025") && noon[1].contains("12") && noon[1].contains("22")) << noon[1].toStdString();
+    EXPECT_EQ(noon[2], QString("真太阳时 12:00:00"));
+    EXPECT_EQ(noon[3], QString("北京时间 12:15:00"));
+    EXPECT_EQ(noon[4], QString("太阳高度角 26.6°，方位角 180.0°"));
+    EXPECT_EQ(stamp.LinesAt(2.0)[4], QString("夜间：太阳在地平线以下"));
+}
+
+TEST(Film, ExplainsTheColoursOfTheStandard) {
+    const AnalysisRequest request = RequestInBeijing();
+    AnalysisAnswer answer;
+    EXPECT_EQ(FilmStamp(request, answer).Legend().size(), 2U);  // lit and not
+    WindowResult unknown = SouthWindow();
+    unknown.facing.reset();
+    answer.windows = {SouthWindow(), unknown};
+    const auto rows = FilmStamp(request, answer).Legend();
+    ASSERT_EQ(rows.size(), 6U);
+    EXPECT_EQ(rows[2].rgb, -1);
+    EXPECT_EQ(rows[3].rgb, 0xFF0000);
+    EXPECT_EQ(rows[3].text, QString("≥ 0"));
+    EXPECT_EQ(rows[4].rgb, 0x00FF00);
+    EXPECT_EQ(rows[4].text, QString("≥ 2.5"));
+    EXPECT_EQ(rows[5].rgb, kNoSideColor);
+}
+
+TEST(RecordingFile, SaysWhyThereIsNoRoom) {
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / ("film-" + std::to_string(getpid()));
+    std::filesystem::create_directory(folder);
+    const CString file = FromUtf8((folder / "a.avi").string());
+    EXPECT_TRUE(WhyNoRoom(file, 1000).IsEmpty());
+    // Nobody has a million terabytes.
+    EXPECT_TRUE(WhyNoRoom(file, 1'000'000'000'000'000'000U).Find(L"1000000000000.0 MB") > 0);
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    EXPECT_FALSE(WhyNoRoom(FromUtf8((folder / "missing" / "a.avi").string()), 1000).IsEmpty());
+    std::filesystem::remove(folder);
+}
