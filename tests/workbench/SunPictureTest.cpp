@@ -190,6 +190,22 @@ TEST_F(SunPictureTest, LightsThemAmidstTheHousesAndWithTheEyeInAShadow) {
     EXPECT_EQ(m_lit + m_dark, 180);
 }
 
+TEST_F(SunPictureTest, ShowsWhatIsRightBeforeAnEyeAmidstTheScene) {
+    Scene scene;
+    AddBox(scene, {-300, 200, 0}, {300, 210, 60}, 7, kWhite);
+    AddFaces(scene, {Quad({-1, 0, 24}, {1, 0, 24}, {1, 0, 26}, {-1, 0, 26})}, 1);
+    ViewCamera camera;
+    camera.SetViewport(300, 200);
+    camera.SetBox({{-1, 0, 24}, {1, 0, 26}});
+    camera.Look(180.0, 0.0);
+    camera.Fit();
+    camera.SetBox({{-300, -50, 0}, {300, 210, 60}});
+    AddFaces(scene, {Quad({-300, -50, 0}, {300, -50, 0}, {300, 200, 0}, {-300, 200, 0})}, 3);
+    const GlPicture picture = Paint(scene, camera, SunAt(190.0, 30.0));
+    EXPECT_TRUE(PixelAt(picture, 150, 100).IsReddish());
+    EXPECT_GT(BrightnessOf(picture, camera, {90, 200, 26}), kLeastInSun);
+}
+
 TEST_F(SunPictureTest, ShowsTheOneShadowThatABoxThrows) {
     Scene scene;
     AddBox(scene, {0, 0, 0}, {10, 10, 10}, 7, kWhite);
