@@ -2,12 +2,23 @@
 #include "platform/window/HostFrame.h"
 
 #include <QWidget>
+#include <cstdio>
 
 #include "platform/base/Language.h"
 #include "platform/window/CWnd.h"
 #include "platform/window/toolkit/Application.h"
 #include "platform/window/toolkit/ModalRun.h"
 #include "platform/window/toolkit/WindowEvents.h"
+
+namespace {
+
+// Where nobody sees windows, what the toolkit warns of as it starts (a session that is not there) is nobody's concern.
+void TellOnlyTheEnd(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+}  // namespace
 
 bool PrepareWindows(CString& reason) {
     const bool isHopeless = !HasDisplay() && !ModalDriver::IsThere();  // the toolkit need not even start
@@ -21,7 +32,10 @@ bool PrepareWindows(CString& reason) {
 }
 
 bool PreparePictures(CString& reason) {
-    if (NeedApplication())
+    const QtMessageHandler before = qInstallMessageHandler(TellOnlyTheEnd);
+    const bool isReady = NeedApplication();
+    qInstallMessageHandler(before);
+    if (isReady)
         return true;
     reason = PlatformText(L"窗口只能在程序的主线程中打开。");
     return false;

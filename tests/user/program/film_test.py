@@ -337,8 +337,8 @@ class Files(FilmTest):
 
     def test_speaks_english(self):
         answer = self.film("--every", "480", LANG="en_US.UTF-8")
-        self.assertIn("orvo: film sun.avi: 2 pictures, 1280 x 720, not compressed, about 5.5 MB\n", answer.err)
-        self.assertTrue(answer.err.endswith("orvo: 2 pictures recorded in sun.avi, 1 second each\n"), answer.err)
+        self.assertEqual(answer.err, "orvo: film sun.avi: 2 pictures, 1280 x 720, not compressed, about 5.5 MB\n"
+                         "orvo: 2 pictures recorded in sun.avi, 1 second each\n")
 
 
 if __name__ == "__main__":
