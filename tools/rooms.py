@@ -95,7 +95,8 @@ FLOORS = [
         workbench("terminal", (SYSTEM, JSON, LIBEDIT), ()),
         workbench("view", (QT, OPENGL), ()),
         workbench("film", (SYSTEM, QT), ("terminal", "view")),
-        workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal", "film")),
+        workbench("report", (SYSTEM,), ("terminal",)),
+        workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal", "film", "report")),
         workbench("window", (SYSTEM, QT), ("terminal", "view", "commands")),
         workbench("entry", (), ("terminal", "commands", "window")),
         # The program, which links the platform only.
