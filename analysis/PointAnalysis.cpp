@@ -38,6 +38,10 @@ DrawnWindow WindowIn(const FlatArea& shape) {
     return window;
 }
 
+QcGePoint InMetres(const Vector3& place) {
+    return {place.x / kMillimetresPerMetre, place.y / kMillimetresPerMetre, place.z / kMillimetresPerMetre};
+}
+
 class Analysis {
 public:
     Analysis(const AcDbDatabase& drawing, const PointRequest& request, double millimetres)
@@ -88,10 +92,8 @@ PointAnswer Analysis::Run(const AnalysisProgress& progress) {
 
 void Analysis::ReadDrawing() {
     {
-        std::vector<CString> withoutShadow = m_request.areaLayers;
-        withoutShadow.insert(withoutShadow.end(), std::begin(kUsualWindowLayers), std::end(kUsualWindowLayers));
         const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights, kResultLayers});
-        m_occluders = MakeOccluders(scene, m_drawing, withoutShadow, m_millimetres);
+        m_occluders = MakeOccluders(scene, m_drawing, LayersWithoutShadow(m_request), m_millimetres);
         m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
     }
     std::optional<double> level = m_request.level;
@@ -149,15 +151,14 @@ bool Analysis::MakePoints() {
             outline.area = drawn.shape.area * drawn.arcShare / (kMillimetresPerMetre * kMillimetresPerMetre);
             const Vector3& outward = drawn.shape.outward;
             outline.outward = QcGePoint(outward.x, outward.y, outward.z);
+            for (const FlatPoint& each : drawn.shape.corners)
+                outline.corners.push_back(InMetres(drawn.shape.At(each)));
             outline.firstPoint = m_answer.points.size();
             if (m_areas[i].hasSide)
-                for (const FlatPoint& each : GridPoints(drawn.shape, spacing)) {
-                    const Vector3 place = drawn.shape.At(each) * (1.0 / kMillimetresPerMetre);
-                    m_answer.points.push_back(
-                        {QcGePoint(place.x, place.y, place.z), static_cast<std::uint32_t>(i), {}, 0.0});
-                }
+                for (const FlatPoint& each : GridPoints(drawn.shape, spacing))
+                    m_answer.points.push_back({InMetres(drawn.shape.At(each)), static_cast<std::uint32_t>(i), {}, 0.0});
             outline.pointCount = m_answer.points.size() - outline.firstPoint;
-            m_answer.outlines.push_back(outline);
+            m_answer.outlines.push_back(std::move(outline));
         }
     m_answer.pointCount = std::max(count, static_cast<double>(m_answer.points.size()));
     if (m_answer.pointCount > static_cast<double>(kMostPoints))
@@ -291,6 +292,12 @@ void Analysis::RemarkOnPointsInside() {
 }
 
 }  // namespace
+
+std::vector<CString> LayersWithoutShadow(const PointRequest& request) {
+    std::vector<CString> layers = request.areaLayers;
+    layers.insert(layers.end(), std::begin(kUsualWindowLayers), std::end(kUsualWindowLayers));
+    return layers;
+}
 
 PointAnswer AnalysePoints(const AcDbDatabase& drawing, const PointRequest& request, const AnalysisProgress& progress) {
     PointAnswer answer;

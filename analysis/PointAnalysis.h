@@ -30,16 +30,17 @@ struct PointRequest : DayRequest {
 
 // A closed outline on the layers of areas.
 struct OutlineResult {
-    std::uint64_t handle = 0;     // 0 where the drawing gives none
-    double area = 0.0;            // square metres
-    QcGePoint outward;            // a direction of length 1, at right angles to the plane
-    std::size_t firstPoint = 0;   // of PointAnswer::points
-    std::size_t pointCount = 0;   // 0 only for an upright one whose outside cannot be told
-    double least = 0.0;           // minutes of the point with the fewest
-    double mean = 0.0;            // minutes
-    double most = 0.0;            // minutes
-    std::optional<double> share;  // of its points, those with at least the hours that are needed: 0 to 1; none
-                                  // without a need and without points
+    std::uint64_t handle = 0;        // 0 where the drawing gives none
+    std::vector<QcGePoint> corners;  // metres, the drawing's axes; the last joins the first, arcs are chords
+    double area = 0.0;               // square metres
+    QcGePoint outward;               // a direction of length 1, at right angles to the plane
+    std::size_t firstPoint = 0;      // of PointAnswer::points
+    std::size_t pointCount = 0;      // 0 only for an upright one whose outside cannot be told
+    double least = 0.0;              // minutes of the point with the fewest
+    double mean = 0.0;               // minutes
+    double most = 0.0;               // minutes
+    std::optional<double> share;     // of its points, those with at least the hours that are needed: 0 to 1; none
+                                     // without a need and without points
 };
 
 struct PointResult {
@@ -56,6 +57,9 @@ struct PointAnswer : DayAnswer {
     std::vector<AreaRemark> areaRemarks;
     double pointCount = 0.0;  // that it would be, about; with TooManyPoints
 };
+
+// The areas' own layers, and the usual ones of windows: what lies there casts no shadow.
+std::vector<CString> LayersWithoutShadow(const PointRequest& request);
 
 // What casts shadows, and what else holds of every analysis, is as for AnalyseWindows; the outlines of areas cast none,
 // nor does what lies on the usual layers of windows.

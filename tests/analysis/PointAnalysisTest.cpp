@@ -79,6 +79,8 @@ TEST(PointAnalysis, OpenGroundHasTheSunFromRiseToSet) {
     ASSERT_EQ(answer.outlines.size(), 1U);
     EXPECT_EQ(answer.outlines[0].handle, 0xA1U);
     EXPECT_NEAR(answer.outlines[0].area, 6.0, 1e-9);
+    ASSERT_EQ(answer.outlines[0].corners.size(), 4U);
+    EXPECT_TRUE(answer.outlines[0].corners[2] == QcGePoint(3.0, 2.0, 0.0));
     ASSERT_EQ(answer.points.size(), 6U);
     ExpectAt(answer.points[0], 0.5, 0.5, 0.0);
     ExpectAt(answer.points[5], 2.5, 1.5, 0.0);
