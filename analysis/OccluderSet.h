@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/Vector3.h"
+#include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
 struct Scene;
@@ -24,9 +25,9 @@ struct Occluder {
     Outside outside = Outside::Unknown;
     std::int32_t joined = -1;  // of a loose face: which of the sets of loose faces that share corners; else -1
 
-    Vector3 Middle() const;
+    ORVO_API Vector3 Middle() const;
     // At right angles to it, of any length, to either side.
-    Vector3 Normal() const;
+    ORVO_API Vector3 Normal() const;
 };
 
 // An entity is one of the drawing; where an INSERT shows something of a project and something else it is two, that of

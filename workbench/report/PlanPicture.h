@@ -24,14 +24,14 @@ struct PlanWindow {
 };
 
 struct PlanPicture {
-    const OccluderSet& faces;       // what stands: StandingFaces.h
-    double north = 0.0;             // degrees: true north lies that far counter-clockwise of the drawing's y axis
-    std::vector<TimeColor> colors;  // the standard's
-    std::string id;                 // begins the names of the picture's own elements: unique in its page
-    CString title;                  // for who cannot see it; empty for the usual one
-    double width = 180.0;           // on paper, millimetres
-    double height = 230.0;          // at most, with scale and legend
-    bool withProject = true;        // else what is of a project is not there
+    const OccluderSet& faces;            // what stands: StandingFaces.h
+    double north = 0.0;                  // degrees: true north lies that far counter-clockwise of the drawing's y axis
+    std::vector<TimeColor> colors = {};  // the standard's
+    std::string id = {};                 // begins the names of the picture's own elements: unique in its page
+    CString title = {};                  // for who cannot see it; empty for the usual one
+    double width = 180.0;                // on paper, millimetres
+    double height = 230.0;               // at most, with scale and legend
+    bool withProject = true;             // else what is of a project is not there
 
     std::vector<PlanWindow> windows = {};
     const PointAnswer* points = nullptr;  // with outlines, shares and isolines
