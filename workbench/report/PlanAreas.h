@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "workbench/report/PaperLabels.h"
-#include "workbench/report/PlanPicture.h"
+#include "workbench/report/PlanContent.h"
 
 struct PlanSheet;
 

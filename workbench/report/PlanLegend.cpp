@@ -6,7 +6,7 @@
 
 #include "workbench/Texts.h"
 #include "workbench/report/Markup.h"
-#include "workbench/report/PlanPicture.h"
+#include "workbench/report/PlanContent.h"
 #include "workbench/report/PlanSheet.h"
 #include "workbench/report/PlanStrokes.h"
 

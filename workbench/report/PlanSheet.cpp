@@ -8,7 +8,7 @@
 #include "analysis/OccluderSet.h"
 #include "analysis/PointAnalysis.h"
 #include "workbench/report/Markup.h"
-#include "workbench/report/PlanPicture.h"
+#include "workbench/report/PlanContent.h"
 
 namespace {
 
