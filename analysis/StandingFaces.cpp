@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "analysis/PointAnalysis.h"
+#include "analysis/ResultLayers.h"
 #include "analysis/WindowAnalysis.h"
 #include "platform/host/DrawingUnits.h"
 #include "scene/Scene.h"
@@ -15,7 +16,7 @@ OccluderSet FacesIn(const AcDbDatabase& drawing, const DayRequest& request, cons
     const DrawingUnit unit = UnitOf(drawing);
     if (!unit.millimetres)
         return {};
-    return MakeOccluders(BuildScene(drawing, {kMostSceneFaces, request.heights}), drawing, withoutShadow,
+    return MakeOccluders(BuildScene(drawing, {kMostSceneFaces, request.heights, kResultLayers}), drawing, withoutShadow,
                          *unit.millimetres, proposed);
 }
 

@@ -66,6 +66,14 @@ TEST(StandingFaces, AreMillimetresAndRaisedByTheHeightsOfLayers) {
     EXPECT_EQ(top, 5000.0);
 }
 
+TEST(StandingFaces, PassOverTheResultsOfFormerAnalyses) {
+    const OpenDrawing drawing(DrawingWith(Drawing() + Level("8=ORVO_RESULT_X", kHere, 7777, 0, 8000, 4000, 0)));
+    EXPECT_FALSE(HasFaceAtX(StandingFaces(drawing.database, AnalysisRequest()), 7777.0));
+    PointRequest request;
+    request.areaLayers = {L"GREEN"};
+    EXPECT_FALSE(HasFaceAtX(StandingFaces(drawing.database, request), 7777.0));
+}
+
 TEST(StandingFaces, AreNoneWithoutAUnitThatIsALength) {
     const OpenDrawing drawing(DrawingWith(Drawing(), {}, 99));
     EXPECT_TRUE(StandingFaces(drawing.database, AnalysisRequest()).faces.empty());

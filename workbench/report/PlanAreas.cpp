@@ -7,6 +7,7 @@
 #include <map>
 #include <utility>
 
+#include "analysis/Isolines.h"
 #include "analysis/PointAnalysis.h"
 #include "platform/base/CString.h"
 #include "workbench/report/PlanSheet.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr double kLeastCell = 30.0;  // hundredths of a millimetre, like all on paper
 constexpr int kShareSize = 260;
+constexpr int kHoursSize = 200;
 
 // The plane of an outline, seen from above: where its points' rows and columns go, metres.
 struct AreaAxes {
@@ -31,15 +33,11 @@ Vector3 VectorOf(const QcGePoint& point) {
 AreaAxes AxesOf(const OutlineResult& outline) {
     constexpr double kUpright = 0.02;
     AreaAxes axes;
-    Vector3 normal;
-    for (std::size_t i = 2; i < outline.corners.size(); ++i) {
-        const Vector3 origin = VectorOf(outline.corners[0]);
-        normal = normal + Cross(VectorOf(outline.corners[i - 1]) - origin, VectorOf(outline.corners[i]) - origin);
-    }
-    const double length = Length(normal);
-    if (!(std::abs(normal.z) > kUpright * length))
+    Vector3 normal = VectorOf(outline.outward);
+    if (!(std::abs(normal.z) > kUpright))
         return axes;
-    normal = normal * ((normal.z < 0.0 ? -1.0 : 1.0) / length);
+    if (normal.z < 0.0)
+        normal = -normal;
     const double inPlan = std::hypot(normal.x, normal.y);
     axes.isUpright = false;
     axes.right = {1.0, 0.0, 0.0};
@@ -135,15 +133,71 @@ PaperLoop OutlineOnPaper(const OutlineResult& outline, const PlanSheet& sheet) {
     return loop;
 }
 
+PaperLoop LineOnPaper(const Isoline& isoline, const PlanSheet& sheet) {
+    PaperLoop line;
+    for (const QcGePoint& point : isoline.points) {
+        if (sheet.IsFarOutside(sheet.Place(point.x, point.y)))
+            return {};
+        const PaperPoint place = sheet.Point(point.x, point.y);
+        if (line.empty() || place != line.back())
+            line.push_back(place);
+    }
+    return line;
+}
+
+// Of one area.
+std::string IsolinesOf(const PlanPicture& picture, const PlanSheet& sheet, std::size_t index) {
+    std::string path;
+    for (const Isoline& isoline : picture.points->isolines)
+        if (const PaperLoop line = isoline.outline == index ? LineOnPaper(isoline, sheet) : PaperLoop();
+            line.size() > 1)
+            isoline.isClosed ? AppendLoop(path, line) : AppendLine(path, line);
+    if (path.empty())
+        return {};
+    return "<path class=\"isolines\" fill=\"none\" stroke=\"#111\" stroke-width=\"18\" d=\"" + path + "\"/>\n";
+}
+
 std::string MarkupOf(const PlanPicture& picture, const PlanSheet& sheet, std::size_t index, const PaperLoop& outline) {
     std::string path;
     AppendLoop(path, outline);
     const std::string clip = picture.id + "-area" + std::to_string(index);
     return "<g class=\"area\">\n<clipPath id=\"" + clip + "\"><path d=\"" + path +
            "\"/></clipPath>\n<g clip-path=\"url(#" + clip + ")\" stroke=\"none\">\n" +
-           CellsOf(picture, sheet, picture.points->outlines[index]) +
+           CellsOf(picture, sheet, picture.points->outlines[index]) + IsolinesOf(picture, sheet, index) +
            "</g>\n<path class=\"outline\" fill=\"none\" stroke=\"#111\" stroke-width=\"18\" d=\"" + path +
            "\"/>\n</g>\n";
+}
+
+// So far along a line as a part of its length says.
+PaperPoint PlaceAlong(const PaperLoop& line, double part) {
+    const auto length = [&](std::size_t i) { return std::hypot(line[i].x - line[i - 1].x, line[i].y - line[i - 1].y); };
+    double left = 0.0;
+    for (std::size_t i = 1; i < line.size(); ++i)
+        left += part * length(i);
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        if (left <= length(i)) {
+            const double share = left / length(i);
+            return {line[i - 1].x + static_cast<int>(share * (line[i].x - line[i - 1].x)),
+                    line[i - 1].y + static_cast<int>(share * (line[i].y - line[i - 1].y))};
+        }
+        left -= length(i);
+    }
+    return line.back();
+}
+
+// As near to the middle of the line as there is room.
+std::string DrawIsolineHours(const Isoline& isoline, const PlanSheet& sheet, PaperLabels& labels) {
+    const PaperLoop line = LineOnPaper(isoline, sheet);
+    // What is as short as its number is not worth one.
+    if (line.size() < 2 || std::max(BoxAround({line}).Width(), BoxAround({line}).Height()) < 2 * kHoursSize)
+        return {};
+    const CString text = FromUtf8(std::to_string(isoline.hours));
+    for (const double part : {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8}) {
+        const PaperBox own = BoxForText(text, kHoursSize, PlaceAlong(line, part));
+        if (labels.TryTake(own))
+            return TextInBox(text, own, kHoursSize);
+    }
+    return {};
 }
 
 CString ShareText(double share) {
@@ -171,6 +225,12 @@ std::string DrawShare(const CString& text, const PaperLoop& outline, PaperLabels
     return {};
 }
 
+std::string InGroup(const char* name, int size, const std::string& texts) {
+    return texts.empty() ? texts
+                         : std::string("<g class=\"") + name + "\" font-size=\"" + std::to_string(size) +
+                               "\" font-weight=\"bold\">\n" + texts + "</g>\n";
+}
+
 }  // namespace
 
 std::vector<PlanArea> FindAreas(const PlanPicture& picture, const PlanSheet& sheet) {
@@ -195,15 +255,16 @@ std::vector<PlanArea> FindAreas(const PlanPicture& picture, const PlanSheet& she
 }
 
 std::string DrawAreaTexts(const PlanPicture& picture, const PlanSheet& sheet, PaperLabels& labels) {
-    std::string texts;
-    if (picture.points)
-        for (const OutlineResult& outline : picture.points->outlines) {
-            const PaperLoop loop = OutlineOnPaper(outline, sheet);
-            if (outline.share && !loop.empty())
-                texts += DrawShare(ShareText(*outline.share), loop, labels);
-        }
-    if (texts.empty())
+    if (!picture.points)
         return {};
-    return "<g class=\"shares\" font-size=\"" + std::to_string(kShareSize) + "\" font-weight=\"bold\">\n" + texts +
-           "</g>\n";
+    std::string shares;
+    for (const OutlineResult& outline : picture.points->outlines) {
+        const PaperLoop loop = OutlineOnPaper(outline, sheet);
+        if (outline.share && !loop.empty())
+            shares += DrawShare(ShareText(*outline.share), loop, labels);
+    }
+    std::string hours;
+    for (const Isoline& isoline : picture.points->isolines)
+        hours += DrawIsolineHours(isoline, sheet, labels);
+    return InGroup("shares", kShareSize, shares) + InGroup("isoline-hours", kHoursSize, hours);
 }

@@ -17,7 +17,7 @@ struct PlanSigns {
     bool hasUntold = false;
     bool hasCovered = false;
     bool hasProject = false;
-    bool hasAreas = false;
+    bool hasIsolines = false;
     bool hasShares = false;
 };
 std::vector<LegendEntry> PlanLegend(const PlanPicture& picture, const PlanSigns& signs);

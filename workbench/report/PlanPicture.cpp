@@ -76,6 +76,7 @@ PlanSigns SignsOf(const PlanPicture& picture, const PlanStrokes& strokes) {
     }
     signs.hasProject = picture.withProject && std::find(picture.faces.proposed.begin(), picture.faces.proposed.end(),
                                                         true) != picture.faces.proposed.end();
+    signs.hasIsolines = picture.points && !picture.points->isolines.empty();
     if (picture.points)
         for (const OutlineResult& outline : picture.points->outlines) {
             signs.hasColors = signs.hasColors || outline.pointCount > 0;
