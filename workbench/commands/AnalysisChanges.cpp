@@ -8,7 +8,6 @@
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTotals.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/terminal/TextTable.h"
 #include "workbench/terminal/TextWidth.h"
 
 namespace {
@@ -31,10 +30,10 @@ Cells SumCells(const WindowTotal& total) {
             duration(total.leastBefore), duration(total.leastNow),    duration(total.mostLost)};
 }
 
-// A table of sums whose lines begin with some cells of their own; nothing without a sum of compared windows.
+// A table of sums whose lines begin with some cells of their own, only where there is a sum of compared windows.
 template <class NameCells>
-void PrintSums(const CString& heading, std::size_t names, Cells headings, const std::vector<WindowTotal>& totals,
-               const NameCells& nameCells, Output& output) {
+void AddSums(const CString& title, std::size_t names, Cells headings, const std::vector<WindowTotal>& totals,
+             const NameCells& nameCells, std::vector<TitledTable>& tables) {
     std::vector<Align> columns(names, Align::Left);
     columns.resize(names + SumHeadings().size(), Align::Right);
     TextTable table(columns);
@@ -43,18 +42,11 @@ void PrintSums(const CString& heading, std::size_t names, Cells headings, const 
         table.Add(std::move(cells));
     };
     add(std::move(headings), SumHeadings());
-    bool isAny = false;
-    for (const WindowTotal& total : totals) {
-        if (total.compared == 0)
-            continue;
-        add(nameCells(total), SumCells(total));
-        isAny = true;
-    }
-    if (!isAny)
-        return;
-    output.Line(L"");
-    output.Line(heading);
-    table.PrintTo(output, 2);
+    for (const WindowTotal& total : totals)
+        if (total.compared != 0)
+            add(nameCells(total), SumCells(total));
+    if (table.Rows().size() > 1)
+        tables.push_back({title, std::move(table)});
 }
 
 CString NameOrNone(const CString& name) {
@@ -66,13 +58,14 @@ CString FlatVerdict(const WindowTotal& flat, std::size_t passing) {
 }
 
 // All names, as many to a line as a terminal takes.
-void PrintNames(const CString& heading, const std::vector<CString>& names, Output& output) {
+void PrintNames(const TitledNames& titled, Output& output) {
     constexpr int kTerminal = 100;
     constexpr int kIndent = 2;
+    output.Line(L"");
+    output.Line(titled.title);
+    const std::vector<CString>& names = titled.names;
     if (names.empty())
         return;
-    output.Line(L"");
-    output.Line(heading);
     CString line;
     for (std::size_t i = 0; i < names.size(); ++i) {
         const CString name = i + 1 < names.size() ? names[i] + L"," : names[i];
@@ -85,51 +78,63 @@ void PrintNames(const CString& heading, const std::vector<CString>& names, Outpu
     output.Line(CString(L' ', kIndent) + line);
 }
 
-void PrintWhoFailsNow(const AnalysisReport& report, const std::vector<WindowTotal>& flats, Output& output) {
-    if (!report.request.need)
-        return;
-    std::vector<CString> names;
-    for (const WindowResult& window : report.answer.windows)
-        if (FailsNow(window))
-            names.push_back(WindowLabel(window));
-    std::vector<CString> flatNames;
-    for (const WindowTotal& flat : flats)
-        if (flat.FailsNow())
-            flatNames.push_back((flat.building.IsEmpty() ? CString() : Printable(flat.building) + L"-") +
-                                Printable(flat.flat));
-    PrintNames(SayFormat(L"因方案不再达标的窗：%s 个", CountText(names.size())), names, output);
-    PrintNames(SayFormat(L"因方案不再达标的户：%s 户", CountText(flatNames.size())), flatNames, output);
-    if (!names.empty())
-        return;
-    output.Line(L"");
-    output.Line(Say(L"没有窗因方案不再达标。"));
-}
-
 }  // namespace
 
-void PrintChanges(const AnalysisReport& report, Output& output) {
-    if (!IsCompared(report) || report.answer.windows.empty())
-        return;
+std::vector<TitledTable> ChangeTables(const AnalysisReport& report) {
+    std::vector<TitledTable> tables;
+    if (!IsCompared(report))
+        return tables;
     const WindowTotals totals = TotalsOf(report.answer.windows);
-    PrintSums(
+    AddSums(
         Say(L"方案前后，按户"), 4, {Say(L"前"), Say(L"后"), Say(L"楼"), Say(L"户")}, totals.flats,
         [](const WindowTotal& flat) {
             return Cells{FlatVerdict(flat, flat.passedBefore), FlatVerdict(flat, flat.passing),
                          NameOrNone(flat.building), Printable(flat.flat)};
         },
-        output);
-    PrintSums(
+        tables);
+    AddSums(
         Say(L"方案前后，按楼"), 2, {Say(L"楼"), Say(L"新不达标户")}, totals.buildings,
         [](const WindowTotal& building) {
             return Cells{NameOrNone(building.building),
                          building.judgedByNeed == 0 ? CString(L"-") : CountText(building.flatsFailNow)};
         },
-        output);
-    PrintSums(
+        tables);
+    AddSums(
         Say(L"方案前后，按层"), 2, {Say(L"楼"), Say(L"楼层")}, totals.storeys,
         [](const WindowTotal& storey) {
             return Cells{NameOrNone(storey.building), IntToText(*storey.floor)};
         },
-        output);
-    PrintWhoFailsNow(report, totals.flats, output);
+        tables);
+    return tables;
+}
+
+std::vector<TitledNames> WhoFailsNow(const AnalysisReport& report) {
+    std::vector<TitledNames> lists;
+    if (!IsCompared(report) || report.answer.windows.empty() || !report.request.need)
+        return lists;
+    std::vector<CString> names;
+    for (const WindowResult& window : report.answer.windows)
+        if (FailsNow(window))
+            names.push_back(WindowLabel(window));
+    std::vector<CString> flatNames;
+    for (const WindowTotal& flat : TotalsOf(report.answer.windows).flats)
+        if (flat.FailsNow())
+            flatNames.push_back((flat.building.IsEmpty() ? CString() : Printable(flat.building) + L"-") +
+                                Printable(flat.flat));
+    const CString windowsTitle = SayFormat(L"因方案不再达标的窗：%s 个", CountText(names.size()));
+    const CString flatsTitle = SayFormat(L"因方案不再达标的户：%s 户", CountText(flatNames.size()));
+    if (names.empty())
+        lists.push_back({Say(L"没有窗因方案不再达标。"), {}});
+    else
+        lists.push_back({windowsTitle, std::move(names)});
+    if (!flatNames.empty())
+        lists.push_back({flatsTitle, std::move(flatNames)});
+    return lists;
+}
+
+void PrintChanges(const AnalysisReport& report, Output& output) {
+    for (const TitledTable& each : ChangeTables(report))
+        PrintTitled(each, output);
+    for (const TitledNames& each : WhoFailsNow(report))
+        PrintNames(each, output);
 }

@@ -12,7 +12,6 @@
 #include "workbench/commands/AnalysisWords.h"
 #include "workbench/commands/DayReport.h"
 #include "workbench/commands/SunRows.h"
-#include "workbench/terminal/TextTable.h"
 
 namespace {
 
@@ -32,10 +31,8 @@ CString HeightsText(const std::vector<LayerHeight>& heights) {
 
 }  // namespace
 
-void PrintHead(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
-               const std::vector<HeadRow>& own, Output& output) {
-    output.Line(Printable(NoteOf(request.settings)));
-    output.Line(L"");
+TextTable HeadTable(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+                    const std::vector<HeadRow>& own) {
     TextTable table({Align::Left, Align::Left});
     if (!report.drawing.IsEmpty())
         table.Add({Say(L"图形"), Printable(NameOf(report.drawing))});
@@ -52,7 +49,14 @@ void PrintHead(const DayReport& report, const DayRequest& request, const DayAnsw
         table.Add({row.name, row.value});
     table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))
                                           : Say(L"没有给出（--need），只列出日照")});
-    table.PrintTo(output);
+    return table;
+}
+
+void PrintHead(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+               const std::vector<HeadRow>& own, Output& output) {
+    output.Line(Printable(NoteOf(request.settings)));
+    output.Line(L"");
+    HeadTable(report, request, answer, own).PrintTo(output);
     output.Line(RulesInOneLine(*request.settings.standard));
     output.Line(L"");
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/base/CString.h"
+#include "workbench/terminal/TextTable.h"
 
 class Output;
 struct DayAnswer;
@@ -14,6 +15,10 @@ struct HeadRow {
     CString name;
     CString value;
 };
+
+// Drawing, place, day, span, north, heights, what an analysis has of its own, and need.
+TextTable HeadTable(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+                    const std::vector<HeadRow>& own);
 
 // Note, drawing, place, day, span, north, heights, what an analysis has of its own, need and the standard's rules, and
 // an empty line.

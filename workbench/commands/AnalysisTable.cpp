@@ -14,53 +14,64 @@
 #include "workbench/commands/AnalysisTotals.h"
 #include "workbench/commands/AnalysisWords.h"
 #include "workbench/commands/WindowRows.h"
-#include "workbench/terminal/TextTable.h"
 
 namespace {
 
 using Align = TextTable::Align;
 
-void PrintEntities(const std::vector<ShadingEntity>& entities, const CString& heading, Output& output) {
+void AddEntities(const std::vector<ShadingEntity>& entities, const CString& title, std::vector<TitledTable>& tables) {
     if (entities.empty())
         return;
-    output.Line(L"");
-    output.Line(heading);
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Right});
     table.Add({Say(L"句柄"), Say(L"类型"), Say(L"图层"), Say(L"受遮挡的窗")});
     for (const ShadingEntity& entity : entities)
         table.Add({HandleOrNone(entity.handle), Printable(entity.words.type), Printable(entity.words.layer),
                    IntToText(static_cast<int>(entity.windows))});
-    table.PrintTo(output, 2);
-}
-
-void PrintLeftOut(const LeftOut& leftOut, Output& output) {
-    if (leftOut.entities)
-        output.Line(LeftOutByScopeText(*leftOut.entities));
-    if (leftOut.belowAltitude)
-        output.Line(LeftOutByAltitudeText(*leftOut.belowAltitude));
+    tables.push_back({title, std::move(table)});
 }
 
 }  // namespace
 
-bool PrintAnalysisTable(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
-    std::vector<HeadRow> project;
-    if (IsCompared(report))
-        project.push_back({Say(L"方案图层"), JoinNames(report.request.proposedLayers)});
-    PrintHead(report, report.request, report.answer, project, output);
-    if (!PrintWindowRows(report, output, goOn))
-        return false;
-    PrintTotals(report.answer.windows, output);
-    PrintChanges(report, output);
-    PrintEntities(report.shading, Say(L"遮挡日照的实体"), output);
-    PrintEntities(report.taking, Say(L"方案中夺去日照的实体"), output);
-    output.Line(L"");
-    PrintSummary(report.answer.windows, output);
-    PrintLeftOut(LeftOutOf(report), output);
+std::vector<HeadRow> OwnHeadRows(const AnalysisReport& report) {
+    if (!IsCompared(report))
+        return {};
+    return {{Say(L"方案图层"), JoinNames(report.request.proposedLayers)}};
+}
+
+std::vector<TitledTable> EntityTables(const AnalysisReport& report) {
+    std::vector<TitledTable> tables;
+    AddEntities(report.shading, Say(L"遮挡日照的实体"), tables);
+    AddEntities(report.taking, Say(L"方案中夺去日照的实体"), tables);
+    return tables;
+}
+
+std::vector<CString> ReadingNotes(const AnalysisReport& report) {
+    std::vector<CString> notes;
+    const LeftOut leftOut = LeftOutOf(report);
+    if (leftOut.entities)
+        notes.push_back(LeftOutByScopeText(*leftOut.entities));
+    if (leftOut.belowAltitude)
+        notes.push_back(LeftOutByAltitudeText(*leftOut.belowAltitude));
     for (const wchar_t* text :
          {L"朝向是窗的外法线，从正东起逆时针计。", L"“日照”是精确的时段，“计入”是按标准的步长、计入判定的时段。",
           L"日面中心，平坦地平线，不计大气折射；赤纬和时差整日不变。",
           L"图形里没有的（地形、树木、窗框、玻璃）都不计。"})
-        output.Line(Say(text));
-    output.Line(SourceWarning());
+        notes.push_back(Say(text));
+    notes.push_back(SourceWarning());
+    return notes;
+}
+
+bool PrintAnalysisTable(const AnalysisReport& report, Output& output, const AnalysisProgress& goOn) {
+    PrintHead(report, report.request, report.answer, OwnHeadRows(report), output);
+    if (!PrintWindowRows(report, output, goOn))
+        return false;
+    PrintTotals(report.answer.windows, output);
+    PrintChanges(report, output);
+    for (const TitledTable& each : EntityTables(report))
+        PrintTitled(each, output);
+    output.Line(L"");
+    PrintSummary(report.answer.windows, output);
+    for (const CString& note : ReadingNotes(report))
+        output.Line(note);
     return true;
 }

@@ -11,7 +11,6 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/terminal/TextTable.h"
 
 namespace {
 
@@ -97,11 +96,7 @@ CString FlatVerdict(const WindowTotal& total) {
     return VerdictWord(total.judgedByNeed == 0 ? std::nullopt : std::optional(total.passing > 0));
 }
 
-void PrintFlats(const std::vector<WindowTotal>& flats, Output& output) {
-    if (flats.empty())
-        return;
-    output.Line(L"");
-    output.Line(Say(L"按户合计（一户有一个窗达标即达标）"));
+TitledTable FlatTable(const std::vector<WindowTotal>& flats) {
     TextTable table(
         {Align::Left, Align::Left, Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right});
     table.Add({Say(L"结论"), Say(L"楼"), Say(L"户"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"),
@@ -109,12 +104,10 @@ void PrintFlats(const std::vector<WindowTotal>& flats, Output& output) {
     for (const WindowTotal& flat : flats)
         table.Add({FlatVerdict(flat), NameOrNone(flat.building), Printable(flat.flat), CountText(flat.windows),
                    CountText(flat.analysed), Passing(flat), Least(flat), Most(flat)});
-    table.PrintTo(output, 2);
+    return {Say(L"按户合计（一户有一个窗达标即达标）"), std::move(table)};
 }
 
-void PrintBuildings(const std::vector<WindowTotal>& buildings, Output& output) {
-    output.Line(L"");
-    output.Line(Say(L"按楼合计"));
+TitledTable BuildingTable(const std::vector<WindowTotal>& buildings) {
     TextTable table({Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right,
                      Align::Right});
     table.Add({Say(L"楼"), Say(L"户数"), Say(L"达标户"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"),
@@ -124,20 +117,16 @@ void PrintBuildings(const std::vector<WindowTotal>& buildings, Output& output) {
                    building.judgedByNeed == 0 ? CString(L"-") : CountText(building.passingFlats),
                    CountText(building.windows), CountText(building.analysed), Passing(building), Least(building),
                    Most(building)});
-    table.PrintTo(output, 2);
+    return {Say(L"按楼合计"), std::move(table)};
 }
 
-void PrintStoreys(const std::vector<WindowTotal>& storeys, Output& output) {
-    if (storeys.empty())
-        return;
-    output.Line(L"");
-    output.Line(Say(L"按层合计"));
+TitledTable StoreyTable(const std::vector<WindowTotal>& storeys) {
     TextTable table({Align::Left, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right, Align::Right});
     table.Add({Say(L"楼"), Say(L"楼层"), Say(L"窗数"), Say(L"已分析"), Say(L"达标窗"), Say(L"最少"), Say(L"最多")});
     for (const WindowTotal& storey : storeys)
         table.Add({NameOrNone(storey.building), IntToText(*storey.floor), CountText(storey.windows),
                    CountText(storey.analysed), Passing(storey), Least(storey), Most(storey)});
-    table.PrintTo(output, 2);
+    return {Say(L"按层合计"), std::move(table)};
 }
 
 }  // namespace
@@ -181,16 +170,24 @@ WindowTotals TotalsOf(const std::vector<WindowResult>& windows) {
     return totals;
 }
 
-void PrintTotals(const std::vector<WindowResult>& windows, Output& output) {
-    if (windows.empty())
-        return;
+std::vector<TitledTable> TotalTables(const std::vector<WindowResult>& windows) {
     const WindowTotals totals = TotalsOf(windows);
-    PrintFlats(totals.flats, output);
-    PrintBuildings(totals.buildings, output);
-    PrintStoreys(totals.storeys, output);
+    std::vector<TitledTable> tables;
+    if (!totals.flats.empty())
+        tables.push_back(FlatTable(totals.flats));
+    if (!totals.buildings.empty())
+        tables.push_back(BuildingTable(totals.buildings));
+    if (!totals.storeys.empty())
+        tables.push_back(StoreyTable(totals.storeys));
+    return tables;
 }
 
-void PrintSummary(const std::vector<WindowResult>& windows, Output& output) {
+void PrintTotals(const std::vector<WindowResult>& windows, Output& output) {
+    for (const TitledTable& each : TotalTables(windows))
+        PrintTitled(each, output);
+}
+
+std::vector<CString> SummaryLines(const std::vector<WindowResult>& windows) {
     constexpr std::size_t kNamed = 10;
     WindowTotal all;
     CString failing;
@@ -202,11 +199,17 @@ void PrintSummary(const std::vector<WindowResult>& windows, Output& output) {
         failing += failing.IsEmpty() ? L"" : L", ";
         failing += failed > kNamed ? CString(L"...") : WindowLabel(window);
     }
-    output.Line(all.judgedByNeed == 0
-                    ? SayFormat(L"共 %s 个窗，已分析 %s 个。", CountText(all.windows), CountText(all.analysed))
-                    : SayFormat(L"共 %s 个窗，已分析 %s 个：达标 %s 个，不达标 %s 个。", CountText(all.windows),
-                                CountText(all.analysed), CountText(all.passing),
-                                CountText(all.judgedByNeed - all.passing)));
+    std::vector<CString> lines = {
+        all.judgedByNeed == 0
+            ? SayFormat(L"共 %s 个窗，已分析 %s 个。", CountText(all.windows), CountText(all.analysed))
+            : SayFormat(L"共 %s 个窗，已分析 %s 个：达标 %s 个，不达标 %s 个。", CountText(all.windows),
+                        CountText(all.analysed), CountText(all.passing), CountText(all.judgedByNeed - all.passing))};
     if (!failing.IsEmpty())
-        output.Line(SayFormat(L"不达标的窗：%s", failing));
+        lines.push_back(SayFormat(L"不达标的窗：%s", failing));
+    return lines;
+}
+
+void PrintSummary(const std::vector<WindowResult>& windows, Output& output) {
+    for (const CString& line : SummaryLines(windows))
+        output.Line(line);
 }

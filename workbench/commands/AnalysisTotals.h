@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "analysis/WindowAnalysis.h"
+#include "workbench/terminal/TextTable.h"
 
 class Output;
 
@@ -47,8 +48,10 @@ struct WindowTotals {
 
 WindowTotals TotalsOf(const std::vector<WindowResult>& windows);
 
-// Nothing for no windows.
+// By flat, building and storey; those without a row are left out.
+std::vector<TitledTable> TotalTables(const std::vector<WindowResult>& windows);
 void PrintTotals(const std::vector<WindowResult>& windows, Output& output);
 
 // In two lines at most: how many windows there are and how many pass, and the first of those that do not.
+std::vector<CString> SummaryLines(const std::vector<WindowResult>& windows);
 void PrintSummary(const std::vector<WindowResult>& windows, Output& output);

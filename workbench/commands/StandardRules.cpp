@@ -9,7 +9,6 @@
 #include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
-#include "workbench/terminal/TextTable.h"
 
 namespace {
 
@@ -31,7 +30,7 @@ CString ChangeWords(const Standard& standard, const std::vector<const StandardFi
 
 }  // namespace
 
-void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output) {
+TextTable RulesTable(const Standard& standard, const StandardChanges& changes) {
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left});
     for (const Rule& rule : RulesInWords(standard))
@@ -42,7 +41,11 @@ void PrintRules(const Standard& standard, const StandardChanges& changes, Output
     const CString source = SourceOf(standard.name);
     if (!source.IsEmpty())
         table.Add({isChanged ? Say(L"其余出厂值来源") : Say(L"出厂值来源"), source});
-    table.PrintTo(output, 2);
+    return table;
+}
+
+void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output) {
+    RulesTable(standard, changes).PrintTo(output, 2);
 }
 
 nlohmann::ordered_json RulesAsJson(const Standard& standard, const StandardChanges& changes) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "facts/SettingsForm.h"
+#include "workbench/terminal/TextTable.h"
 
 class Output;
 struct Standard;
@@ -15,6 +16,7 @@ struct Standard;
 using StandardChanges = std::optional<std::vector<const StandardField*>>;
 
 // Each rule in words, where the shipped values come from, and which of them have been changed.
+TextTable RulesTable(const Standard& standard, const StandardChanges& changes);
 void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output);
 
 // Every field with its number as it is stored; "source" where one is known (see SourceOf); "changedFromShipped", the

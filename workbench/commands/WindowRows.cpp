@@ -3,13 +3,11 @@
 
 #include <algorithm>
 
-#include "facts/NearestNames.h"
-#include "platform/base/TextNumber.h"
 #include "platform/host/Output.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
-#include "workbench/commands/CompassWords.h"
+#include "workbench/commands/WindowWords.h"
 #include "workbench/terminal/TextWidth.h"
 
 namespace {
@@ -35,31 +33,12 @@ CString Between() {
     return CString(L' ', kBetween);
 }
 
-CString FloorText(const WindowResult& window) {
-    return window.floor ? IntToText(*window.floor) : CString(L"-");
-}
-
-CString FacingText(const WindowResult& window) {
+// With the points of the degrees below each other.
+CString PaddedFacing(const WindowResult& window) {
     constexpr int kDegrees = 5;
-    if (!window.facing)
-        return L"-";
-    return PadLeft(DegreesText(*window.facing), kDegrees) + L" " + CompassWord(*window.facing);
-}
-
-CString JudgedText(const WindowResult& window) {
-    return IsAnalysed(window) ? DurationText(window.judged) : CString(L"-");
-}
-
-CString BeforeText(const WindowResult& window) {
-    return window.before && IsAnalysed(window) ? DurationText(window.before->judged) : CString(L"-");
-}
-
-// Rounding may make a little of nothing.
-CString LostText(const WindowResult& window) {
-    if (!window.before || !IsAnalysed(window))
-        return L"-";
-    const double lost = LostMinutes(window);
-    return lost < 0.0 ? CString(L"-") + DurationText(-lost) : DurationText(lost);
+    const CString text = FacingText(window);
+    const int missing = window.facing ? kDegrees - DegreesText(*window.facing).GetLength() : 0;
+    return CString(L' ', std::max(missing, 0)) + text;
 }
 
 int WidthOf(std::initializer_list<CString> texts) {
@@ -80,11 +59,12 @@ Widths WidthsOf(const AnalysisReport& report) {
     widths.floor = WidthOf({Say(L"楼层")});
     widths.facing = WidthOf({Say(L"朝向（度）")});
     widths.judged = WidthOf({Say(L"判定时数")});
-    widths.kind = WidthOf({Say(L"日照"), Say(L"计入"), Say(L"不计"), Say(L"遮挡"), Say(L"夺去")});
+    widths.kind = WidthOf({KindWord(StretchKind::Sunlit), KindWord(StretchKind::Counted),
+                           KindWord(StretchKind::Dropped), KindWord(StretchKind::Hidden), KindWord(StretchKind::Lost)});
     for (const WindowResult& window : report.answer.windows) {
         widths.label = std::max(widths.label, std::min(DisplayWidth(WindowLabel(window)), kMostLabel));
         widths.floor = std::max(widths.floor, DisplayWidth(FloorText(window)));
-        widths.facing = std::max(widths.facing, DisplayWidth(FacingText(window)));
+        widths.facing = std::max(widths.facing, DisplayWidth(PaddedFacing(window)));
         widths.judged = std::max(widths.judged, DisplayWidth(JudgedText(window)));
         if (!IsCompared(report))
             continue;
@@ -135,36 +115,20 @@ void PrintWindowLine(const Widths& widths, WindowCells cells, Output& output) {
     output.Line(below);
 }
 
-// What is special about a window, behind its line.
-CString Specials(const AnalysisReport& report, const WindowResult& window) {
-    std::vector<CString> texts;
-    if (window.part) {
-        CString from;
-        from.Format(L"%.2f", window.part->from);
-        CString width;
-        width.Format(L"%.2f", window.part->width);
-        texts.push_back(SayFormat(L"按从左端 %s 米起、宽 %s 米的部分判定", from, width));
-    }
-    if (IsCompared(report) && !window.before)
-        texts.push_back(Say(L"在方案上"));
-    if (FailsNow(window))
-        texts.push_back(Say(L"方案前达标"));
-    return JoinNames(texts);
-}
-
 // A stretch of the day in both times. `words` go on below where the line is full.
 class StretchLines {
 public:
     StretchLines(const Widths& widths, double offset, Output& output)
         : m_widths(widths), m_offset(offset), m_output(output) {}
 
-    void Print(const CString& kind, SunPeriod period, const CString& before, const std::vector<CString>& words) {
+    void Print(const Stretch& stretch) {
         constexpr int kDuration = 7;
-        CString line = CString(L' ', kIndent) + PadRight(kind, m_widths.kind) + Between() + PeriodText(period, 0.0) +
-                       Between() + PeriodText(period, m_offset) + Between() +
-                       PadLeft(DurationText(period.Minutes()), kDuration) + Between();
+        CString line = CString(L' ', kIndent) + PadRight(KindWord(stretch.kind), m_widths.kind) + Between() +
+                       PeriodText(stretch.period, 0.0) + Between() + PeriodText(stretch.period, m_offset) + Between() +
+                       PadLeft(DurationText(stretch.period.Minutes()), kDuration) + Between();
         const int start = DisplayWidth(line);
-        line += before;
+        const std::vector<CString>& words = stretch.words;
+        line += stretch.before;
         for (std::size_t i = 0; i < words.size(); ++i) {
             const CString word = i + 1 < words.size() ? words[i] + L"," : words[i];
             const bool isFirst = DisplayWidth(line) == start;
@@ -184,34 +148,14 @@ private:
     Output& m_output;
 };
 
-void PrintHidden(const CString& kind, const std::vector<HiddenPeriod>& list, StretchLines& lines) {
-    for (const HiddenPeriod& hidden : list) {
-        std::vector<CString> by;
-        for (const std::uint64_t handle : hidden.by)
-            by.push_back(HandleOrNone(handle));
-        lines.Print(kind, hidden.period, Say(L"被"), by);
-    }
-}
-
-void PrintStretches(const WindowResult& window, StretchLines& lines) {
-    for (const SunPeriod& period : window.sunlit)
-        lines.Print(Say(L"日照"), period, CString(), {});
-    for (const SunPeriod& period : window.counted)
-        lines.Print(Say(L"计入"), period, CString(), {});
-    for (const DroppedPeriod& dropped : window.dropped)
-        lines.Print(Say(L"不计"), dropped.period, ReasonWord(dropped.reason), {});
-    PrintHidden(Say(L"遮挡"), window.hidden, lines);
-    PrintHidden(Say(L"夺去"), window.lost, lines);
-}
-
 WindowCells Headings() {
     return {Say(L"结论"),     Say(L"窗（句柄）"), Say(L"楼层"), Say(L"朝向（度）"),
             Say(L"判定时数"), Say(L"方案前"),     Say(L"失去"), CString()};
 }
 
 WindowCells CellsOf(const AnalysisReport& report, const WindowResult& window) {
-    return {VerdictWord(window.passes), WindowLabel(window), FloorText(window), FacingText(window),
-            JudgedText(window),         BeforeText(window),  LostText(window),  Specials(report, window)};
+    return {VerdictWord(window.passes), WindowLabel(window), FloorText(window), PaddedFacing(window),
+            JudgedText(window),         BeforeText(window),  LostText(window),  SpecialsText(report, window)};
 }
 
 }  // namespace
@@ -230,7 +174,8 @@ bool PrintWindowRows(const AnalysisReport& report, Output& output, const Analysi
         PrintWindowLine(widths, CellsOf(report, window), output);
         for (const WindowNote note : window.notes)
             output.Line(CString(L' ', kIndent) + NoteWord(note));
-        PrintStretches(window, lines);
+        for (const Stretch& stretch : StretchesOf(window))
+            lines.Print(stretch);
     }
     return true;
 }

@@ -27,3 +27,9 @@ void TextTable::PrintTo(Output& output, int indent) const {
         output.Line(line);
     }
 }
+
+void PrintTitled(const TitledTable& titled, Output& output) {
+    output.Line(L"");
+    output.Line(titled.title);
+    titled.table.PrintTo(output, 2);
+}

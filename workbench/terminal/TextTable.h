@@ -19,7 +19,18 @@ public:
     // Each row on a line of its own, two blanks between the columns, `indent` blanks before them.
     void PrintTo(Output& output, int indent = 0) const;
 
+    const std::vector<Align>& Columns() const { return m_columns; }
+    const std::vector<std::vector<CString>>& Rows() const { return m_rows; }
+
 private:
     std::vector<Align> m_columns;
     std::vector<std::vector<CString>> m_rows;
 };
+
+// A table under a line that says what it is; its first row are the headings of its columns.
+struct TitledTable {
+    CString title;
+    TextTable table;
+};
+// An empty line, the title, and the table a little to the right.
+void PrintTitled(const TitledTable& titled, Output& output);
