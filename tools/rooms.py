@@ -95,7 +95,7 @@ FLOORS = [
         workbench("terminal", (SYSTEM, JSON, LIBEDIT), ()),
         workbench("view", (QT, OPENGL), ()),
         workbench("film", (SYSTEM, QT), ("terminal", "view")),
-        workbench("report", (SYSTEM,), ("terminal", "view")),
+        workbench("report", (SYSTEM, QT), ("terminal", "view")),
         workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal", "film", "report")),
         workbench("window", (SYSTEM, QT), ("terminal", "view", "commands")),
         workbench("entry", (), ("terminal", "commands", "window")),

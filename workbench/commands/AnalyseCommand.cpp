@@ -13,6 +13,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisAsCsv.h"
 #include "workbench/commands/AnalysisAsJson.h"
+#include "workbench/commands/AnalysisPage.h"
 #include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTable.h"
@@ -102,9 +103,12 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     AnalysisReport report;
     report.drawing = options.file.value_or(CString());
     std::optional<FilmRequest> asked;
+    PageRequest page;
     int code = ReadOptions(options, report.request);
     if (!code)
         code = ReadAskedFilm(options.film, asked);
+    if (!code)
+        code = ReadAskedReport(options.page, page);
     if (!code)
         code = ReadDaySettings(options.day, report.request);
     if (code)
@@ -122,27 +126,27 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     if (report.answer.failure != AnalysisFailure::None)
         return Refuse(kExitFailed, FailureText(report.request, report.answer));
     FindStandardOf(report.request.settings, report);
-    if (!options.isJson && !options.isCsv)
+    const bool areEntitiesTold = page.IsAskedFor() || !(options.isJson || options.isCsv);
+    if (areEntitiesTold)
         report.shading = ShadingEntitiesOf(drawing, report.answer);
-    if (!options.isJson && !options.isCsv && IsCompared(report))
+    if (areEntitiesTold && IsCompared(report))
         report.taking = ShadingEntitiesOf(drawing, report.answer, &WindowResult::lost);
     HeldOutput held(output);
     if (!Print(report, options, held, progress))
         return Refuse(kExitFailed, Say(L"已取消，没有分析"));
     for (const CString& each : MessagesOf(report.request, report.answer))
         Complain(each);
-    held.PassOn();
-    if (options.write)
+    code = page.IsAskedFor() ? WriteAnalysisPage(report, drawing, page) : kExitOk;
+    held.PassOn();  // whatever became of the page
+    if (options.write && !code)
         code = WriteDrawing(drawing, WindowsOnDrawing(report, drawing), *options.write);
     if (film && !code)
         code = film->Shoot(drawing, report.request, report.answer, progress);
-    if (code)
-        return code;
-    return IsAnyAnalysed(report.answer) ? kExitOk : kExitFailed;
+    return IsAnyAnalysed(report.answer) ? code : kExitFailed;
 }
 
 Subcommand AnalyseSubcommand() {
-    return {
+    Subcommand row = {
         L"analyse",
         L"分析图形中每个窗的日照：何时照到，被什么遮挡，是否达标",
         {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
@@ -176,6 +180,7 @@ Subcommand AnalyseSubcommand() {
          FlagOption(L"--json", L"以 JSON 输出")},
         {L"orvo analyse courtyard.dxf --need 2 --standard 国标大寒日",
          L"orvo analyse courtyard.dxf --windows WINDOW --north 15 --json",
+         L"orvo analyse courtyard.dxf --need 2 --report report",
          L"orvo analyse courtyard.dxf --film sun.avi --every 10 --view southwest"},
         [](SubcommandCall& call) {
             return RunAnalyse(
@@ -189,10 +194,13 @@ Subcommand AnalyseSubcommand() {
                  call.HasFlag(L"--json"),
                  {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")},
                  call.GetValue(L"--write"),
-                 AskedFilmOf(call)},
+                 AskedFilmOf(call),
+                 AskedReportOf(call)},
                 call.GetOutput(), call.GetProgress());
         },
         Say};
+    AddReportOptions(row.options, true);
+    return row;
 }
 
 Subcommand AnalyzeSubcommand() {

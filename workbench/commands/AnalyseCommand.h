@@ -9,6 +9,7 @@
 #include "workbench/commands/AskedDay.h"
 #include "workbench/commands/AskedFilm.h"
 #include "workbench/commands/AskedPlan.h"
+#include "workbench/commands/AskedReport.h"
 
 class Output;
 class Progress;
@@ -26,6 +27,7 @@ struct AnalyseOptions {
     AskedPlan plan;
     std::optional<CString> write;  // where the drawing with its results goes
     AskedFilm film;
+    AskedReport page;
 };
 
 // Gives an ExitCode: success once the sun of one window has been told, whatever the verdicts,

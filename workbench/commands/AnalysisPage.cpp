@@ -1,0 +1,66 @@
+// The order of the sections.
+#include "workbench/commands/AnalysisPage.h"
+
+#include "facts/Settings.h"
+#include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisChanges.h"
+#include "workbench/commands/AnalysisHead.h"
+#include "workbench/commands/AnalysisRemarks.h"
+#include "workbench/commands/AnalysisReport.h"
+#include "workbench/commands/AnalysisTable.h"
+#include "workbench/commands/AnalysisTotals.h"
+#include "workbench/commands/AskedReport.h"
+#include "workbench/commands/PagePieces.h"
+#include "workbench/commands/WindowSections.h"
+#include "workbench/report/HtmlPage.h"
+#include "workbench/report/ReportFolder.h"
+#include "workbench/terminal/Complaint.h"
+
+namespace {
+
+void AddTables(HtmlPage& page, const std::vector<TitledTable>& tables) {
+    for (const TitledTable& each : tables) {
+        page.Part(each.title);
+        page.Table(each.table);
+    }
+}
+
+void AddTotals(HtmlPage& page, const AnalysisReport& report) {
+    page.Section(Say(L"合计"), true);
+    AddTables(page, TotalTables(report.answer.windows));
+    AddTables(page, ChangeTables(report));
+    for (const TitledNames& each : WhoFailsNow(report)) {
+        page.Part(each.title);
+        page.List(each.names);
+    }
+}
+
+}  // namespace
+
+std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
+    (void)drawing;
+    const CString title = Say(L"日照分析报告");
+    HtmlPage page(request.project.IsEmpty() ? title : Printable(request.project) + L" - " + title);
+    AddPageHead(page, title, request, report, HeadTable(report, report.request, report.answer, OwnHeadRows(report)));
+    page.Section(Say(L"结论"));
+    for (const CString& line : SummaryLines(report.answer.windows))
+        page.Paragraph(line, "lead");
+    AddSignatures(page);
+    if (!report.answer.windows.empty()) {
+        AddTotals(page, report);
+        AddWindowTable(page, report);
+        AddTimeLines(page, report);
+    }
+    AddTables(page, EntityTables(report));
+    AddPageRules(page, report, *report.request.settings.standard);
+    AddPageRemarks(page, MessagesOf(report.request, report.answer));
+    AddPageLimits(page, ReadingNotes(report));
+    return page.Whole();
+}
+
+int WriteAnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
+    const CString fault = SaveReport(request.folder, AnalysisPage(report, drawing, request));
+    return fault.IsEmpty() ? kExitOk : Refuse(kExitFailed, fault);
+}

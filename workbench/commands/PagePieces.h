@@ -1,0 +1,25 @@
+// What every page of an analysis has: its head, the rules that it went by, and what it cannot say.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/base/CString.h"
+
+class HtmlPage;
+class TextTable;
+struct DayReport;
+struct PageRequest;
+struct Standard;
+
+// Title, project, author, date and the program, then what was asked, with the drawing's fingerprint behind its name.
+void AddPageHead(HtmlPage& page, const CString& title, const PageRequest& request, const DayReport& report,
+                 const TextTable& asked);
+// Room for who made it, checked it and approved it.
+void AddSignatures(HtmlPage& page);
+// The standard's rules in words, and where they come from.
+void AddPageRules(HtmlPage& page, const DayReport& report, const Standard& standard);
+// What was left out or noted; that there was nothing where nothing was.
+void AddPageRemarks(HtmlPage& page, const std::vector<CString>& messages);
+// How to read the numbers, and what they cannot say.
+void AddPageLimits(HtmlPage& page, const std::vector<CString>& notes);
