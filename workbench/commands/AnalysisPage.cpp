@@ -2,8 +2,6 @@
 #include "workbench/commands/AnalysisPage.h"
 
 #include "facts/Settings.h"
-#include "platform/base/PlainText.h"
-#include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisChanges.h"
 #include "workbench/commands/AnalysisHead.h"
@@ -15,8 +13,6 @@
 #include "workbench/commands/PagePieces.h"
 #include "workbench/commands/WindowSections.h"
 #include "workbench/report/HtmlPage.h"
-#include "workbench/report/ReportFolder.h"
-#include "workbench/terminal/Complaint.h"
 
 namespace {
 
@@ -42,7 +38,7 @@ void AddTotals(HtmlPage& page, const AnalysisReport& report) {
 std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
     (void)drawing;
     const CString title = Say(L"日照分析报告");
-    HtmlPage page(request.project.IsEmpty() ? title : Printable(request.project) + L" - " + title);
+    HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report, HeadTable(report, report.request, report.answer, OwnHeadRows(report)));
     page.Section(Say(L"结论"));
     for (const CString& line : SummaryLines(report.answer.windows))
@@ -61,6 +57,5 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
 }
 
 int WriteAnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
-    const CString fault = SaveReport(request.folder, AnalysisPage(report, drawing, request));
-    return fault.IsEmpty() ? kExitOk : Refuse(kExitFailed, fault);
+    return SavePage(AnalysisPage(report, drawing, request), request);
 }

@@ -4,6 +4,7 @@
 #include "facts/DayText.h"
 #include "facts/Standard.h"
 #include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AskedReport.h"
 #include "workbench/commands/DayReport.h"
@@ -11,7 +12,9 @@
 #include "workbench/report/HtmlPage.h"
 #include "workbench/report/Joined.h"
 #include "workbench/report/Markup.h"
+#include "workbench/report/ReportFolder.h"
 #include "workbench/report/Sha256.h"
+#include "workbench/terminal/Complaint.h"
 #include "workbench/terminal/TextTable.h"
 
 namespace {
@@ -28,6 +31,10 @@ CString FingerprintText(const CString& drawing) {
 }
 
 }  // namespace
+
+CString PageTitle(const PageRequest& request, const CString& title) {
+    return request.project.IsEmpty() ? title : Printable(request.project) + L" - " + title;
+}
 
 void AddPageHead(HtmlPage& page, const CString& title, const PageRequest& request, const DayReport& report,
                  const TextTable& asked) {
@@ -78,4 +85,9 @@ void AddPageLimits(HtmlPage& page, const std::vector<CString>& notes) {
           L"达标与否只按上面列出的规则判定；当地的规定和审批以主管部门的意见为准。"})
         limits.push_back(Say(text));
     page.List(limits);
+}
+
+int SavePage(std::string_view page, const PageRequest& request) {
+    const CString fault = SaveReport(request.folder, page);
+    return fault.IsEmpty() ? kExitOk : Refuse(kExitFailed, fault);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/base/CString.h"
@@ -11,6 +12,9 @@ class TextTable;
 struct DayReport;
 struct PageRequest;
 struct Standard;
+
+// What the page is called: by the project, where there is one.
+CString PageTitle(const PageRequest& request, const CString& title);
 
 // Title, project, author, date and the program, then what was asked, with the drawing's fingerprint behind its name.
 void AddPageHead(HtmlPage& page, const CString& title, const PageRequest& request, const DayReport& report,
@@ -23,3 +27,6 @@ void AddPageRules(HtmlPage& page, const DayReport& report, const Standard& stand
 void AddPageRemarks(HtmlPage& page, const std::vector<CString>& messages);
 // How to read the numbers, and what they cannot say.
 void AddPageLimits(HtmlPage& page, const std::vector<CString>& notes);
+
+// Into the folder that was asked for. Gives an ExitCode, and has complained unless it is success.
+int SavePage(std::string_view page, const PageRequest& request);

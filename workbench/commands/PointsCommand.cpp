@@ -20,6 +20,7 @@
 #include "workbench/commands/PointsAsCsv.h"
 #include "workbench/commands/PointsAsJson.h"
 #include "workbench/commands/PointsOnDrawing.h"
+#include "workbench/commands/PointsPage.h"
 #include "workbench/commands/PointsReport.h"
 #include "workbench/commands/PointsTable.h"
 #include "workbench/commands/WriteOption.h"
@@ -60,7 +61,6 @@ int ReadOptions(const PointsOptions& options, PointRequest& request) {
     if (hasBlank)
         return Refuse(kExitUsage, Say(L"没有给出轮廓的图层：请用 --areas 写轮廓所在图层的名字，例如 --areas GREEN"));
     request.areaLayers = options.areas;
-    request.isolines = options.write.has_value();
     int code = RefuseResultLayers(L"--areas", options.areas);
     if (!code)
         code = ReadAskedDay(options.day, request);
@@ -92,7 +92,10 @@ PointAnswer Analyse(const AcDbDatabase& drawing, const PointRequest& request, Pr
 int RunPoints(const PointsOptions& options, Output& output, Progress& progress) {
     PointsReport report;
     report.drawing = options.file.value_or(CString());
+    PageRequest page;
     int code = ReadOptions(options, report.request);
+    if (!code)
+        code = ReadAskedReport(options.page, page);
     if (!code)
         code = ReadDaySettings(options.day, report.request);
     if (code)
@@ -100,6 +103,7 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
     code = CheckWriteOption(*options.file, options.write);
     if (code)
         return code;
+    report.request.isolines = options.write.has_value() || page.IsAskedFor();
     AcDbDatabase drawing;
     if (const int readCode = ReadDrawing(drawing, *options.file))
         return readCode;
@@ -112,16 +116,15 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
         return Refuse(kExitFailed, Say(L"已取消，没有分析"));
     for (const CString& each : MessagesOf(report.request, report.answer))
         Complain(each);
-    held.PassOn();
-    if (options.write)
+    code = page.IsAskedFor() ? WritePointsPage(report, drawing, page) : kExitOk;
+    held.PassOn();  // whatever became of the page
+    if (options.write && !code)
         code = WriteDrawing(drawing, PointsOnDrawing(report, drawing), *options.write);
-    if (code)
-        return code;
-    return report.answer.points.empty() ? kExitFailed : kExitOk;
+    return report.answer.points.empty() ? kExitFailed : code;
 }
 
 Subcommand PointsSubcommand() {
-    return {L"points",
+    Subcommand row = {L"points",
             L"分析轮廓里（地面、屋顶、墙面）一格格的点的日照，以及日照足够的比例",
             {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
              ValuesOption(L"--areas", SubcommandOption::kMany, L"LAYER", L"轮廓所在的图层，可以给出多次"),
@@ -140,8 +143,10 @@ Subcommand PointsSubcommand() {
             [](SubcommandCall& call) {
                 return RunPoints({call.GetValue(L"FILE"), call.GetValues(L"--areas"), call.GetValue(L"--spacing"),
                                   call.GetValue(L"--level"), AskedDayOf(call), call.HasFlag(L"--csv"),
-                                  call.HasFlag(L"--json"), call.GetValue(L"--write")},
+                                  call.HasFlag(L"--json"), call.GetValue(L"--write"), AskedReportOf(call)},
                                  call.GetOutput(), call.GetProgress());
             },
             Say};
+    AddReportOptions(row.options, false);
+    return row;
 }

@@ -7,6 +7,7 @@
 
 #include "platform/base/CString.h"
 #include "workbench/commands/AskedDay.h"
+#include "workbench/commands/AskedReport.h"
 
 class Output;
 class Progress;
@@ -21,6 +22,7 @@ struct PointsOptions {
     bool isCsv = false;  // not both
     bool isJson = false;
     std::optional<CString> write;  // where the drawing with its results goes
+    AskedReport page;
 };
 
 // Gives an ExitCode: success once the sun of one point has been told, whatever it is.
