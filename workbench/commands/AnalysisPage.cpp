@@ -1,6 +1,7 @@
 // The order of the sections.
 #include "workbench/commands/AnalysisPage.h"
 
+#include "analysis/StandingFaces.h"
 #include "facts/Settings.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisChanges.h"
@@ -11,6 +12,7 @@
 #include "workbench/commands/AnalysisTotals.h"
 #include "workbench/commands/AskedReport.h"
 #include "workbench/commands/PagePieces.h"
+#include "workbench/commands/PlanSections.h"
 #include "workbench/commands/WindowSections.h"
 #include "workbench/report/HtmlPage.h"
 
@@ -36,7 +38,6 @@ void AddTotals(HtmlPage& page, const AnalysisReport& report) {
 }  // namespace
 
 std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
-    (void)drawing;
     const CString title = Say(L"日照分析报告");
     HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report, HeadTable(report, report.request, report.answer, OwnHeadRows(report)));
@@ -44,6 +45,8 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
     for (const CString& line : SummaryLines(report.answer.windows))
         page.Paragraph(line, "lead");
     AddSignatures(page);
+    const OccluderSet faces = StandingFaces(drawing, report.request);
+    AddPlan(page, report, faces);
     if (!report.answer.windows.empty()) {
         AddTotals(page, report);
         AddWindowTable(page, report);

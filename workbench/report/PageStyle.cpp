@@ -39,7 +39,7 @@ th[aria-sort=descending] [role=button]::after { content: "\00a0\2193"; color: #1
 [hidden] { display: none !important; }
 figure { margin: .6em 0; break-inside: avoid; }
 figure svg { display: block; max-width: 100%; height: auto; }
-figcaption { font-size: .9em; margin: .3em 0; }
+figcaption { font-weight: bold; margin: .3em 0; }
 .pair { display: grid; grid-template-columns: 1fr 1fr; gap: 4mm; align-items: start; }
 .sign { display: grid; grid-template-columns: repeat(3, 1fr); gap: 8mm; margin-top: 12mm; break-inside: avoid; }
 .sign div { border-top: 1px solid #111; padding-top: .2em; margin-top: 14mm; font-size: .9em; }
