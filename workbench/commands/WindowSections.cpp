@@ -178,7 +178,7 @@ void AddTimeLines(HtmlPage& page, const AnalysisReport& report) {
     page.Add(Legend(IsCompared(report)));
     const std::string scale = DrawTimeScale(report.answer.span, report.answer.beijingOffset);
     page.Add(Joined({"<table class=\"days findable\">\n<thead>\n<tr><th scope=\"col\">", Markup(Say(L"真太阳时")),
-                     "<br>", Markup(Say(L"北京时间")), "</th><td>", IsCompared(report) ? Bar(L" ", scale) : scale,
+                     "<br>", Markup(Say(L"北京时间")), "</th><td>", IsCompared(report) ? Bar(L"\x00A0", scale) : scale,
                      "</td></tr>\n</thead>\n<tbody>\n"}));
     for (std::size_t i = 0; i < report.answer.windows.size(); ++i)
         page.Add(Day(report, report.answer.windows[i], i));
