@@ -3,6 +3,8 @@
 
 #include "analysis/StandingFaces.h"
 #include "facts/Settings.h"
+#include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisChanges.h"
 #include "workbench/commands/AnalysisHead.h"
@@ -13,8 +15,11 @@
 #include "workbench/commands/AskedReport.h"
 #include "workbench/commands/PagePieces.h"
 #include "workbench/commands/PlanSections.h"
+#include "workbench/commands/SkyChoice.h"
+#include "workbench/commands/SkySections.h"
 #include "workbench/commands/WindowSections.h"
 #include "workbench/report/HtmlPage.h"
+#include "workbench/terminal/Complaint.h"
 
 namespace {
 
@@ -35,9 +40,18 @@ void AddTotals(HtmlPage& page, const AnalysisReport& report) {
     }
 }
 
+void AddEntities(HtmlPage& page, const AnalysisReport& report) {
+    const std::vector<TitledTable> tables = EntityTables(report);
+    if (tables.empty())
+        return;
+    page.Section(Say(L"遮挡物"));
+    AddTables(page, tables);
+}
+
 }  // namespace
 
-std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
+std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request,
+                         const SkyChoice& skies) {
     const CString title = Say(L"日照分析报告");
     HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report, HeadTable(report, report.request, report.answer, OwnHeadRows(report)));
@@ -51,8 +65,9 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
         AddTotals(page, report);
         AddWindowTable(page, report);
         AddTimeLines(page, report);
+        AddSkies(page, report, faces, skies);
     }
-    AddTables(page, EntityTables(report));
+    AddEntities(page, report);
     AddPageRules(page, report, *report.request.settings.standard);
     AddPageRemarks(page, MessagesOf(report.request, report.answer));
     AddPageLimits(page, ReadingNotes(report));
@@ -60,5 +75,9 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
 }
 
 int WriteAnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
-    return SavePage(AnalysisPage(report, drawing, request), request);
+    const SkyChoice skies = ChooseSkies(report.answer.windows, request.skies);
+    const int code = SavePage(AnalysisPage(report, drawing, request, skies), request);
+    for (const CString& unknown : skies.unknown)
+        Complain(SayFormat(L"没有窗的名字或句柄是“%s”（--sky）", Printable(unknown)));
+    return code || skies.unknown.empty() ? code : kExitFailed;
 }

@@ -7,9 +7,12 @@
 class AcDbDatabase;
 struct AnalysisReport;
 struct PageRequest;
+struct SkyChoice;
 
 // Whole, in the interface's language. Needs what FindStandardOf finds; on the module's thread.
-std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request);
+std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request,
+                         const SkyChoice& skies);
 
-// Into the folder that was asked for. Gives an ExitCode, and has complained unless it is success.
+// Into the folder that was asked for, with the skies that were. Gives an ExitCode, and has complained unless it is
+// success: a sky that was asked for of no window is missing from a page that is written all the same.
 int WriteAnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request);

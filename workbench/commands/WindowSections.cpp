@@ -122,13 +122,20 @@ std::string Bars(const AnalysisReport& report, const WindowResult& window) {
     return Bar(Say(L"前"), DrawTimeLine({span, *window.before})) + Bar(Say(L"后"), now);
 }
 
-std::string Day(const AnalysisReport& report, const WindowResult& window, std::size_t index) {
+// Verdict, hours and facing below a window's name; nothing where they are not known.
+std::string DayHead(const WindowResult& window) {
+    if (!IsAnalysed(window))
+        return {};
     const std::string_view kind = window.passes.value_or(true) ? "" : " class=\"no\"";
-    std::string day =
-        Joined({"<tr id=\"", WindowAnchor(index), "\"><th scope=\"row\"><b>", Markup(WindowLabel(window)),
-                "</b><br><span", kind, ">", Markup(VerdictWord(window.passes)), "</span> ", Markup(JudgedText(window)),
-                "<br><span class=\"small\">", Markup(FacingText(window)), "</span></th><td><div class=\"day\">",
-                Bars(report, window), StretchList(StretchesOf(window), report.answer.beijingOffset)});
+    const CString verdict = window.passes ? VerdictWord(window.passes) : CString();
+    return Joined({"<br><span", kind, ">", Markup(verdict), " ", Markup(JudgedText(window)),
+                   "</span><br><span class=\"small\">", Markup(FacingText(window)), "</span>"});
+}
+
+std::string Day(const AnalysisReport& report, const WindowResult& window, std::size_t index) {
+    std::string day = Joined({"<tr id=\"", WindowAnchor(index), "\"><th scope=\"row\"><b>", Markup(WindowLabel(window)),
+                              "</b>", DayHead(window), "</th><td><div class=\"day\">", Bars(report, window),
+                              StretchList(StretchesOf(window), report.answer.beijingOffset)});
     for (const WindowNote note : window.notes)
         day += Joined({"<p class=\"small\">", Markup(NoteWord(note)), "</p>"});
     return day + "</div></td></tr>\n";

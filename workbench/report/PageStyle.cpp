@@ -23,7 +23,7 @@ thead th { border-bottom: 1.5px solid #111; vertical-align: bottom; }
 thead { display: table-header-group; }
 tr { break-inside: avoid; }
 td:not(.r), th:not(.r) { min-width: 4.4em; }
-.name { min-width: 9.5em; }
+td.name { min-width: 9.5em; }
 .r { text-align: right; white-space: nowrap; }
 table.facts th { width: 10.5em; font-weight: normal; color: #444; }
 .no { font-weight: bold; }
@@ -37,8 +37,9 @@ th[aria-sort=descending] [role=button]::after { content: "\00a0\2193"; color: #1
 .find { margin: .4em 0 .8em; display: flex; gap: .6em; flex-wrap: wrap; align-items: baseline; }
 .find input { font: inherit; padding: .15em .4em; border: 1px solid #888; border-radius: 2px; min-width: 14em; }
 [hidden] { display: none !important; }
-figure { margin: .6em 0; break-inside: avoid; }
-figure svg { display: block; max-width: 100%; height: auto; }
+.whole, figure { break-inside: avoid; }
+figure { margin: .6em 0; }
+figure svg { display: block; max-width: 100%; height: auto; overflow: visible; }
 figcaption { font-weight: bold; margin: .3em 0; }
 .pair { display: grid; grid-template-columns: 1fr 1fr; gap: 4mm; align-items: start; }
 .sign { display: grid; grid-template-columns: repeat(3, 1fr); gap: 8mm; margin-top: 12mm; break-inside: avoid; }
@@ -48,10 +49,10 @@ table.days { font-size: 1em; table-layout: fixed; }
 .days thead th { font-size: .68em; line-height: 14px; text-align: right; width: 18.4em; }
 .days tr { scroll-margin-top: 1em; }
 .days tr:target { background: #fff6d0; }
-.day { content-visibility: auto; contain-intrinsic-size: auto 7em; min-width: 0; }
-.bar { display: flex; align-items: center; gap: .5em; }
-.bar > span { flex: 0 0 3.4em; font-size: .8em; white-space: nowrap; }
-.bar > div { flex: 1; min-width: 0; }
+div.day { content-visibility: auto; contain-intrinsic-size: auto 7em; min-width: 0; }
+div.bar { display: flex; align-items: center; gap: .5em; }
+div.bar > span { flex: 0 0 3.4em; font-size: .8em; white-space: nowrap; }
+div.bar > div { flex: 1; min-width: 0; }
 svg.tl { display: block; width: 100%; height: 4.2mm; margin: .25em 0; border: 1px solid #888; background: #fff; }
 svg.ts { display: block; width: 100%; height: 14px; overflow: visible; font-size: 10px; }
 svg.ts text { text-anchor: middle; }
@@ -60,12 +61,12 @@ svg.ts text { text-anchor: middle; }
 .tl .x { fill: #7a1f1f; }
 .tl .s { fill: #fff; stroke: #7a5c00; stroke-width: 1px; vector-effect: non-scaling-stroke; }
 .tl .c { fill: #f5c400; stroke: #7a5c00; stroke-width: 1px; vector-effect: non-scaling-stroke; }
-.key { display: flex; flex-wrap: wrap; gap: .2em 1.6em; font-size: .86em; margin: .5em 0; }
-.key span { display: inline-flex; align-items: center; gap: .5em; }
-.key svg.tl { width: 12mm; flex: none; }
-.hours { display: grid; grid-template-columns: auto 1fr; gap: 0 .8em; margin: 0; font-size: .82em; line-height: 1.45; font-variant-numeric: tabular-nums; }
-.hours dt { color: #444; }
-.hours dd { margin: 0; }
+div.key { display: flex; flex-wrap: wrap; gap: .2em 1.6em; font-size: .86em; margin: .5em 0; }
+div.key span { display: inline-flex; align-items: center; gap: .5em; }
+div.key svg.tl { width: 12mm; flex: none; }
+dl.hours { display: grid; grid-template-columns: auto 1fr; gap: 0 .8em; margin: 0; font-size: .82em; line-height: 1.45; font-variant-numeric: tabular-nums; }
+dl.hours dt { color: #444; }
+dl.hours dd { margin: 0; }
 @media (max-width: 640px) {
   body { padding: 4mm 3mm; }
   .days th:first-child { width: 7.5em; }

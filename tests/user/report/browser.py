@@ -35,10 +35,10 @@ class Browser:
         return [entry["message"] for entry in self.driver.get_log("browser")]
 
     def requests(self):
-        """Every address that was asked for since the last call; those of the browser's own first page are none."""
+        """Every address that pages in files asked for since the last call, their own among them."""
         messages = [json.loads(entry["message"])["message"] for entry in self.driver.get_log("performance")]
-        sent = [message["params"]["request"]["url"] for message in messages if message["method"] == "Network.requestWillBeSent"]
-        return [url for url in sent if not url.startswith("chrome:")]
+        sent = [message["params"] for message in messages if message["method"] == "Network.requestWillBeSent"]
+        return [request["request"]["url"] for request in sent if request["documentURL"].startswith("file:")]
 
     def print(self):
         """The page as a PDF file: its bytes, and of each sheet the width and height in points."""

@@ -109,6 +109,14 @@ class ReportFiles(AnalyseTest):
                 self.assertIn(words, self.refused(USAGE, "analyse", name, *options).err)
         self.assertFalse(os.path.exists(os.path.join(self.home, "r")))
 
+    def test_a_sky_of_no_window_is_told_and_the_rest_is_written(self):
+        answer = self.orvo("analyse", self.put(SITE), *FIXED, "--report", "report", "--sky", "B1", "--sky", "B7")
+        self.assertEqual(answer.code, FAILED)
+        self.assertIn("“B7”（--sky）", answer.err)
+        self.assertNotIn("“B1”", answer.err)
+        self.assertIn("3-402-1", answer.out)
+        self.assertIn("窗看到的天空", self.page())
+
     def test_an_analysis_that_fails_writes_no_report(self):
         self.refused(FAILED, "analyse", self.put("no drawing"), "--report", "report")
         self.assertFalse(os.path.exists(os.path.join(self.home, "report")))
