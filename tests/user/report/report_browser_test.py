@@ -203,6 +203,13 @@ class ReportPages(AnalyseTest):
         self.assertEqual([caption.split()[0] for caption in self.texts("figure:has(svg.sky) figcaption")], ["2-101-1"])
         self.assertTrue(any(EVIL + " (F01)：" in paragraph for paragraph in self.texts("p")))
 
+    def test_the_style_of_the_page_hides_nothing_of_the_pictures(self):
+        self.open(self.report("--proposed", "方案"))
+        widths = self.browser.run("return Array.from(document.querySelectorAll('svg.plan text, svg.sky text'), e => "
+                                  "e.getBoundingClientRect().width)")
+        self.assertGreater(len(widths), 50)
+        self.assertGreater(min(widths), 0)
+
     def test_points_have_a_plan_and_shares(self):
         self.open(self.report("--areas", "地面", "--spacing", "2", subcommand="points"))
         rows = self.table("table.sort")
