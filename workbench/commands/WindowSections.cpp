@@ -167,7 +167,7 @@ std::string WindowAnchor(std::size_t index) {
 }
 
 void AddWindowTable(HtmlPage& page, const AnalysisReport& report) {
-    page.Section(Say(L"各窗"), true);
+    page.Section(Say(L"各窗"));
     page.Add("<div class=\"wide\"><table class=\"sort findable\">\n<thead>\n<tr>");
     for (const Heading& heading : Headings(IsCompared(report)))
         page.Add(Joined({heading.isNumber ? "<th scope=\"col\" class=\"r\">" : "<th scope=\"col\">",
@@ -179,7 +179,7 @@ void AddWindowTable(HtmlPage& page, const AnalysisReport& report) {
 }
 
 void AddTimeLines(HtmlPage& page, const AnalysisReport& report) {
-    page.Section(Say(L"各窗的一天"), true);
+    page.Section(Say(L"各窗的一天"));
     page.Paragraph(
         Say(L"时段先写真太阳时，再写北京时间，然后是时长；遮挡物写图形里的句柄。条上的竖线是真太阳时的整点。"));
     page.Add(Legend(IsCompared(report)));

@@ -3,7 +3,7 @@
 
 std::string_view PageStyle() {
     return R"css(
-@page { size: A4; margin: 18mm 16mm 18mm 20mm; @bottom-right { content: counter(page) " / " counter(pages); font: 8pt sans-serif; } }
+@page { size: A4; margin: 18mm 16mm 18mm 20mm; @bottom-right { content: counter(page) " / " counter(pages); font: 8pt "Noto Sans CJK SC", "Noto Sans SC", sans-serif; } }
 * { box-sizing: border-box; }
 html { font: 15px/1.5 "Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "Microsoft YaHei", sans-serif; color: #111; background: #fff; }
 body { max-width: 190mm; margin: 0 auto; padding: 8mm 6mm; overflow-wrap: anywhere; }
@@ -24,12 +24,14 @@ thead { display: table-header-group; }
 tr { break-inside: avoid; }
 td:not(.r), th:not(.r) { min-width: 4.4em; }
 td.name { min-width: 9.5em; }
-.r { text-align: right; white-space: nowrap; }
+.r { text-align: right; }
+td.r { white-space: nowrap; }
 table.facts th { width: 10.5em; font-weight: normal; color: #444; }
 .no { font-weight: bold; }
 td.no { white-space: nowrap; }
 .no::before { content: "\2715\00a0"; }
-thead [role=button] { cursor: pointer; white-space: nowrap; }
+thead th { white-space: normal; word-break: keep-all; overflow-wrap: normal; }
+thead [role=button] { cursor: pointer; }
 thead [role=button]:focus-visible, input:focus-visible, a:focus-visible { outline: 2px solid #1560bd; outline-offset: 2px; }
 thead [role=button]::after { content: "\00a0\2195"; color: #999; }
 th[aria-sort=ascending] [role=button]::after { content: "\00a0\2191"; color: #111; }
@@ -39,7 +41,7 @@ th[aria-sort=descending] [role=button]::after { content: "\00a0\2193"; color: #1
 [hidden] { display: none !important; }
 .whole, figure { break-inside: avoid; }
 figure { margin: .6em 0; }
-figure svg { display: block; max-width: 100%; height: auto; overflow: visible; }
+figure svg { display: block; max-width: 100%; height: auto; overflow: visible; font-family: inherit; }
 figcaption { font-weight: bold; margin: .3em 0; }
 .pair { display: grid; grid-template-columns: 1fr 1fr; gap: 4mm; align-items: start; }
 .sign { display: grid; grid-template-columns: repeat(3, 1fr); gap: 8mm; margin-top: 12mm; break-inside: avoid; }

@@ -25,10 +25,12 @@ class Browser:
     def close(self):
         self.driver.quit()
 
-    def open(self, path, width=1200, has_scripts=True):
+    def open(self, path, width=1200, has_scripts=True, medium=""):
+        """A medium is "print" or, for a screen, nothing; a width counts pixels, of which an inch of paper has 96."""
         self.driver.execute_cdp_cmd("Emulation.setScriptExecutionDisabled", {"value": not has_scripts})
         self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride",
                                     {"width": width, "height": 1400, "deviceScaleFactor": 1, "mobile": False})
+        self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {"media": medium})
         self.driver.get("file://" + path)
 
     def complaints(self):

@@ -172,6 +172,16 @@ class ReportPages(AnalyseTest):
             # Head, plan, totals, windows, days and skies begin on sheets of their own, and no table is a sheet a row.
             self.assertIn(len(sheets), range(6, 21))
 
+    def test_nothing_is_wider_than_the_paper(self):
+        """A browser makes all of a page smaller for one thing that is too wide, and its plans are no longer to scale."""
+        within_the_margins = int(174 / 25.4 * 96)
+        long = "x" * 200
+        content = site().replace("1-101-1", long).replace("1-102-1", "一" * 100)
+        for language in SECTIONS:
+            for more in (("--proposed", "方案"), ("--project", long)):
+                self.open(self.report(*more, language=language, content=content), width=within_the_margins, medium="print")
+                self.assertEqual(self.browser.run("return document.documentElement.scrollWidth"), within_the_margins)
+
     def test_nothing_is_cut_off_on_narrow_screens(self):
         for width in (1200, 400):
             for more in (("--proposed", "方案"), ()):
