@@ -51,9 +51,9 @@ class ReportPages(AnalyseTest):
         cls.browser.close()
         cls.profile.cleanup()
 
-    def report(self, *more, subcommand="analyse", language="zh_CN.UTF-8", content=None):
+    def report(self, *more, subcommand="analyse", language="zh_CN.UTF-8", content=None, need="6"):
         name = self.put(content or site())
-        self.orvo(subcommand, name, "--standard", STANDARD, "--need", "6", "--report", "report", "--author", "A", *more,
+        self.orvo(subcommand, name, "--standard", STANDARD, "--need", need, "--report", "report", "--author", "A", *more,
                   LANG=language)
         return os.path.join(self.home, "report", "index.html")
 
@@ -214,11 +214,12 @@ class ReportPages(AnalyseTest):
         self.assertTrue(any(EVIL + " (F01)：" in paragraph for paragraph in self.texts("p")))
 
     def test_the_style_of_the_page_hides_nothing_of_the_pictures(self):
-        self.open(self.report("--proposed", "方案"))
+        self.open(self.report("--proposed", "方案", need="3"))
+        self.assertGreater(len(self.texts("svg.plan .hours text")), 0)
         widths = self.browser.run("return Array.from(document.querySelectorAll('svg.plan text, svg.sky text'), e => "
                                   "e.getBoundingClientRect().width)")
         self.assertGreater(len(widths), 50)
-        self.assertGreater(min(widths), 0)
+        self.assertGreater(min(widths), 1.5, "pixels; the smallest letters that can be read take twice as many")
 
     def test_points_have_a_plan_and_shares(self):
         self.open(self.report("--areas", "地面", "--spacing", "2", subcommand="points"))
