@@ -307,8 +307,8 @@ class Courtyard(AnalyseTest):
 
     def test_the_examples_of_the_help_run(self):
         examples = re.findall(r"^  orvo (analyse .*)$", self.ok("analyse", "--help").out, re.M)
-        self.assertEqual(len(examples), 3)
-        for example in examples[:2]:  # the film has a test of its own
+        self.assertEqual(len(examples), 4)
+        for example in examples[:3]:  # the film has a test of its own
             self.ok(*example.split())
             self.ok(text=example + "\n")
         self.assertIn("--need", self.ok("analyze", "--help").out)

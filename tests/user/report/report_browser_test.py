@@ -217,7 +217,7 @@ class ReportPages(AnalyseTest):
         self.open(self.report("--proposed", "方案", need="3"))
         self.assertGreater(len(self.texts("svg.plan .hours text")), 0)
         widths = self.browser.run("return Array.from(document.querySelectorAll('svg.plan text, svg.sky text'), e => "
-                                  "e.getBoundingClientRect().width)")
+                                  "e.getComputedTextLength() * e.getScreenCTM().a)")
         self.assertGreater(len(widths), 50)
         self.assertGreater(min(widths), 1.5, "pixels; the smallest letters that can be read take twice as many")
 
