@@ -134,11 +134,11 @@ std::string DayHead(const WindowResult& window) {
 
 std::string Day(const AnalysisReport& report, const WindowResult& window, std::size_t index) {
     std::string day = Joined({"<tr id=\"", WindowAnchor(index), "\"><th scope=\"row\"><b>", Markup(WindowLabel(window)),
-                              "</b>", DayHead(window), "</th><td><div class=\"day\">", Bars(report, window),
+                              "</b>", DayHead(window), "</th><td>", Bars(report, window),
                               StretchList(StretchesOf(window), report.answer.beijingOffset)});
     for (const WindowNote note : window.notes)
         day += Joined({"<p class=\"small\">", Markup(NoteWord(note)), "</p>"});
-    return day + "</div></td></tr>\n";
+    return day + "</td></tr>\n";
 }
 
 // What the bars are, each as a bar of an hour.
@@ -158,6 +158,17 @@ std::string Legend(bool isCompared) {
                    entry(dropped, L"照到，不计入", nullptr), entry(hidden, L"被遮挡", nullptr),
                    isCompared ? entry({}, L"被方案夺去", &lost) : std::string(),
                    entry({}, L"太阳在窗的背后或没有升起", nullptr), "</div>\n"});
+}
+
+// Browsers lay out what stands in a table as a whole: so many are laid out when one of them comes into sight.
+constexpr std::size_t kDaysTogether = 20;
+const std::string kDaysEnd = "</tbody>\n</table></div>\n";
+
+std::string DaysHead(const AnalysisReport& report) {
+    const std::string scale = DrawTimeScale(report.answer.span, report.answer.beijingOffset);
+    return Joined({"<div class=\"some\"><table class=\"days\">\n<thead>\n<tr><th scope=\"col\">",
+                   Markup(Say(L"真太阳时")), "<br>", Markup(Say(L"北京时间")), "</th><td>",
+                   IsCompared(report) ? Bar(L"\x00A0", scale) : scale, "</td></tr>\n</thead>\n<tbody>\n"});
 }
 
 }  // namespace
@@ -183,11 +194,12 @@ void AddTimeLines(HtmlPage& page, const AnalysisReport& report) {
     page.Paragraph(
         Say(L"时段先写真太阳时，再写北京时间，然后是时长；遮挡物写图形里的句柄。条上的竖线是真太阳时的整点。"));
     page.Add(Legend(IsCompared(report)));
-    const std::string scale = DrawTimeScale(report.answer.span, report.answer.beijingOffset);
-    page.Add(Joined({"<table class=\"days findable\">\n<thead>\n<tr><th scope=\"col\">", Markup(Say(L"真太阳时")),
-                     "<br>", Markup(Say(L"北京时间")), "</th><td>", IsCompared(report) ? Bar(L"\x00A0", scale) : scale,
-                     "</td></tr>\n</thead>\n<tbody>\n"}));
-    for (std::size_t i = 0; i < report.answer.windows.size(); ++i)
+    const std::string head = DaysHead(report);
+    page.Add("<div class=\"findable\">\n");
+    for (std::size_t i = 0; i < report.answer.windows.size(); ++i) {
+        if (i % kDaysTogether == 0)
+            page.Add(i == 0 ? head : kDaysEnd + head);
         page.Add(Day(report, report.answer.windows[i], i));
-    page.Add("</tbody>\n</table>\n");
+    }
+    page.Add(kDaysEnd + "</div>\n");
 }

@@ -51,7 +51,7 @@ table.days { font-size: 1em; table-layout: fixed; }
 .days thead th { font-size: .68em; line-height: 14px; text-align: right; width: 18.4em; }
 .days tr { scroll-margin-top: 1em; }
 .days tr:target { background: #fff6d0; }
-div.day { content-visibility: auto; contain-intrinsic-size: auto 7em; min-width: 0; }
+div.some { content-visibility: auto; contain-intrinsic-size: auto 140em; }
 div.bar { display: flex; align-items: center; gap: .5em; }
 div.bar > span { flex: 0 0 3.4em; font-size: .8em; white-space: nowrap; }
 div.bar > div { flex: 1; min-width: 0; }
@@ -82,7 +82,7 @@ dl.hours dd { margin: 0; }
   body { max-width: none; padding: 0; }
   a { text-decoration: none; }
   .find, thead [role=button]::after { display: none; }
-  .day { content-visibility: visible; }
+  div.some { content-visibility: visible; }
   .wide { overflow: visible; }
   .sheet { break-before: page; }
   svg.tl, .no { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
@@ -106,9 +106,11 @@ function keyOf(cell) {
   return number ? Number(number[0]) : text;
 }
 
+const collator = new Intl.Collator(document.documentElement.lang, { numeric: true });
+
 function compare(one, other) {
   if (typeof one === "number" && typeof other === "number") return one - other;
-  return String(one).localeCompare(String(other), document.documentElement.lang, { numeric: true });
+  return collator.compare(one, other);
 }
 
 // Rows that are equal keep their order; what is not known stays last in either direction.
@@ -144,8 +146,8 @@ function makeSortable(table) {
 
 // A field above a list, which leaves only what contains every word that is typed.
 function makeFindable(list) {
-  const items = Array.from(list.tBodies ? list.tBodies[0].rows : list.children);
-  const texts = items.map(item => (item.dataset.find || item.textContent).toLowerCase());
+  const items = Array.from(list.querySelectorAll("tbody > tr"));
+  const texts = items.map(item => (item.textContent).toLowerCase());
   const field = document.createElement("input");
   field.type = "search";
   const label = document.createElement("label");
@@ -162,6 +164,7 @@ function makeFindable(list) {
       item.hidden = !words.every(word => texts[i].includes(word));
       shown += item.hidden ? 0 : 1;
     });
+    for (const some of list.querySelectorAll(".some")) some.hidden = !some.querySelector("tbody > tr:not([hidden])");
     count.value = words.length ? shown + " / " + items.length : "";
   });
 }

@@ -75,7 +75,7 @@ class ReportPages(AnalyseTest):
 
     def table(self, selector="table.sort.findable"):
         """The body of a table that is shown, row by row."""
-        return self.browser.run("return Array.from(document.querySelector(arguments[0]).tBodies[0].rows)"
+        return self.browser.run("return Array.from(document.querySelectorAll(arguments[0] + ' > tbody > tr'))"
                                 ".filter(row => !row.hidden).map(row => Array.from(row.cells, cell => cell.innerText))", selector)
 
     def heading(self, words):
