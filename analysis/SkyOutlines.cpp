@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "analysis/BodyInside.h"
 #include "facts/Angles.h"
 
 namespace {
@@ -86,6 +87,13 @@ private:
     std::vector<SkyPoint> m_points;
 };
 
+// The far side of a body, which its near side covers for who is outside of it.
+bool LooksAway(const Occluder& face, const SkyEye& eye) {
+    const double depth = Dot(face.Normal(), eye.place - face.corners[0]);
+    return (face.outside == Occluder::Outside::Before && depth < 0.0) ||
+           (face.outside == Occluder::Outside::Behind && depth > 0.0);
+}
+
 }  // namespace
 
 SkyPoint SkyPointOf(const SkyEye& eye, const Vector3& way) {
@@ -98,8 +106,10 @@ SkyPoint SkyPointOf(const SkyEye& eye, const Vector3& way) {
 std::vector<SkyOutline> FindSkyOutlines(const OccluderSet& set, const SkyEye& eye, bool withProject) {
     std::vector<SkyOutline> outlines;
     Bender bender(eye);
+    const std::vector<std::int32_t> around = BodyInside(set).Around(eye.place);
     for (const Occluder& face : set.faces) {
-        if (!withProject && set.IsProposed(face.entity))
+        const bool isAround = std::find(around.begin(), around.end(), face.body) != around.end();
+        if ((!withProject && set.IsProposed(face.entity)) || (!isAround && LooksAway(face, eye)))
             continue;
         std::vector<Vector3> corners;
         for (int i = 0; i < face.count; ++i)

@@ -30,6 +30,8 @@ struct SkyOutline {
     std::vector<SkyPoint> corners;  // the last joins the first
 };
 
+// Of closed bodies the sides that look away are left out, unless the eye is in them.
+//
 // Straight sides are curves in the sky: they are divided until what is left of the bend is a hundredth of a degree. The
 // same side of two faces is divided at the same points, whichever way it runs.
 ORVO_API std::vector<SkyOutline> FindSkyOutlines(const OccluderSet& set, const SkyEye& eye, bool withProject = true);

@@ -164,6 +164,16 @@ TEST(SkyOutlines, ABoardOverheadCoversTheZenith) {
     EXPECT_FALSE(Holds(outlines[0], {0.0, edge - 0.1}));
 }
 
+TEST(SkyOutlines, OfABodyTheNearSideIsEnoughUnlessTheEyeIsInIt) {
+    const OccluderSet set = OccludersIn(Block(kHere, -2000, -9000, 2000, -5000, 0, 1000));
+    // The front, and the top that is below: from 2 m to the side one more.
+    EXPECT_EQ(FindSkyOutlines(set, EyeAt(0, 0, 500)).size(), 1U);
+    EXPECT_EQ(FindSkyOutlines(set, EyeAt(4000, 0, 500)).size(), 2U);
+    const std::vector<SkyOutline> within = FindSkyOutlines(set, EyeAt(0, -7000, 500));
+    for (const double direction : {-80.0, 0.0, 80.0})
+        EXPECT_TRUE(IsHidden(within, {direction, 10.0})) << direction;
+}
+
 TEST(SkyOutlines, TheProjectIsLeftOutWhereItIsNotThere) {
     const OpenDrawing drawing(DrawingWith(Upright("8=OLD", kHere, -1000, -9000, 0, -9000, 0, 9000) +
                                           Upright("8=NEW", kHere, 0, -9000, 1000, -9000, 0, 9000)));

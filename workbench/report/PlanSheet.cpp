@@ -15,7 +15,7 @@ namespace {
 constexpr double kFarthest = 1e12;       // metres
 constexpr double kLeastExtent = 10.0;    // metres
 constexpr double kMillimetres = 1000.0;  // in a metre
-constexpr int kPadding = 300;            // hundredths of a millimetre, on each side
+constexpr int kPadding = 600;            // hundredths of a millimetre, on each side: room for the names of windows
 constexpr int kLeastHeight = 3000;       // hundredths of a millimetre
 
 PlanExtent ExtentOfJudged(const PlanPicture& picture) {

@@ -30,6 +30,11 @@ double SkyFrame::FromMiddle(double compass) const {
     return HalfTurn(compass - middle);
 }
 
+double FromMiddle(const SkyFrame& frame, const SunPosition& sun) {
+    constexpr double kZenith = 89.99;
+    return sun.altitude > kZenith ? 0.0 : frame.FromMiddle(sun.azimuth);
+}
+
 PaperPoint SkyFrame::Point(double fromMiddle, double altitude) const {
     const double x = frame.left + 0.5 * frame.Width() + fromMiddle * unitsPerDegree;
     return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(frame.bottom - altitude * unitsPerDegree))};
@@ -45,7 +50,6 @@ SkyFrame LayOutSky(const SkyPicture& picture, const SunDay& sun) {
     constexpr double kBeside = 12.0;  // degrees beside and above the sun
     constexpr double kStep = 0.1;     // hours
     SkyFrame frame;
-    // Where the sun is in the zenith at noon it has no direction there; a place's pole tells.
     frame.middle = sun.latitude >= sun.declination ? 180.0 : 0.0;
     frame.outward = OutwardOf(picture);
     double highest = 0.0;
@@ -55,7 +59,7 @@ SkyFrame LayOutSky(const SkyPicture& picture, const SunDay& sun) {
         if (position.altitude < 0.0)
             continue;
         highest = std::max(highest, position.altitude);
-        widest = std::max(widest, std::abs(frame.FromMiddle(position.azimuth)));
+        widest = std::max(widest, std::abs(FromMiddle(frame, position)));
     }
     frame.half = std::clamp(widest + kBeside, 100.0, 180.0);
     frame.top = std::clamp(highest + kBeside, 45.0, 90.0);

@@ -18,6 +18,10 @@ struct SkyFrame {
     PaperPoint Point(double fromMiddle, double altitude) const;
 };
 
+struct SunPosition;
+// The same of the sun; in the zenith, where it has no direction, 0.
+double FromMiddle(const SkyFrame& frame, const SunPosition& sun);
+
 // An angle within (-180, 180].
 double HalfTurn(double degrees);
 

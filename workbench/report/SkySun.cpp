@@ -32,7 +32,7 @@ std::string WayOf(SunPeriod period, const SkyFrame& frame, const SunDay& sun) {
     for (int i = 0; i <= count; ++i) {
         const double part = static_cast<double>(i) / count;
         const SunPosition position = PositionOfSun(sun, period.start + (period.end - period.start) * part);
-        const double direction = frame.FromMiddle(position.azimuth);
+        const double direction = FromMiddle(frame, position);
         if (position.altitude < -0.02 || (!line.empty() && std::abs(direction - before) > 180.0))
             end();
         if (position.altitude >= -0.02) {
@@ -93,7 +93,7 @@ std::string DrawSunHours(const SkyPicture& picture, const SkyFrame& frame, const
         const SunPosition position = PositionOfSun(sun, hour);
         if (position.altitude <= 0.0)
             continue;
-        const PaperPoint place = frame.Point(frame.FromMiddle(position.azimuth), position.altitude);
+        const PaperPoint place = frame.Point(FromMiddle(frame, position), position.altitude);
         dots += "<circle cx=\"" + std::to_string(place.x) + "\" cy=\"" + std::to_string(place.y) + "\" r=\"" +
                 std::to_string(kDot) + "\"/>\n";
         const CString name = ClockOf(hour);
