@@ -186,6 +186,18 @@ TEST(SkyPicture, TellsThoseThatHideTheSunFromOthers) {
                 std::atan((40.0 - 1.0) / 25.0) * 180.0 / 3.14159265, 0.1);
 }
 
+TEST(SkyPicture, LeavesOutWhatIsWhollyBehindSomethingNearer) {
+    // All to the south-west of the sun's way at the end of the span, which is at noon.
+    AnalysisRequest request = Winter();
+    request.settings.standard->end = 12.0;
+    const std::string near = House(20, -60000, -32000, -40000, -30000, 9000);
+    const std::string low = House(30, -100000, -62000, -90000, -60000, 9000);
+    const std::string high = House(40, -100000, -62000, -90000, -60000, 40000);
+    EXPECT_EQ(LinesIn(Asked(kOwnHouse + near + Pane(), request).Draw(), "others").size(), 1U);
+    EXPECT_EQ(LinesIn(Asked(kOwnHouse + near + low + Pane(), request).Draw(), "others").size(), 1U);
+    EXPECT_EQ(LinesIn(Asked(kOwnHouse + near + high + Pane(), request).Draw(), "others").size(), 2U);
+}
+
 TEST(SkyPicture, HatchesWhatIsBehindTheWall) {
     const Asked asked(kOwnHouse + Pane(true), Winter());
     ASSERT_TRUE(asked.Window().facing.has_value());
