@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "analysis/DayRequest.h"
+#include "analysis/ResultLayers.h"
 #include "analysis/SunCount.h"
 #include "analysis/WindowLayers.h"
 #include "facts/SunDay.h"
@@ -42,7 +43,7 @@ void FindBox(Scene& scene) {
 
 Scene BuildShadingScene(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
                         const std::vector<CString>& windowLayers) {
-    Scene scene = BuildScene(drawing, {kMostSceneFaces, heights});
+    Scene scene = BuildScene(drawing, {kMostSceneFaces, heights, kResultLayers});
     WindowLayers windows(drawing, windowLayers);
     std::vector<SceneEntity> kept;
     std::copy_if(scene.entities.begin(), scene.entities.end(), std::back_inserter(kept),

@@ -12,8 +12,8 @@
 
 struct DayRequest;
 
-// The drawing's faces without those on the layers of windows (by these names; without any, the usual ones). Throws
-// std::bad_alloc, and nothing else.
+// The drawing's faces without those on the layers of windows (by these names; without any, the usual ones) and of
+// results. Throws std::bad_alloc, and nothing else.
 ORVO_API Scene BuildShadingScene(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
                                  const std::vector<CString>& windowLayers);
 

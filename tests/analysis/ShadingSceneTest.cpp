@@ -37,6 +37,13 @@ TEST(ShadingScene, LeavesTheLayersOfWindowsOut) {
     EXPECT_EQ(glass.most.z, 9000.0);
 }
 
+TEST(ShadingScene, LeavesOutWhatAnAnalysisDrew) {
+    const Site site;
+    const OpenDrawing drawing(DrawingWith(Upright("8=ORVO_RESULT_WINDOWS", site, -5000, -10, 2000, -10, 500, 9000) +
+                                          LooseBox(site, 0, 0, 8000, 6000, 0, 3000)));
+    EXPECT_EQ(BuildShadingScene(drawing.database, {}, {}).faces.size(), 6U);
+}
+
 TEST(ShadingScene, IsEmptyWhereThereAreOnlyWindows) {
     const OpenDrawing drawing(DrawingWith(Upright("8=WINDOW", Site(), 0, 0, 2000, 0, 500, 2000)));
     const Scene scene = BuildShadingScene(drawing.database, {}, {});
