@@ -229,10 +229,14 @@ void Analysis::Analyse(const DayOfAnalysis& day, PointResult& point) const {
 // False when it is not to go on.
 bool Analysis::FollowIsolines(const DayOfAnalysis& day, const std::function<bool()>& goOn) {
     std::size_t cellsLeft = kMostIsolineCells;
+    // Between its points an area may have more than at any of them, but nowhere more than the span is long.
+    const double spanHours = day.span.end - day.span.start;
     for (std::size_t i = 0; i < m_areas.size(); ++i) {
         const Area& area = m_areas[i];
+        if (!area.hasSide)
+            continue;
         IsolineSearch search{area.drawn.shape, m_request.spacing * kMillimetresPerMetre};
-        search.mostHours = static_cast<int>(std::ceil((m_answer.outlines[i].most - kMinuteTolerance) / 60.0)) - 1;
+        search.mostHours = static_cast<int>(std::floor(spanHours + kMinuteTolerance / 60.0));
         search.threads = m_request.threads;
         search.minutesAt = [&](const FlatPoint& place) {
             const HourSpans sunlit = SunlitAt(day, area, area.drawn.shape.At(place));

@@ -53,7 +53,7 @@ struct PointResult {
 struct PointAnswer : DayAnswer {
     std::vector<OutlineResult> outlines;  // in the drawing's order; none with a failure
     std::vector<PointResult> points;      // those of one outline together, in rows from below, each from the left
-    std::vector<Isoline> isolines;        // by outline, then by hours: of 1 to those below the most of its points
+    std::vector<Isoline> isolines;        // by outline, then by hours
     std::vector<AreaRemark> areaRemarks;
     double pointCount = 0.0;  // that it would be, about; with TooManyPoints
 };

@@ -43,12 +43,15 @@ std::string TextWithArea(const JudgedScene& scene) {
     return text.substr(0, end) + area + text.substr(end);
 }
 
-// Rays each two minutes; where one meets something and the next does not the change is looked for between them.
-double SlowMinutes(const JudgedScene& scene, const FlatPoint& place) {
+// Rays each two minutes; where one meets something and the next does not the change is looked for between them. Of the
+// whole day, or of the hours from a first one to as many after noon.
+double SlowMinutes(const JudgedScene& scene, const FlatPoint& place, double from = 0.0) {
     SlowTarget target;
     target.lowerLeft = {place.x, place.y, 5.0};
     const SlowCaster caster(scene.Faces(), {kLatitude, -kSolstice, 0.0}, target, 1000.0);
-    const auto isLit = [&](double hours) { return caster.IsUp(hours) && !caster.IsAnyRayStopped(hours); };
+    const auto isLit = [&](double hours) {
+        return hours >= from && hours <= 24.0 - from && caster.IsUp(hours) && !caster.IsAnyRayStopped(hours);
+    };
     constexpr double kStep = 1.0 / 30.0;
     double lit = 0.0;
     const double first = 12.0 - kWinter.Sunset() - 0.5 * kStep;
@@ -110,7 +113,7 @@ TEST(IsolinesInScenes, AreTrueToATenthOfTheSpacing) {
     ASSERT_GT(some.size(), 20U);
     EXPECT_EQ(PlacesOff(some, kAllowed, minutesAt, IsWithin), 0U);
 
-    const int most = static_cast<int>(std::ceil(answer.outlines[0].most / 60.0)) - 1;
+    const int most = static_cast<int>(2.0 * kWinter.Sunset());
     std::size_t changes = 0;
     for (const double row : {1.0, 5321.0, 13456.0, 16999.0, 22222.0, 31111.0}) {
         for (const bool isUpright : {false, true}) {
@@ -143,26 +146,65 @@ TEST(IsolinesInScenes, LieInTheOutlinesPlane) {
             EXPECT_NEAR(point.z, 3.0 + 0.5 * point.y, 1e-6);
             EXPECT_TRUE(point.x > -0.02 && point.x < 12.02 && point.y > -0.02 && point.y < 8.02);
         }
-        EXPECT_LT(line.hours * 60.0, answer.outlines[0].most);
     }
     request.isolines = false;
     EXPECT_TRUE(AnalysePoints(drawing.database, request).isolines.empty());
 }
 
-// Where the sun shines from 9 to 15 hours at most there is none of six hours, which all but end in the open.
-TEST(IsolinesInScenes, GoUpToBelowTheMost) {
+// Where nothing hides the sun ends at a line, too: the one of as many hours as are analysed.
+TEST(IsolinesInScenes, GoUpToTheWholeSpan) {
     JudgedScene scene;
     scene.Box(14000, 12000, 0, 20000, 17000, 4000);
     const OpenDrawing drawing(TextWithArea(scene));
     PointRequest request = Asking();
     request.settings.standard->start = 9.0;
     request.settings.standard->end = 15.0;
+    const std::vector<FlatIsoline> lines = InPlan(AnalysePoints(drawing.database, request));
+    std::vector<FlatIsoline> whole;
+    for (const FlatIsoline& line : lines)
+        if (line.hours == 6)
+            whole.push_back(line);
+    ASSERT_FALSE(whole.empty());
+    constexpr double kRounding = 0.1;  // minutes, of times that are looked for
+    const MinutesAt minutesAt = [&](const FlatPoint& place) { return SlowMinutes(scene, place, 9.0) + kRounding; };
+    EXPECT_EQ(PlacesOff(SomeOf(whole, 12), kAllowed, minutesAt, IsWithin), 0U);
+    std::size_t changes = 0;
+    for (const double row : {11111.0, 16999.0, 22222.0, 31111.0}) {
+        const DenseChanges found =
+            ChangesIn({1.0, row}, {kSide, row}, 0.5 * kAllowed, kAllowed, 6, lines, minutesAt, IsWithin);
+        changes += found.count;
+        EXPECT_EQ(found.withoutLine, 0U) << row;
+    }
+    EXPECT_GT(changes, 12U);
+}
+
+// However few points there are: here the shadow of the middle of the day lies on the only one.
+TEST(IsolinesInScenes, GoBeyondTheMostOfThePoints) {
+    const OpenDrawing drawing(TextWithArea(Courtyard()));
+    PointRequest request = Asking();
+    request.spacing = 36.0;
     const PointAnswer answer = AnalysePoints(drawing.database, request);
-    EXPECT_NEAR(answer.outlines.at(0).most, 360.0, 1e-6);
+    ASSERT_EQ(answer.points.size(), 1U);
     int most = 0;
     for (const Isoline& line : answer.isolines)
         most = std::max(most, line.hours);
-    EXPECT_EQ(most, 5);
+    EXPECT_GT(most * 60, answer.outlines[0].most);
+}
+
+// As it has no points.
+TEST(IsolinesInScenes, NoneWhereTheOutsideCannotBeTold) {
+    const std::string wall = Entity("3DFACE",
+                                    "5=A1 8=GREEN 10=0 20=0 30=0 11=9000 21=0 31=0 12=9000 22=0 32=9000 13=0 "
+                                    "23=0 33=9000");
+    const std::string roof =
+        Entity("3DFACE",
+               "5=B1 8=WALL 10=0 20=-5000 30=9500 11=4000 21=-5000 31=9500 12=4000 22=5000 32=9500 13=0 "
+               "23=5000 33=9500");
+    const OpenDrawing drawing(DrawingWith(wall + roof));
+    EXPECT_TRUE(AnalysePoints(drawing.database, Asking()).isolines.empty());
+    PointRequest request = Asking();
+    request.facing = 270.0;
+    EXPECT_FALSE(AnalysePoints(drawing.database, request).isolines.empty());
 }
 
 TEST(IsolinesInScenes, AreCancelledWithTheAnswer) {
