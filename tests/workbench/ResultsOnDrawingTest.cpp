@@ -108,6 +108,25 @@ TEST(WindowsOnDrawing, WindowsAboveEachOtherHaveTheirTextsInRows) {
     }
 }
 
+// On whichever side of a mark rounding puts them; not with those of the wall's other side or of the next window.
+TEST(WindowsOnDrawing, WindowsBesideAMarkAreAboveEachOtherToo) {
+    constexpr double kOff = 1e-6;
+    const double ways[] = {0.0, std::asin(0.5) * 180.0 / M_PI, std::asin(0.55) * 180.0 / M_PI};
+    for (const double x : {1.5, 1.55, 400000.05})
+        for (const double way : ways) {
+            const DrawingChange change =
+                Drawn({WindowAt(x - kOff, kOff, 1, way - kOff, 120), WindowAt(x + kOff, -kOff, 4, way + kOff, 180)});
+            const std::vector<NewEntity> texts = On(change, L"ORVO_RESULT_HOURS", Kind::Text);
+            ASSERT_EQ(texts.size(), 2U);
+            const QcGePoint low = InWorld(texts[0]), high = InWorld(texts[1]);
+            EXPECT_NEAR(std::hypot(high.x - low.x, high.y - low.y), 400.0, 0.1) << x << " along " << way;
+        }
+    const DrawingChange apart =
+        Drawn({WindowAt(0, 0, 1, 0, 120), WindowAt(1, 0.05, 4, 180, 180), WindowAt(0.2, 0, 4, 0, 60)});
+    for (const NewEntity& text : On(apart, L"ORVO_RESULT_HOURS", Kind::Text))
+        EXPECT_NEAR(InWorld(text).y, text.text == L"3:00" ? 250.0 : -200.0, 1e-6);
+}
+
 TEST(WindowsOnDrawing, TheTextHasTheColourOfTheVerdictAndTheWindowThatOfItsHours) {
     WindowResult passing = WindowAt(0, 0, 0, 0, 60);
     passing.passes = true;
