@@ -146,6 +146,23 @@ TEST(WindowsOnDrawing, TheTextHasTheColourOfTheVerdictAndTheWindowThatOfItsHours
     EXPECT_EQ(texts.at(2).text, L"-");
 }
 
+// The table of a standard holds whatever its user wrote, and a drawing takes 1 to 255.
+TEST(ResultsOnDrawing, NumbersThatAreNoColoursGiveTheLayers) {
+    for (const int color : {-3, 0, 256, 257, 1000000}) {
+        WindowResult window = WindowAt(0, 0, 0, 0, 60);
+        window.color = color;
+        const DrawingChange windows = Drawn({window});
+        PointsReport report = WithLine({3, 0, false, {{0, 0, 0}, {1, 0, 0}}}, {0, 0, 1});
+        report.request.settings.standard->timeColors = {{0.0, color}};
+        const DrawingChange lines = PointsOnDrawing(report, AcDbDatabase());
+        for (const DrawingChange* const change : {&windows, &lines}) {
+            ASSERT_EQ(change->entities.size(), 2U);
+            for (const NewEntity& entity : change->entities)
+                EXPECT_EQ(entity.colorIndex, kColorByLayer) << color;
+        }
+    }
+}
+
 TEST(PointsOnDrawing, LinesHaveALabelInTheirMiddle) {
     const Isoline line{3, 1, false, {{0, 0, 2}, {1, 0, 2}, {1, 3, 2}}};
     PointsReport report = WithLine(line, {0, 0, 1});

@@ -49,7 +49,7 @@ NewEntity& ResultSheet::Add(NewEntity::Kind kind, const wchar_t* layer, int colo
     NewEntity& entity = m_change.entities.emplace_back();
     entity.kind = kind;
     entity.layer = layer;
-    entity.colorIndex = color;
+    entity.colorIndex = color >= 1 && color < kColorByLayer ? color : kColorByLayer;
     return entity;
 }
 

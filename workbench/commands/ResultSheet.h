@@ -17,7 +17,8 @@ inline constexpr const wchar_t* kResultIsolines = L"ORVO_RESULT_ISOLINES";
 inline constexpr const wchar_t* kResultLabels = L"ORVO_RESULT_LABELS";
 inline constexpr const wchar_t* kResultShares = L"ORVO_RESULT_SHARES";
 
-// Lengths are metres, points and directions in the drawing's axes; colours 1 to 256, the last by layer.
+// Lengths are metres, points and directions in the drawing's axes; colours 1 to 255, all others
+// (the table of a standard may hold any number) by layer.
 class ResultSheet {
 public:
     // These layers are emptied, and made where they are missing. The drawing has a unit that lengths are measured in.

@@ -17,7 +17,7 @@ constexpr int kGreen = 3;
 
 // By the standard's table; the layer's where the sun could not be told.
 int ColorOf(const WindowResult& window) {
-    return IsAnalysed(window) && window.color >= 1 ? window.color : kColorByLayer;
+    return IsAnalysed(window) ? window.color : kColorByLayer;
 }
 
 // Of a need by whether it is met, else the window's.
