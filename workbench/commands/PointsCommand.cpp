@@ -82,8 +82,11 @@ bool Print(const PointsReport& report, const PointsOptions& options, Output& out
 
 PointAnswer Analyse(const AcDbDatabase& drawing, const PointRequest& request, Progress& progress) {
     const CString text = Say(L"正在分析：%d 个点，共 %d 个");
+    // Nobody knows how long they are before they are followed; that it takes longer than the points did is no hang.
+    const CString isolines = Say(L"点已分析完，正在沿等时线分析");
     return AnalysePoints(drawing, request, [&](std::size_t done, std::size_t total) {
-        return progress.Show(static_cast<int>(done), static_cast<int>(total), text);
+        const bool isFollowing = request.isolines && done == total;
+        return progress.Show(static_cast<int>(done), static_cast<int>(total), isFollowing ? isolines : text);
     });
 }
 
@@ -124,29 +127,30 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
 }
 
 Subcommand PointsSubcommand() {
-    Subcommand row = {L"points",
-            L"分析轮廓里（地面、屋顶、墙面）一格格的点的日照，以及日照足够的比例",
-            {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
-             ValuesOption(L"--areas", SubcommandOption::kMany, L"LAYER", L"轮廓所在的图层，可以给出多次"),
-             ValueOption(L"--spacing", L"METRES", L"点距，大于 0、不超过 1000；不给出时为 1"),
-             ValueOption(L"--level", L"METRES", L"把轮廓投影到这个标高；不给出时在轮廓自己的平面上"),
-             ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",
-                          L"图层上没有厚度的闭合轮廓的高度（米），可以给出多次"),
-             ValueOption(L"--need", L"HOURS", L"点需要的日照小时数，大于 0、不超过 24；给出时才有比例"),
-             ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
-             ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的竖直轮廓的朝向，从正东起逆时针的度数"),
-             ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"),
-             PlaceOption(), DateOption(), ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
-             FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
-            {L"orvo points courtyard.dxf --areas 地面 --spacing 2 --need 2",
-             L"orvo points courtyard.dxf --areas 地面 --level 1.5 --json"},
-            [](SubcommandCall& call) {
-                return RunPoints({call.GetValue(L"FILE"), call.GetValues(L"--areas"), call.GetValue(L"--spacing"),
-                                  call.GetValue(L"--level"), AskedDayOf(call), call.HasFlag(L"--csv"),
-                                  call.HasFlag(L"--json"), call.GetValue(L"--write"), AskedReportOf(call)},
-                                 call.GetOutput(), call.GetProgress());
-            },
-            Say};
+    Subcommand row = {
+        L"points",
+        L"分析轮廓里（地面、屋顶、墙面）一格格的点的日照，以及日照足够的比例",
+        {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
+         ValuesOption(L"--areas", SubcommandOption::kMany, L"LAYER", L"轮廓所在的图层，可以给出多次"),
+         ValueOption(L"--spacing", L"METRES", L"点距，大于 0、不超过 1000；不给出时为 1"),
+         ValueOption(L"--level", L"METRES", L"把轮廓投影到这个标高；不给出时在轮廓自己的平面上"),
+         ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",
+                      L"图层上没有厚度的闭合轮廓的高度（米），可以给出多次"),
+         ValueOption(L"--need", L"HOURS", L"点需要的日照小时数，大于 0、不超过 24；给出时才有比例"),
+         ValueOption(L"--north", L"DEGREES", L"正北从图形的 y 轴起逆时针的度数；不给出时为 0"),
+         ValueOption(L"--facing", L"DEGREES", L"分不清室外侧的竖直轮廓的朝向，从正东起逆时针的度数"),
+         ValueOption(L"--least-altitude", L"DEGREES", L"太阳高度角低于它的时间不计，大于 0、小于 90"), PlaceOption(),
+         DateOption(), ValueOption(L"--standard", L"NAME", L"日照标准名", StandardNames), WriteOption(),
+         FlagOption(L"--csv", L"以 CSV 输出，供电子表格使用"), FlagOption(L"--json", L"以 JSON 输出")},
+        {L"orvo points courtyard.dxf --areas 地面 --spacing 2 --need 2",
+         L"orvo points courtyard.dxf --areas 地面 --level 1.5 --json"},
+        [](SubcommandCall& call) {
+            return RunPoints({call.GetValue(L"FILE"), call.GetValues(L"--areas"), call.GetValue(L"--spacing"),
+                              call.GetValue(L"--level"), AskedDayOf(call), call.HasFlag(L"--csv"),
+                              call.HasFlag(L"--json"), call.GetValue(L"--write"), AskedReportOf(call)},
+                             call.GetOutput(), call.GetProgress());
+        },
+        Say};
     AddReportOptions(row.options, false);
     return row;
 }

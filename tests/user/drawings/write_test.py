@@ -3,12 +3,14 @@ import json
 import math
 import os
 import re
+import signal
 import sys
 
 import ezdxf
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "program"))
 from orvo_program import FAILED, OK, USAGE, ProgramTest, main  # noqa: E402
+from prompt_test import Terminal  # noqa: E402
 
 STANDARD = ("--standard", "国标大寒日")
 VERSIONS = ("R12", "R2000", "R2004", "R2007", "R2018")
@@ -223,6 +225,16 @@ class Areas(WriteTest):
         answer = self.refused(FAILED, "points", "in.dxf", "--areas", "FIELD", "--spacing", "0.000001", "--write", "out.dxf")
         self.assertIn("1.00e+18", answer.err)
         self.assertEqual(os.path.exists(self.path("out.dxf")), False)
+
+    def test_following_lines_is_told_and_can_be_interrupted(self):
+        make(self.path("in.dxf"), more=lambda document: area(
+            document.modelspace(), 1, [(-150, -150, 0), (150, -150, 0), (150, 150, 0), (-150, 150, 0)], "FIELD"))
+        terminal = Terminal(self, "points", "in.dxf", *STANDARD, "--areas", "FIELD", "--spacing", "0.4", "--write", "out.dxf")
+        terminal.wait_for("等时线")
+        os.kill(terminal.process.pid, signal.SIGINT)
+        self.assertEqual(terminal.finish(), FAILED)
+        self.assertNotIn("轮廓 ", terminal.seen)
+        self.assertEqual(sorted(name for name in os.listdir(self.home) if "out" in name), [])
 
     def test_outlines_that_cross_themselves_or_are_not_flat_have_no_lines(self):
         def add(document):
