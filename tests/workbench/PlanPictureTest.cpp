@@ -120,6 +120,31 @@ TEST(PlanPicture, SaysHowHighHousesAre) {
     EXPECT_TRUE(HasText(plan, "heights", "18.5"));
 }
 
+TEST(PlanPicture, SaysHowHighHousesAreWhereNoGroundIsDrawn) {
+    OccluderSet set;
+    AddHouse(set, 0, 0, 22000, 19000, 18000);
+    AddHouse(set, 50000, 0, 22000, 19000, 45000);
+    const auto fillOfTheLowest = [&] {
+        return Pick(ReadSvg(DrawPlan(PictureOf(set))), "path", "roofs").at(0).Get("fill");
+    };
+    EXPECT_TRUE(HasText(ReadSvg(DrawPlan(PictureOf(set))), "heights", "18"));
+    EXPECT_TRUE(HasText(ReadSvg(DrawPlan(PictureOf(set))), "heights", "45"));
+    const QString house = fillOfTheLowest();
+    AddHouse(set, -10000, -10000, 100000, 50000, 0);
+    EXPECT_NE(fillOfTheLowest(), house) << "a house has the colour of the ground";
+}
+
+TEST(PlanPicture, HasAllOfItsFrameOnThePaper) {
+    OccluderSet set;
+    AddHouse(set, 0, 0, 22000, 19000, 18000);
+    const std::vector<SvgElement> plan = ReadSvg(DrawPlan(PictureOf(set)));
+    const SvgElement frame = Pick(plan, "rect", "frame").at(0);
+    const double half = 0.5 * frame.Number("stroke-width");
+    EXPECT_GE(frame.Number("x"), half);
+    EXPECT_GE(frame.Number("y"), half);
+    EXPECT_LE(frame.Number("x") + frame.Number("width") + half, plan[0].Get("viewBox").split(' ')[2].toDouble());
+}
+
 TEST(PlanPicture, DrawsHigherRoofsOverLowerOnesAndGreyer) {
     OccluderSet set;
     AddHouse(set, 10000, 10000, 10000, 10000, 50000);

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr double kSheetWidth = 174.0;  // millimetres
+constexpr double kSheetWidth = 173.8;  // millimetres; what is left is for half of the frame's line
 
 CString Caption(const wchar_t* before, const WindowResult& window, const WindowHours& hours) {
     const CString label = WindowLabel(window);
@@ -28,7 +28,8 @@ std::string Figure(const CString& caption, const std::string& picture) {
     return Joined({"<figure><figcaption>", Markup(caption), "</figcaption>", picture, "</figure>\n"});
 }
 
-SkyPicture PictureOf(const AnalysisReport& report, const OccluderSet& faces, std::size_t place, bool isBefore) {
+SkyPicture PictureOf(const AnalysisReport& report, const OccluderSet& faces, std::size_t place, bool isBefore,
+                     const CString& title) {
     const WindowResult& window = report.answer.windows[place];
     return {.faces = faces,
             .request = report.request,
@@ -36,6 +37,7 @@ SkyPicture PictureOf(const AnalysisReport& report, const OccluderSet& faces, std
             .window = window,
             .hours = isBefore ? *window.before : static_cast<const WindowHours&>(window),
             .id = Joined({isBefore ? "skybefore" : "sky", WindowAnchor(place)}),
+            .title = title,
             .withProject = !isBefore,
             .width = kSheetWidth};
 }
@@ -54,11 +56,12 @@ void AddSkies(HtmlPage& page, const AnalysisReport& report, const OccluderSet& f
             continue;
         }
         page.Add("<div class=\"whole\">\n");
-        if (window.before)
-            page.Add(
-                Figure(Caption(L"方案前", window, *window.before), DrawSky(PictureOf(report, faces, place, true))));
-        page.Add(Figure(Caption(window.before ? L"方案后" : L"", window, window),
-                        DrawSky(PictureOf(report, faces, place, false))));
+        if (window.before) {
+            const CString before = Caption(L"方案前", window, *window.before);
+            page.Add(Figure(before, DrawSky(PictureOf(report, faces, place, true, before))));
+        }
+        const CString now = Caption(window.before ? L"方案后" : L"", window, window);
+        page.Add(Figure(now, DrawSky(PictureOf(report, faces, place, false, now))));
         page.Add("</div>\n");
     }
 }

@@ -64,10 +64,9 @@ std::vector<PaperPoint> PlacesOn(const PaperBox& box) {
 }  // namespace
 
 double GroundOf(const std::vector<PlanRoof>& roofs) {
-    double ground = 0.0;
-    for (std::size_t i = 0; i < roofs.size(); ++i)
-        ground = i == 0 ? roofs[i].low : std::min(ground, roofs[i].low);
-    return ground;
+    const auto lowest = std::min_element(roofs.begin(), roofs.end(),
+                                         [](const PlanRoof& a, const PlanRoof& b) { return a.low < b.low; });
+    return lowest == roofs.end() ? 0.0 : lowest->foot;
 }
 
 std::string DrawHeights(const std::vector<PlanRoof>& roofs, PaperLabels& labels) {

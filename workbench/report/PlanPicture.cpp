@@ -127,11 +127,14 @@ std::string DrawPlan(const PlanPicture& picture) {
     const std::string title = Markup(picture.title.IsEmpty() ? Say(L"总平面图") : picture.title);
     const std::string frame =
         "width=\"" + std::to_string(sheet.frame.right) + "\" height=\"" + std::to_string(sheet.frame.bottom) + "\"";
+    // All of its line lies on the picture, beside which paper has nothing.
+    const std::string edge = "x=\"13\" y=\"13\" width=\"" + std::to_string(sheet.frame.right - 26) + "\" height=\"" +
+                             std::to_string(sheet.frame.bottom - 26) + "\"";
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" class=\"plan\" role=\"img\" width=\"" + Millimetres(width) +
            "\" height=\"" + Millimetres(height) + "\" viewBox=\"0 0 " + std::to_string(width) + ' ' +
            std::to_string(height) + "\" font-family=\"sans-serif\" fill=\"#111\">\n<title>" + title +
            "</title>\n<clipPath id=\"" + picture.id + "-frame\"><rect " + frame + "/></clipPath>\n<rect " + frame +
            " fill=\"#fff\"/>\n<g clip-path=\"url(#" + picture.id + "-frame)\">\n" +
-           DrawContent(picture, sheet, strokes) + "</g>\n<rect class=\"frame\" " + frame +
+           DrawContent(picture, sheet, strokes) + "</g>\n<rect class=\"frame\" " + edge +
            " fill=\"none\" stroke=\"#111\" stroke-width=\"25\"/>\n" + below + "</svg>\n";
 }

@@ -79,6 +79,24 @@ bool IsUnderside(const Occluder& face, const Vector3& normal) {
            (face.outside == Occluder::Outside::Behind && normal.z > 0.0);
 }
 
+int BuildingOf(const OccluderSet& set, const Occluder& face) {
+    return face.body >= 0 ? face.body : set.bodyCount + face.joined;
+}
+
+// Where each building stands: how low its faces reach, millimetres.
+std::unordered_map<int, double> FeetOf(const OccluderSet& set) {
+    std::unordered_map<int, double> feet;
+    for (const Occluder& face : set.faces)
+        for (int i = 0; i < face.count; ++i) {
+            const double z = face.corners[i].z;
+            if (!std::isfinite(z))
+                continue;
+            double& foot = feet.try_emplace(BuildingOf(set, face), z).first->second;
+            foot = std::min(foot, z);
+        }
+    return feet;
+}
+
 std::vector<SeenFace> SeenFrom(const OccluderSet& set, const PlanSheet& sheet, bool withProject) {
     std::vector<SeenFace> seen;
     for (std::uint32_t i = 0; i < set.faces.size(); ++i) {
@@ -99,7 +117,7 @@ std::vector<SeenFace> SeenFrom(const OccluderSet& set, const PlanSheet& sheet, b
         each.low = low->z;
         each.high = high->z;
         each.isLevel = each.high - each.low < kOneLevel;
-        each.building = face.body >= 0 ? face.body : set.bodyCount + face.joined;
+        each.building = BuildingOf(set, face);
         seen.push_back(std::move(each));
     }
     return seen;
@@ -158,12 +176,13 @@ std::vector<PlanRoof> FindRoofs(const OccluderSet& set, const PlanSheet& sheet, 
     std::vector<std::vector<std::uint32_t>> groups(seen.size());
     for (std::uint32_t i = 0; i < seen.size(); ++i)
         groups[sets.Root(i)].push_back(i);
+    const std::unordered_map<int, double> feet = FeetOf(set);
     std::vector<PlanRoof> roofs;
     for (const std::vector<std::uint32_t>& group : groups) {
         if (group.empty())
             continue;
         const SeenFace& first = seen[group[0]];
-        PlanRoof roof{{}, {}, first.low, first.high, first.building, first.isProposed};
+        PlanRoof roof{{}, {}, first.low, first.high, feet.at(first.building), first.building, first.isProposed};
         PaperUnion covered;
         for (const std::uint32_t index : group) {
             covered.Add(seen[index].polygon);
@@ -173,6 +192,7 @@ std::vector<PlanRoof> FindRoofs(const OccluderSet& set, const PlanSheet& sheet, 
         roof.loops = covered.TakeLoops();
         roof.low /= kMillimetres;
         roof.high /= kMillimetres;
+        roof.foot /= kMillimetres;
         if (roof.loops.empty())
             continue;
         roof.box = BoxAround(roof.loops);

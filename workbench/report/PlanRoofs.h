@@ -14,7 +14,8 @@ struct PlanRoof {
     PaperBox box;
     double low = 0.0;  // metres
     double high = 0.0;
-    int building = 0;  // a closed body, or loose faces that share corners
+    double foot = 0.0;  // of its building
+    int building = 0;   // a closed body, or loose faces that share corners
     bool isProposed = false;
 };
 
