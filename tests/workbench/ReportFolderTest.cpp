@@ -2,6 +2,7 @@
 #include "workbench/report/ReportFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "support/FileTree.h"
 #include "support/FullDisk.h"
@@ -45,6 +46,40 @@ TEST_F(ReportFolders, AreNotMadeWithoutAParent) {
     EXPECT_EQ(Fault("no/report"), text);
     EXPECT_EQ(Save("no/report"), text);
     EXPECT_TRUE(fs::is_empty(m_tree.Path()));
+}
+
+TEST_F(ReportFolders, AreNotLinksThatLeadNowhere) {
+    fs::create_directory_symlink(m_tree / "nowhere", m_tree / "link");
+    const std::string text =
+        "链接“" + Name("link") + "”指向的文件夹不存在，没有写出报告：请先建立那个文件夹，或用 --report 给出另一个";
+    EXPECT_EQ(Fault("link"), text);
+    EXPECT_EQ(Save("link"), text);
+    fs::create_directory(m_tree / "nowhere");
+    EXPECT_EQ(Save("link"), "");
+    EXPECT_EQ(m_tree.Read("nowhere/index.html"), kPage);
+}
+
+TEST_F(ReportFolders, AreTakenWhereASaveIsUnderWayOrWasKilled) {
+    m_tree.Write("report/index.html.saving-4194305-0", "half a page");
+    EXPECT_EQ(Save("report"), "");
+    EXPECT_EQ(m_tree.Read("report/index.html"), kPage);
+    m_tree.Write("other/index.html-notes", "a user's own");
+    EXPECT_NE(Save("other").find("别的文件"), std::string::npos);
+}
+
+TEST_F(ReportFolders, DoNotWaitForPipes) {
+    fs::create_directory(m_tree / "pipes");
+    ASSERT_EQ(mkfifo(Name("pipes/index.html").c_str(), 0600), 0);
+    EXPECT_NE(Fault("pipes").find("别的文件"), std::string::npos);
+}
+
+TEST_F(ReportFolders, AreToldWhereThereIsNoFolderToStartFrom) {
+    const fs::path before = fs::current_path();
+    fs::create_directory(m_tree / "gone");
+    fs::current_path(m_tree / "gone");
+    fs::remove(m_tree / "gone");
+    EXPECT_NE(ToUtf8(ReportFolderFault(L"report").View()).find("没有写出报告"), std::string::npos);
+    fs::current_path(before);
 }
 
 TEST_F(ReportFolders, TakeANewReportForAFormerOne) {

@@ -30,14 +30,26 @@ CString Shown(const CString& folder) {
     return Printable(folder);
 }
 
-// Whether a file begins like a report; the mark stands among the first lines.
+// Whether a file begins like a report; the mark stands among the first lines. Who opens a pipe waits for its other end.
 bool IsReport(const Path& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error))
+        return false;
     constexpr std::size_t kHead = 2048;
     std::string head(kHead, '\0');
     std::ifstream stream(file, std::ios::binary);
     stream.read(head.data(), static_cast<std::streamsize>(head.size()));
     head.resize(static_cast<std::size_t>(stream.gcount()));
     return head.find(kReportMark) != std::string::npos;
+}
+
+// Whether a folder holds more than what the saving of a page leaves beside it: another one's, or one that was killed.
+bool HasOthers(const Path& folder, std::error_code& error) {
+    const std::string ours = std::string(kPage) + '.';
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        if (entry->path().filename().string().compare(0, ours.size(), ours) != 0)
+            return true;
+    return false;
 }
 
 // For the rights that writing goes by.
@@ -56,10 +68,15 @@ CString UnreadableText(const CString& folder, const std::error_code& error) {
 }
 
 CString MissingFolderFault(const CString& folder) {
-    const Path absolute = std::filesystem::absolute(PathOf(folder)).lexically_normal();
+    std::error_code error;
+    if (std::filesystem::is_symlink(PathOf(folder), error))
+        return SayFormat(L"链接“%s”指向的文件夹不存在，没有写出报告：请先建立那个文件夹，或用 --report 给出另一个",
+                         Shown(folder));
+    const Path absolute = std::filesystem::absolute(PathOf(folder), error).lexically_normal();
+    if (error)
+        return UnreadableText(folder, error);
     const Path whole = absolute.has_filename() ? absolute : absolute.parent_path();
     const Path parent = whole.parent_path();
-    std::error_code error;
     if (!std::filesystem::is_directory(parent, error))
         return SayFormat(L"文件夹“%s”所在的文件夹不存在，没有写出报告：请先建立“%s”", Shown(folder),
                          Shown(FromUtf8(parent.string())));
@@ -69,10 +86,10 @@ CString MissingFolderFault(const CString& folder) {
 CString PresentFolderFault(const CString& folder) {
     const Path path = PathOf(folder);
     std::error_code error;
-    const bool isEmpty = std::filesystem::is_empty(path, error);
+    const bool hasOthers = HasOthers(path, error);
     if (error)
         return UnreadableText(folder, error);
-    if (!isEmpty && !IsReport(path / kPage))
+    if (hasOthers && !IsReport(path / kPage))
         return SayFormat(
             L"文件夹“%s”里有别的文件，而没有以前的报告，没有写出报告：请用 --report 给出一个空的或新的文件夹",
             Shown(folder));
