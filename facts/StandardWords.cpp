@@ -95,7 +95,7 @@ const Source kSources[] = {
 
 std::vector<Rule> RulesInWords(const Standard& standard) {
     return {
-        {FactsText(L"分析日期"), Printable(DayInWords(standard.day))},
+        {FactsText(L"分析日期"), Printable(DayInWords(standard.day)), Rule::Kind::Day},
         {FactsText(L"分析时段"), SpanWords(standard)},
         {FactsText(L"时间基准"), Choice(kTimeBase, standard.beijingTime)},
         {FactsText(L"计算精度"), FactsFormat(L"%s 分钟", DoubleToText(standard.step))},
@@ -107,8 +107,8 @@ std::vector<Rule> RulesInWords(const Standard& standard) {
         {FactsText(L"有效时间段下限"), FactsFormat(L"%d 分钟", standard.minValidTime)},
         {FactsText(L"最长连续时间段下限"), FactsFormat(L"%d 分钟", standard.minMaxValidTime)},
         {FactsText(L"累计超过下限的时间段"), AccumulateWords(standard)},
-        {FactsText(L"时数颜色"), TimeColorWords(standard.timeColors)},
-        {FactsText(L"类型颜色"), TypeColorWords(standard.typeColors)},
+        {FactsText(L"时数颜色"), TimeColorWords(standard.timeColors), Rule::Kind::Colors},
+        {FactsText(L"类型颜色"), TypeColorWords(standard.typeColors), Rule::Kind::Colors},
     };
 }
 

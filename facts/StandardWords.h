@@ -9,8 +9,10 @@
 struct Standard;
 
 struct Rule {
+    enum class Kind { Day, Counting, Colors };
     CString label;
     CString words;
+    Kind kind = Kind::Counting;
 };
 
 // Every rule of the standard, save its name, in the order in which a person would ask.

@@ -30,7 +30,7 @@ TEST(HtmlPage, HoldsWhatIsAddedInThatOrder) {
     page.Add("<hr>\n");
     EXPECT_TRUE(Has(page.Whole(),
                     "<h1>T</h1>\n<h2>S</h2>\n<h2 class=\"sheet\">N</h2>\n<h3>P</h3>\n<p class=\"lead\">text</p>\n"
-                    "<ul>\n<li>one</li>\n<li>two</li>\n</ul>\n<hr>\n<script>"))
+                    "<ul>\n<li>one</li>\n<li>two</li>\n</ul>\n<hr>\n</main>\n<script>"))
         << page.Whole();
     EXPECT_EQ(page.Whole().rfind("<!DOCTYPE html>\n<html lang=\"zh-CN\">\n", 0), 0U);
     EXPECT_TRUE(Has(page.Whole(), "<title>Head</title>"));
@@ -41,15 +41,19 @@ TEST(HtmlPage, ShowsTablesWithTheirHeadings) {
     table.Add({L"name", L"hours"});
     table.Add({L"a", L"1:00"});
     HtmlPage page(L"");
+    page.Section(L"A \"B\"");
     page.Table(table);
+    page.Part(L"C");
     page.Facts(table);
     EXPECT_TRUE(Has(page.Whole(),
-                    "<table class=\"sort\">\n<thead>\n<tr><th scope=\"col\">name</th><th scope=\"col\" "
+                    "<table class=\"sort\" aria-label=\"A &quot;B&quot;\">\n<thead>\n<tr><th "
+                    "scope=\"col\">name</th><th scope=\"col\" "
                     "class=\"r\">hours</th></tr>\n</thead>\n<tbody>\n<tr><td>a</td><td "
                     "class=\"r\">1:00</td></tr>\n</tbody>\n</table>"))
         << page.Whole();
     EXPECT_TRUE(Has(page.Whole(),
-                    "<table class=\"facts\">\n<tbody>\n<tr><th scope=\"row\">name</th><td>hours</td></tr>\n<tr><th "
+                    "<table class=\"facts\" aria-label=\"C\">\n<tbody>\n<tr><th "
+                    "scope=\"row\">name</th><td>hours</td></tr>\n<tr><th "
                     "scope=\"row\">a</th><td>1:00</td></tr>\n</tbody>\n</table>"))
         << page.Whole();
 }

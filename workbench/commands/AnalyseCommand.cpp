@@ -25,6 +25,7 @@
 #include "workbench/commands/WindowsOnDrawing.h"
 #include "workbench/commands/WriteOption.h"
 #include "workbench/film/Film.h"
+#include "workbench/report/Sha256.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -117,6 +118,8 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     if (code)
         return code;
     AcDbDatabase drawing;
+    if (page.IsAskedFor())
+        report.fingerprint = Sha256OfFile(report.drawing);
     if (const int readCode = ReadDrawing(drawing, *options.file))
         return readCode;
     std::optional<Film> film;

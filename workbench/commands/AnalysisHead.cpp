@@ -31,13 +31,13 @@ CString HeightsText(const std::vector<LayerHeight>& heights) {
 
 }  // namespace
 
-TextTable HeadTable(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+TextTable HeadTable(const DayReport& report, const DayRequest& request, const DayAnswer& answer, const CString& day,
                     const std::vector<HeadRow>& own) {
     TextTable table({Align::Left, Align::Left});
     if (!report.drawing.IsEmpty())
         table.Add({Say(L"图形"), Printable(NameOf(report.drawing))});
     AddPlaceRows(table, request.settings);
-    table.Add({Say(L"分析日期"), Printable(DayInWords(request.terms.day))});
+    table.Add({Say(L"分析日期"), day});
     AddTermRows(table, request.terms);
     table.Add({Say(L"分析时段"), SayFormat(L"真太阳时 %s，北京时间 %s", PeriodText(answer.span, 0.0),
                                            PeriodText(answer.span, answer.beijingOffset))});
@@ -56,7 +56,7 @@ void PrintHead(const DayReport& report, const DayRequest& request, const DayAnsw
                const std::vector<HeadRow>& own, Output& output) {
     output.Line(Printable(NoteOf(request.settings)));
     output.Line(L"");
-    HeadTable(report, request, answer, own).PrintTo(output);
+    HeadTable(report, request, answer, Printable(DayInWords(request.terms.day)), own).PrintTo(output);
     output.Line(RulesInOneLine(*request.settings.standard));
     output.Line(L"");
 }

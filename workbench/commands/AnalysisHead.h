@@ -16,8 +16,8 @@ struct HeadRow {
     CString value;
 };
 
-// Drawing, place, day, span, north, heights, what an analysis has of its own, and need.
-TextTable HeadTable(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+// Drawing, place, `day` as it is to be written, span, north, heights, what an analysis has of its own, and need.
+TextTable HeadTable(const DayReport& report, const DayRequest& request, const DayAnswer& answer, const CString& day,
                     const std::vector<HeadRow>& own);
 
 // Note, drawing, place, day, span, north, heights, what an analysis has of its own, need and the standard's rules, and

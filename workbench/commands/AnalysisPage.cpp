@@ -54,7 +54,7 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
                          const SkyChoice& skies) {
     const CString title = Say(L"日照分析报告");
     HtmlPage page(PageTitle(request, title));
-    AddPageHead(page, title, request, report, HeadTable(report, report.request, report.answer, OwnHeadRows(report)));
+    AddPageHead(page, title, request, report, AskedOnPage(report, report.request, report.answer, OwnHeadRows(report)));
     page.Section(Say(L"结论"));
     for (const CString& line : SummaryLines(report.answer.windows))
         page.Paragraph(line, "lead");

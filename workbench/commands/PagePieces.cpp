@@ -1,11 +1,14 @@
 // Sections that need nothing of what was analysed.
 #include "workbench/commands/PagePieces.h"
 
-#include "facts/DayText.h"
+#include "analysis/DayRequest.h"
 #include "facts/Standard.h"
+#include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/AnalysisHead.h"
 #include "workbench/commands/AskedReport.h"
 #include "workbench/commands/DayReport.h"
 #include "workbench/commands/StandardRules.h"
@@ -26,8 +29,24 @@ CString OrBlank(const CString& text) {
     return text.IsEmpty() ? CString(L'_', 24) : Printable(text);
 }
 
-CString FingerprintText(const CString& drawing) {
-    return Sha256OfFile(drawing).value_or(Say(L"没有（不是普通文件，不能再读一次）"));
+// Whether it was the same file all the time is known only afterwards.
+CString FingerprintText(const DayReport& report) {
+    if (!report.fingerprint)
+        return Say(L"没有（不是普通文件，不能再读一次）");
+    if (Sha256OfFile(report.drawing) != report.fingerprint)
+        return Say(L"没有（图形文件在分析的时候改变了：请再分析一次）");
+    return *report.fingerprint;
+}
+
+// As letters and forms have it in the page's language, without the module's blanks before short numbers.
+CString DayOnPage(const CalendarDay& day) {
+    CString year;
+    CString month;
+    CString dayOfMonth;
+    year.Format(L"%04d", day.year);
+    month.Format(L"%02d", day.month);
+    dayOfMonth.Format(L"%02d", day.day);
+    return SayFormat(L"%s年%s月%s日", year, month, dayOfMonth);
 }
 
 }  // namespace
@@ -36,19 +55,28 @@ CString PageTitle(const PageRequest& request, const CString& title) {
     return request.project.IsEmpty() ? title : Printable(request.project) + L" - " + title;
 }
 
+TextTable AskedOnPage(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+                      const std::vector<HeadRow>& own) {
+    const Standard& standard = *request.settings.standard;
+    std::vector<HeadRow> rows = {{Say(L"日照标准"), Printable(standard.name)},
+                                 {Say(L"计算精度"), SayFormat(L"%s 分钟", DoubleToText(standard.step))}};
+    rows.insert(rows.end(), own.begin(), own.end());
+    return HeadTable(report, request, answer, DayOnPage(request.terms.day), rows);
+}
+
 void AddPageHead(HtmlPage& page, const CString& title, const PageRequest& request, const DayReport& report,
                  const TextTable& asked) {
     page.Title(title);
     TextTable head({Align::Left, Align::Left});
     head.Add({Say(L"项目"), OrBlank(request.project)});
     head.Add({Say(L"编制"), OrBlank(request.author)});
-    head.Add({Say(L"报告日期"), DayInWords(request.date)});
+    head.Add({Say(L"报告日期"), DayOnPage(request.date)});
     head.Add({Say(L"程序"), CString(L"orvo ") + FromUtf8(ORVO_VERSION)});
     const CString drawing = Say(L"图形");
     for (const std::vector<CString>& row : asked.Rows()) {
         head.Add(row);
         if (row[0] == drawing)
-            head.Add({Say(L"图形的 SHA-256"), FingerprintText(report.drawing)});
+            head.Add({Say(L"图形的 SHA-256"), FingerprintText(report)});
     }
     page.Facts(head);
 }
@@ -62,7 +90,12 @@ void AddSignatures(HtmlPage& page) {
 
 void AddPageRules(HtmlPage& page, const DayReport& report, const Standard& standard) {
     page.Section(SayFormat(L"日照标准：%s", Printable(standard.name)));
-    page.Facts(RulesTable(standard, report.changes));
+    std::vector<Rule> rules = RulesInWords(standard);
+    std::erase_if(rules, [](const Rule& rule) { return rule.kind == Rule::Kind::Colors; });
+    for (Rule& rule : rules)
+        if (rule.kind == Rule::Kind::Day)
+            rule.words = DayOnPage(standard.day);
+    page.Facts(RulesTable(rules, standard, report.changes));
 }
 
 void AddPageRemarks(HtmlPage& page, const std::vector<CString>& messages) {

@@ -9,19 +9,25 @@
 
 class HtmlPage;
 class TextTable;
+struct DayAnswer;
 struct DayReport;
+struct DayRequest;
+struct HeadRow;
 struct PageRequest;
 struct Standard;
 
 // What the page is called: by the project, where there is one.
 CString PageTitle(const PageRequest& request, const CString& title);
 
+// What was asked, with the standard and its step: the head of an analysis and what it has of its own.
+TextTable AskedOnPage(const DayReport& report, const DayRequest& request, const DayAnswer& answer,
+                      const std::vector<HeadRow>& own);
 // Title, project, author, date and the program, then what was asked, with the drawing's fingerprint behind its name.
 void AddPageHead(HtmlPage& page, const CString& title, const PageRequest& request, const DayReport& report,
                  const TextTable& asked);
 // Room for who made it, checked it and approved it.
 void AddSignatures(HtmlPage& page);
-// The standard's rules in words, and where they come from.
+// The standard's rules in words, and where they come from; its colours stand below the plan.
 void AddPageRules(HtmlPage& page, const DayReport& report, const Standard& standard);
 // What was left out or noted; that there was nothing where nothing was.
 void AddPageRemarks(HtmlPage& page, const std::vector<CString>& messages);

@@ -63,13 +63,15 @@ std::string Figure(const CString& caption, const std::string& picture) {
 void AddBoth(HtmlPage& page, const AnalysisReport& report, PlanPicture now) {
     page.Section(Say(L"方案前后的平面图"), true);
     now.id = "plannow";
+    now.title = Say(L"方案后");
     now.width = (kSheetWidth - kBetween) / 2.0;
     PlanPicture before = now;
+    before.title = Say(L"方案前");
     before.id = "planbefore";
     before.withProject = false;
     before.windows = WindowsBefore(report);
-    page.Add(Joined({"<div class=\"pair\">\n", Figure(Say(L"方案前"), DrawPlan(before)),
-                     Figure(Say(L"方案后"), DrawPlan(now)), "</div>\n"}));
+    page.Add(Joined({"<div class=\"pair\">\n", Figure(before.title, DrawPlan(before)), Figure(now.title, DrawPlan(now)),
+                     "</div>\n"}));
 }
 
 }  // namespace

@@ -24,6 +24,7 @@
 #include "workbench/commands/PointsReport.h"
 #include "workbench/commands/PointsTable.h"
 #include "workbench/commands/WriteOption.h"
+#include "workbench/report/Sha256.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -108,6 +109,8 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
         return code;
     report.request.isolines = options.write.has_value() || page.IsAskedFor();
     AcDbDatabase drawing;
+    if (page.IsAskedFor())
+        report.fingerprint = Sha256OfFile(report.drawing);
     if (const int readCode = ReadDrawing(drawing, *options.file))
         return readCode;
     report.answer = Analyse(drawing, report.request, progress);

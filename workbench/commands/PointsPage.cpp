@@ -17,7 +17,7 @@ std::string PointsPage(const PointsReport& report, const AcDbDatabase& drawing, 
     const CString title = Say(L"场地日照分析报告");
     HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report,
-                HeadTable(report, report.request, report.answer, {{Say(L"点"), GridText(report.request)}}));
+                AskedOnPage(report, report.request, report.answer, {{Say(L"点"), GridText(report.request)}}));
     page.Section(Say(L"结论"));
     page.Paragraph(PointsSummary(report.answer), "lead");
     if (!report.answer.outlines.empty())

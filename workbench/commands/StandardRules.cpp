@@ -6,7 +6,6 @@
 #include "facts/DayText.h"
 #include "facts/NearestNames.h"
 #include "facts/Standard.h"
-#include "facts/StandardWords.h"
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
 
@@ -30,10 +29,10 @@ CString ChangeWords(const Standard& standard, const std::vector<const StandardFi
 
 }  // namespace
 
-TextTable RulesTable(const Standard& standard, const StandardChanges& changes) {
+TextTable RulesTable(const std::vector<Rule>& rules, const Standard& standard, const StandardChanges& changes) {
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left});
-    for (const Rule& rule : RulesInWords(standard))
+    for (const Rule& rule : rules)
         table.Add({rule.label, rule.words});
     const bool isChanged = changes && !changes->empty();
     if (isChanged)
@@ -45,7 +44,7 @@ TextTable RulesTable(const Standard& standard, const StandardChanges& changes) {
 }
 
 void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output) {
-    RulesTable(standard, changes).PrintTo(output, 2);
+    RulesTable(RulesInWords(standard), standard, changes).PrintTo(output, 2);
 }
 
 nlohmann::ordered_json RulesAsJson(const Standard& standard, const StandardChanges& changes) {

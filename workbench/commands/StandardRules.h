@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "facts/SettingsForm.h"
+#include "facts/StandardWords.h"
 #include "workbench/terminal/TextTable.h"
 
 class Output;
@@ -15,8 +16,9 @@ struct Standard;
 // shipped.
 using StandardChanges = std::optional<std::vector<const StandardField*>>;
 
-// Each rule in words, where the shipped values come from, and which of them have been changed.
-TextTable RulesTable(const Standard& standard, const StandardChanges& changes);
+// These rules of the standard, where the shipped values come from, and which of them have been changed.
+TextTable RulesTable(const std::vector<Rule>& rules, const Standard& standard, const StandardChanges& changes);
+// All of them.
 void PrintRules(const Standard& standard, const StandardChanges& changes, Output& output);
 
 // Every field with its number as it is stored; "source" where one is known (see SourceOf); "changedFromShipped", the

@@ -164,11 +164,11 @@ std::string Legend(bool isCompared) {
 constexpr std::size_t kDaysTogether = 20;
 const std::string kDaysEnd = "</tbody>\n</table></div>\n";
 
-std::string DaysHead(const AnalysisReport& report) {
+std::string DaysHead(const AnalysisReport& report, const CString& title) {
     const std::string scale = DrawTimeScale(report.answer.span, report.answer.beijingOffset);
-    return Joined({"<div class=\"some\"><table class=\"days\">\n<thead>\n<tr><th scope=\"col\">",
-                   Markup(Say(L"真太阳时")), "<br>", Markup(Say(L"北京时间")), "</th><td>",
-                   IsCompared(report) ? Bar(L"\x00A0", scale) : scale, "</td></tr>\n</thead>\n<tbody>\n"});
+    return Joined({"<div class=\"some\"><table class=\"days\" aria-label=\"", Markup(title),
+                   "\">\n<thead>\n<tr><th scope=\"col\">", Markup(Say(L"真太阳时")), "<br>", Markup(Say(L"北京时间")),
+                   "</th><td>", IsCompared(report) ? Bar(L"\x00A0", scale) : scale, "</td></tr>\n</thead>\n<tbody>\n"});
 }
 
 }  // namespace
@@ -178,8 +178,10 @@ std::string WindowAnchor(std::size_t index) {
 }
 
 void AddWindowTable(HtmlPage& page, const AnalysisReport& report) {
-    page.Section(Say(L"各窗"));
-    page.Add("<div class=\"wide\"><table class=\"sort findable\">\n<thead>\n<tr>");
+    const CString title = Say(L"各窗");
+    page.Section(title);
+    page.Add(Joined(
+        {"<div class=\"wide\"><table class=\"sort findable\" aria-label=\"", Markup(title), "\">\n<thead>\n<tr>"}));
     for (const Heading& heading : Headings(IsCompared(report)))
         page.Add(Joined({heading.isNumber ? "<th scope=\"col\" class=\"r\">" : "<th scope=\"col\">",
                          Markup(heading.text), "</th>"}));
@@ -190,11 +192,12 @@ void AddWindowTable(HtmlPage& page, const AnalysisReport& report) {
 }
 
 void AddTimeLines(HtmlPage& page, const AnalysisReport& report) {
-    page.Section(Say(L"各窗的一天"));
+    const CString title = Say(L"各窗的一天");
+    page.Section(title);
     page.Paragraph(
         Say(L"时段先写真太阳时，再写北京时间，然后是时长；遮挡物写图形里的句柄。条上的竖线是真太阳时的整点。"));
     page.Add(Legend(IsCompared(report)));
-    const std::string head = DaysHead(report);
+    const std::string head = DaysHead(report, title);
     page.Add("<div class=\"findable\">\n");
     for (std::size_t i = 0; i < report.answer.windows.size(); ++i) {
         if (i % kDaysTogether == 0)

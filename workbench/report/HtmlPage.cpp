@@ -41,21 +41,29 @@ HtmlPage::HtmlPage(const CString& title)
                      kReportMark, "\n<meta http-equiv=\"Content-Security-Policy\" content=\"", Policy(),
                      "\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>",
                      Markup(title), "</title>\n<style>", PageStyle(), "</style>\n</head>\n<body data-find=\"",
-                     Markup(Say(L"查找：")), "\">\n"})) {}
+                     Markup(Say(L"查找：")), "\">\n<main>\n"})) {}
 
 void HtmlPage::Tagged(std::string_view tag, const CString& text, std::string_view kind) {
     m_body += Joined({Opened(tag, kind), Markup(text), "</", tag, ">\n"});
 }
 
+// The tag of a table, with the heading as its name.
+std::string HtmlPage::Named(std::string_view tag) const {
+    return Joined({"<", tag, " aria-label=\"", Markup(m_heading), "\">\n"});
+}
+
 void HtmlPage::Title(const CString& text) {
+    m_heading = text;
     Tagged("h1", text);
 }
 
 void HtmlPage::Section(const CString& text, bool isOnNewSheet) {
+    m_heading = text;
     Tagged("h2", text, isOnNewSheet ? "sheet" : "");
 }
 
 void HtmlPage::Part(const CString& text) {
+    m_heading = text;
     Tagged("h3", text);
 }
 
@@ -73,7 +81,7 @@ void HtmlPage::List(const std::vector<CString>& items) {
 }
 
 void HtmlPage::Facts(const TextTable& table) {
-    m_body += "<table class=\"facts\">\n<tbody>\n";
+    m_body += Named("table class=\"facts\"") + "<tbody>\n";
     for (const std::vector<CString>& row : table.Rows())
         m_body += Joined({"<tr>", Cell("th scope=\"row\"", "th", row[0], Align::Left),
                           Cell("td", "td", row[1], Align::Left), "</tr>\n"});
@@ -83,7 +91,7 @@ void HtmlPage::Facts(const TextTable& table) {
 void HtmlPage::Table(const TextTable& table) {
     const auto& columns = table.Columns();
     const auto& rows = table.Rows();
-    m_body += "<div class=\"wide\"><table class=\"sort\">\n";
+    m_body += "<div class=\"wide\">" + Named("table class=\"sort\"");
     for (std::size_t i = 0; i < rows.size(); ++i) {
         m_body += i == 0 ? "<thead>\n<tr>" : "<tr>";
         for (std::size_t j = 0; j < columns.size(); ++j)
@@ -95,5 +103,5 @@ void HtmlPage::Table(const TextTable& table) {
 }
 
 std::string HtmlPage::Whole() const {
-    return Joined({m_head, m_body, "<script>", PageScript(), "</script>\n</body>\n</html>\n"});
+    return Joined({m_head, m_body, "</main>\n<script>", PageScript(), "</script>\n</body>\n</html>\n"});
 }

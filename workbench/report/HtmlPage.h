@@ -22,7 +22,8 @@ public:
 
     void Paragraph(const CString& text, std::string_view kind = {});  // a class of PageStyle
     void List(const std::vector<CString>& items);
-    // A table of two columns: what, and its value.
+    // Tables are named after the heading before them, for who hears the page. A table of two columns: what, and its
+    // value.
     void Facts(const TextTable& table);
     // A table whose first row are headings, to be sorted by them.
     void Table(const TextTable& table);
@@ -34,6 +35,9 @@ public:
 private:
     void Tagged(std::string_view tag, const CString& text, std::string_view kind = {});
 
+    std::string Named(std::string_view tag) const;
+
+    CString m_heading;
     std::string m_head;
     std::string m_body;
 };

@@ -7,7 +7,7 @@ std::string_view PageStyle() {
 * { box-sizing: border-box; }
 html { font: 15px/1.5 "Noto Sans CJK SC", "Noto Sans SC", "Source Han Sans SC", "Microsoft YaHei", sans-serif; color: #111; background: #fff; }
 body { max-width: 190mm; margin: 0 auto; padding: 8mm 6mm; overflow-wrap: anywhere; }
-h1 { font-size: 1.9em; line-height: 1.25; margin: 0 0 .2em; }
+h1 { font-size: 1.9em; line-height: 1.25; margin: 0 0 .5em; }
 h2 { font-size: 1.25em; margin: 2em 0 .6em; padding-bottom: .2em; border-bottom: 1.5px solid #111; break-after: avoid; }
 h3 { font-size: 1em; margin: 1.4em 0 .4em; break-after: avoid; }
 p { margin: .4em 0; orphans: 3; widows: 3; }
@@ -22,6 +22,9 @@ th, td { padding: .28em .55em; text-align: left; vertical-align: top; border-bot
 thead th { border-bottom: 1.5px solid #111; vertical-align: bottom; }
 thead { display: table-header-group; }
 tr { break-inside: avoid; }
+tbody tr:first-child:not(:only-child) { break-after: avoid; }
+tbody tr:last-child:not(:only-child) { break-before: avoid; }
+table.facts { break-inside: avoid; }
 td:not(.r), th:not(.r) { min-width: 4.4em; }
 td.name { min-width: 9.5em; }
 .r { text-align: right; }

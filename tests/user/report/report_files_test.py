@@ -42,7 +42,7 @@ class ReportFiles(AnalyseTest):
         facts = self.facts(self.page())
         self.assertEqual(facts["项目"], "一期 <A> & \"B\"")
         self.assertEqual(facts["编制"], "李工")
-        self.assertIn("2025年", facts["报告日期"])
+        self.assertEqual(facts["报告日期"], "2025年03月09日")
         self.assertEqual(facts["图形"], "甲 & <乙>.dxf")
         self.assertEqual(facts["图形的 SHA-256"], hashlib.sha256(SITE.encode("utf-8")).hexdigest())
         self.assertEqual(facts["地区"], "上海/上海")
@@ -51,6 +51,24 @@ class ReportFiles(AnalyseTest):
         self.assertEqual(facts["要求"], "2:00（时:分）")
         self.assertEqual(facts["计算精度"], "1 分钟")
         self.assertIn("GB", facts["出厂值来源"])
+        self.assertNotIn("时数颜色", facts, "numbers of colours say nothing to a reader; the plan shows them")
+
+    def test_the_head_names_the_standard_its_step_and_days_as_each_language_writes_them(self):
+        name = self.put(drawing(*HOUSE, south_window("B9", left=7, right=8), GROUND))
+        more = ("--standard", STANDARD, "--date", "2026-1-9", "--report", "report", "--report-date", "2026-2-3")
+        for subcommand, own in (("analyse", ()), ("points", ("--areas", "地面"))):
+            with self.subTest(subcommand=subcommand):
+                self.orvo(subcommand, name, *own, *more)
+                facts = self.facts(self.page())
+                self.assertEqual([facts[row] for row in ("日照标准", "计算精度", "分析日期", "报告日期")],
+                                 [STANDARD, "1 分钟", "2026年01月09日", "2026年02月03日"])
+                self.orvo(subcommand, name, *own, *more, LANG="en_US.UTF-8")
+                page = self.page()
+                facts = self.facts(page)
+                self.assertEqual([facts[row] for row in ("Standard", "Step", "Day of analysis", "Date of the report")],
+                                 [STANDARD, "1 min", "2026-01-09", "2026-02-03"])
+                self.assertNotRegex(page, r"\d月")
+                self.assertNotIn("--need", page.replace("(--need)", ""))
 
     def test_a_former_report_is_kept_beside_the_new_one(self):
         name = self.put(SITE)
