@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysis/DayRequest.h"
+#include "analysis/Vector3.h"
 #include "analysis/WindowResult.h"
 #include "facts/SunDay.h"
 #include "facts/SunPosition.h"
@@ -58,6 +59,27 @@ CString ClockOf(double hours) {
     return FromUtf8(std::to_string(ofDay / 60) + (rest.size() < 2 ? ":0" : ":") + rest);
 }
 
+// Which way the sun goes on paper, of length 1.
+Vector3 WayAt(double hour, const SkyFrame& frame, const SunDay& sun) {
+    const SunPosition before = PositionOfSun(sun, hour - kStep);
+    const SunPosition after = PositionOfSun(sun, hour + kStep);
+    const double across = HalfTurn(FromMiddle(frame, after) - FromMiddle(frame, before));
+    const Vector3 way = {across, before.altitude - after.altitude, 0.0};
+    const double length = Length(way);
+    return length > 0.0 ? way * (1.0 / length) : Vector3{1.0, 0.0, 0.0};
+}
+
+// On the upper (-1) or lower (1) side of the sun's way, so far away that the box just does not touch it.
+PaperBox BoxBeside(const CString& text, int size, PaperPoint place, double side, const Vector3& way) {
+    constexpr double kGap = 90.0;
+    const PaperBox box = BoxForText(text, size, place);
+    const Vector3 out = (way.x < 0.0 ? Vector3{way.y, -way.x, 0.0} : Vector3{-way.y, way.x, 0.0}) * side;
+    const double away = 0.5 * (std::abs(out.x) * box.Width() + std::abs(out.y) * box.Height()) + kGap;
+    return BoxForText(
+        text, size,
+        {place.x + static_cast<int>(std::lround(out.x * away)), place.y + static_cast<int>(std::lround(out.y * away))});
+}
+
 }  // namespace
 
 std::string DrawSunPath(const SkyPicture& picture, const SkyFrame& frame, const SunDay& sun) {
@@ -84,8 +106,6 @@ std::string DrawSunPath(const SkyPicture& picture, const SkyFrame& frame, const 
 
 std::string DrawSunHours(const SkyPicture& picture, const SkyFrame& frame, const SunDay& sun, PaperLabels& labels) {
     constexpr int kDot = 55;
-    constexpr int kAbove = 280;
-    constexpr int kBelow = 240;
     std::string dots;
     std::string names;
     std::string beijing;
@@ -97,11 +117,11 @@ std::string DrawSunHours(const SkyPicture& picture, const SkyFrame& frame, const
         dots += "<circle cx=\"" + std::to_string(place.x) + "\" cy=\"" + std::to_string(place.y) + "\" r=\"" +
                 std::to_string(kDot) + "\"/>\n";
         const CString name = ClockOf(hour);
-        const PaperBox above = BoxForText(name, kHourSize, {place.x, place.y - kAbove});
+        const PaperBox above = BoxBeside(name, kHourSize, place, -1.0, WayAt(hour, frame, sun));
         if (labels.TryTake(above))
             names += TextInBox(name, above, kHourSize);
         const CString other = ClockOf(hour + picture.answer.beijingOffset);
-        const PaperBox below = BoxForText(other, kBeijingSize, {place.x, place.y + kBelow});
+        const PaperBox below = BoxBeside(other, kBeijingSize, place, 1.0, WayAt(hour, frame, sun));
         if (labels.TryTake(below))
             beijing += TextInBox(other, below, kBeijingSize);
     }
