@@ -58,6 +58,19 @@ TEST(HtmlPage, ShowsTablesWithTheirHeadings) {
         << page.Whole();
 }
 
+TEST(HtmlPage, MarksCellsThatSayWhatIsToBeSeen) {
+    TextTable table({Align::Left});
+    table.Add({L"fail"});
+    table.Add({L"fail"});
+    table.Add({L"fails"});
+    HtmlPage page(L"");
+    page.Table(table, L"fail");
+    EXPECT_TRUE(Has(page.Whole(),
+                    "<th scope=\"col\">fail</th></tr>\n</thead>\n<tbody>\n<tr><td class=\"no\">fail</td></tr>\n"
+                    "<tr><td>fails</td></tr>"))
+        << page.Whole();
+}
+
 TEST(HtmlPage, TakesTextsForTexts) {
     const CString evil = L"</title><script>alert(1)</script>&\"'";
     TextTable table({Align::Left, Align::Left});

@@ -12,6 +12,7 @@
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisTable.h"
 #include "workbench/commands/AnalysisTotals.h"
+#include "workbench/commands/AnalysisWords.h"
 #include "workbench/commands/AskedReport.h"
 #include "workbench/commands/PagePieces.h"
 #include "workbench/commands/PlanSections.h"
@@ -26,7 +27,7 @@ namespace {
 void AddTables(HtmlPage& page, const std::vector<TitledTable>& tables) {
     for (const TitledTable& each : tables) {
         page.Part(each.title);
-        page.Table(each.table);
+        page.Table(each.table, VerdictWord(false));
     }
 }
 

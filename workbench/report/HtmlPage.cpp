@@ -88,15 +88,18 @@ void HtmlPage::Facts(const TextTable& table) {
     m_body += "</tbody>\n</table>\n";
 }
 
-void HtmlPage::Table(const TextTable& table) {
+void HtmlPage::Table(const TextTable& table, const CString& marked) {
     const auto& columns = table.Columns();
     const auto& rows = table.Rows();
     m_body += "<div class=\"wide\">" + Named("table class=\"sort\"");
     for (std::size_t i = 0; i < rows.size(); ++i) {
         m_body += i == 0 ? "<thead>\n<tr>" : "<tr>";
-        for (std::size_t j = 0; j < columns.size(); ++j)
-            m_body += i == 0 ? Cell("th scope=\"col\"", "th", rows[i][j], columns[j])
-                             : Cell("td", "td", rows[i][j], columns[j]);
+        for (std::size_t j = 0; j < columns.size(); ++j) {
+            const bool isMarked = i > 0 && !marked.IsEmpty() && rows[i][j] == marked;
+            m_body += isMarked ? Joined({"<td class=\"no\">", Markup(marked), "</td>"})
+                      : i == 0 ? Cell("th scope=\"col\"", "th", rows[i][j], columns[j])
+                               : Cell("td", "td", rows[i][j], columns[j]);
+        }
         m_body += i == 0 ? "</tr>\n</thead>\n<tbody>\n" : "</tr>\n";
     }
     m_body += "</tbody>\n</table></div>\n";

@@ -25,8 +25,9 @@ public:
     // Tables are named after the heading before them, for who hears the page. A table of two columns: what, and its
     // value.
     void Facts(const TextTable& table);
-    // A table whose first row are headings, to be sorted by them.
-    void Table(const TextTable& table);
+    // A table whose first row are headings, to be sorted by them. Cells of the other rows with exactly the text
+    // `marked` catch the eye.
+    void Table(const TextTable& table, const CString& marked = {});
     // Markup as it is.
     void Add(std::string_view markup) { m_body += markup; }
 
