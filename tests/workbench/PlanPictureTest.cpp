@@ -169,6 +169,35 @@ TEST(PlanPicture, ShowsTheProjectWhereItIsThere) {
     EXPECT_EQ(RoofsOf(ReadSvg(DrawPlan(picture))).size(), 1U);
 }
 
+TEST(PlanPicture, HasOneGreyForAHouseWithTheProjectAndWithoutIt) {
+    OccluderSet set;
+    AddHouse(set, 0, 0, 30000, 30000, 8000);
+    AddHouse(set, 40000, 0, 30000, 30000, 50000);
+    set.proposed = {false, true};
+    PlanPicture picture = PictureOf(set);
+    const QString now = Pick(ReadSvg(DrawPlan(picture)), "path", "roofs").at(0).Get("fill");
+    picture.withProject = false;
+    EXPECT_EQ(Pick(ReadSvg(DrawPlan(picture)), "path", "roofs").at(0).Get("fill"), now);
+}
+
+TEST(PlanPicture, WritesNoHeightOnTheHoursOfARoof) {
+    OccluderSet set;
+    AddHouse(set, 0, 0, 30000, 30000, 18000);
+    PlanPicture picture = PictureOf(set);
+    PointAnswer answer;
+    OutlineResult outline;
+    outline.outward = QcGePoint(0, 0, 1);
+    outline.corners = {{1, 1, 18}, {29, 1, 18}, {29, 29, 18}, {1, 29, 18}};
+    outline.pointCount = 1;
+    answer.points.push_back({QcGePoint(15, 15, 18), 0, {}, 60.0});
+    answer.outlines = {outline};
+    picture.points = &answer;
+    EXPECT_FALSE(HasText(ReadSvg(DrawPlan(picture)), "heights", "18"));
+    for (QcGePoint& corner : answer.outlines[0].corners)
+        corner.z = 0.0;
+    EXPECT_TRUE(HasText(ReadSvg(DrawPlan(picture)), "heights", "18"));
+}
+
 TEST(PlanPicture, TurnsTheArrowAgainstTheClock) {
     const OccluderSet set;
     PlanPicture picture = PictureOf(set);
@@ -294,6 +323,12 @@ TEST(PlanPicture, HasAreasWithCellsSharesAndLines) {
     const std::vector<SvgElement> plan = ReadSvg(DrawPlan(picture));
     const double unitsPerMetre = 1000.0 / RatioOf(plan) * 100.0;
     EXPECT_TRUE(HasText(plan, "shares", "65%"));
+    answer.outlines[0].handle = 0x3B;
+    EXPECT_TRUE(HasText(ReadSvg(DrawPlan(picture)), "shares", "3B 65%"));
+    EXPECT_FALSE(Pick(plan, "g", "north").empty());
+    picture.isElevation = true;
+    EXPECT_TRUE(Pick(ReadSvg(DrawPlan(picture)), "g", "north").empty());
+    picture.isElevation = false;
     EXPECT_TRUE(HasText(plan, "isoline-hours", "1"));
     const SvgLine line = LinesOf(Pick(plan, "path", "isolines").at(0).Get("d")).at(0);
     EXPECT_NEAR(std::abs(line.front().y - line.back().y), 10.0 * unitsPerMetre, 1.0);

@@ -229,6 +229,23 @@ TEST(SkyPicture, NamesEachHourOfTheSunTwice) {
     EXPECT_EQ(hours.front(), "8:00");
 }
 
+TEST(SkyPicture, WritesHoursBesideTheSunsWay) {
+    const Asked asked(kOwnHouse + Pane(), Winter());
+    const std::vector<SvgElement> sky = asked.Draw();
+    const std::vector<SvgLine> way = LinesOf(Pick(sky, "path", "way").at(0).Get("d"));
+    const std::vector<SvgElement> texts = Pick(sky, "text", "hours");
+    ASSERT_GT(texts.size(), 5U);
+    for (const SvgElement& text : texts) {
+        // A digit is half as wide as its size and seven tenths as high.
+        const double half = 0.25 * 220.0 * static_cast<double>(text.text.size());
+        for (const SvgLine& line : way)
+            for (const SvgPoint& point : line)
+                EXPECT_FALSE(std::abs(point.x - text.Number("x")) < half && point.y < text.Number("y") &&
+                             point.y > text.Number("y") - 150.0)
+                    << text.text.toStdString();
+    }
+}
+
 TEST(SkyPicture, LeavesTheProjectOutBefore) {
     AnalysisRequest request = Winter();
     request.proposedLayers = {L"NEW"};

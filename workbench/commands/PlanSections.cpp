@@ -1,16 +1,22 @@
 // What the plan is told of windows and points.
 #include "workbench/commands/PlanSections.h"
 
+#include <cmath>
+#include <numbers>
 #include <string>
 #include <vector>
 
+#include "analysis/OccluderSet.h"
 #include "facts/Settings.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisReport.h"
+#include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/CompassWords.h"
 #include "workbench/commands/PointsReport.h"
 #include "workbench/commands/WindowSections.h"
 #include "workbench/report/HtmlPage.h"
 #include "workbench/report/Joined.h"
+#include "workbench/report/LaidFlat.h"
 #include "workbench/report/Markup.h"
 #include "workbench/report/PlanPicture.h"
 
@@ -20,6 +26,7 @@ namespace {
 constexpr double kSheetWidth = 174.0;
 constexpr double kSheetHeight = 225.0;
 constexpr double kBetween = 4.0;
+constexpr double kElevationHeight = 105.0;  // two on a sheet
 
 PlanPicture BarePlan(const DayRequest& request, const OccluderSet& faces) {
     PlanPicture picture{.faces = faces};
@@ -74,6 +81,34 @@ void AddBoth(HtmlPage& page, const AnalysisReport& report, PlanPicture now) {
                      "</div>\n"}));
 }
 
+// Which way an outline looks, by true north.
+CString FacingWord(const OutlineResult& outline, double north) {
+    return CompassWord(std::atan2(outline.outward.y, outline.outward.x) * 180.0 / std::numbers::pi - north);
+}
+
+// What a plan cannot show of facades.
+void AddElevations(HtmlPage& page, const PointsReport& report) {
+    const std::vector<std::size_t> upright = UprightOutlines(report.answer);
+    if (upright.empty())
+        return;
+    page.Section(Say(L"立面图"));
+    page.Paragraph(Say(L"从室外正对着看竖直的轮廓。"));
+    const OccluderSet nothing;
+    for (const std::size_t index : upright) {
+        const OutlineResult& outline = report.answer.outlines[index];
+        const PointAnswer flat = LaidFlat(report.answer, index);
+        PlanPicture picture = BarePlan(report.request, nothing);
+        picture.id = Joined({"elevation", std::to_string(index + 1)});
+        picture.title =
+            SayFormat(L"轮廓 %s，朝向 %s", HandleOrNone(outline.handle), FacingWord(outline, report.request.north));
+        picture.height = kElevationHeight;
+        picture.points = &flat;
+        picture.spacing = report.request.spacing;
+        picture.isElevation = true;
+        page.Add(Figure(picture.title, DrawPlan(picture)));
+    }
+}
+
 }  // namespace
 
 void AddPlan(HtmlPage& page, const AnalysisReport& report, const OccluderSet& faces) {
@@ -91,4 +126,5 @@ void AddPlan(HtmlPage& page, const PointsReport& report, const OccluderSet& face
     picture.points = &report.answer;
     picture.spacing = report.request.spacing;
     page.Add(Joined({"<figure>", DrawPlan(picture), "</figure>\n"}));
+    AddElevations(page, report);
 }

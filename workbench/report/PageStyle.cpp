@@ -11,6 +11,7 @@ h1 { font-size: 1.9em; line-height: 1.25; margin: 0 0 .5em; }
 h2 { font-size: 1.25em; margin: 2em 0 .6em; padding-bottom: .2em; border-bottom: 1.5px solid #111; break-after: avoid; }
 h3 { font-size: 1em; margin: 1.4em 0 .4em; break-after: avoid; }
 p { margin: .4em 0; orphans: 3; widows: 3; }
+h2 + p { break-after: avoid; }
 ul { margin: .4em 0; padding-left: 1.4em; }
 li { margin: .15em 0; }
 a { color: inherit; text-decoration: underline; text-decoration-color: #999; text-underline-offset: .15em; }

@@ -10,6 +10,7 @@
 #include "analysis/Isolines.h"
 #include "analysis/PointAnalysis.h"
 #include "platform/base/CString.h"
+#include "platform/host/HandleText.h"
 #include "workbench/report/PlanSheet.h"
 #include "workbench/report/PlanStrokes.h"
 
@@ -31,10 +32,9 @@ Vector3 VectorOf(const QcGePoint& point) {
 }
 
 AreaAxes AxesOf(const OutlineResult& outline) {
-    constexpr double kUpright = 0.02;
     AreaAxes axes;
     Vector3 normal = VectorOf(outline.outward);
-    if (!(std::abs(normal.z) > kUpright))
+    if (IsUpright(outline.outward))
         return axes;
     if (normal.z < 0.0)
         normal = -normal;
@@ -200,8 +200,13 @@ std::string DrawIsolineHours(const Isoline& isoline, const PlanSheet& sheet, Pap
     return {};
 }
 
-CString ShareText(double share) {
-    return FromUtf8(std::to_string(static_cast<int>(std::floor(100.0 * share + 1e-9))) + '%');
+// The handle, by which tables name the outline, and the share.
+CString AreaText(const OutlineResult& outline) {
+    CString text = outline.handle == 0 ? CString() : HandleText(outline.handle);
+    if (!outline.share)
+        return text;
+    text += text.IsEmpty() ? L"" : L" ";
+    return text + FromUtf8(std::to_string(static_cast<int>(std::floor(100.0 * *outline.share + 1e-9))) + '%');
 }
 
 // From the middle of the outline outwards, where the text is wholly within.
@@ -233,6 +238,11 @@ std::string InGroup(const char* name, int size, const std::string& texts) {
 
 }  // namespace
 
+bool IsUpright(const QcGePoint& outward) {
+    constexpr double kUpright = 0.02;
+    return !(std::abs(outward.z) > kUpright);
+}
+
 std::vector<PlanArea> FindAreas(const PlanPicture& picture, const PlanSheet& sheet) {
     std::vector<PlanArea> areas;
     if (!picture.points)
@@ -260,8 +270,9 @@ std::string DrawAreaTexts(const PlanPicture& picture, const PlanSheet& sheet, Pa
     std::string shares;
     for (const OutlineResult& outline : picture.points->outlines) {
         const PaperLoop loop = OutlineOnPaper(outline, sheet);
-        if (outline.share && !loop.empty())
-            shares += DrawShare(ShareText(*outline.share), loop, labels);
+        const CString text = AreaText(outline);
+        if (!text.IsEmpty() && !loop.empty())
+            shares += DrawShare(text, loop, labels);
     }
     std::string hours;
     for (const Isoline& isoline : picture.points->isolines)

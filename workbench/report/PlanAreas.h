@@ -17,6 +17,9 @@ struct PlanArea {
     std::string markup;
 };
 
+// Whether a plane with this normal is a line from above.
+bool IsUpright(const QcGePoint& outward);
+
 // From low to high. Cells too small for the eye are put together, each with the colour of one point in it; of an
 // upright area there is nothing but its outline, which is a line from above.
 std::vector<PlanArea> FindAreas(const PlanPicture& picture, const PlanSheet& sheet);

@@ -35,4 +35,5 @@ struct PlanPicture {
     std::vector<PlanWindow> windows = {};
     const PointAnswer* points = nullptr;  // with outlines, shares and isolines
     double spacing = 1.0;                 // of the points, metres
+    bool isElevation = false;             // of something upright: without north and roofs
 };

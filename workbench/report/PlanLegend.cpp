@@ -40,7 +40,7 @@ std::vector<LegendEntry> PlanLegend(const PlanPicture& picture, const PlanSigns&
     if (signs.hasCovered)
         entries.push_back({"", Say(L"上下重叠的窗只画日照最少的一个")});
     if (signs.hasShares)
-        entries.push_back({"", Say(L"百分数：区域内满足要求的点所占的份额")});
+        entries.push_back({"", Say(L"区域里：轮廓的句柄，满足要求的点所占的份额")});
     if (signs.hasIsolines)
         entries.push_back(
             {"<path fill=\"none\" stroke=\"#111\" stroke-width=\"18\" d=\"M0 150h500\"/>", Say(L"等时线，数字为小时")});
@@ -49,7 +49,8 @@ std::vector<LegendEntry> PlanLegend(const PlanPicture& picture, const PlanSigns&
             {"<rect x=\"20\" y=\"50\" width=\"460\" height=\"200\" fill=\"#d6d6d3\" stroke=\"#111\" "
              "stroke-width=\"45\"/>",
              Say(L"方案")});
-    entries.push_back({"", Say(L"屋顶上的数字：顶面标高（米）")});
+    if (!picture.isElevation)
+        entries.push_back({"", Say(L"屋顶上的数字：顶面标高（米）")});
     return entries;
 }
 

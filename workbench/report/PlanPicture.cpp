@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 #include "analysis/OccluderSet.h"
@@ -32,12 +33,22 @@ int GreyOf(double height, double ground, double top) {
     return std::clamp(1 + static_cast<int>((kCount - 1) * (height - ground) / (top - ground)), 1, kCount - 1);
 }
 
+// Of all that stands, with and without a project: a house has one grey in either plan. Metres.
+double HighestOf(const OccluderSet& set) {
+    constexpr double kMillimetres = 1000.0;
+    double highest = -1e300;
+    for (const Occluder& face : set.faces)
+        for (int i = 0; i < face.count; ++i)
+            if (std::isfinite(face.corners[i].z))
+                highest = std::max(highest, face.corners[i].z / kMillimetres);
+    return highest;
+}
+
 // What covers and is covered.
-std::string DrawLayers(const PlanSheet& sheet, const std::vector<PlanRoof>& roofs, const std::vector<PlanArea>& areas) {
+std::string DrawLayers(const PlanSheet& sheet, double highest, const std::vector<PlanRoof>& roofs,
+                       const std::vector<PlanArea>& areas) {
     const double ground = GroundOf(roofs);
-    double top = ground;
-    for (const PlanRoof& roof : roofs)
-        top = std::max(top, roof.high);
+    const double top = std::max(ground, highest);
     PaperLayers layers(sheet.frame);
     auto area = areas.begin();
     const auto addAreasBelow = [&](double height) {
@@ -89,7 +100,8 @@ PlanSigns SignsOf(const PlanPicture& picture, const PlanStrokes& strokes) {
 std::string DrawContent(const PlanPicture& picture, const PlanSheet& sheet, const PlanStrokes& strokes) {
     const std::vector<PlanRoof> roofs = FindRoofs(picture.faces, sheet, picture.withProject);
     PaperLabels labels(sheet.frame);
-    std::string content = DrawLayers(sheet, roofs, FindAreas(picture, sheet));
+    const std::vector<PlanArea> areas = FindAreas(picture, sheet);
+    std::string content = DrawLayers(sheet, HighestOf(picture.faces), roofs, areas);
     content += DrawStrokes(picture, strokes, labels);
     // Texts by how much they are needed; the paper shines through around them.
     content +=
@@ -97,6 +109,10 @@ std::string DrawContent(const PlanPicture& picture, const PlanSheet& sheet, cons
         "stroke-width=\"50\" stroke-linejoin=\"round\">\n";
     content += DrawNames(picture, strokes, labels);
     content += DrawAreaTexts(picture, sheet, labels);
+    // On an area the height of the roof below would be taken for hours.
+    for (const PlanArea& area : areas)
+        if (area.height - GroundOf(roofs) > kGroundHeight)
+            labels.Take(area.box);
     content += DrawHeights(roofs, labels);
     content += DrawHours(picture, strokes, labels);
     return content + "</g>\n";
@@ -119,7 +135,9 @@ std::string DrawPlan(const PlanPicture& picture) {
     const PlanStrokes strokes = FindStrokes(picture, sheet);
 
     const int scaleTop = sheet.frame.bottom + kBelow;
-    std::string below = DrawScale(sheet, scaleTop) + DrawNorth(sheet, picture.north, scaleTop);
+    std::string below = DrawScale(sheet, scaleTop);
+    if (!picture.isElevation)
+        below += DrawNorth(sheet, picture.north, scaleTop);
     const int legendTop = scaleTop + kScaleHeight;
     const int height =
         legendTop + LayOutLegend(PlanLegend(picture, SignsOf(picture, strokes)), width, legendTop, below);

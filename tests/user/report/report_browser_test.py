@@ -228,6 +228,37 @@ class ReportPages(AnalyseTest):
         self.assertRegex(rows[0][-1], r"^\d+\.\d%$")
         self.assertEqual(len(self.browser.find(By.CSS_SELECTOR, "figure > svg")), 1)
 
+    def test_facades_have_elevations(self):
+        content = drawing(box("A1", "建筑", 0, 0, 20, 10, 12),
+                          face("E2", "立面", [(0, 0, 0), (20, 0, 0), (20, 0, 12), (0, 0, 12)]),
+                          face("E3", "立面", [(0, 0, 0), (0, 10, 0), (0, 10, 12), (0, 0, 12)]))
+        self.open(self.report("--areas", "立面", "--spacing", "1", subcommand="points", content=content))
+        self.assertEqual(self.texts("figcaption"), ["轮廓 E2，朝向 南", "轮廓 E3，朝向 西"])
+        self.assertEqual(self.texts("figure svg > title"), ["总平面图", "轮廓 E2，朝向 南", "轮廓 E3，朝向 西"])
+        # The sun of a winter's afternoon leaves colours on both, and on the plan they are lines.
+        cells = self.browser.run("return Array.from(document.querySelectorAll('svg.plan'), e => "
+                                 "e.querySelectorAll('.area path[fill^=\"#\"]:not([stroke])').length)")
+        self.assertEqual(cells[0], 0)
+        self.assertTrue(all(count > 0 for count in cells[1:]), cells)
+
+    def test_who_hears_the_page_is_told_what_tables_and_pictures_are(self):
+        for subcommand, more in (("analyse", ("--proposed", "方案")), ("points", ("--areas", "地面"))):
+            self.open(self.report(*more, subcommand=subcommand))
+            tree = self.browser.driver.execute_cdp_cmd("Accessibility.getFullAXTree", {})["nodes"]
+            told = [(node["role"]["value"], node.get("name", {}).get("value")) for node in tree if not node["ignored"]]
+            self.assertEqual(len([role for role, _ in told if role == "main"]), 1)
+            self.assertEqual([role for role, name in told if role in ("table", "image") and not name], [])
+            pictures = [name for role, name in told if role == "image"]
+            self.assertEqual(len(pictures), len(set(pictures)), pictures)
+
+    def test_no_row_stands_alone_at_the_end_of_a_sheet(self):
+        self.open(self.report())
+        breaks = self.browser.run("return Array.from(document.querySelectorAll('table.sort'), table => "
+                                  "[getComputedStyle(table.querySelector('tbody tr')).breakAfter, table.tBodies[0].rows.length])"
+                                  ".filter(([, count]) => count > 1)")
+        self.assertGreater(len(breaks), 2)
+        self.assertEqual({each for each, _ in breaks}, {"avoid"})
+
     def test_the_markup_is_sound(self):
         for more in (("--proposed", "方案"), ()):
             page = self.read_page(self.report(*more))
