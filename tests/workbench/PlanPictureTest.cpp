@@ -325,6 +325,10 @@ TEST(PlanPicture, HasAreasWithCellsSharesAndLines) {
     EXPECT_TRUE(HasText(plan, "shares", "65%"));
     answer.outlines[0].handle = 0x3B;
     EXPECT_TRUE(HasText(ReadSvg(DrawPlan(picture)), "shares", "3B 65%"));
+    answer.outlines[0].share.reset();
+    const std::vector<SvgElement> named = ReadSvg(DrawPlan(picture));
+    EXPECT_TRUE(HasText(named, "shares", "3B"));
+    EXPECT_TRUE(HasText(named, "legend", QString::fromUtf8("区域里：轮廓的句柄")));
     EXPECT_FALSE(Pick(plan, "g", "north").empty());
     picture.isElevation = true;
     EXPECT_TRUE(Pick(ReadSvg(DrawPlan(picture)), "g", "north").empty());

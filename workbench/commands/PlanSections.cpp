@@ -63,7 +63,7 @@ std::vector<PlanWindow> WindowsBefore(const AnalysisReport& report) {
 }
 
 std::string Figure(const CString& caption, const std::string& picture) {
-    return Joined({"<figure>", picture, "<figcaption>", Markup(caption), "</figcaption></figure>\n"});
+    return Joined({"<figure><figcaption>", Markup(caption), "</figcaption>", picture, "</figure>\n"});
 }
 
 // Smaller, and beside each other.

@@ -41,6 +41,8 @@ std::vector<LegendEntry> PlanLegend(const PlanPicture& picture, const PlanSigns&
         entries.push_back({"", Say(L"上下重叠的窗只画日照最少的一个")});
     if (signs.hasShares)
         entries.push_back({"", Say(L"区域里：轮廓的句柄，满足要求的点所占的份额")});
+    else if (signs.hasHandles)
+        entries.push_back({"", Say(L"区域里：轮廓的句柄")});
     if (signs.hasIsolines)
         entries.push_back(
             {"<path fill=\"none\" stroke=\"#111\" stroke-width=\"18\" d=\"M0 150h500\"/>", Say(L"等时线，数字为小时")});

@@ -19,6 +19,7 @@ struct PlanSigns {
     bool hasProject = false;
     bool hasIsolines = false;
     bool hasShares = false;
+    bool hasHandles = false;  // of areas
 };
 std::vector<LegendEntry> PlanLegend(const PlanPicture& picture, const PlanSigns& signs);
 

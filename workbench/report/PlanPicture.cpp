@@ -92,6 +92,7 @@ PlanSigns SignsOf(const PlanPicture& picture, const PlanStrokes& strokes) {
         for (const OutlineResult& outline : picture.points->outlines) {
             signs.hasColors = signs.hasColors || outline.pointCount > 0;
             signs.hasShares = signs.hasShares || outline.share.has_value();
+            signs.hasHandles = signs.hasHandles || outline.handle != 0;
         }
     return signs;
 }
