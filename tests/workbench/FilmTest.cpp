@@ -127,14 +127,38 @@ TEST(Film, LooksFromWhereItIsTold) {
     const ViewCamera west = FilmCameraOf(request, Scene(), marks, 0.0);
     EXPECT_NEAR(west.GetAzimuth(), 270.0, 1e-9);
     EXPECT_NEAR(west.GetAltitude(), 20.0, 1e-9);
-    // All of the window is seen, and twice as large with a zoom.
+    // All of the window is seen.
     const auto left = west.Project({1, 5, 3});
     const auto right = west.Project({3, 5, 4.5});
     ASSERT_TRUE(left && right);
     for (const ViewPixel& pixel : {*left, *right})
         EXPECT_TRUE(pixel.x > 0 && pixel.x < 1280 && pixel.y > 0 && pixel.y < 720);
-    request.zoom = 2.0;
-    EXPECT_NEAR(FilmCameraOf(request, Scene(), marks, 0.0).GetDistance(), west.GetDistance() / 2.0, 1e-9);
+}
+
+// Two places of a wide site, near and far, low and high.
+TEST(Film, EnlargesThePictureFromWhereTheEyeIs) {
+    const QcGePoint corners[4] = {{-500, -500, 0}, {500, -500, 0}, {500, 500, 20}, {-500, 500, 20}};
+    Scene site;
+    site.faces.emplace_back(corners, 4, true);
+    site.least = corners[0];
+    site.most = corners[2];
+    for (const StandardView view : {StandardView::SouthEast, StandardView::South, StandardView::Top}) {
+        FilmRequest request;
+        request.view = view;
+        const ViewCamera whole = FilmCameraOf(request, site, Scene(), 0.0);
+        for (const double zoom : {0.1, 3.0, 100.0}) {
+            request.zoom = zoom;
+            const ViewCamera camera = FilmCameraOf(request, site, Scene(), 0.0);
+            for (const QcGePoint& place : {QcGePoint(10, -400, 0), QcGePoint(-300, 450, 19)}) {
+                const auto before = whole.Project(place);
+                const auto after = camera.Project(place);
+                ASSERT_TRUE(before && after);
+                EXPECT_NEAR(after->x - 640.0, (before->x - 640.0) * zoom, 1e-6 * zoom);
+                EXPECT_NEAR(after->y - 360.0, (before->y - 360.0) * zoom, 1e-6 * zoom);
+            }
+            EXPECT_NEAR((camera.GetEye() - whole.GetEye()).Length(), 0.0, 1e-9);
+        }
+    }
 }
 
 TEST(Film, WritesPlaceDayBothTimesAndTheSunOnEachPicture) {

@@ -360,6 +360,8 @@ TEST(ViewCamera, NeverGivesNumbersThatAreNotFinite) {
                 camera.Zoom(-1.0, 0.0, 0.0);
                 camera.Zoom(NAN, 0.0, 0.0);
                 camera.Zoom(2.0, inf, 0.0);
+                for (const double factor : {1e300, 1e-300, 1e-300, 0.0, -1.0, double(NAN), inf, 1e300})
+                    camera.Magnify(factor);
                 camera.Orbit(NAN, 1.0);
                 camera.Orbit(1.0, inf);
                 camera.Orbit(1e300, -1e300);

@@ -75,7 +75,7 @@ ViewCamera FilmCameraOf(const FilmRequest& request, const Scene& scene, const Sc
     else if (request.view != StandardView::Top)
         camera.Orbit(-north, 0.0);
     camera.Fit();
-    camera.Zoom(request.zoom, request.width / 2.0, request.height / 2.0);
+    camera.Magnify(request.zoom);
     return camera;
 }
 

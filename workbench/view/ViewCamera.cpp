@@ -9,7 +9,9 @@
 
 namespace {
 
-constexpr double kHalfFieldTangent = 0.36397023426620234;  // 20 degrees to the upper edge of the picture
+// Half the height of what is seen, one unit away from the eye.
+constexpr double kNarrowestTangent = 1e-6;
+constexpr double kWidestTangent = 1e6;
 constexpr double kMargin = 0.95;
 constexpr double kSteepest = 89.0;
 constexpr double kSmallestRadius = 1e-6;
@@ -145,6 +147,11 @@ void ViewCamera::Zoom(double factor, double x, double y) {
     MoveTarget((x - m_width / 2.0) * change, (m_height / 2.0 - y) * change, 0.0);
 }
 
+void ViewCamera::Magnify(double factor) {
+    if (std::isfinite(factor) && factor > 0.0)
+        m_halfFieldTangent = std::clamp(m_halfFieldTangent / factor, kNarrowestTangent, kWidestTangent);
+}
+
 void ViewCamera::Fit() {
     m_target = {Middle(m_least.x, m_most.x), Middle(m_least.y, m_most.y), Middle(m_least.z, m_most.z)};
     SeenCorners wide;
@@ -156,7 +163,7 @@ void ViewCamera::Fit() {
         high.across[i] = Dot(fromMiddle, GetUp());
         wide.forward[i] = high.forward[i] = Dot(fromMiddle, GetForward());
     }
-    const double tangent = kHalfFieldTangent * kMargin;
+    const double tangent = m_halfFieldTangent * kMargin;
     const double nearest = *std::min_element(wide.forward.begin(), wide.forward.end());
     SetDistance(std::max({FitDistance(wide, tangent * m_width / m_height, m_isParallel),
                           FitDistance(high, tangent, m_isParallel), m_radius * 0.1 - nearest}));
@@ -244,7 +251,7 @@ std::array<double, 16> ViewCamera::GetProjectionMatrix() const {
     const double shape = static_cast<double>(m_height) / m_width;
     std::array<double, 16> matrix{};
     if (m_isParallel) {
-        const double scale = 1.0 / (kHalfFieldTangent * m_distance);
+        const double scale = 1.0 / (m_halfFieldTangent * m_distance);
         matrix[0] = scale * shape;
         matrix[5] = scale;
         matrix[10] = -2.0 / depth;
@@ -252,8 +259,8 @@ std::array<double, 16> ViewCamera::GetProjectionMatrix() const {
         matrix[15] = 1.0;
         return matrix;
     }
-    matrix[0] = shape / kHalfFieldTangent;
-    matrix[5] = 1.0 / kHalfFieldTangent;
+    matrix[0] = shape / m_halfFieldTangent;
+    matrix[5] = 1.0 / m_halfFieldTangent;
     matrix[10] = -(farthest + nearest) / depth;
     matrix[11] = -1.0;
     matrix[14] = -2.0 * farthest * nearest / depth;
@@ -302,7 +309,7 @@ ViewRay ViewCamera::GetRayAt(double x, double y) const {
 }
 
 double ViewCamera::GetUnitsPerPixel(double depth) const {
-    return 2.0 * kHalfFieldTangent * (m_isParallel ? m_distance : depth) / m_height;
+    return 2.0 * m_halfFieldTangent * (m_isParallel ? m_distance : depth) / m_height;
 }
 
 double ViewCamera::DepthOf(const QcGePoint& point) const {

@@ -59,6 +59,9 @@ public:
     // Makes everything `factor` times as large; what is at this pixel at the target's depth stays there. Stops at
     // distances that are absurd for the box. Factors that are not above 0 change nothing.
     void Zoom(double factor, double x, double y);
+    // Makes everything `factor` times as large about the picture's middle, as a longer lens does: the eye stays where
+    // it is, so that it never comes behind or below what is looked at. Factors that are not above 0 change nothing.
+    void Magnify(double factor);
     // Moves target and distance so that the whole box is seen, as large as a margin of 2.5 % on each side lets it.
     void Fit();
     // Moves the target along the line of sight to this point's depth, which changes nothing in the picture, but pan and
@@ -100,6 +103,7 @@ private:
     double m_azimuth = 135.0;
     double m_altitude = 35.0;
     double m_distance = 3.0;
+    double m_halfFieldTangent = 0.36397023426620234;  // 20 degrees to the upper edge of the picture
     bool m_isParallel = false;
     int m_width = 1;
     int m_height = 1;
