@@ -252,6 +252,41 @@ TEST_F(SunPictureTest, DrawsMarksBeforeTheWallTheyLieOnAndWithoutAShadow) {
     EXPECT_GT(BrightnessOf(picture, camera, {25, 6, 0}, kGroundColor), kLeastInSun);
 }
 
+TEST_F(SunPictureTest, ShowsMarksWhereNothingElseIs) {
+    Scene marks;
+    AddFaces(marks, {Quad({0, 0, 1}, {2, 0, 1}, {2, 0, 3}, {0, 0, 3})}, 1);
+    ViewCamera camera;
+    camera.SetViewport(400, 300);
+    camera.SetBox({{0, 0, 1}, {2, 0, 3}});
+    camera.Look(160.0, 20.0);
+    camera.Fit();
+    const GlPicture picture = Paint(Scene(), camera, SunAt(170.0, 45.0), {false, false}, marks);
+    for (const QcGePoint& place : {QcGePoint(0.1, 0, 1.1), QcGePoint(1.9, 0, 2.9), QcGePoint(1, 0, 2)}) {
+        const auto at = camera.Project(place);
+        ASSERT_TRUE(at);
+        EXPECT_TRUE(PixelAt(picture, at->x, at->y).IsReddish());
+    }
+    // The ground lies at their foot.
+    EXPECT_NEAR(BrightnessOf(picture, camera, {-1, 0, 1}, kGroundColor), 0.9, 0.1);
+}
+
+// With the eye above the ground and lower than the roofs.
+TEST_F(SunPictureTest, TellsApartWhatStandsCloseTogetherFarFromALowEye) {
+    Scene scene;
+    AddBox(scene, {-200, 300, 0}, {200, 310, 60}, 7, kWhite);
+    AddFaces(scene, {Quad({-100, 0.1, 5}, {100, 0.1, 5}, {100, 0.1, 50}, {-100, 0.1, 50})}, 1);
+    AddFaces(scene, {Quad({-100, 0, 5}, {100, 0, 5}, {100, 0, 50}, {-100, 0, 50})}, 5);
+    const ViewCamera camera = CameraOf(scene, 180.0, 0.0, 640, 360);
+    const GlPicture picture = Paint(scene, camera, SunAt(170.0, 45.0));
+    int blue = 0;
+    for (double x = -95.0; x < 96.0; x += 5.0) {
+        const auto at = camera.Project({x, 0.0, 27.0});
+        ASSERT_TRUE(at);
+        blue += PixelAt(picture, at->x, at->y).b > 100;
+    }
+    EXPECT_EQ(blue, 39);
+}
+
 TEST_F(SunPictureTest, LaysTheGroundBelowFacesThatLieOnIt) {
     Scene scene;
     AddFaces(scene, {Quad({0, 0, 0}, {40, 0, 0}, {40, 40, 0}, {0, 40, 0})}, 1);

@@ -99,12 +99,13 @@ bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, Gl
 bool ScenePainter::PaintInSun(const ViewCamera& camera, const SceneSun& sun, const PaintEffort& effort,
                               GlPicture& picture) {
     picture = GlPicture();
-    if (!Prepare(camera) || !m_parts->lists ||
-        !m_parts->sun.Aim(camera, sun.direction, *m_parts->lists, effort.isSmooth))
+    if (!Prepare(camera) || !m_parts->lists)
+        return false;
+    const SceneLists* const marks = m_parts->marks ? &*m_parts->marks : nullptr;
+    if (!m_parts->sun.Aim(camera, sun.direction, *m_parts->lists, marks, effort.isSmooth))
         return false;
     const bool smooth = effort.isSmooth && m_parts->smooth.Begin(camera.GetWidth(), camera.GetHeight());
-    const bool isDrawn =
-        m_parts->sun.Draw(camera, *m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr, effort.hasEdges);
+    const bool isDrawn = m_parts->sun.Draw(camera, *m_parts->lists, marks, effort.hasEdges);
     if (smooth)
         m_parts->smooth.End();
     return isDrawn && m_gl->Read(picture);

@@ -38,9 +38,9 @@ public:
     // A picture of the size that the camera has. False, with the picture empty, when the graphics refuse.
     bool Paint(const ViewCamera& camera, const PaintEffort& effort, GlPicture& picture);
     // The same as the sun shines on it. What it reaches is clearly brighter than what it does not, be that in the
-    // shadow of something or turned away. The ground is level, lies where the scene's lowest corner is, and fades away
-    // far from the scene; from below it is not there. Shadows are exact to about a pixel of the sun's map, which shows
-    // no more than what is seen (see SunFrame.h and docs/performance.md).
+    // shadow of something or turned away. The ground is level, lies where the lowest corner of scene and marks is, and
+    // fades away far from them; from below it is not there. Shadows are exact to about a pixel of the sun's map, which
+    // shows no more than what is seen (see SunFrame.h and docs/performance.md).
     bool PaintInSun(const ViewCamera& camera, const SceneSun& sun, const PaintEffort& effort, GlPicture& picture);
 
 private:

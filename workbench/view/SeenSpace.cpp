@@ -113,3 +113,13 @@ SeenSpace FindSeenSpace(const ViewCamera& camera, const ViewBox& box) {
         add({0.0, 0.0, farthest * kNearest});
     return seen;
 }
+
+SeenSpace JoinSeen(const SeenSpace& one, const SeenSpace& other) {
+    if (one.corners.empty() || other.corners.empty())
+        return one.corners.empty() ? other : one;
+    SeenSpace joint = one;
+    joint.corners.insert(joint.corners.end(), other.corners.begin(), other.corners.end());
+    joint.nearest = std::min(one.nearest, other.nearest);
+    joint.farthest = std::max(one.farthest, other.farthest);
+    return joint;
+}

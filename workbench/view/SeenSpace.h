@@ -15,3 +15,6 @@ struct SeenSpace {
 // In perspective what is closer to the eye than a hundred-thousandth of the way to the box's farthest corner is left
 // out.
 SeenSpace FindSeenSpace(const ViewCamera& camera, const ViewBox& box);
+
+// What is seen of either.
+SeenSpace JoinSeen(const SeenSpace& one, const SeenSpace& other);

@@ -25,14 +25,27 @@ int MapSizeFor(const ViewCamera& camera, bool isFine) {
     return size;
 }
 
-// A disc of ground that is some times as wide as the scene, in a box as high as the scene.
-ViewBox WorldAround(const std::optional<ViewBox>& scene) {
+// What faces and marks take up.
+std::optional<ViewBox> BoxOf(const SceneLists& scene, const SceneLists* marks) {
+    std::optional<ViewBox> box = scene.GetBox();
+    const std::optional<ViewBox> more = marks ? marks->GetBox() : std::nullopt;
+    if (!box || !more)
+        return box ? box : more;
+    box->least = {std::min(box->least.x, more->least.x), std::min(box->least.y, more->least.y),
+                  std::min(box->least.z, more->least.z)};
+    box->most = {std::max(box->most.x, more->most.x), std::max(box->most.y, more->most.y),
+                 std::max(box->most.z, more->most.z)};
+    return box;
+}
+
+// A disc of ground that is some times as wide as what stands on it.
+ViewBox GroundBelow(const std::optional<ViewBox>& shown) {
     constexpr double kWidth = 4.0;
-    const ViewBox box = scene.value_or(ViewBox{{-0.5, -0.5, 0.0}, {0.5, 0.5, 0.0}});
+    const ViewBox box = shown.value_or(ViewBox{{-0.5, -0.5, 0.0}, {0.5, 0.5, 0.0}});
     const double reach = std::max((box.most - box.least).Length() / 2.0, 1e-6) * kWidth;
     const double x = box.least.x + (box.most.x - box.least.x) / 2.0;
     const double y = box.least.y + (box.most.y - box.least.y) / 2.0;
-    return {{x - reach, y - reach, box.least.z}, {x + reach, y + reach, box.most.z}};
+    return {{x - reach, y - reach, box.least.z}, {x + reach, y + reach, box.least.z}};
 }
 
 void LoadMatrix(GLenum kind, const std::array<double, 16>& matrix) {
@@ -61,13 +74,19 @@ std::array<double, 16> ProjectionFor(const ViewCamera& camera, const SeenSpace& 
 
 }  // namespace
 
-bool SunPicture::Aim(const ViewCamera& camera, const QcGeVector3d& direction, const SceneLists& scene, bool isFine) {
+bool SunPicture::Aim(const ViewCamera& camera, const QcGeVector3d& direction, const SceneLists& scene,
+                     const SceneLists* marks, bool isFine) {
     const double length = direction.Length();
     m_toSun = length > 0.0 ? QcGeVector3d(direction.x / length, direction.y / length, direction.z / length)
                            : QcGeVector3d(0.0, 0.0, -1.0);
-    m_world = WorldAround(scene.GetBox());
-    m_hasGround = camera.IsParallel() ? camera.GetForward().z < 0.0 : camera.GetEye().z > m_world.least.z;
-    m_seen = FindSeenSpace(camera, m_world);
+    const std::optional<ViewBox> shown = BoxOf(scene, marks);
+    m_ground = GroundBelow(shown);
+    m_hasGround = camera.IsParallel() ? camera.GetForward().z < 0.0 : camera.GetEye().z > m_ground.least.z;
+    // Each for itself: an eye above the ground beside the scene is amidst neither, and need not see what is right
+    // before it, which would cost the depths far away their digits.
+    m_seen = shown ? FindSeenSpace(camera, *shown) : SeenSpace();
+    if (m_hasGround)
+        m_seen = JoinSeen(m_seen, FindSeenSpace(camera, m_ground));
     m_frame.reset();
     if (m_toSun.z > 0.0 && scene.GetBox())
         m_frame = FrameSun(m_toSun, *scene.GetBox(), m_seen.corners);
@@ -136,11 +155,11 @@ void SunPicture::DrawFaces(const SceneLists& scene, const SceneLists* marks) {
 }
 
 void SunPicture::DrawGround(const QcGePoint& origin) {
-    const double left = m_world.least.x - origin.x;
-    const double right = m_world.most.x - origin.x;
-    const double front = m_world.least.y - origin.y;
-    const double back = m_world.most.y - origin.y;
-    const double level = m_world.least.z - origin.z;
+    const double left = m_ground.least.x - origin.x;
+    const double right = m_ground.most.x - origin.x;
+    const double front = m_ground.least.y - origin.y;
+    const double back = m_ground.most.y - origin.y;
+    const double level = m_ground.least.z - origin.z;
     m_shader.FadeAt((right - left) / 2.0, {(left + right) / 2.0, (front + back) / 2.0, level});
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);

@@ -15,10 +15,11 @@ class SceneLists;
 // included.
 class SunPicture {
 public:
-    // Finds out what is seen, and draws the map of it, a fine one or one that is soon drawn. False where the graphics
-    // cannot.
-    bool Aim(const ViewCamera& camera, const QcGeVector3d& direction, const SceneLists& scene, bool isFine);
-    // Draws what was aimed at into the context's current buffer: sky, ground, faces, marks (null for none) and edges.
+    // Finds out what is seen of the scene and the marks (null for none), and draws the map of it, a fine one or one
+    // that is soon drawn. False where the graphics cannot.
+    bool Aim(const ViewCamera& camera, const QcGeVector3d& direction, const SceneLists& scene, const SceneLists* marks,
+             bool isFine);
+    // Draws what was aimed at into the context's current buffer: sky, ground, faces, marks and edges.
     bool Draw(const ViewCamera& camera, const SceneLists& scene, const SceneLists* marks, bool edges);
 
 private:
@@ -27,7 +28,7 @@ private:
     void DrawGround(const QcGePoint& origin);
 
     QcGeVector3d m_toSun;
-    ViewBox m_world;  // the scene's box, widened to the ground that is drawn
+    ViewBox m_ground;  // flat
     bool m_hasGround = false;
     SeenSpace m_seen;
     std::optional<SunFrame> m_frame;
