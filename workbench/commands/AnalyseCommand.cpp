@@ -115,6 +115,8 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     if (code)
         return code;
     code = CheckWriteOption(*options.file, options.write);
+    if (!code)
+        code = CheckFilmName(asked, {{L"--write", options.write.value_or(CString())}, {L"--report", page.folder}});
     if (code)
         return code;
     AcDbDatabase drawing;

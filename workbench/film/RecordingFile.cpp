@@ -87,6 +87,16 @@ fs::path PathOfRecording(const CString& file) {
     return {ToUtf8(file.View())};
 }
 
+bool AreSameName(const CString& one, const CString& other) {
+    const auto whole = [](const CString& name) {
+        std::error_code error;
+        const fs::path path = fs::weakly_canonical(fs::absolute(PathOfRecording(name), error), error);
+        return path.has_filename() ? path : path.parent_path();
+    };
+    std::error_code error;
+    return whole(one) == whole(other) || fs::equivalent(PathOfRecording(one), PathOfRecording(other), error);
+}
+
 int CheckRecording(const RecordingName& name, const std::vector<CString>& sources) {
     const fs::path output = PathOfRecording(name.file);
     if (const CString source = SourceInTheWay(output, sources); !source.IsEmpty())

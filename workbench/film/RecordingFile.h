@@ -17,6 +17,9 @@ struct RecordingName {
 
 std::filesystem::path PathOfRecording(const CString& file);
 
+// By whatever name or link, and also where nothing bears the name yet.
+bool AreSameName(const CString& one, const CString& other);
+
 // Whether the recording may take its name, as far as what is there now goes; gives an ExitCode, and has complained
 // unless it is success. What is no ordinary file is never replaced, nor is a file that the recording is made of (of
 // `sources`). Any other file is replaced after a question at the terminal; where nobody can be asked, the option --yes

@@ -285,6 +285,21 @@ class Files(FilmTest):
         self.assertIn("--film", self.refused(FAILED, "analyse", name, "--film", "folder", "--yes").err)
         self.left_over(name, "folder")
 
+    def test_no_other_output_bears_its_name(self):
+        name = self.put(drawing(*TOWN))
+        os.mkdir(self.path("folder"))
+        os.symlink("folder", self.path("link"))
+        for film, option, other in (("sun.avi", "--write", "sun.avi"), ("sun.avi", "--write", "./link/../sun.avi"),
+                                    ("sun.avi", "--report", "sun.avi"), ("sun.avi", "--report", "sun.avi/"),
+                                    ("folder/sun.avi", "--write", "link/sun.avi")):
+            with self.subTest(film=film, other=other):
+                answer = self.refused(USAGE, "analyse", name, "--film", film, option, other, "--yes")
+                self.assertIn(f"--film 和 {option} 都写“{film}”", answer.err)
+                self.left_over(name, "folder", "link")
+                self.assertEqual(os.listdir(self.path("folder")), [])
+        self.film("--every", "480", "--write", "sun.dxf", "--report", "sun")
+        self.left_over(name, "folder", "link", "sun", "sun.avi", "sun.dxf")
+
     def test_a_folder_that_is_missing_or_closed_is_told_before_the_analysis(self):
         name = self.put(drawing(*TOWN))
         self.assertIn("nowhere/a.avi", self.refused(FAILED, "analyse", name, "--film", "nowhere/a.avi").err)
