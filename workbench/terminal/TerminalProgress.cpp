@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenLines(100);
 constexpr const char* kEmptyLine = "\r\033[K";
-constexpr int kSignals[] = {SIGINT, SIGTERM};
+constexpr int kSignals[] = {SIGHUP, SIGINT, SIGTERM};
 
 volatile std::sig_atomic_t g_stopSignal = 0;
 bool g_hasLine = false;

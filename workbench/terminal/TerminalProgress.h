@@ -9,7 +9,8 @@
 
 // A line on the standard error stream that is written over as long as the work goes on, and taken away before anything
 // else is written and at the end; nothing where the stream is no terminal. From the first call of Show on an interrupt
-// (Ctrl-C) and a request to terminate ask the work to stop, once: a second one does what it does without this. Where a
+// (Ctrl-C), a request to terminate and the end of the terminal ask the work to stop, once: a second one does what it
+// does without this. Where a
 // sink takes the answers there is no line, and the signals belong to whoever set the sink.
 class TerminalProgress : public Progress {
 public:

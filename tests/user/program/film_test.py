@@ -325,7 +325,7 @@ class Files(FilmTest):
 
     def test_an_interrupt_leaves_what_was_recorded(self):
         name = self.put(drawing(*TOWN))
-        for number in (signal.SIGINT, signal.SIGTERM):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
             for is_there in (False, True):
                 with self.subTest(number=number, is_there=is_there):
                     if is_there:
