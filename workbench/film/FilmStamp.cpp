@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
+#include <limits>
 
 #include "facts/ClockText.h"
 #include "facts/DayText.h"
@@ -31,13 +32,15 @@ CString Degrees(double value) {
     return text == L"-0.0" ? CString(L"0.0") : text;
 }
 
-// One plate: its rows, each with a colour or without one, and how large everything is.
+// One plate: its rows, each with a colour or without one, in one column or more, and how large everything is.
 class Plate {
 public:
     explicit Plate(int textHeight) : m_height(textHeight), m_font(FontOf(textHeight)), m_metrics(m_font) {}
 
     void Add(const QString& text, int rgb = -1) { m_rows.push_back({rgb, text}); }
-    int Height() const { return static_cast<int>(m_rows.size()) * Line() + 2 * Margin(); }
+    int Height() const { return std::min(static_cast<int>(m_rows.size()), m_most) * Line() + 2 * Margin(); }
+    // Further rows go into further columns, so that it is no higher than this if a row fits into it.
+    void MakeNoHigherThan(int height) { m_most = std::max((height - 2 * Margin()) / Line(), 1); }
     // No wider than `most`: longer texts end in dots.
     void Draw(QPainter& painter, int x, int y, int most) const {
         const int wide = std::min(Width(), most);
@@ -45,10 +48,15 @@ public:
         painter.setBrush(kPlate);
         painter.drawRoundedRect(x, y, wide, Height(), m_height / 3.0, m_height / 3.0);
         painter.setFont(m_font);
-        int top = y + Margin();
-        for (const FilmStamp::LegendRow& row : m_rows) {
-            DrawRow(painter, row, QRect(x + Margin(), top, wide - 2 * Margin(), Line()));
-            top += Line();
+        int left = x + Margin();
+        const int right = x + wide - Margin();
+        for (std::size_t first = 0; first < m_rows.size() && left < right; first += Step()) {
+            const int column = ColumnWidth(first);
+            for (std::size_t i = first; i < EndOfColumn(first); ++i)
+                DrawRow(painter, m_rows[i],
+                        QRect(left, y + Margin() + static_cast<int>(i - first) * Line(), std::min(column, right - left),
+                              Line()));
+            left += column + Gap();
         }
     }
 
@@ -61,11 +69,20 @@ private:
     int Line() const { return m_height * 14 / 10; }
     int Margin() const { return m_height * 6 / 10; }
     int Indent(const FilmStamp::LegendRow& row) const { return row.rgb >= 0 ? m_height * 2 : 0; }
-    int Width() const {
+    int Gap() const { return m_height; }
+    std::size_t Step() const { return static_cast<std::size_t>(m_most); }
+    std::size_t EndOfColumn(std::size_t first) const { return std::min(m_rows.size() - first, Step()) + first; }
+    int ColumnWidth(std::size_t first) const {
         int wide = 0;
-        for (const FilmStamp::LegendRow& row : m_rows)
-            wide = std::max(wide, Indent(row) + m_metrics.horizontalAdvance(row.text));
-        return wide + 2 * Margin() + m_height / 2;  // a little more: texts of two fonts are measured too short
+        for (std::size_t i = first; i < EndOfColumn(first); ++i)
+            wide = std::max(wide, Indent(m_rows[i]) + m_metrics.horizontalAdvance(m_rows[i].text));
+        return wide + m_height / 2;  // a little more: texts of two fonts are measured too short
+    }
+    int Width() const {
+        int wide = 2 * Margin();
+        for (std::size_t first = 0; first < m_rows.size(); first += Step())
+            wide += ColumnWidth(first) + (first > 0 ? Gap() : 0);
+        return wide;
     }
     void DrawRow(QPainter& painter, const FilmStamp::LegendRow& row, const QRect& room) const {
         painter.setPen(kInk);
@@ -79,6 +96,7 @@ private:
     }
 
     int m_height;
+    int m_most = std::numeric_limits<int>::max();  // rows in a column
     QFont m_font;
     QFontMetrics m_metrics;
     std::vector<FilmStamp::LegendRow> m_rows;
@@ -131,12 +149,11 @@ void FilmStamp::Draw(QImage& picture, double trueSolarTime, const ViewCamera& ca
     for (const QString& line : LinesAt(trueSolarTime))
         top.Add(line);
     top.Draw(painter, edge, edge, most);
-    // As many rows as there is room for below.
     Plate bottom(text);
     for (const LegendRow& row : Legend())
-        if (bottom.Height() + top.Height() + 5 * edge < picture.height())
-            bottom.Add(row.text, row.rgb);
-    bottom.Draw(painter, edge, picture.height() - edge - bottom.Height(), most);
+        bottom.Add(row.text, row.rgb);
+    bottom.MakeNoHigherThan(picture.height() - top.Height() - 3 * edge);
+    bottom.Draw(painter, edge, picture.height() - edge - bottom.Height(), picture.width() - 2 * edge);
     const double radius = text * 2.2;
     DrawCompassRose(painter, TurnedBy(camera, m_request.north),
                     {picture.width() - edge - 1.8 * radius, edge + 1.4 * radius}, radius);

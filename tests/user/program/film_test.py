@@ -204,6 +204,16 @@ class Pictures(FilmTest):
         self.assertNotEqual(plate(other[3 * WIDTH * 27:3 * WIDTH * 49]), plate(rows[0][0]))
         self.assertEqual(plate(other[3 * WIDTH * 50:3 * WIDTH * 72]), plate(rows[0][1]))
 
+    def test_the_legend_has_all_colours_in_pictures_of_all_sizes(self):
+        # Six of the eight of the standard; in the picture itself faces are darker than their colours.
+        colours = [(255, 0, 0), (255, 255, 0), (0, 255, 0), (0, 255, 255), (0, 0, 255), (255, 0, 255)]
+        for width, height in ((320, 240), (3840, 240), (320, 2160), (1280, 720)):
+            with self.subTest(width=width, height=height):
+                self.film("--every", "720", "--size", f"{width}x{height}", "--yes")
+                picture = self.pictures(width=width, height=height)[0]
+                seen = set(zip(picture[::3], picture[1::3], picture[2::3]))
+                self.assertEqual([colour for colour in colours if colour not in seen], [])
+
     def test_views_and_cameras(self):
         sums = {}
         for name, options in (("top", ["--view", "top"]), ("south", ["--view", "SOUTH"]), ("same", ["--camera", "-180,0"]),
