@@ -65,7 +65,8 @@ void DrawMarks(QPainter& painter, const Rose& rose) {
 
 void DrawLabel(QPainter& painter, const QPointF& at, const wchar_t* text) {
     constexpr double kHalf = 40.0;
-    painter.drawText(QRectF(at.x() - kHalf, at.y() - kHalf, 2 * kHalf, 2 * kHalf), Qt::AlignCenter, ShownSay(text));
+    painter.drawText(QRectF(at.x() - kHalf, at.y() - kHalf, 2 * kHalf, 2 * kHalf), Qt::AlignCenter | Qt::TextDontClip,
+                     ShownSay(text));
 }
 
 // Seen on its edge the ring would say nothing.

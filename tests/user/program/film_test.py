@@ -214,6 +214,17 @@ class Pictures(FilmTest):
                 seen = set(zip(picture[::3], picture[1::3], picture[2::3]))
                 self.assertEqual([colour for colour in colours if colour not in seen], [])
 
+    def test_the_compass_is_whole_in_pictures_of_all_sizes(self):
+        wide = {}
+        for width, height in ((1280, 720), (3840, 2160)):
+            self.film("--every", "720", "--size", f"{width}x{height}", "--camera", "90,1", "--zoom", "0.1", "--yes",
+                      LANG="en_US.UTF-8")
+            picture = self.pictures(width=width, height=height)[0]
+            ink = [x for y in range(height // 6) for x in range(width * 3 // 4, width)
+                   if sum(pixel(picture, x, y, width)) < 3 * 110]
+            wide[width] = max(ink) - min(ink)
+        self.assertAlmostEqual(wide[3840] / wide[1280], 3, delta=0.06)
+
     def test_views_and_cameras(self):
         sums = {}
         for name, options in (("top", ["--view", "top"]), ("south", ["--view", "SOUTH"]), ("same", ["--camera", "-180,0"]),
