@@ -29,6 +29,10 @@ CString OrBlank(const CString& text) {
     return text.IsEmpty() ? CString(L'_', 24) : Printable(text);
 }
 
+constexpr const wchar_t* kAlmanac =
+    L"太阳赤纬和时差来自节气表和公式，与天文年历相差可达 0.8 度和 40 "
+    L"秒；在又长又平的遮挡边缘后面，时数会因此相差半小时以上，离要求不远的窗要另行核实。";
+
 // Whether it was the same file all the time is known only afterwards.
 CString FingerprintText(const DayReport& report) {
     if (!report.fingerprint)
@@ -111,9 +115,7 @@ void AddPageLimits(HtmlPage& page, const std::vector<CString>& notes) {
     std::vector<CString> limits;
     for (const wchar_t* text :
          {L"结果只和图形一样准：画错的尺寸、标高、层高和朝向会变成错的时数，没有画出的建筑不遮挡。",
-          L"只计算直射的阳光，按晴天：没有云和雾，没有反射光和天空光；不能代替采光的计算。",
-          L"太阳赤纬和时差来自节气表和公式，与天文年历相差可达 0.8 度和 40 "
-          L"秒；在又长又平的遮挡边缘后面，时数会因此相差半小时以上，离要求不远的窗要另行核实。",
+          L"只计算直射的阳光，按晴天：没有云和雾，没有反射光和天空光；不能代替采光的计算。", kAlmanac,
           L"只是这一天：其他日子、其他年份的同一节气，时数会不同。", L"圆弧按弦计算，弦离弧不超过 50 毫米。",
           L"达标与否只按上面列出的规则判定；当地的规定和审批以主管部门的意见为准。"})
         limits.push_back(Say(text));

@@ -194,8 +194,8 @@ class ReportPages(AnalyseTest):
                                     "[e.querySelector('figcaption').textContent, e.getBoundingClientRect().top])")
         self.assertEqual([caption for caption, _ in pictures][:2], ["方案前", "方案后"])
         self.assertEqual(pictures[0][1], pictures[1][1])
-        tops = self.browser.run("return Array.from(document.querySelectorAll('.pair figcaption'), e => e.getBoundingClientRect().top)")
-        self.assertEqual(tops[0], tops[1], "however long the legends are")
+        first = self.browser.run("return Array.from(document.querySelectorAll('.pair figure'), e => e.firstElementChild.tagName)")
+        self.assertEqual(first, ["FIGCAPTION", "FIGCAPTION"], "at one height, however long the legends below are")
         headings = self.texts("table.sort.findable thead th")
         self.assertEqual([word for word in headings if word in ("前结论", "后结论", "方案前", "方案后", "失去")],
                          ["前结论", "后结论", "方案前", "方案后", "失去"])
