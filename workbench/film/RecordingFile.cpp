@@ -70,6 +70,13 @@ int CheckName(const fs::path& output, const wchar_t* option) {
     return kExitOk;
 }
 
+// The file itself where the name is a link to one: it stays a link, and the room is that of the file's disk.
+fs::path FileBehind(const fs::path& output) {
+    std::error_code error;
+    const fs::path file = fs::canonical(output, error);
+    return error ? output : file;
+}
+
 // A name beside the output that no file has.
 fs::path TemporaryName(const fs::path& output) {
     for (int number = 1;; ++number) {
@@ -123,7 +130,7 @@ int CheckRecording(const RecordingName& name, const std::vector<CString>& source
 }
 
 CString WhyNoRoom(const CString& file, std::uint64_t bytes) {
-    const fs::path output = PathOfRecording(file);
+    const fs::path output = FileBehind(PathOfRecording(file));
     const fs::path trial = TemporaryName(output);
     std::error_code error;
     const bool isMade = std::ofstream(trial, std::ios::binary).is_open();
@@ -145,7 +152,7 @@ CString BytesText(std::uint64_t bytes) {
 }
 
 GrowingRecording::GrowingRecording(const CString& file)
-    : m_output(PathOfRecording(file)), m_path(TemporaryName(m_output)) {}
+    : m_output(FileBehind(PathOfRecording(file))), m_path(TemporaryName(m_output)) {}
 
 GrowingRecording::~GrowingRecording() {
     std::error_code error;

@@ -306,6 +306,16 @@ class Files(FilmTest):
         self.assertIn("--film", self.refused(FAILED, "analyse", name, "--film", "folder", "--yes").err)
         self.left_over(name, "folder")
 
+    def test_a_link_stays_a_link(self):
+        os.mkdir(self.path("folder"))
+        self.put_old("folder/real.avi")
+        os.symlink("folder/real.avi", self.path("sun.avi"))
+        self.film("--every", "480", "--yes")
+        self.assertTrue(os.path.islink(self.path("sun.avi")))
+        self.assertEqual(Avi(self.path("folder/real.avi")).length, 2)
+        self.assertEqual(os.listdir(self.path("folder")), ["real.avi"])
+        self.left_over("a.dxf", "folder", "sun.avi")
+
     def test_no_other_output_bears_its_name(self):
         name = self.put(drawing(*TOWN))
         os.mkdir(self.path("folder"))
