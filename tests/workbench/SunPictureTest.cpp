@@ -221,6 +221,17 @@ TEST_F(SunPictureTest, ShowsTheOneShadowThatABoxThrows) {
     EXPECT_GT(BrightnessOf(picture, camera, {5, 0, 5}), kLeastInSun);
 }
 
+TEST_F(SunPictureTest, ShowsShadowsOnBlackFacesToo) {
+    Scene scene;
+    AddFaces(scene, {Quad({-50, -50, 0}, {50, -50, 0}, {50, 50, 0}, {-50, 50, 0})}, 7, 0);
+    AddBox(scene, {0, 0, 0}, {10, 10, 10}, 7, kWhite);
+    const ViewCamera camera = CameraOf(scene, 180.0, 60.0, 400, 400);
+    const GlPicture picture = Paint(scene, camera, SunAt(180.0, 45.0));
+    const double lit = BrightnessOf(picture, camera, {5, 25, 0});
+    EXPECT_GT(lit, 0.1);
+    EXPECT_LT(BrightnessOf(picture, camera, {5, 18, 0}), lit * kMostInShadow / kLeastInSun);
+}
+
 TEST_F(SunPictureTest, TurnsDarkWithTheSunOnTheHorizonAndBelow) {
     Scene scene;
     AddBox(scene, {0, 0, 0}, {10, 10, 10}, 7, kWhite);

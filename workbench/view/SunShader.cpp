@@ -4,6 +4,8 @@
 // So each of the four pixels around a place is compared with the depth that the plane of the place's own face has in
 // the middle of that pixel: no face shades itself, however steep, and nothing has to be moved away from the sun for
 // that. What remains is less than a pixel of the map at the edges of shadows.
+//
+// Colours are lifted to a quarter of white: on black no shadow would be seen.
 #include "workbench/view/SunShader.h"
 
 #define GL_GLEXT_PROTOTYPES
@@ -29,7 +31,8 @@ void main() {
     inMap = (toMap * gl_Vertex).xyz;
     place = gl_Vertex.xyz;
     normal = dot(gl_Normal, toEye.xyz - toEye.w * place) < 0.0 ? -gl_Normal : gl_Normal;
-    color = gl_FrontMaterial.diffuse;
+    vec4 c = gl_FrontMaterial.diffuse;
+    color = vec4(c.rgb + max(0.0, 0.25 - max(c.r, max(c.g, c.b))), c.a);
 })";
 
 constexpr const char* kFragmentSource = R"(#version 120

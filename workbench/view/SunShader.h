@@ -23,7 +23,8 @@ struct SunShading {
 //
 // A place is lit when the side of its face that is seen looks to the sun and the map shows nothing between. Of the
 // face's colour it then has 60 to 98 %, the more the straighter the sun falls on it; in the shadow 27 to 42 %, and at
-// night less than that. So what is lit is brighter than what is not, whatever their sides.
+// night less than that. So what is lit is brighter than what is not, whatever their sides. Colours darker than
+// a quarter of white count as that dark a grey, because black would be black in the sun, too.
 class SunShader {
 public:
     SunShader() = default;
