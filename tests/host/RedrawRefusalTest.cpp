@@ -27,6 +27,21 @@ void ExpectRefused(const DrawingChange& change, const std::string& part, Acad::E
     EXPECT_EQ(drawing.Saved(), text);
 }
 
+// What hostile drawings have more of than they should.
+constexpr std::string_view kPieces[] = {"0\n",
+                                        "\n",
+                                        "  0\nENDSEC\n",
+                                        "  0\nSECTION\n  2\nENTITIES\n",
+                                        "-1",
+                                        "999\nx\n",
+                                        "5\n",
+                                        "EOF\n",
+                                        "FFFFFFFFFFFFFFFF",
+                                        "TABLE",
+                                        "  0\nENDTAB\n",
+                                        " 67\n1\n",
+                                        " "};
+
 }  // namespace
 
 TEST(RedrawRefusal, EntitiesThatAreNotSound) {
@@ -96,19 +111,6 @@ TEST(RedrawRefusal, ADatabaseWithoutADrawing) {
 TEST(RedrawHostile, MutatedDrawingsAreRedrawnOrRefused) {
     std::mt19937 random(5);
     const std::string text = DrawingOf(HeaderOf("AC1015", "40") + SmallDrawing().substr(0, SmallDrawing().size() - 8));
-    const std::string_view pieces[] = {"0\n",
-                                       "\n",
-                                       "  0\nENDSEC\n",
-                                       "  0\nSECTION\n  2\nENTITIES\n",
-                                       "-1",
-                                       "999\nx\n",
-                                       "5\n",
-                                       "EOF\n",
-                                       "FFFFFFFFFFFFFFFF",
-                                       "TABLE",
-                                       "  0\nENDTAB\n",
-                                       " 67\n1\n",
-                                       " "};
     DrawingChange change = ChangeOf({{L"ORVO", 1}}, {NewLine(L"ORVO"), NewPolyline(L"ORVO"), NewText(L"北", L"ORVO")});
     change.emptiedLayers = {L"ORVO"};
     DrawingChange emptying;
@@ -122,7 +124,7 @@ TEST(RedrawHostile, MutatedDrawingsAreRedrawnOrRefused) {
             if (random() % 2 == 0)
                 mutated.erase(at, 1 + random() % 20);
             else
-                mutated.insert(at, pieces[random() % std::size(pieces)]);
+                mutated.insert(at, kPieces[random() % std::size(kPieces)]);
             mutated += '\n';
         }
         files.Write("mutated.dxf", mutated);
