@@ -52,11 +52,12 @@ const BlockWalk::Content& BlockWalk::Count(Known& known, bool isWanted) {
         Known& inserted = KnownOf(*inner.block);
         const bool isInnerWanted = inner.look.layer ? m_visitor.WantsLayer(*inner.look.layer) : isWanted;
         const Content& within = Count(inserted, isInnerWanted);
-        if (within.wanted == 0.0 && !isInnerWanted)
+        const bool isInsertWanted = isInnerWanted && m_visitor.WantsInserts();
+        if (within.wanted == 0.0 && !isInsertWanted)
             continue;
         content.inserts.push_back({&inner, &inserted});
         const double copies = within.wanted > 0.0 ? inner.insert.CountCopies() : 0.0;
-        content.wanted += std::max(copies * within.wanted, isInnerWanted ? 1.0 : 0.0);
+        content.wanted += std::max(copies * within.wanted, isInsertWanted ? 1.0 : 0.0);
         content.steps += 1.0 + copies * within.steps;
     }
     return content;

@@ -33,6 +33,8 @@ public:
 
     // Always the same for one layer.
     virtual bool WantsLayer(const LayerLook& layer) = 0;
+    // Whether an INSERT on a layer that is wanted counts by itself, also where its block holds nothing.
+    virtual bool WantsInserts() const { return true; }
     // Asked once for each block, however often it is inserted.
     virtual WantedInBlock CountIn(const Block& block) = 0;
     // A copy of a block that holds some itself: where it is put, and the layer that layer 0 stands for in it.
@@ -50,7 +52,7 @@ public:
 
     // All copies of a sound block, by an INSERT on a layer that is not frozen. False, and nobody visited, when they
     // hold more than `most` of what is wanted, or are more steps than are left; that is known before one is made. In
-    // a block an INSERT on a layer that is wanted counts as one, at least.
+    // a block an INSERT on a layer that is wanted counts as one, at least, where INSERTs are wanted.
     bool Walk(const Block& block, const BlockInsert& insert, const LayerLook& layer, std::size_t most);
 
 private:

@@ -49,6 +49,8 @@ public:
     const LayerLook& Find(std::string_view name);
     // The names that were asked for, each once, in whatever spelling.
     const std::vector<std::string>& Names() const { return m_names; }
+    // The layer of one of these names.
+    const LayerLook& At(std::size_t number) const { return m_known.at(m_names[number]); }
     bool HasHeights() const { return !m_heights.empty(); }
     // Whether the drawing has the layer of one of the heights: in its table of layers, or among those that were asked
     // for.

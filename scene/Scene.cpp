@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "platform/host/AcDbDatabase.h"
@@ -17,6 +18,7 @@
 #include "scene/FlatOutline.h"
 #include "scene/InsertedFaces.h"
 #include "scene/LayerLook.h"
+#include "scene/LineGatherer.h"
 #include "scene/Placement.h"
 #include "scene/RaisedOutline.h"
 
@@ -52,6 +54,8 @@ public:
           m_blockFaces(drawing, m_layers, m_division),
           m_inserted(drawing, m_division, m_faces, options.mostFaces) {
         m_counts.heights.resize(options.heights.size());
+        if (options.hasLines)
+            m_lines.emplace(drawing, options.mostSegments);
     }
     Scene Run();
 
@@ -61,6 +65,7 @@ private:
     EntityOutcome AddFaces(AcDbObjectId id, const EntityGroups& entity, const LayerLook& layer);
     void AddRun(AcDbObjectId id, const FaceRun& run);
     void TakeFaulty(AcDbObjectId id);
+    void TellLayers();
 
     const AcDbDatabase& m_drawing;
     const std::vector<LayerHeight>& m_heights;
@@ -74,6 +79,7 @@ private:
     BlockCounts m_blockCounts;
     SceneCounts m_counts;
     std::vector<FaceRun> m_runs;
+    std::optional<LineGatherer> m_lines;
     Scene m_scene;
 };
 
@@ -90,8 +96,18 @@ Scene SceneBuilder::Run() {
     m_scene.faultyCount = m_counts.faultyCount;
     m_scene.flatOutlineCount = m_counts.flatOutlineCount;
     m_scene.heights = std::move(m_counts.heights);
-    m_scene.layers = m_layers.Names();
+    if (m_lines)
+        m_scene.lines = m_lines->MoveOut();
+    TellLayers();
     return std::move(m_scene);
+}
+
+void SceneBuilder::TellLayers() {
+    m_scene.layers = m_layers.Names();
+    for (std::size_t i = 0; i < m_scene.layers.size(); ++i) {
+        const LayerLook& look = m_layers.At(i);
+        m_scene.looks.push_back({look.isVisible, look.color.index, look.color.trueColor});
+    }
 }
 
 void SceneBuilder::Take(AcDbObjectId id, const EntityGroups& entity) {
@@ -110,6 +126,8 @@ void SceneBuilder::Take(AcDbObjectId id, const EntityGroups& entity) {
     switch (AddFaces(id, entity, layer)) {
         case EntityOutcome::Other:
             ++m_counts.passedOver[std::string(entity.Type())];
+            if (m_lines)
+                m_lines->Take(id, entity, layer, m_model.ColorOf(look));
             break;
         case EntityOutcome::Faulty:
             TakeFaulty(id);
@@ -156,7 +174,10 @@ void SceneBuilder::TakeInsert(AcDbObjectId id, const EntityGroups& entity, const
     if (faces.hasFaulty)
         m_scene.faulty.push_back(id);
     m_blockCounts.Take(faces, m_model.LayerOf(look));
-    switch (m_inserted.Add(faces, insert, {m_model.LayerOf(look), m_model.ColorOf(look)}, m_runs)) {
+    const Surroundings surroundings{m_model.LayerOf(look), m_model.ColorOf(look)};
+    if (m_lines)
+        m_lines->TakeInsert(id, *block, insert, surroundings);
+    switch (m_inserted.Add(faces, insert, surroundings, m_runs)) {
         case InsertOutcome::TooMany:
             m_scene.tooLarge.push_back(id);
             break;

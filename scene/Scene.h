@@ -14,6 +14,7 @@
 #include "scene/HiddenEdge.h"
 #include "scene/KindCounts.h"
 #include "scene/LayerHeight.h"
+#include "scene/SceneLines.h"
 
 class AcDbDatabase;
 
@@ -45,6 +46,15 @@ struct SceneOptions {
     std::vector<LayerHeight> heights;  // each layer once; of several for one the first counts
     // Layers whose names begin so, whatever the case, are as good as frozen; empty: none.
     CString unseenLayers = {};
+    bool hasLines = false;             // whether flat entities give lines, which shadows do not need
+    std::size_t mostSegments = kMostSceneSegments;
+};
+
+// How one of Scene::layers looks in the drawing.
+struct SceneLayer {
+    bool isVisible = true;  // neither off nor frozen
+    int colorIndex = 7;
+    int trueColor = -1;
 };
 
 // A value: it keeps nothing of the drawing but the ids.
@@ -56,6 +66,8 @@ struct Scene {
     std::vector<QcGeFace3dEX> faces;
     std::vector<SceneEntity> entities;  // in the drawing's order; only those with faces
     std::vector<std::string> layers;    // names as they stand in the file
+    std::vector<SceneLayer> looks;      // one for each of these
+    SceneLines lines;                   // only where they were asked for
     QcGePoint least, most;              // the box around all faces; both at the origin when there are none
     // Visible entities of kinds that have no faces, the most frequent first, then by type. An INSERT is one of them
     // when it shows no face.
@@ -99,6 +111,9 @@ struct Scene {
 // is level. They are so high in the world, whatever the scales of the INSERTs that show them, and stand upwards along
 // their extrusion; one whose extrusion is level goes along that. In a block the layer is the one that the outline lies
 // on as it is inserted. As a body an outline is faulty when its data are unsound.
+//
+// Lines come of what EntityLines.h lists, in INSERTs too, where it gives no faces; by block is there the outermost
+// INSERT's colour. An entity or INSERT that would bring them beyond `mostSegments` is left out.
 //
 // An INSERT that would bring the scene beyond `mostFaces` is left out, and so is each further one once four times as
 // many entities and faces of blocks have been worked on, those left out included.

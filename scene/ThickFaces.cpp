@@ -70,6 +70,17 @@ bool ReadCircle(const EntityGroups& entity, FlatPath& path) {
     return ReadRound(entity, 0.0, 360.0, path);
 }
 
+bool ReadArc(const EntityGroups& entity, FlatPath& path) {
+    double start = 0.0;
+    double end = 0.0;
+    if (!entity.Find(kStart) || !entity.Find(kEnd) || !entity.Real(kStart, start) || !entity.Real(kEnd, end))
+        return false;
+    double degrees = std::fmod(end - start, 360.0);
+    if (degrees <= 0.0)
+        degrees += 360.0;
+    return ReadRound(entity, start, degrees, path);
+}
+
 bool AddSolid(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {
     FlatPath path;
     if (!ReadSolid(entity, path))
@@ -104,15 +115,8 @@ bool AddLine(const EntityGroups& entity, FaceList& faces) {
 }
 
 bool AddArc(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {
-    double start = 0.0;
-    double end = 0.0;
-    if (!entity.Find(kStart) || !entity.Find(kEnd) || !entity.Real(kStart, start) || !entity.Real(kEnd, end))
-        return false;
-    double degrees = std::fmod(end - start, 360.0);
-    if (degrees <= 0.0)
-        degrees += 360.0;
     FlatPath path;
-    return ReadRound(entity, start, degrees, path) && AddExtruded(path, division, faces);
+    return ReadArc(entity, path) && AddExtruded(path, division, faces);
 }
 
 bool AddCircle(const EntityGroups& entity, ArcDivision& division, FaceList& faces) {

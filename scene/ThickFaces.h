@@ -8,10 +8,11 @@ class FaceList;
 struct FlatPath;
 
 // The outline of a SOLID or TRACE: its corners in the order 1, 2, 4, 3 (of three the last is given twice, or not at
-// all) at the height of the first one; and that of a CIRCLE. Both come back to their start. False when the data are
-// unsound.
+// all) at the height of the first one; and that of a CIRCLE. Both come back to their start. Beside them the path of an
+// ARC. False when the data are unsound.
 bool ReadSolid(const EntityGroups& entity, FlatPath& path);
 bool ReadCircle(const EntityGroups& entity, FlatPath& path);
+bool ReadArc(const EntityGroups& entity, FlatPath& path);
 
 // A SOLID or TRACE. Without a thickness one face through its corners, each at its own height; with one a body over its
 // outline. False when the data are unsound.
