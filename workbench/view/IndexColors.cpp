@@ -46,3 +46,20 @@ int RgbOfColorIndex(int index) {
         return RgbOfHue(index);
     return kGreys[static_cast<std::size_t>(index - kFirstGrey)] * 0x010101;
 }
+
+int RgbOfLine(int index, int trueColor) {
+    constexpr int kDarkGrey = 0x404040;
+    constexpr int kMostBrightness = 140;  // of 255; the background has 200 to 240
+    if (trueColor < 0 && RgbOfColorIndex(index) == RgbOfColorIndex(kPaperOpposite))
+        return kDarkGrey;
+    const int rgb = trueColor >= 0 ? trueColor & 0xFFFFFF : RgbOfColorIndex(index);
+    const int red = rgb >> 16;
+    const int green = rgb >> 8 & 255;
+    const int blue = rgb & 255;
+    // As bright as the eye takes them.
+    const int brightness = (299 * red + 587 * green + 114 * blue) / 1000;
+    if (brightness <= kMostBrightness)
+        return rgb;
+    const auto darkened = [&](int part) { return part * kMostBrightness / brightness; };
+    return darkened(red) << 16 | darkened(green) << 8 | darkened(blue);
+}

@@ -11,3 +11,7 @@
 // 7 is a light grey here: on our light background it stands for faces that have no colour of their own, whose shading
 // has to be seen and whose darker edges draw them.
 int RgbOfColorIndex(int index);
+
+// The colour of a line on our pale background: of the true colour (-1 for none), or else of the number; what would be
+// too pale to be seen there is darkened, and 7 is a dark grey.
+int RgbOfLine(int index, int trueColor);

@@ -39,23 +39,38 @@ QcGePoint FindOrigin(const Scene& scene) {
         for (const QcGeFace3dEX& face : scene.faces)
             if (IsUsable(face))
                 values.push_back(face.m_pt[0].*axis);
+        if (scene.faces.empty())
+            for (const SceneSegment& segment : scene.lines.segments)
+                if (IsUsable(segment.from))
+                    values.push_back(segment.from.*axis);
         origin.*axis = TakeMedian(values);
     }
     return origin;
 }
 
+void Widen(std::optional<ViewBox>& box, const QcGePoint& at) {
+    if (!box)
+        box = ViewBox{at, at};
+    box->least = {std::min(box->least.x, at.x), std::min(box->least.y, at.y), std::min(box->least.z, at.z)};
+    box->most = {std::max(box->most.x, at.x), std::max(box->most.y, at.y), std::max(box->most.z, at.z)};
+}
+
 std::optional<ViewBox> FindBox(const Scene& scene) {
     std::optional<ViewBox> box;
-    for (const QcGeFace3dEX& face : scene.faces) {
-        if (!IsUsable(face))
+    for (const QcGeFace3dEX& face : scene.faces)
+        if (IsUsable(face))
+            for (int i = 0; i < face.GetCornerCount(); ++i)
+                Widen(box, face.m_pt[i]);
+    return box;
+}
+
+std::optional<ViewBox> FindLineBox(const Scene& scene) {
+    std::optional<ViewBox> box;
+    for (const SceneSegment& line : scene.lines.segments) {
+        if (!IsUsable(line.from) || !IsUsable(line.to))
             continue;
-        for (int i = 0; i < face.GetCornerCount(); ++i) {
-            const QcGePoint& at = face.m_pt[i];
-            if (!box)
-                box = ViewBox{at, at};
-            box->least = {std::min(box->least.x, at.x), std::min(box->least.y, at.y), std::min(box->least.z, at.z)};
-            box->most = {std::max(box->most.x, at.x), std::max(box->most.y, at.y), std::max(box->most.z, at.z)};
-        }
+        Widen(box, line.from);
+        Widen(box, line.to);
     }
     return box;
 }
@@ -103,6 +118,10 @@ int RgbOf(const SceneEntity& entity) {
     return entity.trueColor >= 0 ? entity.trueColor & 0xFFFFFF : RgbOfColorIndex(entity.colorIndex);
 }
 
+int RgbOf(const SceneLineRun& run) {
+    return RgbOfLine(run.colorIndex, run.trueColor);
+}
+
 struct Color {
     float r, g, b;
     explicit Color(int rgb)
@@ -126,9 +145,11 @@ FaceMaterial MaterialOf(int rgb) {
 struct Coat {
     std::vector<const QcGeFace3dEX*> faces;
     std::vector<Edge> edges;
+    std::vector<const SceneSegment*> lines;
 };
 
 using Coats = std::map<int, Coat>;
+using CoatsByLayer = std::map<std::uint32_t, Coats>;
 
 // Adds an entity's edges, each once: neighbouring faces have them in common, and lines are dear.
 void AddEdges(Coat& coat, std::size_t firstFace) {
@@ -139,20 +160,27 @@ void AddEdges(Coat& coat, std::size_t firstFace) {
     coat.edges.insert(coat.edges.end(), edges.begin(), std::unique(edges.begin(), edges.end()));
 }
 
-Coats SortByColor(const Scene& scene) {
-    Coats coats;
+CoatsByLayer SortByColor(const Scene& scene) {
+    CoatsByLayer layers;
     const std::size_t total = scene.faces.size();
     for (const SceneEntity& entity : scene.entities) {
         const std::size_t first = std::min(entity.firstFace, total);
         const std::size_t count = std::min(entity.faceCount, total - first);
-        Coat& coat = coats[RgbOf(entity)];
+        Coat& coat = layers[entity.layer][RgbOf(entity)];
         const std::size_t before = coat.faces.size();
         for (std::size_t i = first; i < first + count; ++i)
             if (IsUsable(scene.faces[i]))
                 coat.faces.push_back(&scene.faces[i]);
         AddEdges(coat, before);
     }
-    return coats;
+    const std::vector<SceneSegment>& segments = scene.lines.segments;
+    for (const SceneLineRun& run : scene.lines.runs) {
+        Coat& coat = layers[run.layer][RgbOf(run)];
+        for (std::size_t i = run.first; i < run.first + run.count; ++i)
+            if (IsUsable(segments[i].from) && IsUsable(segments[i].to))
+                coat.lines.push_back(&segments[i]);
+    }
+    return layers;
 }
 
 void RecordFaces(const Coats& coats, const QcGePoint& origin) {
@@ -178,38 +206,51 @@ void RecordEdges(const Coats& coats, const QcGePoint& origin) {
     }
 }
 
+void RecordLines(const Coats& coats, const QcGePoint& origin) {
+    for (const auto& [rgb, coat] : coats) {
+        const Color color(rgb);
+        glColor3f(color.r, color.g, color.b);
+        glBegin(GL_LINES);
+        for (const SceneSegment* line : coat.lines) {
+            SendPoint(line->from, origin);
+            SendPoint(line->to, origin);
+        }
+        glEnd();
+    }
+}
+
 }  // namespace
 
 SceneLists::SceneLists(const Scene& scene) : SceneLists(scene, FindOrigin(scene)) {}
 
-SceneLists::SceneLists(const Scene& scene, const QcGePoint& origin) : m_origin(origin), m_box(FindBox(scene)) {
-    const Coats coats = SortByColor(scene);
+SceneLists::SceneLists(const Scene& scene, const QcGePoint& origin)
+    : m_origin(origin), m_box(FindBox(scene)), m_lineBox(FindLineBox(scene)) {
+    const CoatsByLayer layers = SortByColor(scene);
     while (glGetError() != GL_NO_ERROR) {
     }
-    m_faces = glGenLists(2);
-    if (m_faces == 0)
+    m_first = glGenLists(static_cast<GLsizei>(std::max<std::size_t>(layers.size(), 1) * kKinds));
+    if (m_first == 0)
         return;
-    m_edges = m_faces + 1;
-    glNewList(m_faces, GL_COMPILE);
-    RecordFaces(coats, m_origin);
-    glEndList();
-    glNewList(m_edges, GL_COMPILE);
-    RecordEdges(coats, m_origin);
-    glEndList();
+    for (const auto& [layer, coats] : layers) {
+        const unsigned first = m_first + static_cast<unsigned>(m_layers.size()) * kKinds;
+        m_layers.push_back(layer);
+        unsigned kind = 0;
+        for (const auto record : {RecordFaces, RecordEdges, RecordLines}) {
+            glNewList(first + kind++, GL_COMPILE);
+            record(coats, m_origin);
+            glEndList();
+        }
+    }
     m_isReady = glGetError() == GL_NO_ERROR;
 }
 
 SceneLists::~SceneLists() {
-    if (m_faces != 0)
-        glDeleteLists(m_faces, 2);
+    if (m_first != 0)
+        glDeleteLists(m_first, static_cast<GLsizei>(std::max<std::size_t>(m_layers.size(), 1) * kKinds));
 }
 
-void SceneLists::DrawFaces() const {
-    if (m_isReady)
-        glCallList(m_faces);
-}
-
-void SceneLists::DrawEdges() const {
-    if (m_isReady)
-        glCallList(m_edges);
+void SceneLists::Call(unsigned kind, const HiddenLayers& hidden) const {
+    for (std::size_t i = 0; m_isReady && i < m_layers.size(); ++i)
+        if (!IsHidden(hidden, m_layers[i]))
+            glCallList(m_first + static_cast<unsigned>(i) * kKinds + kind);
 }

@@ -1,10 +1,11 @@
-// A scene as OpenGL keeps it: one display list of faces, one of their edges.
+// A scene as OpenGL keeps it: for each layer a display list of faces, one of their edges, and one of lines.
 #pragma once
 
 #include <optional>
 
 #include "platform/geometry/QcGePoint.h"
 #include "scene/Scene.h"
+#include "workbench/view/ScenePick.h"
 #include "workbench/view/ViewCamera.h"
 
 // Belongs to the context that is current when it is made, which has to be current in every other call, too.
@@ -27,18 +28,27 @@ public:
     // False when the graphics had no memory for it; then nothing is drawn.
     bool IsReady() const { return m_isReady; }
     const QcGePoint& GetOrigin() const { return m_origin; }
-    // Around the faces that are drawn; none without any.
+    // Around the faces that are drawn, those of hidden layers included; none without any.
     const std::optional<ViewBox>& GetBox() const { return m_box; }
+    // The same around the lines.
+    const std::optional<ViewBox>& GetLineBox() const { return m_lineBox; }
     // Expects lighting to be on: colours go into the material.
-    void DrawFaces() const;
+    void DrawFaces(const HiddenLayers& hidden) const { Call(0, hidden); }
     // Expects lighting to be off: thin lines, darker than their face. Flag i of a face hides the edge that begins at
     // its corner i.
-    void DrawEdges() const;
+    void DrawEdges(const HiddenLayers& hidden) const { Call(1, hidden); }
+    // Those of flat entities. Expects lighting to be off.
+    void DrawLines(const HiddenLayers& hidden) const { Call(2, hidden); }
 
 private:
+    static constexpr unsigned kKinds = 3;
+
+    void Call(unsigned kind, const HiddenLayers& hidden) const;
+
     QcGePoint m_origin;
     std::optional<ViewBox> m_box;
-    unsigned m_faces = 0;
-    unsigned m_edges = 0;
+    std::optional<ViewBox> m_lineBox;
+    std::vector<std::uint32_t> m_layers;  // those that have something
+    unsigned m_first = 0;                 // of kKinds lists for each of them
     bool m_isReady = false;
 };

@@ -6,7 +6,7 @@
 #include <new>
 #include <optional>
 
-#include "workbench/view/SceneLists.h"
+#include "workbench/view/DrawnScene.h"
 #include "workbench/view/Sky.h"
 #include "workbench/view/SmoothBuffer.h"
 #include "workbench/view/SunPicture.h"
@@ -14,6 +14,7 @@
 struct ScenePainter::Parts {
     std::optional<SceneLists> lists;
     std::optional<SceneLists> marks;
+    MarkedShapes marked;
     SmoothBuffer smooth;
     SunPicture sun;
 };
@@ -67,6 +68,7 @@ bool ScenePainter::SetScene(const Scene& scene, const Scene& marks) {
         return false;
     m_parts->lists.reset();
     m_parts->marks.reset();
+    m_parts->marked = {};
     try {
         m_parts->lists.emplace(scene);
         if (!marks.faces.empty())
@@ -75,6 +77,10 @@ bool ScenePainter::SetScene(const Scene& scene, const Scene& marks) {
         return false;
     }
     return m_parts->lists->IsReady() && (!m_parts->marks || m_parts->marks->IsReady());
+}
+
+void ScenePainter::SetMarked(const MarkedShapes& marked) {
+    m_parts->marked = marked;
 }
 
 bool ScenePainter::Prepare(const ViewCamera& camera) {
@@ -99,16 +105,17 @@ bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, Gl
 bool ScenePainter::PaintInSun(const ViewCamera& camera, const SceneSun& sun, const PaintEffort& effort,
                               GlPicture& picture) {
     picture = GlPicture();
-    if (!Prepare(camera) || !m_parts->lists)
-        return false;
-    const SceneLists* const marks = m_parts->marks ? &*m_parts->marks : nullptr;
-    if (!m_parts->sun.Aim(camera, sun.direction, *m_parts->lists, marks, effort.isSmooth))
+    if (!Prepare(camera) || !m_parts->lists || !m_parts->sun.Aim(camera, sun.direction, GetDrawn(), effort.isSmooth))
         return false;
     const bool smooth = effort.isSmooth && m_parts->smooth.Begin(camera.GetWidth(), camera.GetHeight());
-    const bool isDrawn = m_parts->sun.Draw(camera, *m_parts->lists, marks, effort.hasEdges);
+    const bool isDrawn = m_parts->sun.Draw(camera, GetDrawn(), effort.hasEdges);
     if (smooth)
         m_parts->smooth.End();
     return isDrawn && m_gl->Read(picture);
+}
+
+DrawnScene ScenePainter::GetDrawn() const {
+    return {*m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr, m_parts->marked, m_hidden};
 }
 
 void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
@@ -127,11 +134,10 @@ void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
     // Faces step back a little, so that the edges in their planes are seen.
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0F, 1.0F);
-    m_parts->lists->DrawFaces();
+    m_parts->lists->DrawFaces(m_hidden);
     glDisable(GL_POLYGON_OFFSET_FILL);
     if (m_parts->marks)
-        m_parts->marks->DrawFaces();
+        m_parts->marks->DrawFaces({});
     glDisable(GL_LIGHTING);
-    if (edges)
-        m_parts->lists->DrawEdges();
+    DrawThinParts(GetDrawn(), edges);
 }

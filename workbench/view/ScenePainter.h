@@ -7,6 +7,8 @@
 #include "platform/base/CString.h"
 #include "platform/media/OffscreenGl.h"
 #include "scene/Scene.h"
+#include "workbench/view/MarkedShapes.h"
+#include "workbench/view/ScenePick.h"
 #include "workbench/view/ViewCamera.h"
 
 // How much effort a picture gets.
@@ -19,6 +21,8 @@ struct PaintEffort {
 struct SceneSun {
     QcGeVector3d direction;
 };
+
+struct DrawnScene;
 
 // It stays with the thread that opened it.
 class ScenePainter {
@@ -33,6 +37,10 @@ public:
     // no memory for it.
     // The marks are faces that are drawn before those they lie on, have no edges, and cast no shadows.
     bool SetScene(const Scene& scene, const Scene& marks = {});
+    // Which of the scene's layers are left out of the pictures from now on.
+    void SetHiddenLayers(const HiddenLayers& hidden) { m_hidden = hidden; }
+    // The faces and lines that are marked from now on, until the next scene comes; none for none.
+    void SetMarked(const MarkedShapes& marked);
     // The longest side that a picture may have.
     int GetMaxSize() const { return m_gl->GetMaxSize(); }
     // A picture of the size that the camera has. False, with the picture empty, when the graphics refuse.
@@ -46,9 +54,11 @@ public:
 private:
     explicit ScenePainter(std::unique_ptr<OffscreenGl> gl);
     bool Prepare(const ViewCamera& camera);
+    DrawnScene GetDrawn() const;
     void Draw(const ViewCamera& camera, bool edges) const;
 
     struct Parts;
     std::unique_ptr<OffscreenGl> m_gl;
     std::unique_ptr<Parts> m_parts;
+    HiddenLayers m_hidden;
 };

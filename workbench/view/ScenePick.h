@@ -1,10 +1,22 @@
-// Finds the point of a scene that is under a pixel.
+// Finds what of a scene is under a pixel.
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "scene/Scene.h"
 #include "workbench/view/ViewCamera.h"
 
 // The nearest point where the ray meets a face, from either side; none when it meets nothing.
 std::optional<QcGePoint> PickScene(const Scene& scene, const ViewRay& ray);
+
+// Which of Scene::layers are not shown; those beyond the end are.
+using HiddenLayers = std::vector<bool>;
+
+inline bool IsHidden(const HiddenLayers& hidden, std::size_t layer) {
+    return layer < hidden.size() && hidden[layer];
+}
+
+// The entity whose face is seen at a pixel, or whose line passes it within a few pixels and not behind that face: a
+// thin line is hit by nobody's hand. Null for none.
+AcDbObjectId PickEntity(const Scene& scene, const HiddenLayers& hidden, const ViewCamera& camera, double x, double y);

@@ -7,6 +7,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <set>
+#include <utility>
 
 #include "settings/AnalysisParameters.h"
 #include "workbench/view/CompassRose.h"
@@ -23,6 +25,7 @@ constexpr double kZoomPerNotch = 1.2;
 constexpr double kWheelPerNotch = 120.0;
 constexpr double kMovePerKey = 0.05;  // of the picture's shorter side
 constexpr int kRestMilliseconds = 180;
+constexpr double kMostOfAClick = 3.0;  // pixels that a hand moves unawares
 
 // The module's view angles, read as those of the line of sight: in the ground plane from +X towards +Y, and from the
 // zenith down. The eye is opposite. 120 and 120 look from the south-south-east, 30 degrees down.
@@ -57,11 +60,14 @@ SceneView::~SceneView() = default;
 void SceneView::Retranslate() {
     setAccessibleName(ShownSay(L"三维视图"));
     setAccessibleDescription(
-        ShownSay(L"方向键旋转，Shift+方向键平移，加号和减号缩放，Home 显示全部，数字 1 到 7 选择标准视图"));
+        ShownSay(L"方向键旋转，Shift+方向键平移，加号和减号缩放，Home 显示全部，数字 1 到 7 "
+                 L"选择标准视图，空格选取视图中央的实体"));
     update();
 }
 
 void SceneView::SetScene(std::shared_ptr<const Scene> scene) {
+    m_hidden.clear();
+    Pick(AcDbObjectId());
     TakeScene(std::move(scene));
     Fit();
 }
@@ -75,12 +81,43 @@ void SceneView::UpdateScene(std::shared_ptr<const Scene> scene) {
 void SceneView::TakeScene(std::shared_ptr<const Scene> scene) {
     m_scene = std::move(scene);
     m_isUploaded = false;
+    m_isMarked = false;
     m_problem.clear();
     m_picture = QImage();
-    if (HasFaces())
-        m_camera.SetBox({m_scene->least, m_scene->most});
+    if (HasShapes())
+        SetBoxes();
     else if (m_painter)
         m_painter->SetScene(Scene());  // gives its memory back
+    Redraw();
+}
+
+// Faces are what a drawing is about; without any it is the lines.
+void SceneView::SetBoxes() {
+    const ViewBox lines{m_scene->lines.least, m_scene->lines.most};
+    m_camera.SetBox(m_scene->faces.empty() ? lines : ViewBox{m_scene->least, m_scene->most});
+    if (!m_scene->lines.segments.empty())
+        m_camera.SetSurroundings(lines);
+}
+
+void SceneView::SetHiddenLayers(const HiddenLayers& hidden) {
+    m_hidden = hidden;
+    m_isMarked = false;
+    Redraw();
+}
+
+void SceneView::Pick(AcDbObjectId id) {
+    if (id == m_picked)
+        return;
+    m_picked = id;
+    m_isMarked = false;
+    Redraw();
+    if (m_onPick)
+        m_onPick();
+}
+
+void SceneView::SetParallel(bool isParallel) {
+    m_isParallel = isParallel;
+    m_camera.SetParallel(isParallel);
     Redraw();
 }
 
@@ -109,7 +146,8 @@ QImage SceneView::GetPicture() {
 }
 
 bool SceneView::IsLarge() const {
-    return HasFaces() && m_scene->faces.size() > static_cast<std::size_t>(std::max(g_RenderMaxFaceNum, 0));
+    return HasShapes() && m_scene->faces.size() + m_scene->lines.segments.size() >
+                              static_cast<std::size_t>(std::max(g_RenderMaxFaceNum, 0));
 }
 
 // The picture has the screen's own pixels, unless that is more than the graphics can draw.
@@ -132,7 +170,7 @@ QPointF SceneView::InPicture(const QPointF& position) const {
 }
 
 void SceneView::HoldOnTo(const QPointF& pixel) {
-    if (!HasFaces())
+    if (!HasShapes())
         return;
     if (const auto point = PickScene(*m_scene, m_camera.GetRayAt(pixel.x(), pixel.y())))
         m_camera.TakeDepthOf(*point);
@@ -175,7 +213,7 @@ void SceneView::Refuse(const QString& reason) {
 void SceneView::DrawPicture() {
     m_isDirty = false;
     m_picture = QImage();
-    if (!HasFaces() || !m_problem.isEmpty())
+    if (!HasShapes() || !m_problem.isEmpty())
         return;
     if (!m_painter) {
         CString reason;
@@ -188,6 +226,11 @@ void SceneView::DrawPicture() {
     if (!m_isUploaded && !m_painter->SetScene(*m_scene))
         return Refuse(ShownSay(L"内存不足，容不下这张图的所有面。"));
     m_isUploaded = true;
+    if (!m_isMarked) {
+        m_painter->SetHiddenLayers(m_hidden);
+        m_painter->SetMarked(ShapesOf(*m_scene, m_hidden, m_picked));
+    }
+    m_isMarked = true;
     GlPicture picture;
     if (!m_painter->Paint(m_camera, {!m_isMoving, !m_isMoving}, picture))
         return Refuse(ShownSay(L"图形驱动程序没有给出图像。"));
@@ -239,7 +282,8 @@ void SceneView::mousePressEvent(QMouseEvent* event) {
         m_drag = Drag::Turn;
     if (m_drag == Drag::None)
         return QWidget::mousePressEvent(event);
-    m_last = event->position();
+    m_last = m_pressed = event->position();
+    m_isClick = m_drag == Drag::Turn;
     setCursor(m_drag == Drag::Move ? Qt::ClosedHandCursor : Qt::SizeAllCursor);
     if (m_drag == Drag::Move)
         HoldOnTo(InPicture(m_last));
@@ -249,6 +293,10 @@ void SceneView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF way = event->position() - m_last;
     if (m_drag == Drag::None || way.isNull())
         return;
+    const QPointF sincePress = event->position() - m_pressed;
+    if (m_isClick && std::hypot(sincePress.x(), sincePress.y()) <= kMostOfAClick)
+        return;
+    m_isClick = false;
     m_last = event->position();
     if (m_drag == Drag::Turn)
         return Turn(way.x() * kDegreesPerPixel, way.y() * kDegreesPerPixel);
@@ -261,6 +309,8 @@ void SceneView::mouseReleaseEvent(QMouseEvent* event) {
         return QWidget::mouseReleaseEvent(event);
     m_drag = Drag::None;
     unsetCursor();
+    if (std::exchange(m_isClick, false))
+        PickAt(InPicture(m_pressed));
 }
 
 void SceneView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -282,7 +332,7 @@ void SceneView::keyPressEvent(QKeyEvent* event) {
     const bool plain = modifiers == Qt::NoModifier;
     const bool shifted = modifiers == Qt::ShiftModifier;
     const int key = event->key();
-    if (plain && (TurnByKey(key) || LookByKey(key)))
+    if (plain && (TurnByKey(key) || LookByKey(key) || PickByKey(key)))
         return;
     if (shifted && MoveByKey(key))
         return;
@@ -292,6 +342,50 @@ void SceneView::keyPressEvent(QKeyEvent* event) {
     if ((plain || shifted) && (key == Qt::Key_Minus || key == Qt::Key_Underscore))
         return ZoomAt(1.0 / kZoomPerKey, middle);
     QWidget::keyPressEvent(event);
+}
+
+void SceneView::PickAt(const QPointF& pixel) {
+    Pick(HasShapes() ? PickEntity(*m_scene, m_hidden, m_camera, pixel.x(), pixel.y()) : AcDbObjectId());
+}
+
+// Through all that is shown, faces first; from what is picked, or from the first or last one.
+void SceneView::PickNext(int step) {
+    std::vector<AcDbObjectId> shown;
+    std::set<AcDbObjectId> known;  // an INSERT may have both faces and lines
+    const auto take = [&](AcDbObjectId id, std::uint32_t layer) {
+        if (!IsHidden(m_hidden, layer) && known.insert(id).second)
+            shown.push_back(id);
+    };
+    for (const SceneEntity& entity : m_scene->entities)
+        take(entity.id, entity.layer);
+    for (const SceneLineRun& run : m_scene->lines.runs)
+        take(run.id, run.layer);
+    if (shown.empty())
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(shown.size());
+    const auto found = std::find(shown.begin(), shown.end(), m_picked);
+    const std::ptrdiff_t at = found == shown.end() ? (step > 0 ? 0 : count - 1) : found - shown.begin() + step;
+    Pick(shown[static_cast<std::size_t>((at + count) % count)]);
+}
+
+bool SceneView::PickByKey(int key) {
+    if (key == Qt::Key_Escape && m_picked.isNull())
+        return false;
+    if (key == Qt::Key_Escape)
+        Pick(AcDbObjectId());
+    else if (key == Qt::Key_Space)
+        PickAt(QPointF(m_camera.GetWidth() / 2.0, m_camera.GetHeight() / 2.0));
+    else if (key == Qt::Key_Period || key == Qt::Key_Comma) {
+        if (HasShapes())
+            PickNext(key == Qt::Key_Period ? 1 : -1);
+    } else if (key == Qt::Key_P) {
+        SetParallel(!m_isParallel);
+        if (m_onParallel)
+            m_onParallel();
+    } else {
+        return false;
+    }
+    return true;
 }
 
 // As if the picture were dragged that way.

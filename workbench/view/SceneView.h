@@ -13,11 +13,14 @@
 #include "workbench/view/ScenePainter.h"
 #include "workbench/view/ViewCamera.h"
 
-// Mouse: the left button turns, the middle one (or the left one with Shift) moves, the wheel zooms at the pointer, and
-// a double click shows everything. Moving and zooming hold on to the face under the pointer.
+// Mouse: the left button turns, the middle one (or the left one with Shift) moves, the wheel zooms at the pointer, a
+// click picks what is under the pointer, and a double click shows everything. Moving and zooming hold on to the face
+// under the pointer.
 //
 // Keys: arrows turn, with Shift they move; + and - zoom; Page Up and Page Down turn steeply; Home shows everything; 1
-// to 7, or T, S, E, N, W and I, look from the top, south, east, north, west, south-east and (7) south-west.
+// to 7, or T, S, E, N, W and I, look from the top, south, east, north, west, south-east and (7) south-west. P changes
+// between perspective and parallel. Space picks what is in the middle of the picture, a full stop and a comma the next
+// and the previous entity, and Escape nothing.
 //
 // A scene with more faces than g_RenderMaxFaceNum is shown without edges and smoothing while the view changes, and in
 // full as soon as it rests. Nothing is drawn anew while nothing changes.
@@ -29,6 +32,7 @@
 //   SetScene                             true       true                    false         empty
 //   UpdateScene                          true       (fits if)               false         empty
 //   Look, Fit, Home, double click        true       true
+//   pick, hide layers, P                 true
 //   turn, move, zoom                     true       false       if large
 //   another size                         true       (fits if)   if large
 //   another scale of the screen          true       (fits if)
@@ -55,6 +59,19 @@ public:
     void Clear() { SetScene(nullptr); }
     // What stands in the view as long as there is nothing to see.
     void SetHint(const QString& hint);
+
+    // Which of the scene's layers are not shown; whatever is hidden cannot be picked. A new drawing shows all again, a
+    // later state of the same one does not.
+    void SetHiddenLayers(const HiddenLayers& hidden);
+    // Picks an entity; the null id picks nothing. What is picked is marked, and stays so when the scene is updated.
+    void Pick(AcDbObjectId id);
+    AcDbObjectId GetPicked() const { return m_picked; }
+    // Called whenever another entity, or none, has been picked.
+    std::function<void()> m_onPick;
+    void SetParallel(bool isParallel);
+    bool IsParallel() const { return m_isParallel; }
+    // Called when a key has changed that.
+    std::function<void()> m_onParallel;
 
     // Puts its texts (but the hint, which is the caller's) into the language in force.
     void Retranslate();
@@ -83,7 +100,7 @@ protected:
 private:
     enum class Drag { None, Turn, Move };
 
-    bool HasFaces() const { return m_scene && !m_scene->faces.empty(); }
+    bool HasShapes() const { return m_scene && (!m_scene->faces.empty() || !m_scene->lines.segments.empty()); }
     bool IsLarge() const;
     void TakeScene(std::shared_ptr<const Scene> scene);
     void TakeSize();
@@ -97,6 +114,10 @@ private:
     bool TurnByKey(int key);
     bool MoveByKey(int key);
     bool LookByKey(int key);
+    bool PickByKey(int key);
+    void PickAt(const QPointF& pixel);
+    void PickNext(int step);
+    void SetBoxes();
     void DrawPicture();
     void Refuse(const QString& reason);
 
@@ -104,13 +125,19 @@ private:
     std::unique_ptr<ScenePainter> m_painter;
     std::shared_ptr<const Scene> m_scene;
     ViewCamera m_camera;  // its pixels are those of the picture
+    HiddenLayers m_hidden;
+    AcDbObjectId m_picked;
     QImage m_picture;
     QString m_hint;
     QString m_problem;
     QTimer m_rest;  // from the last change of a large scene's view to the picture in full
     Drag m_drag = Drag::None;
     QPointF m_last;
-    double m_scale = 1.0;       // pixels of the picture in one of the widget's
+    QPointF m_pressed;       // where the button went down
+    bool m_isClick = false;  // it has not been moved since
+    double m_scale = 1.0;    // pixels of the picture in one of the widget's
+    bool m_isParallel = false;
+    bool m_isMarked = false;    // the painter knows what is hidden and picked
     bool m_isUploaded = false;  // the painter has this scene's faces
     bool m_isDirty = true;      // m_picture is not what would be drawn now
     bool m_isMoving = false;    // drawn without edges and smoothing

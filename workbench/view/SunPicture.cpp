@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "workbench/view/SceneLists.h"
+#include "workbench/view/DrawnScene.h"
 #include "workbench/view/Sky.h"
 
 namespace {
@@ -25,17 +25,16 @@ int MapSizeFor(const ViewCamera& camera, bool isFine) {
     return size;
 }
 
-// What faces and marks take up.
-std::optional<ViewBox> BoxOf(const SceneLists& scene, const SceneLists* marks) {
-    std::optional<ViewBox> box = scene.GetBox();
-    const std::optional<ViewBox> more = marks ? marks->GetBox() : std::nullopt;
-    if (!box || !more)
-        return box ? box : more;
-    box->least = {std::min(box->least.x, more->least.x), std::min(box->least.y, more->least.y),
-                  std::min(box->least.z, more->least.z)};
-    box->most = {std::max(box->most.x, more->most.x), std::max(box->most.y, more->most.y),
-                 std::max(box->most.z, more->most.z)};
-    return box;
+// The box around both, as far as they are there.
+std::optional<ViewBox> Joined(const std::optional<ViewBox>& box, const std::optional<ViewBox>& other) {
+    if (!box || !other)
+        return box ? box : other;
+    const QcGePoint& a = box->least;
+    const QcGePoint& b = other->least;
+    const QcGePoint& c = box->most;
+    const QcGePoint& d = other->most;
+    return ViewBox{{std::min(a.x, b.x), std::min(a.y, b.y), std::min(a.z, b.z)},
+                   {std::max(c.x, d.x), std::max(c.y, d.y), std::max(c.z, d.z)}};
 }
 
 // A disc of ground that is some times as wide as what stands on it.
@@ -74,13 +73,15 @@ std::array<double, 16> ProjectionFor(const ViewCamera& camera, const SeenSpace& 
 
 }  // namespace
 
-bool SunPicture::Aim(const ViewCamera& camera, const QcGeVector3d& direction, const SceneLists& scene,
-                     const SceneLists* marks, bool isFine) {
+bool SunPicture::Aim(const ViewCamera& camera, const QcGeVector3d& direction, const DrawnScene& scene, bool isFine) {
     const double length = direction.Length();
     m_toSun = length > 0.0 ? QcGeVector3d(direction.x / length, direction.y / length, direction.z / length)
                            : QcGeVector3d(0.0, 0.0, -1.0);
-    const std::optional<ViewBox> shown = BoxOf(scene, marks);
-    m_ground = GroundBelow(shown);
+    const std::optional<ViewBox> faces =
+        Joined(scene.lists.GetBox(), scene.marks ? scene.marks->GetBox() : std::nullopt);
+    const std::optional<ViewBox>& lines = scene.lists.GetLineBox();
+    const std::optional<ViewBox> shown = Joined(faces, lines);
+    m_ground = GroundBelow(faces ? faces : lines);
     m_hasGround = camera.IsParallel() ? camera.GetForward().z < 0.0 : camera.GetEye().z > m_ground.least.z;
     // Each for itself: an eye above the ground beside the scene is amidst neither, and need not see what is right
     // before it, which would cost the depths far away their digits.
@@ -88,16 +89,16 @@ bool SunPicture::Aim(const ViewCamera& camera, const QcGeVector3d& direction, co
     if (m_hasGround)
         m_seen = JoinSeen(m_seen, FindSeenSpace(camera, m_ground));
     m_frame.reset();
-    if (m_toSun.z > 0.0 && scene.GetBox())
-        m_frame = FrameSun(m_toSun, *scene.GetBox(), m_seen.corners);
+    if (m_toSun.z > 0.0 && scene.lists.GetBox())
+        m_frame = FrameSun(m_toSun, *scene.lists.GetBox(), m_seen.corners);
     return !m_frame || DrawMap(scene, MapSizeFor(camera, isFine));
 }
 
-bool SunPicture::DrawMap(const SceneLists& scene, int size) {
+bool SunPicture::DrawMap(const DrawnScene& scene, int size) {
     if (!m_map.Begin(size))
         return false;
     // From 0..1 to -1..1.
-    std::array<double, 16> matrix = m_frame->GetMatrix(scene.GetOrigin());
+    std::array<double, 16> matrix = m_frame->GetMatrix(scene.lists.GetOrigin());
     for (std::size_t column = 0; column < 4; ++column)
         for (std::size_t row = 0; row < 3; ++row)
             matrix[4 * column + row] = 2.0 * matrix[4 * column + row] - (column == 3 ? 1.0 : 0.0);
@@ -107,13 +108,13 @@ bool SunPicture::DrawMap(const SceneLists& scene, int size) {
     glDisable(GL_LIGHTING);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LESS);
-    scene.DrawFaces();
+    scene.lists.DrawFaces(scene.hidden);
     m_map.End();
     return true;
 }
 
-bool SunPicture::Draw(const ViewCamera& camera, const SceneLists& scene, const SceneLists* marks, bool edges) {
-    const QcGePoint& origin = scene.GetOrigin();
+bool SunPicture::Draw(const ViewCamera& camera, const DrawnScene& scene, bool edges) {
+    const QcGePoint& origin = scene.lists.GetOrigin();
     glClear(GL_DEPTH_BUFFER_BIT);
     DrawSky(m_toSun.z > 0.0 ? 1.0F : kNight);
     LoadMatrix(GL_PROJECTION, ProjectionFor(camera, m_seen));
@@ -134,24 +135,23 @@ bool SunPicture::Draw(const ViewCamera& camera, const SceneLists& scene, const S
         shading.toEye = {eye.x, eye.y, eye.z, 1.0};
     if (!m_shader.Begin(shading))
         return false;
-    DrawFaces(scene, marks);
+    DrawFaces(scene);
     m_shader.End();
-    if (edges)
-        scene.DrawEdges();
+    DrawThinParts(scene, edges);
     return true;
 }
 
 // Each steps back a little from what is drawn in its plane: the ground from faces, and faces from marks and edges.
-void SunPicture::DrawFaces(const SceneLists& scene, const SceneLists* marks) {
+void SunPicture::DrawFaces(const DrawnScene& scene) {
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(2.0F, 4.0F);
     if (m_hasGround)
-        DrawGround(scene.GetOrigin());
+        DrawGround(scene.lists.GetOrigin());
     glPolygonOffset(1.0F, 1.0F);
-    scene.DrawFaces();
+    scene.lists.DrawFaces(scene.hidden);
     glDisable(GL_POLYGON_OFFSET_FILL);
-    if (marks)
-        marks->DrawFaces();
+    if (scene.marks)
+        scene.marks->DrawFaces({});
 }
 
 void SunPicture::DrawGround(const QcGePoint& origin) {

@@ -9,22 +9,21 @@
 #include "workbench/view/SunMap.h"
 #include "workbench/view/SunShader.h"
 
-class SceneLists;
+struct DrawnScene;
 
 // Belongs to the context that is current when Aim is first called, which has to be current in all calls, the destructor
 // included.
 class SunPicture {
 public:
-    // Finds out what is seen of the scene and the marks (null for none), and draws the map of it, a fine one or one
-    // that is soon drawn. False where the graphics cannot.
-    bool Aim(const ViewCamera& camera, const QcGeVector3d& direction, const SceneLists& scene, const SceneLists* marks,
-             bool isFine);
-    // Draws what was aimed at into the context's current buffer: sky, ground, faces, marks and edges.
-    bool Draw(const ViewCamera& camera, const SceneLists& scene, const SceneLists* marks, bool edges);
+    // Finds out what is seen, and draws the map of it, a fine one or one that is soon drawn. False where the graphics
+    // cannot.
+    bool Aim(const ViewCamera& camera, const QcGeVector3d& direction, const DrawnScene& scene, bool isFine);
+    // Draws what was aimed at into the context's current buffer: sky, ground, faces, what lies on them, and edges.
+    bool Draw(const ViewCamera& camera, const DrawnScene& scene, bool edges);
 
 private:
-    bool DrawMap(const SceneLists& scene, int size);
-    void DrawFaces(const SceneLists& scene, const SceneLists* marks);
+    bool DrawMap(const DrawnScene& scene, int size);
+    void DrawFaces(const DrawnScene& scene);
     void DrawGround(const QcGePoint& origin);
 
     QcGeVector3d m_toSun;

@@ -15,6 +15,7 @@ constexpr double kWidestTangent = 1e6;
 constexpr double kMargin = 0.95;
 constexpr double kSteepest = 89.0;
 constexpr double kSmallestRadius = 1e-6;
+constexpr double kFarthestAround = 100.0;  // in radii of the box
 // Distances from the target, in radii of the box.
 constexpr double kNearestDistance = 1e-6;
 constexpr double kFarthestDistance = 1e6;
@@ -87,7 +88,23 @@ void ViewCamera::SetBox(const ViewBox& box) {
     // A radius that the coordinates' own digits can still tell from nothing.
     const double reach = std::max(m_least.Length3d(), m_most.Length3d());
     m_radius = radius > 0.0 ? std::max({radius, kSmallestRadius, reach * 1e-12}) : std::max(1.0, reach * 1e-9);
+    m_around = {m_least, m_most};
     SetDistance(m_distance);
+}
+
+void ViewCamera::SetSurroundings(const ViewBox& box) {
+    const double reach = kFarthestAround * m_radius;
+    for (double QcGePoint::*const axis : {&QcGePoint::x, &QcGePoint::y, &QcGePoint::z}) {
+        const double a = Cut(box.least.*axis);
+        const double b = Cut(box.most.*axis);
+        m_around.least.*axis = std::clamp(std::min(a, b), m_least.*axis - reach, m_least.*axis);
+        m_around.most.*axis = std::clamp(std::max(a, b), m_most.*axis, m_most.*axis + reach);
+    }
+}
+
+void ViewCamera::SetParallel(bool isParallel) {
+    m_isAlwaysParallel = isParallel;
+    m_isParallel = isParallel || m_altitude > kSteepest;
 }
 
 void ViewCamera::SetViewport(int width, int height) {
@@ -103,7 +120,7 @@ void ViewCamera::Look(double azimuth, double altitude) {
         azimuth += 360.0;
     m_azimuth = azimuth < 360.0 ? azimuth : 0.0;  // adding 360 to a hair less than 0 gives 360
     m_altitude = std::clamp(altitude, -kSteepest, kSteepest);
-    m_isParallel = false;
+    m_isParallel = m_isAlwaysParallel;
 }
 
 void ViewCamera::Look(StandardView view) {
@@ -205,7 +222,7 @@ QcGeVector3d ViewCamera::GetForward() const {
 void ViewCamera::GetDepths(double& nearest, double& farthest) const {
     nearest = INFINITY;
     farthest = -INFINITY;
-    for (const QcGePoint& corner : CornersOf(m_least, m_most)) {
+    for (const QcGePoint& corner : CornersOf(m_around.least, m_around.most)) {
         nearest = std::min(nearest, DepthOf(corner));
         farthest = std::max(farthest, DepthOf(corner));
     }

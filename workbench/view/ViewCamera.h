@@ -33,7 +33,8 @@ enum class StandardView { Top, South, East, North, West, SouthEast, SouthWest };
 //
 // The eye stands at a distance from the target, in the direction of an azimuth (degrees clockwise from north, as seen
 // from the target) and an altitude (degrees above the horizon). A view from the south thus has the azimuth 180. All
-// views are in perspective but the one from the top, which is a plan: parallel, north up, until it is turned.
+// views are in perspective but the one from the top, which is a plan: parallel, north up, until it is turned. With
+// SetParallel all are parallel.
 //
 // Everything it answers is a finite number whatever it is given: arguments that are not finite change nothing, boxes
 // are cut to 1e15 units around the origin, a box turned inside out is turned back, and a picture has at least 1 pixel.
@@ -44,6 +45,9 @@ public:
 
     // What there is to see: Fit shows it, and the nearest and the farthest depth come from it. Nothing moves.
     void SetBox(const ViewBox& box);
+    // What else there is around it. The depths reach so far, but no farther than 100 times the box's radius from it,
+    // so that one stray line far away does not take the depths from all the others. SetBox forgets it.
+    void SetSurroundings(const ViewBox& box);
     void SetViewport(int width, int height);
     int GetWidth() const { return m_width; }
     int GetHeight() const { return m_height; }
@@ -51,6 +55,9 @@ public:
     // Turns the eye around the target. Look cuts the altitude to -89..89 degrees.
     void Look(double azimuth, double altitude);
     void Look(StandardView view);
+    // Whether lines that are parallel in the drawing stay so in every view. What is at the target's depth keeps its
+    // size and place.
+    void SetParallel(bool isParallel);
     // From where the eye stands, by so many degrees clockwise (seen from above) and upwards. A plan becomes a view in
     // perspective.
     void Orbit(double azimuth, double altitude);
@@ -98,6 +105,7 @@ private:
     void SetDistance(double distance);
 
     QcGePoint m_least, m_most;
+    ViewBox m_around;  // with that
     double m_radius = 1.0;
     QcGePoint m_target;
     double m_azimuth = 135.0;
@@ -105,6 +113,7 @@ private:
     double m_distance = 3.0;
     double m_halfFieldTangent = 0.36397023426620234;  // 20 degrees to the upper edge of the picture
     bool m_isParallel = false;
+    bool m_isAlwaysParallel = false;
     int m_width = 1;
     int m_height = 1;
 };

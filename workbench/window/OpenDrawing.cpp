@@ -16,9 +16,13 @@ fs::path PathOf(const CString& path) {
     return fs::path(ToUtf8(path.View()));
 }
 
-std::shared_ptr<const Scene> SceneOf(const AcDbDatabase& drawing, CString& message) {
+std::shared_ptr<const Scene> SceneOf(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
+                                     CString& message) {
     try {
-        return std::make_shared<const Scene>(BuildScene(drawing));
+        SceneOptions options;
+        options.heights = heights;
+        options.hasLines = true;
+        return std::make_shared<const Scene>(BuildScene(drawing, options));
     } catch (const std::bad_alloc&) {
         message = Say(L"内存不够，显示不了这个图形");
         return nullptr;
@@ -46,13 +50,15 @@ bool OpenDrawing::Open(const CString& path, CString& message) {
     auto drawing = std::make_unique<AcDbDatabase>();
     if (drawing->dxfIn(target.GetString(), &message) != Acad::eOk)
         return false;
-    std::shared_ptr<const Scene> scene = SceneOf(*drawing, message);
+    std::shared_ptr<const Scene> scene = SceneOf(*drawing, {}, message);
     if (!scene)
         return false;
     m_inHost.reset();
     m_drawing = std::move(drawing);
     m_scene = std::move(scene);
     m_sceneChanges = 0;
+    m_heights.clear();
+    m_isOtherHeights = false;
     m_path = target;
     m_state = state;
     m_inHost.emplace(*m_drawing);
@@ -69,14 +75,20 @@ bool OpenDrawing::Save(const CString& path, CString& message) {
 }
 
 bool OpenDrawing::RefreshScene(CString& message) {
-    if (!IsOpen() || m_drawing->GetChangeCount() == m_sceneChanges)
+    if (!IsOpen() || (m_drawing->GetChangeCount() == m_sceneChanges && !m_isOtherHeights))
         return true;
-    std::shared_ptr<const Scene> scene = SceneOf(*m_drawing, message);
+    std::shared_ptr<const Scene> scene = SceneOf(*m_drawing, m_heights, message);
     if (!scene)
         return false;
     m_scene = std::move(scene);
     m_sceneChanges = m_drawing->GetChangeCount();
+    m_isOtherHeights = false;
     return true;
+}
+
+void OpenDrawing::SetHeights(std::vector<LayerHeight> heights) {
+    m_heights = std::move(heights);
+    m_isOtherHeights = true;
 }
 
 bool OpenDrawing::HasFileChanged() const {

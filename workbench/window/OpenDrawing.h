@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/base/CString.h"
 #include "platform/host/AcDbDatabase.h"
@@ -28,6 +29,9 @@ public:
     // Reads the faces anew when the drawing was changed after they were read. False, with the reason, and the faces
     // stay.
     bool RefreshScene(CString& message);
+    // Heights for layers, which count from the next RefreshScene on; another drawing begins without any.
+    void SetHeights(std::vector<LayerHeight> heights);
+    const std::vector<LayerHeight>& GetHeights() const { return m_heights; }
 
     bool IsOpen() const { return m_drawing != nullptr; }
     bool IsModified() const { return IsOpen() && m_drawing->IsModified(); }
@@ -54,6 +58,8 @@ private:
     std::optional<HostDrawing> m_inHost;  // goes before the drawing itself
     std::shared_ptr<const Scene> m_scene;
     std::uint64_t m_sceneChanges = 0;  // the drawing's changes that the faces know of
+    std::vector<LayerHeight> m_heights;
+    bool m_isOtherHeights = false;  // than those that the scene was made with
     CString m_path;
     std::optional<FileState> m_state;
 };

@@ -1,0 +1,9 @@
+// Draws edges, lines, and above them what is marked.
+#include "workbench/view/DrawnScene.h"
+
+void DrawThinParts(const DrawnScene& scene, bool edges) {
+    if (edges)
+        scene.lists.DrawEdges(scene.hidden);
+    scene.lists.DrawLines(scene.hidden);
+    DrawMarked(scene.marked, scene.lists.GetOrigin());
+}

@@ -1,0 +1,15 @@
+// What pictures of a scene show of it.
+#pragma once
+
+#include "workbench/view/MarkedShapes.h"
+#include "workbench/view/SceneLists.h"
+
+struct DrawnScene {
+    const SceneLists& lists;
+    const SceneLists* marks;  // faces that lie on others; null for none
+    const MarkedShapes& marked;
+    const HiddenLayers& hidden;  // of `lists`
+};
+
+// Draws what is no face, edges only if they are wanted. Expects lighting to be off.
+void DrawThinParts(const DrawnScene& scene, bool edges);
