@@ -11,6 +11,7 @@
 #include "platform/base/TextFormat.h"
 
 constinit TeskLanguageSwitch* g_pTeskLangSwitch = nullptr;
+bool g_isLanguageAsked = false;
 constinit QcDtDictionary* g_pCurModuleLang = nullptr;
 
 // The text lives in storage without a destructor and is made when this library is loaded, which is before any static

@@ -57,5 +57,8 @@ ORVO_API extern QcDtDictionary* g_pCurModuleLang;
 // The interface language in force, "Chs" at first. Lives as long as the process, also past every static destructor.
 ORVO_API extern CString& g_strCurLanguage;
 
+// Whether the person asked for the language when the program was started, so that none that was kept counts.
+ORVO_API extern bool g_isLanguageAsked;
+
 // The text to show for a built-in text of the platform itself: through the switch, if there is one.
 ORVO_API CString PlatformText(const wchar_t* text);

@@ -23,10 +23,14 @@ std::string_view EnvironmentLocale() {
 
 }  // namespace
 
-CString ChooseLanguage(int argc, const char* const* argv) {
+bool IsLanguageAsked(int argc, const char* const* argv) {
     const std::vector<std::string_view> wanted = OptionValues(argc, argv, "--language");
-    if (!wanted.empty() && IsKnown(wanted.front()))
-        return FromUtf8(wanted.front());
+    return !wanted.empty() && IsKnown(wanted.front());
+}
+
+CString ChooseLanguage(int argc, const char* const* argv) {
+    if (IsLanguageAsked(argc, argv))
+        return FromUtf8(OptionValues(argc, argv, "--language").front());
     const std::string_view locale = EnvironmentLocale();
     const std::string_view language = locale.substr(0, locale.find_first_of("_.@"));
     const bool isNeutral = language.empty() || language == "C" || language == "POSIX";

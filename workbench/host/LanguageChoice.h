@@ -9,3 +9,5 @@
 // give Chinese, which is what the texts are written in, and any other language English. With none of the three set it
 // is Chinese.
 CString ChooseLanguage(int argc, const char* const* argv);
+// Whether it was the option that decided.
+bool IsLanguageAsked(int argc, const char* const* argv);

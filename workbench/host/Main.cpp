@@ -89,6 +89,7 @@ int main(int argc, char** argv) {
     TeskLanguageSwitch language;
     g_pTeskLangSwitch = &language;
     language.SetLanguage(ChooseLanguage(argc, argv));
+    g_isLanguageAsked = IsLanguageAsked(argc, argv);
     CopyShippedFiles();  // says itself what it could not do; the shipped files then serve as they are
 
     int code = kExitFailed;

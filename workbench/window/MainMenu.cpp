@@ -6,6 +6,7 @@
 #include <QMenuBar>
 
 #include "platform/base/Language.h"
+#include "platform/base/PlainText.h"
 #include "workbench/commands/Completion.h"
 #include "workbench/view/WidgetText.h"
 
@@ -36,6 +37,7 @@ void MainMenu::Build() {
         menu->deleteLater();
     m_window.menuBar()->clear();
     AddDrawingMenu();
+    AddViewMenu();
     AddCommandMenu();
     AddLanguageMenu();
     AddHelpMenu();
@@ -45,6 +47,30 @@ void MainMenu::SetHasDrawing(bool hasDrawing) {
     m_hasDrawing = hasDrawing;
     m_save->setEnabled(hasDrawing);
     m_saveAs->setEnabled(hasDrawing);
+    m_reload->setEnabled(hasDrawing);
+    m_savePicture->setEnabled(hasDrawing);
+}
+
+void MainMenu::SetParallel(bool isParallel) {
+    m_isParallel = isParallel;
+    m_parallel->setChecked(isParallel);
+}
+
+void MainMenu::RefreshRecent() {
+    m_recent->clear();
+    int number = 0;
+    for (const CString& path : m_actions.recent()) {
+        const QString title = Shown(Printable(path)).replace('&', "&&");
+        const QString mnemonic = number < 9 ? QString("&%1 ").arg(number + 1) : QString();
+        m_recent->addAction(mnemonic + title, &m_window, [open = m_actions.openRecent, path] { open(path); });
+        ++number;
+    }
+    m_recent->setEnabled(number > 0);
+    m_recent->addSeparator();
+    m_recent->addAction(ShownSay(L"清空列表(&C)"), &m_window, [this] {
+        m_actions.clearRecent();
+        RefreshRecent();
+    });
 }
 
 QMenu* MainMenu::AddMenu(const wchar_t* title) {
@@ -54,11 +80,25 @@ QMenu* MainMenu::AddMenu(const wchar_t* title) {
 void MainMenu::AddDrawingMenu() {
     QMenu* menu = AddMenu(L"图形(&F)");
     menu->addAction(ShownSay(L"打开(&O)..."), QKeySequence::Open, &m_window, m_actions.open);
+    m_recent = menu->addMenu(ShownSay(L"最近打开(&R)"));
+    m_reload = menu->addAction(ShownSay(L"重新读入(&L)"), QKeySequence("F5"), &m_window, m_actions.reload);
     m_save = menu->addAction(ShownSay(L"保存(&S)"), QKeySequence::Save, &m_window, m_actions.save);
     m_saveAs = menu->addAction(ShownSay(L"另存为(&A)..."), QKeySequence("Ctrl+Shift+S"), &m_window, m_actions.saveAs);
+    m_savePicture = menu->addAction(ShownSay(L"保存视图为图片(&P)..."), QKeySequence("Ctrl+Shift+P"), &m_window,
+                                    m_actions.savePicture);
     menu->addSeparator();
     menu->addAction(ShownSay(L"退出(&X)"), QKeySequence("Ctrl+Q"), &m_window, &QMainWindow::close);
+    RefreshRecent();
     SetHasDrawing(m_hasDrawing);
+}
+
+void MainMenu::AddViewMenu() {
+    QMenu* menu = AddMenu(L"视图(&V)");
+    m_parallel = menu->addAction(ShownSay(L"平行投影(&P)") + "\tP", &m_window, m_actions.toggleParallel);
+    m_parallel->setCheckable(true);
+    m_parallel->setChecked(m_isParallel);
+    menu->addSeparator();
+    m_actions.addPanels(*menu);
 }
 
 void MainMenu::AddCommandMenu() {
@@ -88,7 +128,7 @@ void MainMenu::AddLanguageMenu() {
 
 void MainMenu::AddHelpMenu() {
     QMenu* menu = AddMenu(L"帮助(&H)");
-    menu->addAction(ShownSay(L"命令列表(&L)"), QKeySequence::HelpContents, &m_window,
-                    [run = m_actions.run] { run(L"help"); });
+    menu->addAction(ShownSay(L"视图的按键(&K)"), QKeySequence::HelpContents, &m_window, m_actions.keys);
+    menu->addAction(ShownSay(L"命令列表(&L)"), &m_window, [run = m_actions.run] { run(L"help"); });
     menu->addAction(ShownSay(L"关于(&A)..."), &m_window, m_actions.about);
 }

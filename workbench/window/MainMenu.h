@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "platform/base/CString.h"
 
@@ -17,6 +18,14 @@ struct MenuActions {
     std::function<void(const CString&)> run;          // a line of the command line
     std::function<void(const CString&)> setLanguage;  // "zh" or "en"
     std::function<void()> about;
+    std::function<void(QMenu&)> addPanels;  // fills the view's menu with an entry for each panel
+    std::function<void()> toggleParallel;
+    std::function<void()> savePicture;
+    std::function<void()> reload;
+    std::function<void(const CString&)> openRecent;  // a path
+    std::function<std::vector<CString>()> recent;    // paths, the latest first
+    std::function<void()> clearRecent;
+    std::function<void()> keys;
 };
 
 // Belongs to a window and goes before it.
@@ -29,10 +38,14 @@ public:
     void Build();
     // Saving is possible when a drawing is open.
     void SetHasDrawing(bool hasDrawing);
+    void SetParallel(bool isParallel);
+    // Names the recent files anew.
+    void RefreshRecent();
 
 private:
     QMenu* AddMenu(const wchar_t* title);
     void AddDrawingMenu();
+    void AddViewMenu();
     void AddCommandMenu();
     void AddLanguageMenu();
     void AddHelpMenu();
@@ -41,5 +54,10 @@ private:
     MenuActions m_actions;
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
+    QAction* m_reload = nullptr;
+    QAction* m_savePicture = nullptr;
+    QAction* m_parallel = nullptr;
+    QMenu* m_recent = nullptr;
     bool m_hasDrawing = false;
+    bool m_isParallel = false;
 };

@@ -6,6 +6,8 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QSaveFile>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QUrl>
@@ -27,6 +29,7 @@
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
+#include "workbench/window/ViewKeys.h"
 #include "workbench/window/WindowIcon.h"
 
 namespace {
@@ -57,10 +60,29 @@ CString DrawingFilter() {
 
 }  // namespace
 
-MainWindow::MainWindow()
-    : m_menu(*this, {[this] { ChooseFile(); }, [this] { Save(); }, [this] { SaveAs(); },
-                     [this](const CString& line) { RunLine(line); },
-                     [this](const CString& language) { SetLanguage(language); }, [this] { ShowAbout(); }}) {
+MenuActions MainWindow::ActionsOfMenu() {
+    MenuActions actions;
+    actions.open = [this] { ChooseFile(); };
+    actions.save = [this] { Save(); };
+    actions.saveAs = [this] { SaveAs(); };
+    actions.run = [this](const CString& line) { RunLine(line); };
+    actions.setLanguage = [this](const CString& language) { SetLanguage(language); };
+    actions.about = [this] { ShowAbout(); };
+    actions.addPanels = [this](QMenu& menu) { m_panels->AddEntries(menu); };
+    actions.toggleParallel = [this] {
+        m_view->SetParallel(!m_view->IsParallel());
+        ToggleParallel();
+    };
+    actions.savePicture = [this] { SavePicture(); };
+    actions.reload = [this] { Reload(); };
+    actions.openRecent = [this](const CString& path) { OpenFile(path); };
+    actions.recent = [this] { return m_memory.Get().recent; };
+    actions.clearRecent = [this] { m_memory.ForgetRecent(); };
+    actions.keys = [this] { ShowKeys(); };
+    return actions;
+}
+
+MainWindow::MainWindow() : m_menu(*this, ActionsOfMenu()) {
     setObjectName("MainWindow");
     setWindowIcon(WindowIcon());
     setAcceptDrops(true);
@@ -68,14 +90,27 @@ MainWindow::MainWindow()
     AttachFrame(m_frame, static_cast<QWidget*>(this));
     acedSetAcadFrame(&m_frame);
     TakeOverStreams();
+    m_memory.Load();
+    if (const CString& kept = m_memory.Get().language; !kept.IsEmpty() && !g_isLanguageAsked && g_pTeskLangSwitch)
+        g_pTeskLangSwitch->SetLanguage(kept.GetString());
+    m_view->SetParallel(m_memory.Get().isParallel);
     Retranslate();
-    resize(1100, 760);
+    RestorePlace();
     m_edit->setFocus();
     for (const CString& message : MessagesOnUnusableFiles())
         m_log->AddComplaint(message);
 }
 
+// At first a usual size, or all of a smaller screen.
+void MainWindow::RestorePlace() {
+    resize(QSize(1100, 760).boundedTo(screen()->availableSize()));
+    const RememberedWindow& kept = m_memory.Get();
+    restoreGeometry(QByteArray::fromStdString(kept.place));
+    restoreState(QByteArray::fromStdString(kept.panels));
+}
+
 MainWindow::~MainWindow() {
+    m_panels.reset();
     SetOutputSink(nullptr);
     SetCommandLineSink(nullptr, nullptr);
     SetMessageSink(nullptr, nullptr);
@@ -108,6 +143,10 @@ void MainWindow::BuildWidgets() {
     splitter->setSizes({520, 180});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
+    m_panels = std::make_unique<SidePanels>(*this, *m_view, m_drawing);
+    m_panels->m_onHeights = [this] { ApplyHeights(); };
+    m_panels->m_onComplaint = [this](const CString& text) { m_log->AddComplaint(text); };
+    m_view->m_onParallel = [this] { ToggleParallel(); };
 
     m_note = new QLabel(this);
     m_note->setObjectName("Note");
@@ -142,6 +181,8 @@ void MainWindow::Retranslate() {
     m_edit->setAccessibleName(ShownSay(L"命令行"));
     m_log->setAccessibleName(ShownSay(L"命令记录"));
     m_view->Retranslate();
+    m_panels->Retranslate();
+    m_menu.SetParallel(m_view->IsParallel());
     Refresh();
 }
 
@@ -150,8 +191,10 @@ void MainWindow::Refresh() {
     const std::shared_ptr<const Scene> before = m_drawing.GetScene();
     if (!m_drawing.RefreshScene(message))
         m_log->AddComplaint(message);
-    if (m_drawing.GetScene() != before)
+    if (m_drawing.GetScene() != before) {
         m_view->UpdateScene(m_drawing.GetScene());
+        m_panels->ShowDrawing(false);
+    }
     m_view->SetHint(m_drawing.IsOpen() ? Shown(TextForNoFaces(*m_drawing.GetScene()))
                                        : ShownSay(L"把 DXF 文件拖到这里，或按 Ctrl+O 打开"));
     const QString note = Shown(Printable(g_SunDataSet.GetNoteString()));
@@ -189,10 +232,12 @@ void MainWindow::RunTyped(const CString& line) {
         m_log->AddComplaint(SayFormat(L"内部错误：%s", FromUtf8(error.what())));
     }
     m_isRunning = false;
-    if (answer.isLeaving || m_isClosing)
+    if (answer.isLeaving || m_isClosing) {
         close();
-    else
-        Refresh();
+        return;
+    }
+    ReloadIfWritten();
+    Refresh();
 }
 
 void MainWindow::CloseSoon() {
@@ -228,16 +273,96 @@ bool MainWindow::OpenFile(const CString& path) {
     }
     if (!message.IsEmpty())
         m_log->AddComplaint(message);
-    const Scene& scene = *m_drawing.GetScene();
     m_view->SetScene(m_drawing.GetScene());
+    m_panels->ShowDrawing(true);
+    m_memory.KeepRecent(m_drawing.GetPath());
+    m_menu.RefreshRecent();
+    TellOfDrawing();
+    Refresh();
+    return true;
+}
+
+void MainWindow::TellOfDrawing() {
+    const Scene& scene = *m_drawing.GetScene();
     m_log->AddText(SayFormat(L"已打开：实体 %d 个，面 %d 个", static_cast<int>(m_drawing.GetEntityCount()),
                              static_cast<int>(scene.faces.size())));
     if (scene.faultyCount > 0)
         m_log->AddComplaint(SayFormat(L"%d 个实体的数据组不成面，没有显示", static_cast<int>(scene.faultyCount)));
     if (!scene.tooLarge.empty())
         m_log->AddComplaint(m_drawing.GetTooLargeText());
+    if (scene.lines.leftOutCount > 0)
+        m_log->AddComplaint(SayFormat(L"%d 个实体的线太多（图形一共超过 %d 段），没有显示",
+                                      static_cast<int>(scene.lines.leftOutCount),
+                                      static_cast<int>(kMostSceneSegments)));
+    if (scene.faces.empty() && !scene.lines.segments.empty())
+        m_log->AddText(Say(L"这个图形只有线，没有面。要让闭合的轮廓成为房屋，请在图层列表里写上它们的高度"));
+}
+
+void MainWindow::Reload() {
+    if (m_isRunning || !m_drawing.IsOpen() || !MayLeaveDrawing())
+        return;
+    // The ids of a drawing that was read anew are others.
+    const std::uint64_t picked = m_drawing.GetDatabase().GetHandle(m_view->GetPicked());
+    CString message;
+    bool isRead = false;
+    {
+        const WaitCursor wait;
+        isRead = m_drawing.Reload(message);
+    }
+    if (!isRead)
+        return m_log->AddComplaint(message);
+    m_view->UpdateScene(m_drawing.GetScene());
+    m_view->Pick(m_drawing.GetDatabase().FindHandle(picked));
+    m_panels->ShowDrawing(false);
+    m_log->AddText(SayFormat(L"已重新读入 %s", Printable(m_drawing.GetFileName())));
     Refresh();
-    return true;
+}
+
+// Changes that are not saved stay: those of the file can be had with F5, after a question.
+void MainWindow::ReloadIfWritten() {
+    if (!m_drawing.IsOpen() || !m_drawing.HasFileChanged())
+        return;
+    if (m_drawing.IsModified())
+        m_log->AddComplaint(SayFormat(L"%s 的文件已被改写，这里的图形还有没有保存的改动；按 F5 重新读入",
+                                      Printable(m_drawing.GetFileName())));
+    else
+        Reload();
+}
+
+void MainWindow::ToggleParallel() {
+    m_menu.SetParallel(m_view->IsParallel());
+    m_memory.KeepParallel(m_view->IsParallel());
+}
+
+void MainWindow::SavePicture() {
+    const QImage picture = m_view->GetPicture();
+    if (picture.isNull()) {
+        m_log->AddComplaint(Say(L"视图里没有可以保存的图像"));
+        return;
+    }
+    CFileDialog dialog(FALSE, L"png", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                       (Say(L"PNG 图片 (*.png)") + L"|*.png||").GetString(), &m_frame);
+    if (dialog.DoModal() != IDOK)
+        return;
+    const CString path = dialog.GetPathName();
+    QSaveFile file(Shown(path));
+    if (file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit())
+        m_log->AddText(SayFormat(L"视图已保存到 %s", Printable(path)));
+    else
+        m_log->AddComplaint(SayFormat(L"无法保存 %s：%s", Printable(path), Printable(Typed(file.errorString()))));
+}
+
+void MainWindow::ShowKeys() {
+    MessageBox(m_frame.m_hWnd, ViewKeysText().GetString(), Say(L"视图的按键").GetString(), MB_OK | MB_ICONINFORMATION);
+}
+
+void MainWindow::ApplyHeights() {
+    Refresh();
+    const std::vector<LayerHeight>& heights = m_drawing.GetHeights();
+    const std::vector<LayerHeightUse>& uses = m_drawing.GetScene()->heights;
+    for (std::size_t i = 0; i < uses.size() && i < heights.size(); ++i)
+        m_log->AddText(SayFormat(L"图层 %s：%d 个闭合轮廓有了高度，%d 条开口的线没有", Printable(heights[i].layer),
+                                 static_cast<int>(uses[i].bodyCount), static_cast<int>(uses[i].openCount)));
 }
 
 bool MainWindow::Save() {
@@ -286,6 +411,7 @@ bool MainWindow::MayLeaveDrawing() {
 void MainWindow::SetLanguage(const CString& language) {
     if (g_pTeskLangSwitch)
         g_pTeskLangSwitch->SetLanguage(language.GetString());
+    m_memory.KeepLanguage(language);
     Retranslate();
 }
 
@@ -298,6 +424,8 @@ void MainWindow::ShowAbout() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     // A command that is still running would return to a window that is gone.
     event->setAccepted(!m_isRunning && MayLeaveDrawing());
+    if (event->isAccepted())
+        m_memory.KeepPlace(saveGeometry().toStdString(), saveState().toStdString());
     m_isClosing = m_isClosing && m_isRunning;
 }
 

@@ -9,6 +9,8 @@
 #include "workbench/terminal/OutputSink.h"
 #include "workbench/window/MainMenu.h"
 #include "workbench/window/OpenDrawing.h"
+#include "workbench/window/SidePanels.h"
+#include "workbench/window/WindowMemory.h"
 
 class CommandEdit;
 class CommandLog;
@@ -48,7 +50,17 @@ private:
     void Refresh();
     void RefreshTitle();
     void RunTyped(const CString& line);
+    MenuActions ActionsOfMenu();
+    void RestorePlace();
     void ChooseFile();
+    void Reload();
+    // After a command: another program, or the command itself, may have written the drawing's file.
+    void ReloadIfWritten();
+    void ToggleParallel();
+    void SavePicture();
+    void ShowKeys();
+    void ApplyHeights();
+    void TellOfDrawing();
     bool Save();
     bool SaveAs();
     bool SaveTo(const CString& path);
@@ -61,6 +73,8 @@ private:
     CollectedOutput m_output;
     OpenDrawing m_drawing;
     MainMenu m_menu;
+    WindowMemory m_memory;
+    std::unique_ptr<SidePanels> m_panels;
     bool m_isRunning = false;
     bool m_isClosing = false;
     CommandLog* m_log = nullptr;

@@ -46,20 +46,28 @@ bool OpenDrawing::Open(const CString& path, CString& message) {
     std::error_code error;
     const fs::path absolute = fs::absolute(PathOf(path), error);
     const CString target = error ? path : FromUtf8(absolute.string());
-    const std::optional<FileState> state = StateOf(target);
+    return Read(target, {}, message);
+}
+
+bool OpenDrawing::Reload(CString& message) {
+    return IsOpen() && Read(CString(m_path), std::vector<LayerHeight>(m_heights), message);
+}
+
+bool OpenDrawing::Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message) {
+    const std::optional<FileState> state = StateOf(path);
     auto drawing = std::make_unique<AcDbDatabase>();
-    if (drawing->dxfIn(target.GetString(), &message) != Acad::eOk)
+    if (drawing->dxfIn(path.GetString(), &message) != Acad::eOk)
         return false;
-    std::shared_ptr<const Scene> scene = SceneOf(*drawing, {}, message);
+    std::shared_ptr<const Scene> scene = SceneOf(*drawing, heights, message);
     if (!scene)
         return false;
     m_inHost.reset();
     m_drawing = std::move(drawing);
     m_scene = std::move(scene);
     m_sceneChanges = 0;
-    m_heights.clear();
+    m_heights = heights;
     m_isOtherHeights = false;
-    m_path = target;
+    m_path = path;
     m_state = state;
     m_inHost.emplace(*m_drawing);
     message = m_drawing->GetReadWarning();

@@ -24,6 +24,8 @@ public:
     // Takes the place of the drawing that was open. False, with the reason, and that one stays. A drawing with faults
     // that can be read has a message, too.
     bool Open(const CString& path, CString& message);
+    // Reads the file anew, with the heights that were set. False, with the reason, and the drawing stays as it is.
+    bool Reload(CString& message);
     // Saves under the given path, which is the drawing's from then on. False, with the reason.
     bool Save(const CString& path, CString& message);
     // Reads the faces anew when the drawing was changed after they were read. False, with the reason, and the faces
@@ -34,6 +36,8 @@ public:
     const std::vector<LayerHeight>& GetHeights() const { return m_heights; }
 
     bool IsOpen() const { return m_drawing != nullptr; }
+    // Of the open drawing: there must be one.
+    const AcDbDatabase& GetDatabase() const { return *m_drawing; }
     bool IsModified() const { return IsOpen() && m_drawing->IsModified(); }
     // Whether somebody else has written the file since it was opened or saved; also when it is gone.
     bool HasFileChanged() const;
@@ -53,6 +57,7 @@ private:
         bool operator==(const FileState&) const = default;
     };
     static std::optional<FileState> StateOf(const CString& path);
+    bool Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message);
 
     std::unique_ptr<AcDbDatabase> m_drawing;
     std::optional<HostDrawing> m_inHost;  // goes before the drawing itself

@@ -1,0 +1,45 @@
+// The panels that stand beside the view: the layers of the open drawing, and the properties of what was picked.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "scene/LayerHeight.h"
+
+class LayerPanel;
+class OpenDrawing;
+class PropertiesPanel;
+class QDockWidget;
+class QMainWindow;
+class QMenu;
+class QWidget;
+class SceneView;
+
+// Belongs to the window, the view and the drawing, and goes before them. A further panel is one more AddDock.
+class SidePanels {
+public:
+    SidePanels(QMainWindow& window, SceneView& view, OpenDrawing& drawing);
+
+    // Shows the open drawing: another one, or a later state of the same.
+    void ShowDrawing(bool isAnother);
+    void Retranslate();
+    // An entry for each panel, which shows and hides it.
+    void AddEntries(QMenu& menu) const;
+
+    // The user gave heights to layers, which are the drawing's already.
+    std::function<void()> m_onHeights;
+    std::function<void(const CString&)> m_onComplaint;
+
+private:
+    QDockWidget* AddDock(QWidget& panel, const char* name);
+    void ShowPicked();
+
+    QMainWindow& m_window;
+    SceneView& m_view;
+    OpenDrawing& m_drawing;
+    LayerPanel* m_layers;
+    PropertiesPanel* m_properties;
+    QDockWidget* m_layerDock;
+    QDockWidget* m_propertyDock;
+};

@@ -1,0 +1,44 @@
+// What the window remembers from one start to the next, in window.xml of the user's folder.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/base/CString.h"
+
+class QcDtDictionary;
+
+inline constexpr std::size_t kMostRecentFiles = 10;
+
+struct RememberedWindow {
+    std::string place;            // size, place and state of the window's frame, as the toolkit writes them
+    std::string panels;           // the same of the panels
+    CString language;             // "zh" or "en", once one was chosen in the window
+    bool isParallel = false;      // the view
+    std::vector<CString> recent;  // absolute paths of drawings, the latest first
+};
+
+// Several windows may be open at once: each writes what it changed over what the file has by then, so that the recent
+// files are those of all of them, and the rest is that of the window which closed last.
+class WindowMemory {
+public:
+    // Reads the file; a missing one is none. One that is damaged, or something else, is not used, with a message that
+    // tells why; the next save keeps it as window.xml.refused-1 (or the next number).
+    void Load();
+    const RememberedWindow& Get() const { return m_remembered; }
+
+    void KeepPlace(const std::string& place, const std::string& panels);
+    void KeepLanguage(const CString& language);
+    void KeepParallel(bool isParallel);
+    // Puts a file in front of the others.
+    void KeepRecent(const CString& path);
+    void ForgetRecent();
+
+private:
+    template <class Change>
+    void Keep(Change change);
+
+    RememberedWindow m_remembered;
+    bool m_isTold = false;  // that it cannot be saved
+};
