@@ -47,6 +47,7 @@ public:
     SceneBuilder(const AcDbDatabase& drawing, const SceneOptions& options)
         : m_drawing(drawing),
           m_heights(options.heights),
+          m_progress(options.progress),
           m_layers(drawing, options.heights, options.unseenLayers),
           m_model{m_layers.Find("0"), EntityColor()},
           m_division(DivisionFor(drawing)),
@@ -69,6 +70,7 @@ private:
 
     const AcDbDatabase& m_drawing;
     const std::vector<LayerHeight>& m_heights;
+    SceneProgress* m_progress;
     LayerTable m_layers;
     Surroundings m_model;
     ArcDivision m_division;
@@ -84,7 +86,15 @@ private:
 };
 
 Scene SceneBuilder::Run() {
-    for (std::size_t i = 0; i < m_drawing.GetEntityCount(); ++i) {
+    const std::size_t count = m_drawing.GetEntityCount();
+    if (m_progress)
+        m_progress->total = count;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (m_progress) {
+            m_progress->done = i;
+            if (m_progress->isCancelled)
+                return {};
+        }
         const AcDbObjectId id = m_drawing.GetEntityId(i);
         Take(id, GroupsOf(m_drawing, id));
     }

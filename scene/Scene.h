@@ -15,6 +15,7 @@
 #include "scene/KindCounts.h"
 #include "scene/LayerHeight.h"
 #include "scene/SceneLines.h"
+#include "scene/SceneProgress.h"
 
 class AcDbDatabase;
 
@@ -48,6 +49,7 @@ struct SceneOptions {
     CString unseenLayers = {};
     bool hasLines = false;             // whether flat entities give lines, which shadows do not need
     std::size_t mostSegments = kMostSceneSegments;
+    SceneProgress* progress = nullptr;  // told how far it is, and asked whether to leave off, unless null
 };
 
 // How one of Scene::layers looks in the drawing.

@@ -53,6 +53,12 @@ int CountPixelsThatDiffer(const QImage& image, const GlPicture& picture) {
     return count;
 }
 
+// The widget once its picture is drawn.
+QImage Shown(SceneView& view) {
+    view.GetPicture();
+    return view.grab().toImage();
+}
+
 // Sees to it that the limit of faces is as it was.
 class FaceLimit {
 public:
@@ -124,7 +130,7 @@ TEST_F(SceneViewTest, BeginsWithEverythingFromTheSouthSouthEast) {
 }
 
 TEST_F(SceneViewTest, PaintsThePictureOntoTheWidget) {
-    const QImage shown = m_view->grab().toImage();
+    const QImage shown = Shown(*m_view);
     const ViewPixel front = Where({20, 0, 10});
     EXPECT_TRUE(IsReddish(shown.pixel(static_cast<int>(front.x), static_cast<int>(front.y))));
 }
@@ -132,7 +138,7 @@ TEST_F(SceneViewTest, PaintsThePictureOntoTheWidget) {
 TEST_F(SceneViewTest, PointsTheCompassNeedleNorth) {
     // In a plan the needle points up from the compass's middle, which is 58 units from the left and lower edges.
     m_view->Look(StandardView::Top);
-    QImage shown = m_view->grab().toImage();
+    QImage shown = Shown(*m_view);
     EXPECT_TRUE(IsReddish(shown.pixel(58 - 2, 240 - 58 - 12)));
     EXPECT_FALSE(IsReddish(shown.pixel(58 - 2, 240 - 58 + 12)));
     // Seen from the east, north is on the right: the needle lies there.
@@ -140,12 +146,12 @@ TEST_F(SceneViewTest, PointsTheCompassNeedleNorth) {
     Key(Qt::Key_PageUp);
     Key(Qt::Key_PageUp);
     Key(Qt::Key_PageUp);
-    shown = m_view->grab().toImage();
+    shown = Shown(*m_view);
     EXPECT_TRUE(IsReddish(shown.pixel(58 + 12, 240 - 58)));
     EXPECT_FALSE(IsReddish(shown.pixel(58 - 12, 240 - 58)));
     // Level with the ground the ring is still seen a little from above: north, away from the eye, is up.
     m_view->Look(StandardView::South);
-    shown = m_view->grab().toImage();
+    shown = Shown(*m_view);
     EXPECT_TRUE(IsReddish(shown.pixel(58 + 2, 240 - 58 - 3)));
     EXPECT_FALSE(IsReddish(shown.pixel(58 + 2, 240 - 58 + 3)));
 }
@@ -298,7 +304,7 @@ TEST_F(SceneViewTest, DrawsNothingAnewWhileNothingChanges) {
 TEST_F(SceneViewTest, ShowsEverythingAfterAChangeOfSizeToo) {
     m_view->GetPicture();
     m_view->resize(200, 400);
-    const QImage picture = m_view->grab().toImage();
+    const QImage picture = Shown(*m_view);
     EXPECT_EQ(picture.size(), QSize(200, 400));
     EXPECT_EQ(m_view->GetPicture().size(), QSize(200, 400));
     for (const QcGePoint& point : {QcGePoint(0, 0, 0), QcGePoint(40, 0, 20), QcGePoint(20, 60, 50)}) {
@@ -332,15 +338,15 @@ TEST_F(SceneViewTest, ShowsTheHintWhileThereIsNothingToSee) {
     m_view->Clear();
     EXPECT_TRUE(m_view->GetPicture().isNull());
     EXPECT_TRUE(m_view->GetProblem().isEmpty());
-    const QImage without = m_view->grab().toImage();
+    const QImage without = Shown(*m_view);
     m_view->SetHint("MMMMMMMM");
-    const QImage with = m_view->grab().toImage();
+    const QImage with = Shown(*m_view);
     const QRect middle(60, 80, 200, 80);
     EXPECT_NE(with.copy(middle), without.copy(middle));
     m_view->SetScene(std::make_shared<Scene>());
-    EXPECT_EQ(m_view->grab().toImage(), with);
+    EXPECT_EQ(Shown(*m_view), with);
     m_view->SetScene(Town());
-    EXPECT_GT(CountReddish(m_view->grab().toImage()), 100);
+    EXPECT_GT(CountReddish(Shown(*m_view)), 100);
 }
 
 TEST_F(SceneViewTest, SurvivesEveryEventWithoutAScene) {
@@ -438,10 +444,10 @@ TEST(SceneView, SaysWhyThereIsNoPicture) {
         return std::unique_ptr<ScenePainter>();
     });
     view.resize(320, 240);
-    const QImage empty = view.grab().toImage();
+    const QImage empty = Shown(view);
     EXPECT_EQ(asked, 0);
     view.SetScene(Town());
-    const QImage refused = view.grab().toImage();
+    const QImage refused = Shown(view);
     view.grab();
     EXPECT_EQ(asked, 1);
     EXPECT_TRUE(view.GetPicture().isNull());

@@ -3,7 +3,7 @@
 
 void DrawThinParts(const DrawnScene& scene, bool edges) {
     if (edges)
-        scene.lists.DrawEdges(scene.hidden);
-    scene.lists.DrawLines(scene.hidden);
+        scene.lists.DrawEdges(scene.hidden, scene.isStopped);
+    scene.lists.DrawLines(scene.hidden, scene.isStopped);
     DrawMarked(scene.marked, scene.lists.GetOrigin());
 }

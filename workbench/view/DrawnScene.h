@@ -8,7 +8,8 @@ struct DrawnScene {
     const SceneLists& lists;
     const SceneLists* marks;  // faces that lie on others; null for none
     const MarkedShapes& marked;
-    const HiddenLayers& hidden;  // of `lists`
+    const HiddenLayers& hidden;          // of `lists`
+    const std::atomic<bool>* isStopped;  // set when the picture is wanted no more; may be null
 };
 
 // Draws what is no face, edges only if they are wanted. Expects lighting to be off.

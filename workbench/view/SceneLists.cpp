@@ -149,7 +149,7 @@ struct Coat {
 };
 
 using Coats = std::map<int, Coat>;
-using CoatsByLayer = std::map<std::uint32_t, Coats>;
+using CoatsByPart = std::map<std::pair<std::uint32_t, std::size_t>, Coats>;
 
 // Adds an entity's edges, each once: neighbouring faces have them in common, and lines are dear.
 void AddEdges(Coat& coat, std::size_t firstFace) {
@@ -160,13 +160,22 @@ void AddEdges(Coat& coat, std::size_t firstFace) {
     coat.edges.insert(coat.edges.end(), edges.begin(), std::unique(edges.begin(), edges.end()));
 }
 
-CoatsByLayer SortByColor(const Scene& scene) {
-    CoatsByLayer layers;
+// Entities go into parts of about so many faces or segments.
+CoatsByPart SortByColor(const Scene& scene) {
+    constexpr std::size_t kShapesOfAPart = 20'000;
+    CoatsByPart parts;
+    std::map<std::uint32_t, std::size_t> shapes;
+    const auto coatOf = [&](std::uint32_t layer, int rgb, std::size_t count) -> Coat& {
+        std::size_t& before = shapes[layer];
+        Coat& coat = parts[{layer, before / kShapesOfAPart}][rgb];
+        before += count;
+        return coat;
+    };
     const std::size_t total = scene.faces.size();
     for (const SceneEntity& entity : scene.entities) {
         const std::size_t first = std::min(entity.firstFace, total);
         const std::size_t count = std::min(entity.faceCount, total - first);
-        Coat& coat = layers[entity.layer][RgbOf(entity)];
+        Coat& coat = coatOf(entity.layer, RgbOf(entity), count);
         const std::size_t before = coat.faces.size();
         for (std::size_t i = first; i < first + count; ++i)
             if (IsUsable(scene.faces[i]))
@@ -175,12 +184,12 @@ CoatsByLayer SortByColor(const Scene& scene) {
     }
     const std::vector<SceneSegment>& segments = scene.lines.segments;
     for (const SceneLineRun& run : scene.lines.runs) {
-        Coat& coat = layers[run.layer][RgbOf(run)];
+        Coat& coat = coatOf(run.layer, RgbOf(run), run.count);
         for (std::size_t i = run.first; i < run.first + run.count; ++i)
             if (IsUsable(segments[i].from) && IsUsable(segments[i].to))
                 coat.lines.push_back(&segments[i]);
     }
-    return layers;
+    return parts;
 }
 
 void RecordFaces(const Coats& coats, const QcGePoint& origin) {
@@ -225,15 +234,15 @@ SceneLists::SceneLists(const Scene& scene) : SceneLists(scene, FindOrigin(scene)
 
 SceneLists::SceneLists(const Scene& scene, const QcGePoint& origin)
     : m_origin(origin), m_box(FindBox(scene)), m_lineBox(FindLineBox(scene)) {
-    const CoatsByLayer layers = SortByColor(scene);
+    const CoatsByPart parts = SortByColor(scene);
     while (glGetError() != GL_NO_ERROR) {
     }
-    m_first = glGenLists(static_cast<GLsizei>(std::max<std::size_t>(layers.size(), 1) * kKinds));
+    m_first = glGenLists(static_cast<GLsizei>(std::max<std::size_t>(parts.size(), 1) * kKinds));
     if (m_first == 0)
         return;
-    for (const auto& [layer, coats] : layers) {
-        const unsigned first = m_first + static_cast<unsigned>(m_layers.size()) * kKinds;
-        m_layers.push_back(layer);
+    for (const auto& [part, coats] : parts) {
+        const unsigned first = m_first + static_cast<unsigned>(m_parts.size()) * kKinds;
+        m_parts.push_back(part.first);
         unsigned kind = 0;
         for (const auto record : {RecordFaces, RecordEdges, RecordLines}) {
             glNewList(first + kind++, GL_COMPILE);
@@ -246,11 +255,11 @@ SceneLists::SceneLists(const Scene& scene, const QcGePoint& origin)
 
 SceneLists::~SceneLists() {
     if (m_first != 0)
-        glDeleteLists(m_first, static_cast<GLsizei>(std::max<std::size_t>(m_layers.size(), 1) * kKinds));
+        glDeleteLists(m_first, static_cast<GLsizei>(std::max<std::size_t>(m_parts.size(), 1) * kKinds));
 }
 
-void SceneLists::Call(unsigned kind, const HiddenLayers& hidden) const {
-    for (std::size_t i = 0; m_isReady && i < m_layers.size(); ++i)
-        if (!IsHidden(hidden, m_layers[i]))
+void SceneLists::Call(unsigned kind, const HiddenLayers& hidden, const std::atomic<bool>* isStopped) const {
+    for (std::size_t i = 0; m_isReady && i < m_parts.size() && !(isStopped && *isStopped); ++i)
+        if (!IsHidden(hidden, m_parts[i]))
             glCallList(m_first + static_cast<unsigned>(i) * kKinds + kind);
 }

@@ -1,6 +1,7 @@
-// A scene as OpenGL keeps it: for each layer a display list of faces, one of their edges, and one of lines.
+// A scene as OpenGL keeps it: for each part of a layer a display list of faces, one of their edges, and one of lines.
 #pragma once
 
+#include <atomic>
 #include <optional>
 
 #include "platform/geometry/QcGePoint.h"
@@ -32,23 +33,25 @@ public:
     const std::optional<ViewBox>& GetBox() const { return m_box; }
     // The same around the lines.
     const std::optional<ViewBox>& GetLineBox() const { return m_lineBox; }
+    // Each leaves off once `isStopped` is set, which may be null.
+    //
     // Expects lighting to be on: colours go into the material.
-    void DrawFaces(const HiddenLayers& hidden) const { Call(0, hidden); }
+    void DrawFaces(const HiddenLayers& hidden, const std::atomic<bool>* isStopped) const { Call(0, hidden, isStopped); }
     // Expects lighting to be off: thin lines, darker than their face. Flag i of a face hides the edge that begins at
     // its corner i.
-    void DrawEdges(const HiddenLayers& hidden) const { Call(1, hidden); }
+    void DrawEdges(const HiddenLayers& hidden, const std::atomic<bool>* isStopped) const { Call(1, hidden, isStopped); }
     // Those of flat entities. Expects lighting to be off.
-    void DrawLines(const HiddenLayers& hidden) const { Call(2, hidden); }
+    void DrawLines(const HiddenLayers& hidden, const std::atomic<bool>* isStopped) const { Call(2, hidden, isStopped); }
 
 private:
     static constexpr unsigned kKinds = 3;
 
-    void Call(unsigned kind, const HiddenLayers& hidden) const;
+    void Call(unsigned kind, const HiddenLayers& hidden, const std::atomic<bool>* isStopped) const;
 
     QcGePoint m_origin;
     std::optional<ViewBox> m_box;
     std::optional<ViewBox> m_lineBox;
-    std::vector<std::uint32_t> m_layers;  // those that have something
-    unsigned m_first = 0;                 // of kKinds lists for each of them
+    std::vector<std::uint32_t> m_parts;  // the layer of each part, which is small enough to be drawn in a moment
+    unsigned m_first = 0;                // of kKinds lists for each of them
     bool m_isReady = false;
 };

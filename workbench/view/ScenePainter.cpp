@@ -96,7 +96,7 @@ bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, Gl
     if (!Prepare(camera))
         return false;
     const bool smooth = effort.isSmooth && m_parts->smooth.Begin(camera.GetWidth(), camera.GetHeight());
-    Draw(camera, effort.hasEdges);
+    Draw(camera, effort);
     if (smooth)
         m_parts->smooth.End();
     return m_gl->Read(picture);
@@ -105,20 +105,21 @@ bool ScenePainter::Paint(const ViewCamera& camera, const PaintEffort& effort, Gl
 bool ScenePainter::PaintInSun(const ViewCamera& camera, const SceneSun& sun, const PaintEffort& effort,
                               GlPicture& picture) {
     picture = GlPicture();
-    if (!Prepare(camera) || !m_parts->lists || !m_parts->sun.Aim(camera, sun.direction, GetDrawn(), effort.isSmooth))
+    if (!Prepare(camera) || !m_parts->lists ||
+        !m_parts->sun.Aim(camera, sun.direction, GetDrawn(effort), effort.isSmooth))
         return false;
     const bool smooth = effort.isSmooth && m_parts->smooth.Begin(camera.GetWidth(), camera.GetHeight());
-    const bool isDrawn = m_parts->sun.Draw(camera, GetDrawn(), effort.hasEdges);
+    const bool isDrawn = m_parts->sun.Draw(camera, GetDrawn(effort), effort.hasEdges);
     if (smooth)
         m_parts->smooth.End();
     return isDrawn && m_gl->Read(picture);
 }
 
-DrawnScene ScenePainter::GetDrawn() const {
-    return {*m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr, m_parts->marked, m_hidden};
+DrawnScene ScenePainter::GetDrawn(const PaintEffort& effort) const {
+    return {*m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr, m_parts->marked, m_hidden, effort.isStopped};
 }
 
-void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
+void ScenePainter::Draw(const ViewCamera& camera, const PaintEffort& effort) const {
     glClear(GL_DEPTH_BUFFER_BIT);
     DrawSky(1.0F);
     if (!m_parts->lists)
@@ -134,10 +135,10 @@ void ScenePainter::Draw(const ViewCamera& camera, bool edges) const {
     // Faces step back a little, so that the edges in their planes are seen.
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(1.0F, 1.0F);
-    m_parts->lists->DrawFaces(m_hidden);
+    m_parts->lists->DrawFaces(m_hidden, effort.isStopped);
     glDisable(GL_POLYGON_OFFSET_FILL);
     if (m_parts->marks)
-        m_parts->marks->DrawFaces({});
+        m_parts->marks->DrawFaces({}, effort.isStopped);
     glDisable(GL_LIGHTING);
-    DrawThinParts(GetDrawn(), edges);
+    DrawThinParts(GetDrawn(effort), effort.hasEdges);
 }

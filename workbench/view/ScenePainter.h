@@ -2,6 +2,7 @@
 // Why: docs/decisions/workbench.md
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 #include "platform/base/CString.h"
@@ -15,6 +16,8 @@
 struct PaintEffort {
     bool hasEdges = true;
     bool isSmooth = true;  // four samples a pixel, where the graphics can; and shadows twice as fine
+    const std::atomic<bool>* isStopped =
+        nullptr;  // set when the picture is wanted no more; what comes is then undefined
 };
 
 // The sun of a moment: the direction to it in the drawing's axes, of any length but 0. Below the horizon it is night.
@@ -54,8 +57,8 @@ public:
 private:
     explicit ScenePainter(std::unique_ptr<OffscreenGl> gl);
     bool Prepare(const ViewCamera& camera);
-    DrawnScene GetDrawn() const;
-    void Draw(const ViewCamera& camera, bool edges) const;
+    DrawnScene GetDrawn(const PaintEffort& effort) const;
+    void Draw(const ViewCamera& camera, const PaintEffort& effort) const;
 
     struct Parts;
     std::unique_ptr<OffscreenGl> m_gl;

@@ -33,10 +33,9 @@ void LookByParameters(ViewCamera& camera) {
     camera.Look(-90.0 - g_nViewXYAngle, g_nViewZAAngle - 90.0);
 }
 
-QImage ImageOf(const GlPicture& picture) {
-    const QImage view(picture.rgba.data(), picture.width, picture.height, picture.width * 4, QImage::Format_RGBX8888);
-    return view.convertToFormat(QImage::Format_RGB32);
-}
+// So long a paint event waits for its picture: nobody notices, and most pictures need less.
+constexpr std::chrono::milliseconds kPaintPatience(60);
+constexpr std::chrono::milliseconds kForever = std::chrono::hours(24);
 
 }  // namespace
 
@@ -67,6 +66,7 @@ void SceneView::Retranslate() {
 
 void SceneView::SetScene(std::shared_ptr<const Scene> scene) {
     m_hidden.clear();
+    m_picture = QImage();
     Pick(AcDbObjectId());
     TakeScene(std::move(scene));
     Fit();
@@ -80,14 +80,11 @@ void SceneView::UpdateScene(std::shared_ptr<const Scene> scene) {
 
 void SceneView::TakeScene(std::shared_ptr<const Scene> scene) {
     m_scene = std::move(scene);
-    m_isUploaded = false;
-    m_isMarked = false;
     m_problem.clear();
-    m_picture = QImage();
     if (HasShapes())
         SetBoxes();
-    else if (m_painter)
-        m_painter->SetScene(Scene());  // gives its memory back
+    else if (m_thread)
+        m_thread->Ask({});  // it gives its memory back
     Redraw();
 }
 
@@ -101,7 +98,6 @@ void SceneView::SetBoxes() {
 
 void SceneView::SetHiddenLayers(const HiddenLayers& hidden) {
     m_hidden = hidden;
-    m_isMarked = false;
     Redraw();
 }
 
@@ -109,7 +105,6 @@ void SceneView::Pick(AcDbObjectId id) {
     if (id == m_picked)
         return;
     m_picked = id;
-    m_isMarked = false;
     Redraw();
     if (m_onPick)
         m_onPick();
@@ -140,8 +135,12 @@ void SceneView::Fit() {
 
 QImage SceneView::GetPicture() {
     TakeSize();
-    if (m_isDirty)
-        DrawPicture();
+    // A second time where the first one told how large a picture may be.
+    for (int i = 0; i < 2; ++i) {
+        if (m_isDirty)
+            AskForPicture();
+        TakePicture(kForever);
+    }
     return m_picture;
 }
 
@@ -153,7 +152,7 @@ bool SceneView::IsLarge() const {
 // The picture has the screen's own pixels, unless that is more than the graphics can draw.
 void SceneView::TakeSize() {
     const double longest = std::max(1, std::max(width(), height()));
-    const double most = m_painter ? m_painter->GetMaxSize() : longest * devicePixelRatioF();
+    const double most = m_maxSize > 0 ? m_maxSize : longest * devicePixelRatioF();
     m_scale = std::min(devicePixelRatioF(), most / longest);
     const int pixelWidth = std::max(1, static_cast<int>(width() * m_scale));
     const int pixelHeight = std::max(1, static_cast<int>(height() * m_scale));
@@ -206,42 +205,58 @@ void SceneView::RedrawMoving() {
     Redraw();
 }
 
-void SceneView::Refuse(const QString& reason) {
+void SceneView::Refuse(const PaintAnswer& answer) {
+    const QString reason = answer.problem == PaintAnswer::Problem::NoGraphics ? Shown(answer.reason)
+                           : answer.problem == PaintAnswer::Problem::NoMemory
+                               ? ShownSay(L"内存不足，容不下这张图的所有面。")
+                               : ShownSay(L"图形驱动程序没有给出图像。");
     m_problem = ShownSay(L"无法显示三维视图。") + "\n" + reason;
+    m_picture = QImage();
 }
 
-void SceneView::DrawPicture() {
+void SceneView::AskForPicture() {
     m_isDirty = false;
-    m_picture = QImage();
-    if (!HasShapes() || !m_problem.isEmpty())
+    m_isDrawing = false;
+    if (!HasShapes() || !m_problem.isEmpty()) {
+        m_picture = QImage();
         return;
-    if (!m_painter) {
-        CString reason;
-        m_painter = m_opener(reason);
-        if (!m_painter)
-            return Refuse(Shown(reason));
-        TakeSize();
-        m_isDirty = false;
     }
-    if (!m_isUploaded && !m_painter->SetScene(*m_scene))
-        return Refuse(ShownSay(L"内存不足，容不下这张图的所有面。"));
-    m_isUploaded = true;
-    if (!m_isMarked) {
-        m_painter->SetHiddenLayers(m_hidden);
-        m_painter->SetMarked(ShapesOf(*m_scene, m_hidden, m_picked));
-    }
-    m_isMarked = true;
-    GlPicture picture;
-    if (!m_painter->Paint(m_camera, {!m_isMoving, !m_isMoving}, picture))
-        return Refuse(ShownSay(L"图形驱动程序没有给出图像。"));
-    m_picture = ImageOf(picture);
+    if (!m_thread)
+        m_thread = std::make_unique<PaintThread>(m_opener, [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { update(); }, Qt::QueuedConnection);
+        });
+    m_isDrawing = true;
+    m_thread->Ask({m_scene, m_hidden, m_picked, m_camera, {!m_isMoving, !m_isMoving}});
+}
+
+void SceneView::TakePicture(std::chrono::milliseconds patience) {
+    if (!m_isDrawing)
+        return;
+    const std::optional<PaintAnswer> answer = m_thread->Wait(patience);
+    if (!answer)
+        return;
+    m_isDrawing = false;
+    if (answer->maxSize > 0)
+        m_maxSize = answer->maxSize;
+    if (answer->problem != PaintAnswer::Problem::None)
+        Refuse(*answer);
+    else if (answer->picture.isNull())
+        TakeSize();  // it was too large, which makes it out of date
+    else
+        m_picture = answer->picture;
 }
 
 void SceneView::paintEvent(QPaintEvent* /*event*/) {
-    const QImage picture = GetPicture();
+    TakeSize();
+    for (int i = 0; i < 2; ++i) {
+        if (m_isDirty)
+            AskForPicture();
+        TakePicture(kPaintPatience);
+    }
     QPainter painter(this);
-    if (!picture.isNull()) {
-        painter.drawImage(QRectF(rect()), picture);
+    if (!m_picture.isNull()) {
+        painter.drawImage(QRectF(rect()), m_picture);
         constexpr double kRose = 36.0;
         constexpr double kFromEdge = 58.0;
         if (width() > 3 * kFromEdge && height() > 3 * kFromEdge)
@@ -256,7 +271,10 @@ void SceneView::paintEvent(QPaintEvent* /*event*/) {
         large.setPointSizeF(std::max(large.pointSizeF(), 8.0) * 1.3);
         painter.setFont(large);
         const QRect room = rect().adjusted(24, 24, -24, -24);
-        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, m_problem.isEmpty() ? m_hint : m_problem);
+        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap,
+                         !m_problem.isEmpty() ? m_problem
+                         : m_isDrawing        ? ShownSay(L"正在绘制……")
+                                              : m_hint);
     }
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);

@@ -10,7 +10,7 @@
 #include <memory>
 
 #include "scene/Scene.h"
-#include "workbench/view/ScenePainter.h"
+#include "workbench/view/PaintThread.h"
 #include "workbench/view/ViewCamera.h"
 
 // Mouse: the left button turns, the middle one (or the left one with Shift) moves, the wheel zooms at the pointer, a
@@ -25,28 +25,31 @@
 // A scene with more faces than g_RenderMaxFaceNum is shown without edges and smoothing while the view changes, and in
 // full as soon as it rests. Nothing is drawn anew while nothing changes.
 //
-// Events change the camera or the scene and mark the picture as out of date; the next paint event (or GetPicture) draws
-// it, once for however many events. What each event does to the state below:
+// Events change the camera or the scene and mark the picture as out of date; the next paint event (or GetPicture) asks
+// for it, once for however many events. Pictures are drawn in a thread of their own: a paint event waits for a moment,
+// in which those of small scenes are there, and then shows what there is; GetPicture waits however long it takes. What
+// each event does to the state below:
 //
-//   event                                m_isDirty   m_isFitted   m_isMoving   m_isUploaded   m_problem
-//   SetScene                             true       true                    false         empty
-//   UpdateScene                          true       (fits if)               false         empty
+//   event                                m_isDirty   m_isFitted   m_isMoving   m_problem
+//   SetScene                             true       true                    empty
+//   UpdateScene                          true       (fits if)               empty
 //   Look, Fit, Home, double click        true       true
 //   pick, hide layers, P                 true
 //   turn, move, zoom                     true       false       if large
 //   another size                         true       (fits if)   if large
 //   another scale of the screen          true       (fits if)
 //   m_rest runs out                      true                   false
-//   the picture is drawn                 false                              true          the reason, if it fails
+//   the picture is asked for             false
+//   the picture is there                                                    the reason, if it fails
 //
 // "Fits if": the flag stays, and where it is set everything is shown again. "If large": true for a large scene, and the
 // timer m_rest starts anew, so that it runs out when nothing has come for a moment; other scenes never set it.
 //
-// A problem stays, and keeps anything from being drawn, until the next scene comes. The opener is called with the first
-// scene to be drawn, and with each further scene for as long as it has given no painter.
+// A problem stays, and keeps anything from being drawn, until the next scene comes. The opener is called in that
+// thread, with the first scene to be drawn, and with each further scene for as long as it has given no painter.
 class SceneView : public QWidget {
 public:
-    using Opener = std::function<std::unique_ptr<ScenePainter>(CString& reason)>;
+    using Opener = PaintThread::Opener;
 
     // Where the opener gives no painter, the view says why.
     explicit SceneView(QWidget* parent = nullptr, Opener opener = ScenePainter::Open);
@@ -118,11 +121,12 @@ private:
     void PickAt(const QPointF& pixel);
     void PickNext(int step);
     void SetBoxes();
-    void DrawPicture();
-    void Refuse(const QString& reason);
+    void AskForPicture();
+    void TakePicture(std::chrono::milliseconds patience);
+    void Refuse(const PaintAnswer& answer);
 
     Opener m_opener;
-    std::unique_ptr<ScenePainter> m_painter;
+    std::unique_ptr<PaintThread> m_thread;  // none before the first scene
     std::shared_ptr<const Scene> m_scene;
     ViewCamera m_camera;  // its pixels are those of the picture
     HiddenLayers m_hidden;
@@ -137,9 +141,9 @@ private:
     bool m_isClick = false;  // it has not been moved since
     double m_scale = 1.0;    // pixels of the picture in one of the widget's
     bool m_isParallel = false;
-    bool m_isMarked = false;    // the painter knows what is hidden and picked
-    bool m_isUploaded = false;  // the painter has this scene's faces
-    bool m_isDirty = true;      // m_picture is not what would be drawn now
-    bool m_isMoving = false;    // drawn without edges and smoothing
-    bool m_isFitted = true;     // everything is shown, and shall be after a change of size, too
+    int m_maxSize = 0;         // of a picture; 0 while that is not known
+    bool m_isDirty = true;     // what would be drawn now has not been asked for
+    bool m_isDrawing = false;  // it has been, and the picture is not there yet
+    bool m_isMoving = false;   // drawn without edges and smoothing
+    bool m_isFitted = true;    // everything is shown, and shall be after a change of size, too
 };

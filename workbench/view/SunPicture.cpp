@@ -108,7 +108,7 @@ bool SunPicture::DrawMap(const DrawnScene& scene, int size) {
     glDisable(GL_LIGHTING);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LESS);
-    scene.lists.DrawFaces(scene.hidden);
+    scene.lists.DrawFaces(scene.hidden, scene.isStopped);
     m_map.End();
     return true;
 }
@@ -148,10 +148,10 @@ void SunPicture::DrawFaces(const DrawnScene& scene) {
     if (m_hasGround)
         DrawGround(scene.lists.GetOrigin());
     glPolygonOffset(1.0F, 1.0F);
-    scene.lists.DrawFaces(scene.hidden);
+    scene.lists.DrawFaces(scene.hidden, scene.isStopped);
     glDisable(GL_POLYGON_OFFSET_FILL);
     if (scene.marks)
-        scene.marks->DrawFaces({});
+        scene.marks->DrawFaces({}, scene.isStopped);
 }
 
 void SunPicture::DrawGround(const QcGePoint& origin) {

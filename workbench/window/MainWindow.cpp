@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QSaveFile>
 #include <QScreen>
@@ -143,6 +144,7 @@ void MainWindow::BuildWidgets() {
     splitter->setSizes({520, 180});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
+    m_drawing.SetRunner([this](const std::function<void(SceneProgress&)>& work) { RunAside(work); });
     m_panels = std::make_unique<SidePanels>(*this, *m_view, m_drawing);
     m_panels->m_onHeights = [this] { ApplyHeights(); };
     m_panels->m_onComplaint = [this](const CString& text) { m_log->AddComplaint(text); };
@@ -157,6 +159,21 @@ void MainWindow::BuildWidgets() {
     m_counts->setObjectName("Counts");
     statusBar()->addWidget(m_note, 1);
     statusBar()->addPermanentWidget(m_counts);
+    m_work = std::make_unique<LongWork>(*statusBar());
+}
+
+// The drawing is not to be touched meanwhile. What is in the view may be looked at from all sides.
+void MainWindow::RunAside(const std::function<void(SceneProgress&)>& work) {
+    m_isRunning = true;
+    m_work->Run(ShownSay(L"读入图形"), {menuBar(), m_edit, m_panels->GetLayers()}, work);
+    m_isRunning = false;
+}
+
+bool MainWindow::CloseIfAsked() {
+    if (!m_isClosing || m_isRunning)
+        return false;
+    close();
+    return m_isClosed;
 }
 
 void MainWindow::TakeOverStreams() {
@@ -182,6 +199,7 @@ void MainWindow::Retranslate() {
     m_log->setAccessibleName(ShownSay(L"命令记录"));
     m_view->Retranslate();
     m_panels->Retranslate();
+    m_work->Retranslate();
     m_menu.SetParallel(m_view->IsParallel());
     Refresh();
 }
@@ -189,8 +207,10 @@ void MainWindow::Retranslate() {
 void MainWindow::Refresh() {
     CString message;
     const std::shared_ptr<const Scene> before = m_drawing.GetScene();
-    if (!m_drawing.RefreshScene(message))
+    if (!m_drawing.RefreshScene(message) && !message.IsEmpty())
         m_log->AddComplaint(message);
+    if (CloseIfAsked())
+        return;
     if (m_drawing.GetScene() != before) {
         m_view->UpdateScene(m_drawing.GetScene());
         m_panels->ShowDrawing(false);
@@ -249,6 +269,8 @@ void MainWindow::CloseSoon() {
 }
 
 void MainWindow::ChooseFile() {
+    if (m_isRunning)
+        return;
     CFileDialog dialog(TRUE, L"dxf", nullptr, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, DrawingFilter().GetString(),
                        &m_frame);
     if (dialog.DoModal() == IDOK)
@@ -262,13 +284,11 @@ bool MainWindow::OpenFile(const CString& path) {
         return false;
     m_log->AddText(SayFormat(L"正在打开 %s ...", Printable(path)));
     CString message;
-    bool isOpen = false;
-    {
-        const WaitCursor wait;
-        isOpen = m_drawing.Open(path, message);
-    }
+    const bool isOpen = m_drawing.Open(path, message);
+    if (CloseIfAsked())
+        return isOpen;
     if (!isOpen) {
-        m_log->AddComplaint(message);
+        m_log->AddComplaint(message.IsEmpty() ? Say(L"已取消打开") : message);
         return false;
     }
     if (!message.IsEmpty())
@@ -304,13 +324,11 @@ void MainWindow::Reload() {
     // The ids of a drawing that was read anew are others.
     const std::uint64_t picked = m_drawing.GetDatabase().GetHandle(m_view->GetPicked());
     CString message;
-    bool isRead = false;
-    {
-        const WaitCursor wait;
-        isRead = m_drawing.Reload(message);
-    }
+    const bool isRead = m_drawing.Reload(message);
+    if (CloseIfAsked())
+        return;
     if (!isRead)
-        return m_log->AddComplaint(message);
+        return m_log->AddComplaint(message.IsEmpty() ? Say(L"已取消重新读入") : message);
     m_view->UpdateScene(m_drawing.GetScene());
     m_view->Pick(m_drawing.GetDatabase().FindHandle(picked));
     m_panels->ShowDrawing(false);
@@ -368,6 +386,8 @@ void MainWindow::ApplyHeights() {
 bool MainWindow::Save() {
     if (!m_drawing.IsOpen())
         return true;
+    if (m_isRunning)
+        return false;
     if (m_drawing.HasFileChanged() &&
         MessageBox(
             m_frame.m_hWnd,
@@ -380,6 +400,8 @@ bool MainWindow::Save() {
 bool MainWindow::SaveAs() {
     if (!m_drawing.IsOpen())
         return true;
+    if (m_isRunning)
+        return false;
     CFileDialog dialog(FALSE, L"dxf", m_drawing.GetPath().GetString(), OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                        DrawingFilter().GetString(), &m_frame);
     return dialog.DoModal() == IDOK && SaveTo(dialog.GetPathName());
@@ -409,6 +431,8 @@ bool MainWindow::MayLeaveDrawing() {
 }
 
 void MainWindow::SetLanguage(const CString& language) {
+    if (m_isRunning)
+        return;
     if (g_pTeskLangSwitch)
         g_pTeskLangSwitch->SetLanguage(language.GetString());
     m_memory.KeepLanguage(language);
@@ -423,7 +447,12 @@ void MainWindow::ShowAbout() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     // A command that is still running would return to a window that is gone.
+    if (m_work->IsRunning()) {
+        m_work->Cancel();
+        m_isClosing = true;
+    }
     event->setAccepted(!m_isRunning && MayLeaveDrawing());
+    m_isClosed = event->isAccepted();
     if (event->isAccepted())
         m_memory.KeepPlace(saveGeometry().toStdString(), saveState().toStdString());
     m_isClosing = m_isClosing && m_isRunning;

@@ -7,6 +7,7 @@
 #include "platform/window/CWnd.h"
 #include "workbench/terminal/CollectedOutput.h"
 #include "workbench/terminal/OutputSink.h"
+#include "workbench/window/LongWork.h"
 #include "workbench/window/MainMenu.h"
 #include "workbench/window/OpenDrawing.h"
 #include "workbench/window/SidePanels.h"
@@ -52,6 +53,9 @@ private:
     void RunTyped(const CString& line);
     MenuActions ActionsOfMenu();
     void RestorePlace();
+    void RunAside(const std::function<void(SceneProgress&)>& work);
+    // Closes the window now if it was to be closed while something ran.
+    bool CloseIfAsked();
     void ChooseFile();
     void Reload();
     // After a command: another program, or the command itself, may have written the drawing's file.
@@ -75,8 +79,10 @@ private:
     MainMenu m_menu;
     WindowMemory m_memory;
     std::unique_ptr<SidePanels> m_panels;
+    std::unique_ptr<LongWork> m_work;
     bool m_isRunning = false;
-    bool m_isClosing = false;
+    bool m_isClosing = false;  // once nothing runs any more
+    bool m_isClosed = false;
     CommandLog* m_log = nullptr;
     CommandEdit* m_edit = nullptr;
     SceneView* m_view = nullptr;

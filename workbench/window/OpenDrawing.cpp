@@ -17,16 +17,28 @@ fs::path PathOf(const CString& path) {
 }
 
 std::shared_ptr<const Scene> SceneOf(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
-                                     CString& message) {
+                                     SceneProgress& progress, CString& message) {
     try {
         SceneOptions options;
         options.heights = heights;
         options.hasLines = true;
-        return std::make_shared<const Scene>(BuildScene(drawing, options));
+        options.progress = &progress;
+        auto scene = std::make_shared<const Scene>(BuildScene(drawing, options));
+        return progress.isCancelled ? nullptr : scene;
     } catch (const std::bad_alloc&) {
         message = Say(L"内存不够，显示不了这个图形");
         return nullptr;
     }
+}
+
+LoadedDrawing Load(const CString& path, const std::vector<LayerHeight>& heights, SceneProgress& progress) {
+    LoadedDrawing loaded;
+    auto drawing = std::make_unique<AcDbDatabase>();
+    if (drawing->dxfIn(path.GetString(), &loaded.message) != Acad::eOk)
+        return loaded;
+    loaded.scene = SceneOf(*drawing, heights, progress, loaded.message);
+    loaded.drawing = std::move(drawing);
+    return loaded;
 }
 
 }  // namespace
@@ -53,17 +65,23 @@ bool OpenDrawing::Reload(CString& message) {
     return IsOpen() && Read(CString(m_path), std::vector<LayerHeight>(m_heights), message);
 }
 
+void OpenDrawing::RunWork(const std::function<void(SceneProgress&)>& work) const {
+    if (m_runner)
+        return m_runner(work);
+    SceneProgress progress;
+    work(progress);
+}
+
 bool OpenDrawing::Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message) {
     const std::optional<FileState> state = StateOf(path);
-    auto drawing = std::make_unique<AcDbDatabase>();
-    if (drawing->dxfIn(path.GetString(), &message) != Acad::eOk)
-        return false;
-    std::shared_ptr<const Scene> scene = SceneOf(*drawing, heights, message);
-    if (!scene)
+    LoadedDrawing loaded;
+    RunWork([&](SceneProgress& progress) { loaded = Load(path, heights, progress); });
+    message = loaded.message;
+    if (!loaded.scene)
         return false;
     m_inHost.reset();
-    m_drawing = std::move(drawing);
-    m_scene = std::move(scene);
+    m_drawing = std::move(loaded.drawing);
+    m_scene = std::move(loaded.scene);
     m_sceneChanges = 0;
     m_heights = heights;
     m_isOtherHeights = false;
@@ -85,7 +103,17 @@ bool OpenDrawing::Save(const CString& path, CString& message) {
 bool OpenDrawing::RefreshScene(CString& message) {
     if (!IsOpen() || (m_drawing->GetChangeCount() == m_sceneChanges && !m_isOtherHeights))
         return true;
-    std::shared_ptr<const Scene> scene = SceneOf(*m_drawing, m_heights, message);
+    std::shared_ptr<const Scene> scene;
+    bool isCancelled = false;
+    RunWork([&](SceneProgress& progress) {
+        scene = SceneOf(*m_drawing, m_heights, progress, message);
+        isCancelled = progress.isCancelled;
+    });
+    // Whoever cancels wants what is there, and is not to be asked again with the next command.
+    if (isCancelled) {
+        m_sceneChanges = m_drawing->GetChangeCount();
+        m_isOtherHeights = false;
+    }
     if (!scene)
         return false;
     m_scene = std::move(scene);

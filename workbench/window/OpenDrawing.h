@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -11,6 +12,13 @@
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/HostDrawing.h"
 #include "scene/Scene.h"
+
+// What has been read of a file, and belongs to nobody yet.
+struct LoadedDrawing {
+    std::unique_ptr<AcDbDatabase> drawing;
+    std::shared_ptr<const Scene> scene;
+    CString message;  // why there is none; empty where it was cancelled
+};
 
 // It is open in the host (acdbCurDwg, and known to the plug-ins) from a successful Open until another one takes its
 // place or this object goes.
@@ -21,15 +29,20 @@ public:
     OpenDrawing(const OpenDrawing&) = delete;
     OpenDrawing& operator=(const OpenDrawing&) = delete;
 
-    // Takes the place of the drawing that was open. False, with the reason, and that one stays. A drawing with faults
-    // that can be read has a message, too.
+    // Runs work that takes its time; it may be in another thread, as long as it has ended when this returns.
+    using Runner = std::function<void(const std::function<void(SceneProgress&)>& work)>;
+    // Without one the work is done at once.
+    void SetRunner(Runner runner) { m_runner = std::move(runner); }
+
+    // Takes the place of the drawing that was open. False, with the reason (none where it was cancelled), and that one
+    // stays. A drawing with faults that can be read has a message, too.
     bool Open(const CString& path, CString& message);
-    // Reads the file anew, with the heights that were set. False, with the reason, and the drawing stays as it is.
+    // Reads the file anew, with the heights that were set. False, as above, and the drawing stays as it is.
     bool Reload(CString& message);
     // Saves under the given path, which is the drawing's from then on. False, with the reason.
     bool Save(const CString& path, CString& message);
-    // Reads the faces anew when the drawing was changed after they were read. False, with the reason, and the faces
-    // stay.
+    // Reads the faces anew when the drawing was changed after they were read, or a height was. False, with the reason,
+    // and the faces stay; where it was cancelled, there is no reason, and they are the ones to keep.
     bool RefreshScene(CString& message);
     // Heights for layers, which count from the next RefreshScene on; another drawing begins without any.
     void SetHeights(std::vector<LayerHeight> heights);
@@ -57,8 +70,10 @@ private:
         bool operator==(const FileState&) const = default;
     };
     static std::optional<FileState> StateOf(const CString& path);
+    void RunWork(const std::function<void(SceneProgress&)>& work) const;
     bool Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message);
 
+    Runner m_runner;
     std::unique_ptr<AcDbDatabase> m_drawing;
     std::optional<HostDrawing> m_inHost;  // goes before the drawing itself
     std::shared_ptr<const Scene> m_scene;

@@ -58,6 +58,10 @@ void SidePanels::Retranslate() {
     ShowPicked();
 }
 
+QWidget* SidePanels::GetLayers() const {
+    return m_layers;
+}
+
 void SidePanels::AddEntries(QMenu& menu) const {
     menu.addAction(m_layerDock->toggleViewAction());
     menu.addAction(m_propertyDock->toggleViewAction());

@@ -27,6 +27,9 @@ public:
     // An entry for each panel, which shows and hides it.
     void AddEntries(QMenu& menu) const;
 
+    // What changes the drawing's scene.
+    QWidget* GetLayers() const;
+
     // The user gave heights to layers, which are the drawing's already.
     std::function<void()> m_onHeights;
     std::function<void(const CString&)> m_onComplaint;

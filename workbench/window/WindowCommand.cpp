@@ -47,7 +47,8 @@ int RunWindow(const WindowOptions& options) {
     const QuitSignals quitSignals([&window] { window.CloseSoon(); });
     window.show();
     const bool isOpened = !options.file || window.OpenFile(*options.file);
-    QApplication::exec();
+    if (window.isVisible())  // it may have been closed while the drawing was read
+        QApplication::exec();
     return isOpened ? kExitOk : kExitFailed;
 }
 

@@ -1,0 +1,11 @@
+// How far a scene is, for another thread than the one that makes it.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+
+struct SceneProgress {
+    std::atomic<std::size_t> done = 0;  // entities of the model space
+    std::atomic<std::size_t> total = 0;
+    std::atomic<bool> isCancelled = false;  // set from outside: the scene is then left as it is, and is of no use
+};

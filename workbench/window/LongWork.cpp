@@ -1,0 +1,114 @@
+// Runs a thread and an event loop side by side.
+#include "workbench/window/LongWork.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <exception>
+#include <thread>
+
+#include "workbench/view/WidgetText.h"
+
+namespace {
+
+constexpr int kMomentMilliseconds = 250;
+constexpr int kStepMilliseconds = 50;
+constexpr int kSteps = 1000;
+
+// What must not be used meanwhile.
+class Disabled {
+public:
+    explicit Disabled(const std::vector<QWidget*>& widgets) : m_focus(QApplication::focusWidget()), m_widgets(widgets) {
+        for (QWidget* widget : m_widgets)
+            widget->setEnabled(false);
+    }
+    ~Disabled() {
+        for (QWidget* widget : m_widgets)
+            widget->setEnabled(true);
+        if (m_focus)
+            m_focus->setFocus();
+    }
+    Disabled(const Disabled&) = delete;
+    Disabled& operator=(const Disabled&) = delete;
+
+private:
+    QPointer<QWidget> m_focus;
+    std::vector<QWidget*> m_widgets;
+};
+
+}  // namespace
+
+LongWork::LongWork(QStatusBar& bar) : m_bar(new QProgressBar(&bar)), m_button(new QPushButton(&bar)) {
+    m_bar->setObjectName("Progress");
+    m_bar->setMaximumWidth(220);
+    m_button->setObjectName("CancelWork");
+    bar.addPermanentWidget(m_bar);
+    bar.addPermanentWidget(m_button);
+    m_bar->hide();
+    m_button->hide();
+    QObject::connect(m_button, &QPushButton::clicked, m_button, [this] { Cancel(); });
+    Retranslate();
+}
+
+void LongWork::Retranslate() {
+    m_button->setText(ShownSay(L"取消"));  // it takes the shortcut away
+    m_button->setShortcut(Qt::Key_Escape);
+    m_bar->setAccessibleName(ShownSay(L"进度"));
+}
+
+void LongWork::Cancel() {
+    if (m_progress)
+        m_progress->isCancelled = true;
+}
+
+void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
+                   std::function<void(SceneProgress&)> work) {
+    SceneProgress progress;
+    m_progress = &progress;
+    std::exception_ptr failure;
+    {
+        const Disabled locked(disabled);
+        QEventLoop loop;
+        std::thread thread([&] {
+            try {
+                work(progress);
+            } catch (...) {
+                failure = std::current_exception();
+            }
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
+            timer.setInterval(kStepMilliseconds);
+            ShowProgress(title);
+        });
+        timer.start(kMomentMilliseconds);
+        loop.exec();
+        thread.join();
+    }
+    m_progress = nullptr;
+    m_bar->hide();
+    m_button->hide();
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+// Of a file that is still being read nobody knows how far it is.
+void LongWork::ShowProgress(const QString& title) {
+    const std::size_t total = m_progress->total;
+    const std::size_t done = m_progress->done;
+    m_bar->setRange(0, total == 0 ? 0 : kSteps);
+    if (total > 0)
+        m_bar->setValue(static_cast<int>(static_cast<double>(done) * kSteps / static_cast<double>(total)));
+    m_bar->setFormat(title + " %p%");
+    m_bar->setToolTip(title);
+    m_bar->show();
+    m_button->setEnabled(!m_progress->isCancelled);
+    m_button->show();
+    if (!m_button->hasFocus() && m_button->isEnabled())
+        m_button->setFocus();
+}

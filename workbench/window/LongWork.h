@@ -1,0 +1,34 @@
+// Work that takes its time, in a thread of its own, while the window lives: with a bar and a button in the status bar.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+#include "scene/SceneProgress.h"
+
+class QProgressBar;
+class QPushButton;
+class QStatusBar;
+class QWidget;
+
+class LongWork {
+public:
+    explicit LongWork(QStatusBar& bar);
+
+    // Runs `work`, and events meanwhile, until it has ended. The widgets given are disabled for that time, and then
+    // have the focus that they had. The bar appears when it takes longer than a moment. One at a time.
+    void Run(const QString& title, const std::vector<QWidget*>& disabled, std::function<void(SceneProgress&)> work);
+    // Asks what runs to leave off, if anything does.
+    void Cancel();
+    bool IsRunning() const { return m_progress != nullptr; }
+    void Retranslate();
+
+private:
+    void ShowProgress(const QString& title);
+
+    QProgressBar* m_bar;
+    QPushButton* m_button;
+    SceneProgress* m_progress = nullptr;
+};
