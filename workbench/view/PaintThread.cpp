@@ -50,7 +50,9 @@ void PaintThread::Run() {
         PaintJob job = *std::exchange(m_job, std::nullopt);
         m_isStopped = false;
         lock.unlock();
+        const auto begin = std::chrono::steady_clock::now();
         PaintAnswer answer = Answer(job);
+        answer.isSlow = std::chrono::steady_clock::now() - begin > kPaintPatience;
         lock.lock();
         if (m_isEnding || m_job)
             continue;

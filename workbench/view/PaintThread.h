@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
@@ -12,6 +13,9 @@
 #include <thread>
 
 #include "workbench/view/ScenePainter.h"
+
+// So long a widget may wait for a picture: nobody notices.
+inline constexpr std::chrono::milliseconds kPaintPatience(40);
 
 // What is to be seen in a picture.
 struct PaintJob {
@@ -25,8 +29,9 @@ struct PaintJob {
 struct PaintAnswer {
     QImage picture;  // null where there is a problem, where the camera's picture is too large, and without a scene
     enum class Problem { None, NoGraphics, NoMemory, NoPicture } problem = Problem::None;
-    CString reason;   // of NoGraphics
-    int maxSize = 0;  // the longest side that a picture may have; 0 while that is not known
+    CString reason;       // of NoGraphics
+    bool isSlow = false;  // it took longer than anybody should wait for
+    int maxSize = 0;      // the longest side that a picture may have; 0 while that is not known
 };
 
 // All members are for one thread, that of the widgets. The painter is opened with the first scene, and again with each

@@ -7,7 +7,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <set>
+#include <unordered_set>
 #include <utility>
 
 #include "settings/AnalysisParameters.h"
@@ -33,8 +33,6 @@ void LookByParameters(ViewCamera& camera) {
     camera.Look(-90.0 - g_nViewXYAngle, g_nViewZAAngle - 90.0);
 }
 
-// So long a paint event waits for its picture: nobody notices, and most pictures need less.
-constexpr std::chrono::milliseconds kPaintPatience(60);
 constexpr std::chrono::milliseconds kForever = std::chrono::hours(24);
 
 }  // namespace
@@ -237,23 +235,23 @@ void SceneView::TakePicture(std::chrono::milliseconds patience) {
     if (!answer)
         return;
     m_isDrawing = false;
+    m_isSlow = answer->isSlow;
     if (answer->maxSize > 0)
         m_maxSize = answer->maxSize;
     if (answer->problem != PaintAnswer::Problem::None)
         Refuse(*answer);
-    else if (answer->picture.isNull())
+    else if (answer->picture.isNull()) {
         TakeSize();  // it was too large, which makes it out of date
-    else
+        update();
+    } else
         m_picture = answer->picture;
 }
 
 void SceneView::paintEvent(QPaintEvent* /*event*/) {
     TakeSize();
-    for (int i = 0; i < 2; ++i) {
-        if (m_isDirty)
-            AskForPicture();
-        TakePicture(kPaintPatience);
-    }
+    if (m_isDirty)
+        AskForPicture();
+    TakePicture(m_isSlow ? std::chrono::milliseconds(0) : kPaintPatience);
     QPainter painter(this);
     if (!m_picture.isNull()) {
         painter.drawImage(QRectF(rect()), m_picture);
@@ -369,9 +367,9 @@ void SceneView::PickAt(const QPointF& pixel) {
 // Through all that is shown, faces first; from what is picked, or from the first or last one.
 void SceneView::PickNext(int step) {
     std::vector<AcDbObjectId> shown;
-    std::set<AcDbObjectId> known;  // an INSERT may have both faces and lines
+    std::unordered_set<std::uint64_t> known;  // an INSERT may have both faces and lines
     const auto take = [&](AcDbObjectId id, std::uint32_t layer) {
-        if (!IsHidden(m_hidden, layer) && known.insert(id).second)
+        if (!IsHidden(m_hidden, layer) && known.insert(id.asOldId()).second)
             shown.push_back(id);
     };
     for (const SceneEntity& entity : m_scene->entities)

@@ -143,6 +143,7 @@ private:
     bool m_isParallel = false;
     int m_maxSize = 0;         // of a picture; 0 while that is not known
     bool m_isDirty = true;     // what would be drawn now has not been asked for
+    bool m_isSlow = false;     // the last one took so long that no paint event should wait for the next
     bool m_isDrawing = false;  // it has been, and the picture is not there yet
     bool m_isMoving = false;   // drawn without edges and smoothing
     bool m_isFitted = true;    // everything is shown, and shall be after a change of size, too
