@@ -57,6 +57,17 @@ TEST_F(WindowWhileReading, LivesAndShowsHowFarItIs) {
     EXPECT_TRUE(Edit()->isEnabled());
 }
 
+TEST_F(WindowWhileReading, GivesTheFocusBack) {
+    const auto house = WriteDrawing("house.dxf");
+    m_window->hide();  // the focus of a window that is not the active one, as at the start of the program
+    Edit()->setFocus();
+    ASSERT_TRUE(Open(house));
+    EXPECT_EQ(m_window->focusWidget(), Edit());
+    Find<SceneView>("SceneView")->setFocus();
+    ASSERT_TRUE(Open(house));
+    EXPECT_EQ(m_window->focusWidget(), Find<SceneView>("SceneView"));
+}
+
 TEST_F(WindowWhileReading, CanBeToldToLeaveOff) {
     ASSERT_TRUE(Open(WriteDrawing("house.dxf")));
     const auto town = WriteTown(200'000);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr float kMarkedFace[] = {1.0F, 0.62F, 0.1F};
+constexpr float kMarkedFace[] = {1.0F, 0.62F, 0.1F, 0.55F};  // light and shade stay to be seen below
 constexpr float kMarkedEdge[] = {0.62F, 0.29F, 0.0F};
 constexpr float kMarkedWidth = 3.0F;
 
@@ -72,11 +72,14 @@ void DrawMarked(const MarkedShapes& marked, const QcGePoint& origin) {
     // The same faces as below: the mark steps forward, so that it is what is seen.
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(0.0F, -2.0F);
-    glColor3fv(kMarkedFace);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glColor4fv(kMarkedFace);
     glBegin(GL_TRIANGLES);
     for (const QcGeFace3dEX& face : marked.faces)
         SendFace(face, origin);
     glEnd();
+    glDisable(GL_BLEND);
     glDisable(GL_POLYGON_OFFSET_FILL);
     // Its edges shine through what stands before it, so that it is found there too.
     glDisable(GL_DEPTH_TEST);

@@ -1,7 +1,6 @@
 // Runs a thread and an event loop side by side.
 #include "workbench/window/LongWork.h"
 
-#include <QApplication>
 #include <QEventLoop>
 #include <QPointer>
 #include <QProgressBar>
@@ -22,7 +21,9 @@ constexpr int kSteps = 1000;
 // What must not be used meanwhile.
 class Disabled {
 public:
-    explicit Disabled(const std::vector<QWidget*>& widgets) : m_focus(QApplication::focusWidget()), m_widgets(widgets) {
+    // The window has a focus of its own also before it is the active one.
+    Disabled(const QWidget& window, const std::vector<QWidget*>& widgets)
+        : m_focus(window.focusWidget()), m_widgets(widgets) {
         for (QWidget* widget : m_widgets)
             widget->setEnabled(false);
     }
@@ -71,7 +72,7 @@ void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
     m_progress = &progress;
     std::exception_ptr failure;
     {
-        const Disabled locked(disabled);
+        const Disabled locked(*m_bar->window(), disabled);
         QEventLoop loop;
         std::thread thread([&] {
             try {

@@ -329,6 +329,8 @@ void MainWindow::Reload() {
         return;
     if (!isRead)
         return m_log->AddComplaint(message.IsEmpty() ? Say(L"已取消重新读入") : message);
+    if (!message.IsEmpty())
+        m_log->AddComplaint(message);
     m_view->UpdateScene(m_drawing.GetScene());
     m_view->Pick(m_drawing.GetDatabase().FindHandle(picked));
     m_panels->ShowDrawing(false);

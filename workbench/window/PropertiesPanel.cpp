@@ -19,7 +19,7 @@ PropertiesPanel::PropertiesPanel(QWidget* parent) : QTreeWidget(parent) {
 }
 
 void PropertiesPanel::Retranslate() {
-    setHeaderLabels({ShownSay(L"属性"), ShownSay(L"值")});
+    setHeaderLabels({ShownSay(L"属性名"), ShownSay(L"值")});
     setAccessibleName(ShownSay(L"所选实体的属性"));
 }
 

@@ -51,8 +51,8 @@ QDockWidget* SidePanels::AddDock(QWidget& panel, const char* name) {
 }
 
 void SidePanels::Retranslate() {
-    m_layerDock->setWindowTitle(ShownSay(L"图层"));
-    m_propertyDock->setWindowTitle(ShownSay(L"属性"));
+    m_layerDock->setWindowTitle(ShownSay(L"所有图层"));
+    m_propertyDock->setWindowTitle(ShownSay(L"所选实体"));
     m_layers->Retranslate();
     m_properties->Retranslate();
     ShowPicked();

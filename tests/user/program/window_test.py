@@ -134,6 +134,70 @@ class WithDisplay(ProgramTest):
         self.type_line(window, "exit")
         self.ends_well(process)
 
+    def write_town(self, boxes):
+        lines = ["0\nSECTION\n2\nENTITIES\n"]
+        for i in range(boxes):
+            x, y = i % 300 * 20, i // 300 * 20
+            lines.append(f"0\nLWPOLYLINE\n8\n0\n39\n9\n70\n1\n90\n3\n10\n{x}\n20\n{y}\n10\n{x + 9}\n20\n{y}\n10\n{x}\n20\n{y + 9}\n")
+        path = os.path.join(self.home, "town.dxf")
+        with open(path, "w", encoding="ascii") as file:
+            file.write("".join(lines) + "0\nENDSEC\n0\nEOF\n")
+        return path
+
+    def test_ends_while_a_large_drawing_is_read(self):
+        self.ok("info")  # the first start
+        town = self.write_town(400000)
+        for seconds in (0.2, 0.6, 1.2):
+            process = self.start("window", town)
+            self.wait_for("^orvo$")
+            time.sleep(seconds)
+            process.send_signal(signal.SIGTERM)
+            _, err = process.communicate(timeout=60)
+            self.assertIn(process.returncode, (OK, FAILED), err.decode())
+
+    def test_comes_back_in_the_size_and_language_that_it_had(self):
+        self.ok("info")
+        process = self.start("window", os.path.join(SHIPPED, "samples", "house.dxf"))
+        window = self.wait_for("^house.dxf - orvo$")
+        self.xdotool("windowsize", "--sync", window, "700", "520")
+        self.xdotool("windowfocus", "--sync", window)
+        self.xdotool("key", "alt+l", "e")  # Language, English
+        deadline = time.monotonic() + 60
+        while not self.kept("<language>en</language>") and time.monotonic() < deadline:
+            time.sleep(0.1)
+        self.type_line(window, "quit")
+        self.ends_well(process)
+        self.assertTrue(self.kept("house.dxf</file>"))
+        process = self.start("window")
+        window = self.wait_for("^orvo$")
+        time.sleep(1)
+        size = self.xdotool("getwindowgeometry", "--shell", window).stdout.split()
+        self.assertIn("WIDTH=700", size)
+        self.assertIn("HEIGHT=520", size)
+        self.type_line(window, "quit")
+        self.ends_well(process)
+        self.assertTrue(self.kept("<language>en</language>"))
+
+    def kept(self, text):
+        """Whether the window has written this into its file."""
+        return os.path.exists(self.file("window.xml")) and text.encode() in self.read("window.xml")
+
+    def test_reads_a_drawing_anew_that_its_command_line_changed(self):
+        self.ok("info")
+        path = os.path.join(self.home, "house.dxf")
+        shutil.copy(os.path.join(SHIPPED, "samples", "house.dxf"), path)
+        process = self.start("window", path)
+        window = self.wait_for("^house.dxf - orvo$")
+        self.type_line(window, "entity house.dxf --set 34 39 99")
+        deadline = time.monotonic() + 60
+        while "99" not in self.orvo("entity", path, "--get", "34", "39").out and time.monotonic() < deadline:
+            time.sleep(0.1)
+        time.sleep(1)  # and read it again
+        self.xdotool("key", "ctrl+s")  # without the question whether to replace what somebody else wrote
+        self.type_line(window, "quit")
+        self.ends_well(process)
+        self.assertIn("99", self.orvo("entity", path, "--get", "34", "39").out)
+
     def test_a_drawing_that_cannot_be_read_gives_the_code_of_a_failure(self):
         process = self.start("window", "missing.dxf")
         window = self.wait_for("^orvo$")
