@@ -93,6 +93,10 @@ TEST(SceneLines, DoNotRepeatWhatGivesFaces) {
         LineScene(Entity("LWPOLYLINE", "39=3 70=1 " + kSquare) + Entity("LINE", "39=2 10=0 20=0 11=1 21=0"));
     EXPECT_FALSE(scene.faces.empty());
     EXPECT_TRUE(scene.lines.segments.empty());
+    const std::string block = BlockText("B", Entity("LINE", "39=2 10=0 20=0 11=1 21=0"));
+    const Scene inserted = LineScene(Insert("2=B 10=0 20=0"), block);
+    EXPECT_EQ(inserted.faces.size(), 1U);
+    EXPECT_TRUE(inserted.lines.segments.empty()) << "in a block, too";
     // With a height the closed one is a body; the open one stays a line.
     const Scene raised =
         LineScene(Entity("LWPOLYLINE", "8=A 70=1 " + kSquare) + Entity("LINE", "8=A 10=0 20=0 11=1 21=0"), {}, {},

@@ -186,6 +186,19 @@ TEST_F(ViewPicks, CanDoItAllWithKeys) {
     EXPECT_EQ(m_view->GetPicked(), Id(kLine)) << "the middle of the picture";
 }
 
+TEST_F(ViewPicks, GoThroughWhatHasFacesAndLinesOnce) {
+    auto scene = Yard();
+    AddLine(*scene, kRedBox, 2, {0, 0, 12}, {10, 0, 12});
+    AddLine(*scene, 20, 2, {0, 0, 20}, {10, 0, 20});
+    m_view->UpdateScene(scene);
+    std::vector<AcDbObjectId> met;
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(m_view.get(), Qt::Key_Period);
+        met.push_back(m_view->GetPicked());
+    }
+    EXPECT_EQ(met, (std::vector<AcDbObjectId>{Id(kRedBox), Id(kGreenBox), Id(kLine), Id(20), Id(kRedBox)}));
+}
+
 TEST_F(ViewPicks, NeitherShowsNorPicksHiddenLayers) {
     m_view->SetHiddenLayers({true, false, true});
     const QImage picture = m_view->GetPicture();

@@ -141,6 +141,7 @@ TEST_F(WindowPanels, KeepWhatWasChosenOverAReloadAndNotForAnotherDrawing) {
     EXPECT_EQ(Counts(), "实体：4　面：12");
     EXPECT_EQ(Layer("Houses")->checkState(LayerPanel::Name), Qt::Unchecked);
     EXPECT_EQ(Property("句柄"), "A2") << "still picked";
+    EXPECT_EQ(Layer("Flat")->text(LayerPanel::Height), "3");
     ASSERT_TRUE(m_window->OpenFile(FromUtf8(WriteDrawing("house.dxf").string())));
     EXPECT_EQ(Layers()->topLevelItemCount(), 1);
     EXPECT_EQ(Property("句柄"), "");
