@@ -103,6 +103,13 @@ TEST(SceneLines, DoNotRepeatWhatGivesFaces) {
                   kMostSceneSegments, {{L"A", 3.0}});
     EXPECT_EQ(raised.heights[0].bodyCount, 1U);
     ExpectSegments(raised, {{0, 0, 0, 1, 0, 0}});
+    // In a block, too, also where it is the INSERT's layer that has the height.
+    const std::string flat = BlockText("F", Entity("LWPOLYLINE", "8=0 70=1 " + kSquare));
+    const Scene both = LineScene(Insert("2=F 8=A 10=0 20=0") + Insert("2=F 8=B 10=9 20=0"), flat, {},
+                                 kMostSceneSegments, {{L"A", 3.0}});
+    EXPECT_EQ(both.faces.size(), 6U);
+    ASSERT_EQ(both.lines.segments.size(), 4U);
+    EXPECT_EQ(both.lines.least.x, 9.0);
 }
 
 TEST(SceneLines, AreHiddenWithTheirLayer) {
