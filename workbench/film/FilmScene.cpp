@@ -1,12 +1,11 @@
-// Windows as faces, and the turn between true north and the drawing's axes.
+// Windows as faces, the camera of a request, and the sun of one.
 #include "workbench/film/FilmScene.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "facts/Angles.h"
 #include "facts/SunDay.h"
-#include "facts/SunPosition.h"
+#include "workbench/view/ViewSun.h"
 
 namespace {
 
@@ -80,10 +79,5 @@ ViewCamera FilmCameraOf(const FilmRequest& request, const Scene& scene, const Sc
 }
 
 SceneSun SunOfDrawing(const DayRequest& request, double trueSolarTime) {
-    const SunDay day = ComputeSunDay(request.terms, *request.settings.place);
-    const SunDirection sun = DirectionOfSun(day, trueSolarTime);
-    const double turn = request.north * kRadiansPerDegree;
-    const double c = std::cos(turn);
-    const double s = std::sin(turn);
-    return {{sun.east * c - sun.north * s, sun.east * s + sun.north * c, sun.up}};
+    return SunInDrawing(ComputeSunDay(request.terms, *request.settings.place), request.north, trueSolarTime);
 }

@@ -95,7 +95,9 @@ PaintAnswer PaintThread::Answer(PaintJob& job) {
     m_painter->SetMarked(ShapesOf(*job.scene, job.hidden, job.picked));
     job.effort.isStopped = &m_isStopped;
     GlPicture picture;
-    if (m_painter->Paint(job.camera, job.effort, picture))
+    const bool isDrawn = job.sun ? m_painter->PaintInSun(job.camera, *job.sun, job.effort, picture)
+                                 : m_painter->Paint(job.camera, job.effort, picture);
+    if (isDrawn)
         answer.picture = ImageOf(picture);
     else
         answer.problem = PaintAnswer::Problem::NoPicture;

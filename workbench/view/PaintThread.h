@@ -24,6 +24,7 @@ struct PaintJob {
     AcDbObjectId picked;
     ViewCamera camera;
     PaintEffort effort;
+    std::optional<SceneSun> sun = {};  // without one it is day, and nothing casts a shadow
 };
 
 struct PaintAnswer {

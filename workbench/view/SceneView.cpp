@@ -13,6 +13,7 @@
 #include "settings/AnalysisParameters.h"
 #include "workbench/view/CompassRose.h"
 #include "workbench/view/ScenePick.h"
+#include "workbench/view/SunPath.h"
 #include "workbench/view/WidgetText.h"
 
 namespace {
@@ -31,6 +32,11 @@ constexpr double kMostOfAClick = 3.0;  // pixels that a hand moves unawares
 // zenith down. The eye is opposite. 120 and 120 look from the south-south-east, 30 degrees down.
 void LookByParameters(ViewCamera& camera) {
     camera.Look(-90.0 - g_nViewXYAngle, g_nViewZAAngle - 90.0);
+}
+
+// Faces are what a drawing is about; without any it is the lines.
+ViewBox BoxOfShapes(const Scene& scene) {
+    return scene.faces.empty() ? ViewBox{scene.lines.least, scene.lines.most} : ViewBox{scene.least, scene.most};
 }
 
 constexpr std::chrono::milliseconds kForever = std::chrono::hours(24);
@@ -78,6 +84,7 @@ void SceneView::UpdateScene(std::shared_ptr<const Scene> scene) {
 
 void SceneView::TakeScene(std::shared_ptr<const Scene> scene) {
     m_scene = std::move(scene);
+    m_isKept = false;
     m_problem.clear();
     if (HasShapes())
         SetBoxes();
@@ -86,12 +93,10 @@ void SceneView::TakeScene(std::shared_ptr<const Scene> scene) {
     Redraw();
 }
 
-// Faces are what a drawing is about; without any it is the lines.
 void SceneView::SetBoxes() {
-    const ViewBox lines{m_scene->lines.least, m_scene->lines.most};
-    m_camera.SetBox(m_scene->faces.empty() ? lines : ViewBox{m_scene->least, m_scene->most});
+    m_camera.SetBox(BoxOfShapes(*m_scene));
     if (!m_scene->lines.segments.empty())
-        m_camera.SetSurroundings(lines);
+        m_camera.SetSurroundings({m_scene->lines.least, m_scene->lines.most});
 }
 
 void SceneView::SetHiddenLayers(const HiddenLayers& hidden) {
@@ -112,6 +117,14 @@ void SceneView::SetParallel(bool isParallel) {
     m_isParallel = isParallel;
     m_camera.SetParallel(isParallel);
     Redraw();
+}
+
+void SceneView::SetSun(const std::optional<ViewSun>& sun) {
+    m_sun = sun;
+    BeginToMove();
+    Redraw();
+    if (m_onSun)
+        m_onSun();
 }
 
 void SceneView::SetHint(const QString& hint) {
@@ -196,11 +209,14 @@ void SceneView::Redraw() {
 
 void SceneView::RedrawMoving() {
     m_isFitted = false;
-    if (IsLarge()) {
-        m_isMoving = true;
-        m_rest.start();
-    }
+    BeginToMove();
     Redraw();
+}
+
+void SceneView::BeginToMove() {
+    m_isMoving = IsCostly();
+    if (m_isMoving)
+        m_rest.start();
 }
 
 void SceneView::Refuse(const PaintAnswer& answer) {
@@ -225,7 +241,11 @@ void SceneView::AskForPicture() {
                 this, [this] { update(); }, Qt::QueuedConnection);
         });
     m_isDrawing = true;
-    m_thread->Ask({m_scene, m_hidden, m_picked, m_camera, {!m_isMoving, !m_isMoving}});
+    m_isKept = m_isMoving && m_sun;
+    PaintJob job{m_scene, m_hidden, m_picked, m_camera, {!m_isMoving || !IsLarge(), !m_isMoving}};
+    if (m_sun)
+        job.sun = SunInDrawing(m_sun->day, m_sun->north, m_sun->trueSolarTime);
+    m_thread->Ask(std::move(job));
 }
 
 void SceneView::TakePicture(std::chrono::milliseconds patience) {
@@ -247,18 +267,25 @@ void SceneView::TakePicture(std::chrono::milliseconds patience) {
         m_picture = answer->picture;
 }
 
+void SceneView::DrawOverlays(QPainter& painter) const {
+    constexpr double kRose = 36.0;
+    constexpr double kFromEdge = 58.0;
+    if (m_sun && HasShapes())
+        SunPath(m_camera, BoxOfShapes(*m_scene)).Draw(painter, *m_sun, m_scale);
+    if (width() > 3 * kFromEdge && height() > 3 * kFromEdge)
+        DrawCompassRose(painter, m_camera, QPointF(kFromEdge, height() - kFromEdge), kRose);
+}
+
 void SceneView::paintEvent(QPaintEvent* /*event*/) {
     TakeSize();
-    if (m_isDirty)
+    TakePicture(std::chrono::milliseconds(0));
+    if (m_isDirty && !(m_isDrawing && m_isKept))
         AskForPicture();
     TakePicture(m_isSlow ? std::chrono::milliseconds(0) : kPaintPatience);
     QPainter painter(this);
     if (!m_picture.isNull()) {
         painter.drawImage(QRectF(rect()), m_picture);
-        constexpr double kRose = 36.0;
-        constexpr double kFromEdge = 58.0;
-        if (width() > 3 * kFromEdge && height() > 3 * kFromEdge)
-            DrawCompassRose(painter, m_camera, QPointF(kFromEdge, height() - kFromEdge), kRose);
+        DrawOverlays(painter);
     } else {
         QLinearGradient sky(0, 0, 0, height());
         sky.setColorAt(0.0, QColor(214, 227, 240));
@@ -283,10 +310,7 @@ void SceneView::paintEvent(QPaintEvent* /*event*/) {
 
 void SceneView::resizeEvent(QResizeEvent* /*event*/) {
     TakeSize();
-    if (IsLarge()) {
-        m_isMoving = true;
-        m_rest.start();
-    }
+    BeginToMove();
 }
 
 void SceneView::mousePressEvent(QMouseEvent* event) {

@@ -12,6 +12,7 @@
 #include "scene/Scene.h"
 #include "workbench/view/PaintThread.h"
 #include "workbench/view/ViewCamera.h"
+#include "workbench/view/ViewSun.h"
 
 // Mouse: the left button turns, the middle one (or the left one with Shift) moves, the wheel zooms at the pointer, a
 // click picks what is under the pointer, and a double click shows everything. Moving and zooming hold on to the face
@@ -23,7 +24,8 @@
 // and the previous entity, and Escape nothing.
 //
 // A scene with more faces than g_RenderMaxFaceNum is shown without edges and smoothing while the view changes, and in
-// full as soon as it rests. Nothing is drawn anew while nothing changes.
+// full as soon as it rests; in the sun every scene is shown without smoothing and with coarser shadows while view or
+// sun move. Nothing is drawn anew while nothing changes.
 //
 // Events change the camera or the scene and mark the picture as out of date; the next paint event (or GetPicture) asks
 // for it, once for however many events. Pictures are drawn in a thread of their own: a paint event waits for a moment,
@@ -35,15 +37,19 @@
 //   UpdateScene                          true       (fits if)               empty
 //   Look, Fit, Home, double click        true       true
 //   pick, hide layers, P                 true
-//   turn, move, zoom                     true       false       if large
-//   another size                         true       (fits if)   if large
+//   SetSun                               true                   if costly
+//   turn, move, zoom                     true       false       if costly
+//   another size                         true       (fits if)   if costly
 //   another scale of the screen          true       (fits if)
 //   m_rest runs out                      true                   false
 //   the picture is asked for             false
 //   the picture is there                                                    the reason, if it fails
 //
-// "Fits if": the flag stays, and where it is set everything is shown again. "If large": true for a large scene, and the
-// timer m_rest starts anew, so that it runs out when nothing has come for a moment; other scenes never set it.
+// "Fits if": the flag stays, and where it is set everything is shown again. "If costly": true for a large scene and in
+// the sun, and the timer m_rest starts anew, so that it runs out when nothing has come for a moment; else it stays.
+//
+// A picture that is wanted no more is left, but not a quick one in the sun: while somebody plays the day, moments come
+// faster than pictures, and none would ever be seen.
 //
 // A problem stays, and keeps anything from being drawn, until the next scene comes. The opener is called in that
 // thread, with the first scene to be drawn, and with each further scene for as long as it has given no painter.
@@ -76,6 +82,12 @@ public:
     // Called when a key has changed that.
     std::function<void()> m_onParallel;
 
+    // The sun that shines on the scene, with its path over it; none for plain light. It stays for further drawings.
+    void SetSun(const std::optional<ViewSun>& sun);
+    const std::optional<ViewSun>& GetSun() const { return m_sun; }
+    // Called whenever that has changed.
+    std::function<void()> m_onSun;
+
     // Puts its texts (but the hint, which is the caller's) into the language in force.
     void Retranslate();
 
@@ -84,7 +96,7 @@ public:
     void Fit();
 
     const ViewCamera& GetCamera() const { return m_camera; }
-    // The picture of the scene as it is shown now, without the compass; null when there is none.
+    // The picture of the scene as it is shown now, without compass and path of the sun; null when there is none.
     QImage GetPicture();
     // Why there is no picture; empty when there is one or nothing to see.
     QString GetProblem() const { return m_problem; }
@@ -105,6 +117,9 @@ private:
 
     bool HasShapes() const { return m_scene && (!m_scene->faces.empty() || !m_scene->lines.segments.empty()); }
     bool IsLarge() const;
+    bool IsCostly() const { return IsLarge() || (m_sun && HasShapes()); }
+    void BeginToMove();
+    void DrawOverlays(QPainter& painter) const;
     void TakeScene(std::shared_ptr<const Scene> scene);
     void TakeSize();
     QPointF InPicture(const QPointF& position) const;
@@ -131,6 +146,7 @@ private:
     ViewCamera m_camera;  // its pixels are those of the picture
     HiddenLayers m_hidden;
     AcDbObjectId m_picked;
+    std::optional<ViewSun> m_sun;
     QImage m_picture;
     QString m_hint;
     QString m_problem;
@@ -145,6 +161,7 @@ private:
     bool m_isDirty = true;     // what would be drawn now has not been asked for
     bool m_isSlow = false;     // the last one took so long that no paint event should wait for the next
     bool m_isDrawing = false;  // it has been, and the picture is not there yet
-    bool m_isMoving = false;   // drawn without edges and smoothing
+    bool m_isKept = false;     // and it is to be drawn to its end, whatever changes
+    bool m_isMoving = false;   // drawn with little effort
     bool m_isFitted = true;    // everything is shown, and shall be after a change of size, too
 };
