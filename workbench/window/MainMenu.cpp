@@ -56,6 +56,11 @@ void MainMenu::SetParallel(bool isParallel) {
     m_parallel->setChecked(isParallel);
 }
 
+void MainMenu::SetSunny(bool isSunny) {
+    m_isSunny = isSunny;
+    m_sun->setChecked(isSunny);
+}
+
 void MainMenu::RefreshRecent() {
     m_recent->clear();
     int number = 0;
@@ -97,6 +102,9 @@ void MainMenu::AddViewMenu() {
     m_parallel = menu->addAction(ShownSay(L"平行投影(&P)") + "\tP", &m_window, m_actions.toggleParallel);
     m_parallel->setCheckable(true);
     m_parallel->setChecked(m_isParallel);
+    m_sun = menu->addAction(ShownSay(L"太阳和阴影(&U)"), QKeySequence("F6"), &m_window, m_actions.toggleSun);
+    m_sun->setCheckable(true);
+    m_sun->setChecked(m_isSunny);
     menu->addSeparator();
     m_actions.addPanels(*menu);
 }

@@ -20,6 +20,7 @@ struct MenuActions {
     std::function<void()> about;
     std::function<void(QMenu&)> addPanels;  // fills the view's menu with an entry for each panel
     std::function<void()> toggleParallel;
+    std::function<void()> toggleSun;
     std::function<void()> savePicture;
     std::function<void()> reload;
     std::function<void(const CString&)> openRecent;  // a path
@@ -39,6 +40,7 @@ public:
     // Saving is possible when a drawing is open.
     void SetHasDrawing(bool hasDrawing);
     void SetParallel(bool isParallel);
+    void SetSunny(bool isSunny);
     // Names the recent files anew.
     void RefreshRecent();
 
@@ -57,7 +59,9 @@ private:
     QAction* m_reload = nullptr;
     QAction* m_savePicture = nullptr;
     QAction* m_parallel = nullptr;
+    QAction* m_sun = nullptr;
     QMenu* m_recent = nullptr;
     bool m_hasDrawing = false;
     bool m_isParallel = false;
+    bool m_isSunny = false;
 };

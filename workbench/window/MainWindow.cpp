@@ -30,6 +30,7 @@
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
+#include "workbench/window/SunBar.h"
 #include "workbench/window/ViewKeys.h"
 #include "workbench/window/WindowIcon.h"
 
@@ -74,6 +75,7 @@ MenuActions MainWindow::ActionsOfMenu() {
         m_view->SetParallel(!m_view->IsParallel());
         ToggleParallel();
     };
+    actions.toggleSun = [this] { m_sun->SetOn(!m_sun->IsOn()); };
     actions.savePicture = [this] { SavePicture(); };
     actions.reload = [this] { Reload(); };
     actions.openRecent = [this](const CString& path) { OpenFile(path); };
@@ -96,6 +98,10 @@ MainWindow::MainWindow() : m_menu(*this, ActionsOfMenu()) {
         g_pTeskLangSwitch->SetLanguage(kept.GetString());
     m_view->SetParallel(m_memory.Get().isParallel);
     Retranslate();
+    m_sun->SetBeijing(m_memory.Get().isBeijing);
+    m_sun->SetOn(m_memory.Get().isSunny);
+    m_sun->m_onChoice = [this] { KeepSun(); };
+    m_menu.SetSunny(m_sun->IsOn());
     RestorePlace();
     m_edit->setFocus();
     for (const CString& message : MessagesOnUnusableFiles())
@@ -118,8 +124,26 @@ MainWindow::~MainWindow() {
     acedSetAcadFrame(nullptr);
 }
 
-void MainWindow::BuildWidgets() {
+QWidget* MainWindow::BuildView() {
     m_view = new SceneView(this);
+    m_sun = new SunBar(this);
+    m_sun->m_onSun = [this] { m_view->SetSun(m_sun->GetSun()); };
+    auto* both = new QWidget(this);
+    auto* column = new QVBoxLayout(both);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_view, 1);
+    column->addWidget(m_sun);
+    return both;
+}
+
+void MainWindow::KeepSun() {
+    m_menu.SetSunny(m_sun->IsOn());
+    m_memory.KeepSun(m_sun->IsOn(), m_sun->IsBeijing());
+}
+
+void MainWindow::BuildWidgets() {
+    QWidget* const view = BuildView();
     m_log = new CommandLog(this);
     m_edit = new CommandEdit(this);
     m_edit->m_onLine = [this](const CString& line) { RunTyped(line); };
@@ -138,7 +162,7 @@ void MainWindow::BuildWidgets() {
     column->addWidget(m_edit);
 
     auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->addWidget(m_view);
+    splitter->addWidget(view);
     splitter->addWidget(commands);
     splitter->setStretchFactor(0, 1);
     splitter->setSizes({520, 180});
@@ -198,6 +222,7 @@ void MainWindow::Retranslate() {
     m_edit->setAccessibleName(ShownSay(L"命令行"));
     m_log->setAccessibleName(ShownSay(L"命令记录"));
     m_view->Retranslate();
+    m_sun->Retranslate();
     m_panels->Retranslate();
     m_work->Retranslate();
     m_menu.SetParallel(m_view->IsParallel());
@@ -220,6 +245,7 @@ void MainWindow::Refresh() {
     const QString note = Shown(Printable(g_SunDataSet.GetNoteString()));
     m_note->setText(note);
     m_note->setToolTip(note);
+    m_sun->TakeSettings();
     RefreshTitle();
 }
 

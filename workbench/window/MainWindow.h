@@ -17,6 +17,7 @@ class CommandEdit;
 class CommandLog;
 class QLabel;
 class SceneView;
+class SunBar;
 
 // While it lives it is the host's frame (acedGetAcadFrame), and what subcommands answer, what commands print and what
 // the platform reports appears in its log. There may be one at a time. PrepareWindows must have succeeded.
@@ -61,6 +62,8 @@ private:
     // After a command: another program, or the command itself, may have written the drawing's file.
     void ReloadIfWritten();
     void ToggleParallel();
+    QWidget* BuildView();
+    void KeepSun();
     void SavePicture();
     void ShowKeys();
     void ApplyHeights();
@@ -86,6 +89,7 @@ private:
     CommandLog* m_log = nullptr;
     CommandEdit* m_edit = nullptr;
     SceneView* m_view = nullptr;
+    SunBar* m_sun = nullptr;
     QLabel* m_note = nullptr;
     QLabel* m_counts = nullptr;
 };

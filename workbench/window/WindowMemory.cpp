@@ -50,6 +50,8 @@ RememberedWindow Read(const QcDtDictionary& file) {
     if (const CString language = TextOf(file, L"language"); language == L"zh" || language == L"en")
         remembered.language = language;
     remembered.isParallel = TextOf(file, L"parallel") == L"1";
+    remembered.isSunny = TextOf(file, L"sun") == L"1";
+    remembered.isBeijing = TextOf(file, L"beijing") == L"1";
     if (const QcDtDictionary* const recent = file.FindDict(L"recent"))
         for (int i = 0; i < recent->GetCount() && remembered.recent.size() < kMostRecentFiles; ++i)
             if (const CString path = recent->GetItem(i)->GetStringValue(); !path.IsEmpty())
@@ -62,6 +64,8 @@ void Write(const RememberedWindow& remembered, QcDtDictionary& file) {
     SetBytes(file, L"panels", remembered.panels);
     SetText(file, L"language", remembered.language);
     SetText(file, L"parallel", remembered.isParallel ? L"1" : L"0");
+    SetText(file, L"sun", remembered.isSunny ? L"1" : L"0");
+    SetText(file, L"beijing", remembered.isBeijing ? L"1" : L"0");
     QcDtDictionary* const recent = file.FindOrAddDict(L"recent");
     for (const CString& path : remembered.recent) {
         auto* item = new QcDtDictStringItem(L"file");  // the dictionary's
@@ -118,6 +122,13 @@ void WindowMemory::KeepLanguage(const CString& language) {
 
 void WindowMemory::KeepParallel(bool isParallel) {
     Keep([&](RememberedWindow& remembered) { remembered.isParallel = isParallel; });
+}
+
+void WindowMemory::KeepSun(bool isSunny, bool isBeijing) {
+    Keep([&](RememberedWindow& remembered) {
+        remembered.isSunny = isSunny;
+        remembered.isBeijing = isBeijing;
+    });
 }
 
 void WindowMemory::KeepRecent(const CString& path) {

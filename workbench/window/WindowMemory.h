@@ -16,6 +16,8 @@ struct RememberedWindow {
     std::string panels;           // the same of the panels
     CString language;             // "zh" or "en", once one was chosen in the window
     bool isParallel = false;      // the view
+    bool isSunny = false;         // it, too
+    bool isBeijing = false;       // the clock of its sun
     std::vector<CString> recent;  // absolute paths of drawings, the latest first
 };
 
@@ -31,6 +33,7 @@ public:
     void KeepPlace(const std::string& place, const std::string& panels);
     void KeepLanguage(const CString& language);
     void KeepParallel(bool isParallel);
+    void KeepSun(bool isSunny, bool isBeijing);
     // Puts a file in front of the others.
     void KeepRecent(const CString& path);
     void ForgetRecent();

@@ -1,0 +1,275 @@
+// Joins slider, calendar and clock to one moment.
+#include "workbench/window/SunBar.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <cmath>
+
+#include "facts/ClockText.h"
+#include "facts/DayTerms.h"
+#include "facts/DayText.h"
+#include "facts/SunPosition.h"
+#include "platform/base/Language.h"
+#include "platform/base/PlainText.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/ValueErrors.h"
+#include "workbench/view/WidgetText.h"
+
+namespace {
+
+constexpr double kHoursPerDay = 24.0;
+constexpr double kPlayedHours = 2.0 / kMinutesPerHour;  // with each tick
+constexpr int kTickMilliseconds = 50;
+constexpr int kPageMinutes = 30;
+
+double Wrapped(double hours) {
+    const double rest = std::fmod(hours, kHoursPerDay);
+    return rest < 0.0 ? rest + kHoursPerDay : rest;
+}
+
+CString Degrees(double value) {
+    CString text;
+    text.Format(L"%.1f", value);
+    return text == L"-0.0" ? CString(L"0.0") : text;
+}
+
+}  // namespace
+
+SunBar::SunBar(QWidget* parent) : QWidget(parent) {
+    setObjectName("SunBar");
+    m_clock.setInterval(kTickMilliseconds);
+    Build();
+    Join();
+    Retranslate();
+    TakeSettings();
+}
+
+void SunBar::Build() {
+    m_switch = new QCheckBox(this);
+    m_switch->setObjectName("SunSwitch");
+    m_play = new QPushButton(this);
+    m_play->setObjectName("SunPlay");
+    m_play->setCheckable(true);
+    m_slider = new QSlider(Qt::Horizontal, this);
+    m_slider->setObjectName("SunSlider");
+    m_slider->setRange(0, kMinutesPerDay - 1);
+    m_slider->setPageStep(kPageMinutes);
+    m_slider->setTickPosition(QSlider::TicksBelow);
+    m_slider->setTickInterval(kMinutesPerHour);
+    m_slider->installEventFilter(this);
+    m_time = new QLabel(this);
+    m_time->setObjectName("SunTime");
+    m_base = new QComboBox(this);
+    m_base->setObjectName("SunBase");
+    m_base->addItems({QString(), QString()});
+    m_date = new QDateEdit(this);
+    m_date->setObjectName("SunDate");
+    m_date->setTimeSpec(Qt::UTC);
+    m_date->setCalendarPopup(true);
+    m_date->setDisplayFormat("yyyy-MM-dd");
+    m_date->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31));
+    m_date->setKeyboardTracking(false);  // a year in the making is no date that anybody means
+    m_about = new QLabel(this);
+    m_about->setObjectName("SunAbout");
+    m_about->setTextFormat(Qt::PlainText);
+    m_about->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_about->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto* rows = new QGridLayout(this);
+    rows->setContentsMargins(4, 2, 4, 2);
+    rows->addWidget(m_switch, 0, 0);
+    rows->addWidget(m_play, 0, 1);
+    rows->addWidget(m_slider, 0, 2);
+    rows->addWidget(m_time, 0, 3);
+    rows->addWidget(m_base, 1, 0);
+    rows->addWidget(m_date, 1, 1);
+    rows->addWidget(m_about, 1, 2, 1, 2);
+    rows->setColumnStretch(2, 1);
+    for (QWidget* ofSecondRow : std::initializer_list<QWidget*>{m_base, m_date, m_about})
+        ofSecondRow->setVisible(false);
+}
+
+void SunBar::Join() {
+    connect(m_switch, &QCheckBox::toggled, this, [this] { TakeSwitch(); });
+    connect(m_play, &QPushButton::toggled, this, [this](bool isOn) {
+        SetOn(IsOn() || isOn);
+        SetPlaying(isOn);
+    });
+    connect(&m_clock, &QTimer::timeout, this, [this] { Advance(); });
+    connect(m_slider, &QSlider::valueChanged, this, [this] { TakeSlider(); });
+    connect(m_date, &QDateEdit::dateChanged, this, [this] {
+        SetOn(true);
+        Change();
+    });
+    connect(m_base, &QComboBox::currentIndexChanged, this, [this] {
+        Change();
+        if (m_onChoice)
+            m_onChoice();
+    });
+}
+
+void SunBar::SetOn(bool isOn) {
+    m_switch->setChecked(isOn);
+}
+
+bool SunBar::IsOn() const {
+    return m_switch->isChecked();
+}
+
+void SunBar::TakeSwitch() {
+    if (!IsOn())
+        m_play->setChecked(false);
+    for (QWidget* ofSecondRow : std::initializer_list<QWidget*>{m_base, m_date, m_about})
+        ofSecondRow->setVisible(IsOn());
+    Change();
+    if (m_onChoice)
+        m_onChoice();
+}
+
+void SunBar::TakeSettings() {
+    m_settings = CurrentSettings();
+    CalendarDay day = m_settings.Day();
+    if (!IsRealDay(day))
+        day = Today();
+    if (!(day == m_settingsDay)) {
+        m_settingsDay = day;
+        const QSignalBlocker quiet(m_date);
+        m_date->setDate(QDate(day.year, day.month, day.day));
+    }
+    Change();
+}
+
+void SunBar::SetNorth(double north) {
+    m_north = north;
+    Change();
+}
+
+void SunBar::SetBeijing(bool isBeijing) {
+    const QSignalBlocker quiet(m_base);
+    m_base->setCurrentIndex(isBeijing ? 1 : 0);
+    Change();
+}
+
+bool SunBar::IsBeijing() const {
+    return m_base->currentIndex() == 1;
+}
+
+void SunBar::Retranslate() {
+    {
+        const QSignalBlocker quiet(m_base);
+        m_base->setItemText(0, ShownSay(L"真太阳时"));
+        m_base->setItemText(1, ShownSay(L"北京时间"));
+    }
+    const bool isChinese = g_strCurLanguage == L"Chs";
+    m_date->setLocale(isChinese ? QLocale(QLocale::Chinese, QLocale::China)
+                                : QLocale(QLocale::English, QLocale::UnitedStates));
+    m_switch->setText(ShownSay(L"太阳和阴影"));
+    m_switch->setToolTip(ShownSay(L"这一刻的阴影和太阳的路径 (F6)"));
+    m_slider->setAccessibleName(ShownSay(L"一天中的时刻"));
+    m_slider->setToolTip(ShownSay(L"拖动，或用方向键、Page Up 和 Page Down 改变时刻；空格播放和暂停"));
+    m_base->setAccessibleName(ShownSay(L"时刻按"));
+    m_date->setAccessibleName(ShownSay(L"太阳的日期"));
+    m_date->setToolTip(ShownSay(L"只换视图里太阳的日期，不改变日照设置"));
+    SetPlaying(m_clock.isActive());
+    ShowTexts();
+}
+
+void SunBar::hideEvent(QHideEvent* /*event*/) {
+    m_play->setChecked(false);
+}
+
+bool SunBar::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_slider || event->type() != QEvent::KeyPress ||
+        static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space)
+        return QWidget::eventFilter(watched, event);
+    m_play->toggle();
+    return true;
+}
+
+void SunBar::SetPlaying(bool isPlaying) {
+    m_play->setText(isPlaying ? ShownSay(L"暂停") : ShownSay(L"播放"));
+    m_play->setAccessibleName(isPlaying ? ShownSay(L"暂停") : ShownSay(L"播放一天的阴影"));
+    if (isPlaying && !m_clock.isActive())
+        m_clock.start();
+    else if (!isPlaying)
+        m_clock.stop();
+}
+
+void SunBar::Advance() {
+    if (!m_sun)
+        return;
+    const SunDay& day = m_sun->day;
+    double next = m_moment + kPlayedHours;
+    const double rise = 12.0 - day.dayLength / 2.0;
+    if (day.kind == SunDay::Kind::Ordinary && (next < rise || next > kHoursPerDay - rise))
+        next = rise;
+    SetMoment(next);
+}
+
+void SunBar::SetMoment(double trueSolarTime) {
+    m_moment = Wrapped(trueSolarTime);
+    Change();
+}
+
+void SunBar::TakeSlider() {
+    SetMoment(m_slider->value() / static_cast<double>(kMinutesPerHour) - (m_sun ? m_sun->shownLater : 0.0));
+    SetOn(true);
+}
+
+CString SunBar::FindFault() const {
+    if (!m_settings.place)
+        return SayFormat(L"地区数据库里没有“%s”：请在日照设置里选一个地区", Printable(m_settings.placeName));
+    if (!m_settings.place->IsOnTheGlobe())
+        return SayFormat(L"地区“%s”的位置不在地球上，算不出太阳的时刻。", Printable(m_settings.place->FullName()));
+    return CString();
+}
+
+void SunBar::Change() {
+    m_fault = FindFault();
+    m_sun.reset();
+    if (m_fault.IsEmpty()) {
+        const QDate date = m_date->date();
+        const DayTerms terms = TermsFor({date.year(), date.month(), date.day()});
+        if (terms.IsReasonable()) {
+            const SunDay day = ComputeSunDay(terms, *m_settings.place);
+            m_sun = ViewSun{day, m_north, m_moment, IsBeijing() ? day.BeijingTime(0.0) : 0.0};
+        } else {
+            m_fault = UnreasonableTermsText();
+        }
+    }
+    ShowTexts();
+    if (GetSun() == m_told)
+        return;
+    m_told = GetSun();
+    if (m_onSun)
+        m_onSun();
+}
+
+void SunBar::ShowTexts() {
+    m_slider->setEnabled(m_sun.has_value());
+    m_play->setEnabled(m_sun.has_value());
+    QString about = Shown(m_fault);
+    if (m_sun) {
+        const double shown = Wrapped(m_moment + m_sun->shownLater);
+        const CString clock = ClockText(shown);
+        const QSignalBlocker quiet(m_slider);
+        m_slider->setValue(static_cast<int>(std::lround(shown * kMinutesPerHour)) % kMinutesPerDay);
+        m_time->setText(Shown(clock));
+        const SunPosition sun = PositionOfSun(m_sun->day, m_moment);
+        about = Shown(Printable(m_settings.place->FullName())) + QString::fromUtf8("　") +
+                (sun.altitude > 0.0
+                     ? Shown(SayFormat(L"太阳高度角 %s°，方位角 %s°", Degrees(sun.altitude), Degrees(sun.azimuth)))
+                     : ShownSay(L"夜间：太阳在地平线以下"));
+    } else {
+        m_time->setText(QString());
+    }
+    m_about->setText(about);
+    m_about->setToolTip(about);
+}
