@@ -41,8 +41,8 @@ void SunPath::Draw(QPainter& painter, const ViewSun& sun, double scale) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     DrawArc(painter, sun, scale);
-    DrawHours(painter, sun, scale);
     DrawDisc(painter, sun, scale);
+    DrawHours(painter, sun, scale);
     painter.restore();
 }
 
@@ -66,7 +66,7 @@ void SunPath::DrawArc(QPainter& painter, const ViewSun& sun, double scale) const
 
 void SunPath::DrawHours(QPainter& painter, const ViewSun& sun, double scale) const {
     constexpr double kDot = 2.5;
-    constexpr double kAbove = 11.0;
+    constexpr double kAbove = 17.0;  // the disc
     constexpr double kHalf = 20.0;
     constexpr double kNear = 16.0;  // closer ones would be written over each other
     QFont small = painter.font();

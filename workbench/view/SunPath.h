@@ -23,8 +23,8 @@ public:
 private:
     QcGePoint GetMiddle() const;
     void DrawArc(QPainter& painter, const ViewSun& sun, double scale) const;
-    void DrawHours(QPainter& painter, const ViewSun& sun, double scale) const;
     void DrawDisc(QPainter& painter, const ViewSun& sun, double scale) const;
+    void DrawHours(QPainter& painter, const ViewSun& sun, double scale) const;
 
     const ViewCamera& m_camera;
     ViewBox m_box;

@@ -178,6 +178,20 @@ class WithDisplay(ProgramTest):
         self.ends_well(process)
         self.assertTrue(self.kept("<language>en</language>"))
 
+    def test_shows_the_sun_by_a_key_and_keeps_that(self):
+        self.ok("info")
+        for shines in "10":
+            process = self.start("window", os.path.join(SHIPPED, "samples", "house.dxf"))
+            window = self.wait_for("^house.dxf - orvo$")
+            self.xdotool("windowfocus", "--sync", window)
+            self.xdotool("key", "F6")
+            deadline = time.monotonic() + 60
+            while not self.kept(f"<sun>{shines}</sun>") and time.monotonic() < deadline:
+                time.sleep(0.1)
+            self.type_line(window, "quit")
+            self.ends_well(process)
+            self.assertTrue(self.kept(f"<sun>{shines}</sun>"))
+
     def kept(self, text):
         """Whether the window has written this into its file."""
         return os.path.exists(self.file("window.xml")) and text.encode() in self.read("window.xml")
