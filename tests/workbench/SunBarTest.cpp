@@ -60,6 +60,7 @@ TEST_F(WindowSun, MovesWithTheKeysOfTheSlider) {
     EXPECT_EQ(Time(), "12:01:00");
     Key(Qt::Key_PageUp);
     EXPECT_EQ(Time(), "12:31:00");
+    EXPECT_EQ(Slider()->accessibleDescription(), "12:31:00");
     Key(Qt::Key_PageDown);
     Key(Qt::Key_Left);
     EXPECT_EQ(Time(), "12:00:00");

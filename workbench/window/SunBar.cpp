@@ -262,6 +262,7 @@ void SunBar::ShowTexts() {
         const QSignalBlocker quiet(m_slider);
         m_slider->setValue(static_cast<int>(std::lround(shown * kMinutesPerHour)) % kMinutesPerDay);
         m_time->setText(Shown(clock));
+        m_slider->setAccessibleDescription(Shown(clock));  // its value is a number of minutes
         const SunPosition sun = PositionOfSun(m_sun->day, m_moment);
         about = Shown(Printable(m_settings.place->FullName())) + QString::fromUtf8("　") +
                 (sun.altitude > 0.0
