@@ -15,5 +15,7 @@ void DrawThinParts(const DrawnScene& scene, bool edges) {
     glLineWidth(kLineWidth);
     scene.lists.DrawLines(scene.hidden, scene.isStopped);
     glLineWidth(1.0F);
+    if (scene.results)
+        DrawResults(*scene.results, scene.chosen, scene.lists.GetOrigin());
     DrawMarked(scene.marked, scene.lists.GetOrigin());
 }

@@ -93,6 +93,7 @@ PaintAnswer PaintThread::Answer(PaintJob& job) {
     }
     m_painter->SetHiddenLayers(job.hidden);
     m_painter->SetMarked(ShapesOf(*job.scene, job.hidden, job.picked));
+    m_painter->SetResults(job.results, job.chosen);
     job.effort.isStopped = &m_isStopped;
     GlPicture picture;
     const bool isDrawn = job.sun ? m_painter->PaintInSun(job.camera, *job.sun, job.effort, picture)

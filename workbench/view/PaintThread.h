@@ -25,6 +25,8 @@ struct PaintJob {
     ViewCamera camera;
     PaintEffort effort;
     std::optional<SceneSun> sun = {};  // without one it is day, and nothing casts a shadow
+    std::shared_ptr<const ViewResults> results = nullptr;
+    std::optional<std::size_t> chosen = {};
 };
 
 struct PaintAnswer {

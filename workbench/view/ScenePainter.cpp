@@ -5,6 +5,7 @@
 
 #include <new>
 #include <optional>
+#include <utility>
 
 #include "workbench/view/DrawnScene.h"
 #include "workbench/view/Sky.h"
@@ -83,6 +84,11 @@ void ScenePainter::SetMarked(const MarkedShapes& marked) {
     m_parts->marked = marked;
 }
 
+void ScenePainter::SetResults(std::shared_ptr<const ViewResults> results, std::optional<std::size_t> chosen) {
+    m_results = std::move(results);
+    m_chosen = chosen;
+}
+
 bool ScenePainter::Prepare(const ViewCamera& camera) {
     const int width = camera.GetWidth();
     const int height = camera.GetHeight();
@@ -116,7 +122,10 @@ bool ScenePainter::PaintInSun(const ViewCamera& camera, const SceneSun& sun, con
 }
 
 DrawnScene ScenePainter::GetDrawn(const PaintEffort& effort) const {
-    return {*m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr, m_parts->marked, m_hidden, effort.isStopped};
+    return {*m_parts->lists, m_parts->marks ? &*m_parts->marks : nullptr,
+            m_parts->marked, m_results.get(),
+            m_chosen,        m_hidden,
+            effort.isStopped};
 }
 
 void ScenePainter::Draw(const ViewCamera& camera, const PaintEffort& effort) const {

@@ -11,6 +11,7 @@
 #include "workbench/view/MarkedShapes.h"
 #include "workbench/view/ScenePick.h"
 #include "workbench/view/ViewCamera.h"
+#include "workbench/view/ViewResults.h"
 
 // How much effort a picture gets.
 struct PaintEffort {
@@ -44,6 +45,8 @@ public:
     void SetHiddenLayers(const HiddenLayers& hidden) { m_hidden = hidden; }
     // The faces and lines that are marked from now on, until the next scene comes; none for none.
     void SetMarked(const MarkedShapes& marked);
+    // The results that are shown from now on, null for none, and the window among them that is chosen.
+    void SetResults(std::shared_ptr<const ViewResults> results, std::optional<std::size_t> chosen);
     // The longest side that a picture may have.
     int GetMaxSize() const { return m_gl->GetMaxSize(); }
     // A picture of the size that the camera has. False, with the picture empty, when the graphics refuse.
@@ -64,4 +67,6 @@ private:
     std::unique_ptr<OffscreenGl> m_gl;
     std::unique_ptr<Parts> m_parts;
     HiddenLayers m_hidden;
+    std::shared_ptr<const ViewResults> m_results;
+    std::optional<std::size_t> m_chosen;
 };

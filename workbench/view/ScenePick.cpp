@@ -99,18 +99,33 @@ std::optional<QcGePoint> PickScene(const Scene& scene, const ViewRay& ray) {
     return PointAlong(ray, nearest);
 }
 
+MetFace MeetScene(const Scene& scene, const HiddenLayers& hidden, const ViewRay& ray) {
+    MetFace met;
+    for (const SceneEntity& entity : scene.entities)
+        for (std::size_t i = 0; i < entity.faceCount && !IsHidden(hidden, entity.layer); ++i)
+            if (const double distance = MeetFace(ray, scene.faces[entity.firstFace + i]); distance < met.distance) {
+                met.distance = distance;
+                met.entity = entity.id;
+            }
+    return met;
+}
+
+double MeetQuad(const ViewRay& ray, const std::array<QcGePoint, 4>& corners) {
+    double nearest = INFINITY;
+    for (const double distance :
+         {MeetTriangle(ray, corners[0], corners[1], corners[2]), MeetTriangle(ray, corners[2], corners[3], corners[0])})
+        if (distance > 0.0)
+            nearest = std::min(nearest, distance);
+    return nearest;
+}
+
 AcDbObjectId PickEntity(const Scene& scene, const HiddenLayers& hidden, const ViewCamera& camera, double x, double y) {
     constexpr double kMostPixels = 4.0;
     constexpr double kBehind = 1e-3;  // a line on a face is in it, whichever the rounding puts before the other
     const ViewRay ray = camera.GetRayAt(x, y);
-    AcDbObjectId found;
-    double nearest = INFINITY;
-    for (const SceneEntity& entity : scene.entities)
-        for (std::size_t i = 0; i < entity.faceCount && !IsHidden(hidden, entity.layer); ++i)
-            if (const double distance = MeetFace(ray, scene.faces[entity.firstFace + i]); distance < nearest) {
-                nearest = distance;
-                found = entity.id;
-            }
+    const MetFace met = MeetScene(scene, hidden, ray);
+    const double nearest = met.distance;
+    AcDbObjectId found = met.entity;
     double least = 0.0;
     double most = 0.0;
     camera.GetDepths(least, most);

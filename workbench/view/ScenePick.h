@@ -1,6 +1,8 @@
 // Finds what of a scene is under a pixel.
 #pragma once
 
+#include <array>
+#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -16,6 +18,15 @@ using HiddenLayers = std::vector<bool>;
 inline bool IsHidden(const HiddenLayers& hidden, std::size_t layer) {
     return layer < hidden.size() && hidden[layer];
 }
+
+// The nearest face of what is shown that a ray meets, from either side.
+struct MetFace {
+    double distance = INFINITY;  // along the ray
+    AcDbObjectId entity;         // null for none
+};
+MetFace MeetScene(const Scene& scene, const HiddenLayers& hidden, const ViewRay& ray);
+// How far along the ray it meets a flat quadrilateral; infinite when it does not.
+double MeetQuad(const ViewRay& ray, const std::array<QcGePoint, 4>& corners);
 
 // The entity whose face is seen at a pixel, or whose line passes it within a few pixels and not behind that face: a
 // thin line is hit by nobody's hand. Null for none.

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <unordered_set>
 #include <utility>
 
@@ -71,6 +72,8 @@ void SceneView::Retranslate() {
 void SceneView::SetScene(std::shared_ptr<const Scene> scene) {
     m_hidden.clear();
     m_picture = QImage();
+    m_results.reset();
+    m_chosen.reset();
     Pick(AcDbObjectId());
     TakeScene(std::move(scene));
     Fit();
@@ -111,6 +114,34 @@ void SceneView::Pick(AcDbObjectId id) {
     Redraw();
     if (m_onPick)
         m_onPick();
+}
+
+void SceneView::SetResults(std::shared_ptr<const ViewResults> results) {
+    m_results = std::move(results);
+    Redraw();
+}
+
+void SceneView::Choose(std::optional<std::size_t> window, bool isShown) {
+    m_chosen = window;
+    const ResultQuad* const quad = window && m_results ? QuadOf(*m_results, *window) : nullptr;
+    if (isShown && quad && HasShapes() && !IsInSight(*quad, *m_scene, m_hidden, m_camera))
+        TurnTo(*quad);
+    Redraw();
+}
+
+// From before it and somewhat above, and so close that not much has room in between.
+void SceneView::TurnTo(const ResultQuad& quad) {
+    constexpr double kAltitude = 15.0;
+    constexpr double kSizes = 8.0;  // of the window
+    const QcGePoint& left = quad.corners[0];
+    const QcGePoint& right = quad.corners[1];
+    const double size = (quad.corners[2] - left).Length();
+    const double azimuth = std::atan2(right.y - left.y, left.x - right.x) * 180.0 / std::numbers::pi;
+    m_camera.Look(azimuth, kAltitude);
+    m_camera.Aim(MiddleOf(quad));
+    if (size > 0.0)
+        m_camera.Zoom(m_camera.GetDistance() / (kSizes * size), m_camera.GetWidth() / 2.0, m_camera.GetHeight() / 2.0);
+    m_isFitted = false;
 }
 
 void SceneView::SetParallel(bool isParallel) {
@@ -243,6 +274,8 @@ void SceneView::AskForPicture() {
     m_isDrawing = true;
     m_isKept = m_isMoving && m_sun;
     PaintJob job{m_scene, m_hidden, m_picked, m_camera, {!m_isMoving || !IsLarge(), !m_isMoving}};
+    job.results = m_results;
+    job.chosen = m_chosen;
     if (m_sun)
         job.sun = SunInDrawing(m_sun->day, m_sun->north, m_sun->trueSolarTime);
     m_thread->Ask(std::move(job));
@@ -385,7 +418,17 @@ void SceneView::keyPressEvent(QKeyEvent* event) {
 }
 
 void SceneView::PickAt(const QPointF& pixel) {
+    const auto chosen = m_results && HasShapes()
+                            ? PickWindow(*m_results, *m_scene, m_hidden, m_camera.GetRayAt(pixel.x(), pixel.y()))
+                            : std::nullopt;
+    const bool isOther = chosen != m_chosen;
+    m_chosen = chosen;
     Pick(HasShapes() ? PickEntity(*m_scene, m_hidden, m_camera, pixel.x(), pixel.y()) : AcDbObjectId());
+    if (!isOther)
+        return;
+    Redraw();
+    if (m_onChoose)
+        m_onChoose();
 }
 
 // Through all that is shown, faces first; from what is picked, or from the first or last one.

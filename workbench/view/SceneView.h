@@ -15,8 +15,8 @@
 #include "workbench/view/ViewSun.h"
 
 // Mouse: the left button turns, the middle one (or the left one with Shift) moves, the wheel zooms at the pointer, a
-// click picks what is under the pointer, and a double click shows everything. Moving and zooming hold on to the face
-// under the pointer.
+// click picks what is under the pointer and chooses the window of the results there, and a double click shows
+// everything. Moving and zooming hold on to the face under the pointer.
 //
 // Keys: arrows turn, with Shift they move; + and - zoom; Page Up and Page Down turn steeply; Home shows everything; 1
 // to 7, or T, S, E, N, W and I, look from the top, south, east, north, west, south-east and (7) south-west. P changes
@@ -36,7 +36,9 @@
 //   SetScene                             true       true                    empty
 //   UpdateScene                          true       (fits if)               empty
 //   Look, Fit, Home, double click        true       true
-//   pick, hide layers, P                 true
+//   pick, choose, hide layers, P         true
+//   show results                         true
+//   turn to a window                     true       false
 //   SetSun                               true                   if costly
 //   turn, move, zoom                     true       false       if costly
 //   another size                         true       (fits if)   if costly
@@ -77,6 +79,14 @@ public:
     AcDbObjectId GetPicked() const { return m_picked; }
     // Called whenever another entity, or none, has been picked.
     std::function<void()> m_onPick;
+    // Results that are shown over the drawing, null for none; another drawing begins without any. A click on a window
+    // of theirs chooses it, and one beside them none. Choosing turns to the window when it is out of sight, if
+    // `isShown`.
+    void SetResults(std::shared_ptr<const ViewResults> results);
+    void Choose(std::optional<std::size_t> window, bool isShown);
+    std::optional<std::size_t> GetChosen() const { return m_chosen; }
+    // Called whenever a click has chosen another window, or none.
+    std::function<void()> m_onChoose;
     void SetParallel(bool isParallel);
     bool IsParallel() const { return m_isParallel; }
     // Called when a key has changed that.
@@ -135,6 +145,7 @@ private:
     bool PickByKey(int key);
     void PickAt(const QPointF& pixel);
     void PickNext(int step);
+    void TurnTo(const ResultQuad& quad);
     void SetBoxes();
     void AskForPicture();
     void TakePicture(std::chrono::milliseconds patience);
@@ -147,6 +158,8 @@ private:
     HiddenLayers m_hidden;
     AcDbObjectId m_picked;
     std::optional<ViewSun> m_sun;
+    std::shared_ptr<const ViewResults> m_results;
+    std::optional<std::size_t> m_chosen;  // of the windows of the results
     QImage m_picture;
     QString m_hint;
     QString m_problem;

@@ -187,6 +187,11 @@ void ViewCamera::Fit() {
     MoveTarget(CenterShift(wide, m_distance, m_isParallel), CenterShift(high, m_distance, m_isParallel), 0.0);
 }
 
+void ViewCamera::Aim(const QcGePoint& point) {
+    if (std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z))
+        m_target = {Cut(point.x), Cut(point.y), Cut(point.z)};
+}
+
 void ViewCamera::TakeDepthOf(const QcGePoint& point) {
     const double depth = DepthOf(point);
     if (!std::isfinite(depth) || (!m_isParallel && depth <= 0.0))

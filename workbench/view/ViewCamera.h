@@ -71,6 +71,8 @@ public:
     void Magnify(double factor);
     // Moves target and distance so that the whole box is seen, as large as a margin of 2.5 % on each side lets it.
     void Fit();
+    // Moves the target, and the eye with it. A point that is not finite changes nothing.
+    void Aim(const QcGePoint& point);
     // Moves the target along the line of sight to this point's depth, which changes nothing in the picture, but pan and
     // zoom hold on to that depth from now on. A point that is not before the eye changes nothing.
     void TakeDepthOf(const QcGePoint& point);
