@@ -97,7 +97,8 @@ FLOORS = [
         workbench("film", (SYSTEM, QT), ("terminal", "view")),
         workbench("report", (SYSTEM, QT), ("terminal", "view")),
         workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal", "film", "report")),
-        workbench("window", (SYSTEM, QT), ("terminal", "view", "commands")),
+        workbench("panel", (QT, JSON), ("view", "commands")),
+        workbench("window", (SYSTEM, QT), ("terminal", "view", "commands", "panel")),
         workbench("entry", (), ("terminal", "commands", "window")),
         # The program, which links the platform only.
         workbench("host", (SYSTEM,), ("entry",), lower=("platform",)),

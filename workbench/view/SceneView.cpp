@@ -448,7 +448,11 @@ void SceneView::PickNext(int step) {
     const auto count = static_cast<std::ptrdiff_t>(shown.size());
     const auto found = std::find(shown.begin(), shown.end(), m_picked);
     const std::ptrdiff_t at = found == shown.end() ? (step > 0 ? 0 : count - 1) : found - shown.begin() + step;
+    // The window that was chosen has nothing to do with it; whoever is told of the pick may choose one that has.
+    const std::optional<std::size_t> chosen = std::exchange(m_chosen, std::nullopt);
     Pick(shown[static_cast<std::size_t>((at + count) % count)]);
+    if (m_chosen != chosen && m_onChoose)
+        m_onChoose();
 }
 
 bool SceneView::PickByKey(int key) {

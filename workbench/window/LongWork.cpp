@@ -109,7 +109,8 @@ void LongWork::ShowProgress(const QString& title) {
     m_bar->setToolTip(title);
     m_bar->show();
     m_button->setEnabled(!m_progress->isCancelled);
+    if (!m_button->isHidden())
+        return;
     m_button->show();
-    if (!m_button->hasFocus() && m_button->isEnabled())
-        m_button->setFocus();
+    m_button->setFocus();  // once: whoever turns the view meanwhile keeps the keys
 }

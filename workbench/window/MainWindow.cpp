@@ -26,6 +26,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/PromptLine.h"
+#include "workbench/panel/AnalysisPanel.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/CommandEdit.h"
@@ -168,10 +169,13 @@ void MainWindow::BuildWidgets() {
     splitter->setSizes({520, 180});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
-    m_drawing.SetRunner([this](const std::function<void(SceneProgress&)>& work) { RunAside(work); });
+    m_drawing.SetRunner([this](const std::function<void(SceneProgress&)>& work) {
+        RunAside(ShownSay(L"读入图形"), {m_panels->GetLayers(), &m_panels->GetAnalysis()}, work);
+    });
     m_panels = std::make_unique<SidePanels>(*this, *m_view, m_drawing);
     m_panels->m_onHeights = [this] { ApplyHeights(); };
     m_panels->m_onComplaint = [this](const CString& text) { m_log->AddComplaint(text); };
+    JoinAnalysis();
     m_view->m_onParallel = [this] { ToggleParallel(); };
 
     m_note = new QLabel(this);
@@ -187,10 +191,36 @@ void MainWindow::BuildWidgets() {
 }
 
 // The drawing is not to be touched meanwhile. What is in the view may be looked at from all sides.
-void MainWindow::RunAside(const std::function<void(SceneProgress&)>& work) {
+void MainWindow::RunAside(const QString& title, std::vector<QWidget*> disabled,
+                          const std::function<void(SceneProgress&)>& work) {
+    disabled.insert(disabled.end(), {menuBar(), m_edit});
     m_isRunning = true;
-    m_work->Run(ShownSay(L"读入图形"), {menuBar(), m_edit, m_panels->GetLayers()}, work);
-    m_isRunning = false;
+    const auto end = [this] { m_isRunning = false; };
+    try {
+        m_work->Run(title, disabled, work);
+    } catch (...) {
+        end();
+        throw;
+    }
+    end();
+}
+
+void MainWindow::JoinAnalysis() {
+    AnalysisPanel& panel = m_panels->GetAnalysis();
+    panel.m_say = [this](const CString& text) { m_log->AddText(text); };
+    panel.m_complain = [this](const CString& text) { m_log->AddComplaint(text); };
+    panel.m_run = [this](const QString& title, std::vector<QWidget*> disabled,
+                         const std::function<void(SceneProgress&)>& work) {
+        if (m_isRunning)
+            return false;
+        // Heights are typed into the list of layers.
+        disabled.push_back(m_panels->GetLayers());
+        RunAside(title, disabled, work);
+        // Once the panel has shown what there is.
+        QMetaObject::invokeMethod(
+            this, [this] { CloseIfAsked(); }, Qt::QueuedConnection);
+        return true;
+    };
 }
 
 bool MainWindow::CloseIfAsked() {
@@ -246,6 +276,7 @@ void MainWindow::Refresh() {
     m_note->setText(note);
     m_note->setToolTip(note);
     m_sun->TakeSettings();
+    m_panels->GetAnalysis().CheckState();
     RefreshTitle();
 }
 

@@ -54,7 +54,9 @@ private:
     void RunTyped(const CString& line);
     MenuActions ActionsOfMenu();
     void RestorePlace();
-    void RunAside(const std::function<void(SceneProgress&)>& work);
+    void RunAside(const QString& title, std::vector<QWidget*> disabled,
+                  const std::function<void(SceneProgress&)>& work);
+    void JoinAnalysis();
     // Closes the window now if it was to be closed while something ran.
     bool CloseIfAsked();
     void ChooseFile();

@@ -5,9 +5,11 @@
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
+#include <algorithm>
 
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
+#include "workbench/panel/AnalysisPanel.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/LayerPanel.h"
@@ -20,13 +22,18 @@ SidePanels::SidePanels(QMainWindow& window, SceneView& view, OpenDrawing& drawin
       m_drawing(drawing),
       m_layers(new LayerPanel(&window)),
       m_properties(new PropertiesPanel(&window)),
-      m_layerDock(AddDock(*m_layers, "LayerDock")),
-      m_propertyDock(AddDock(*m_properties, "PropertyDock")) {
+      m_analysis(new AnalysisPanel(&window, view)),
+      m_layerDock(AddDock(*m_layers, "LayerDock", Qt::RightDockWidgetArea)),
+      m_propertyDock(AddDock(*m_properties, "PropertyDock", Qt::RightDockWidgetArea)),
+      m_analysisDock(AddDock(*m_analysis, "AnalysisDock", Qt::LeftDockWidgetArea)) {
     m_layerDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+1"));
     m_propertyDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+2"));
-    for (const QDockWidget* dock : {m_layerDock, m_propertyDock})
+    m_analysisDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+3"));
+    for (const QDockWidget* dock : {m_layerDock, m_propertyDock, m_analysisDock})
         window.addAction(dock->toggleViewAction());
-    m_layers->m_onHidden = [this] { m_view.SetHiddenLayers(m_layers->GetHidden()); };
+    window.addAction(m_analysis->GetRunAction());
+    m_layers->m_onHidden = [this] { ShowHidden(); };
+    m_analysis->m_onHidden = [this] { ShowHidden(); };
     m_layers->m_onHeights = [this](const std::vector<LayerHeight>& heights) {
         m_drawing.SetHeights(heights);
         if (m_onHeights)
@@ -37,16 +44,19 @@ SidePanels::SidePanels(QMainWindow& window, SceneView& view, OpenDrawing& drawin
             m_onComplaint(SayFormat(L"“%s”不是高度：请写大于 0、不超过 10000 的米数，例如 18.5；空着就是没有高度",
                                     Printable(typed)));
     };
-    m_view.m_onPick = [this] { ShowPicked(); };
+    m_view.m_onPick = [this] {
+        ShowPicked();
+        m_analysis->TakePicked(m_view.GetPicked());
+    };
     Retranslate();
 }
 
-QDockWidget* SidePanels::AddDock(QWidget& panel, const char* name) {
+QDockWidget* SidePanels::AddDock(QWidget& panel, const char* name, Qt::DockWidgetArea area) {
     auto* dock = new QDockWidget(&m_window);
     dock->setObjectName(name);
     dock->setWidget(&panel);
     dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    m_window.addDockWidget(Qt::RightDockWidgetArea, dock);
+    m_window.addDockWidget(area, dock);
     return dock;
 }
 
@@ -55,6 +65,8 @@ void SidePanels::Retranslate() {
     m_propertyDock->setWindowTitle(ShownSay(L"所选实体"));
     m_layers->Retranslate();
     m_properties->Retranslate();
+    m_analysisDock->setWindowTitle(ShownSay(L"日照分析"));
+    m_analysis->Retranslate();
     ShowPicked();
 }
 
@@ -65,14 +77,31 @@ QWidget* SidePanels::GetLayers() const {
 void SidePanels::AddEntries(QMenu& menu) const {
     menu.addAction(m_layerDock->toggleViewAction());
     menu.addAction(m_propertyDock->toggleViewAction());
+    menu.addAction(m_analysisDock->toggleViewAction());
+    menu.addSeparator();
+    menu.addAction(m_analysis->GetRunAction());
 }
 
 void SidePanels::ShowDrawing(bool isAnother) {
     if (m_drawing.IsOpen())
         m_layers->SetRows(LayerRowsOf(*m_drawing.GetScene(), m_drawing.GetDatabase()), m_drawing.GetHeights(),
                           isAnother);
-    m_view.SetHiddenLayers(m_layers->GetHidden());
+    m_analysis->SetDrawing(m_drawing.IsOpen() ? PanelDrawing{&m_drawing.GetDatabase(), m_drawing.GetScene(),
+                                                             m_drawing.GetHeights(), m_drawing.GetPath()}
+                                              : PanelDrawing(),
+                           isAnother);
+    ShowHidden();
     ShowPicked();
+}
+
+// What the list hides, and the project where that is off.
+void SidePanels::ShowHidden() {
+    HiddenLayers hidden = m_layers->GetHidden();
+    const HiddenLayers project = m_analysis->GetHidden();
+    hidden.resize(std::max(hidden.size(), project.size()));
+    for (std::size_t i = 0; i < project.size(); ++i)
+        hidden[i] = hidden[i] || project[i];
+    m_view.SetHiddenLayers(hidden);
 }
 
 void SidePanels::ShowPicked() {

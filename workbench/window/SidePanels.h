@@ -1,12 +1,15 @@
-// The panels that stand beside the view: the layers of the open drawing, and the properties of what was picked.
+// The panels that stand beside the view: the layers of the open drawing, the properties of what was picked, and the
+// analysis.
 // Why: docs/decisions/workbench.md
 #pragma once
 
+#include <Qt>
 #include <functional>
 #include <vector>
 
 #include "scene/LayerHeight.h"
 
+class AnalysisPanel;
 class LayerPanel;
 class OpenDrawing;
 class PropertiesPanel;
@@ -29,20 +32,24 @@ public:
 
     // What changes the drawing's scene.
     QWidget* GetLayers() const;
+    AnalysisPanel& GetAnalysis() const { return *m_analysis; }
 
     // The user gave heights to layers, which are the drawing's already.
     std::function<void()> m_onHeights;
     std::function<void(const CString&)> m_onComplaint;
 
 private:
-    QDockWidget* AddDock(QWidget& panel, const char* name);
+    QDockWidget* AddDock(QWidget& panel, const char* name, Qt::DockWidgetArea area);
     void ShowPicked();
+    void ShowHidden();
 
     QMainWindow& m_window;
     SceneView& m_view;
     OpenDrawing& m_drawing;
     LayerPanel* m_layers;
     PropertiesPanel* m_properties;
+    AnalysisPanel* m_analysis;
     QDockWidget* m_layerDock;
     QDockWidget* m_propertyDock;
+    QDockWidget* m_analysisDock;
 };

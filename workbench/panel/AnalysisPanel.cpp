@@ -1,0 +1,280 @@
+// Asks, keeps the answers, and shows them in table, time line and view.
+#include "workbench/panel/AnalysisPanel.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <algorithm>
+
+#include "platform/base/PlainText.h"
+#include "platform/host/AcDbDatabase.h"
+#include "platform/host/DrawingUnits.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisRemarks.h"
+#include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/AskedDay.h"
+#include "workbench/commands/EntityWords.h"
+#include "workbench/commands/PointRemarks.h"
+#include "workbench/panel/RequestForm.h"
+#include "workbench/panel/ResultShapes.h"
+#include "workbench/panel/WindowDayView.h"
+#include "workbench/view/IndexColors.h"
+#include "workbench/view/SceneView.h"
+#include "workbench/view/WidgetText.h"
+
+namespace {
+
+AnalysisProgress ProgressTo(SceneProgress& progress) {
+    return [&progress](std::size_t done, std::size_t total) {
+        progress.total = total;
+        progress.done = done;
+        return !progress.isCancelled;
+    };
+}
+
+QString Sample(int rgb) {
+    return QString("<span style=\"color:#%1\">&#9632;</span>&nbsp;").arg(rgb, 6, 16, QChar('0'));
+}
+
+}  // namespace
+
+bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work) {
+    try {
+        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_project}, work))
+            return true;
+        m_complain(Say(L"上一条命令还没有结束"));
+    } catch (const std::bad_alloc&) {
+        m_complain(Say(L"内存不够，没有分析"));
+    }
+    return false;
+}
+
+void AnalysisPanel::RunWindows() {
+    if (!m_drawing.database)
+        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+    auto report = std::make_shared<AnalysisReport>();
+    CString reason;
+    if (!m_form->Read(report->request, reason))
+        return m_complain(reason);
+    if (ReadDaySettings({}, report->request))
+        return;  // why has been said
+    report->request.heights = m_drawing.heights;
+    report->drawing = m_drawing.path;
+    const AskedState state = StateNow(m_form->GetWindowTexts());
+    const AcDbDatabase& database = *m_drawing.database;
+    if (!RunAside(L"分析日照", [&](SceneProgress& progress) {
+            report->answer = AnalyseWindows(database, report->request, ProgressTo(progress));
+        }))
+        return;
+    if (report->answer.failure != AnalysisFailure::None)
+        return m_complain(FailureText(report->request, report->answer));
+    FindStandardOf(report->request.settings, *report);
+    for (const CString& each : MessagesOf(report->request, report->answer))
+        m_complain(each);
+    m_windows = report;
+    m_windowState = state;
+    ShowAnswers();
+    m_say(Typed(m_summary->text()));
+}
+
+void AnalysisPanel::RunIsolines() {
+    if (!m_drawing.database)
+        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+    auto report = std::make_shared<PointsReport>();
+    CString reason;
+    if (!m_form->ReadAreas(report->request, reason))
+        return m_complain(reason);
+    if (ReadDaySettings({}, report->request))
+        return;
+    report->request.heights = m_drawing.heights;
+    report->request.isolines = true;
+    report->drawing = m_drawing.path;
+    const AskedState state = StateNow(m_form->GetAreaTexts());
+    const AcDbDatabase& database = *m_drawing.database;
+    if (!RunAside(L"画等时线", [&](SceneProgress& progress) {
+            report->answer = AnalysePoints(database, report->request, ProgressTo(progress));
+        }))
+        return;
+    if (report->answer.failure != AnalysisFailure::None)
+        return m_complain(PointFailureText(report->request, report->answer));
+    for (const CString& each : MessagesOf(report->request, report->answer))
+        m_complain(each);
+    m_say(SayFormat(L"等时线：%d 条", static_cast<int>(report->answer.isolines.size())));
+    report->answer.points = {};  // millions, perhaps, of which nothing is shown
+    m_points = report;
+    m_pointState = state;
+    ShowAnswers();
+}
+
+AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
+    return {m_drawing.scene, SettingsState(CurrentSettings(), CurrentTuningParameters()), fields};
+}
+
+void AnalysisPanel::SetDrawing(PanelDrawing drawing, bool isAnother) {
+    m_drawing = std::move(drawing);
+    m_runAction->setEnabled(m_drawing.database != nullptr);
+    m_lines->setEnabled(m_drawing.database != nullptr);
+    if (isAnother) {
+        m_windows.reset();
+        m_points.reset();
+        m_view.Choose({}, false);
+        m_project->setChecked(true);
+        ShowAnswers();
+    }
+    CheckState();
+}
+
+void AnalysisPanel::CheckState() {
+    CString windows;
+    CString points;
+    if (m_windows)
+        windows = ChangesBetween(m_windowState, StateNow(m_form->GetWindowTexts()));
+    if (m_points)
+        points = ChangesBetween(m_pointState, StateNow(m_form->GetAreaTexts()));
+    QStringList texts;
+    if (!windows.IsEmpty())
+        texts << Shown(SayFormat(L"窗的结果已经过时：%s。请重新分析", windows));
+    if (!points.IsEmpty())
+        texts << Shown(SayFormat(L"等时线已经过时：%s。请重新画", points));
+    m_state->setText(texts.join('\n'));
+    m_state->setVisible(!texts.isEmpty());
+}
+
+bool AnalysisPanel::IsWithProject() const {
+    return m_project->isChecked();
+}
+
+HiddenLayers AnalysisPanel::GetHidden() const {
+    HiddenLayers hidden;
+    if (!m_windows || !IsCompared(*m_windows) || IsWithProject() || !m_drawing.database)
+        return hidden;
+    const std::vector<std::string>& layers = m_drawing.scene->layers;
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        CString name = m_drawing.database->Decode(layers[i]);
+        name.Trim();
+        const auto& proposed = m_windows->request.proposedLayers;
+        hidden.push_back(std::any_of(proposed.begin(), proposed.end(),
+                                     [&](CString each) { return each.Trim().CompareNoCase(name) == 0; }));
+    }
+    return hidden;
+}
+
+void AnalysisPanel::ShowAnswers() {
+    const bool isCompared = m_windows && IsCompared(*m_windows);
+    m_project->setVisible(isCompared);
+    for (const int column : {WindowModel::Before, WindowModel::Lost})
+        m_table->setColumnHidden(column, !isCompared);
+    m_model.SetReport(m_windows);
+    m_table->resizeColumnsToContents();
+    ShowShapes();
+    CString summary;
+    if (m_windows) {
+        const std::vector<WindowResult>& windows = m_windows->answer.windows;
+        const auto count = [&](bool passes) {
+            return static_cast<int>(std::count_if(windows.begin(), windows.end(),
+                                                  [=](const WindowResult& each) { return each.passes == passes; }));
+        };
+        summary = SayFormat(L"窗 %d 个", static_cast<int>(windows.size()));
+        if (m_windows->request.need)
+            summary += SayFormat(L"：达标 %d 个，不达标 %d 个", count(true), count(false));
+    }
+    m_summary->setText(Shown(summary));
+    ShowLegend();
+    CheckState();
+    if (m_onHidden)
+        m_onHidden();
+}
+
+void AnalysisPanel::ShowShapes() {
+    if (!m_windows && !m_points)
+        return m_view.SetResults(nullptr);
+    const double millimetres = UnitOf(*m_drawing.database).millimetres.value_or(1.0);
+    m_view.SetResults(ShapesOf(m_windows.get(), m_points.get(), IsWithProject(), millimetres));
+}
+
+// Which colour is which hours, by the standard's table; of isolines those that there are.
+void AnalysisPanel::ShowLegend() {
+    QStringList parts;
+    if (m_windows)
+        for (const TimeColor& row : m_windows->request.settings.standard->timeColors)
+            parts << Sample(RgbOfColorIndex(row.color)) + "&ge;" + QString::number(row.hours);
+    QStringList lines;
+    if (!parts.isEmpty())
+        lines << ShownSay(L"颜色（小时）：").toHtmlEscaped() + parts.join(" &nbsp;");
+    parts.clear();
+    if (m_points) {
+        std::vector<int> hours;
+        for (const Isoline& line : m_points->answer.isolines)
+            hours.push_back(line.hours);
+        std::sort(hours.begin(), hours.end());
+        hours.erase(std::unique(hours.begin(), hours.end()), hours.end());
+        for (const int each : hours)
+            parts << Sample(RgbOfLine(m_points->request.settings.standard->TimeColorOf(each), -1)) +
+                         QString::number(each);
+        if (!parts.isEmpty())
+            lines << ShownSay(L"等时线（小时）：").toHtmlEscaped() + parts.join(" &nbsp;");
+    }
+    m_legend->setText(lines.join("<br>"));
+    m_legend->setVisible(!lines.isEmpty());
+}
+
+void AnalysisPanel::ChooseRow() {
+    const QModelIndex current = m_table->selectionModel()->currentIndex();
+    if (m_isSelecting || !current.isValid())
+        return;
+    Choose(m_model.WindowAt(current.row()), true);
+}
+
+// Chosen first: whoever is told of the entity then finds the window chosen already.
+void AnalysisPanel::Choose(std::size_t window, bool isShown) {
+    m_view.Choose(window, isShown);
+    if (isShown)
+        m_view.Pick(m_drawing.database->FindHandle(m_windows->answer.windows[window].handle));
+    ShowDay();
+    SelectChosen();
+}
+
+void AnalysisPanel::ShowDay() {
+    const std::optional<std::size_t> chosen = m_view.GetChosen();
+    if (m_windows && chosen && *chosen < m_windows->answer.windows.size())
+        m_day->SetWindow(*m_windows, *chosen, IsWithProject());
+    else
+        m_day->Clear();
+}
+
+void AnalysisPanel::SelectChosen() {
+    m_isSelecting = true;
+    const std::optional<std::size_t> chosen = m_view.GetChosen();
+    const int row = m_windows && chosen ? m_model.RowOf(*chosen) : -1;
+    if (row < 0) {
+        m_table->clearSelection();
+        m_table->setCurrentIndex({});
+    } else if (m_table->currentIndex().row() != row) {
+        m_table->setCurrentIndex(m_model.index(row, 0));
+    }
+    m_isSelecting = false;
+}
+
+// What a key has picked is a window, too, when the analysis had it for one; of several with one handle the first.
+void AnalysisPanel::TakePicked(AcDbObjectId id) {
+    if (!m_windows || m_view.GetChosen() || id.isNull() || !m_drawing.database)
+        return;
+    const std::uint64_t handle = m_drawing.database->GetHandle(id);
+    const std::vector<WindowResult>& windows = m_windows->answer.windows;
+    const auto found = std::find_if(windows.begin(), windows.end(),
+                                    [=](const WindowResult& each) { return handle != 0 && each.handle == handle; });
+    if (found != windows.end())
+        Choose(static_cast<std::size_t>(found - windows.begin()), false);
+}
+
+CString AnalysisPanel::NameOf(std::uint64_t handle) const {
+    if (handle == 0 || !m_drawing.database)
+        return HandleOrNone(handle);
+    const EntityWords words = WordsOfEntity(*m_drawing.database, m_drawing.database->FindHandle(handle));
+    if (words.type.IsEmpty())
+        return HandleOrNone(handle);
+    return SayFormat(L"%s（%s，图层 %s）", HandleOrNone(handle), Printable(words.type), Printable(words.layer));
+}

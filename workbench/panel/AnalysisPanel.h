@@ -1,0 +1,106 @@
+// The panel that runs analyses of the open drawing and shows their answers, beside the view and in it.
+// Why: docs/decisions/workbench.md
+#pragma once
+
+#include <QScrollArea>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/host/AcDbObjectId.h"
+#include "scene/LayerHeight.h"
+#include "scene/SceneProgress.h"
+#include "workbench/commands/PointsReport.h"
+#include "workbench/panel/AskedState.h"
+#include "workbench/panel/WindowModel.h"
+#include "workbench/view/ScenePick.h"
+
+class AcDbDatabase;
+class QAction;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+class RequestForm;
+class SceneView;
+class WindowDayView;
+
+// The drawing that is analysed. Without a database there is none.
+struct PanelDrawing {
+    const AcDbDatabase* database = nullptr;
+    std::shared_ptr<const Scene> scene;
+    std::vector<LayerHeight> heights;
+    CString path;
+};
+
+// Answers are kept until the next one, or another drawing, comes. When drawing, settings or fields are no more those
+// that an answer was made with, the panel says so above it.
+class AnalysisPanel : public QScrollArea {
+public:
+    AnalysisPanel(QWidget* parent, SceneView& view);
+
+    // Another drawing, or a later state of the same one.
+    void SetDrawing(PanelDrawing drawing, bool isAnother);
+    // To be called whenever settings may have changed.
+    void CheckState();
+    // Somebody has picked an entity in the view.
+    void TakePicked(AcDbObjectId id);
+    // Which of the scene's layers are hidden because the project is.
+    HiddenLayers GetHidden() const;
+    void Retranslate();
+
+    void RunWindows();
+    void RunIsolines();
+    QAction* GetRunAction() const { return m_runAction; }
+
+    // Each must be set. Runs work in a thread of its own while events go on, with these widgets disabled, and nobody
+    // changes the drawing; false when something else runs.
+    std::function<bool(const QString& title, const std::vector<QWidget*>& disabled,
+                       const std::function<void(SceneProgress&)>& work)>
+        m_run;
+    std::function<void(const CString&)> m_say;
+    std::function<void(const CString&)> m_complain;
+    std::function<void()> m_onHidden;
+
+protected:
+    QSize sizeHint() const override { return {320, 560}; }
+
+private:
+    void Build(QWidget& inside);
+    void BuildTable(QWidget& inside);
+    void Join();
+    bool RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work);
+    AskedState StateNow(const QStringList& fields) const;
+    bool IsWithProject() const;
+    void ShowAnswers();
+    void ShowShapes();
+    void ShowLegend();
+    void ChooseRow();
+    void Choose(std::size_t window, bool isShown);
+    void ShowDay();
+    void SelectChosen();
+    CString NameOf(std::uint64_t handle) const;
+
+    SceneView& m_view;
+    PanelDrawing m_drawing;
+    std::shared_ptr<const AnalysisReport> m_windows;
+    std::shared_ptr<const PointsReport> m_points;
+    AskedState m_windowState;
+    AskedState m_pointState;
+    WindowModel m_model;
+    bool m_isSelecting = false;  // by us, and not by the user
+
+    QAction* m_runAction;
+    RequestForm* m_form = nullptr;
+    QPushButton* m_runButton = nullptr;
+    QPushButton* m_lines = nullptr;
+    QLabel* m_state = nullptr;
+    QLabel* m_summary = nullptr;
+    QLabel* m_legend = nullptr;
+    QLineEdit* m_filter = nullptr;
+    QCheckBox* m_failing = nullptr;
+    QCheckBox* m_project = nullptr;
+    QTableView* m_table = nullptr;
+    WindowDayView* m_day = nullptr;
+};

@@ -1,0 +1,152 @@
+// The widgets of the panel: where they stand, their texts, and what they do.
+#include <QAction>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "platform/host/AcDbDatabase.h"
+#include "workbench/panel/AnalysisPanel.h"
+#include "workbench/panel/RequestForm.h"
+#include "workbench/panel/WindowDayView.h"
+#include "workbench/view/SceneView.h"
+#include "workbench/view/WidgetText.h"
+
+namespace {
+
+QLabel* NewLabel(QWidget& inside, const char* name) {
+    auto* label = new QLabel(&inside);
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    return label;
+}
+
+}  // namespace
+
+AnalysisPanel::AnalysisPanel(QWidget* parent, SceneView& view)
+    : QScrollArea(parent), m_view(view), m_runAction(new QAction(this)) {
+    setObjectName("AnalysisPanel");
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_runAction->setShortcut(QKeySequence("F9"));
+    m_runAction->setEnabled(false);
+    auto* inside = new QWidget;
+    setWidget(inside);
+    Build(*inside);
+    Join();
+    Retranslate();
+    ShowAnswers();
+    m_day->Clear();
+}
+
+void AnalysisPanel::Build(QWidget& inside) {
+    auto* column = new QVBoxLayout(&inside);
+    column->setContentsMargins(6, 4, 6, 4);
+    column->setSpacing(4);
+    m_form = new RequestForm(&inside);
+    column->addWidget(m_form);
+    auto* buttons = new QHBoxLayout;
+    m_runButton = new QPushButton(&inside);
+    m_runButton->setObjectName("RunAnalysis");
+    m_lines = new QPushButton(&inside);
+    m_lines->setObjectName("RunIsolines");
+    m_lines->setEnabled(false);
+    buttons->addWidget(m_runButton, 1);
+    buttons->addWidget(m_lines, 1);
+    column->addLayout(buttons);
+    m_state = NewLabel(inside, "OutOfDate");
+    QFont bold = m_state->font();
+    bold.setBold(true);
+    m_state->setFont(bold);
+    column->addWidget(m_state);
+    m_summary = NewLabel(inside, "AnalysisSummary");
+    column->addWidget(m_summary);
+    m_legend = NewLabel(inside, "AnalysisLegend");
+    m_legend->setTextFormat(Qt::RichText);
+    column->addWidget(m_legend);
+    m_project = new QCheckBox(&inside);
+    m_project->setObjectName("ShowProject");
+    m_project->setChecked(true);
+    column->addWidget(m_project);
+    BuildTable(inside);
+    m_day = new WindowDayView(&inside);
+    column->addWidget(m_day);
+}
+
+void AnalysisPanel::BuildTable(QWidget& inside) {
+    auto* row = new QHBoxLayout;
+    m_filter = new QLineEdit(&inside);
+    m_filter->setObjectName("WindowFilter");
+    m_filter->setClearButtonEnabled(true);
+    m_failing = new QCheckBox(&inside);
+    m_failing->setObjectName("OnlyFailing");
+    row->addWidget(m_filter, 1);
+    row->addWidget(m_failing);
+    auto* column = static_cast<QVBoxLayout*>(inside.layout());
+    column->addLayout(row);
+    m_table = new QTableView(&inside);
+    m_table->setObjectName("WindowTable");
+    m_table->setModel(&m_model);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setAlternatingRowColors(true);
+    m_table->setTabKeyNavigation(false);
+    m_table->setWordWrap(false);
+    m_table->setMinimumHeight(110);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    m_table->setSortingEnabled(true);
+    column->addWidget(m_table, 1);
+}
+
+void AnalysisPanel::Join() {
+    connect(m_runAction, &QAction::triggered, this, [this] { RunWindows(); });
+    connect(m_runButton, &QPushButton::clicked, this, [this] { RunWindows(); });
+    connect(m_lines, &QPushButton::clicked, this, [this] { RunIsolines(); });
+    const auto filter = [this] { m_model.SetFilter(m_filter->text(), m_failing->isChecked()); };
+    connect(m_filter, &QLineEdit::textChanged, this, filter);
+    connect(m_failing, &QCheckBox::toggled, this, filter);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, [this] { SelectChosen(); });
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { ChooseRow(); });
+    connect(m_project, &QCheckBox::toggled, this, [this] {
+        ShowShapes();
+        ShowDay();
+        if (m_onHidden)
+            m_onHidden();
+    });
+    m_form->m_onChange = [this] { CheckState(); };
+    m_view.m_onChoose = [this] {
+        ShowDay();
+        SelectChosen();
+    };
+    m_day->SetNames([this](std::uint64_t handle) { return NameOf(handle); });
+    m_day->m_onEntity = [this](std::uint64_t handle) {
+        if (m_drawing.database)
+            m_view.Pick(m_drawing.database->FindHandle(handle));
+    };
+}
+
+void AnalysisPanel::Retranslate() {
+    m_runAction->setText(ShownSay(L"分析日照(&A)"));
+    m_runButton->setText(ShownSay(L"分析日照(&A)"));
+    m_runButton->setToolTip(ShownSay(L"分析每个窗的日照（F9）"));
+    m_lines->setText(ShownSay(L"画等时线(&I)"));
+    m_lines->setToolTip(ShownSay(L"在区域图层的轮廓里画出每个整小时的线"));
+    m_filter->setPlaceholderText(ShownSay(L"只看含有这些字的窗"));
+    m_filter->setAccessibleName(ShownSay(L"只看含有这些字的窗"));
+    m_failing->setText(ShownSay(L"只看不达标"));
+    m_project->setText(ShownSay(L"显示方案，按有方案时的时数"));
+    m_table->setAccessibleName(ShownSay(L"窗的列表"));
+    m_state->setAccessibleName(ShownSay(L"结果是否过时"));
+    m_form->Retranslate();
+    m_model.Retranslate();
+    m_day->Retranslate();
+    ShowAnswers();
+    ShowDay();
+}

@@ -1,0 +1,141 @@
+// Joins the time line, the moment and what is told of both.
+#include "workbench/panel/WindowDayView.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QTimeEdit>
+#include <QVBoxLayout>
+
+#include "facts/ClockText.h"
+#include "platform/base/PlainText.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/CompassWords.h"
+#include "workbench/panel/DayLine.h"
+#include "workbench/view/WidgetText.h"
+
+namespace {
+
+constexpr double kSecondsPerHour = 3600.0;
+
+QLabel* AddText(QVBoxLayout& column, const char* name) {
+    auto* label = new QLabel(column.parentWidget());
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    column.addWidget(label);
+    return label;
+}
+
+}  // namespace
+
+WindowDayView::WindowDayView(QWidget* parent) : QWidget(parent) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(3);
+    m_title = AddText(*column, "WindowTitle");
+    m_line = new DayLine(this);
+    column->addWidget(m_line);
+    m_stretch = AddText(*column, "StretchText");
+    auto* row = new QHBoxLayout;
+    m_timeLabel = new QLabel(this);
+    m_time = new QTimeEdit(QTime(12, 0), this);
+    m_time->setObjectName("Moment");
+    m_time->setDisplayFormat("HH:mm");
+    m_timeLabel->setBuddy(m_time);
+    row->addWidget(m_timeLabel);
+    row->addWidget(m_time);
+    row->addStretch(1);
+    column->addLayout(row);
+    m_moment = AddText(*column, "MomentText");
+    m_moment->setTextFormat(Qt::RichText);
+    m_moment->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    m_line->m_onCurrent = [this] { ShowTexts(); };
+    connect(m_time, &QTimeEdit::timeChanged, this, [this] { ShowMoment(); });
+    connect(m_moment, &QLabel::linkActivated, this, [this](const QString& link) {
+        if (m_onEntity)
+            m_onEntity(link.toULongLong(nullptr, 16));
+    });
+    Retranslate();
+}
+
+void WindowDayView::Retranslate() {
+    m_timeLabel->setText(ShownSay(L"太阳时刻(&T)"));
+    m_time->setAccessibleName(ShownSay(L"真太阳时"));
+    m_time->setToolTip(ShownSay(L"真太阳时：看这时谁遮住太阳"));
+    m_moment->setAccessibleName(ShownSay(L"这时的太阳"));
+    m_line->Retranslate();
+    ShowTexts();
+    ShowMoment();
+}
+
+void WindowDayView::SetWindow(const AnalysisReport& report, std::size_t window, bool isWithProject) {
+    m_hasWindow = true;
+    m_window = report.answer.windows[window];
+    if (!isWithProject && m_window.before) {
+        static_cast<WindowHours&>(m_window) = *m_window.before;
+        m_window.lost.clear();
+    }
+    m_span = report.answer.span;
+    m_offset = report.answer.beijingOffset;
+    m_line->SetDay(StretchesOf(m_window, m_window.lost, m_offset, m_nameOf), m_span);
+    ShowTexts();
+    ShowMoment();
+}
+
+void WindowDayView::Clear() {
+    m_hasWindow = false;
+    m_line->SetDay({}, {});
+    ShowTexts();
+    ShowMoment();
+}
+
+double WindowDayView::GetTime() const {
+    return QTime(0, 0).secsTo(m_time->time()) / kSecondsPerHour;
+}
+
+void WindowDayView::SetTime(double hours) {
+    m_time->setTime(QTime(0, 0).addSecs(static_cast<int>(hours * kSecondsPerHour)));
+}
+
+void WindowDayView::ShowTexts() {
+    if (!m_hasWindow) {
+        m_title->setText(ShownSay(L"在表里或视图里选一个窗，看它的一天"));
+        m_stretch->hide();
+        return;
+    }
+    CString title = WindowLabel(m_window);
+    if (m_window.facing)
+        title += SayFormat(L"，朝%s，%s", CompassWord(*m_window.facing), DurationText(m_window.judged));
+    if (m_window.passes)
+        title += L"，" + VerdictWord(m_window.passes);
+    for (const WindowNote note : m_window.notes)
+        title += L"\n" + NoteWord(note);
+    m_title->setText(Shown(title));
+    const int current = m_line->GetCurrent();
+    m_stretch->setVisible(current >= 0);
+    if (current >= 0)
+        m_stretch->setText(Shown(m_line->GetStretches()[static_cast<std::size_t>(current)].text));
+}
+
+void WindowDayView::ShowMoment() {
+    const double time = GetTime();
+    m_line->SetTime(time);
+    if (!m_hasWindow || !m_window.facing)
+        return m_moment->clear();
+    const SunThen then = SunAt(m_window, time);
+    QString text = Shown(SayFormat(L"北京时间 %s：", ClockText(time + m_offset))).toHtmlEscaped();
+    if (then.state == SunThen::State::Lit)
+        text += ShownSay(L"太阳照到这个窗").toHtmlEscaped();
+    else if (then.state == SunThen::State::None)
+        text += ShownSay(L"太阳不在窗前，或这时不计").toHtmlEscaped();
+    else
+        text += ShownSay(L"太阳被遮住，被").toHtmlEscaped();
+    for (std::size_t i = 0; i < then.by.size(); ++i) {
+        const QString name = Shown(m_nameOf(then.by[i])).toHtmlEscaped();
+        text += i == 0 ? " " : ", ";
+        text += then.by[i] == 0 ? name : QString("<a href=\"%1\">%2</a>").arg(then.by[i], 0, 16).arg(name);
+    }
+    m_moment->setText(text);
+}
