@@ -2,7 +2,6 @@
 #include "workbench/panel/WindowModel.h"
 
 #include <QBrush>
-#include <QCollator>
 #include <algorithm>
 #include <numeric>
 
@@ -33,6 +32,28 @@ double NumberOf(const WindowResult& window, int column) {
         default:  // those that fail, that pass, that have none
             return window.passes ? (*window.passes ? 1.0 : 0.0) : 2.0;
     }
+}
+
+// So that flat 9 comes before flat 10, in any locale.
+QString WithPaddedNumbers(const QString& text) {
+    constexpr int kDigits = 12;
+    QString padded;
+    QString digits;
+    const auto flush = [&] {
+        if (!digits.isEmpty())
+            padded += digits.rightJustified(kDigits, '0');
+        digits.clear();
+    };
+    for (const QChar each : text) {
+        if (each >= '0' && each <= '9') {
+            digits += each;
+            continue;
+        }
+        flush();
+        padded += each;
+    }
+    flush();
+    return padded;
 }
 
 CString LostText(double minutes) {
@@ -115,12 +136,10 @@ void WindowModel::SortRows() {
             keys.push_back(NumberOf(window, m_column));
         return sortBy(keys);
     }
-    QCollator collator;
-    collator.setNumericMode(true);  // flat 9 before flat 10
-    std::vector<QCollatorSortKey> keys;
+    std::vector<QString> keys;
     keys.reserve(windows.size());
     for (const WindowResult& window : windows)
-        keys.push_back(collator.sortKey(TextOf(window, m_column)));
+        keys.push_back(WithPaddedNumbers(TextOf(window, m_column).toCaseFolded()));
     sortBy(keys);
 }
 
