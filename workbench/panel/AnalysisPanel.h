@@ -65,6 +65,8 @@ public:
 
 protected:
     QSize sizeHint() const override { return {320, 560}; }
+    // It scrolls up and down alone: nothing is cut off at the side.
+    QSize minimumSizeHint() const override;
 
 private:
     void Build(QWidget& inside);

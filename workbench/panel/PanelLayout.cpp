@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -97,7 +98,7 @@ void AnalysisPanel::BuildTable(QWidget& inside) {
     m_table->setAlternatingRowColors(true);
     m_table->setTabKeyNavigation(false);
     m_table->setWordWrap(false);
-    m_table->setMinimumHeight(110);
+    m_table->setMinimumSize(100, 110);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -130,6 +131,11 @@ void AnalysisPanel::Join() {
         if (m_drawing.database)
             m_view.Pick(m_drawing.database->FindHandle(handle));
     };
+}
+
+QSize AnalysisPanel::minimumSizeHint() const {
+    constexpr int kHeight = 80;
+    return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), kHeight};
 }
 
 void AnalysisPanel::Retranslate() {

@@ -114,7 +114,9 @@ void MainWindow::RestorePlace() {
     resize(QSize(1100, 760).boundedTo(screen()->availableSize()));
     const RememberedWindow& kept = m_memory.Get();
     restoreGeometry(QByteArray::fromStdString(kept.place));
-    restoreState(QByteArray::fromStdString(kept.panels));
+    constexpr int kRoomy = 1000;
+    if (!restoreState(QByteArray::fromStdString(kept.panels)) && width() < kRoomy)
+        m_panels->Narrow();
 }
 
 MainWindow::~MainWindow() {

@@ -70,6 +70,12 @@ void SidePanels::Retranslate() {
     ShowPicked();
 }
 
+void SidePanels::Narrow() const {
+    constexpr int kSides = 235;
+    constexpr int kAnalysis = 230;
+    m_window.resizeDocks({m_layerDock, m_propertyDock, m_analysisDock}, {kSides, kSides, kAnalysis}, Qt::Horizontal);
+}
+
 QWidget* SidePanels::GetLayers() const {
     return m_layers;
 }

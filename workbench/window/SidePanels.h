@@ -30,6 +30,9 @@ public:
     // An entry for each panel, which shows and hides it.
     void AddEntries(QMenu& menu) const;
 
+    // Makes the panels as narrow as they may be, so that a small window has room for the view.
+    void Narrow() const;
+
     // What changes the drawing's scene.
     QWidget* GetLayers() const;
     AnalysisPanel& GetAnalysis() const { return *m_analysis; }
