@@ -31,18 +31,18 @@ struct LitHours {
     HourSpans sunlit;  // lit and valid
 };
 
-// The hours with the sun up and before the window.
-HourSpans HoursBefore(const DayOfAnalysis& day, const DrawnWindow& window) {
-    return Intersection(day.up, day.path.HoursBefore(window.Outward(), kSunInPlane, day.span));
+// The hours with the sun up and before a plane.
+HourSpans HoursBefore(const DayOfAnalysis& day, const Vector3& outward) {
+    return Intersection(day.up, day.path.HoursBefore(outward, kSunInPlane, day.span));
 }
 
-LitHours FindLitHours(const DayOfAnalysis& day, const WindowQuestion& question, const SunTarget& target,
+LitHours FindLitHours(const DayOfAnalysis& day, const SunTarget& target, const HourSpans& valid,
                       const EntityFilter& counts) {
     LitHours hours;
-    hours.before = HoursBefore(day, question.window);
+    hours.before = HoursBefore(day, target.outward);
     hours.lit = Difference(hours.before, day.caster.HiddenHours(target, hours.before, counts));
     hours.lit.DropShorterThan(kShortestHours);
-    hours.sunlit = Intersection(hours.lit, question.valid);
+    hours.sunlit = Intersection(hours.lit, valid);
     hours.sunlit.DropShorterThan(kShortestHours);
     return hours;
 }
@@ -63,7 +63,7 @@ double BestPart(const DayOfAnalysis& day, const WindowQuestion& question, double
     double most = -1.0;
     for (const double from : PartStarts(question.window.width, width)) {
         const SunTarget target = TargetOf(day, question.window, from, width);
-        const HourSpans sunlit = FindLitHours(day, question, target, counts).sunlit;
+        const HourSpans sunlit = FindLitHours(day, target, question.valid, counts).sunlit;
         const double judged = CountSun(sunlit, day.span, day.standard).judged;
         if (judged > most + kMinuteTolerance) {
             most = judged;
@@ -186,11 +186,17 @@ void AnalyseDay(const DayOfAnalysis& day, const WindowQuestion& question, const 
     const SunTarget target = TargetOf(day, question.window, from, width);
     if (IsCut(day, target, counts))
         hours.notes.push_back(WindowNote::Cut);
-    const LitHours found = FindLitHours(day, question, target, counts);
+    AnalyseTarget(day, target, question.valid, counts, hours);
+}
+
+void AnalyseTarget(const DayOfAnalysis& day, const SunTarget& target, const HourSpans& valid,
+                   const EntityFilter& counts, WindowHours& hours) {
+    const Standard& standard = day.standard;
+    const LitHours found = FindLitHours(day, target, valid, counts);
     hours.sunlit = found.sunlit.All();
-    AddDropped(hours.dropped, Difference(found.lit, question.valid),
+    AddDropped(hours.dropped, Difference(found.lit, valid),
                standard.validSunType == ORVO_SUN_SHANGHAI ? DropReason::Facing : DropReason::Angle);
-    HourSpans hidden = Difference(Intersection(found.before, question.valid), found.sunlit);
+    HourSpans hidden = Difference(Intersection(found.before, valid), found.sunlit);
     hidden.DropShorterThan(kShortestHours);
     hours.hidden = TellCulprits(day, target, hidden, counts);
     AddCount(day, found.sunlit, hours);
@@ -202,7 +208,7 @@ void AnalyseDay(const DayOfAnalysis& day, const WindowQuestion& question, const 
 bool MayMatter(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& entities) {
     // A shadow on any part that may be judged is one on the window.
     const SunTarget target = TargetOf(day, question.window, 0.0, question.window.width);
-    return !day.caster.HiddenHours(target, HoursBefore(day, question.window), entities).IsEmpty() ||
+    return !day.caster.HiddenHours(target, HoursBefore(day, question.window.Outward()), entities).IsEmpty() ||
            IsCut(day, target, entities);
 }
 

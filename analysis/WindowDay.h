@@ -47,6 +47,10 @@ struct WindowQuestion {
 void AnalyseDay(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& counts,
                 WindowHours& hours);
 
+// The same of any target, in whatever plane, with these valid hours: without a verdict of width or of what cuts it.
+void AnalyseTarget(const DayOfAnalysis& day, const SunTarget& target, const HourSpans& valid,
+                   const EntityFilter& counts, WindowHours& hours);
+
 // Whether the hours of a window are others with these entities than without them. It may say so where they are not.
 bool MayMatter(const DayOfAnalysis& day, const WindowQuestion& question, const EntityFilter& entities);
 

@@ -193,12 +193,33 @@ TEST_F(AnalysisPanelTest, TellsWhoHidesTheSunAtATime) {
     time->setCurrentSection(QDateTimeEdit::MinuteSection);
     for (int i = 0; i < 45; ++i)
         QTest::keyClick(time, Qt::Key_Up);
-    EXPECT_NE(Text("MomentText").find("太阳照到这个窗"), std::string::npos) << "at 14:45: " << Text("MomentText");
+    EXPECT_NE(Text("MomentText").find("太阳照到这里"), std::string::npos) << "at 14:45: " << Text("MomentText");
     time->setTime(QTime(20, 0));
-    EXPECT_NE(Text("MomentText").find("太阳不在窗前"), std::string::npos);
+    EXPECT_NE(Text("MomentText").find("太阳不在前面"), std::string::npos);
     time->setTime(QTime(12, 0));
     emit Find<QLabel>("MomentText")->linkActivated("a2");
     EXPECT_EQ(View()->GetPicked(), acdbCurDwg()->FindHandle(0xA2));
+}
+
+// At noon the tower's shadow lies on the roof north of it, and its north-western corner in the sun.
+TEST_F(AnalysisPanelTest, TellsTheDayOfAFaceThatIsClicked) {
+    View()->Look(StandardView::Top);
+    EXPECT_FALSE(Find<QPushButton>("RunSpot")->isEnabled());
+    ClickIn({18, 0.5, 9});
+    EXPECT_NE(Text("WindowTitle").find("A1（LWPOLYLINE，图层 HOUSE） 上点击的一点"), std::string::npos)
+        << Text("WindowTitle");
+    EXPECT_NE(Text("MomentText").find("TOWER"), std::string::npos)
+        << "the roof behind the tower: " << Text("MomentText");
+    EXPECT_FALSE(Day()->GetStretches().empty());
+    ClickIn({1, 9, 9});
+    EXPECT_NE(Text("MomentText").find("太阳照到这里"), std::string::npos) << Text("MomentText");
+    EXPECT_TRUE(Find<QPushButton>("RunSpot")->isEnabled());
+    Run();
+    ClickRow(0);
+    EXPECT_NE(Text("WindowTitle").find("B1"), std::string::npos);
+    Press("RunSpot");
+    EXPECT_NE(Text("WindowTitle").find("A1"), std::string::npos) << "the spot that was clicked last";
+    EXPECT_FALSE(Table()->currentIndex().isValid());
 }
 
 TEST_F(AnalysisPanelTest, SaysWhenAResultIsOutOfDate) {

@@ -9,6 +9,7 @@
 #include <QTableView>
 #include <algorithm>
 
+#include "analysis/SpotAnalysis.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DrawingUnits.h"
@@ -43,7 +44,7 @@ QString Sample(int rgb) {
 
 bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work) {
     try {
-        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_project}, work))
+        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project}, work))
             return true;
         m_complain(Say(L"上一条命令还没有结束"));
     } catch (const std::bad_alloc&) {
@@ -109,6 +110,49 @@ void AnalysisPanel::RunIsolines() {
     ShowAnswers();
 }
 
+// At once where that takes a moment: of a large drawing all that casts shadows is gathered first, which is for the
+// button.
+void AnalysisPanel::TakeSpot(const QcGePoint& place, const QcGeVector3d& outward) {
+    constexpr std::size_t kMostAtOnce = 10'000;
+    m_spot = Spot{place, outward, m_view.GetPicked()};
+    m_spotButton->setEnabled(true);
+    if (!m_view.GetChosen() && m_drawing.scene && m_drawing.scene->faces.size() <= kMostAtOnce && isVisible())
+        RunSpot();
+}
+
+void AnalysisPanel::RunSpot() {
+    if (!m_spot || !m_drawing.database)
+        return;
+    SpotRequest request;
+    AnalysisRequest asked;
+    CString reason;
+    if (!m_form->Read(asked, reason))
+        return m_complain(reason);
+    static_cast<DayRequest&>(request) = asked;
+    if (ReadDaySettings({}, request))
+        return;
+    request.heights = m_drawing.heights;
+    request.windowLayers = asked.windowLayers;
+    request.place = m_spot->place;
+    request.outward = m_spot->outward;
+    const Spot spot = *m_spot;
+    const AcDbDatabase& database = *m_drawing.database;
+    SpotAnswer answer;
+    bool isCancelled = false;
+    if (!RunAside(L"分析一个点",
+                  [&](SceneProgress& progress) {
+                      answer = AnalyseSpot(database, request);
+                      isCancelled = progress.isCancelled;
+                  }) ||
+        isCancelled)
+        return;
+    if (answer.failure != AnalysisFailure::None)
+        return m_complain(FailureText(request, answer));
+    m_view.Choose({}, false);
+    SelectChosen();
+    m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(database.GetHandle(spot.entity))), answer);
+}
+
 AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
     return {m_drawing.scene, SettingsState(CurrentSettings(), CurrentTuningParameters()), fields};
 }
@@ -116,11 +160,14 @@ AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
 void AnalysisPanel::SetDrawing(PanelDrawing drawing, bool isAnother) {
     m_drawing = std::move(drawing);
     m_runAction->setEnabled(m_drawing.database != nullptr);
+    m_spot.reset();  // what was there may be elsewhere
+    m_spotButton->setEnabled(false);
     m_lines->setEnabled(m_drawing.database != nullptr);
     if (isAnother) {
         m_windows.reset();
         m_points.reset();
         m_view.Choose({}, false);
+        m_day->Clear();
         m_project->setChecked(true);
         ShowAnswers();
     }

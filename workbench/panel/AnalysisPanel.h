@@ -5,8 +5,10 @@
 #include <QScrollArea>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "platform/geometry/QcGeVector3d.h"
 #include "platform/host/AcDbObjectId.h"
 #include "scene/LayerHeight.h"
 #include "scene/SceneProgress.h"
@@ -52,6 +54,8 @@ public:
 
     void RunWindows();
     void RunIsolines();
+    // The day of the spot that was clicked last; nothing where there is none.
+    void RunSpot();
     QAction* GetRunAction() const { return m_runAction; }
 
     // Each must be set. Runs work in a thread of its own while events go on, with these widgets disabled, and nobody
@@ -83,6 +87,7 @@ private:
     void ShowDay();
     void SelectChosen();
     CString NameOf(std::uint64_t handle) const;
+    void TakeSpot(const QcGePoint& place, const QcGeVector3d& outward);
 
     SceneView& m_view;
     PanelDrawing m_drawing;
@@ -91,12 +96,19 @@ private:
     AskedState m_windowState;
     AskedState m_pointState;
     WindowModel m_model;
+    struct Spot {
+        QcGePoint place;  // the drawing's units
+        QcGeVector3d outward;
+        AcDbObjectId entity;
+    };
+    std::optional<Spot> m_spot;
     bool m_isSelecting = false;  // by us, and not by the user
 
     QAction* m_runAction;
     RequestForm* m_form = nullptr;
     QPushButton* m_runButton = nullptr;
     QPushButton* m_lines = nullptr;
+    QPushButton* m_spotButton = nullptr;
     QLabel* m_state = nullptr;
     QLabel* m_summary = nullptr;
     QLabel* m_legend = nullptr;

@@ -77,6 +77,10 @@ void AnalysisPanel::Build(QWidget& inside) {
     BuildTable(inside);
     m_day = new WindowDayView(&inside);
     column->addWidget(m_day);
+    m_spotButton = new QPushButton(&inside);
+    m_spotButton->setObjectName("RunSpot");
+    m_spotButton->setEnabled(false);
+    column->addWidget(m_spotButton);
 }
 
 void AnalysisPanel::BuildTable(QWidget& inside) {
@@ -110,6 +114,8 @@ void AnalysisPanel::Join() {
     connect(m_runAction, &QAction::triggered, this, [this] { RunWindows(); });
     connect(m_runButton, &QPushButton::clicked, this, [this] { RunWindows(); });
     connect(m_lines, &QPushButton::clicked, this, [this] { RunIsolines(); });
+    connect(m_spotButton, &QPushButton::clicked, this, [this] { RunSpot(); });
+    m_view.m_onSpot = [this](const QcGePoint& place, const QcGeVector3d& outward) { TakeSpot(place, outward); };
     const auto filter = [this] { m_model.SetFilter(m_filter->text(), m_failing->isChecked()); };
     connect(m_filter, &QLineEdit::textChanged, this, filter);
     connect(m_failing, &QCheckBox::toggled, this, filter);
@@ -144,6 +150,8 @@ void AnalysisPanel::Retranslate() {
     m_runButton->setToolTip(ShownSay(L"分析每个窗的日照（F9）"));
     m_lines->setText(ShownSay(L"画等时线(&I)"));
     m_lines->setToolTip(ShownSay(L"在区域图层的轮廓里画出每个整小时的线"));
+    m_spotButton->setText(ShownSay(L"点击处的一天(&D)"));
+    m_spotButton->setToolTip(ShownSay(L"算出在视图里点击的那一点何时有太阳"));
     m_filter->setPlaceholderText(ShownSay(L"只看含有这些字的窗"));
     m_filter->setAccessibleName(ShownSay(L"只看含有这些字的窗"));
     m_failing->setText(ShownSay(L"只看不达标"));

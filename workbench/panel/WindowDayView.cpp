@@ -71,21 +71,34 @@ void WindowDayView::Retranslate() {
 }
 
 void WindowDayView::SetWindow(const AnalysisReport& report, std::size_t window, bool isWithProject) {
-    m_hasWindow = true;
-    m_window = report.answer.windows[window];
-    if (!isWithProject && m_window.before) {
-        static_cast<WindowHours&>(m_window) = *m_window.before;
-        m_window.lost.clear();
-    }
-    m_span = report.answer.span;
-    m_offset = report.answer.beijingOffset;
-    m_line->SetDay(StretchesOf(m_window, m_window.lost, m_offset, m_nameOf), m_span);
+    const WindowResult& shown = report.answer.windows[window];
+    const bool isBefore = !isWithProject && shown.before;
+    m_name = WindowLabel(shown);
+    m_isTold = IsAnalysed(shown);
+    if (shown.facing)
+        m_name += SayFormat(L"，朝%s", CompassWord(*shown.facing));
+    if (isBefore)
+        SetHours(*shown.before, {}, report.answer);
+    else
+        SetHours(shown, shown.lost, report.answer);
+}
+
+void WindowDayView::SetSpot(const CString& title, const SpotAnswer& answer) {
+    m_name = title;
+    m_isTold = true;
+    SetHours(answer.hours, {}, answer);
+}
+
+void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer) {
+    m_hours = std::move(hours);
+    m_offset = answer.beijingOffset;
+    m_line->SetDay(StretchesOf(m_hours, lost, m_offset, m_nameOf), answer.span);
     ShowTexts();
     ShowMoment();
 }
 
 void WindowDayView::Clear() {
-    m_hasWindow = false;
+    m_name.Empty();
     m_line->SetDay({}, {});
     ShowTexts();
     ShowMoment();
@@ -100,17 +113,17 @@ void WindowDayView::SetTime(double hours) {
 }
 
 void WindowDayView::ShowTexts() {
-    if (!m_hasWindow) {
-        m_title->setText(ShownSay(L"在表里或视图里选一个窗，看它的一天"));
+    if (m_name.IsEmpty()) {
+        m_title->setText(ShownSay(L"在表里或视图里选一个窗，或点击一个面，看它的一天"));
         m_stretch->hide();
         return;
     }
-    CString title = WindowLabel(m_window);
-    if (m_window.facing)
-        title += SayFormat(L"，朝%s，%s", CompassWord(*m_window.facing), DurationText(m_window.judged));
-    if (m_window.passes)
-        title += L"，" + VerdictWord(m_window.passes);
-    for (const WindowNote note : m_window.notes)
+    CString title = m_name;
+    if (m_isTold)
+        title += L"，" + DurationText(m_hours.judged);
+    if (m_hours.passes)
+        title += L"，" + VerdictWord(m_hours.passes);
+    for (const WindowNote note : m_hours.notes)
         title += L"\n" + NoteWord(note);
     m_title->setText(Shown(title));
     const int current = m_line->GetCurrent();
@@ -122,14 +135,14 @@ void WindowDayView::ShowTexts() {
 void WindowDayView::ShowMoment() {
     const double time = GetTime();
     m_line->SetTime(time);
-    if (!m_hasWindow || !m_window.facing)
+    if (m_name.IsEmpty() || !m_isTold)
         return m_moment->clear();
-    const SunThen then = SunAt(m_window, time);
+    const SunThen then = SunAt(m_hours, time);
     QString text = Shown(SayFormat(L"北京时间 %s：", ClockText(time + m_offset))).toHtmlEscaped();
     if (then.state == SunThen::State::Lit)
-        text += ShownSay(L"太阳照到这个窗").toHtmlEscaped();
+        text += ShownSay(L"太阳照到这里").toHtmlEscaped();
     else if (then.state == SunThen::State::None)
-        text += ShownSay(L"太阳不在窗前，或这时不计").toHtmlEscaped();
+        text += ShownSay(L"太阳不在前面，或这时不计").toHtmlEscaped();
     else
         text += ShownSay(L"太阳被遮住，被").toHtmlEscaped();
     for (std::size_t i = 0; i < then.by.size(); ++i) {

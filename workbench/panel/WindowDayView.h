@@ -1,9 +1,10 @@
-// The day of one window: what it is, its time line, and what hides the sun at a moment.
+// The day of one window, or of a spot: what it is, its time line, and what hides the sun at a moment.
 #pragma once
 
 #include <QWidget>
 #include <functional>
 
+#include "analysis/SpotAnalysis.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/panel/DayStretches.h"
 
@@ -19,7 +20,9 @@ public:
     void SetNames(NameOfEntity nameOf) { m_nameOf = std::move(nameOf); }
     // A window of a report, with the project or as it was before; both are copied.
     void SetWindow(const AnalysisReport& report, std::size_t window, bool isWithProject);
-    // No window is chosen.
+    // A spot that was clicked, and what is to be said of it.
+    void SetSpot(const CString& title, const SpotAnswer& answer);
+    // No window is chosen, and no spot.
     void Clear();
     void Retranslate();
 
@@ -35,9 +38,11 @@ private:
     void ShowMoment();
 
     NameOfEntity m_nameOf;
-    bool m_hasWindow = false;
-    WindowResult m_window;  // its hours are those that are shown
-    SunPeriod m_span;
+    void SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer);
+
+    CString m_name;         // of what is shown; empty for nothing
+    bool m_isTold = false;  // whether its sun could be told
+    WindowHours m_hours;
     double m_offset = 0.0;
     QLabel* m_title;
     DayLine* m_line;

@@ -106,6 +106,7 @@ MetFace MeetScene(const Scene& scene, const HiddenLayers& hidden, const ViewRay&
             if (const double distance = MeetFace(ray, scene.faces[entity.firstFace + i]); distance < met.distance) {
                 met.distance = distance;
                 met.entity = entity.id;
+                met.face = entity.firstFace + i;
             }
     return met;
 }

@@ -23,6 +23,7 @@ inline bool IsHidden(const HiddenLayers& hidden, std::size_t layer) {
 struct MetFace {
     double distance = INFINITY;  // along the ray
     AcDbObjectId entity;         // null for none
+    std::size_t face = 0;        // of Scene::faces
 };
 MetFace MeetScene(const Scene& scene, const HiddenLayers& hidden, const ViewRay& ray);
 // How far along the ray it meets a flat quadrilateral; infinite when it does not.

@@ -11,6 +11,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "geometry/DotProduct.h"
 #include "settings/AnalysisParameters.h"
 #include "workbench/view/CompassRose.h"
 #include "workbench/view/ScenePick.h"
@@ -424,11 +425,26 @@ void SceneView::PickAt(const QPointF& pixel) {
     const bool isOther = chosen != m_chosen;
     m_chosen = chosen;
     Pick(HasShapes() ? PickEntity(*m_scene, m_hidden, m_camera, pixel.x(), pixel.y()) : AcDbObjectId());
-    if (!isOther)
+    if (isOther) {
+        Redraw();
+        if (m_onChoose)
+            m_onChoose();
+    }
+    TellSpot(pixel);
+}
+
+void SceneView::TellSpot(const QPointF& pixel) const {
+    if (!m_onSpot || !HasShapes())
         return;
-    Redraw();
-    if (m_onChoose)
-        m_onChoose();
+    const ViewRay ray = m_camera.GetRayAt(pixel.x(), pixel.y());
+    const MetFace met = MeetScene(*m_scene, m_hidden, ray);
+    if (met.entity.isNull())
+        return;
+    const QcGeVector3dEX normal = m_scene->faces[met.face].Normal();
+    const double side = Dot(normal, ray.direction) > 0.0 ? -1.0 : 1.0;
+    m_onSpot({ray.start.x + ray.direction.x * met.distance, ray.start.y + ray.direction.y * met.distance,
+              ray.start.z + ray.direction.z * met.distance},
+             {side * normal.x, side * normal.y, side * normal.z});
 }
 
 // Through all that is shown, faces first; from what is picked, or from the first or last one.

@@ -87,6 +87,8 @@ public:
     std::optional<std::size_t> GetChosen() const { return m_chosen; }
     // Called whenever a click has chosen another window, or none.
     std::function<void()> m_onChoose;
+    // Called after a click on a face, with where it was and the face's normal on the side that is seen.
+    std::function<void(const QcGePoint& place, const QcGeVector3d& outward)> m_onSpot;
     void SetParallel(bool isParallel);
     bool IsParallel() const { return m_isParallel; }
     // Called when a key has changed that.
@@ -144,6 +146,7 @@ private:
     bool LookByKey(int key);
     bool PickByKey(int key);
     void PickAt(const QPointF& pixel);
+    void TellSpot(const QPointF& pixel) const;
     void PickNext(int step);
     void TurnTo(const ResultQuad& quad);
     void SetBoxes();
