@@ -1,5 +1,4 @@
 // What an answer was made with, to see whether it still holds.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <QStringList>

@@ -1,5 +1,4 @@
 // The day of a window as stretches that are shown, and what the sun does at one time of it.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,4 @@
 // What is asked of an analysis: the fields of the panel.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <QWidget>

@@ -1,5 +1,4 @@
 // Answers of analyses as the view shows them.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <memory>

@@ -1,5 +1,4 @@
 // The windows of an answer as rows of a table: sorted, filtered, and found again.
-// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <QAbstractTableModel>
