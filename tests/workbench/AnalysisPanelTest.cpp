@@ -93,6 +93,16 @@ protected:
 
 }  // namespace
 
+TEST_F(AnalysisPanelTest, LeavesTheFocusWhereItWas) {
+    Edit()->setFocus();
+    QTest::keyClick(Edit(), Qt::Key_F9);
+    EXPECT_EQ(Table()->model()->rowCount(), 2);
+    EXPECT_EQ(QApplication::focusWidget(), Edit());
+    View()->setFocus();
+    QTest::keyClick(View(), Qt::Key_F9);
+    EXPECT_EQ(QApplication::focusWidget(), View());
+}
+
 TEST_F(AnalysisPanelTest, RunsByItsKeyAndTellsWhichWindowsFail) {
     Run();
     ASSERT_EQ(Table()->model()->rowCount(), 2);

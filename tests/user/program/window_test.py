@@ -38,7 +38,7 @@ class WithDisplay(ProgramTest):
         super().setUp()
         read, write = os.pipe()
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x900x24", "-noreset",
-                                        "-nolisten", "tcp"], pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                                        "-nolisten", "tcp", "-fbdir", self.home], pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(write)
         self.addCleanup(self.stop_server)
         with os.fdopen(read) as numbers:  # to the end of the line: the server dies of a pipe that is closed earlier
@@ -80,6 +80,25 @@ class WithDisplay(ProgramTest):
     def ends_well(self, process):
         out, err = process.communicate(timeout=60)
         self.assertEqual((process.returncode, out), (OK, b""), err.decode())
+
+    def count_on_screen(self, red, green, blue):
+        """How many pixels of the screen have this colour."""
+        with open(os.path.join(self.home, "Xvfb_screen0"), "rb") as screen:
+            return screen.read().count(bytes((blue, green, red)))
+
+    def test_shows_in_the_view_which_windows_of_the_sample_fail(self):
+        process = self.start("--language", "en", "window", os.path.join(SHIPPED, "samples", "courtyard.dxf"))
+        window = self.wait_for("^courtyard.dxf - orvo$")
+        failing = (0xD0, 0x10, 0x10)  # their edges
+        self.assertEqual(self.count_on_screen(*failing), 0)
+        self.xdotool("windowfocus", "--sync", window)
+        self.xdotool("key", "F9")
+        deadline = time.monotonic() + 60
+        while self.count_on_screen(*failing) == 0:
+            self.assertLess(time.monotonic(), deadline)
+            time.sleep(0.1)
+        self.type_line(window, "quit")
+        self.ends_well(process)
 
     def test_shows_a_drawing_and_ends_on_quit(self):
         process = self.start("window", os.path.join(SHIPPED, "samples", "house.dxf"))
