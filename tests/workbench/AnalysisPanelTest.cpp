@@ -186,6 +186,13 @@ TEST_F(AnalysisPanelTest, TellsTheDayOfAWindow) {
     QTest::keyClick(Day(), Qt::Key_End);
     EXPECT_EQ(Text("StretchText"), ToUtf8(stretches.back().text.View()));
     EXPECT_EQ(Day()->accessibleDescription().toStdString(), Text("StretchText"));
+    QTest::keyClick(Day(), Qt::Key_Right);
+    EXPECT_EQ(Day()->GetCurrent(), static_cast<int>(stretches.size()) - 1) << "the last one";
+    QTest::keyClick(Day(), Qt::Key_Home);
+    QTest::keyClick(Day(), Qt::Key_Right);
+    EXPECT_EQ(Day()->GetCurrent(), 1);
+    QTest::keyClick(Day(), Qt::Key_Left);
+    EXPECT_EQ(Day()->GetCurrent(), 0);
     const auto at = static_cast<std::size_t>(hidden - stretches.begin());
     QTest::mouseClick(Day(), Qt::LeftButton, {}, Day()->RectOf(at).center());
     EXPECT_EQ(Text("StretchText"), ToUtf8(hidden->text.View()));

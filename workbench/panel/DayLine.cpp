@@ -170,16 +170,14 @@ void DayLine::SetCurrent(int stretch) {
 
 void DayLine::keyPressEvent(QKeyEvent* event) {
     const int last = static_cast<int>(m_stretches.size()) - 1;
-    int to = m_current;
+    int to = 0;
     if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Down)
         to = std::min(m_current + 1, last);
     else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Up)
         to = std::max(m_current - 1, 0);
-    else if (event->key() == Qt::Key_Home)
-        to = 0;
     else if (event->key() == Qt::Key_End)
         to = last;
-    else
+    else if (event->key() != Qt::Key_Home)
         return QWidget::keyPressEvent(event);
     if (last >= 0)
         SetCurrent(to);
