@@ -63,8 +63,11 @@ std::string InstalledDataFolderBytes() {
     const std::string library = RealPath(info.dli_fname);
     if (library.empty())
         return {};
-    const std::string prefix = FolderOf(FolderOf(FolderOf(library)));
-    std::string folder = (prefix == "/" ? std::string() : prefix) + "/share/orvo";
+    std::string folder = FolderOf(library);
+    std::string_view way = ORVO_LIBRARIES_TO_DATA;
+    for (; way.starts_with("../"); way.remove_prefix(3))
+        folder = FolderOf(folder);
+    folder = (folder == "/" ? std::string() : folder) + "/" + std::string(way);
     std::string resolved = RealPath(folder);
     return resolved.empty() ? folder : resolved;
 }

@@ -24,8 +24,8 @@ ORVO_API bool FindFileInFolder(const wchar_t* folder, const wchar_t* name, CStri
 // path count as unset. It need not exist. Empty when there is no home at all.
 ORVO_API CString UserFolder();
 
-// <prefix>/share/orvo, where this library is <prefix>/lib/orvo/libOrvoPlatform.so with symbolic links resolved. It need
-// not exist; when it does, its own links are resolved too.
+// <prefix>/share/orvo, where this library is <prefix>/lib/libOrvoPlatform.so, or lies where the distribution keeps
+// libraries, with symbolic links resolved. It need not exist; when it does, its own links are resolved too.
 ORVO_API CString InstalledDataFolder();
 
 // Whether a file of this path is, or would come to lie, in the installed data folder or below it. Symbolic links are

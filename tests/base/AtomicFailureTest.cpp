@@ -55,7 +55,7 @@ public:
 
     Outcome Save(const char* how, int at, const std::string& more = "") const {
         std::string command = "ASAN_OPTIONS=verify_asan_link_order=0:$ASAN_OPTIONS LD_PRELOAD='" + BuildFolder() +
-                              "/lib/orvo/libfailing-calls.so' FAILING_CALLS_HOW=" + std::string(how) +
+                              "/lib/libfailing-calls.so' FAILING_CALLS_HOW=" + std::string(how) +
                               " FAILING_CALLS_AT=" + std::to_string(at) + " " + more + " exec '" + BuildFolder() +
                               "/bin/save-driver' '" + (m_tree / "file.xml").string() + "' " + kText;
         Outcome outcome;

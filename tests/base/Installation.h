@@ -24,7 +24,7 @@ protected:
 
     void SetUp() override {
         Install(BuildFolder() + "/bin/support-probe", Prefix() / "bin/support-probe");
-        Install(BuildFolder() + "/lib/orvo/libOrvoPlatform.so", Prefix() / "lib/orvo/libOrvoPlatform.so");
+        Install(BuildFolder() + "/lib/libOrvoPlatform.so.0", Prefix() / "lib/libOrvoPlatform.so.0");
         std::filesystem::create_directories(Shipped());
         std::filesystem::create_directories(m_folder / "home");
     }

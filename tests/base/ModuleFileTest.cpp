@@ -47,7 +47,7 @@ TEST(ModuleFile, OfAnObjectOfALibraryIsTheLibrary) {
     EXPECT_EQ(name.find('/'), std::string::npos);
     std::string path = name;
     std::replace(path.begin(), path.end(), '\\', '/');
-    EXPECT_TRUE(std::filesystem::equivalent(path, BuildFolder() + "/lib/orvo/libOrvoPlatform.so")) << path;
+    EXPECT_TRUE(std::filesystem::equivalent(path, BuildFolder() + "/lib/libOrvoPlatform.so")) << path;
 }
 
 TEST(ModuleFile, OfAnAddressInNoModuleIsEmpty) {

@@ -169,9 +169,8 @@ TEST_F(Support, FindsTheInstalledFolderFromTheLibrarysOwnPlace) {
 TEST_F(Support, ResolvesLinksToTheInstallation) {
     // The library is reached through a link to its folder, and the data folder is a link as well.
     fs::create_directories(m_folder / "other/bin");
-    fs::create_directories(m_folder / "other/lib");
     fs::copy_file(m_program, m_folder / "other/bin/support-probe");
-    fs::create_symlink(Prefix() / "lib/orvo", m_folder / "other/lib/orvo");
+    fs::create_symlink(Prefix() / "lib", m_folder / "other/lib");
     fs::rename(Shipped(), m_folder / "data");
     fs::create_symlink(Real() / "data", Shipped());
     m_program = Real() / "other/bin/support-probe";

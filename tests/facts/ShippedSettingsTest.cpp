@@ -19,8 +19,8 @@ class Shipped : public testing::Test {
 protected:
     void SetUp() override {
         Install("bin/shipped-probe");
-        for (const char* library : {"libOrvoPlatform.so", "OrvoDataBase.so", "libOrvoFacts.so"})
-            Install(std::string("lib/orvo/") + library);
+        for (const char* library : {"libOrvoPlatform.so.0", "OrvoDataBase.so.0", "libOrvoFacts.so.0"})
+            Install(std::string("lib/") + library);
         std::filesystem::create_directories(m_prefix / "share/orvo");
     }
 

@@ -15,9 +15,9 @@ public:
     PlugIns(const PlugIns&) = delete;
     PlugIns& operator=(const PlugIns&) = delete;
 
-    // Opens every file NAME.so in <prefix>/lib/orvo/plugins in the order of their names, then the named ones. A file
-    // that it has met already, under whatever name, is passed over. Gives a message on each that cannot be opened; the
-    // others are opened all the same.
+    // Opens every file NAME.so in the folder plugins beside the program's own libraries (PluginFolder.h) in the order
+    // of their names, then the named ones. A file that it has met already, under whatever name, is passed over. Gives a
+    // message on each that cannot be opened; the others are opened all the same.
     std::vector<CString> Load(const std::vector<CString>& named);
 
 private:

@@ -64,7 +64,7 @@ class FirstPlugIn(ProgramTest):
         self.assertTrue(included)
         self.assertEqual([name for name in included if not name.startswith(("facts/", "platform/"))], [])
         needed = subprocess.run(["readelf", "-d", PLUGIN], capture_output=True, text=True, check=True).stdout
-        libraries = re.findall(r"NEEDED.*\[(\w*Orvo\w*)\.so\]", needed)
+        libraries = re.findall(r"NEEDED.*\[(\w*Orvo\w*)\.so\.\d+\]", needed)
         self.assertIn("libOrvoFacts", libraries)
         self.assertLessEqual(set(libraries), {"libOrvoFacts", "OrvoDataBase", "libOrvoPlatform"})
 

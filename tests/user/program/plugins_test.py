@@ -163,7 +163,7 @@ class PlugIns(ProgramTest):
             stream.write(whole.read(5000))
         pipe = os.path.join(self.home, "pipe.so")
         os.mkfifo(pipe)
-        library = os.path.join(PREFIX, "lib", "orvo", "libOrvoPlatform.so")
+        library = os.path.join(PREFIX, "lib", "libOrvoPlatform.so")
         for plugin, words in ((broken, "broken.so"), (cut, "cut.so”：文件不完整"), (pipe, "pipe.so”：不是普通文件"), ("missing.so", "“missing.so”：文件不存在"), (self.home, self.home),
                               (library, "libOrvoPlatform.so”：不是插件"), (REFUSING, "refusing.so”：初始化失败（3）")):
             with self.subTest(plugin=plugin):

@@ -46,7 +46,7 @@ class Subproject(unittest.TestCase):
         self.run_tool("cmake", "-S", source, "-B", FOLDER, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release")
         self.run_tool("cmake", "--build", FOLDER, "--target", "theirs")
         self.assertEqual(self.run_tool(os.path.join(FOLDER, "theirs")).strip(), "-23.45")
-        for made in ("orvo/lib/orvo/OrvoDataBase.so", "orvo/share/orvo/SunTerm.xml"):
+        for made in ("orvo/lib/OrvoDataBase.so", "orvo/lib/orvo/OrvoDataBase.so", "orvo/share/orvo/SunTerm.xml"):
             self.assertTrue(os.path.exists(os.path.join(FOLDER, made)), f"{made} is not in the project's own part")
         self.assertFalse(os.path.exists(os.path.join(FOLDER, "lib")), "something lies in the other project's part")
 
