@@ -1,6 +1,6 @@
 # Turns a resource script into a C++ source that holds its text, with the header of its numbers in place of the header's
 # include, so that whoever reads the text at run time needs no files. The text is a symbol of the library that the source
-# is linked into, by which platform/host/ResourceText.h finds it.
+# is linked into, by which platform/host/ResourceText.h finds it. OrvoDialogs.cmake calls it.
 # cmake -DSCRIPT=file.rc -DHEADER=Resource.h -DOUTPUT=file.cpp -P EmbedScript.cmake
 file(READ ${HEADER} header)
 file(READ ${SCRIPT} script)

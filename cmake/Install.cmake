@@ -7,6 +7,10 @@ include(CMakePackageConfigHelpers)
 # changes; tools/compare-abi tells.
 set(ORVO_ABI 0)
 
+# What the packages tell besides.
+set(ORVO_PLUGIN_DIR ${CMAKE_INSTALL_FULL_LIBDIR}/orvo/plugins)
+set(ORVO_DATA_DIR ${CMAKE_INSTALL_FULL_DATADIR}/orvo)
+
 set(ORVO_INCLUDE_FOLDER ${CMAKE_INSTALL_INCLUDEDIR}/orvo)
 set(ORVO_DATA_FOLDER ${CMAKE_INSTALL_DATADIR}/orvo)
 set(ORVO_OWN_LIBRARY_FOLDER ${CMAKE_INSTALL_LIBDIR}/orvo)  # what the program opens
@@ -36,6 +40,11 @@ function(orvo_library target folder ORVO_DESCRIPTION)
   set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${ORVO_ABI} INSTALL_RPATH "$ORIGIN")
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${ORVO_INCLUDE_FOLDER}>)
+
+  # In the tree itself find_package is content with the target that is there, so that examples read as they do outside.
+  string(TOLOWER ${target} lower)
+  file(WRITE ${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/${lower}-config.cmake "")
+  file(WRITE ${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/${lower}-config-version.cmake "set(PACKAGE_VERSION_COMPATIBLE TRUE)\n")
 
   set(package ${CMAKE_INSTALL_LIBDIR}/cmake/${target})
   install(TARGETS ${target} EXPORT ${target}

@@ -3,19 +3,16 @@ import os
 import re
 import shutil
 import subprocess
-import sys
 
-HERE = os.path.dirname(os.path.abspath(__file__))
-ROOT = os.path.join(HERE, "..", "..", "..")
-sys.path.insert(0, os.path.join(HERE, "..", "program"))
-PLUGIN = sys.argv.pop(1)
-
-from orvo_program import FAILED, ProgramTest, main, shipped  # noqa: E402
+from example import EXAMPLES, Example, FAILED, main, shipped
 
 
-class FirstPlugIn(ProgramTest):
+class FirstPlugIn(Example):
+    name = "first-plugin"
+
     def noon(self):
-        found = re.fullmatch(r"east (\S+) north (\S+) up (\S+) altitude (\S+)\n", self.ok("--plugin", PLUGIN, "noon").out)
+        answer = self.ok("--plugin", self.made, "noon").out
+        found = re.fullmatch(r"east (\S+) north (\S+) up (\S+) altitude (\S+)\n", answer)
         self.assertTrue(found)
         return [float(number) for number in found.groups()]
 
@@ -49,27 +46,27 @@ class FirstPlugIn(ProgramTest):
 
     def test_says_when_nobody_knows_the_place(self):
         self.write("zone.xml", '<ORVO_ZONEDATA><省 type="PROVINCE"><城 type="CITY" longitude="1" latitude="2"/></省></ORVO_ZONEDATA>')
-        self.assertIn("北京", self.refused(FAILED, "--plugin", PLUGIN, "noon").err)
+        self.assertIn("北京", self.refused(FAILED, "--plugin", self.made, "noon").err)
 
     def test_says_when_another_has_its_name(self):
-        second = shutil.copy(PLUGIN, os.path.join(self.home, "second.so"))
-        answer = self.orvo("--plugin", PLUGIN, "--plugin", second, "noon")
+        second = shutil.copy(self.made, os.path.join(self.home, "second.so"))
+        answer = self.orvo("--plugin", self.made, "--plugin", second, "noon")
         self.assertIn("noon: 已经有名为“noon”的子命令。\n", answer.err)
         self.assertIn("second.so”：初始化失败", answer.err)
 
     def test_needs_nothing_above_the_facts(self):
-        with open(os.path.join(ROOT, "examples", "first-plugin", "FirstPlugIn.cpp"), encoding="utf-8") as stream:
+        with open(os.path.join(EXAMPLES, "first-plugin", "FirstPlugIn.cpp"), encoding="utf-8") as stream:
             source = stream.read()
         included = re.findall(r'#include ["<]([^">]+)', source)
         self.assertTrue(included)
         self.assertEqual([name for name in included if not name.startswith(("facts/", "platform/"))], [])
-        needed = subprocess.run(["readelf", "-d", PLUGIN], capture_output=True, text=True, check=True).stdout
+        needed = subprocess.run(["readelf", "-d", self.made], capture_output=True, text=True, check=True).stdout
         libraries = re.findall(r"NEEDED.*\[(\w*Orvo\w*)\.so\.\d+\]", needed)
         self.assertIn("libOrvoFacts", libraries)
         self.assertLessEqual(set(libraries), {"libOrvoFacts", "OrvoDataBase", "libOrvoPlatform"})
 
     def test_is_short(self):
-        with open(os.path.join(ROOT, "examples", "first-plugin", "FirstPlugIn.cpp"), encoding="utf-8") as stream:
+        with open(os.path.join(EXAMPLES, "first-plugin", "FirstPlugIn.cpp"), encoding="utf-8") as stream:
             code = [line for line in stream if line.strip() and not line.startswith(("#include", "//"))]
         self.assertLessEqual(len(code), 30)
 
