@@ -41,6 +41,10 @@ bool PreparePictures(CString& reason) {
     return false;
 }
 
+CString ToolkitVersion() {
+    return FromUtf8(qVersion());
+}
+
 bool AttachFrame(CWnd& frame, void* widget) {
     if (!widget)
         return false;

@@ -14,6 +14,9 @@ ORVO_API bool PrepareWindows(CString& reason);
 // thread than that of the first window.
 ORVO_API bool PreparePictures(CString& reason);
 
+// The version of the toolkit in use, such as "6.4.2".
+ORVO_API CString ToolkitVersion();
+
 // Makes a widget of the host's (a QWidget, which stays the host's) a window of the framework and attaches `frame` to
 // it. When the widget is destroyed, `frame` is left without a window. False for null, and when either has a partner
 // already.

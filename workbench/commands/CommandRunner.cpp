@@ -9,6 +9,7 @@
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
+#include "workbench/Version.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/commands/GuardedRun.h"
 #include "workbench/commands/UsageText.h"
@@ -130,7 +131,7 @@ int RunParsed(const CommandLineModel& model, WordsFrom from, CollectedOutput& ou
         return kExitOk;
     }
     if (model.HasFlag(L"--version")) {
-        output.Line(L"orvo " + FromUtf8(ORVO_VERSION));
+        output.Line(VersionText());
         return kExitOk;
     }
     if (!chosen)

@@ -2,10 +2,9 @@
 // plug-ins, lets the workbench do what was asked for, and closes them again in reverse.
 #include <dlfcn.h>
 
-#include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "platform/base/FileLock.h"
 #include "platform/base/Language.h"
@@ -14,6 +13,7 @@
 #include "platform/host/ModuleLoader.h"
 #include "workbench/entry/WorkbenchEntry.h"
 #include "workbench/host/LanguageChoice.h"
+#include "workbench/host/LastResort.h"
 #include "workbench/host/PlugIns.h"
 #include "workbench/host/PluginFolder.h"
 #include "workbench/host/StandardStreams.h"
@@ -46,28 +46,24 @@ void LockSettings(FileLock& lock) {
     Complain(text);
 }
 
-// What can be told without the module and the workbench, which answer it otherwise: a broken installation is when
-// somebody asks for it. False for every other request.
-bool AnswerAlone(int argc, char** argv) {
-    const auto isAsked = [argc, argv](std::string_view option) {
-        return std::find(argv + 1, argv + argc, option) != argv + argc;
-    };
-    std::string text;
-    if (isAsked("--version"))
-        text = std::string("orvo ") + ORVO_VERSION + "\n";
-    else if (isAsked("--help"))
-        text = "orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]\n";
-    return !text.empty() && std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+// Without the libraries the program still says which one it is.
+int AnswerAlone(int argc, char** argv) {
+    const std::optional<CString> answer = AnswerWithoutLibraries(argc, argv);
+    if (!answer)
+        return kExitFailed;
+    const std::string text = ToUtf8(answer->View()) + "\n";
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0 ? kExitOk
+                                                                                                       : kExitFailed;
 }
 
 int RunWorkbench(int argc, char** argv, FileLock& lock) {
     ModuleLoader workbench;
     if (!LoadOrComplain(workbench, L"OrvoWorkbench.so"))
-        return AnswerAlone(argc, argv) ? kExitOk : kExitFailed;
+        return AnswerAlone(argc, argv);
     const auto run = reinterpret_cast<WorkbenchRun>(dlsym(workbench.ApplicationHandle(), kWorkbenchRun));
     if (!run) {
         Complain(PlatformText(L"程序库 OrvoWorkbench.so 与程序不匹配，请重新安装。"));
-        return kExitFailed;
+        return AnswerAlone(argc, argv);
     }
     int code = kExitOk;
     {
@@ -98,8 +94,8 @@ int main(int argc, char** argv) {
         ModuleLoader module;
         if (LoadOrComplain(module, L"OrvoDataBase.so"))
             code = RunWorkbench(argc, argv, lock);
-        else if (AnswerAlone(argc, argv))
-            code = kExitOk;
+        else
+            code = AnswerAlone(argc, argv);
     }
     lock.Release();
     g_pTeskLangSwitch = nullptr;

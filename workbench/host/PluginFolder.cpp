@@ -9,6 +9,7 @@ CString PluginPath(const wchar_t* name) {
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     if (error || !program.has_parent_path())
         return CString();
-    const std::filesystem::path folder = (program.parent_path() / ORVO_PROGRAM_TO_LIBRARIES / "orvo").lexically_normal();
+    const std::filesystem::path folder =
+        (program.parent_path() / ORVO_PROGRAM_TO_LIBRARIES / "orvo").lexically_normal();
     return FromUtf8(folder.string()) + L"/" + name;
 }

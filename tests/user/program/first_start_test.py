@@ -1,5 +1,6 @@
 """The first start in an empty home folder, and starts without a home that can be written."""
 import os
+import re
 import shutil
 import subprocess
 
@@ -64,7 +65,17 @@ class FirstStart(ProgramTest):
             self.assertIn(f"用法：orvo {subcommand}", text)
             self.assertIn("例子：", text)
             self.assertEqual(self.ok("help", subcommand).out, text)
-        self.assertRegex(self.ok("--version").out, r"^orvo \d+\.\d+\.\d+\n$")
+
+    def test_the_version_names_commit_and_toolkit(self):
+        checkout = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "..")
+        commit = subprocess.run(["git", "-C", checkout, "rev-parse", "--short=12", "HEAD"], capture_output=True, text=True,
+                                check=False).stdout.strip()
+        toolkit = subprocess.run(["pkg-config", "--modversion", "Qt6Widgets"], capture_output=True, text=True,
+                                 check=True).stdout.strip()
+        said = f"commit {commit}\\+?, " if commit else ""
+        for language in ("zh", "en"):
+            self.assertRegex(self.ok("--version", "--language", language).out,
+                             rf"^orvo \d+\.\d+\.\d+ \({said}Qt {re.escape(toolkit)}\)\n$")
 
 
 class Languages(ProgramTest):
@@ -155,12 +166,34 @@ class BrokenInstallation(ProgramTest):
         answer = self.orvo("info")
         self.assertEqual((answer.code, answer.out), (FAILED, ""))
         self.assertIn("OrvoDataBase.so", answer.err)
+        self.says_which_it_is("OrvoDataBase.so")
 
     def test_without_the_workbench(self):
         os.remove(os.path.join(self.prefix, "lib", "orvo", "OrvoWorkbench.so"))
         answer = self.orvo("info")
         self.assertEqual((answer.code, answer.out), (FAILED, ""))
         self.assertIn("OrvoWorkbench.so", answer.err)
+        self.says_which_it_is("OrvoWorkbench.so")
+
+    def says_which_it_is(self, missing):
+        """Without its libraries, too, but nothing else."""
+        whole = self.version_of(PROGRAM)
+        for words in (["--version"], ["info", "--version"], ["--language", "en", "--version"]):
+            answer = self.orvo(*words)
+            self.assertEqual((answer.code, answer.out), (0, whole), answer)
+            self.assertIn(missing, answer.err)
+        for words in (["--help"], ["-h"], ["help"], ["help", "info"], ["info", "--help"]):
+            answer = self.orvo(*words)
+            self.assertEqual(answer.code, 0, answer)
+            self.assertTrue(answer.out.startswith(whole + "用法：orvo"), answer)
+        self.assertIn("Usage: orvo", self.orvo("--help", "--language", "en").out)
+        for words in ([], ["places", "help"], ["--", "--version"], ["entity", "--", "--help"]):
+            answer = self.orvo(*words)
+            self.assertEqual((answer.code, answer.out), (FAILED, ""), answer)
+
+    def version_of(self, program):
+        return subprocess.run([program, "--version"], capture_output=True, text=True, env=self.environment(),
+                              check=True).stdout
 
     def test_version_and_usage_without_the_libraries(self):
         version = self.ok("--version").out
@@ -177,6 +210,7 @@ class BrokenInstallation(ProgramTest):
         with open(os.path.join(self.prefix, "lib", "orvo", "OrvoDataBase.so"), "wb") as stream:
             stream.write(b"no library")
         self.assertEqual(self.orvo("info").code, FAILED)
+        self.says_which_it_is("OrvoDataBase.so")
 
     def test_without_the_shipped_files(self):
         for name in CONFIG_FILES:
