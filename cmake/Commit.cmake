@@ -2,6 +2,7 @@
 # folder is no checkout of its own (a released archive, a copy within another project); who builds such a one may name
 # the commit. Nothing is written when it is already so, so that nothing is compiled anew.
 # cmake -DSOURCE=folder -DNAMED=commit -DOUTPUT=file.cpp -P Commit.cmake
+cmake_minimum_required(VERSION 3.25)
 set(commit "${NAMED}")
 if(NOT commit)
   execute_process(COMMAND git -C ${SOURCE} rev-parse --show-toplevel OUTPUT_VARIABLE top ERROR_QUIET
