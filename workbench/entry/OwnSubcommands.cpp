@@ -3,6 +3,7 @@
 
 #include "platform/host/Subcommands.h"
 #include "workbench/commands/AnalyseCommand.h"
+#include "workbench/commands/CompletionCommand.h"
 #include "workbench/commands/EntityCommand.h"
 #include "workbench/commands/InfoCommand.h"
 #include "workbench/commands/ListCommands.h"
@@ -17,7 +18,7 @@ bool AddOwnSubcommands(void* applicationHandle, CString& reason) {
     for (const Subcommand& row :
          {AnalyseSubcommand(), AnalyzeSubcommand(), PointsSubcommand(), InfoSubcommand(), SunSubcommand(),
           TermsSubcommand(), PlacesSubcommand(), StandardsSubcommand(), ShadowSubcommand(), RecordSubcommand(),
-          EntitySubcommand(), SetSubcommand(), WindowSubcommand()})
+          EntitySubcommand(), SetSubcommand(), WindowSubcommand(), CompletionSubcommand()})
         if (!HostSubcommands().Add(row, applicationHandle, reason))
             return false;
     return true;
