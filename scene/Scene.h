@@ -47,7 +47,7 @@ struct SceneOptions {
     std::vector<LayerHeight> heights;  // each layer once; of several for one the first counts
     // Layers whose names begin so, whatever the case, are as good as frozen; empty: none.
     CString unseenLayers = {};
-    bool hasLines = false;             // whether flat entities give lines, which shadows do not need
+    bool hasLines = false;  // whether flat entities give lines, which shadows do not need
     std::size_t mostSegments = kMostSceneSegments;
     SceneProgress* progress = nullptr;  // told how far it is, and asked whether to leave off, unless null
 };
