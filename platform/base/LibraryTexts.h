@@ -4,6 +4,7 @@
 
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
+#include "platform/base/PluralForms.h"
 #include "platform/base/TextFormat.h"
 
 // The text to show for a built-in text of the library with this key (such as ORVOWORKBENCH): by the library's own table
@@ -11,12 +12,17 @@
 // table has it, the built-in text itself; null gives an empty text.
 ORVO_API CString TranslateFor(const wchar_t* key, const wchar_t* text);
 
-// Fills a built-in printf-style format (TextFormat.h) after translating it. A translation that asks for other arguments
-// is passed over.
+// Fills a built-in printf-style format (TextFormat.h) after translating it; a translation may have singulars
+// (PluralForms.h). One that asks for other arguments is passed over.
 template <class... Args>
 CString FormatFor(const wchar_t* key, const wchar_t* format, const Args&... args) {
     const CString translated = TranslateFor(key, format);
     CString text;
-    text.Format(HasSameConversions(format, translated) ? translated.GetString() : format, args...);
+    if (HasSameConversions(format, translated)) {
+        const TextArgument list[sizeof...(Args) + 1] = {TextArgument(args)..., TextArgument(0)};
+        text.Format(ChooseForms(translated, list, sizeof...(Args)), args...);
+    } else {
+        text.Format(format, args...);
+    }
     return text;
 }

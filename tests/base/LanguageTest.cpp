@@ -53,15 +53,15 @@ TEST_F(Language, ShowsBuiltInTextsAtFirst) {
 }
 
 TEST_F(Language, TranslatesFromTheTable) {
-    WriteTable("en", "<MODULE>" + Entry("大寒日", "Great Cold") + "</MODULE>");
+    WriteTable("en", "<MODULE>" + Entry("大寒日", "Greater Cold") + "</MODULE>");
     ASSERT_TRUE(m_switch.SetLanguage(L"en"));
     EXPECT_EQ(g_strCurLanguage, L"Enu");
-    EXPECT_EQ(Show(L"大寒日"), "Great Cold");
+    EXPECT_EQ(Show(L"大寒日"), "Greater Cold");
     EXPECT_TRUE(m_messages.texts.empty());
 }
 
 TEST_F(Language, NeverLosesAText) {
-    WriteTable("en", "<MODULE>" + Entry("空", "") + Entry("大寒日", "Great Cold") + "</MODULE>");
+    WriteTable("en", "<MODULE>" + Entry("空", "") + Entry("大寒日", "Greater Cold") + "</MODULE>");
     ASSERT_TRUE(m_switch.SetLanguage(L"en"));
     EXPECT_EQ(Show(L"冬至日"), "冬至日");
     EXPECT_EQ(Show(L"空"), "空");

@@ -81,6 +81,12 @@ TEST_F(TextsOfALibrary, AreFilledAfterTranslating) {
     EXPECT_EQ(FormatFor(L"SECOND", L"%s到%d", CString(L"甲"), 5), L"甲 (%) to 00005");
 }
 
+TEST_F(TextsOfALibrary, HaveSingularsWhereALanguageHasThem) {
+    Translate(L"%d天", L"%d {day|days}");
+    EXPECT_EQ(FormatFor(L"SECOND", L"%d天", 1), L"1 day");
+    EXPECT_EQ(FormatFor(L"SECOND", L"%d天", 2), L"2 days");
+}
+
 TEST_F(TextsOfALibrary, PassOverATranslationThatAsksForOtherArguments) {
     for (const wchar_t* wrong : {L"%s m", L"m", L"%d %d", L"%f m", L"%d m %", L"%n", L"%*d"}) {
         Translate(L"%d米", wrong);

@@ -57,6 +57,17 @@ def texts_of(component):
     return found
 
 
+def filled_texts(component):
+    """The texts that the functions fill which know of singulars (platform/base/PluralForms.h)."""
+    found = set()
+    for folder, _, files in os.walk(os.path.join(ROOT, component)):
+        for name in (name for name in files if name.endswith((".cpp", ".h"))):
+            for call in re.split(r"\b(?:Say|Facts)Format\(\s*", read(os.path.join(folder, name)))[1:]:
+                match = LITERAL.match(call)
+                found |= set(texts_of_source(match.group(0))) if match else set()
+    return found
+
+
 def untranslated():
     path = os.path.join(os.path.dirname(os.path.abspath(__file__)), "untranslated.txt")
     lines = read(path).splitlines()
@@ -130,6 +141,30 @@ class Translations(unittest.TestCase):
             for key, texts in tables(path).items():
                 for text, (translation, _) in texts.items():
                     self.assertEqual(kinds(translation), kinds(text), f"{key}: {text}")
+
+    def test_a_number_has_no_plural_behind_it_without_a_singular(self):
+        nouns = "days|hours|minutes|seconds|degrees|pictures|windows|entities|points|faces|layers|outlines|places|lines"
+        bare = re.compile(rf"(?<!more than )(?<!about )%[ds] (?:{nouns})\b")  # those are the program's limits
+        for path in self.files:
+            for key, texts in tables(path).items():
+                for translation, _ in texts.values():
+                    self.assertIsNone(bare.search(translation), f"{key}: {translation}")
+
+    def test_two_forms_stand_where_somebody_chooses(self):
+        """Behind a value, in a text that is filled by the functions that know of them."""
+        forms = re.compile(r"\{[^{}|%]*\|[^{}|%]*\}")
+        chosen = 0
+        for path in self.files:
+            for component, key in TABLES.items():
+                filled = filled_texts(component)
+                for text, (translation, _) in tables(path).get(key, {}).items():
+                    if not re.search(r"[{}]", translation):
+                        continue
+                    chosen += 1
+                    self.assertTrue(text in filled, f"{key}: {translation}")
+                    self.assertIn("%", translation[:translation.index("{")])
+                    self.assertNotRegex(forms.sub("", translation), r"[{}]")
+        self.assertGreater(chosen, 0)
 
 
 if __name__ == "__main__":

@@ -29,8 +29,8 @@ struct Sample {
     int leastAngle;
 };
 constexpr Sample kSamples[] = {
-    {"Beijing, Great Cold", kBeijing, {2026, 1, 20}, 0.0, true, {8.0, 16.0}, 0},
-    {"Harbin, Great Cold, sills", kHarbin, {2026, 1, 20}, 23.0, false, {8.0, 16.0}, 0},
+    {"Beijing, Greater Cold", kBeijing, {2026, 1, 20}, 0.0, true, {8.0, 16.0}, 0},
+    {"Harbin, Greater Cold, sills", kHarbin, {2026, 1, 20}, 23.0, false, {8.0, 16.0}, 0},
     {"Guangzhou, winter solstice", kGuangzhou, {2025, 12, 22}, -40.0, true, {9.0, 15.0}, 0},
     {"Harbin, spring, sills and flat sun in vain", kHarbin, {2026, 3, 21}, 200.0, false, {0.0, 24.0}, 15},
     {"Guangzhou, summer, sun north of the zenith", kGuangzhou, {2024, 6, 21}, 90.0, true, {0.0, 24.0}, 0},
