@@ -120,6 +120,11 @@ SubcommandOption ValuesOption(const wchar_t* name, int count, const wchar_t* typ
     return {name, type, description, count, false, nullptr};
 }
 
+SubcommandOption Required(SubcommandOption option) {
+    option.isRequired = true;
+    return option;
+}
+
 SubcommandCall::~SubcommandCall() = default;
 
 struct SubcommandTable::Rows {

@@ -43,6 +43,8 @@ ORVO_API SubcommandOption FlagOption(const wchar_t* name, const wchar_t* descrip
 ORVO_API SubcommandOption ValueOption(const wchar_t* name, const wchar_t* type, const wchar_t* description,
                                       std::function<std::vector<CString>()> words = nullptr);
 ORVO_API SubcommandOption ValuesOption(const wchar_t* name, int count, const wchar_t* type, const wchar_t* description);
+// The same, as one that has to be given.
+ORVO_API SubcommandOption Required(SubcommandOption option);
 
 // One request, while its subcommand runs.
 class ORVO_API SubcommandCall {

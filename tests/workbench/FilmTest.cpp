@@ -56,12 +56,12 @@ TEST(Film, HasAPictureForEachStepUpToTheEndOfTheSpan) {
     EXPECT_TRUE(FilmMoments({9.0, NAN}, 5).empty());
 }
 
-TEST(Film, TakesThreeBytesAPixel) {
-    FilmRequest request;
-    EXPECT_NEAR(static_cast<double>(FilmBytes(request, 97)), 97.0 * 1280 * 720 * 3, 20'000.0);
-    request.width = 322;  // a row is filled up to 4 bytes
-    request.height = 240;
-    EXPECT_NEAR(static_cast<double>(FilmBytes(request, 1000)), 1000.0 * 968 * 240, 50'000.0);
+TEST(RecordingFile, TakesWholeUnitsOfARowForEachPicture) {
+    EXPECT_NEAR(static_cast<double>(RecordingBytes(1280, 720, 24, 97)), 97.0 * 1280 * 720 * 3, 20'000.0);
+    // A row is filled up to 4 bytes.
+    EXPECT_NEAR(static_cast<double>(RecordingBytes(322, 240, 24, 1000)), 1000.0 * 968 * 240, 50'000.0);
+    EXPECT_NEAR(static_cast<double>(RecordingBytes(322, 240, 8, 1000)), 1000.0 * 324 * 240, 50'000.0);
+    EXPECT_NEAR(static_cast<double>(RecordingBytes(322, 240, 32, 1000)), 1000.0 * 1288 * 240, 50'000.0);
 }
 
 TEST(Film, StandsWindowsACentimetreBeforeTheirWalls) {
@@ -197,10 +197,12 @@ TEST(RecordingFile, SaysWhyThereIsNoRoom) {
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / ("film-" + std::to_string(getpid()));
     std::filesystem::create_directory(folder);
     const CString file = FromUtf8((folder / "a.avi").string());
-    EXPECT_TRUE(WhyNoRoom(file, 1000).IsEmpty());
+    EXPECT_TRUE(WhyNoRoom(file, 1000, L"advice").IsEmpty());
     // Nobody has a million terabytes.
-    EXPECT_TRUE(WhyNoRoom(file, 1'000'000'000'000'000'000U).Find(L"1000000000000.0 MB") > 0);
+    const CString none = WhyNoRoom(file, 1'000'000'000'000'000'000U, L"advice");
+    EXPECT_GT(none.Find(L"1000000000000.0 MB"), 0);
+    EXPECT_EQ(none.Right(6), L"advice");
     EXPECT_TRUE(std::filesystem::is_empty(folder));
-    EXPECT_FALSE(WhyNoRoom(FromUtf8((folder / "missing" / "a.avi").string()), 1000).IsEmpty());
+    EXPECT_FALSE(WhyNoRoom(FromUtf8((folder / "missing" / "a.avi").string()), 1000, L"").IsEmpty());
     std::filesystem::remove(folder);
 }

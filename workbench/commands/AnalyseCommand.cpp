@@ -22,6 +22,7 @@
 #include "workbench/commands/DrawingFile.h"
 #include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
+#include "workbench/commands/OutputNames.h"
 #include "workbench/commands/WindowsOnDrawing.h"
 #include "workbench/commands/WriteOption.h"
 #include "workbench/film/Film.h"
@@ -116,7 +117,8 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
         return code;
     code = CheckWriteOption(*options.file, options.write);
     if (!code)
-        code = CheckFilmName(asked, {{L"--write", options.write.value_or(CString())}, {L"--report", page.folder}});
+        code = CheckOutputNames(
+            OutputNames(options.write.value_or(CString()), asked ? asked->file : CString(), page.folder));
     if (code)
         return code;
     AcDbDatabase drawing;
@@ -154,7 +156,7 @@ Subcommand AnalyseSubcommand() {
     Subcommand row = {
         L"analyse",
         L"分析图形中每个窗的日照：何时照到，被什么遮挡，是否达标",
-        {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
+        {Required(ValueOption(L"FILE", L"", L"DXF 文件（文本格式）")),
          ValuesOption(L"--windows", SubcommandOption::kMany, L"LAYER",
                       L"窗所在的图层，可以给出多次；不给出时为 WINDOW 和 窗"),
          ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",

@@ -10,7 +10,6 @@
 #include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/ValueErrors.h"
-#include "workbench/film/RecordingFile.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace {
@@ -151,13 +150,4 @@ int ReadAskedFilm(const AskedFilm& asked, std::optional<FilmRequest>& film) {
     if (!code)
         film = request;
     return code;
-}
-
-int CheckFilmName(const std::optional<FilmRequest>& film,
-                  const std::vector<std::pair<const wchar_t*, CString>>& files) {
-    for (const auto& [option, file] : files)
-        if (film && !file.IsEmpty() && AreSameName(film->file, file))
-            return Refuse(kExitUsage, SayFormat(L"--film 和 %s 都写“%s”，没有分析；请给录像另一个文件名", option,
-                                                Printable(film->file)));
-    return kExitOk;
 }

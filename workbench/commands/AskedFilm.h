@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "platform/base/CString.h"
@@ -26,7 +25,3 @@ AskedFilm AskedFilmOf(SubcommandCall& call);
 
 // Gives an ExitCode; when it is no success, that has been complained about. No film: `film` is left without one.
 int ReadAskedFilm(const AskedFilm& asked, std::optional<FilmRequest>& film);
-
-// Whether nothing else that the analysis writes (`files`, by the options that name them) bears the film's name;
-// complains like the above. Empty files are none.
-int CheckFilmName(const std::optional<FilmRequest>& film, const std::vector<std::pair<const wchar_t*, CString>>& files);

@@ -62,11 +62,11 @@ CString StartError(const CommandLineModel& model, WordsFrom from) {
     return CString();
 }
 
-// What has to be given and was not.
-CString MissingOption(const CommandLineModel& model, const Subcommand& row) {
+// What has to be given and was not; empty when there is nothing.
+CString MissingText(const CommandLineModel& model, const Subcommand& row) {
     for (const SubcommandOption& option : row.options)
         if (option.isRequired && !model.HasFlag(option.GetNames().back()))
-            return option.GetNames().back();
+            return SayFormat(L"没有给出 %s：%s", option.GetNames().back(), Printable(TextOf(row, option.description)));
     return CString();
 }
 
@@ -136,9 +136,9 @@ int RunParsed(const CommandLineModel& model, WordsFrom from, CollectedOutput& ou
     }
     if (!chosen)
         return kExitOk;
-    const CString missing = MissingOption(model, *chosen);
+    const CString missing = MissingText(model, *chosen);
     if (!missing.IsEmpty())
-        return Refuse(SayFormat(L"没有给出 %s", missing), chosen);
+        return Refuse(missing, chosen);
     const Subcommand row = *chosen;  // it may change the table it stands in
     return RunSubcommand(row, model, from, output);
 }

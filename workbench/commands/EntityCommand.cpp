@@ -155,7 +155,7 @@ int RunEntity(const EntityOptions& options, Output& output) {
 Subcommand EntitySubcommand() {
     return {L"entity",
             L"列出图形中的实体，读出或更改实体的一个组码",
-            {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
+            {Required(ValueOption(L"FILE", L"", L"DXF 文件（文本格式）")),
              FlagOption(L"--list", L"列出实体的句柄、类型和图层；不给出别的选项时就是它"),
              ValuesOption(L"--get", 2, L"HANDLE CODE", L"显示一个组码的值"),
              ValuesOption(L"--set", 3, L"HANDLE CODE VALUE", L"更改一个组码的值并保存；原来的文件留作 FILE.bak"),

@@ -16,6 +16,7 @@
 #include "workbench/commands/DrawingFile.h"
 #include "workbench/commands/HeldOutput.h"
 #include "workbench/commands/NameLists.h"
+#include "workbench/commands/OutputNames.h"
 #include "workbench/commands/PointRemarks.h"
 #include "workbench/commands/PointsAsCsv.h"
 #include "workbench/commands/PointsAsJson.h"
@@ -105,6 +106,8 @@ int RunPoints(const PointsOptions& options, Output& output, Progress& progress) 
     if (code)
         return code;
     code = CheckWriteOption(*options.file, options.write);
+    if (!code)
+        code = CheckOutputNames(OutputNames(options.write.value_or(CString()), CString(), page.folder));
     if (code)
         return code;
     report.request.isolines = options.write.has_value() || page.IsAskedFor();
@@ -133,8 +136,8 @@ Subcommand PointsSubcommand() {
     Subcommand row = {
         L"points",
         L"分析轮廓里（地面、屋顶、墙面）一格格的点的日照，以及日照足够的比例",
-        {ValueOption(L"FILE", L"", L"DXF 文件（文本格式）"),
-         ValuesOption(L"--areas", SubcommandOption::kMany, L"LAYER", L"轮廓所在的图层，可以给出多次"),
+        {Required(ValueOption(L"FILE", L"", L"DXF 文件（文本格式）")),
+         Required(ValuesOption(L"--areas", SubcommandOption::kMany, L"LAYER", L"轮廓所在的图层，可以给出多次")),
          ValueOption(L"--spacing", L"METRES", L"点距，大于 0、不超过 1000；不给出时为 1"),
          ValueOption(L"--level", L"METRES", L"把轮廓投影到这个标高；不给出时在轮廓自己的平面上"),
          ValuesOption(L"--height", SubcommandOption::kMany, L"LAYER=METRES",

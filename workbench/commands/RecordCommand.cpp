@@ -32,13 +32,10 @@ struct Request {
 
 // Reads the options; an ExitCode other than kExitOk when one of them is wrong, which is then said.
 int ReadRequest(const RecordOptions& options, Request& request) {
-    if (options.frames.empty())
-        return Refuse(kExitUsage,
-                      Say(L"没有给出画面：请写一个或多个图像文件，例如 orvo record 1.png 2.png -o sun.avi"));
-    if (!options.output || options.output->IsEmpty())
+    if (options.output.IsEmpty())
         return Refuse(kExitUsage, Say(L"没有给出录像文件：请写 -o 文件，例如 -o sun.avi"));
     request.frames = options.frames;
-    request.output = *options.output;
+    request.output = options.output;
     if (options.rate) {
         const std::optional<int> rate = ParseWhole(*options.rate, 1, kMostRate);
         if (!rate)
@@ -65,20 +62,30 @@ CString CancelledText(const CString& output) {
                                                                    : Say(L"已取消，没有录像");
 }
 
+// Whether the whole recording has room, once the first picture tells the size of all.
+CString WhyNoRoomFor(const Request& request, const Size& size) {
+    const std::uint64_t bytes = RecordingBytes(size.width, size.height, request.bits, request.frames.size() + 1);
+    return WhyNoRoom(request.output, bytes, Say(L"请用 --bits 8，或更小、更少的画面"));
+}
+
 // Loads one picture and appends it; an empty text, or what went wrong.
-CString AddPicture(OrvoAVIFile& recorder, const CString& path, const CString& output, Size& size, CBitmap& bitmap) {
+CString AddPicture(OrvoAVIFile& recorder, const CString& path, const Request& request, Size& size, CBitmap& bitmap) {
     CString cause;
     if (!LoadPicture(path, bitmap, cause))
         return SayFormat(L"“%s”：%s", Printable(path), cause);
     BITMAP information{};
     bitmap.GetBitmap(&information);
-    if (size.width < 0)
+    if (size.width < 0) {
         size = {information.bmWidth, information.bmHeight};
+        cause = WhyNoRoomFor(request, size);
+    }
+    if (!cause.IsEmpty())
+        return cause;
     if (information.bmWidth != size.width || information.bmHeight != size.height)
         return SayFormat(L"“%s”的大小是 %d x %d，而第一幅是 %d x %d：所有画面要一样大", Printable(path),
                          static_cast<int>(information.bmWidth), static_cast<int>(information.bmHeight), size.width,
                          size.height);
-    return recorder.AddFrame(bitmap) ? CString() : NotWrittenText(output);
+    return recorder.AddFrame(bitmap) ? CString() : NotWrittenText(request.output);
 }
 
 // Records all frames into the file; an empty text, or what went wrong.
@@ -93,7 +100,7 @@ CString RecordTo(const GrowingRecording& file, const Request& request, Progress&
             if (!progress.Show(static_cast<int>(i) + 1, count, text))
                 return CancelledText(request.output);
             picture = std::make_unique<CBitmap>();
-            const CString wrong = AddPicture(recorder, request.frames[i], request.output, size, *picture);
+            const CString wrong = AddPicture(recorder, request.frames[i], request, size, *picture);
             if (!wrong.IsEmpty())
                 return wrong;
         }
@@ -104,6 +111,21 @@ CString RecordTo(const GrowingRecording& file, const Request& request, Progress&
             return NotWrittenText(request.output);
     }
     return file.IsComplete() ? CString() : IncompleteText(request.output);
+}
+
+// What was recorded, and where that is large, what would be smaller.
+void Tell(const Request& request, const Size& size, Output& output) {
+    constexpr std::uintmax_t kLarge = 10'000'000;
+    std::error_code error;
+    const std::uintmax_t bytes = std::filesystem::file_size(PathOfRecording(request.output), error);
+    output.Line(SayFormat(L"%d 幅画面录入“%s”：%d x %d，每像素 %d 位，每幅 1 秒，%s",
+                          static_cast<int>(request.frames.size()), Printable(request.output), size.width, size.height,
+                          request.bits, BytesText(error ? 0 : bytes)));
+    if (error || bytes < kLarge)
+        return;
+    if (request.bits > 8)
+        output.Line(SayFormat(L"画面不压缩。--bits 8 的录像是它的 1/%d。", request.bits / 8));
+    output.Line(Say(L"转成小的视频：ffmpeg -i FILE.avi -vf fps=10 -c:v libx264 -pix_fmt yuv420p FILE.mp4"));
 }
 
 }  // namespace
@@ -124,25 +146,24 @@ int RunRecord(const RecordOptions& options, Output& output, Progress& progress) 
     const CString notPlaced = file.TakePlace();
     if (!notPlaced.IsEmpty())
         return Refuse(kExitFailed, notPlaced);
-    output.Line(SayFormat(L"%d 幅画面录入“%s”：%d x %d，每像素 %d 位，每幅 1 秒",
-                          static_cast<int>(request.frames.size()), Printable(request.output), size.width, size.height,
-                          request.bits));
+    Tell(request, size, output);
     return kExitOk;
 }
 
 Subcommand RecordSubcommand() {
-    return {L"record",
-            L"把图像录成 AVI 动画，每幅一秒",
-            {ValuesOption(L"FRAMES", SubcommandOption::kMany, L"", L"图像文件（BMP、PNG 或 JPEG），按放映次序"),
-             ValueOption(L"-o,--output", L"FILE", L"录像文件"),
-             ValueOption(L"--rate", L"N", L"每秒帧数，从 1 到 1000；不给出时为 10"),
-             ValueOption(L"--bits", L"8|24|32", L"每像素位数；不给出时为 24"),
-             FlagOption(L"-y,--yes", L"替换已有的文件而不询问")},
-            {L"orvo record 0900.png 0930.png 1000.png -o sun.avi", L"orvo record *.bmp -o sun.avi --bits 8 --yes"},
-            [](SubcommandCall& call) {
-                return RunRecord({call.GetValues(L"FRAMES"), call.GetValue(L"--output"), call.GetValue(L"--rate"),
-                                  call.GetValue(L"--bits"), call.HasFlag(L"--yes")},
-                                 call.GetOutput(), call.GetProgress());
-            },
-            Say};
+    return {
+        L"record",
+        L"把图像录成 AVI 动画，每幅一秒",
+        {Required(ValuesOption(L"FRAMES", SubcommandOption::kMany, L"", L"图像文件（BMP、PNG 或 JPEG），按放映次序")),
+         Required(ValueOption(L"-o,--output", L"FILE", L"录像文件")),
+         ValueOption(L"--rate", L"N", L"每秒帧数，从 1 到 1000；不给出时为 10"),
+         ValueOption(L"--bits", L"8|24|32", L"每像素位数；不给出时为 24"),
+         FlagOption(L"-y,--yes", L"替换已有的文件而不询问")},
+        {L"orvo record 0900.png 0930.png 1000.png -o sun.avi", L"orvo record *.bmp -o sun.avi --bits 8 --yes"},
+        [](SubcommandCall& call) {
+            return RunRecord({call.GetValues(L"FRAMES"), call.GetValue(L"--output").value_or(CString()),
+                              call.GetValue(L"--rate"), call.GetValue(L"--bits"), call.HasFlag(L"--yes")},
+                             call.GetOutput(), call.GetProgress());
+        },
+        Say};
 }

@@ -11,11 +11,11 @@ class Progress;
 struct Subcommand;
 
 struct RecordOptions {
-    std::vector<CString> frames;    // files, in the order in which they are shown
-    std::optional<CString> output;  // the AVI file
-    std::optional<CString> rate;    // frames of the stream per second; every picture lasts one second all the same
-    std::optional<CString> bits;    // 8, 24 or 32 for each pixel
-    bool isYes = false;             // replace a file without asking
+    std::vector<CString> frames;  // files, in the order in which they are shown
+    CString output;               // the AVI file
+    std::optional<CString> rate;  // frames of the stream per second; every picture lasts one second all the same
+    std::optional<CString> bits;  // 8, 24 or 32 for each pixel
+    bool isYes = false;           // replace a file without asking
 };
 
 // Gives an ExitCode. The last picture is written twice, so that it has its second, too. The recording grows under a

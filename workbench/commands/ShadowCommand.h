@@ -1,16 +1,14 @@
 // orvo shadow: what the module computes for one face and one light.
 #pragma once
 
-#include <optional>
-
 #include "platform/base/CString.h"
 
 class Output;
 struct Subcommand;
 
 struct ShadowOptions {
-    std::optional<CString> face;   // x,y,z;x,y,z;x,y,z with three or four corners
-    std::optional<CString> light;  // dx,dy,dz: the way the light travels
+    CString face;   // x,y,z;x,y,z;x,y,z with three or four corners
+    CString light;  // dx,dy,dz: the way the light travels
     bool isJson = false;
 };
 

@@ -28,13 +28,21 @@ CString OptionTitle(const SubcommandOption& option) {
     return option.type.IsEmpty() ? title : title + L" " + option.type;
 }
 
+// As it is written on a command line: by its short name, if it has one.
+CString UseOf(const SubcommandOption& option) {
+    CString use = option.GetNames().front();
+    if (!option.type.IsEmpty())
+        use += L" " + option.type;
+    return option.count == SubcommandOption::kMany ? use + L"..." : use;
+}
+
 CString UsageLine(const Subcommand* subcommand) {
     if (!subcommand)
         return L"orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]";
     CString line = L"orvo " + subcommand->name;
     for (const SubcommandOption& option : subcommand->options) {
-        const CString title = OptionTitle(option);
-        line += option.isRequired ? L" " + title : L" [" + title + L"]";
+        const CString use = UseOf(option);
+        line += option.isRequired ? L" " + use : L" [" + use + L"]";
     }
     return line;
 }

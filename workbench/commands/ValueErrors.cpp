@@ -33,20 +33,12 @@ CString UnreasonableTermsText() {
     return Say(L"节气文件中的赤纬或时差不合理，算不出太阳的时刻。");
 }
 
-CString MissingFaceText() {
-    return Say(L"没有给出面 --face") + FaceForm();
-}
-
 CString BadCornerText(const CString& face, int corner) {
     return SayFormat(L"--face 的值“%s”不对：第 %d 个角点不是三个数 x,y,z", Printable(face), corner) + FaceForm();
 }
 
 CString BadCornerCountText(const CString& face, int count) {
     return SayFormat(L"--face 的值“%s”不对：有 %d 个角点", Printable(face), count) + FaceForm();
-}
-
-CString MissingLightText() {
-    return Say(L"没有给出光线方向 --light") + LightForm();
 }
 
 CString BadLightText(const CString& value) {

@@ -11,9 +11,7 @@ CString BadNumberText(const wchar_t* option, const CString& value, int least, in
 CString UnreasonableTermsText();
 
 // Each of these shows the accepted form.
-CString MissingFaceText();
 CString BadCornerText(const CString& face, int corner);  // the first corner is 1
 CString BadCornerCountText(const CString& face, int count);
-CString MissingLightText();
 CString BadLightText(const CString& value);
 CString ZeroLightText(const CString& value);

@@ -11,6 +11,7 @@
 #include "platform/host/ExitCode.h"
 #include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
+#include "workbench/commands/OutputNames.h"
 #include "workbench/terminal/Complaint.h"
 
 namespace fs = std::filesystem;
@@ -19,12 +20,6 @@ namespace {
 
 fs::path PathOf(const CString& text) {
     return {ToUtf8(text.View())};
-}
-
-// By whatever name, link or not.
-bool IsSameFile(const CString& a, const CString& b) {
-    std::error_code error;
-    return fs::equivalent(PathOf(a), PathOf(b), error) && !error;
 }
 
 }  // namespace
@@ -38,7 +33,7 @@ int CheckWriteOption(const CString& drawing, const std::optional<CString>& write
         return kExitOk;
     if (CString(*write).Trim().IsEmpty())
         return Refuse(kExitUsage, Say(L"--write 的值是空的：请写要写出的文件，例如 --write result.dxf"));
-    if (IsSameFile(drawing, *write) || IsSameFile(drawing, BackupPath(write->GetString())))
+    if (AreSameName(drawing, *write) || AreSameName(drawing, BackupPath(write->GetString())))
         return Refuse(kExitUsage,
                       SayFormat(L"--write 的“%s”会改掉要分析的图形，没有分析；请另写一个文件名", Printable(*write)));
     std::error_code error;

@@ -58,15 +58,6 @@ std::vector<double> FilmMoments(SunPeriod span, int every) {
     }
 }
 
-std::uint64_t FilmBytes(const FilmRequest& request, std::size_t pictures) {
-    constexpr std::uint64_t kRowUnit = 4;
-    constexpr std::uint64_t kOfPicture = 8 + 16 + 8;  // the chunk's head, and its lines in the indexes
-    constexpr std::uint64_t kOfFile = 8192;
-    const std::uint64_t row =
-        (static_cast<std::uint64_t>(request.width) * kBits / 8 + kRowUnit - 1) / kRowUnit * kRowUnit;
-    return kOfFile + pictures * (row * static_cast<std::uint64_t>(request.height) + kOfPicture);
-}
-
 int Film::Prepare(const DayRequest& day, const CString& drawing) {
     const std::optional<SunPeriod> span = FindSpan(day);
     if (!span || !(span->start < span->end))
@@ -75,8 +66,8 @@ int Film::Prepare(const DayRequest& day, const CString& drawing) {
     const int code = CheckRecording({m_request.file, L"--film", m_request.mayReplace}, {drawing});
     if (code)
         return code;
-    const std::uint64_t bytes = FilmBytes(m_request, m_moments.size());
-    CString wrong = WhyNoRoom(m_request.file, bytes);
+    const std::uint64_t bytes = RecordingBytes(m_request.width, m_request.height, kBits, m_moments.size());
+    CString wrong = WhyNoRoom(m_request.file, bytes, Say(L"请减小 --size，或加大 --every"));
     if (!wrong.IsEmpty() || !PreparePictures(wrong))
         return Refuse(kExitFailed, wrong);
     m_painter = ScenePainter::Open(wrong);

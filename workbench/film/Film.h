@@ -2,7 +2,6 @@
 // Why: docs/decisions/workbench.md
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -15,8 +14,6 @@ class Progress;
 
 // When the pictures are, in true solar time: from the start of the span on, `every` minutes apart, up to its end.
 std::vector<double> FilmMoments(SunPeriod span, int every);
-// How large the file becomes.
-std::uint64_t FilmBytes(const FilmRequest& request, std::size_t pictures);
 
 class Film {
 public:

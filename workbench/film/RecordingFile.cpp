@@ -94,16 +94,6 @@ fs::path PathOfRecording(const CString& file) {
     return {ToUtf8(file.View())};
 }
 
-bool AreSameName(const CString& one, const CString& other) {
-    const auto whole = [](const CString& name) {
-        std::error_code error;
-        const fs::path path = fs::weakly_canonical(fs::absolute(PathOfRecording(name), error), error);
-        return path.has_filename() ? path : path.parent_path();
-    };
-    std::error_code error;
-    return whole(one) == whole(other) || fs::equivalent(PathOfRecording(one), PathOfRecording(other), error);
-}
-
 int CheckRecording(const RecordingName& name, const std::vector<CString>& sources) {
     const fs::path output = PathOfRecording(name.file);
     if (const CString source = SourceInTheWay(output, sources); !source.IsEmpty())
@@ -129,7 +119,16 @@ int CheckRecording(const RecordingName& name, const std::vector<CString>& source
     return Refuse(kExitFailed, Say(L"没有录像，原来的文件没有变"));
 }
 
-CString WhyNoRoom(const CString& file, std::uint64_t bytes) {
+std::uint64_t RecordingBytes(int width, int height, int bits, std::size_t pictures) {
+    constexpr std::uint64_t kBitsOfUnit = 32;         // rows are whole units of four bytes
+    constexpr std::uint64_t kOfPicture = 8 + 16 + 8;  // the chunk's head, and its lines in the indexes
+    constexpr std::uint64_t kOfFile = 8192;
+    const std::uint64_t bitsOfRow = static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(bits);
+    const std::uint64_t row = (bitsOfRow + kBitsOfUnit - 1) / kBitsOfUnit * (kBitsOfUnit / 8);
+    return kOfFile + pictures * (row * static_cast<std::uint64_t>(height) + kOfPicture);
+}
+
+CString WhyNoRoom(const CString& file, std::uint64_t bytes, const CString& advice) {
     const fs::path output = FileBehind(PathOfRecording(file));
     const fs::path trial = TemporaryName(output);
     std::error_code error;
@@ -140,8 +139,8 @@ CString WhyNoRoom(const CString& file, std::uint64_t bytes) {
     if (!isMade)
         return SayFormat(L"“%s”不能写：文件夹不可写", TextOf(output));
     return hasSpace ? CString()
-                    : SayFormat(L"“%s”放不下：录像要 %s，磁盘只剩 %s；请减小 --size，或加大 --every", TextOf(output),
-                                BytesText(bytes), BytesText(space.available));
+                    : SayFormat(L"“%s”放不下：录像要 %s，磁盘只剩 %s；%s", TextOf(output), BytesText(bytes),
+                                BytesText(space.available), advice);
 }
 
 CString BytesText(std::uint64_t bytes) {

@@ -17,17 +17,18 @@ struct RecordingName {
 
 std::filesystem::path PathOfRecording(const CString& file);
 
-// By whatever name or link, and also where nothing bears the name yet.
-bool AreSameName(const CString& one, const CString& other);
-
 // Whether the recording may take its name, as far as what is there now goes; gives an ExitCode, and has complained
 // unless it is success. What is no ordinary file is never replaced, nor is a file that the recording is made of (of
 // `sources`). Any other file is replaced after a question at the terminal; where nobody can be asked, the option --yes
 // is asked for.
 int CheckRecording(const RecordingName& name, const std::vector<CString>& sources);
 
-// Whether a file can be made there, and so many bytes have room; else what is wrong, in words.
-CString WhyNoRoom(const CString& file, std::uint64_t bytes);
+// How large so many pictures become, with `bits` for each pixel.
+std::uint64_t RecordingBytes(int width, int height, int bits, std::size_t pictures);
+
+// Whether a file can be made there, and so many bytes have room; else what is wrong, in words, with the advice where
+// there is too little room.
+CString WhyNoRoom(const CString& file, std::uint64_t bytes, const CString& advice);
 
 class GrowingRecording {
 public:

@@ -110,6 +110,10 @@ CString ReportFolderFault(const CString& folder) {
     return PresentFolderFault(folder);
 }
 
+CString PageOfReport(const CString& folder) {
+    return FromUtf8((PathOf(folder) / kPage).string());
+}
+
 CString SaveReport(const CString& folder, std::string_view page) {
     const CString fault = ReportFolderFault(folder);
     if (!fault.IsEmpty())
@@ -118,7 +122,7 @@ CString SaveReport(const CString& folder, std::string_view page) {
     const bool isMade = mkdir(path.c_str(), 0777) == 0;
     if (!isMade && errno != EEXIST)
         return UnreadableText(folder, std::error_code(errno, std::generic_category()));
-    const CString file = FromUtf8((path / kPage).string());
+    const CString file = PageOfReport(folder);
     const SaveResult result = SaveFileAtomically(file.GetString(), page, nullptr);
     if (result)
         return {};

@@ -13,6 +13,9 @@ inline constexpr std::string_view kReportMark = R"(<meta name="generator" conten
 // or holds a former report, or is missing and its parent is there. Nothing is changed.
 CString ReportFolderFault(const CString& folder);
 
+// The page in the folder.
+CString PageOfReport(const CString& folder);
+
 // Makes `page` the folder's index.html; the folder is made where it is missing. The report before becomes
 // index.html.bak. Gives why nothing was written, as above; everything is then as it was.
 CString SaveReport(const CString& folder, std::string_view page);

@@ -328,7 +328,8 @@ class Files(FilmTest):
         os.symlink("folder", self.path("link"))
         for film, option, other in (("sun.avi", "--write", "sun.avi"), ("sun.avi", "--write", "./link/../sun.avi"),
                                     ("sun.avi", "--report", "sun.avi"), ("sun.avi", "--report", "sun.avi/"),
-                                    ("folder/sun.avi", "--write", "link/sun.avi")):
+                                    ("folder/sun.avi", "--write", "link/sun.avi"),
+                                    ("folder/sun.avi", "--report", "link/sun.avi")):
             with self.subTest(film=film, other=other):
                 answer = self.refused(USAGE, "analyse", name, "--film", film, option, other, "--yes")
                 self.assertIn(f"--film 和 {option} 都写“{film}”", answer.err)

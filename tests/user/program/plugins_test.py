@@ -84,8 +84,7 @@ class PlugIns(ProgramTest):
         self.assertTrue(answer.startswith("Usage: orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]\n"), answer)
         self.assertRegex(answer, r"\n  echo +~says how it was called\n")
         lines = self.english("echo", "--help").out.splitlines()
-        self.assertEqual(lines[0], "Usage: orvo echo TEXT [-c, --color NAME] [--bad] [--pair A B] [--tag NAME] [--loud] "
-                                   "[MORE]")
+        self.assertEqual(lines[0], "Usage: orvo echo TEXT [-c NAME] [--bad] [--pair A B] [--tag NAME...] [--loud] [MORE...]")
         self.assertEqual(lines[1], "~says how it was called")
         for line in ("  TEXT              ~what to say", "  -c, --color NAME  ~in which color", "  --loud            ~louder",
                      "  --bad             has no words",

@@ -381,7 +381,30 @@ class Record(ProgramTest):
 
     def test_speaks_english(self):
         answer = self.ok("record", *self.frames(2), "-o", "a.avi", LANG="en_US.UTF-8")
-        self.assertEqual(answer.out, "2 pictures recorded in a.avi: 30 x 21, 24 bits a pixel, 1 second each\n")
+        self.assertEqual(answer.out, "2 pictures recorded in a.avi: 30 x 21, 24 bits a pixel, 1 second each, 0.0 MB\n")
+        answer = self.ok("record", "0.img", "-o", "b.avi", LANG="en_US.UTF-8")
+        self.assertTrue(answer.out.startswith("1 picture recorded in b.avi: "), answer.out)
+
+    def test_a_large_recording_says_what_would_be_smaller(self):
+        # 1000 x 600 pixels of three bytes, six times and once more at the end of the last second.
+        frames = self.frames(1, 1000, 600) * 6
+        answer = self.ok("record", *frames, "-o", "a.avi")
+        size = os.path.getsize(self.path("a.avi"))
+        self.assertGreater(size, 7 * 1000 * 600 * 3)
+        first, *more = answer.out.splitlines()
+        self.assertTrue(first.endswith(f"，{size / 1e6:.1f} MB"), first)
+        self.assertEqual(len(more), 2)
+        self.assertIn("--bits 8 的录像是它的 1/3。", more[0])
+        self.assertIn("ffmpeg", more[1])
+        answer = self.ok("record", *frames, *frames, *frames, "-o", "b.avi", "--bits", "8")
+        small = os.path.getsize(self.path("b.avi"))
+        self.assertAlmostEqual(small / 19, size / 7 / 3, delta=0.01 * small / 19)
+        self.assertEqual(len(answer.out.splitlines()), 2, answer.out)
+        # What it says makes a video that players take.
+        command = more[1].split("：")[1].replace("FILE", "a").split()
+        subprocess.run([*command, "-v", "error"], cwd=self.home, capture_output=True, timeout=120, check=True)
+        self.assertEqual(self.probe("a.mp4", "stream=codec_name"), ["h264"])
+        self.assertLess(os.path.getsize(self.path("a.mp4")), size / 2)
 
     def test_the_same_pictures_give_the_same_file(self):
         frames = self.frames(3)

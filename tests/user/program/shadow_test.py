@@ -195,8 +195,8 @@ class Texts(ShadowTest):
             self.assertIn(words, text)
             self.assertNotRegex(text, chinese)
         for arguments, words in (([], "--face is missing"), (["--face", FLOOR], "--light is missing"),
-                                 (["--face", "1,2"], "corner 1 is not three numbers"),
-                                 (["--face", "1,2,3"], "number of corners 1"),
+                                 (["--face", "1,2", "--light", "1,0,1"], "corner 1 is not three numbers"),
+                                 (["--face", "1,2,3", "--light", "1,0,1"], "number of corners 1"),
                                  (["--face", FLOOR, "--light", "1,2"], "not three numbers dx,dy,dz"),
                                  (["--face", FLOOR, "--light", "0,0,0"], "a zero vector has no direction")):
             message = self.refused(USAGE, "shadow", *arguments, "--language", "en").err
@@ -351,12 +351,12 @@ class Values(ShadowTest):
     def test_missing_options(self):
         for arguments in ([], ["--light", "1,0,-2"], ["--json"]):
             message = self.refused(USAGE, "shadow", *arguments).err
-            self.assertIn("没有给出面 --face", message)
-            self.assertIn('--face "0,0,0;4,0,0;4,3,0"', message)
+            self.assertIn("没有给出 --face：", message)
+            self.assertIn('"0,0,0;4,0,0;4,3,0"', message)
         for arguments in ([], ["--json"]):
             message = self.refused(USAGE, "shadow", "--face", FLOOR, *arguments).err
-            self.assertIn("没有给出光线方向 --light", message)
-            self.assertIn("--light 1,0,-2", message)
+            self.assertIn("没有给出 --light：", message)
+            self.assertIn("例如 1,0,-2", message)
         self.refused(USAGE, "shadow", "--face", FLOOR, "--light")
         self.assertIn("--light", self.refused(USAGE, "shadow", "--face", FLOOR, "--light", "--json").err)
         self.refused(USAGE, "shadow", FLOOR, "1,0,-2")

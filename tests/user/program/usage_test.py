@@ -37,6 +37,24 @@ class WrongUsage(ProgramTest):
         self.refused(USAGE, "terms", "--json=maybe")
         self.refused(USAGE, "")
 
+    def test_what_has_to_be_given_stands_without_brackets(self):
+        for subcommand, needed in (("analyse", "FILE"), ("points", "FILE"), ("points", "--areas LAYER..."),
+                                   ("entity", "FILE"), ("record", "FRAMES..."), ("record", "-o FILE"),
+                                   ("shadow", "--light dx,dy,dz")):
+            usage = self.ok(subcommand, "--help").out.splitlines()[0] + " "
+            self.assertIn(f" {needed} ", usage)
+            self.assertNotIn(f"[{needed}]", usage)
+        self.assertIn("[--windows LAYER...]", self.ok("analyse", "--help").out.splitlines()[0])
+        self.assertIn("[FILE]", self.ok("window", "--help").out.splitlines()[0])
+
+    def test_what_has_to_be_given_and_is_not_is_named_with_what_it_is(self):
+        for arguments, words in ((["analyse"], "没有给出 FILE：DXF 文件"), (["points", "a.dxf"], "没有给出 --areas：轮廓所在的图层"),
+                                 (["entity", "--list"], "没有给出 FILE：DXF 文件"), (["record", "a.png"], "没有给出 --output：录像文件"),
+                                 (["record", "-o", "a.avi"], "没有给出 FRAMES：图像文件")):
+            message = self.refused(USAGE, *arguments).err
+            self.assertIn(words, message)
+            self.assertIn(f"orvo {arguments[0]} --help", message)
+
     def test_every_refusal_points_to_the_help(self):
         self.assertIn("orvo info --help", self.refused(USAGE, "info", "--bogus").err)
         self.assertIn("orvo --help", self.refused(USAGE, "bogus").err)

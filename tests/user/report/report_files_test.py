@@ -94,6 +94,24 @@ class ReportFiles(AnalyseTest):
                         self.assertIn(words, answer.err)
         self.assertEqual(self.names("letters"), ["letter.txt"])
 
+    def test_nothing_else_that_is_written_bears_its_name(self):
+        name = self.put(drawing(*HOUSE, south_window("B9", left=7, right=8), GROUND))
+        os.mkdir(os.path.join(self.home, "report"))
+        os.symlink("report", os.path.join(self.home, "link"))
+        for subcommand, more in (("analyse", ()), ("points", ("--areas", "地面"))):
+            for folder, written in (("report", "report/index.html"), ("report/", "./link/index.html"),
+                                    ("link", "report/index.html"), ("new", "new")):
+                with self.subTest(subcommand=subcommand, folder=folder, written=written):
+                    answer = self.refused(USAGE, subcommand, name, *more, "--report", folder, "--write", written)
+                    self.assertIn(f"--write 和 --report 都写“{written}”，没有分析", answer.err)
+                    self.assertEqual(self.names(), [])
+                    self.assertFalse(os.path.exists(os.path.join(self.home, "new")))
+            done = self.orvo(subcommand, name, *more, "--report", "report", "--write", "link/result.dxf")
+            self.assertEqual(done.code, OK, done)
+            self.assertEqual(self.names(), ["index.html", "result.dxf"])
+            for file in self.names():
+                os.remove(os.path.join(self.home, "report", file))
+
     def test_a_folder_that_may_not_be_written(self):
         name = self.put(SITE)
         os.mkdir(os.path.join(self.home, "closed"))
