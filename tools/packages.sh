@@ -11,6 +11,9 @@ clang-format clang-tidy libclang-rt-14-dev \
 abigail-tools locales python3 python3-ezdxf xvfb xauth xdotool binutils binutils-mingw-w64-x86-64 mingw-w64-x86-64-dev \
 g++-mingw-w64-x86-64-posix chromium chromium-driver python3-selenium tidy"
 
+# What making packages takes besides, and trying them in a fresh system.
+PACKAGES_PACKAGING="dpkg-dev file gzip lintian desktop-file-utils mmdebstrap"
+
 # install_missing PACKAGE...: installs those that are not there, or says which command would, and stops.
 install_missing() {
     local missing=() package
