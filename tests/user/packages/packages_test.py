@@ -211,5 +211,31 @@ class Packages(unittest.TestCase):
                     self.assertIn(target, shipped, page)
 
 
+class Refusals(unittest.TestCase):
+    def said(self, tool, *arguments, **environment):
+        """What a tool says that fails, with its exit code."""
+        done = subprocess.run([os.path.join(ROOT, "tools", tool), *arguments], capture_output=True, text=True, timeout=60,
+                              env=dict(os.environ, **environment), check=False)
+        self.assertEqual(done.stdout, "")
+        return done.returncode, done.stderr
+
+    def test_wrong_usage(self):
+        self.assertEqual(self.said("make-packages", "--revision", "two"), (2, "--revision takes a number, not 'two'\n"))
+        for tool in ("make-packages", "try-packages"):
+            code, said = self.said(tool, "--what")
+            self.assertEqual(code, 2)
+            self.assertTrue(said.startswith(f"usage: tools/{tool}"), said)
+
+    def test_who_may_make_no_system_is_told_what_is_missing(self):
+        with tempfile.TemporaryDirectory() as folder:
+            with open(os.path.join(folder, "id"), "w", encoding="utf-8") as stream:
+                stream.write('#!/bin/sh\n[ "$1" = -u ] && echo 54321 || echo nobody-here\n')
+            os.chmod(stream.name, 0o755)
+            code, said = self.said("try-packages", PATH=folder + ":" + os.environ["PATH"])
+        self.assertEqual(code, 1)
+        self.assertIn("usermod --add-subuids 100000-165535 --add-subgids 100000-165535 nobody-here\n", said)
+        self.assertTrue(said.endswith("Or run this as root.\n"), said)
+
+
 if __name__ == "__main__":
     unittest.main(verbosity=2)
