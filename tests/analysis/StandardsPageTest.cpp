@@ -106,7 +106,10 @@ TEST(StandardsPage, SaysWhatTheTotalIs) {
         return std::lround(CountAt(kFour, standard).judged);
     };
     EXPECT_EQ(judged(0, 0, ORVO_TOTAL_ALL), 170);
+    EXPECT_EQ(judged(20, 0, ORVO_TOTAL_ALL), 170);
     EXPECT_EQ(judged(25, 0, ORVO_TOTAL_ALL), 150);
+    EXPECT_EQ(judged(45, 0, ORVO_TOTAL_ALL), 120);
+    EXPECT_EQ(judged(0, 0, ORVO_TOTAL_LONGEST_THREE), 150);
     EXPECT_EQ(judged(0, 0, ORVO_TOTAL_LONGEST_TWO), 120);
     EXPECT_EQ(judged(0, 60, ORVO_TOTAL_ALL), 170);
     EXPECT_EQ(judged(0, 61, ORVO_TOTAL_ALL), 0);

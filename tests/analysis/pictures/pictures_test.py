@@ -19,7 +19,9 @@ NAME = "{http://www.w3.org/2000/svg}"
 
 
 def contents(folder):
-    return {name: open_text(os.path.join(folder, name)) for name in sorted(os.listdir(folder))}
+    """The pictures below a folder, by their paths in it."""
+    paths = [os.path.join(within, name) for within, _, names in os.walk(folder) for name in names]
+    return {os.path.relpath(path, folder): open_text(path) for path in sorted(paths)}
 
 
 def open_text(path):
@@ -38,9 +40,31 @@ class PicturesTest(unittest.TestCase):
                                                                      "docs/pictures/standards")
 
     def test_the_page_shows_each_once(self):
-        shown = re.findall(r"!\[[^\]]+\]\(pictures/standards/([^)]+)\)", open_text(os.path.join(ROOT, "docs",
-                                                                                               "standards.md")))
-        self.assertEqual(sorted(shown), sorted(os.listdir(PICTURES)))
+        page = open_text(os.path.join(ROOT, "docs", "standards.md"))
+        shown = re.findall(r"!\[[^\]]+\]\(pictures/standards/en/([^)]+)\)", page)
+        self.assertEqual(sorted(shown), sorted(os.listdir(os.path.join(PICTURES, "en"))))
+
+    def test_both_languages_have_the_same_pictures_in_other_words(self):
+        drawn = contents(PICTURES)
+        names = {name.removeprefix("en/") for name in drawn if name.startswith("en/")}
+        self.assertEqual(set(drawn), {f"{language}/{name}" for language in ("en", "zh") for name in names})
+        for name in names:
+            told = {language: [each.text for each in xml.fromstring(drawn[f"{language}/{name}"]).iter(NAME + "text")]
+                    for language in ("en", "zh")}
+            self.assertEqual(len(told["en"]), len(told["zh"]), name)
+            for english, chinese in zip(told["en"], told["zh"]):
+                if re.search(r"[A-Za-z]", english):
+                    self.assertNotRegex(chinese, r"[A-Za-z]", name)
+                    self.assertRegex(chinese, r"[\u4e00-\u9fff\uff5e]", name)
+                else:
+                    self.assertEqual(chinese, english, name)
+
+    def test_no_word_is_translated_that_no_picture_has(self):
+        sys.path.insert(0, os.path.join(ROOT, "tools"))
+        words = __import__("standard_picture_words")
+        told = {each.text for name, text in contents(PICTURES).items() if name.startswith("en/")
+                for each in xml.fromstring(text).iter(NAME + "text")}
+        self.assertEqual(set(words.CHINESE) - told, set())
 
     def test_words_lie_within_the_picture(self):
         growth = open_text(os.path.join(PERFORMANCE, "growth.svg"))
@@ -49,8 +73,9 @@ class PicturesTest(unittest.TestCase):
             words = picture.findall(NAME + "text")
             self.assertTrue(words, name)
             for each in words:
-                # A letter is about half as wide as it is high.
-                width = 0.5 * float(each.get("font-size")) * len(each.text)
+                # A letter is about half as wide as it is high, a Chinese character as wide.
+                letters = sum(0.5 if ord(letter) < 0x2000 else 1.0 for letter in each.text)
+                width = float(each.get("font-size")) * letters
                 left = float(each.get("x")) - {"start": 0.0, "middle": 0.5, "end": 1.0}[each.get("text-anchor")] * width
                 self.assertGreaterEqual(left, 0, f"{name}: {each.text}")
                 self.assertLessEqual(left + width, float(picture.get("width")), f"{name}: {each.text}")
