@@ -35,15 +35,36 @@ def files(root, folders, endings):
                     yield os.path.relpath(os.path.join(folder, name), root)
 
 
+def prose(text):
+    """A document without its examples, in which what looks like a heading or a link is none."""
+    return re.sub(r"^```.*?^```", "", text, flags=re.M | re.S)
+
+
 def anchors(text):
-    """The headings of a document as links name them."""
-    headings = re.findall(r"^#+ (.*)$", text, re.M)
-    return {re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-") for heading in headings}
+    """The headings of a document as links name them; of those that read alike the later ones have a number behind."""
+    found = set()
+    for heading in re.findall(r"^#+ (.*)$", prose(text), re.M):
+        plain = LINK.sub("", heading).replace("[", "")
+        anchor = re.sub(r"[^\w\- ]", "", plain.lower()).replace(" ", "-")
+        same = 1
+        while (name := anchor if same == 1 else f"{anchor}-{same - 1}") in found:
+            same += 1
+        found.add(name)
+    return found
+
+
+def documents(root):
+    """Every page of the tree, wherever it lies."""
+    for folder, within, names in os.walk(root):
+        within[:] = sorted(name for name in within if not name.startswith((".", "build")))
+        for name in sorted(names):
+            if name.endswith(".md"):
+                yield os.path.relpath(os.path.join(folder, name), root)
 
 
 def check_document(root, path):
     """What is wrong with the links of a document, and with the paths that it names."""
-    text = re.sub(r"^```.*?^```", "", read(root, path), flags=re.M | re.S)
+    text = prose(read(root, path))
     for link in LINK.findall(text):
         if re.match(r"[a-z]+:", link):
             continue
@@ -85,9 +106,8 @@ def check_pages(root):
 
 
 def check_tree(root):
-    documents = [name for name in sorted(os.listdir(root)) if name.endswith(".md")]
     complaints = []
-    for path in [*documents, *files(root, ["docs", "data"], ".md")]:
+    for path in documents(root):
         complaints += check_document(root, path)
     for path in files(root, source_folders(root), (".h", ".cpp", ".py", ".txt", ".cmake", ".rc")):
         if not path.startswith("tests/layers/"):
@@ -134,6 +154,10 @@ class Links(unittest.TestCase):
                 ("docs/more.md", "[a](../docs/how.md#where)", "docs/more.md: docs/how.md has no heading where"),
                 ("docs/more.md", "[a](#here)", "docs/more.md: docs/more.md has no heading here"),
                 ("data/SOURCES.md", "[a](docs/how.md)", "data/SOURCES.md: docs/how.md leads nowhere"),
+                ("examples/one/README.md", "[a](gone.cpp)", "examples/one/README.md: gone.cpp leads nowhere"),
+                ("docs/more.md", "# 两条路\n[a](#两条)", "docs/more.md: docs/more.md has no heading 两条"),
+                ("docs/more.md", "# A\n```\n# B\n```\n[b](#b)", "docs/more.md: docs/more.md has no heading b"),
+                ("docs/more.md", "# A\n# A\n[a](#a) [a](#a-1) [a](#a-2)", "docs/more.md: docs/more.md has no heading a-2"),
                 ("CONTRIBUTING.md", "see `facts/Gone.h`", "CONTRIBUTING.md: there is no facts/Gone.h"),
                 ("facts/B.cpp", "// See docs/gone.md.", "facts/B.cpp: there is no docs/gone.md")]:
             with self.subTest(text=text):
