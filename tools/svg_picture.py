@@ -46,6 +46,19 @@ class Picture:
         return "\n".join([head, ground, *self.parts, "</svg>"]) + "\n"
 
 
+class Sheet(Picture):
+    """A picture whose words are told in another language. Times and numbers stay."""
+
+    def __init__(self, told, height):
+        super().__init__(height)
+        self.told = told
+
+    def words(self, x, y, text, *more, **others):
+        if any(letter.isalpha() for letter in text):
+            text = self.told(text)
+        super().words(x, y, text, *more, **others)
+
+
 def joined(points):
     return " ".join(f"{number(x)},{number(y)}" for x, y in points)
 

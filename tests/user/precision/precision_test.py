@@ -29,7 +29,9 @@ def read(*path):
 
 
 def contents(folder):
-    return {name: read(folder, name) for name in sorted(os.listdir(folder))}
+    """The pictures below a folder, by their paths in it."""
+    paths = [os.path.join(within, name) for within, _, names in os.walk(folder) for name in names]
+    return {os.path.relpath(path, folder): read(path) for path in sorted(paths)}
 
 
 def script():
@@ -104,8 +106,9 @@ class PageTest(unittest.TestCase):
                 self.assertEqual(rows, [line for line in told.splitlines() if line])
 
     def test_the_page_shows_each_picture_once(self):
-        shown = re.findall(r"!\[[^\]]+\]\(pictures/precision/([^)]+)\)", read("docs", "precision.md"))
-        self.assertEqual(sorted(shown), sorted(os.listdir(PICTURES)))
+        shown = re.findall(r"!\[[^\]]+\]\(pictures/precision/en/([^)]+)\)", read("docs", "precision.md"))
+        for language in ("en", "zh"):
+            self.assertEqual(sorted(shown), sorted(os.listdir(os.path.join(PICTURES, language))))
 
     def test_days_are_those_of_the_rule(self):
         days = script().days_by(PROGRAM)
