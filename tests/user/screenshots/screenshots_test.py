@@ -119,6 +119,13 @@ class Screenshots(unittest.TestCase):
         usage = subprocess.run([PROGRAM], capture_output=True, timeout=60, check=False)
         self.assertEqual((usage.returncode, usage.stderr), (1, b"usage: screenshots LANGUAGE FOLDER\n"))
 
+    def test_those_of_the_documents_are_what_is_taken_now(self):
+        """With the same fonts each run gives the same bytes, so that whatever differs is stale."""
+        for language in self.runs:
+            kept = bytes_of(os.path.join(DOCS, "pictures", language))
+            stale = [name for name, content in self.pictures(language).items() if kept.get(name) != content]
+            self.assertEqual(stale, [], f"{language}: run tools/screenshots")
+
     def test_the_manual_shows_pictures_that_there_are(self):
         with open(os.path.join(DOCS, "dialogs.md"), encoding="utf-8") as file:
             shown = re.findall(r"!\[[^\]]+\]\(pictures/en/([^)]+)\)", file.read())
