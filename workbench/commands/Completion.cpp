@@ -6,6 +6,7 @@
 #include "platform/base/TextSpace.h"
 #include "platform/host/RxRegistry.h"
 #include "workbench/commands/CommandLineModel.h"
+#include "workbench/commands/FileNames.h"
 #include "workbench/commands/LineWords.h"
 #include "workbench/commands/UsageText.h"
 
@@ -31,14 +32,6 @@ CString CommonStart(const std::vector<CString>& names) {
             ++length;
         start = start.Left(length);
     }
-    return start;
-}
-
-// Where the last word of a line begins.
-int StartOfLastWord(const CString& line) {
-    int start = line.GetLength();
-    while (start > 0 && !IsTextSpace(line.GetAt(start - 1)))
-        --start;
     return start;
 }
 
@@ -88,6 +81,62 @@ std::vector<CString> Followers(const std::vector<CString>& line) {
     return followers;
 }
 
+// Each once.
+std::vector<CString> BeginningWith(const CString& begun, const std::vector<CString>& names) {
+    std::vector<CString> choices;
+    for (const CString& name : names) {
+        const bool isNew = std::find(choices.begin(), choices.end(), name) == choices.end();
+        if (isNew && name.Left(begun.GetLength()) == begun)
+            choices.push_back(name);
+    }
+    return choices;
+}
+
+// Whether the next word may name a file: no table says so, but what brings no words of its own may, as shells have it.
+enum class FilesHere { None, Too, Alone };
+
+FilesHere FilesAt(const std::vector<CString>& line) {
+    const std::vector<CString> words = WithoutProgramName(line);
+    const Subcommand* row = words.empty() ? nullptr : HostSubcommands().Find(words.front());
+    if (!row)
+        return FilesHere::None;
+    const SubcommandOption* before = OptionBefore(*row, words);
+    if (before && before->count != SubcommandOption::kFlag)
+        return before->words ? FilesHere::None : FilesHere::Alone;
+    const bool takesFiles = std::any_of(row->options.begin(), row->options.end(), [](const SubcommandOption& option) {
+        return option.IsPositional() && !option.words;
+    });
+    return takesFiles ? FilesHere::Too : FilesHere::None;
+}
+
+bool NeedsQuotes(const CString& word) {
+    const std::wstring_view text = word.View();
+    return std::any_of(text.begin(), text.end(),
+                       [](wchar_t each) { return IsTextSpace(each) || each == L'"' || each == L'\''; });
+}
+
+// How the word, as it is written in the line, goes on to what all choices begin with.
+void GoOn(const CString& written, const BegunWord& begun, LineCompletion& completion) {
+    const CString start = CommonStart(completion.choices);
+    const bool isOnly = completion.choices.size() == 1;
+    const bool isFolder = start.Right(1) == L"/";
+    if (begun.isBare && !NeedsQuotes(start)) {
+        completion.rest = start.Mid(begun.text.GetLength());
+        if (isOnly && !isFolder)
+            completion.rest += L" ";
+        return;
+    }
+    if (!isOnly && start == begun.text)
+        return;
+    wchar_t quote = begun.quote == 0 ? L'"' : begun.quote;
+    if (start.Find(quote) >= 0)
+        quote = quote == L'"' ? L'\'' : L'"';
+    completion.replaced = written.GetLength();
+    completion.rest = CString(quote) + start;
+    if (isOnly && !isFolder)
+        completion.rest += CString(quote) + L" ";
+}
+
 }  // namespace
 
 std::vector<CString> HostCommandNames() {
@@ -105,20 +154,24 @@ std::vector<CString> PromptWords() {
     return {L"help", L"quit", L"exit"};
 }
 
+std::vector<CString> NamesFor(const CString& line) {
+    const BegunWord begun = LastWord(line);
+    const std::optional<std::vector<CString>> words = SplitWords(line.Left(begun.start));
+    return words ? BeginningWith(begun.text, Followers(*words)) : std::vector<CString>();
+}
+
 LineCompletion CompleteLine(const CString& line) {
-    const int start = StartOfLastWord(line);
-    const CString begun = line.Mid(start);
-    const std::optional<std::vector<CString>> words = SplitWords(line.Left(start));
+    const BegunWord begun = LastWord(line);
+    const std::optional<std::vector<CString>> words = SplitWords(line.Left(begun.start));
     LineCompletion completion;
-    std::vector<CString>& choices = completion.choices;
-    for (const CString& name : words ? Followers(*words) : std::vector<CString>()) {
-        const bool isNew = std::find(choices.begin(), choices.end(), name) == choices.end();
-        if (isNew && name.Left(begun.GetLength()) == begun)
-            choices.push_back(name);
-    }
-    if (!choices.empty())
-        completion.rest = CommonStart(choices).Mid(begun.GetLength());
-    if (choices.size() == 1)
-        completion.rest += L" ";
+    if (!words)
+        return completion;
+    const FilesHere files = FilesAt(*words);
+    if (files != FilesHere::Alone)
+        completion.choices = BeginningWith(begun.text, Followers(*words));
+    if (files != FilesHere::None)
+        Append(completion.choices, FileNamesFrom(begun.text));
+    if (!completion.choices.empty())
+        GoOn(line.Mid(begun.start), begun, completion);
     return completion;
 }

@@ -44,7 +44,7 @@ int RunCompletion(const std::vector<CString>& words, Output& output) {
         CString line;
         for (auto word = words.begin(); word != words.end() - 1; ++word)
             line += Quoted(*word) + L" ";
-        choices = CompleteLine(line + words.back()).choices;
+        choices = NamesFor(line + words.back());
     }
     for (const CString& choice : choices)
         output.Line(choice);

@@ -32,3 +32,23 @@ std::optional<std::vector<CString>> SplitWords(const CString& line) {
         words.push_back(word);
     return words;
 }
+
+BegunWord LastWord(const CString& line) {
+    BegunWord word;
+    for (int at = 0; at < line.GetLength(); ++at) {
+        const wchar_t character = line.GetAt(at);
+        const bool isQuote = character == L'"' || character == L'\'';
+        if (word.quote == 0 && !isQuote && IsTextSpace(character)) {
+            word = BegunWord();
+            word.start = at + 1;
+        } else if (word.quote == 0 && isQuote) {
+            word.quote = character;
+            word.isBare = false;
+        } else if (word.quote == character) {
+            word.quote = 0;
+        } else {
+            word.text += character;
+        }
+    }
+    return word;
+}

@@ -146,6 +146,7 @@ unsigned char TerminalLines::Complete(EditLine* editor, int) {
         ShowMatches(completion.choices);
         return CC_REDISPLAY;
     }
+    el_deletestr(editor, completion.replaced);
     return el_insertstr(editor, ToUtf8(completion.rest.View()).c_str()) == 0 ? CC_REFRESH : CC_ERROR;
 }
 

@@ -85,8 +85,12 @@ void CommandEdit::PasteLines() {
 void CommandEdit::Complete() {
     const CString before = Typed(text().left(cursorPosition()));
     const LineCompletion completion = CompleteLine(before);
-    if (!completion.rest.IsEmpty())
-        insert(Shown(completion.rest));
-    else if (m_onChoices && !completion.choices.empty())
+    if (!completion.rest.IsEmpty()) {
+        const auto replaced = static_cast<int>(Shown(before.Right(completion.replaced)).size());
+        if (replaced > 0)
+            setSelection(cursorPosition() - replaced, replaced);
+        insert(Shown(completion.rest));  // in the place of what is selected
+    } else if (m_onChoices && !completion.choices.empty()) {
         m_onChoices(completion.choices);
+    }
 }

@@ -199,6 +199,19 @@ class TerminalPrompt(ProgramTest):
         terminal.type("\x15quit\n")
         self.assertEqual(terminal.finish(), 0)
 
+    def test_completes_names_of_files(self):
+        os.mkdir(os.path.join(self.home, "my plans"))
+        with open(os.path.join(self.home, "my plans", "房子.dxf"), "w", encoding="ascii") as file:
+            file.write("0\nSECTION\n2\nENTITIES\n0\nLINE\n5\n2F\n8\nwalls\n0\nENDSEC\n0\nEOF\n")
+        terminal = self.open()
+        terminal.type("entity my\t")
+        terminal.wait_for('"my plans/')
+        terminal.type("\t\n")
+        terminal.wait_for("walls")
+        terminal.wait_for("orvo> ")
+        terminal.type("quit\n")
+        self.assertEqual(terminal.finish(), 0)
+
     def test_completes_what_can_be_reset(self):
         self.write("SunSet.xml", "<ORVO><CUR_SUNSETDATA><CUR_CITY>上海</CUR_CITY></CUR_SUNSETDATA></ORVO>")
         terminal = self.open()
