@@ -129,9 +129,11 @@ void PrintHelp(const Subcommand* subcommand, Output& output) {
     PrintOptions(subcommand, output);
     if (!subcommand)
         PrintProgramNotes(output);
-    PrintExamples(subcommand ? subcommand->examples
-                             : std::vector<CString>(std::begin(kProgramExamples), std::end(kProgramExamples)),
-                  output);
+    PrintExamples(subcommand ? subcommand->examples : ProgramExamples(), output);
+}
+
+std::vector<CString> ProgramExamples() {
+    return {std::begin(kProgramExamples), std::end(kProgramExamples)};
 }
 
 CString ExplainParseError(const CLI::ParseError& error, const CommandLineModel& model,

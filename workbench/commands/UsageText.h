@@ -16,6 +16,9 @@ struct Subcommand;
 // The help of a subcommand, or of the program for null.
 void PrintHelp(const Subcommand* subcommand, Output& output);
 
+// Whole command lines that the help of the program shows.
+std::vector<CString> ProgramExamples();
+
 // What a failed parse is to be told as, with the nearest names that exist.
 CString ExplainParseError(const CLI::ParseError& error, const CommandLineModel& model,
                           const std::vector<CString>& words);
