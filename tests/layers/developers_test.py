@@ -57,14 +57,15 @@ def faults_of_tables(text, root=ROOT):
     """Functions that do not stand in the source of their row."""
     for cells in rows(text):
         paths = CODE.findall(cells[-1])
-        if len(cells) != 3 or len(paths) != 1 or not paths[0].endswith((".cpp", ".h")):
+        names = CODE.findall(cells[1])
+        if len(cells) != 3 or len(paths) != 1 or not paths[0].endswith((".cpp", ".h")) or not all(map(NAME.match, names)):
             continue
         try:
             known = words_of(read(paths[0], root))
         except FileNotFoundError:
             yield f"there is no {paths[0]}"
             continue
-        for name in CODE.findall(cells[1]):
+        for name in names:
             if name not in known:
                 yield f"{paths[0]} has no {name}"
 
@@ -112,6 +113,14 @@ class Developers(unittest.TestCase):
                 continue  # its other half names those of the framework
             named = {os.path.basename(code) for code in CODE.findall(without_blocks(read(page))) if code.endswith(".h")}
             self.assertEqual(sorted(named - known - shown_files(read(page))[0]), [], page)
+
+    def test_tests_that_are_named_are_there(self):
+        known = set(re.findall(r"NAME ([\w.-]+)", read("tests/CMakeLists.txt")))
+        for folder, _, names in os.walk(os.path.join(ROOT, "tests", "user")):
+            known.update("user." + name[:-len("_test.py")] for name in names if name.endswith("_test.py"))
+        for page in pages():
+            named = re.findall(r"`((?:user|languages|layers)\.[\w-]+)`", read(page))
+            self.assertEqual(sorted(set(named) - known), [], page)
 
     def test_mistakes_are_seen(self):
         with tempfile.TemporaryDirectory() as root:
