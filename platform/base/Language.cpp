@@ -2,6 +2,7 @@
 #include "platform/base/Language.h"
 
 #include <new>
+#include <optional>
 #include <string_view>
 
 #include "platform/base/LibraryTexts.h"
@@ -22,6 +23,10 @@ CString& g_strCurLanguage = reinterpret_cast<CString&>(g_languageStorage);
 __attribute__((constructor(101))) static void MakeCurrentLanguage() {
     new (g_languageStorage) CString(L"Chs");
 }
+
+// The table that this thread looks into first while a library asks for a text of its own: g_pCurModuleLang is one for
+// all threads.
+constinit static thread_local std::optional<QcDtDictionary*> t_ownTexts;
 
 struct TeskLanguageSwitch::Module {
     explicit Module(const CString& moduleKey) : key(moduleKey), texts(moduleKey) {}
@@ -99,8 +104,8 @@ TeskLanguageSwitch::~TeskLanguageSwitch() {
 CString TeskLanguageSwitch::Translate(const wchar_t* text) const {
     if (!text || !*text)
         return CString();
-    if (g_pCurModuleLang) {
-        CString translation = TranslationIn(*g_pCurModuleLang, text);
+    if (const QcDtDictionary* const first = t_ownTexts.value_or(g_pCurModuleLang)) {
+        CString translation = TranslationIn(*first, text);
         if (!translation.IsEmpty())
             return translation;
     }
@@ -178,10 +183,9 @@ bool TeskLanguageSwitch::Load(const CString& path) {
 CString TranslateFor(const wchar_t* key, const wchar_t* text) {
     if (!g_pTeskLangSwitch)
         return CString(text);
-    QcDtDictionary* const outer = g_pCurModuleLang;
-    g_pCurModuleLang = g_pTeskLangSwitch->GetModuleDictionary(key);
+    t_ownTexts = g_pTeskLangSwitch->GetModuleDictionary(key);
     CString translated = g_pTeskLangSwitch->Translate(text);
-    g_pCurModuleLang = outer;
+    t_ownTexts.reset();
     return translated;
 }
 

@@ -9,7 +9,7 @@
 
 // The text to show for a built-in text of the library with this key (such as ORVOWORKBENCH): by the library's own table
 // first, then by those of the others, as TeskLanguageSwitch::Translate does. Without a language switch, or where no
-// table has it, the built-in text itself; null gives an empty text.
+// table has it, the built-in text itself; null gives an empty text. On any thread, while nobody changes the language.
 ORVO_API CString TranslateFor(const wchar_t* key, const wchar_t* text);
 
 // Fills a built-in printf-style format (TextFormat.h) after translating it; a translation may have singulars

@@ -2,6 +2,7 @@
 #include "platform/window/CFileDialog.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -44,19 +45,24 @@ QStringList Filters(const CString& filter) {
 // The toolkit's dialog with our captions and our questions.
 class FileDialog : public QFileDialog {
 public:
-    FileDialog(QWidget* owner, bool open, DWORD flags) : QFileDialog(owner) {
+    FileDialog(QWidget* owner, bool open, bool isFolder, DWORD flags) : QFileDialog(owner), m_isFolder(isFolder) {
         setObjectName("FileDialog");
         setOption(DontUseNativeDialog, ModalDriver::IsThere());
         setAcceptMode(open ? AcceptOpen : AcceptSave);
         m_mustExist = open && (flags & OFN_FILEMUSTEXIST) != 0;
         m_asks = !open && (flags & OFN_OVERWRITEPROMPT) != 0;
-        setFileMode(m_mustExist ? ExistingFile : AnyFile);
+        setFileMode(isFolder ? Directory : m_mustExist ? ExistingFile : AnyFile);
+        setOption(ShowDirsOnly, isFolder);
         setOption(DontConfirmOverwrite, !m_asks || IsOurs());
-        setWindowTitle(ToQString(open ? PlatformText(L"打开文件") : PlatformText(L"保存文件")));
+        setWindowTitle(ToQString(isFolder ? PlatformText(L"选择文件夹")
+                                 : open   ? PlatformText(L"打开文件")
+                                          : PlatformText(L"保存文件")));
         setLabelText(LookIn, ToQString(PlatformText(L"位置：")));
-        setLabelText(FileName, ToQString(PlatformText(L"文件名(&N)：")));
+        setLabelText(FileName, ToQString(isFolder ? PlatformText(L"文件夹(&N)：") : PlatformText(L"文件名(&N)：")));
         setLabelText(FileType, ToQString(PlatformText(L"文件类型(&T)：")));
-        setLabelText(Accept, ToQString(open ? PlatformText(L"打开(&O)") : PlatformText(L"保存(&S)")));
+        setLabelText(Accept, ToQString(isFolder ? PlatformText(L"选择(&S)")
+                                       : open   ? PlatformText(L"打开(&O)")
+                                                : PlatformText(L"保存(&S)")));
         setLabelText(Reject, ToQString(PlatformText(L"取消")));
         NameTypes();
     }
@@ -74,6 +80,8 @@ public:
 protected:
     void accept() override {
         const QPointer<FileDialog> alive = this;
+        if (IsOurs() && IsNewFolder())
+            return QDialog::accept();  // the toolkit takes only those that are there
         if (!IsOurs() || MayAccept()) {
             if (!alive.isNull())
                 QFileDialog::accept();
@@ -90,6 +98,12 @@ private:
         auto* types = findChild<QComboBox*>("fileTypeCombo");
         if (label != nullptr && types != nullptr)
             label->setBuddy(types);
+    }
+
+    bool IsNewFolder() const {
+        const QStringList files = selectedFiles();
+        const QFileInfo folder(m_isFolder && !files.isEmpty() ? files.front() : QString());
+        return !folder.fileName().isEmpty() && !folder.exists() && folder.dir().exists();
     }
 
     bool MayAccept() {
@@ -112,6 +126,7 @@ private:
         return ::MessageBox(box, text, title, MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES;
     }
 
+    bool m_isFolder;
     bool m_mustExist = false;
     bool m_asks = false;
 };
@@ -134,11 +149,12 @@ INT_PTR CFileDialog::DoModal() {
         return m_path.IsEmpty() ? IDCANCEL : IDOK;
     }
     if (!CanBeAnswered()) {
-        ReportMessage(PlatformText(L"没有显示器，无法选择文件。"));
+        ReportMessage(m_isFolder ? PlatformText(L"没有显示器，无法选择文件夹。")
+                                 : PlatformText(L"没有显示器，无法选择文件。"));
         return IDCANCEL;
     }
     const HWND owner = m_parent ? m_parent->m_hWnd : nullptr;
-    auto* dialog = new FileDialog(WidgetOf(owner), m_isOpen, m_flags);
+    auto* dialog = new FileDialog(WidgetOf(owner), m_isOpen, m_isFolder, m_flags);
     dialog->setNameFilters(Filters(m_filter));
     if (!m_isOpen)
         dialog->setDefaultSuffix(ToQString(m_extension));
@@ -165,4 +181,9 @@ void CFileDialog::SetNextFileForTest(const wchar_t* path) {
 
 void CFileDialog::ShowDialogsAgainForTest() {
     NextFile().reset();
+}
+
+CFolderPickerDialog::CFolderPickerDialog(const wchar_t* folder, DWORD flags, CWnd* parent)
+    : CFileDialog(TRUE, nullptr, folder, flags, nullptr, parent) {
+    m_isFolder = true;
 }

@@ -1,4 +1,4 @@
-// Asking for a file to open or to save.
+// Asking for a file to open or to save, or for a folder.
 // Why: docs/decisions/window.md
 #pragma once
 
@@ -31,6 +31,9 @@ public:
     static void SetNextFileForTest(const wchar_t* path);
     static void ShowDialogsAgainForTest();
 
+protected:
+    bool m_isFolder = false;
+
 private:
     bool m_isOpen;
     DWORD m_flags;
@@ -39,4 +42,10 @@ private:
     CString m_filter;
     CString m_path;
     CWnd* m_parent;
+};
+
+// Asks for a folder: one that is there, or the name of a new one in a folder that is there. It is not made.
+class ORVO_API CFolderPickerDialog : public CFileDialog {
+public:
+    explicit CFolderPickerDialog(const wchar_t* folder = nullptr, DWORD flags = 0, CWnd* parent = nullptr);
 };

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
@@ -93,6 +94,34 @@ TEST_F(FileDialogs, SavingAsksBeforeItTakesAFileThatExists) {
     CFileDialog quiet(FALSE, L"dxf", nullptr, 0, kFilter);
     EXPECT_EQ(Ask(quiet, In("plan.dxf")), IDOK);
     EXPECT_EQ(boxes.size(), 2U) << "not told to ask";
+}
+
+TEST_F(FileDialogs, ChooseAFolderThatIsThereOrANewOne) {
+    QDir(folder.path()).mkdir("old");
+    Make("plan.dxf");
+    CFolderPickerDialog dialog;
+    EXPECT_EQ(Ask(dialog, In("old")), IDOK);
+    EXPECT_EQ(ToUtf8(dialog.GetPathName().View()), In("old").toStdString());
+    EXPECT_EQ(Ask(dialog, In("new")), IDOK);
+    EXPECT_EQ(ToUtf8(dialog.GetPathName().View()), In("new").toStdString());
+    EXPECT_FALSE(QFileInfo::exists(In("new"))) << "it is not made";
+    EXPECT_EQ(Ask(dialog, In("old"), IDCANCEL), IDCANCEL);
+    EXPECT_TRUE(dialog.GetPathName().IsEmpty());
+    EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(FileDialogs, ShowFoldersInTheWordsOfFolders) {
+    CFolderPickerDialog dialog;
+    const ModalDriver driver([&](const ModalWindow& window) {
+        const QFileDialog* files = FilesOf(window);
+        EXPECT_EQ(files->fileMode(), QFileDialog::Directory);
+        EXPECT_EQ(files->windowTitle().toStdString(), "选择文件夹");
+        EXPECT_EQ(files->labelText(QFileDialog::FileName).toStdString(), "文件夹(&N)：");
+        EXPECT_EQ(files->labelText(QFileDialog::Accept).toStdString(), "选择(&S)");
+        return IDCANCEL;
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(driver.GetCount(), 1);
 }
 
 TEST_F(FileDialogs, ShowFiltersNamesAndCaptions) {

@@ -127,17 +127,18 @@ int RunAnalyse(const AnalyseOptions& options, Output& output, Progress& progress
     if (const int readCode = ReadDrawing(drawing, *options.file))
         return readCode;
     std::optional<Film> film;
-    if (asked && (code = film.emplace(*asked).Prepare(report.request, report.drawing)) != kExitOk)
+    if (asked)
+        code = film.emplace(*asked).Check(report.request, report.drawing);
+    if (film && !code)
+        code = film->Prepare();
+    if (code)
         return code;
     report.answer = Analyse(drawing, report.request, progress);
     if (report.answer.failure != AnalysisFailure::None)
         return Refuse(kExitFailed, FailureText(report.request, report.answer));
     FindStandardOf(report.request.settings, report);
-    const bool areEntitiesTold = page.IsAskedFor() || !(options.isJson || options.isCsv);
-    if (areEntitiesTold)
-        report.shading = ShadingEntitiesOf(drawing, report.answer);
-    if (areEntitiesTold && IsCompared(report))
-        report.taking = ShadingEntitiesOf(drawing, report.answer, &WindowResult::lost);
+    if (page.IsAskedFor() || !(options.isJson || options.isCsv))
+        TellEntities(drawing, report);
     HeldOutput held(output);
     if (!Print(report, options, held, progress))
         return Refuse(kExitFailed, Say(L"已取消，没有分析"));

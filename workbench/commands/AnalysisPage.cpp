@@ -52,7 +52,10 @@ void AddEntities(HtmlPage& page, const AnalysisReport& report) {
 }  // namespace
 
 std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request,
-                         const SkyChoice& skies) {
+                         const SkyChoice& skies, const AnalysisProgress& progress) {
+    std::size_t done = 0;
+    constexpr std::size_t kSteps = 6;
+    const auto goOn = [&] { return !progress || progress(done++, kSteps); };
     const CString title = Say(L"日照分析报告");
     HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report, AskedOnPage(report, report.request, report.answer, OwnHeadRows(report)));
@@ -60,24 +63,38 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
     for (const CString& line : SummaryLines(report.answer.windows))
         page.Paragraph(line, "lead");
     AddSignatures(page);
+    if (!goOn())
+        return {};
     const OccluderSet faces = StandingFaces(drawing, report.request);
+    if (!goOn())
+        return {};
     AddPlan(page, report, faces);
+    if (!goOn())
+        return {};
     if (!report.answer.windows.empty()) {
         AddTotals(page, report);
         AddWindowTable(page, report);
         AddTimeLines(page, report);
+        if (!goOn())
+            return {};
         AddSkies(page, report, faces, skies);
     }
+    if (!goOn())
+        return {};
     AddEntities(page, report);
     AddPageRules(page, report, *report.request.settings.standard);
     AddPageRemarks(page, MessagesOf(report.request, report.answer));
     AddPageLimits(page, ReadingNotes(report));
-    return page.Whole();
+    return goOn() ? page.Whole() : std::string();
 }
 
-int WriteAnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
+int WriteAnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request,
+                      const AnalysisProgress& progress) {
     const SkyChoice skies = ChooseSkies(report.answer.windows, request.skies);
-    const int code = SavePage(AnalysisPage(report, drawing, request, skies), request);
+    const std::string whole = AnalysisPage(report, drawing, request, skies, progress);
+    if (whole.empty())
+        return Refuse(kExitFailed, Say(L"已取消，没有写出报告"));
+    const int code = SavePage(whole, request);
     for (const CString& unknown : skies.unknown)
         Complain(SayFormat(L"没有窗的名字或句柄是“%s”（--sky）", Printable(unknown)));
     return code || skies.unknown.empty() ? code : kExitFailed;

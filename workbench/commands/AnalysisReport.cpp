@@ -1,5 +1,11 @@
-// What the remarks of an answer say of what was left out.
+// What is found out about an answer afterwards.
 #include "workbench/commands/AnalysisReport.h"
+
+void TellEntities(const AcDbDatabase& drawing, AnalysisReport& report) {
+    report.shading = ShadingEntitiesOf(drawing, report.answer);
+    if (IsCompared(report))
+        report.taking = ShadingEntitiesOf(drawing, report.answer, &WindowResult::lost);
+}
 
 LeftOut LeftOutOf(const AnalysisReport& report) {
     LeftOut leftOut;

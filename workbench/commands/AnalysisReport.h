@@ -9,6 +9,8 @@
 #include "workbench/commands/DayReport.h"
 #include "workbench/commands/ShadingEntities.h"
 
+class AcDbDatabase;
+
 // A plain value; the place and the standard of the request are there.
 struct AnalysisReport : DayReport {
     AnalysisRequest request;
@@ -21,6 +23,9 @@ struct AnalysisReport : DayReport {
 inline bool IsCompared(const AnalysisReport& report) {
     return !report.request.proposedLayers.empty();
 }
+
+// Fills in what the drawing says of those that cast shadows.
+void TellEntities(const AcDbDatabase& drawing, AnalysisReport& report);
 
 // The judged minutes that the project takes from a window with a before.
 inline double LostMinutes(const WindowResult& window) {

@@ -11,6 +11,7 @@ struct Settings;
 struct DayReport {
     CString drawing;                     // the file, as it was asked for; may be empty
     std::optional<CString> fingerprint;  // of that file before it was read, for a page; none where it has none
+    bool isChanged = false;              // in memory, and the file does not have that yet
     int standardIndex = 0;               // in the list of standards
     bool isCurrentStandard = false;
     StandardChanges changes;  // of the standard

@@ -35,6 +35,8 @@ constexpr const wchar_t* kAlmanac =
 
 // Whether it was the same file all the time is known only afterwards.
 CString FingerprintText(const DayReport& report) {
+    if (report.isChanged)
+        return Say(L"没有（图形有没有保存的改动：请先保存，再分析一次）");
     if (!report.fingerprint)
         return Say(L"没有（不是普通文件，不能再读一次）");
     if (Sha256OfFile(report.drawing) != report.fingerprint)

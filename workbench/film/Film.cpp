@@ -45,6 +45,10 @@ CString AddPicture(const Stage& stage, double moment, const CString& file, OrvoA
     return recorder.AddFrame(bitmap) ? CString() : NotWrittenText(file);
 }
 
+std::uint64_t BytesOf(const FilmRequest& request, std::size_t pictures) {
+    return RecordingBytes(request.width, request.height, kBits, pictures);
+}
+
 }  // namespace
 
 std::vector<double> FilmMoments(SunPeriod span, int every) {
@@ -58,7 +62,7 @@ std::vector<double> FilmMoments(SunPeriod span, int every) {
     }
 }
 
-int Film::Prepare(const DayRequest& day, const CString& drawing) {
+int Film::Check(const DayRequest& day, const CString& drawing) {
     const std::optional<SunPeriod> span = FindSpan(day);
     if (!span || !(span->start < span->end))
         return Refuse(kExitFailed, Say(L"没有可以录像的时段：请检查地区、标准和它的时段"));
@@ -66,15 +70,21 @@ int Film::Prepare(const DayRequest& day, const CString& drawing) {
     const int code = CheckRecording({m_request.file, L"--film", m_request.mayReplace}, {drawing});
     if (code)
         return code;
-    const std::uint64_t bytes = RecordingBytes(m_request.width, m_request.height, kBits, m_moments.size());
-    CString wrong = WhyNoRoom(m_request.file, bytes, Say(L"请减小 --size，或加大 --every"));
+    CString wrong =
+        WhyNoRoom(m_request.file, BytesOf(m_request, m_moments.size()), Say(L"请减小 --size，或加大 --every"));
     if (!wrong.IsEmpty() || !PreparePictures(wrong))
         return Refuse(kExitFailed, wrong);
+    return kExitOk;
+}
+
+int Film::Prepare() {
+    CString wrong;
     m_painter = ScenePainter::Open(wrong);
     if (!m_painter)
         return Refuse(kExitFailed, wrong);
     Complain(SayFormat(L"录像“%s”：%d 幅画面，%d x %d，不压缩，约 %s", Printable(m_request.file),
-                       static_cast<int>(m_moments.size()), m_request.width, m_request.height, BytesText(bytes)));
+                       static_cast<int>(m_moments.size()), m_request.width, m_request.height,
+                       BytesText(BytesOf(m_request, m_moments.size()))));
     return kExitOk;
 }
 

@@ -19,11 +19,16 @@ class Film {
 public:
     explicit Film(const FilmRequest& request) : m_request(request) {}
 
-    // Before the analysis, which takes its time: whether the film can be made, and what it will be, which is told on
-    // the error stream. Gives an ExitCode, and has complained unless it is success. The drawing is never replaced.
-    int Prepare(const DayRequest& day, const CString& drawing);
-    // After it: records. A film that the user stops has the pictures up to there; one that fails leaves nothing, and
-    // the file that was there. Gives an ExitCode like Prepare.
+    // All give an ExitCode, and have complained unless it is success. The first two come before the analysis, which
+    // takes its time.
+
+    // Whether the film can be made, as far as day and file go; in the thread of the host. The drawing is never
+    // replaced.
+    int Check(const DayRequest& day, const CString& drawing);
+    // Takes what draws, and tells what the film will be. From here on it belongs to one thread, where it goes, too.
+    int Prepare();
+    // Records. A film that the user stops has the pictures up to there; one that fails leaves nothing, and the file
+    // that was there.
     int Shoot(const AcDbDatabase& drawing, const AnalysisRequest& request, const AnalysisAnswer& answer,
               Progress& progress);
 
