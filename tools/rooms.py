@@ -97,8 +97,8 @@ FLOORS = [
         workbench("film", (SYSTEM, QT), ("terminal", "view")),
         workbench("report", (SYSTEM, QT), ("terminal", "view")),
         workbench("commands", (SYSTEM, QT, CLI11, JSON), ("terminal", "film", "report")),
-        workbench("panel", (QT, JSON), ("view", "commands")),
-        workbench("window", (SYSTEM, QT), ("terminal", "view", "commands", "panel")),
+        workbench("panel", (QT, JSON), ("view", "film", "commands")),
+        workbench("window", (SYSTEM, QT), ("terminal", "view", "report", "commands", "panel")),
         workbench("entry", (), ("terminal", "commands", "window")),
         # The program, which links the platform only.
         workbench("host", (SYSTEM,), ("entry",), lower=("platform",)),

@@ -1,97 +1,13 @@
 // The panel of analyses in the window: run, looked at in table, time line and view, out of date, cancelled.
 #include <QCheckBox>
+#include <QDateEdit>
 #include <QDockWidget>
 #include <QHeaderView>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTableView>
+#include <QSlider>
 #include <QTimeEdit>
-#include <QTimer>
+#include <QToolButton>
 
-#include "workbench/WindowStage.h"
-#include "workbench/panel/AnalysisPanel.h"
-#include "workbench/panel/DayLine.h"
-
-namespace {
-
-std::string Box(const char* handle, const char* layer, double x, double y, double width, double depth, double height) {
-    const auto number = [](double value) { return std::to_string(value); };
-    std::string text =
-        std::string("0\nLWPOLYLINE\n5\n") + handle + "\n8\n" + layer + "\n39\n" + number(height) + "\n90\n4\n70\n1\n";
-    for (const auto& [dx, dy] : {std::pair(0.0, 0.0), {width, 0.0}, {width, depth}, {0.0, depth}})
-        text += "10\n" + number(x + dx) + "\n20\n" + number(y + dy) + "\n";
-    return text;
-}
-
-// A window of 1.5 metres in the wall at y = 0, which looks south.
-std::string SouthWindow(const std::string& handle, double x) {
-    std::string text = "0\n3DFACE\n5\n" + handle + "\n8\nWINDOW\n";
-    int corner = 0;
-    for (const auto& [dx, z] : {std::pair(0.0, 1.0), {1.5, 1.0}, {1.5, 2.5}, {0.0, 2.5}}) {
-        const std::string which = std::to_string(corner++);
-        text += "1" + which + "\n" + std::to_string(x + dx) + "\n2" + which + "\n0\n3" + which + "\n" +
-                std::to_string(z) + "\n";
-    }
-    return text;
-}
-
-std::string Drawing(const std::string& entities) {
-    return "0\nSECTION\n2\nHEADER\n9\n$INSUNITS\n70\n6\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + entities +
-           "0\nENDSEC\n0\nEOF\n";
-}
-
-// A house with two windows, and a tower that stands 8 m south of the eastern one. From there it reaches from 31 degrees
-// west of south to 42 degrees east of it, where the sun of the winter solstice is from 9 until about 14; from the
-// western window it is seen between 37 and 69 degrees east of south, where the sun is not from half past nine on.
-std::string Yard() {
-    return Drawing(Box("A1", "HOUSE", 0, 0, 20, 10, 9) + Box("A2", "TOWER", 12, -12, 12, 4, 60) + SouthWindow("B1", 2) +
-                   SouthWindow("B2", 16) + Box("C1", "LAWN", 0, -6, 20, 4, 0));
-}
-
-class AnalysisPanelTest : public WindowStage {
-protected:
-    void SetUp() override {
-        WindowStage::SetUp();
-        m_window->resize(1200, 900);
-        m_path = m_folder.Write("yard.dxf", Yard());
-        ASSERT_TRUE(m_window->OpenFile(FromUtf8(m_path.string())));
-    }
-    SceneView* View() const { return Find<SceneView>("SceneView"); }
-    QTableView* Table() const { return Find<QTableView>("WindowTable"); }
-    DayLine* Day() const { return Find<DayLine>("DayLine"); }
-    std::string Text(const char* name) const { return Find<QLabel>(name)->text().toStdString(); }
-    std::string Cell(int row, int column) const {
-        return Table()->model()->index(row, column).data().toString().toStdString();
-    }
-    void Set(const char* field, const char* text) const {
-        auto* edit = Find<QLineEdit>(field);
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClick(edit, Qt::Key_Delete);
-        edit->insert(QString::fromUtf8(text));
-    }
-    void Run() const { QTest::keyClick(m_window.get(), Qt::Key_F9); }
-    void Press(const char* button) const { QTest::mouseClick(Find<QPushButton>(button), Qt::LeftButton); }
-    void ClickRow(int row) const {
-        const QRect cell = Table()->visualRect(Table()->model()->index(row, 0));
-        QTest::mouseClick(Table()->viewport(), Qt::LeftButton, {}, cell.center());
-    }
-    void ClickIn(const QcGePoint& point) const {
-        const ViewCamera& camera = View()->GetCamera();
-        const auto pixel = camera.Project(point);
-        ASSERT_TRUE(pixel);
-        const double scale = static_cast<double>(camera.GetWidth()) / View()->width();
-        QTest::mouseClick(View(), Qt::LeftButton, {}, QPointF(pixel->x / scale, pixel->y / scale).toPoint());
-    }
-    bool IsOutOfDate(const char* why) const {
-        return Find<QLabel>("OutOfDate")->isVisible() && Text("OutOfDate").find(why) != std::string::npos;
-    }
-
-    std::filesystem::path m_path;
-};
-
-}  // namespace
+#include "workbench/AnalysisPanelStage.h"
 
 TEST_F(AnalysisPanelTest, LeavesTheFocusWhereItWas) {
     Edit()->setFocus();
@@ -286,6 +202,60 @@ TEST_F(AnalysisPanelTest, RefusesWhatNoFieldCanHold) {
     EXPECT_TRUE(HasLogged("“-1”不是点距")) << Log();
 }
 
+TEST_F(AnalysisPanelTest, RefusesWhatThePlansFieldsCannotHold) {
+    const struct {
+        const char* field;
+        const char* text;
+        const char* complaint;
+    } kBad[] = {{"Sill", "high", "--sill 的值“high”不对"},
+                {"WindowHeight", "0", "--window-height 的值“0”不对"},
+                {"Storeys", "6", "--storeys 的值“6”不对"},
+                {"Facing", "south", "--facing 的值“south”不对"},
+                {"LeastAltitude", "90", "--least-altitude 的值“90”不对"}};
+    Find<QToolButton>("MoreFields")->click();
+    for (const auto& bad : kBad) {
+        Set(bad.field, bad.text);
+        Run();
+        EXPECT_TRUE(HasLogged(bad.complaint)) << Log();
+        EXPECT_EQ(QApplication::focusWidget(), Find<QLineEdit>(bad.field));
+        EXPECT_EQ(Table()->model()->rowCount(), 0) << bad.text;
+        Set(bad.field, "");
+    }
+}
+
+// A wall along y = 0 with the line of one window before it, which has neither sill nor height.
+TEST_F(AnalysisPanelTest, AnalysesTheWindowsOfAPlan) {
+    const std::string plan =
+        Drawing(BodyOf("A1", "HOUSE", 0, 0, 20, 10, 30) + "0\nLINE\n5\nB1\n8\nWINDOW\n10\n2\n20\n0\n11\n3.5\n21\n0\n");
+    ASSERT_TRUE(m_window->OpenFile(FromUtf8(m_folder.Write("plan.dxf", plan).string())));
+    Find<QToolButton>("MoreFields")->click();
+    Set("Sill", "0.9");
+    Set("WindowHeight", "1.5");
+    Set("Storeys", "6=2.9");
+    Run();
+    EXPECT_EQ(Table()->model()->rowCount(), 6) << Log();
+    Set("Storeys", "2=2.9");
+    EXPECT_TRUE(IsOutOfDate("上面的要求改动了"));
+    Set("LeastAltitude", "89");
+    Run();
+    EXPECT_EQ(Table()->model()->rowCount(), 2);
+    EXPECT_EQ(Cell(0, WindowModel::Hours), "0:00") << "the sun never stands that high in winter";
+}
+
+TEST_F(AnalysisPanelTest, FoldsAwayWhatFewAskFor) {
+    auto* more = Find<QToolButton>("MoreFields");
+    EXPECT_FALSE(Find<QLineEdit>("Sill")->isVisible());
+    EXPECT_EQ(more->text().toStdString(), "更多");
+    more->setFocus();
+    QTest::keyClick(more, Qt::Key_Space);
+    EXPECT_TRUE(Find<QLineEdit>("Sill")->isVisible());
+    Set("Sill", "0.9");
+    Find<QCheckBox>("Scope")->setChecked(true);
+    QTest::keyClick(more, Qt::Key_Space);
+    EXPECT_FALSE(Find<QLineEdit>("Sill")->isVisible());
+    EXPECT_EQ(more->text().toStdString(), "更多（已填 2 项）") << "it still counts";
+}
+
 TEST_F(AnalysisPanelTest, SaysWhyThereIsNoAnswer) {
     Set("WindowLayers", "NOWHERE");
     Run();
@@ -331,6 +301,76 @@ TEST_F(AnalysisPanelTest, TakesTheProjectAwayAndBringsItBack) {
     EXPECT_EQ(View()->GetPicked(), acdbCurDwg()->FindHandle(0xA2));
 }
 
+TEST_F(AnalysisPanelTest, LooksAtTheHourOfTheSlider) {
+    Run();
+    ClickRow(1);
+    auto* slider = Find<QSlider>("SunSlider");
+    slider->setFocus();
+    EXPECT_FALSE(View()->GetSun());
+    for (int i = 0; i < 5; ++i)
+        QTest::keyClick(slider, Qt::Key_PageUp);  // 12:00 + 5 * 0:30
+    EXPECT_NE(Text("MomentText").find("太阳照到这里"), std::string::npos) << "at 14:30: " << Text("MomentText");
+    EXPECT_EQ(Find<QTimeEdit>("Moment")->time(), QTime(14, 30));
+    for (int i = 0; i < 9; ++i)
+        QTest::keyClick(slider, Qt::Key_PageDown);
+    EXPECT_NE(Text("MomentText").find("TOWER"), std::string::npos) << "at 10:00: " << Text("MomentText");
+    ClickRow(0);
+    EXPECT_NE(Text("MomentText").find("太阳照到这里"), std::string::npos) << "B1 at 10:00: " << Text("MomentText");
+}
+
+TEST_F(AnalysisPanelTest, MovesTheSunToATimeThatIsChosen) {
+    Run();
+    ClickRow(1);
+    const std::vector<DayStretch>& stretches = Day()->GetStretches();
+    const auto lit = std::find_if(stretches.begin(), stretches.end(),
+                                  [](const DayStretch& each) { return each.kind == DayStretch::Kind::Lit; });
+    ASSERT_NE(lit, stretches.end());
+    const auto at = static_cast<std::size_t>(lit - stretches.begin());
+    QTest::mouseClick(Day(), Qt::LeftButton, {}, Day()->RectOf(at).center());
+    ASSERT_TRUE(View()->GetSun()) << "it is switched on";
+    const double time = View()->GetSun()->trueSolarTime;
+    EXPECT_GE(time, lit->period.start);
+    EXPECT_LE(time, lit->period.end);
+    EXPECT_NEAR(time, (lit->period.start + lit->period.end) / 2.0, 0.05) << "its middle was clicked";
+    EXPECT_NE(Text("MomentText").find("太阳照到这里"), std::string::npos) << Text("MomentText");
+    Find<QTimeEdit>("Moment")->setTime(QTime(9, 15));
+    EXPECT_NEAR(View()->GetSun()->trueSolarTime, 9.25, 1e-9);
+    EXPECT_EQ(Text("SunTime"), "09:15:00");
+    Day()->setFocus();
+    QTest::keyClick(Day(), Qt::Key_Home);
+    QTest::keyClick(Day(), Qt::Key_Return);
+    EXPECT_NEAR(View()->GetSun()->trueSolarTime, (stretches[0].period.start + stretches[0].period.end) / 2.0, 1e-9);
+    QTest::mouseClick(Day(), Qt::LeftButton, {}, QPoint(2, 10));
+    EXPECT_NEAR(View()->GetSun()->trueSolarTime, (stretches[0].period.start + stretches[0].period.end) / 2.0, 1e-9)
+        << "the names of the rows are no hours";
+}
+
+TEST_F(AnalysisPanelTest, TellsWhenTheViewShowsTheSunOfAnotherDay) {
+    Run();
+    ClickRow(1);
+    auto* date = Find<QDateEdit>("SunDate");
+    const QDate own = date->date();
+    date->setDate(QDate(2026, 6, 21));
+    EXPECT_NE(Text("MomentText").find("视图里的太阳是 2026-06-21 的"), std::string::npos) << Text("MomentText");
+    EXPECT_NE(Text("MomentText").find(own.toString(Qt::ISODate).toStdString()), std::string::npos);
+    date->setDate(own);
+    EXPECT_EQ(Text("MomentText").find("视图里的太阳是"), std::string::npos) << Text("MomentText");
+    date->setDate(QDate(2026, 6, 21));
+    Find<QCheckBox>("SunSwitch")->setChecked(false);
+    EXPECT_EQ(Text("MomentText").find("视图里的太阳是"), std::string::npos) << "it shows none";
+}
+
+TEST_F(AnalysisPanelTest, TurnsTheSunWithTheNorth) {
+    Find<QCheckBox>("SunSwitch")->setChecked(true);
+    EXPECT_EQ(View()->GetSun()->north, 0.0);
+    Set("North", "15");
+    EXPECT_EQ(View()->GetSun()->north, 15.0);
+    Find<QLineEdit>("North")->setText("north");
+    EXPECT_EQ(View()->GetSun()->north, 15.0) << "until it is a number again";
+    Set("North", "");
+    EXPECT_EQ(View()->GetSun()->north, 0.0);
+}
+
 TEST_F(AnalysisPanelTest, HasNamesForScreenReadersInBothLanguages) {
     Run();
     for (const char* language : {"zh", "en"}) {
@@ -338,50 +378,20 @@ TEST_F(AnalysisPanelTest, HasNamesForScreenReadersInBothLanguages) {
             for (QAction* action : m_window->findChildren<QAction*>())
                 if (action->text() == "&English")
                     action->trigger();
-        for (const char* name : {"WindowLayers", "Need", "North", "Proposed", "Areas", "Spacing", "WindowFilter",
-                                 "WindowTable", "Moment", "DayLine"})
+        for (const char* name : {"WindowLayers",  "Need",          "North",        "Proposed",  "Areas",
+                                 "Spacing",       "WindowFilter",  "WindowTable",  "Moment",    "DayLine",
+                                 "MadeFile",      "Sill",          "WindowHeight", "Storeys",   "Facing",
+                                 "LeastAltitude", "ReportProject", "ReportAuthor", "FilmEvery", "FilmSize"})
             EXPECT_FALSE(Find<QWidget>(name)->accessibleName().isEmpty()) << name;
-        for (const char* name : {"RunAnalysis", "RunIsolines", "WindowTable", "DayLine", "Moment", "Need"})
+        for (const char* name : {"RunAnalysis", "RunIsolines", "WindowTable", "DayLine", "Moment", "Need", "MakeReport",
+                                 "MakeFilm", "OpenMade", "MoreFields", "Scope"})
             EXPECT_NE(Find<QWidget>(name)->focusPolicy() & Qt::TabFocus, 0) << name;
     }
     EXPECT_EQ(Cell(1, WindowModel::Verdict), "fail");
     EXPECT_EQ(Text("AnalysisSummary"), "Windows: 2; passing: 1, failing: 1");
 }
 
-namespace {
-
-// So many windows that an analysis takes longer than a moment.
-class AnalysisPanelAtWork : public AnalysisPanelTest {
-protected:
-    void SetUp() override {
-        AnalysisPanelTest::SetUp();
-        std::string text = Box("A1", "HOUSE", 0, 0, 205, 10, 9);
-        for (int i = 0; i < 2500; ++i)
-            text += Box("0", "POLE", i % 50 * 4.0, -10.0 - i / 50 * 3.0, 0.5, 0.5, 60);
-        for (int i = 0; i < 1500; ++i)
-            text += SouthWindow("0", 0.13 * i + 0.3);
-        ASSERT_TRUE(m_window->OpenFile(FromUtf8(m_folder.Write("street.dxf", Drawing(text)).string())));
-    }
-    // Calls this once the bar of the progress is there.
-    void WhenRunning(const std::function<void()>& act) {
-        m_timer.setInterval(5);
-        m_timer.callOnTimeout([this, act] {
-            if (!Find<QProgressBar>("Progress")->isVisible())
-                return;
-            m_timer.stop();
-            m_hasActed = true;
-            act();
-        });
-        m_timer.start();
-    }
-
-    QTimer m_timer;
-    bool m_hasActed = false;
-};
-
-}  // namespace
-
-TEST_F(AnalysisPanelAtWork, LivesAndRefusesWhatWouldChangeTheDrawing) {
+TEST_F(AnalysisPanelTest, LivesAndRefusesWhatWouldChangeTheDrawing) {
     WhenRunning([this] {
         const double azimuth = View()->GetCamera().GetAzimuth();
         QTest::keyClick(View(), Qt::Key_Left);
@@ -393,20 +403,20 @@ TEST_F(AnalysisPanelAtWork, LivesAndRefusesWhatWouldChangeTheDrawing) {
     });
     Run();
     EXPECT_TRUE(m_hasActed);
-    EXPECT_EQ(Table()->model()->rowCount(), 1500);
+    EXPECT_EQ(Table()->model()->rowCount(), 2);
     EXPECT_TRUE(Find<QPushButton>("RunAnalysis")->isEnabled());
     EXPECT_FALSE(Find<QProgressBar>("Progress")->isVisible());
 }
 
-TEST_F(AnalysisPanelAtWork, LeavesOffWhenItIsTold) {
-    WhenRunning([this] { QTest::keyClick(m_window.get(), Qt::Key_Escape); });
+TEST_F(AnalysisPanelTest, LeavesOffWhenItIsTold) {
+    WhenRunning([this] { PressEscape(); });
     Run();
     EXPECT_TRUE(m_hasActed);
     EXPECT_TRUE(HasLogged("已取消")) << Log();
     EXPECT_EQ(Table()->model()->rowCount(), 0);
 }
 
-TEST_F(AnalysisPanelAtWork, LeavesOffWhenTheWindowIsClosed) {
+TEST_F(AnalysisPanelTest, LeavesOffWhenTheWindowIsClosed) {
     WhenRunning([this] { m_window->close(); });
     Run();
     EXPECT_TRUE(m_hasActed);

@@ -1,5 +1,7 @@
 // What the window keeps from one start to the next, and the entries of its menus that go with that.
 #include <QAction>
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QMenu>
 
 #include "settings/OrvoDataSet.h"
@@ -68,6 +70,29 @@ TEST_F(WindowKeeps, TheParallelView) {
     EXPECT_FALSE(Find<SceneView>("SceneView")->IsParallel());
 }
 
+TEST_F(WindowKeeps, TheFieldsOfTheAnalysis) {
+    const auto text = [this](const char* name) { return Find<QLineEdit>(name)->text().toStdString(); };
+    EXPECT_EQ(text("Need"), "2") << "at first";
+    Find<QLineEdit>("Need")->setText("");
+    Find<QLineEdit>("WindowLayers")->setText(QString::fromUtf8("窗 & <1>"));
+    Restart();
+    EXPECT_EQ(text("Need"), "") << "no verdict is a choice, too";
+    EXPECT_EQ(text("WindowLayers"), "窗 & <1>");
+    EXPECT_FALSE(Find<QLineEdit>("Storeys")->isVisible());
+    Find<QLineEdit>("Storeys")->setText("6=2.9");
+    Find<QLineEdit>("North")->setText("15");
+    Restart();
+    EXPECT_EQ(text("Storeys"), "6=2.9");
+    EXPECT_TRUE(Find<QLineEdit>("Storeys")->isVisible()) << "what counts is seen";
+    Find<QCheckBox>("SunSwitch")->setChecked(true);
+    EXPECT_EQ(Find<SceneView>("SceneView")->GetSun()->north, 15.0);
+    Find<QLineEdit>("Storeys")->setText("");
+    Find<QCheckBox>("Scope")->setChecked(true);
+    Restart();
+    EXPECT_TRUE(Find<QCheckBox>("Scope")->isVisible());
+    EXPECT_TRUE(Find<QCheckBox>("Scope")->isChecked());
+}
+
 TEST_F(WindowKeeps, TheFilesThatWereOpenedLast) {
     EXPECT_TRUE(Recent().empty());
     for (const char* name : {"a.dxf", "b.dxf", "c.dxf", "a.dxf"})
@@ -116,12 +141,15 @@ TEST_F(WindowKeeps, NothingThatMakesNoSense) {
     m_window.reset();
     m_folder.Write("odd",
                    "<ORVO_WINDOW><place>!!!</place><panels>AAAA</panels><language>xx</language><recent><file/>"
-                   "<other><file>x</file></other></recent></ORVO_WINDOW>");
+                   "<other><file>x</file></other></recent><analysis><Need><x>1</x></Need><Nothing>1</Nothing>"
+                   "<Sill>0.9</Sill></analysis></ORVO_WINDOW>");
     std::filesystem::copy_file(m_folder / "odd", File(), std::filesystem::copy_options::overwrite_existing);
     m_window = std::make_unique<MainWindow>();
     m_window->show();
     EXPECT_EQ(g_strCurLanguage, L"Chs");
     EXPECT_TRUE(Recent().empty());
+    EXPECT_EQ(Find<QLineEdit>("Need")->text().toStdString(), "2");
+    EXPECT_EQ(Find<QLineEdit>("Sill")->text().toStdString(), "0.9") << "and what does";
     EXPECT_EQ(Log(), "");
 }
 

@@ -4,8 +4,14 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <atomic>
+#include <chrono>
 #include <memory>
+#include <thread>
 
 #include "frame/ConfigSandbox.h"
 #include "platform/base/Language.h"
@@ -21,6 +27,7 @@
 #include "workbench/view/SceneView.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
+#include "workbench/window/LongWork.h"
 #include "workbench/window/MainWindow.h"
 
 class WindowStage : public ConfigSandbox {
@@ -50,6 +57,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
     }
     void TearDown() override {
+        LongWork::HoldForTest(nullptr);
         m_window.reset();
         m_seen.reset();
         acrxEntryPoint(AcRx::kUnloadAppMsg, &g_SunDataSet);
@@ -76,6 +84,31 @@ protected:
         Edit()->insert(QString::fromUtf8(line));  // key clicks know no Chinese letters
         QTest::keyClick(Edit(), Qt::Key_Return);
     }
+    // Calls this once the bar of the next work is there; the work begins after that.
+    void WhenRunning(const std::function<void()>& act) {
+        m_hasActed = false;
+        LongWork::HoldForTest([this] {
+            constexpr std::chrono::seconds kTooLong(60);  // then the test fails instead of standing still
+            const auto begin = std::chrono::steady_clock::now();
+            while (!m_hasActed && std::chrono::steady_clock::now() - begin < kTooLong)
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        });
+        m_timer.setInterval(5);
+        m_timer.callOnTimeout(m_window.get(), [this, act] {
+            if (m_hasActed || !Find<QProgressBar>("Progress")->isVisible())
+                return;
+            m_timer.stop();
+            act();
+            m_hasActed = true;
+        });
+        m_timer.start();
+    }
+    // Cancels what runs, by the key, and waits until it has been told.
+    void PressEscape() const {
+        const auto* button = Find<QPushButton>("CancelWork");
+        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !button->isEnabled(); }));
+    }
     // One entity with a face, one without.
     std::filesystem::path WriteDrawing(const char* name) const {
         return m_folder.Write(
@@ -93,4 +126,6 @@ protected:
 
     std::unique_ptr<ModalDriver> m_seen;
     std::unique_ptr<MainWindow> m_window;
+    QTimer m_timer;
+    std::atomic<bool> m_hasActed = false;
 };

@@ -20,13 +20,12 @@
 #include "workbench/commands/EntityWords.h"
 #include "workbench/commands/PointRemarks.h"
 #include "workbench/panel/RequestForm.h"
+#include "workbench/panel/ResultFiles.h"
 #include "workbench/panel/ResultShapes.h"
 #include "workbench/panel/WindowDayView.h"
 #include "workbench/view/IndexColors.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
-
-namespace {
 
 AnalysisProgress ProgressTo(SceneProgress& progress) {
     return [&progress](std::size_t done, std::size_t total) {
@@ -36,6 +35,8 @@ AnalysisProgress ProgressTo(SceneProgress& progress) {
     };
 }
 
+namespace {
+
 QString Sample(int rgb) {
     return QString("<span style=\"color:#%1\">&#9632;</span>&nbsp;").arg(rgb, 6, 16, QChar('0'));
 }
@@ -44,7 +45,7 @@ QString Sample(int rgb) {
 
 bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work) {
     try {
-        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project}, work))
+        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project, m_files}, work))
             return true;
         m_complain(Say(L"上一条命令还没有结束"));
     } catch (const std::bad_alloc&) {
@@ -53,25 +54,39 @@ bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(Scen
     return false;
 }
 
-void AnalysisPanel::RunWindows() {
-    if (!m_drawing.database)
-        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
-    auto report = std::make_shared<AnalysisReport>();
+bool AnalysisPanel::ReadRequest(AnalysisRequest& request) {
     CString reason;
-    if (!m_form->Read(report->request, reason))
-        return m_complain(reason);
-    if (ReadDaySettings({}, report->request))
-        return;  // why has been said
-    report->request.heights = m_drawing.heights;
+    const bool isRead = m_form->Read(request, reason);
+    if (!reason.IsEmpty())
+        m_complain(reason);
+    if (!isRead || ReadDaySettings({}, request))
+        return false;
+    request.heights = m_drawing.heights;
+    return true;
+}
+
+bool AnalysisPanel::RunWindows() {
+    const auto refuse = [this](const CString& why) {
+        m_complain(why);
+        return false;
+    };
+    if (!m_drawing.database)
+        return refuse(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+    auto report = std::make_shared<AnalysisReport>();
+    if (!ReadRequest(report->request))
+        return false;
     report->drawing = m_drawing.path;
+    report->fingerprint = m_drawing.fingerprint;
+    report->isChanged = m_drawing.database->IsModified();
     const AskedState state = StateNow(m_form->GetWindowTexts());
     const AcDbDatabase& database = *m_drawing.database;
     if (!RunAside(L"分析日照", [&](SceneProgress& progress) {
             report->answer = AnalyseWindows(database, report->request, ProgressTo(progress));
+            TellEntities(database, *report);
         }))
-        return;
+        return false;
     if (report->answer.failure != AnalysisFailure::None)
-        return m_complain(FailureText(report->request, report->answer));
+        return refuse(FailureText(report->request, report->answer));
     FindStandardOf(report->request.settings, *report);
     for (const CString& each : MessagesOf(report->request, report->answer))
         m_complain(each);
@@ -79,6 +94,7 @@ void AnalysisPanel::RunWindows() {
     m_windowState = state;
     ShowAnswers();
     m_say(Typed(m_summary->text()));
+    return true;
 }
 
 void AnalysisPanel::RunIsolines() {
@@ -86,9 +102,10 @@ void AnalysisPanel::RunIsolines() {
         return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
     auto report = std::make_shared<PointsReport>();
     CString reason;
-    if (!m_form->ReadAreas(report->request, reason))
-        return m_complain(reason);
-    if (ReadDaySettings({}, report->request))
+    const bool isRead = m_form->ReadAreas(report->request, reason);
+    if (!reason.IsEmpty())
+        m_complain(reason);
+    if (!isRead || ReadDaySettings({}, report->request))
         return;
     report->request.heights = m_drawing.heights;
     report->request.isolines = true;
@@ -125,13 +142,9 @@ void AnalysisPanel::RunSpot() {
         return;
     SpotRequest request;
     AnalysisRequest asked;
-    CString reason;
-    if (!m_form->Read(asked, reason))
-        return m_complain(reason);
-    static_cast<DayRequest&>(request) = asked;
-    if (ReadDaySettings({}, request))
+    if (!ReadRequest(asked))
         return;
-    request.heights = m_drawing.heights;
+    static_cast<DayRequest&>(request) = asked;
     request.windowLayers = asked.windowLayers;
     request.place = m_spot->place;
     request.outward = m_spot->outward;
@@ -150,7 +163,7 @@ void AnalysisPanel::RunSpot() {
         return m_complain(FailureText(request, answer));
     m_view.Choose({}, false);
     SelectChosen();
-    m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(database.GetHandle(spot.entity))), answer);
+    m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(database.GetHandle(spot.entity))), answer, request.terms.day);
 }
 
 AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
@@ -159,13 +172,16 @@ AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
 
 void AnalysisPanel::SetDrawing(PanelDrawing drawing, bool isAnother) {
     m_drawing = std::move(drawing);
-    m_runAction->setEnabled(m_drawing.database != nullptr);
+    for (QAction* action : GetActions())
+        action->setEnabled(m_drawing.database != nullptr);
+    m_files->SetReady(m_drawing.database != nullptr);
     m_spot.reset();  // what was there may be elsewhere
     m_spotButton->setEnabled(false);
     m_lines->setEnabled(m_drawing.database != nullptr);
     if (isAnother) {
         m_windows.reset();
         m_points.reset();
+        m_files->Clear();
         m_view.Choose({}, false);
         m_day->Clear();
         m_project->setChecked(true);
@@ -290,6 +306,12 @@ void AnalysisPanel::ShowDay() {
         m_day->SetWindow(*m_windows, *chosen, IsWithProject());
     else
         m_day->Clear();
+}
+
+void AnalysisPanel::SetSun(const std::optional<ViewSun>& sun, CalendarDay day) {
+    if (sun)
+        m_day->SetTime(sun->trueSolarTime);
+    m_day->SetSeenDay(sun ? std::optional(day) : std::nullopt);
 }
 
 void AnalysisPanel::SelectChosen() {

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "calendar/CalendarDay.h"
 #include "platform/geometry/QcGeVector3d.h"
 #include "platform/host/AcDbObjectId.h"
 #include "scene/LayerHeight.h"
@@ -16,6 +17,7 @@
 #include "workbench/panel/AskedState.h"
 #include "workbench/panel/WindowModel.h"
 #include "workbench/view/ScenePick.h"
+#include "workbench/view/ViewSun.h"
 
 class AcDbDatabase;
 class QAction;
@@ -25,8 +27,12 @@ class QLineEdit;
 class QPushButton;
 class QTableView;
 class RequestForm;
+class ResultFiles;
 class SceneView;
 class WindowDayView;
+
+// What an analysis tells of its progress, told on.
+AnalysisProgress ProgressTo(SceneProgress& progress);
 
 // The drawing that is analysed. Without a database there is none.
 struct PanelDrawing {
@@ -34,6 +40,7 @@ struct PanelDrawing {
     std::shared_ptr<const Scene> scene;
     std::vector<LayerHeight> heights;
     CString path;
+    std::optional<CString> fingerprint;  // of the file
 };
 
 // Answers are kept until the next one, or another drawing, comes. When drawing, settings or fields are no more those
@@ -50,13 +57,22 @@ public:
     void TakePicked(AcDbObjectId id);
     // Which of the scene's layers are hidden because the project is.
     HiddenLayers GetHidden() const;
+    // The sun that the view shows, and its day; none while it shows none.
+    void SetSun(const std::optional<ViewSun>& sun, CalendarDay day);
     void Retranslate();
 
-    void RunWindows();
+    // False when there is no answer; why has been said.
+    bool RunWindows();
     void RunIsolines();
     // The day of the spot that was clicked last; nothing where there is none.
     void RunSpot();
-    QAction* GetRunAction() const { return m_runAction; }
+    // Ask where to, and make the answer that they are of when there is none that holds.
+    void MakeReport();
+    void MakeFilm();
+    // To run, to make a report, and a film.
+    std::vector<QAction*> GetActions() const { return {m_runAction, m_reportAction, m_filmAction}; }
+    RequestForm& GetForm() const { return *m_form; }
+    ResultFiles& GetFiles() const { return *m_files; }
 
     // Each must be set. Runs work in a thread of its own while events go on, with these widgets disabled, and nobody
     // changes the drawing; false when something else runs.
@@ -66,6 +82,10 @@ public:
     std::function<void(const CString&)> m_say;
     std::function<void(const CString&)> m_complain;
     std::function<void()> m_onHidden;
+    // Somebody has chosen a moment: true solar time, hours.
+    std::function<void(double)> m_onTime;
+    // The field of the north holds another number.
+    std::function<void(double degrees)> m_onNorth;
 
 protected:
     QSize sizeHint() const override { return {320, 560}; }
@@ -77,6 +97,9 @@ private:
     void BuildTable(QWidget& inside);
     void Join();
     bool RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work);
+    // The fields, the settings in force and the heights. False, and why has been said, when one of them will not do.
+    bool ReadRequest(AnalysisRequest& request);
+    bool HasAnswer();
     AskedState StateNow(const QStringList& fields) const;
     bool IsWithProject() const;
     void ShowAnswers();
@@ -105,6 +128,9 @@ private:
     bool m_isSelecting = false;  // by us, and not by the user
 
     QAction* m_runAction;
+    QAction* m_reportAction;
+    QAction* m_filmAction;
+    ResultFiles* m_files = nullptr;
     RequestForm* m_form = nullptr;
     QPushButton* m_runButton = nullptr;
     QPushButton* m_lines = nullptr;

@@ -177,6 +177,9 @@ void DayLine::keyPressEvent(QKeyEvent* event) {
         to = std::max(m_current - 1, 0);
     else if (event->key() == Qt::Key_End)
         to = last;
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space) &&
+             m_current >= 0)
+        return AskForMiddle();
     else if (event->key() != Qt::Key_Home)
         return QWidget::keyPressEvent(event);
     if (last >= 0)
@@ -184,7 +187,28 @@ void DayLine::keyPressEvent(QKeyEvent* event) {
 }
 
 void DayLine::mousePressEvent(QMouseEvent* event) {
-    SetCurrent(At(event->position().toPoint()));
+    const QPoint place = event->position().toPoint();
+    SetCurrent(At(place));
+    AskForTimeAt(place.x());
+}
+
+// The shortest stretches are drawn broader than they are.
+void DayLine::AskForTimeAt(int x) {
+    const double first = XOf(m_span.start);
+    const double last = XOf(m_span.end);
+    if (!m_onTime || m_span.end <= m_span.start || x < first || x > last)
+        return;
+    const double time = m_span.start + (x - first) / (last - first) * (m_span.end - m_span.start);
+    if (m_current < 0)
+        return m_onTime(time);
+    const SunPeriod& period = m_stretches[static_cast<std::size_t>(m_current)].period;
+    m_onTime(std::clamp(time, period.start, period.end));
+}
+
+void DayLine::AskForMiddle() {
+    const SunPeriod& period = m_stretches[static_cast<std::size_t>(m_current)].period;
+    if (m_onTime)
+        m_onTime((period.start + period.end) / 2.0);
 }
 
 void DayLine::focusInEvent(QFocusEvent* event) {

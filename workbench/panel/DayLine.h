@@ -8,7 +8,8 @@
 #include "workbench/panel/DayStretches.h"
 
 // What a stretch is stands in its tooltip. The arrow keys, Home and End go from one to the next; which one it is is
-// marked, and told to screen readers and to m_onCurrent.
+// marked, and told to screen readers and to m_onCurrent. A click asks for the moment that it is at, Enter and Space for
+// the middle of the marked stretch.
 class DayLine : public QWidget {
 public:
     explicit DayLine(QWidget* parent);
@@ -25,6 +26,7 @@ public:
     int GetCurrent() const { return m_current; }  // -1 for none
 
     std::function<void()> m_onCurrent;
+    std::function<void(double hours)> m_onTime;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return {140, sizeHint().height()}; }
@@ -41,6 +43,8 @@ private:
     int LabelWidth() const;
     double XOf(double hours) const;
     int At(const QPoint& place) const;
+    void AskForTimeAt(int x);
+    void AskForMiddle();
     void SetCurrent(int stretch);
     void TellReaders();
     void PaintHours(QPainter& painter) const;

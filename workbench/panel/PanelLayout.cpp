@@ -13,6 +13,7 @@
 #include "platform/host/AcDbDatabase.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
+#include "workbench/panel/ResultFiles.h"
 #include "workbench/panel/WindowDayView.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
@@ -29,13 +30,20 @@ QLabel* NewLabel(QWidget& inside, const char* name) {
 }  // namespace
 
 AnalysisPanel::AnalysisPanel(QWidget* parent, SceneView& view)
-    : QScrollArea(parent), m_view(view), m_runAction(new QAction(this)) {
+    : QScrollArea(parent),
+      m_view(view),
+      m_runAction(new QAction(this)),
+      m_reportAction(new QAction(this)),
+      m_filmAction(new QAction(this)) {
     setObjectName("AnalysisPanel");
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_runAction->setShortcut(QKeySequence("F9"));
-    m_runAction->setEnabled(false);
+    m_reportAction->setShortcut(QKeySequence("Ctrl+R"));
+    m_filmAction->setShortcut(QKeySequence("Ctrl+M"));
+    for (QAction* action : GetActions())
+        action->setEnabled(false);
     auto* inside = new QWidget;
     setWidget(inside);
     Build(*inside);
@@ -60,6 +68,8 @@ void AnalysisPanel::Build(QWidget& inside) {
     buttons->addWidget(m_runButton, 1);
     buttons->addWidget(m_lines, 1);
     column->addLayout(buttons);
+    m_files = new ResultFiles(&inside);
+    column->addWidget(m_files);
     m_state = NewLabel(inside, "OutOfDate");
     QFont bold = m_state->font();
     bold.setBold(true);
@@ -112,6 +122,11 @@ void AnalysisPanel::BuildTable(QWidget& inside) {
 
 void AnalysisPanel::Join() {
     connect(m_runAction, &QAction::triggered, this, [this] { RunWindows(); });
+    connect(m_reportAction, &QAction::triggered, this, [this] { MakeReport(); });
+    connect(m_filmAction, &QAction::triggered, this, [this] { MakeFilm(); });
+    m_files->m_onReport = [this] { MakeReport(); };
+    m_files->m_onFilm = [this] { MakeFilm(); };
+    m_files->m_complain = [this](const CString& text) { m_complain(text); };
     connect(m_runButton, &QPushButton::clicked, this, [this] { RunWindows(); });
     connect(m_lines, &QPushButton::clicked, this, [this] { RunIsolines(); });
     connect(m_spotButton, &QPushButton::clicked, this, [this] { RunSpot(); });
@@ -127,7 +142,15 @@ void AnalysisPanel::Join() {
         if (m_onHidden)
             m_onHidden();
     });
-    m_form->m_onChange = [this] { CheckState(); };
+    m_form->m_onChange = [this] {
+        CheckState();
+        if (const std::optional<double> north = m_form->GetNorth(); north && m_onNorth)
+            m_onNorth(*north);
+    };
+    m_day->m_onTime = [this](double hours) {
+        if (m_onTime)
+            m_onTime(hours);
+    };
     m_view.m_onChoose = [this] {
         ShowDay();
         SelectChosen();
@@ -146,6 +169,9 @@ QSize AnalysisPanel::minimumSizeHint() const {
 
 void AnalysisPanel::Retranslate() {
     m_runAction->setText(ShownSay(L"分析日照(&A)"));
+    m_reportAction->setText(ShownSay(L"报告(&R)..."));
+    m_filmAction->setText(ShownSay(L"录像(&M)..."));
+    m_files->Retranslate();
     m_runButton->setText(ShownSay(L"分析日照(&A)"));
     m_runButton->setToolTip(ShownSay(L"分析每个窗的日照（F9）"));
     m_lines->setText(ShownSay(L"画等时线(&I)"));

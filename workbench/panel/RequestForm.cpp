@@ -1,10 +1,13 @@
 // Reads the fields, strictly: what is no number is refused, never guessed.
 #include "workbench/panel/RequestForm.h"
 
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QToolButton>
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -13,8 +16,11 @@
 #include "analysis/WindowAnalysis.h"
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
+#include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisRemarks.h"
+#include "workbench/commands/AskedDay.h"
+#include "workbench/commands/AskedPlan.h"
 #include "workbench/view/WidgetText.h"
 
 namespace {
@@ -75,6 +81,18 @@ bool ReadNorth(QLineEdit& edit, double& north, CString& reason) {
     return true;
 }
 
+std::optional<CString> Given(const QLineEdit& edit) {
+    const CString typed = Typed(edit.text().trimmed());
+    return typed.IsEmpty() ? std::nullopt : std::optional(typed);
+}
+
+// For what an option's own reader has refused, and told why.
+bool Refused(QLineEdit& edit) {
+    edit.setFocus();
+    edit.selectAll();
+    return false;
+}
+
 }  // namespace
 
 RequestForm::RequestForm(QWidget* parent) : QWidget(parent) {
@@ -82,51 +100,129 @@ RequestForm::RequestForm(QWidget* parent) : QWidget(parent) {
     form->setContentsMargins(0, 0, 0, 0);
     form->setVerticalSpacing(3);
     form->setRowWrapPolicy(QFormLayout::DontWrapRows);
-    m_windows = Add(*form, "WindowLayers", L"窗的图层", nullptr);
-    m_need = Add(*form, "Need", L"需要（小时）", L"没有结论");
-    m_north = Add(*form, "North", L"正北（度）", L"0");
-    m_proposed = Add(*form, "Proposed", L"方案图层", L"没有方案");
-    m_areas = Add(*form, "Areas", L"区域图层", L"画等时线时要有");
-    m_spacing = Add(*form, "Spacing", L"点距（米）", L"1");
+    constexpr const wchar_t* kLayers = L"图层的名字，几个之间用逗号";
+    m_windows = Add(*form, "WindowLayers", L"窗的图层", nullptr, kLayers);
+    m_need = Add(*form, "Need", L"需要（小时）", L"没有结论", nullptr);
+    m_north = Add(*form, "North", L"正北（度）", L"0", L"正北从图形的 y 轴起逆时针的度数");
+    m_proposed = Add(*form, "Proposed", L"方案图层", L"没有方案", kLayers);
+    m_areas = Add(*form, "Areas", L"区域图层", L"画等时线时要有", kLayers);
+    m_spacing = Add(*form, "Spacing", L"点距（米）", L"1", nullptr);
+    BuildMore();
     m_need->setText("2");
     Retranslate();
 }
 
-QLineEdit* RequestForm::Add(QFormLayout& form, const char* name, const wchar_t* label, const wchar_t* hint) {
-    auto* edit = new QLineEdit(this);
+void RequestForm::BuildMore() {
+    m_fold = new QToolButton(this);
+    m_fold->setObjectName("MoreFields");
+    m_fold->setCheckable(true);
+    m_fold->setAutoRaise(true);
+    m_fold->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_fold->setFocusPolicy(Qt::StrongFocus);
+    m_more = new QWidget(this);
+    auto* rows = static_cast<QFormLayout*>(layout());
+    rows->addRow(m_fold);
+    rows->addRow(m_more);
+    auto* form = new QFormLayout(m_more);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setVerticalSpacing(3);
+    m_sill = Add(*form, "Sill", L"窗台标高（米）", nullptr, L"平面图里标高为 0 的窗的窗台标高（--sill）");
+    m_windowHeight =
+        Add(*form, "WindowHeight", L"窗高（米）", nullptr, L"平面图里没有厚度的窗的窗高（--window-height）");
+    m_storeys = Add(*form, "Storeys", L"层数=层高", L"1", L"把平面图里的窗重复成几层，例如 6=2.9（--storeys）");
+    m_facing =
+        Add(*form, "Facing", L"窗朝向（度）", nullptr, L"分不清室外侧的窗的朝向，从正东起逆时针的度数（--facing）");
+    m_altitude = Add(*form, "LeastAltitude", L"最低高度角", L"0", L"太阳高度角低于它的时间不计（--least-altitude）");
+    m_scope = new QCheckBox(m_more);
+    m_scope->setObjectName("Scope");
+    form->addRow(m_scope);
+    m_project = Add(*form, "ReportProject", L"项目名称", nullptr, L"报告上的项目名称（--project）");
+    m_author = Add(*form, "ReportAuthor", L"编制人", nullptr, L"报告上的编制人（--author）");
+    m_every = Add(*form, "FilmEvery", L"录像每隔（分）", L"5", L"录像每隔多少分钟一幅画面，1 到 720（--every）");
+    m_size = Add(*form, "FilmSize", L"录像大小", L"1280x720", L"录像画面的大小，到 3840x2160（--size）");
+    connect(m_scope, &QCheckBox::toggled, this, [this] { TakeChange(); });
+    connect(m_fold, &QToolButton::toggled, this, [this] { ShowFolded(); });
+}
+
+QLineEdit* RequestForm::Add(QFormLayout& form, const char* name, const wchar_t* text, const wchar_t* hint,
+                            const wchar_t* tip) {
+    auto* edit = new QLineEdit(form.parentWidget());
     edit->setObjectName(name);
     edit->setMinimumWidth(60);
-    form.addRow(new QLabel(this), edit);
-    connect(edit, &QLineEdit::textChanged, this, [this] {
-        if (m_onChange)
-            m_onChange();
-    });
-    m_fields.push_back({edit, label, hint});
+    auto* label = new QLabel(form.parentWidget());
+    label->setBuddy(edit);
+    form.addRow(label, edit);
+    connect(edit, &QLineEdit::textChanged, this, [this] { TakeChange(); });
+    m_fields.push_back({edit, label, text, hint, tip});
     return edit;
+}
+
+void RequestForm::TakeChange() {
+    ShowFolded();
+    if (m_onChange)
+        m_onChange();
+}
+
+// Nothing that counts is out of sight without a word.
+void RequestForm::ShowFolded() {
+    m_more->setVisible(m_fold->isChecked());
+    m_fold->setArrowType(m_fold->isChecked() ? Qt::DownArrow : Qt::RightArrow);
+    const auto count = std::count_if(m_fields.begin(), m_fields.end(), [this](const Field& field) {
+        return field.edit->parentWidget() == m_more && !field.edit->text().trimmed().isEmpty();
+    });
+    const int filled = static_cast<int>(count) + (m_scope->isChecked() ? 1 : 0);
+    m_fold->setText(filled == 0 ? ShownSay(L"更多") : Shown(SayFormat(L"更多（已填 %d 项）", filled)));
 }
 
 void RequestForm::Retranslate() {
     for (const Field& field : m_fields) {
-        auto* label = qobject_cast<QLabel*>(static_cast<QFormLayout*>(layout())->labelForField(field.edit));
-        label->setText(ShownSay(field.label));
-        field.edit->setAccessibleName(ShownSay(field.label));
+        field.label->setText(ShownSay(field.text));
+        field.edit->setAccessibleName(ShownSay(field.text));
         if (field.hint)
             field.edit->setPlaceholderText(ShownSay(field.hint));
+        if (field.tip)
+            field.edit->setToolTip(ShownSay(field.tip));
     }
     m_windows->setPlaceholderText(Shown(WindowLayersText(AnalysisRequest())));
-    m_north->setToolTip(ShownSay(L"正北从图形的 y 轴起逆时针的度数"));
-    for (QLineEdit* edit : {m_windows, m_proposed, m_areas})
-        edit->setToolTip(ShownSay(L"图层的名字，几个之间用逗号"));
+    m_scope->setText(ShownSay(L"略去太远的遮挡"));
+    m_scope->setToolTip(ShownSay(L"按范围、高度的参数略去太远的遮挡（--scope）"));
+    m_fold->setToolTip(ShownSay(L"平面图里的窗、朝向、范围、报告和录像"));
+    ShowFolded();
+}
+
+bool RequestForm::ReadMore(DayRequest& request) const {
+    AskedDay facing;
+    facing.facing = Given(*m_facing);
+    if (ReadAskedDay(facing, request) != kExitOk)
+        return Refused(*m_facing);
+    AskedDay altitude;
+    altitude.leastAltitude = Given(*m_altitude);
+    const std::optional<double> direction = request.facing;
+    if (ReadAskedDay(altitude, request) != kExitOk)
+        return Refused(*m_altitude);
+    request.facing = direction;
+    return true;
+}
+
+// One at a time, to know whose fault it was.
+bool RequestForm::ReadPlan(PlanRules& rules) const {
+    if (ReadAskedPlan({Given(*m_sill), {}, {}}, rules) != kExitOk)
+        return Refused(*m_sill);
+    if (ReadAskedPlan({{}, Given(*m_windowHeight), {}}, rules) != kExitOk)
+        return Refused(*m_windowHeight);
+    return ReadAskedPlan({{}, {}, Given(*m_storeys)}, rules) == kExitOk || Refused(*m_storeys);
 }
 
 bool RequestForm::Read(AnalysisRequest& request, CString& reason) const {
+    request.isScoped = m_scope->isChecked();
     return ReadLayers(*m_windows, request.windowLayers, reason) && ReadNeed(*m_need, request.need, reason) &&
-           ReadNorth(*m_north, request.north, reason) && ReadLayers(*m_proposed, request.proposedLayers, reason);
+           ReadMore(request) && ReadPlan(request.plan) && ReadNorth(*m_north, request.north, reason) &&
+           ReadLayers(*m_proposed, request.proposedLayers, reason);
 }
 
 bool RequestForm::ReadAreas(PointRequest& request, CString& reason) const {
     if (!ReadLayers(*m_areas, request.areaLayers, reason) || !ReadNeed(*m_need, request.need, reason) ||
-        !ReadNorth(*m_north, request.north, reason))
+        !ReadMore(request) || !ReadNorth(*m_north, request.north, reason))
         return false;
     if (request.areaLayers.empty())
         return Refuse(*m_areas, Say(L"没有写区域图层：请写地面、屋面等闭合轮廓所在的图层"), reason);
@@ -142,9 +238,55 @@ bool RequestForm::ReadAreas(PointRequest& request, CString& reason) const {
 }
 
 QStringList RequestForm::GetWindowTexts() const {
-    return {m_windows->text(), m_need->text(), m_north->text(), m_proposed->text()};
+    QStringList texts;
+    for (const QLineEdit* edit :
+         {m_windows, m_need, m_north, m_proposed, m_sill, m_windowHeight, m_storeys, m_facing, m_altitude})
+        texts << edit->text();
+    return texts << (m_scope->isChecked() ? "1" : "0");
 }
 
 QStringList RequestForm::GetAreaTexts() const {
-    return {m_areas->text(), m_north->text(), m_spacing->text()};
+    return {m_areas->text(), m_north->text(), m_spacing->text(), m_facing->text(), m_altitude->text()};
+}
+
+AskedReport RequestForm::GetReport() const {
+    AskedReport asked;
+    asked.project = Given(*m_project);
+    asked.author = Given(*m_author);
+    return asked;
+}
+
+AskedFilm RequestForm::GetFilm() const {
+    AskedFilm asked;
+    asked.every = Given(*m_every);
+    asked.size = Given(*m_size);
+    return asked;
+}
+
+std::optional<double> RequestForm::GetNorth() const {
+    const CString typed = Typed(m_north->text().trimmed());
+    return typed.IsEmpty() ? 0.0 : ParseDecimal(typed);
+}
+
+std::vector<KeptField> RequestForm::GetKept() const {
+    std::vector<KeptField> kept;
+    for (const Field& field : m_fields)
+        kept.emplace_back(Typed(field.edit->objectName()), Typed(field.edit->text()));
+    kept.emplace_back(Typed(m_scope->objectName()), m_scope->isChecked() ? L"1" : L"0");
+    return kept;
+}
+
+// What is filled in is seen.
+void RequestForm::SetKept(const std::vector<KeptField>& kept) {
+    for (const auto& [name, text] : kept) {
+        for (const Field& field : m_fields)
+            if (Typed(field.edit->objectName()) == name)
+                field.edit->setText(Shown(text));
+        if (Typed(m_scope->objectName()) == name)
+            m_scope->setChecked(text == L"1");
+    }
+    const auto isFilled = [this](const Field& field) {
+        return field.edit->parentWidget() == m_more && !field.edit->text().isEmpty();
+    };
+    m_fold->setChecked(m_scope->isChecked() || std::any_of(m_fields.begin(), m_fields.end(), isFilled));
 }

@@ -3,10 +3,13 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QTimeEdit>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "facts/ClockText.h"
+#include "facts/DayText.h"
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisWords.h"
@@ -48,12 +51,14 @@ WindowDayView::WindowDayView(QWidget* parent) : QWidget(parent) {
     row->addWidget(m_time);
     row->addStretch(1);
     column->addLayout(row);
-    m_moment = AddText(*column, "MomentText");
-    m_moment->setTextFormat(Qt::RichText);
-    m_moment->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    m_momentText = AddText(*column, "MomentText");
+    m_momentText->setTextFormat(Qt::RichText);
+    m_momentText->setTextInteractionFlags(Qt::TextBrowserInteraction);
     m_line->m_onCurrent = [this] { ShowTexts(); };
-    connect(m_time, &QTimeEdit::timeChanged, this, [this] { ShowMoment(); });
-    connect(m_moment, &QLabel::linkActivated, this, [this](const QString& link) {
+    m_line->m_onTime = [this](double hours) { TakeTime(hours); };
+    connect(m_time, &QTimeEdit::timeChanged, this,
+            [this](QTime time) { TakeTime(QTime(0, 0).secsTo(time) / kSecondsPerHour); });
+    connect(m_momentText, &QLabel::linkActivated, this, [this](const QString& link) {
         if (m_onEntity)
             m_onEntity(link.toULongLong(nullptr, 16));
     });
@@ -64,7 +69,7 @@ void WindowDayView::Retranslate() {
     m_timeLabel->setText(ShownSay(L"太阳时刻(&T)"));
     m_time->setAccessibleName(ShownSay(L"真太阳时"));
     m_time->setToolTip(ShownSay(L"真太阳时：看这时谁遮住太阳"));
-    m_moment->setAccessibleName(ShownSay(L"这时的太阳"));
+    m_momentText->setAccessibleName(ShownSay(L"这时的太阳"));
     m_line->Retranslate();
     ShowTexts();
     ShowMoment();
@@ -78,18 +83,20 @@ void WindowDayView::SetWindow(const AnalysisReport& report, std::size_t window, 
     if (shown.facing)
         m_name += SayFormat(L"，朝%s", CompassWord(*shown.facing));
     if (isBefore)
-        SetHours(*shown.before, {}, report.answer);
+        SetHours(*shown.before, {}, report.answer, report.request.terms.day);
     else
-        SetHours(shown, shown.lost, report.answer);
+        SetHours(shown, shown.lost, report.answer, report.request.terms.day);
 }
 
-void WindowDayView::SetSpot(const CString& title, const SpotAnswer& answer) {
+void WindowDayView::SetSpot(const CString& title, const SpotAnswer& answer, CalendarDay day) {
     m_name = title;
     m_isTold = true;
-    SetHours(answer.hours, {}, answer);
+    SetHours(answer.hours, {}, answer, day);
 }
 
-void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer) {
+void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer,
+                             CalendarDay day) {
+    m_day = day;
     m_hours = std::move(hours);
     m_offset = answer.beijingOffset;
     m_line->SetDay(StretchesOf(m_hours, lost, m_offset, m_nameOf), answer.span);
@@ -104,12 +111,31 @@ void WindowDayView::Clear() {
     ShowMoment();
 }
 
-double WindowDayView::GetTime() const {
-    return QTime(0, 0).secsTo(m_time->time()) / kSecondsPerHour;
+void WindowDayView::SetTime(double hours) {
+    m_moment = hours;
+    const QSignalBlocker quiet(m_time);
+    m_time->setTime(QTime(0, 0).addSecs(static_cast<int>(std::lround(hours * kSecondsPerHour))));
+    ShowMoment();
 }
 
-void WindowDayView::SetTime(double hours) {
-    m_time->setTime(QTime(0, 0).addSecs(static_cast<int>(hours * kSecondsPerHour)));
+void WindowDayView::TakeTime(double hours) {
+    SetTime(hours);
+    if (m_onTime)
+        m_onTime(hours);
+}
+
+void WindowDayView::SetSeenDay(const std::optional<CalendarDay>& day) {
+    m_seenDay = day;
+    ShowMoment();
+}
+
+// The same moment of two days is not the same sun.
+QString WindowDayView::OtherDayText() const {
+    if (!m_seenDay || *m_seenDay == m_day)
+        return {};
+    return "<br>" + Shown(SayFormat(L"这里是 %s 的结果，视图里的太阳是 %s 的", FromUtf8(IsoDay(m_day)),
+                                    FromUtf8(IsoDay(*m_seenDay))))
+                        .toHtmlEscaped();
 }
 
 void WindowDayView::ShowTexts() {
@@ -133,10 +159,10 @@ void WindowDayView::ShowTexts() {
 }
 
 void WindowDayView::ShowMoment() {
-    const double time = GetTime();
+    const double time = m_moment;
     m_line->SetTime(time);
     if (m_name.IsEmpty() || !m_isTold)
-        return m_moment->clear();
+        return m_momentText->clear();
     const SunThen then = SunAt(m_hours, time);
     QString text = Shown(SayFormat(L"北京时间 %s：", ClockText(time + m_offset))).toHtmlEscaped();
     if (then.state == SunThen::State::Lit)
@@ -150,5 +176,5 @@ void WindowDayView::ShowMoment() {
         text += i == 0 ? " " : ", ";
         text += then.by[i] == 0 ? name : QString("<a href=\"%1\">%2</a>").arg(then.by[i], 0, 16).arg(name);
     }
-    m_moment->setText(text);
+    m_momentText->setText(text + OtherDayText());
 }

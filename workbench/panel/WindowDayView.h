@@ -3,8 +3,10 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "analysis/SpotAnalysis.h"
+#include "calendar/CalendarDay.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/panel/DayStretches.h"
 
@@ -21,33 +23,42 @@ public:
     // A window of a report, with the project or as it was before; both are copied.
     void SetWindow(const AnalysisReport& report, std::size_t window, bool isWithProject);
     // A spot that was clicked, and what is to be said of it.
-    void SetSpot(const CString& title, const SpotAnswer& answer);
+    void SetSpot(const CString& title, const SpotAnswer& answer, CalendarDay day);
     // No window is chosen, and no spot.
     void Clear();
     void Retranslate();
 
-    // The moment of the day, hours of true solar time.
-    double GetTime() const;
+    // The moment of the day, hours of true solar time, from 0 to less than 24.
+    double GetTime() const { return m_moment; }
     void SetTime(double hours);
+    // The day whose sun the view shows at that moment; none while it shows none.
+    void SetSeenDay(const std::optional<CalendarDay>& day);
 
+    // Somebody has chosen another moment here. It is shown already.
+    std::function<void(double hours)> m_onTime;
     // Receives the handle of an entity that hides the sun and was asked for.
     std::function<void(std::uint64_t)> m_onEntity;
 
 private:
     void ShowTexts();
     void ShowMoment();
+    void TakeTime(double hours);
+    QString OtherDayText() const;
 
     NameOfEntity m_nameOf;
-    void SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer);
+    void SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer, CalendarDay day);
 
     CString m_name;         // of what is shown; empty for nothing
     bool m_isTold = false;  // whether its sun could be told
     WindowHours m_hours;
     double m_offset = 0.0;
+    double m_moment = 12.0;
+    CalendarDay m_day = {};  // of what is shown
+    std::optional<CalendarDay> m_seenDay;
     QLabel* m_title;
     DayLine* m_line;
     QLabel* m_stretch;
     QLabel* m_timeLabel;
     QTimeEdit* m_time;
-    QLabel* m_moment;
+    QLabel* m_momentText;
 };

@@ -18,6 +18,11 @@ constexpr int kMomentMilliseconds = 250;
 constexpr int kStepMilliseconds = 50;
 constexpr int kSteps = 1000;
 
+std::function<void()>& Hold() {
+    static std::function<void()> hold;
+    return hold;
+}
+
 // What must not be used meanwhile.
 class Disabled {
 public:
@@ -67,7 +72,7 @@ void LongWork::Cancel() {
 }
 
 void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
-                   std::function<void(SceneProgress&)> work) {
+                   std::function<void(SceneProgress&)> work, bool canBeCancelled) {
     SceneProgress progress;
     m_progress = &progress;
     std::exception_ptr failure;
@@ -76,6 +81,8 @@ void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
         QEventLoop loop;
         std::thread thread([&] {
             try {
+                if (Hold())
+                    Hold()();
                 work(progress);
             } catch (...) {
                 failure = std::current_exception();
@@ -85,7 +92,7 @@ void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
             timer.setInterval(kStepMilliseconds);
-            ShowProgress(title);
+            ShowProgress(title, canBeCancelled);
         });
         timer.start(kMomentMilliseconds);
         loop.exec();
@@ -98,8 +105,12 @@ void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
         std::rethrow_exception(failure);
 }
 
+void LongWork::HoldForTest(std::function<void()> hold) {
+    Hold() = std::move(hold);
+}
+
 // Of a file that is still being read nobody knows how far it is.
-void LongWork::ShowProgress(const QString& title) {
+void LongWork::ShowProgress(const QString& title, bool canBeCancelled) {
     const std::size_t total = m_progress->total;
     const std::size_t done = m_progress->done;
     m_bar->setRange(0, total == 0 ? 0 : kSteps);
@@ -109,7 +120,7 @@ void LongWork::ShowProgress(const QString& title) {
     m_bar->setToolTip(title);
     m_bar->show();
     m_button->setEnabled(!m_progress->isCancelled);
-    if (!m_button->isHidden())
+    if (!canBeCancelled || !m_button->isHidden())
         return;
     m_button->show();
     m_button->setFocus();  // once: whoever turns the view meanwhile keeps the keys

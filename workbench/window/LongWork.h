@@ -18,15 +18,21 @@ public:
     explicit LongWork(QStatusBar& bar);
 
     // Runs `work`, and events meanwhile, until it has ended. The widgets given are disabled for that time, and then
-    // have the focus that they had. The bar appears when it takes longer than a moment. One at a time.
-    void Run(const QString& title, const std::vector<QWidget*>& disabled, std::function<void(SceneProgress&)> work);
+    // have the focus that they had. The bar appears when it takes longer than a moment, and the button with it unless
+    // the work has to come to its end. One at a time.
+    void Run(const QString& title, const std::vector<QWidget*>& disabled, std::function<void(SceneProgress&)> work,
+             bool canBeCancelled = true);
     // Asks what runs to leave off, if anything does.
     void Cancel();
     bool IsRunning() const { return m_progress != nullptr; }
     void Retranslate();
 
+    // Is called before each work begins, in its thread, until there is none any more: so a test has the time to do what
+    // somebody does meanwhile.
+    static void HoldForTest(std::function<void()> hold);
+
 private:
-    void ShowProgress(const QString& title);
+    void ShowProgress(const QString& title, bool canBeCancelled);
 
     QProgressBar* m_bar;
     QPushButton* m_button;

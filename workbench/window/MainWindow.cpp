@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QThread>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <exception>
@@ -27,6 +28,7 @@
 #include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/PromptLine.h"
 #include "workbench/panel/AnalysisPanel.h"
+#include "workbench/panel/RequestForm.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/CommandEdit.h"
@@ -36,18 +38,6 @@
 #include "workbench/window/WindowIcon.h"
 
 namespace {
-
-// The hour-glass while something takes its time; the window shows what it says before that begins.
-class WaitCursor {
-public:
-    WaitCursor() {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 // The first local file among what is dragged; empty when there is none.
 CString DraggedFile(const QMimeData& data) {
@@ -103,6 +93,7 @@ MainWindow::MainWindow() : m_menu(*this, ActionsOfMenu()) {
     m_sun->SetOn(m_memory.Get().isSunny);
     m_sun->m_onChoice = [this] { KeepSun(); };
     m_menu.SetSunny(m_sun->IsOn());
+    m_panels->GetAnalysis().GetForm().SetKept(m_memory.Get().fields);
     RestorePlace();
     m_edit->setFocus();
     for (const CString& message : MessagesOnUnusableFiles())
@@ -130,7 +121,10 @@ MainWindow::~MainWindow() {
 QWidget* MainWindow::BuildView() {
     m_view = new SceneView(this);
     m_sun = new SunBar(this);
-    m_sun->m_onSun = [this] { m_view->SetSun(m_sun->GetSun()); };
+    m_sun->m_onSun = [this] {
+        m_view->SetSun(m_sun->GetSun());
+        m_panels->GetAnalysis().SetSun(m_sun->GetSun(), m_sun->GetDay());
+    };
     auto* both = new QWidget(this);
     auto* column = new QVBoxLayout(both);
     column->setContentsMargins(0, 0, 0, 0);
@@ -171,8 +165,10 @@ void MainWindow::BuildWidgets() {
     splitter->setSizes({520, 180});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
-    m_drawing.SetRunner([this](const std::function<void(SceneProgress&)>& work) {
-        RunAside(ShownSay(L"读入图形"), {m_panels->GetLayers(), &m_panels->GetAnalysis()}, work);
+    m_drawing.SetRunner([this](OpenDrawing::Work kind, const std::function<void(SceneProgress&)>& work) {
+        const bool isReading = kind == OpenDrawing::Work::Reading;
+        RunAside(isReading ? ShownSay(L"读入图形") : ShownSay(L"保存图形"),
+                 {m_panels->GetLayers(), &m_panels->GetAnalysis()}, work, isReading);
     });
     m_panels = std::make_unique<SidePanels>(*this, *m_view, m_drawing);
     m_panels->m_onHeights = [this] { ApplyHeights(); };
@@ -194,12 +190,12 @@ void MainWindow::BuildWidgets() {
 
 // The drawing is not to be touched meanwhile. What is in the view may be looked at from all sides.
 void MainWindow::RunAside(const QString& title, std::vector<QWidget*> disabled,
-                          const std::function<void(SceneProgress&)>& work) {
+                          const std::function<void(SceneProgress&)>& work, bool canBeCancelled) {
     disabled.insert(disabled.end(), {menuBar(), m_edit});
     m_isRunning = true;
     const auto end = [this] { m_isRunning = false; };
     try {
-        m_work->Run(title, disabled, work);
+        m_work->Run(title, disabled, work, canBeCancelled);
     } catch (...) {
         end();
         throw;
@@ -211,6 +207,8 @@ void MainWindow::JoinAnalysis() {
     AnalysisPanel& panel = m_panels->GetAnalysis();
     panel.m_say = [this](const CString& text) { m_log->AddText(text); };
     panel.m_complain = [this](const CString& text) { m_log->AddComplaint(text); };
+    panel.m_onTime = [this](double hours) { m_sun->ShineAt(hours); };
+    panel.m_onNorth = [this](double degrees) { m_sun->SetNorth(degrees); };
     panel.m_run = [this](const QString& title, std::vector<QWidget*> disabled,
                          const std::function<void(SceneProgress&)>& work) {
         if (m_isRunning)
@@ -218,11 +216,15 @@ void MainWindow::JoinAnalysis() {
         // Heights are typed into the list of layers.
         disabled.push_back(m_panels->GetLayers());
         RunAside(title, disabled, work);
-        // Once the panel has shown what there is.
-        QMetaObject::invokeMethod(
-            this, [this] { CloseIfAsked(); }, Qt::QueuedConnection);
+        CloseLaterIfAsked();
         return true;
     };
+}
+
+// Once whoever ran something has shown what there is.
+void MainWindow::CloseLaterIfAsked() {
+    QMetaObject::invokeMethod(
+        this, [this] { CloseIfAsked(); }, Qt::QueuedConnection);
 }
 
 bool MainWindow::CloseIfAsked() {
@@ -236,8 +238,8 @@ void MainWindow::TakeOverStreams() {
     SetOutputSink(this);
     SetCommandLineSink(
         [](const wchar_t* text, void* window) { static_cast<MainWindow*>(window)->m_log->AddText(text); }, this);
-    SetMessageSink(
-        [](const wchar_t* text, void* window) { static_cast<MainWindow*>(window)->m_log->AddComplaint(text); }, this);
+    SetMessageSink([](const wchar_t* text, void* window) { static_cast<MainWindow*>(window)->AddComplaint(text); },
+                   this);
 }
 
 void MainWindow::TakeAnswer(std::string_view text) {
@@ -245,7 +247,14 @@ void MainWindow::TakeAnswer(std::string_view text) {
 }
 
 void MainWindow::TakeComplaint(std::string_view text) {
-    m_log->AddComplaint(FromUtf8(text));
+    AddComplaint(FromUtf8(text));
+}
+
+void MainWindow::AddComplaint(const CString& text) {
+    if (QThread::currentThread() == thread())
+        return m_log->AddComplaint(text);
+    QMetaObject::invokeMethod(
+        this, [this, text] { m_log->AddComplaint(text); }, Qt::QueuedConnection);
 }
 
 void MainWindow::Retranslate() {
@@ -470,16 +479,14 @@ bool MainWindow::SaveAs() {
 
 bool MainWindow::SaveTo(const CString& path) {
     CString message;
-    bool isSaved = false;
-    {
-        const WaitCursor wait;
-        isSaved = m_drawing.Save(path, message);
-    }
+    const bool isSaved = m_drawing.Save(path, message);
     if (isSaved)
         m_log->AddText(SayFormat(L"已保存到 %s", Printable(path)));
     else
         m_log->AddComplaint(message);
+    m_panels->ShowDrawing(false);  // another file
     RefreshTitle();
+    CloseLaterIfAsked();
     return isSaved;
 }
 
@@ -514,8 +521,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->setAccepted(!m_isRunning && MayLeaveDrawing());
     m_isClosed = event->isAccepted();
-    if (event->isAccepted())
+    if (event->isAccepted()) {
         m_memory.KeepPlace(saveGeometry().toStdString(), saveState().toStdString());
+        m_memory.KeepFields(m_panels->GetAnalysis().GetForm().GetKept());
+    }
     m_isClosing = m_isClosing && m_isRunning;
 }
 

@@ -46,6 +46,8 @@ private:
 
     void BuildWidgets();
     void TakeOverStreams();
+    // From whichever thread.
+    void AddComplaint(const CString& text);
     // Puts every text of the window into the language in force.
     void Retranslate();
     // Shows what a command may have changed: the settings' note, the drawing and its state.
@@ -54,11 +56,12 @@ private:
     void RunTyped(const CString& line);
     MenuActions ActionsOfMenu();
     void RestorePlace();
-    void RunAside(const QString& title, std::vector<QWidget*> disabled,
-                  const std::function<void(SceneProgress&)>& work);
+    void RunAside(const QString& title, std::vector<QWidget*> disabled, const std::function<void(SceneProgress&)>& work,
+                  bool canBeCancelled = true);
     void JoinAnalysis();
     // Closes the window now if it was to be closed while something ran.
     bool CloseIfAsked();
+    void CloseLaterIfAsked();
     void ChooseFile();
     void Reload();
     // After a command: another program, or the command itself, may have written the drawing's file.

@@ -7,6 +7,7 @@
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisWords.h"
+#include "workbench/report/Sha256.h"
 
 namespace fs = std::filesystem;
 
@@ -33,6 +34,7 @@ std::shared_ptr<const Scene> SceneOf(const AcDbDatabase& drawing, const std::vec
 
 LoadedDrawing Load(const CString& path, const std::vector<LayerHeight>& heights, SceneProgress& progress) {
     LoadedDrawing loaded;
+    loaded.fingerprint = Sha256OfFile(path);
     auto drawing = std::make_unique<AcDbDatabase>();
     if (drawing->dxfIn(path.GetString(), &loaded.message) != Acad::eOk)
         return loaded;
@@ -65,9 +67,9 @@ bool OpenDrawing::Reload(CString& message) {
     return IsOpen() && Read(CString(m_path), std::vector<LayerHeight>(m_heights), message);
 }
 
-void OpenDrawing::RunWork(const std::function<void(SceneProgress&)>& work) const {
+void OpenDrawing::RunWork(Work kind, const std::function<void(SceneProgress&)>& work) const {
     if (m_runner)
-        return m_runner(work);
+        return m_runner(kind, work);
     SceneProgress progress;
     work(progress);
 }
@@ -75,7 +77,7 @@ void OpenDrawing::RunWork(const std::function<void(SceneProgress&)>& work) const
 bool OpenDrawing::Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message) {
     const std::optional<FileState> state = StateOf(path);
     LoadedDrawing loaded;
-    RunWork([&](SceneProgress& progress) { loaded = Load(path, heights, progress); });
+    RunWork(Work::Reading, [&](SceneProgress& progress) { loaded = Load(path, heights, progress); });
     message = loaded.message;
     if (!loaded.scene)
         return false;
@@ -87,16 +89,26 @@ bool OpenDrawing::Read(const CString& path, const std::vector<LayerHeight>& heig
     m_isOtherHeights = false;
     m_path = path;
     m_state = state;
+    m_fingerprint = loaded.fingerprint;
     m_inHost.emplace(*m_drawing);
     message = m_drawing->GetReadWarning();
     return true;
 }
 
 bool OpenDrawing::Save(const CString& path, CString& message) {
-    if (m_drawing->dxfOut(path.GetString(), &message) != Acad::eOk)
+    bool isSaved = false;
+    std::optional<FileState> state;
+    std::optional<CString> fingerprint;
+    RunWork(Work::Saving, [&](SceneProgress& /*progress*/) {
+        isSaved = m_drawing->dxfOut(path.GetString(), &message) == Acad::eOk;
+        state = StateOf(path);
+        fingerprint = Sha256OfFile(path);
+    });
+    if (!isSaved)
         return false;
     m_path = path;
-    m_state = StateOf(path);
+    m_state = state;
+    m_fingerprint = fingerprint;
     return true;
 }
 
@@ -105,7 +117,7 @@ bool OpenDrawing::RefreshScene(CString& message) {
         return true;
     std::shared_ptr<const Scene> scene;
     bool isCancelled = false;
-    RunWork([&](SceneProgress& progress) {
+    RunWork(Work::Reading, [&](SceneProgress& progress) {
         scene = SceneOf(*m_drawing, m_heights, progress, message);
         isCancelled = progress.isCancelled;
     });

@@ -18,6 +18,7 @@ struct LoadedDrawing {
     std::unique_ptr<AcDbDatabase> drawing;
     std::shared_ptr<const Scene> scene;
     CString message;  // why there is none; empty where it was cancelled
+    std::optional<CString> fingerprint;
 };
 
 // It is open in the host (acdbCurDwg, and known to the plug-ins) from a successful Open until another one takes its
@@ -30,8 +31,9 @@ public:
     OpenDrawing& operator=(const OpenDrawing&) = delete;
 
     // Runs work that takes its time; it may be in another thread, as long as it has ended when this returns.
-    using Runner = std::function<void(const std::function<void(SceneProgress&)>& work)>;
-    // Without one the work is done at once.
+    enum class Work { Reading, Saving };
+    using Runner = std::function<void(Work kind, const std::function<void(SceneProgress&)>& work)>;
+    // Without one the work is done at once. Saving cannot be cancelled.
     void SetRunner(Runner runner) { m_runner = std::move(runner); }
 
     // Takes the place of the drawing that was open. False, with the reason (none where it was cancelled), and that one
@@ -54,6 +56,8 @@ public:
     bool IsModified() const { return IsOpen() && m_drawing->IsModified(); }
     // Whether somebody else has written the file since it was opened or saved; also when it is gone.
     bool HasFileChanged() const;
+    // Of the file as it was read or saved; none where a file has none.
+    const std::optional<CString>& GetFingerprint() const { return m_fingerprint; }
     // Absolute; empty when none is open.
     const CString& GetPath() const { return m_path; }
     CString GetFileName() const;
@@ -70,7 +74,7 @@ private:
         bool operator==(const FileState&) const = default;
     };
     static std::optional<FileState> StateOf(const CString& path);
-    void RunWork(const std::function<void(SceneProgress&)>& work) const;
+    void RunWork(Work kind, const std::function<void(SceneProgress&)>& work) const;
     bool Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message);
 
     Runner m_runner;
@@ -82,6 +86,7 @@ private:
     bool m_isOtherHeights = false;  // than those that the scene was made with
     CString m_path;
     std::optional<FileState> m_state;
+    std::optional<CString> m_fingerprint;
 };
 
 // What to say where a scene without faces would be.

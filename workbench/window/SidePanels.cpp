@@ -31,7 +31,8 @@ SidePanels::SidePanels(QMainWindow& window, SceneView& view, OpenDrawing& drawin
     m_analysisDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+3"));
     for (const QDockWidget* dock : {m_layerDock, m_propertyDock, m_analysisDock})
         window.addAction(dock->toggleViewAction());
-    window.addAction(m_analysis->GetRunAction());
+    for (QAction* action : m_analysis->GetActions())
+        window.addAction(action);
     m_layers->m_onHidden = [this] { ShowHidden(); };
     m_analysis->m_onHidden = [this] { ShowHidden(); };
     m_layers->m_onHeights = [this](const std::vector<LayerHeight>& heights) {
@@ -85,16 +86,18 @@ void SidePanels::AddEntries(QMenu& menu) const {
     menu.addAction(m_propertyDock->toggleViewAction());
     menu.addAction(m_analysisDock->toggleViewAction());
     menu.addSeparator();
-    menu.addAction(m_analysis->GetRunAction());
+    for (QAction* action : m_analysis->GetActions())
+        menu.addAction(action);
 }
 
 void SidePanels::ShowDrawing(bool isAnother) {
     if (m_drawing.IsOpen())
         m_layers->SetRows(LayerRowsOf(*m_drawing.GetScene(), m_drawing.GetDatabase()), m_drawing.GetHeights(),
                           isAnother);
-    m_analysis->SetDrawing(m_drawing.IsOpen() ? PanelDrawing{&m_drawing.GetDatabase(), m_drawing.GetScene(),
-                                                             m_drawing.GetHeights(), m_drawing.GetPath()}
-                                              : PanelDrawing(),
+    m_analysis->SetDrawing(m_drawing.IsOpen()
+                               ? PanelDrawing{&m_drawing.GetDatabase(), m_drawing.GetScene(), m_drawing.GetHeights(),
+                                              m_drawing.GetPath(), m_drawing.GetFingerprint()}
+                               : PanelDrawing(),
                            isAnother);
     ShowHidden();
     ShowPicked();

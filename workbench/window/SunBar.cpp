@@ -119,6 +119,16 @@ void SunBar::SetOn(bool isOn) {
     m_switch->setChecked(isOn);
 }
 
+void SunBar::ShineAt(double trueSolarTime) {
+    SetMoment(trueSolarTime);
+    SetOn(true);
+}
+
+CalendarDay SunBar::GetDay() const {
+    const QDate date = m_date->date();
+    return {date.year(), date.month(), date.day()};
+}
+
 bool SunBar::IsOn() const {
     return m_switch->isChecked();
 }
@@ -219,8 +229,7 @@ void SunBar::SetMoment(double trueSolarTime) {
 }
 
 void SunBar::TakeSlider() {
-    SetMoment(m_slider->value() / static_cast<double>(kMinutesPerHour) - (m_sun ? m_sun->shownLater : 0.0));
-    SetOn(true);
+    ShineAt(m_slider->value() / static_cast<double>(kMinutesPerHour) - (m_sun ? m_sun->shownLater : 0.0));
 }
 
 CString SunBar::FindFault() const {
@@ -235,8 +244,7 @@ void SunBar::Change() {
     m_fault = FindFault();
     m_sun.reset();
     if (m_fault.IsEmpty()) {
-        const QDate date = m_date->date();
-        const DayTerms terms = TermsFor({date.year(), date.month(), date.day()});
+        const DayTerms terms = TermsFor(GetDay());
         if (terms.IsReasonable()) {
             const SunDay day = ComputeSunDay(terms, *m_settings.place);
             m_sun = ViewSun{day, m_north, m_moment, IsBeijing() ? day.BeijingTime(0.0) : 0.0};

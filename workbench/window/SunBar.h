@@ -37,6 +37,9 @@ public:
     void SetBeijing(bool isBeijing);
     bool IsBeijing() const;
     void SetOn(bool isOn);
+    // Somebody wants the sun of a moment: true solar time, any, since the day goes round.
+    void ShineAt(double trueSolarTime);
+    CalendarDay GetDay() const;
     bool IsOn() const;
     void Retranslate();
 

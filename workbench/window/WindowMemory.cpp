@@ -17,6 +17,8 @@ namespace {
 
 constexpr const wchar_t* kRoot = L"ORVO_WINDOW";
 constexpr int kLongestPlace = 100'000;
+constexpr int kMostFields = 100;
+constexpr int kLongestField = 10'000;
 
 CString FilePath() {
     return UserFolder() + L"/window.xml";
@@ -56,6 +58,11 @@ RememberedWindow Read(const QcDtDictionary& file) {
         for (int i = 0; i < recent->GetCount() && remembered.recent.size() < kMostRecentFiles; ++i)
             if (const CString path = recent->GetItem(i)->GetStringValue(); !path.IsEmpty())
                 remembered.recent.push_back(path);
+    if (const QcDtDictionary* const fields = file.FindDict(L"analysis"))
+        for (int i = 0; i < std::min(fields->GetCount(), kMostFields); ++i)
+            if (const QcDtDictItem& field = *fields->GetItem(i);
+                field.GetType() == QcDtKindString && field.GetStringValue().GetLength() <= kLongestField)
+                remembered.fields.emplace_back(field.GetName(), field.GetStringValue());
     return remembered;
 }
 
@@ -72,6 +79,9 @@ void Write(const RememberedWindow& remembered, QcDtDictionary& file) {
         item->SetStringValue(path);
         recent->AppendItem(item);
     }
+    QcDtDictionary* const fields = file.FindOrAddDict(L"analysis");
+    for (const auto& [name, text] : remembered.fields)
+        SetText(*fields, name.GetString(), text);
 }
 
 bool ReadFile(RememberedWindow& remembered) {
@@ -114,6 +124,10 @@ void WindowMemory::KeepPlace(const std::string& place, const std::string& panels
         remembered.place = place;
         remembered.panels = panels;
     });
+}
+
+void WindowMemory::KeepFields(const std::vector<std::pair<CString, CString>>& fields) {
+    Keep([&](RememberedWindow& remembered) { remembered.fields = fields; });
 }
 
 void WindowMemory::KeepLanguage(const CString& language) {

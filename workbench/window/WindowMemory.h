@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/base/CString.h"
@@ -19,6 +20,7 @@ struct RememberedWindow {
     bool isSunny = false;         // it, too
     bool isBeijing = false;       // the clock of its sun
     std::vector<CString> recent;  // absolute paths of drawings, the latest first
+    std::vector<std::pair<CString, CString>> fields;  // of the analysis, each with what stands in it
 };
 
 // Several windows may be open at once: each writes what it changed over what the file has by then, so that the recent
@@ -31,6 +33,7 @@ public:
     const RememberedWindow& Get() const { return m_remembered; }
 
     void KeepPlace(const std::string& place, const std::string& panels);
+    void KeepFields(const std::vector<std::pair<CString, CString>>& fields);
     void KeepLanguage(const CString& language);
     void KeepParallel(bool isParallel);
     void KeepSun(bool isSunny, bool isBeijing);

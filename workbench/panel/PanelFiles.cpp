@@ -1,0 +1,106 @@
+// What the panel makes of an answer: a report and a film, as the subcommand for windows makes them.
+#include <algorithm>
+#include <optional>
+
+#include "platform/base/PlainText.h"
+#include "platform/host/AcDbDatabase.h"
+#include "platform/host/ExitCode.h"
+#include "platform/host/Progress.h"
+#include "platform/window/CFileDialog.h"
+#include "workbench/Texts.h"
+#include "workbench/commands/AnalysisPage.h"
+#include "workbench/commands/AskedFilm.h"
+#include "workbench/commands/AskedReport.h"
+#include "workbench/film/Film.h"
+#include "workbench/panel/AnalysisPanel.h"
+#include "workbench/panel/RequestForm.h"
+#include "workbench/panel/ResultFiles.h"
+#include "workbench/view/SceneView.h"
+
+namespace {
+
+class ProgressInBar : public Progress {
+public:
+    explicit ProgressInBar(SceneProgress& progress) : m_progress(progress) {}
+    bool Show(int done, int total, const CString& /*text*/) override {
+        m_progress.total = static_cast<std::size_t>(total);
+        m_progress.done = static_cast<std::size_t>(done);
+        return !m_progress.isCancelled;
+    }
+
+private:
+    SceneProgress& m_progress;
+};
+
+// From where the view looks; its plan is the film's.
+void LookAs(const ViewCamera& camera, double north, FilmRequest& film) {
+    constexpr double kSteepest = 89.0;
+    if (camera.GetAltitude() > kSteepest)
+        film.view = StandardView::Top;
+    else
+        film.camera = FilmCamera{camera.GetAzimuth() + north, std::max(0.0, camera.GetAltitude())};
+}
+
+}  // namespace
+
+bool AnalysisPanel::HasAnswer() {
+    return (m_windows && ChangesBetween(m_windowState, StateNow(m_form->GetWindowTexts())).IsEmpty()) || RunWindows();
+}
+
+// Whether the folder may be taken is found out before anybody waits.
+void AnalysisPanel::MakeReport() {
+    if (!m_drawing.database)
+        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+    CFolderPickerDialog dialog(nullptr, 0, acedGetAcadFrame());
+    if (dialog.DoModal() != IDOK)
+        return;
+    AskedReport asked = m_form->GetReport();
+    asked.folder = dialog.GetPathName();
+    PageRequest page;
+    if (ReadAskedReport(asked, page) != kExitOk || !HasAnswer())
+        return;
+    const AnalysisReport& report = *m_windows;
+    const AcDbDatabase& database = *m_drawing.database;
+    int code = kExitFailed;
+    if (!RunAside(
+            L"写出报告",
+            [&](SceneProgress& progress) { code = WriteAnalysisPage(report, database, page, ProgressTo(progress)); }) ||
+        code != kExitOk)
+        return;
+    const CString file = page.folder + L"/index.html";
+    m_say(SayFormat(L"报告已写到 %s", Printable(file)));
+    m_files->SetMade(Say(L"报告："), file);
+}
+
+// What draws belongs to the thread that records, and ends there.
+void AnalysisPanel::MakeFilm() {
+    if (!m_drawing.database)
+        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+    CFileDialog dialog(FALSE, L"avi", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                       (Say(L"录像 (*.avi)") + L"|*.avi||").GetString(), acedGetAcadFrame());
+    if (dialog.DoModal() != IDOK)
+        return;
+    AskedFilm asked = m_form->GetFilm();
+    asked.file = dialog.GetPathName();
+    asked.isYes = true;  // the dialog has asked
+    std::optional<FilmRequest> request;
+    AnalysisRequest day;
+    if (ReadAskedFilm(asked, request) != kExitOk || !ReadRequest(day))
+        return;
+    LookAs(m_view.GetCamera(), day.north, *request);
+    Film film(*request);
+    if (film.Check(day, m_drawing.path) != kExitOk || !HasAnswer())
+        return;
+    const AnalysisReport& report = *m_windows;
+    const AcDbDatabase& database = *m_drawing.database;
+    int code = kExitFailed;
+    const auto shoot = [&](SceneProgress& progress) {
+        Film shot = std::move(film);
+        ProgressInBar bar(progress);
+        code = shot.Prepare();
+        if (code == kExitOk)
+            code = shot.Shoot(database, report.request, report.answer, bar);
+    };
+    if (RunAside(L"录制动画", shoot) && code == kExitOk)
+        m_files->SetMade(Say(L"录像："), request->file);
+}
