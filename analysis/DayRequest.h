@@ -47,5 +47,6 @@ struct DayAnswer {
     std::vector<AnalysisRemark> remarks;
 };
 
-// Whether to go on, told now and then how many of how many are done; on the thread of who asks.
+// Whether to go on, told now and then how many of how many are done, on the thread of who asks: 0 of 0 at first, while
+// nobody knows how many there are.
 using AnalysisProgress = std::function<bool(std::size_t done, std::size_t total)>;

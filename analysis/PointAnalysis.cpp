@@ -11,8 +11,8 @@
 #include "analysis/DaysSun.h"
 #include "analysis/DrawnAreas.h"
 #include "analysis/OccluderSet.h"
-#include "analysis/ResultLayers.h"
 #include "analysis/SceneRemarks.h"
+#include "analysis/ShadingScene.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/SharedWork.h"
 #include "analysis/Tolerances.h"
@@ -56,7 +56,7 @@ private:
         HourSpans valid;
     };
 
-    void ReadDrawing();
+    bool ReadDrawing(const AnalysisProgress& progress);
     void TellSides();
     bool MakePoints();
     void AnalyseAll(const AnalysisProgress& progress);
@@ -78,7 +78,10 @@ private:
 };
 
 PointAnswer Analysis::Run(const AnalysisProgress& progress) {
-    ReadDrawing();
+    if (!ReadDrawing(progress)) {
+        m_answer.failure = AnalysisFailure::Cancelled;
+        return std::move(m_answer);
+    }
     TellSides();
     if (MakePoints())
         AnalyseAll(progress);
@@ -90,11 +93,14 @@ PointAnswer Analysis::Run(const AnalysisProgress& progress) {
     return std::move(m_answer);
 }
 
-void Analysis::ReadDrawing() {
+// False once nobody wants the answer any more.
+bool Analysis::ReadDrawing(const AnalysisProgress& progress) {
     {
-        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights, kResultLayers});
-        m_occluders = MakeOccluders(scene, m_drawing, LayersWithoutShadow(m_request), m_millimetres);
-        m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
+        const std::optional<Scene> scene = ReadScene(m_drawing, m_request.heights, progress);
+        if (!scene)
+            return false;
+        m_occluders = MakeOccluders(*scene, m_drawing, LayersWithoutShadow(m_request), m_millimetres);
+        m_answer.remarks = RemarksOn(*scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
     }
     std::optional<double> level = m_request.level;
     if (level)
@@ -103,6 +109,7 @@ void Analysis::ReadDrawing() {
     m_answer.areaRemarks = std::move(found.remarks);
     for (DrawnArea& area : found.areas)
         m_areas.push_back({std::move(area), true, {}});
+    return !progress || progress(0, 0);
 }
 
 void Analysis::TellSides() {

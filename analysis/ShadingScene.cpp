@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "analysis/DayRequest.h"
 #include "analysis/ResultLayers.h"
 #include "analysis/SunCount.h"
 #include "analysis/WindowLayers.h"
@@ -43,7 +42,7 @@ void FindBox(Scene& scene) {
 
 Scene BuildShadingScene(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
                         const std::vector<CString>& windowLayers) {
-    Scene scene = BuildScene(drawing, {kMostSceneFaces, heights, kResultLayers});
+    Scene scene = *ReadScene(drawing, heights, nullptr);
     WindowLayers windows(drawing, windowLayers);
     std::vector<SceneEntity> kept;
     std::copy_if(scene.entities.begin(), scene.entities.end(), std::back_inserter(kept),
@@ -53,6 +52,15 @@ Scene BuildShadingScene(const AcDbDatabase& drawing, const std::vector<LayerHeig
         FindBox(scene);
     }
     return scene;
+}
+
+std::optional<Scene> ReadScene(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
+                               const AnalysisProgress& progress) {
+    bool isWanted = true;
+    SceneOptions options{kMostSceneFaces, heights, kResultLayers};
+    options.goOn = [&] { return isWanted = isWanted && (!progress || progress(0, 0)); };
+    Scene scene = BuildScene(drawing, options);
+    return isWanted ? std::optional(std::move(scene)) : std::nullopt;
 }
 
 std::optional<SunPeriod> FindSpan(const DayRequest& request) {

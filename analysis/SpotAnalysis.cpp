@@ -6,7 +6,7 @@
 #include "analysis/Boxes.h"
 #include "analysis/DaysSun.h"
 #include "analysis/OccluderSet.h"
-#include "analysis/ResultLayers.h"
+#include "analysis/ShadingScene.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/WindowDay.h"
 #include "platform/host/DrawingUnits.h"
@@ -38,14 +38,18 @@ DrawnWindow WindowAt(const SunTarget& target) {
 
 }  // namespace
 
-SpotAnswer AnalyseSpot(const AcDbDatabase& drawing, const SpotRequest& request) {
+SpotAnswer AnalyseSpot(const AcDbDatabase& drawing, const SpotRequest& request, const AnalysisProgress& progress) {
     SpotAnswer answer;
     const DrawingUnit unit = UnitOf(drawing);
     answer.unit = unit.name;
     if (!CanBeAsked(request, unit.millimetres, answer))
         return answer;
-    const Scene scene = BuildScene(drawing, {kMostSceneFaces, request.heights, kResultLayers});
-    const OccluderSet occluders = MakeOccluders(scene, drawing, request.windowLayers, *unit.millimetres);
+    const std::optional<Scene> scene = ReadScene(drawing, request.heights, progress);
+    if (!scene) {
+        answer.failure = AnalysisFailure::Cancelled;
+        return answer;
+    }
+    const OccluderSet occluders = MakeOccluders(*scene, drawing, request.windowLayers, *unit.millimetres);
     const DaysSun sun = FindDaysSun(request, request.leastAltitude.value_or(0.0), answer);
     const ShadowCaster caster(occluders, sun.path, sun.up, request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(occluders.faces));

@@ -26,5 +26,7 @@ struct SpotAnswer : DayAnswer {
 };
 
 // What casts shadows is as for AnalyseWindows; the spot stands g_nSunWinOffset before its plane. To be called on any
-// thread, while nobody changes the drawing. Throws std::bad_alloc, and nothing else.
-ORVO_API SpotAnswer AnalyseSpot(const AcDbDatabase& drawing, const SpotRequest& request);
+// thread, while nobody changes the drawing; the progress, always 0 of 0, is told there. Throws std::bad_alloc, and
+// nothing else.
+ORVO_API SpotAnswer AnalyseSpot(const AcDbDatabase& drawing, const SpotRequest& request,
+                                const AnalysisProgress& progress = nullptr);

@@ -10,8 +10,8 @@
 #include "analysis/OccluderSet.h"
 #include "analysis/ProjectRemarks.h"
 #include "analysis/Reach.h"
-#include "analysis/ResultLayers.h"
 #include "analysis/SceneRemarks.h"
+#include "analysis/ShadingScene.h"
 #include "analysis/ShadowCaster.h"
 #include "analysis/SharedWork.h"
 #include "analysis/WindowAnalyst.h"
@@ -39,7 +39,7 @@ public:
     AnalysisAnswer Run(const AnalysisProgress& progress);
 
 private:
-    void ReadDrawing();
+    bool ReadDrawing(const AnalysisProgress& progress);
     double LeastAltitude() const;
     void AnalyseAll(const AnalysisProgress& progress);
     std::optional<ReachLimits> Limits() const;
@@ -53,25 +53,32 @@ private:
 };
 
 AnalysisAnswer Analysis::Run(const AnalysisProgress& progress) {
-    ReadDrawing();
-    if (m_answer.failure == AnalysisFailure::None)
+    if (!ReadDrawing(progress))
+        m_answer.failure = AnalysisFailure::Cancelled;
+    else if (m_answer.failure == AnalysisFailure::None)
         AnalyseAll(progress);
     return std::move(m_answer);
 }
 
-void Analysis::ReadDrawing() {
+// False once nobody wants the answer any more.
+bool Analysis::ReadDrawing(const AnalysisProgress& progress) {
+    const auto goOn = [&] { return !progress || progress(0, 0); };
     const std::vector<CString>& layers = m_request.windowLayers;
     {
-        const Scene scene = BuildScene(m_drawing, {kMostSceneFaces, m_request.heights, kResultLayers});
-        m_occluders = MakeOccluders(scene, m_drawing, layers, m_millimetres, m_request.proposedLayers);
-        m_answer.remarks = RemarksOn(scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
-        AddRemarksOnProject({m_drawing, scene, layers, m_request.proposedLayers}, m_answer.remarks);
+        const std::optional<Scene> scene = ReadScene(m_drawing, m_request.heights, progress);
+        if (!scene)
+            return false;
+        m_occluders = MakeOccluders(*scene, m_drawing, layers, m_millimetres, m_request.proposedLayers);
+        m_answer.remarks = RemarksOn(*scene, m_drawing, m_request.heights, !m_occluders.faces.empty());
+        AddRemarksOnProject({m_drawing, *scene, layers, m_request.proposedLayers}, m_answer.remarks);
     }
+    if (!goOn())
+        return false;
     WindowsOfDrawing found =
         FindWindows(m_drawing, layers, m_millimetres, m_request.tuning.windowThickness, m_request.plan);
     if (found.areTooMany) {
         m_answer.failure = AnalysisFailure::TooManyWindows;
-        return;
+        return true;
     }
     m_windows = std::move(found.windows);
     m_answer.remarks.insert(m_answer.remarks.end(), found.remarks.begin(), found.remarks.end());
@@ -79,11 +86,14 @@ void Analysis::ReadDrawing() {
                     m_request.facing};
     if (sides.facing)
         *sides.facing += m_request.north;  // from the drawing's x axis
+    if (!goOn())
+        return false;
     TellSides(m_windows, m_occluders, sides);
     TellFloors(m_windows);
     if (!m_windows.empty() &&
         std::all_of(m_windows.begin(), m_windows.end(), [](const DrawnWindow& each) { return each.isProposed; }))
         m_answer.remarks.push_back(RemarkOf(Kind::AllProposed, m_windows.size()));
+    return goOn();
 }
 
 double Analysis::LeastAltitude() const {

@@ -25,6 +25,7 @@
 namespace {
 
 constexpr double kSagittaInMillimetres = 50.0;
+constexpr std::size_t kAskedEvery = 256;  // entities
 constexpr const char* kInsert = "INSERT";
 
 ArcDivision DivisionFor(const AcDbDatabase& drawing) {
@@ -48,6 +49,7 @@ public:
         : m_drawing(drawing),
           m_heights(options.heights),
           m_progress(options.progress),
+          m_goOn(options.goOn),
           m_layers(drawing, options.heights, options.unseenLayers),
           m_model{m_layers.Find("0"), EntityColor()},
           m_division(DivisionFor(drawing)),
@@ -71,6 +73,7 @@ private:
     const AcDbDatabase& m_drawing;
     const std::vector<LayerHeight>& m_heights;
     SceneProgress* m_progress;
+    const std::function<bool()>& m_goOn;
     LayerTable m_layers;
     Surroundings m_model;
     ArcDivision m_division;
@@ -95,6 +98,8 @@ Scene SceneBuilder::Run() {
             if (m_progress->isCancelled)
                 return {};
         }
+        if (m_goOn && i % kAskedEvery == 0 && !m_goOn())
+            return {};
         const AcDbObjectId id = m_drawing.GetEntityId(i);
         Take(id, GroupsOf(m_drawing, id));
     }

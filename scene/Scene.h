@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,8 @@ struct SceneOptions {
     bool hasLines = false;  // whether flat entities give lines, which shadows do not need
     std::size_t mostSegments = kMostSceneSegments;
     SceneProgress* progress = nullptr;  // told how far it is, and asked whether to leave off, unless null
+    // Asked now and then, in the thread that makes the scene, unless null: once it is false the scene is of no use.
+    std::function<bool()> goOn = nullptr;
 };
 
 // How one of Scene::layers looks in the drawing.

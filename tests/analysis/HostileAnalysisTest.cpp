@@ -288,7 +288,7 @@ TEST(HostileAnalysis, ProgressGoesForwardsAndMayEndTheAnalysis) {
         AnalyseWindows(drawing.database, RequestFor(31.2, -23.44), [&](std::size_t done, std::size_t total) {
             EXPECT_GE(done, last);
             EXPECT_LE(done, total);
-            EXPECT_EQ(total, 40U);
+            EXPECT_TRUE(total == 40U || (total == 0U && last == 0)) << total;
             last = done;
             return true;
         });
@@ -303,8 +303,8 @@ TEST(HostileAnalysis, ProgressGoesForwardsAndMayEndTheAnalysis) {
     }
     request.threads = 1;
     int asked = 0;
-    const AnalysisAnswer ended =
-        AnalyseWindows(drawing.database, request, [&](std::size_t, std::size_t) { return ++asked < 2; });
+    const AnalysisAnswer ended = AnalyseWindows(
+        drawing.database, request, [&](std::size_t, std::size_t total) { return total == 0 || ++asked < 2; });
     EXPECT_EQ(asked, 2) << "not asked again";
     EXPECT_EQ(ended.failure, AnalysisFailure::Cancelled);
     EXPECT_TRUE(ended.windows.empty());

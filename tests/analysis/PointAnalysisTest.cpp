@@ -441,6 +441,8 @@ TEST(PointAnalysis, WhatIsMissingIsTold) {
     const OpenDrawing drawing(DrawingWith(Area(Rectangle(0, 0, 9000, 9000))));
     std::size_t asked = 0;
     const PointAnswer cancelled = AnalysePoints(drawing.database, request, [&](std::size_t done, std::size_t total) {
+        if (total == 0)
+            return true;  // the drawing is still being read
         EXPECT_EQ(total, 81U);
         EXPECT_EQ(done, asked);
         return ++asked < 5;

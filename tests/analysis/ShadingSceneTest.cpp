@@ -4,6 +4,8 @@
 #include "analysis/DayRequest.h"
 #include "analysis/DrawingForWindows.h"
 #include "analysis/JudgedScene.h"
+#include "analysis/PointAnalysis.h"
+#include "analysis/SpotAnalysis.h"
 
 namespace {
 
@@ -49,6 +51,43 @@ TEST(ShadingScene, IsEmptyWhereThereAreOnlyWindows) {
     const Scene scene = BuildShadingScene(drawing.database, {}, {});
     EXPECT_TRUE(scene.faces.empty());
     EXPECT_EQ(scene.most, QcGePoint());
+}
+
+// 1000 boxes, of which each is asked about once at most.
+TEST(ShadingScene, IsLeftOffInTheMiddleOfADrawing) {
+    const Site site;
+    std::string boxes;
+    for (int i = 0; i < 1000; ++i)
+        boxes += LooseBox(site, 0, 0, 8000, 6000, 0, 3000);
+    const OpenDrawing drawing(DrawingWith(boxes));
+    std::size_t whole = 0;
+    ASSERT_TRUE(ReadScene(drawing.database, {}, [&](std::size_t done, std::size_t total) {
+        EXPECT_EQ(done, 0U);
+        EXPECT_EQ(total, 0U);
+        return ++whole != 0;
+    }));
+    EXPECT_GT(whole, 10U);
+    for (const std::size_t most : {std::size_t(1), whole / 2, whole}) {
+        std::size_t asked = 0;
+        EXPECT_FALSE(ReadScene(drawing.database, {}, [&](std::size_t, std::size_t) { return ++asked < most; }));
+        EXPECT_EQ(asked, most) << "not asked again";
+    }
+}
+
+TEST(ShadingScene, EndsEveryAnalysisThatIsLeftOffBeforeItKnowsHowMuchThereIs) {
+    const OpenDrawing drawing(DrawingWith(LooseBox(Site(), 0, 0, 8000, 6000, 0, 3000)));
+    const AnalysisRequest request = RequestFor(40.0, -20.0);
+    const AnalysisProgress leave = [](std::size_t, std::size_t total) { return total != 0; };
+    EXPECT_EQ(AnalyseWindows(drawing.database, request, leave).failure, AnalysisFailure::Cancelled);
+    PointRequest points;
+    static_cast<DayRequest&>(points) = request;
+    points.areaLayers = {L"0"};
+    EXPECT_EQ(AnalysePoints(drawing.database, points, leave).failure, AnalysisFailure::Cancelled);
+    SpotRequest spot;
+    static_cast<DayRequest&>(spot) = request;
+    spot.outward = {0, 0, 1};
+    EXPECT_EQ(AnalyseSpot(drawing.database, spot, leave).failure, AnalysisFailure::Cancelled);
+    EXPECT_EQ(AnalyseSpot(drawing.database, spot).failure, AnalysisFailure::None);
 }
 
 TEST(ShadingScene, TellsTheSpanBeforeAnything) {

@@ -90,8 +90,9 @@ bool Print(const AnalysisReport& report, const AnalyseOptions& options, Output& 
 
 AnalysisAnswer Analyse(const AcDbDatabase& drawing, const AnalysisRequest& request, Progress& progress) {
     const CString text = Say(L"正在分析：%d 个窗，共 %d 个");
+    const CString reading = Say(L"正在整理图形的面");
     return AnalyseWindows(drawing, request, [&](std::size_t done, std::size_t total) {
-        return progress.Show(static_cast<int>(done), static_cast<int>(total), text);
+        return progress.Show(static_cast<int>(done), static_cast<int>(total), total == 0 ? reading : text);
     });
 }
 

@@ -86,9 +86,13 @@ PointAnswer Analyse(const AcDbDatabase& drawing, const PointRequest& request, Pr
     const CString text = Say(L"正在分析：%d 个点，共 %d 个");
     // Nobody knows how long they are before they are followed; that it takes longer than the points did is no hang.
     const CString isolines = Say(L"点已分析完，正在沿等时线分析");
+    const CString reading = Say(L"正在整理图形的面");
     return AnalysePoints(drawing, request, [&](std::size_t done, std::size_t total) {
         const bool isFollowing = request.isolines && done == total;
-        return progress.Show(static_cast<int>(done), static_cast<int>(total), isFollowing ? isolines : text);
+        return progress.Show(static_cast<int>(done), static_cast<int>(total),
+                             total == 0    ? reading
+                             : isFollowing ? isolines
+                                           : text);
     });
 }
 
