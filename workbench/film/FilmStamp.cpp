@@ -155,6 +155,7 @@ void FilmStamp::Draw(QImage& picture, double trueSolarTime, const ViewCamera& ca
     bottom.MakeNoHigherThan(picture.height() - top.Height() - 3 * edge);
     bottom.Draw(painter, edge, picture.height() - edge - bottom.Height(), picture.width() - 2 * edge);
     const double radius = text * 2.2;
+    const QSizeF reach = ReachOfCompassRose(painter.font(), radius);
     DrawCompassRose(painter, TurnedBy(camera, m_request.north),
-                    {picture.width() - edge - 1.8 * radius, edge + 1.4 * radius}, radius);
+                    {picture.width() - edge - reach.width(), edge + reach.height()}, radius);
 }

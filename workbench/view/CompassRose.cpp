@@ -2,7 +2,9 @@
 #include "workbench/view/CompassRose.h"
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
@@ -14,6 +16,8 @@
 namespace {
 
 const QColor kInk(60, 66, 74);
+const QColor kRim(255, 255, 255, 200);
+constexpr double kGap = 3.0;  // between ring and label
 
 class Rose {
 public:
@@ -53,7 +57,7 @@ void DrawNeedle(QPainter& painter, const Rose& rose) {
 
 void DrawMarks(QPainter& painter, const Rose& rose) {
     painter.setPen(QPen(kInk, 1.0));
-    painter.setBrush(QColor(255, 255, 255, 150));
+    painter.setBrush(kRim);
     painter.drawPolygon(rose.Ring(1.0));
     for (int i = 0; i < 12; ++i) {
         const double angle = std::numbers::pi * i / 6.0;
@@ -63,10 +67,23 @@ void DrawMarks(QPainter& painter, const Rose& rose) {
     }
 }
 
-void DrawLabel(QPainter& painter, const QPointF& at, const wchar_t* text) {
-    constexpr double kHalf = 40.0;
-    painter.drawText(QRectF(at.x() - kHalf, at.y() - kHalf, 2 * kHalf, 2 * kHalf), Qt::AlignCenter | Qt::TextDontClip,
-                     ShownSay(text));
+QFont LabelFont(QFont font, double radius) {
+    font.setPixelSize(std::max(8, static_cast<int>(radius * 0.42)));
+    font.setBold(true);
+    return font;
+}
+
+QString LabelText() {
+    return ShownSay(L"北");
+}
+
+// With a rim of light, since the ground behind it may be dark.
+void DrawLabel(QPainter& painter, const QRectF& room) {
+    QPainterPath letters;
+    const QFontMetricsF metrics(painter.font());
+    letters.addText(QPointF(room.left(), room.top() + metrics.ascent()), painter.font(), LabelText());
+    painter.strokePath(letters, QPen(kRim, 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(letters, kInk);
 }
 
 // Seen on its edge the ring would say nothing.
@@ -87,14 +104,21 @@ void DrawCompassRose(QPainter& painter, const ViewCamera& camera, const QPointF&
     DrawNeedle(painter, rose);
     painter.setPen(QPen(kInk, 1.6, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(rose.At(0, 0, 0), rose.At(0, 0, 0.38));
-    QFont font = painter.font();
-    font.setPixelSize(std::max(8, static_cast<int>(radius * 0.42)));
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(kInk);
-    // Just outside the ring, however flat that is.
+    painter.setFont(LabelFont(painter.font(), radius));
+    const QFontMetricsF metrics(painter.font());
+    const QSizeF size(metrics.horizontalAdvance(LabelText()), metrics.height());
+    // Just outside the ring, however flat that is, and however wide the word.
     const QPointF toNorth = rose.At(0, 1, 0) - center;
     const double length = std::hypot(toNorth.x(), toNorth.y());
-    DrawLabel(painter, center + toNorth * (1.0 + 0.36 * radius / length), L"北");
+    const QPointF way = toNorth / length;
+    const double beyond = kGap + std::abs(way.x()) * size.width() / 2.0 + std::abs(way.y()) * size.height() / 2.0;
+    const QPointF middle = center + way * (length + beyond);
+    DrawLabel(painter, QRectF(middle - QPointF(size.width(), size.height()) / 2.0, size));
     painter.restore();
+}
+
+QSizeF ReachOfCompassRose(const QFont& font, double radius) {
+    const QFontMetricsF metrics(LabelFont(font, radius));
+    const double around = radius + kGap + kGap;  // the second one for strokes and the rim
+    return {around + metrics.horizontalAdvance(LabelText()), around + metrics.height()};
 }

@@ -130,19 +130,26 @@ void SceneView::Choose(std::optional<std::size_t> window, bool isShown) {
     Redraw();
 }
 
-// From before it and somewhat above, and so close that not much has room in between.
+// From before it and somewhat above, from where its house is seen as well, or as close as it takes for nothing to stand
+// in between.
 void SceneView::TurnTo(const ResultQuad& quad) {
     constexpr double kAltitude = 15.0;
-    constexpr double kSizes = 8.0;  // of the window
+    constexpr double kDistances[] = {16.0, 8.0};  // in sizes of the window
     const QcGePoint& left = quad.corners[0];
     const QcGePoint& right = quad.corners[1];
     const double size = (quad.corners[2] - left).Length();
     const double azimuth = std::atan2(right.y - left.y, left.x - right.x) * 180.0 / std::numbers::pi;
     m_camera.Look(azimuth, kAltitude);
     m_camera.Aim(MiddleOf(quad));
-    if (size > 0.0)
-        m_camera.Zoom(m_camera.GetDistance() / (kSizes * size), m_camera.GetWidth() / 2.0, m_camera.GetHeight() / 2.0);
     m_isFitted = false;
+    for (const double distance : kDistances) {
+        if (!(size > 0.0))
+            return;
+        m_camera.Zoom(m_camera.GetDistance() / (distance * size), m_camera.GetWidth() / 2.0,
+                      m_camera.GetHeight() / 2.0);
+        if (IsInSight(quad, *m_scene, m_hidden, m_camera))
+            return;
+    }
 }
 
 void SceneView::SetParallel(bool isParallel) {
@@ -303,11 +310,25 @@ void SceneView::TakePicture(std::chrono::milliseconds patience) {
 
 void SceneView::DrawOverlays(QPainter& painter) const {
     constexpr double kRose = 36.0;
-    constexpr double kFromEdge = 58.0;
     if (m_sun && HasShapes())
         SunPath(m_camera, BoxOfShapes(*m_scene)).Draw(painter, *m_sun, m_scale);
-    if (width() > 3 * kFromEdge && height() > 3 * kFromEdge)
-        DrawCompassRose(painter, m_camera, QPointF(kFromEdge, height() - kFromEdge), kRose);
+    const QSizeF reach = ReachOfCompassRose(painter.font(), kRose);
+    if (width() > 3 * reach.width() && height() > 3 * reach.height())
+        DrawCompassRose(painter, m_camera, QPointF(reach.width(), height() - reach.height()), kRose);
+}
+
+// Before a sky without a picture, in which letters can be read on dark desktops, too.
+void SceneView::DrawText(QPainter& painter, const QString& text) const {
+    const bool isDark = palette().color(QPalette::Window).lightness() < 128;
+    QLinearGradient sky(0, 0, 0, height());
+    sky.setColorAt(0.0, isDark ? QColor(38, 46, 56) : QColor(214, 227, 240));
+    sky.setColorAt(1.0, isDark ? QColor(48, 49, 50) : QColor(240, 242, 241));
+    painter.fillRect(rect(), sky);
+    painter.setPen(isDark ? QColor(222, 226, 232) : QColor(70, 78, 88));
+    QFont large = font();
+    large.setPointSizeF(std::max(large.pointSizeF(), 8.0) * 1.3);
+    painter.setFont(large);
+    painter.drawText(rect().adjusted(24, 24, -24, -24), Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
 void SceneView::paintEvent(QPaintEvent* /*event*/) {
@@ -321,19 +342,7 @@ void SceneView::paintEvent(QPaintEvent* /*event*/) {
         painter.drawImage(QRectF(rect()), m_picture);
         DrawOverlays(painter);
     } else {
-        QLinearGradient sky(0, 0, 0, height());
-        sky.setColorAt(0.0, QColor(214, 227, 240));
-        sky.setColorAt(1.0, QColor(240, 242, 241));
-        painter.fillRect(rect(), sky);
-        painter.setPen(QColor(70, 78, 88));
-        QFont large = font();
-        large.setPointSizeF(std::max(large.pointSizeF(), 8.0) * 1.3);
-        painter.setFont(large);
-        const QRect room = rect().adjusted(24, 24, -24, -24);
-        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap,
-                         !m_problem.isEmpty() ? m_problem
-                         : m_isDrawing        ? ShownSay(L"正在绘制……")
-                                              : m_hint);
+        DrawText(painter, !m_problem.isEmpty() ? m_problem : m_isDrawing ? ShownSay(L"正在绘制……") : m_hint);
     }
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);

@@ -132,6 +132,7 @@ private:
     bool IsCostly() const { return IsLarge() || (m_sun && HasShapes()); }
     void BeginToMove();
     void DrawOverlays(QPainter& painter) const;
+    void DrawText(QPainter& painter, const QString& text) const;
     void TakeScene(std::shared_ptr<const Scene> scene);
     void TakeSize();
     QPointF InPicture(const QPointF& position) const;
