@@ -181,13 +181,3 @@ TEST_F(WindowKeeps, APictureOfTheView) {
     QTest::keySequence(m_window.get(), QKeySequence("Ctrl+Shift+P"));
     EXPECT_TRUE(HasLogged("无法保存")) << Log();
 }
-
-TEST_F(WindowKeeps, TheKeysOfTheViewInItsHelp) {
-    const ModalDriver driver([](const ModalWindow& window) {
-        for (const char* key : {"Home", "Page Up", "Shift", "Esc", "1 到 7"})
-            EXPECT_NE(ToUtf8(window.text.View()).find(key), std::string::npos) << key;
-        return int{IDOK};
-    });
-    QTest::keySequence(m_window.get(), QKeySequence("F1"));
-    EXPECT_EQ(driver.GetCount(), 1);
-}

@@ -233,7 +233,7 @@ void AnalysisPanel::ShowAnswers() {
     m_model.SetReport(m_windows);
     m_table->resizeColumnsToContents();
     ShowShapes();
-    CString summary;
+    CString summary = Say(L"还没有结果：打开图形，按“分析日照”，每个窗的时数就列在下面");
     if (m_windows) {
         const std::vector<WindowResult>& windows = m_windows->answer.windows;
         const auto count = [&](bool passes) {

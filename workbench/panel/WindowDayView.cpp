@@ -146,9 +146,9 @@ void WindowDayView::ShowTexts() {
     }
     CString title = m_name;
     if (m_isTold)
-        title += L"，" + DurationText(m_hours.judged);
+        title += Say(L"，") + DurationText(m_hours.judged);
     if (m_hours.passes)
-        title += L"，" + VerdictWord(m_hours.passes);
+        title += Say(L"，") + VerdictWord(m_hours.passes);
     for (const WindowNote note : m_hours.notes)
         title += L"\n" + NoteWord(note);
     m_title->setText(Shown(title));

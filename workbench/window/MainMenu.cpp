@@ -2,11 +2,13 @@
 #include "workbench/window/MainMenu.h"
 
 #include <QActionGroup>
+#include <QDir>
 #include <QMainWindow>
 #include <QMenuBar>
 
 #include "platform/base/Language.h"
 #include "platform/base/PlainText.h"
+#include "platform/base/Support.h"
 #include "workbench/commands/Completion.h"
 #include "workbench/view/WidgetText.h"
 
@@ -67,7 +69,7 @@ void MainMenu::RefreshRecent() {
     for (const CString& path : m_actions.recent()) {
         const QString title = Shown(Printable(path)).replace('&', "&&");
         const QString mnemonic = number < 9 ? QString("&%1 ").arg(number + 1) : QString();
-        m_recent->addAction(mnemonic + title, &m_window, [open = m_actions.openRecent, path] { open(path); });
+        m_recent->addAction(mnemonic + title, &m_window, [open = m_actions.openFile, path] { open(path); });
         ++number;
     }
     m_recent->setEnabled(number > 0);
@@ -86,6 +88,7 @@ void MainMenu::AddDrawingMenu() {
     QMenu* menu = AddMenu(L"图形(&F)");
     menu->addAction(ShownSay(L"打开(&O)..."), QKeySequence::Open, &m_window, m_actions.open);
     m_recent = menu->addMenu(ShownSay(L"最近打开(&R)"));
+    AddSamples(*menu);
     m_reload = menu->addAction(ShownSay(L"重新读入(&L)"), QKeySequence("F5"), &m_window, m_actions.reload);
     m_save = menu->addAction(ShownSay(L"保存(&S)"), QKeySequence::Save, &m_window, m_actions.save);
     m_saveAs = menu->addAction(ShownSay(L"另存为(&A)..."), QKeySequence("Ctrl+Shift+S"), &m_window, m_actions.saveAs);
@@ -95,6 +98,19 @@ void MainMenu::AddDrawingMenu() {
     menu->addAction(ShownSay(L"退出(&X)"), QKeySequence("Ctrl+Q"), &m_window, &QMainWindow::close);
     RefreshRecent();
     SetHasDrawing(m_hasDrawing);
+}
+
+// The drawings that came with the program.
+void MainMenu::AddSamples(QMenu& menu) {
+    QMenu* const samples = menu.addMenu(ShownSay(L"示例图形(&E)"));
+    samples->setObjectName("Samples");
+    const QDir folder(Shown(InstalledDataFolder()) + "/samples");
+    for (const QString& name : folder.entryList({"*.dxf"}, QDir::Files | QDir::Readable, QDir::Name)) {
+        const CString path = Typed(folder.filePath(name));
+        samples->addAction(QString(name).replace('&', "&&"), &m_window,
+                           [open = m_actions.openFile, path] { open(path); });
+    }
+    samples->setEnabled(!samples->isEmpty());
 }
 
 void MainMenu::AddViewMenu() {
@@ -123,20 +139,22 @@ void MainMenu::AddCommandMenu() {
 void MainMenu::AddLanguageMenu() {
     QMenu* menu = AddMenu(L"语言(&L)");
     auto* group = new QActionGroup(menu);  // the menu's
-    const auto add = [&](const QString& title, const wchar_t* language, const wchar_t* name) {
+    const auto add = [&](const QString& title, const wchar_t* language, const wchar_t* name, const char* objectName) {
         QAction* action = menu->addAction(title, &m_window, [set = m_actions.setLanguage, language] { set(language); });
+        action->setObjectName(objectName);
         action->setCheckable(true);
         action->setChecked(g_strCurLanguage == name);
         group->addAction(action);
     };
     // Each language is named in itself, for those who cannot read the other one.
-    add(QString::fromUtf8("中文(&C)"), L"zh", L"Chs");
-    add("&English", L"en", L"Enu");
+    add(QString::fromUtf8("中文(&C)"), L"zh", L"Chs", "LanguageZh");
+    add("&English", L"en", L"Enu", "LanguageEn");
 }
 
 void MainMenu::AddHelpMenu() {
     QMenu* menu = AddMenu(L"帮助(&H)");
-    menu->addAction(ShownSay(L"视图的按键(&K)"), QKeySequence::HelpContents, &m_window, m_actions.keys);
+    menu->addAction(ShownSay(L"按键(&K)"), QKeySequence::HelpContents, &m_window, m_actions.keys)
+        ->setObjectName("HelpKeys");
     menu->addAction(ShownSay(L"命令列表(&L)"), &m_window, [run = m_actions.run] { run(L"help"); });
-    menu->addAction(ShownSay(L"关于(&A)..."), &m_window, m_actions.about);
+    menu->addAction(ShownSay(L"关于(&A)..."), &m_window, m_actions.about)->setObjectName("HelpAbout");
 }

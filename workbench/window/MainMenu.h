@@ -23,8 +23,8 @@ struct MenuActions {
     std::function<void()> toggleSun;
     std::function<void()> savePicture;
     std::function<void()> reload;
-    std::function<void(const CString&)> openRecent;  // a path
-    std::function<std::vector<CString>()> recent;    // paths, the latest first
+    std::function<void(const CString&)> openFile;  // by its path
+    std::function<std::vector<CString>()> recent;  // paths, the latest first
     std::function<void()> clearRecent;
     std::function<void()> keys;
 };
@@ -46,6 +46,7 @@ public:
 
 private:
     QMenu* AddMenu(const wchar_t* title);
+    void AddSamples(QMenu& menu);
     void AddDrawingMenu();
     void AddViewMenu();
     void AddCommandMenu();

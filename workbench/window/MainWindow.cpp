@@ -29,13 +29,15 @@
 #include "workbench/commands/PromptLine.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
+#include "workbench/view/ElidedLabel.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
+#include "workbench/window/AboutText.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
 #include "workbench/window/SunBar.h"
-#include "workbench/window/ViewKeys.h"
 #include "workbench/window/WindowIcon.h"
+#include "workbench/window/WindowKeys.h"
 
 namespace {
 
@@ -69,7 +71,7 @@ MenuActions MainWindow::ActionsOfMenu() {
     actions.toggleSun = [this] { m_sun->SetOn(!m_sun->IsOn()); };
     actions.savePicture = [this] { SavePicture(); };
     actions.reload = [this] { Reload(); };
-    actions.openRecent = [this](const CString& path) { OpenFile(path); };
+    actions.openFile = [this](const CString& path) { OpenFile(path); };
     actions.recent = [this] { return m_memory.Get().recent; };
     actions.clearRecent = [this] { m_memory.ForgetRecent(); };
     actions.keys = [this] { ShowKeys(); };
@@ -107,7 +109,7 @@ void MainWindow::RestorePlace() {
     restoreGeometry(QByteArray::fromStdString(kept.place));
     constexpr int kRoomy = 1000;
     if (!restoreState(QByteArray::fromStdString(kept.panels)) && width() < kRoomy)
-        m_panels->Narrow();
+        m_panels->Stack();
 }
 
 MainWindow::~MainWindow() {
@@ -162,7 +164,7 @@ void MainWindow::BuildWidgets() {
     splitter->addWidget(view);
     splitter->addWidget(commands);
     splitter->setStretchFactor(0, 1);
-    splitter->setSizes({520, 180});
+    splitter->setSizes({600, 120});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
     m_drawing.SetRunner([this](OpenDrawing::Work kind, const std::function<void(SceneProgress&)>& work) {
@@ -176,11 +178,8 @@ void MainWindow::BuildWidgets() {
     JoinAnalysis();
     m_view->m_onParallel = [this] { ToggleParallel(); };
 
-    m_note = new QLabel(this);
+    m_note = new ElidedLabel(this);
     m_note->setObjectName("Note");
-    m_note->setTextFormat(Qt::PlainText);
-    m_note->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_counts = new QLabel(this);
     m_counts->setObjectName("Counts");
     statusBar()->addWidget(m_note, 1);
@@ -266,6 +265,8 @@ void MainWindow::Retranslate() {
     m_sun->Retranslate();
     m_panels->Retranslate();
     m_work->Retranslate();
+    if (m_keys)
+        m_keys->Retranslate();
     m_menu.SetParallel(m_view->IsParallel());
     Refresh();
 }
@@ -281,11 +282,12 @@ void MainWindow::Refresh() {
         m_view->UpdateScene(m_drawing.GetScene());
         m_panels->ShowDrawing(false);
     }
-    m_view->SetHint(m_drawing.IsOpen() ? Shown(TextForNoFaces(*m_drawing.GetScene()))
-                                       : ShownSay(L"把 DXF 文件拖到这里，或按 Ctrl+O 打开"));
-    const QString note = Shown(Printable(g_SunDataSet.GetNoteString()));
-    m_note->setText(note);
-    m_note->setToolTip(note);
+    m_view->SetHint(
+        m_drawing.IsOpen()
+            ? Shown(TextForNoFaces(*m_drawing.GetScene()))
+            : ShownSay(L"把 DXF 文件拖到这里，或按 Ctrl+O 打开。") + "\n\n" +
+                  ShownSay(L"想先看看：菜单“图形”、“示例图形”里有 courtyard.dxf，打开它，再按 F9 分析日照。"));
+    m_note->ShowText(Shown(Printable(g_SunDataSet.GetNoteString())));
     m_sun->TakeSettings();
     m_panels->GetAnalysis().CheckState();
     RefreshTitle();
@@ -441,7 +443,11 @@ void MainWindow::SavePicture() {
 }
 
 void MainWindow::ShowKeys() {
-    MessageBox(m_frame.m_hWnd, ViewKeysText().GetString(), Say(L"视图的按键").GetString(), MB_OK | MB_ICONINFORMATION);
+    if (!m_keys)
+        m_keys = new KeysWindow(this);
+    m_keys->show();
+    m_keys->raise();
+    m_keys->activateWindow();
 }
 
 void MainWindow::ApplyHeights() {
@@ -508,9 +514,7 @@ void MainWindow::SetLanguage(const CString& language) {
 }
 
 void MainWindow::ShowAbout() {
-    const CString text = L"orvo " + FromUtf8(ORVO_VERSION) + L"\n\n" +
-                         Say(L"日照分析共享数据的主机程序：地区、节气、日照标准和当前设置，以及图形的三维视图。");
-    MessageBox(m_frame.m_hWnd, text.GetString(), Say(L"关于 orvo").GetString(), MB_OK | MB_ICONINFORMATION);
+    MessageBox(m_frame.m_hWnd, AboutText().GetString(), Say(L"关于 orvo").GetString(), MB_OK | MB_ICONINFORMATION);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

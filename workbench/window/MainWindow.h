@@ -15,6 +15,8 @@
 
 class CommandEdit;
 class CommandLog;
+class ElidedLabel;
+class KeysWindow;
 class QLabel;
 class SceneView;
 class SunBar;
@@ -95,6 +97,7 @@ private:
     CommandEdit* m_edit = nullptr;
     SceneView* m_view = nullptr;
     SunBar* m_sun = nullptr;
-    QLabel* m_note = nullptr;
+    ElidedLabel* m_note = nullptr;
     QLabel* m_counts = nullptr;
+    KeysWindow* m_keys = nullptr;  // none before it was asked for
 };

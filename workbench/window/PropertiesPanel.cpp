@@ -33,6 +33,7 @@ void PropertiesPanel::SetProperties(const std::vector<EntityProperty>& propertie
         return;
     auto* hint = new QTreeWidgetItem(this, {ShownSay(L"在视图里点击一个实体")});
     hint->setFlags(Qt::NoItemFlags);
+    hint->setForeground(0, palette().color(QPalette::PlaceholderText));  // paler ones are hard to read
     hint->setFirstColumnSpanned(true);
 }
 

@@ -26,11 +26,11 @@ SidePanels::SidePanels(QMainWindow& window, SceneView& view, OpenDrawing& drawin
       m_layerDock(AddDock(*m_layers, "LayerDock", Qt::RightDockWidgetArea)),
       m_propertyDock(AddDock(*m_properties, "PropertyDock", Qt::RightDockWidgetArea)),
       m_analysisDock(AddDock(*m_analysis, "AnalysisDock", Qt::LeftDockWidgetArea)) {
-    m_layerDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+1"));
-    m_propertyDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+2"));
-    m_analysisDock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+3"));
-    for (const QDockWidget* dock : {m_layerDock, m_propertyDock, m_analysisDock})
-        window.addAction(dock->toggleViewAction());
+    // Where one is to be in the place of another, what they are called stands above them.
+    window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    AddEntry(*m_layerDock, "Ctrl+1");
+    AddEntry(*m_propertyDock, "Ctrl+2");
+    AddEntry(*m_analysisDock, "Ctrl+3");
     for (QAction* action : m_analysis->GetActions())
         window.addAction(action);
     m_layers->m_onHidden = [this] { ShowHidden(); };
@@ -61,20 +61,45 @@ QDockWidget* SidePanels::AddDock(QWidget& panel, const char* name, Qt::DockWidge
     return dock;
 }
 
+// The toolkit's own entry would close a panel that is there, but behind another one.
+void SidePanels::AddEntry(QDockWidget& dock, const char* key) {
+    auto* entry = new QAction(&m_window);
+    entry->setShortcut(QKeySequence(key));
+    entry->setCheckable(true);
+    m_window.addAction(entry);
+    m_entries.push_back({&dock, entry});
+    // Told also when a tab comes to the front or goes.
+    QObject::connect(&dock, &QDockWidget::visibilityChanged, entry, &QAction::setChecked);
+    QObject::connect(entry, &QAction::triggered, &dock, [&dock](bool isWanted) {
+        dock.setVisible(isWanted);
+        if (!isWanted)
+            return;
+        dock.raise();
+        dock.widget()->setFocus();
+    });
+}
+
 void SidePanels::Retranslate() {
     m_layerDock->setWindowTitle(ShownSay(L"所有图层"));
     m_propertyDock->setWindowTitle(ShownSay(L"所选实体"));
     m_layers->Retranslate();
     m_properties->Retranslate();
     m_analysisDock->setWindowTitle(ShownSay(L"日照分析"));
+    m_analysis->setAccessibleName(ShownSay(L"日照分析"));
     m_analysis->Retranslate();
+    for (const auto& [dock, entry] : m_entries)
+        entry->setText(dock->windowTitle());
     ShowPicked();
 }
 
-void SidePanels::Narrow() const {
-    constexpr int kSides = 235;
-    constexpr int kAnalysis = 230;
-    m_window.resizeDocks({m_layerDock, m_propertyDock, m_analysisDock}, {kSides, kSides, kAnalysis}, Qt::Horizontal);
+void SidePanels::Stack() const {
+    m_window.addDockWidget(Qt::LeftDockWidgetArea, m_layerDock);
+    m_window.addDockWidget(Qt::LeftDockWidgetArea, m_propertyDock);
+    m_window.tabifyDockWidget(m_analysisDock, m_layerDock);
+    m_window.tabifyDockWidget(m_layerDock, m_propertyDock);
+    m_analysisDock->raise();
+    constexpr int kWidth = 300;
+    m_window.resizeDocks({m_analysisDock}, {kWidth}, Qt::Horizontal);
 }
 
 QWidget* SidePanels::GetLayers() const {
@@ -82,9 +107,8 @@ QWidget* SidePanels::GetLayers() const {
 }
 
 void SidePanels::AddEntries(QMenu& menu) const {
-    menu.addAction(m_layerDock->toggleViewAction());
-    menu.addAction(m_propertyDock->toggleViewAction());
-    menu.addAction(m_analysisDock->toggleViewAction());
+    for (const auto& [dock, entry] : m_entries)
+        menu.addAction(entry);
     menu.addSeparator();
     for (QAction* action : m_analysis->GetActions())
         menu.addAction(action);

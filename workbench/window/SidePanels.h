@@ -13,6 +13,7 @@ class AnalysisPanel;
 class LayerPanel;
 class OpenDrawing;
 class PropertiesPanel;
+class QAction;
 class QDockWidget;
 class QMainWindow;
 class QMenu;
@@ -30,8 +31,9 @@ public:
     // An entry for each panel, which shows and hides it.
     void AddEntries(QMenu& menu) const;
 
-    // Makes the panels as narrow as they may be, so that a small window has room for the view.
-    void Narrow() const;
+    // Puts the panels behind each other, with tabs and the analysis in front, so that a small window has room for the
+    // view.
+    void Stack() const;
 
     // What changes the drawing's scene.
     QWidget* GetLayers() const;
@@ -43,6 +45,7 @@ public:
 
 private:
     QDockWidget* AddDock(QWidget& panel, const char* name, Qt::DockWidgetArea area);
+    void AddEntry(QDockWidget& dock, const char* key);
     void ShowPicked();
     void ShowHidden();
 
@@ -55,4 +58,9 @@ private:
     QDockWidget* m_layerDock;
     QDockWidget* m_propertyDock;
     QDockWidget* m_analysisDock;
+    struct Entry {
+        QDockWidget* dock;
+        QAction* action;
+    };
+    std::vector<Entry> m_entries;
 };

@@ -21,6 +21,7 @@
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/ValueErrors.h"
+#include "workbench/view/ElidedLabel.h"
 #include "workbench/view/WidgetText.h"
 
 namespace {
@@ -76,12 +77,11 @@ void SunBar::Build() {
     m_date->setCalendarPopup(true);
     m_date->setDisplayFormat("yyyy-MM-dd");
     m_date->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31));
+    constexpr int kMore = 8;  // it measures itself without room for the cursor
+    m_date->setMinimumWidth(m_date->sizeHint().width() + kMore);
     m_date->setKeyboardTracking(false);  // a year in the making is no date that anybody means
-    m_about = new QLabel(this);
+    m_about = new ElidedLabel(this);
     m_about->setObjectName("SunAbout");
-    m_about->setTextFormat(Qt::PlainText);
-    m_about->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_about->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* rows = new QGridLayout(this);
     rows->setContentsMargins(4, 2, 4, 2);
     rows->addWidget(m_switch, 0, 0);
@@ -279,6 +279,5 @@ void SunBar::ShowTexts() {
     } else {
         m_time->setText(QString());
     }
-    m_about->setText(about);
-    m_about->setToolTip(about);
+    m_about->ShowText(about);
 }

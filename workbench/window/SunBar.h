@@ -11,6 +11,7 @@
 #include "facts/Settings.h"
 #include "workbench/view/ViewSun.h"
 
+class ElidedLabel;
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
@@ -83,5 +84,5 @@ private:
     QLabel* m_time = nullptr;
     QComboBox* m_base = nullptr;
     QDateEdit* m_date = nullptr;
-    QLabel* m_about = nullptr;
+    ElidedLabel* m_about = nullptr;
 };
