@@ -85,3 +85,12 @@ QStringList LayoutFaults(const QWidget& window) {
     }
     return faults;
 }
+
+QStringList WindowFaults(const QWidget& window) {
+    QStringList faults;
+    for (const auto* control : window.findChildren<QWidget*>())
+        if (control->isVisible())
+            for (const QString& fault : TextFaults(*control))
+                faults << NameOf(*control) + ": " + fault;
+    return faults;
+}

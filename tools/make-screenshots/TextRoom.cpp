@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTextDocument>
 #include <QTextLayout>
 #include <QTreeView>
 #include <algorithm>
@@ -53,7 +54,29 @@ void CheckLine(const QWidget& control, const QString& text, const QSize& room, Q
         faults << QString("%1 has signs that no font shows").arg(Quoted(text));
 }
 
+// A text with colours or links is laid out as the label does it.
+void CheckRichLabel(const QLabel& label, QStringList& faults) {
+    constexpr double kRounding = 1.0;
+    QTextDocument document;
+    document.setDefaultFont(label.font());
+    document.setDocumentMargin(0.0);
+    document.setHtml(label.text());
+    document.setTextWidth(label.contentsRect().width());
+    if (document.idealWidth() > label.contentsRect().width() + kRounding ||
+        document.size().height() > label.contentsRect().height() + kRounding)
+        faults << QString("%1 does not fit where it stands").arg(Quoted(document.toPlainText()));
+    if (!HasAllSigns(document.toPlainText(), label.font()))
+        faults << QString("%1 has signs that no font shows").arg(Quoted(document.toPlainText()));
+}
+
 void CheckLabel(const QLabel& label, QStringList& faults) {
+    if (label.text().isEmpty())
+        return;
+    if (label.textFormat() == Qt::RichText)
+        return CheckRichLabel(label, faults);
+    // One that says by an ellipsis that there is more takes what room there is.
+    if (label.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored && label.toolTip() == label.text())
+        return;
     if (!label.wordWrap()) {
         for (const QString& line : label.text().split('\n'))
             CheckLine(label, line, {label.contentsRect().width(), label.height()}, faults);
@@ -109,9 +132,10 @@ void CheckList(const QListWidget& list, QStringList& faults) {
 void CheckTree(const QTreeView& tree, QStringList& faults) {
     const int margin = tree.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &tree) + 1;
     const QHeaderView& header = *tree.header();
-    for (int column = 0; column < header.count(); ++column) {
+    const int titleMargin = tree.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &header);
+    for (int column = 0; column < header.count() && !header.isHidden(); ++column) {
         const QString title = tree.model()->headerData(column, Qt::Horizontal).toString();
-        CheckLine(header, title, {header.sectionSize(column) - 2 * margin, header.height()}, faults);
+        CheckLine(header, title, {header.sectionSize(column) - 2 * titleMargin, header.height()}, faults);
     }
     const int height = tree.viewport()->height();
     for (QModelIndex row = tree.indexAt(QPoint(1, 1)); row.isValid() && tree.visualRect(row).top() < height;

@@ -12,18 +12,29 @@ constexpr int kTitleHeight = 30;
 constexpr int kFrame = 1;
 constexpr int kGap = 10;
 constexpr int kCrossSize = 9;
-const QRgb kTitleColour = qRgb(0xDE, 0xE2, 0xE8);
 const QRgb kFrameColour = qRgb(0x8A, 0x90, 0x99);
-const QRgb kInk = qRgb(0x20, 0x24, 0x2A);
+
+struct TitleColours {
+    QColor bar;
+    QColor ink;
+};
+
+TitleColours ColoursBeside(const QWidget& window) {
+    const bool isDark = window.palette().color(QPalette::Window).lightness() < 128;
+    return isDark ? TitleColours{QColor(0x1E, 0x20, 0x24), QColor(0xE6, 0xE8, 0xEC)}
+                  : TitleColours{QColor(0xDE, 0xE2, 0xE8), QColor(0x20, 0x24, 0x2A)};
+}
 
 void DrawTitle(QPainter& painter, const QWidget& window, const QRect& bar) {
-    painter.fillRect(bar, QColor(kTitleColour));
-    painter.setPen(QColor(kInk));
+    const TitleColours colours = ColoursBeside(window);
+    painter.fillRect(bar, colours.bar);
+    painter.setPen(colours.ink);
     painter.setFont(window.font());
-    painter.drawText(bar.adjusted(kGap, 0, -kGap, 0), Qt::AlignLeft | Qt::AlignVCenter, window.windowTitle());
+    painter.drawText(bar.adjusted(kGap, 0, -kGap, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     window.windowTitle().remove("[*]"));
     const QRect cross(bar.right() - kGap - kCrossSize, bar.center().y() - kCrossSize / 2, kCrossSize, kCrossSize);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(kInk), 1.2));
+    painter.setPen(QPen(colours.ink, 1.2));
     painter.drawLine(cross.topLeft(), cross.bottomRight());
     painter.drawLine(cross.topRight(), cross.bottomLeft());
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -58,7 +69,9 @@ QImage TitledPicture(QWidget& window, QWidget* popup) {
         popupAt = inside.topLeft() + popup->mapToGlobal(QPoint(0, 0)) - window.mapToGlobal(QPoint(0, 0));
         all |= QRect(popupAt, popup->size());
     }
-    QImage picture(all.size(), QImage::Format_RGB32);
+    const double scale = window.devicePixelRatioF();
+    QImage picture((QSizeF(all.size()) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
     picture.fill(Qt::white);
     QPainter painter(&picture);
     painter.translate(-all.topLeft());
