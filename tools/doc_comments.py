@@ -1,0 +1,313 @@
+#!/usr/bin/env python3
+"""Turns the comments of a header into those that Doxygen reads, line by line, so that its warnings name the right line.
+
+The headers are written with plain comments:
+* the one above #pragma once is about the file;
+* one above a declaration is about it, and about the declarations that follow without an empty line between and without
+  a comment of their own;
+* one behind a declaration is about that, with the lines below that begin in the same column;
+Headings (// ---- Like this. ----) and what stands above forward declarations, friends, using-declarations and calls of macros, or in the body of a function,
+is for readers of the source only. A deleted copy says itself what it is; a destructor without a comment is left out,
+since it does what one expects.
+
+usage: tools/doc_comments.py HEADER      prints it
+       tools/doc_comments.py --shared HEADER...      lists the declarations that have another one's comment
+"""
+import argparse
+import re
+from dataclasses import dataclass
+
+TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\'|\n|.', re.S)
+SCOPE = re.compile(r"^(template\b.*\s)?(inline\s+)?(namespace|class|struct|union|enum|extern)\b")
+ACCESS = re.compile(r"^(public|protected|private):$")
+# No words about a declaration: headings, and what tools are told.
+HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
+# What has no comment of its own in the reference.
+PASSED_OVER = re.compile(r"^((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b|using\s+[\w:<>,* ]+;$"
+                         r"|[A-Z_0-9]+\(.*\)?;?$|template (class|struct)\b|})")
+DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
+DELETED_COPY = re.compile(r"\(const (\w+)(<\w+>)?&( \w+)?\) = delete;$")
+NOT_COPIED = "Deleted: objects of this class are not copied."
+# A word with which a sentence begins: a type's name only by accident.
+ORDINARY = re.compile(r"((?:^|[.!?:;]\"? )[(\"]?)([A-Z][a-z]+)(?![\w:(<]|\.h\b|[*&])")
+SPECIAL = re.compile(r"[\\@<>&#*|%]|--+|(?<!\w)_|_(?!\w)|^(\d+)\.(?= )|^[+-](?= )")
+
+
+@dataclass
+class Line:
+    """A line of the header, and where it stands."""
+    text: str
+    code: str = ""
+    comment: str = ""  # what follows the two slashes, with its blanks
+    column: int = -1   # of the two slashes
+    begins: bool = False  # a declaration may begin here
+    ends: bool = False    # one ends here, and none begins behind it
+    opens: bool = False   # a class or the like opens or closes
+    scope: str = ""
+
+    @property
+    def bare(self):
+        return self.code.strip()
+
+    @property
+    def is_comment(self):
+        return self.column >= 0 and not self.bare
+
+    @property
+    def is_heading(self):
+        return bool(HEADING.match(self.comment.strip()))
+
+    @property
+    def is_define(self):
+        return self.begins and self.bare.startswith("#define")
+
+    @property
+    def is_declaration(self):
+        return self.is_define or bool(self.begins and self.bare and self.bare[0] != "#" and not ACCESS.match(self.bare)
+                                      and not PASSED_OVER.match(self.bare))
+
+
+class Reader:
+    """Reads a header's lines, and follows its braces as far as declarations reach."""
+
+    def __init__(self, text):
+        self.lines = []
+        self.scopes = ["file"]  # file, class, enum; body for what holds no declarations
+        self.head = ""          # of the declaration so far
+        self.depth = 0          # of parentheses
+        self.in_directive = False
+        self.raw = text.split("\n")
+        self.start_line()
+        for match in TOKEN.finditer(text):
+            self.take(match[0])
+        self.finish_line()
+
+    def start_line(self):
+        begins = "body" not in self.scopes and not self.head.strip() and not self.depth and not self.in_directive
+        self.lines.append(Line(self.raw[len(self.lines)], begins=begins, scope=self.scopes[-1]))
+
+    def finish_line(self):
+        line = self.lines[-1]
+        inside = "body" not in self.scopes and not self.depth
+        if line.bare.startswith("#") and line.begins:
+            line.ends = line.is_define and not line.bare.endswith("\\")
+        else:
+            last_enumerator = line.scope == "enum" and self.scopes[-1] == "enum" and line.begins
+            line.ends = inside and bool(line.bare) and not line.opens and (not self.head.strip() or last_enumerator)
+        self.in_directive = (line.bare.startswith("#") or self.in_directive) and line.bare.endswith("\\")
+
+    def take(self, token):
+        line = self.lines[-1]
+        if token == "\n":
+            self.finish_line()
+            if line.scope == "enum" and line.ends and self.scopes[-1] == "enum":
+                self.head = ""
+            if self.head.strip():
+                self.head += " "
+            self.start_line()
+        elif token.startswith("//"):
+            line.column, line.comment = len(line.code), token[2:].rstrip()
+        elif token.startswith("/*") or "\n" in token:
+            for part in token.split("\n")[1:]:
+                self.start_line()
+                self.lines[-1].begins = False
+        else:
+            line.code += token
+            if not self.in_directive and not line.bare.startswith("#"):
+                self.follow(token, line)
+
+    def follow(self, token, line):
+        if token in "()":
+            self.depth += 1 if token == "(" else -1
+        if token == "{" and not self.depth:
+            self.scopes.append(self.kind_of_scope())
+            if self.scopes[-1] != "body":
+                line.opens = True
+                self.head = ""
+                return
+        elif token == "}" and not self.depth and len(self.scopes) > 1:
+            kind = self.scopes.pop()
+            if kind != "body":
+                line.opens = True
+            if "body" not in self.scopes and ("=" not in self.head or kind != "body"):
+                self.head = ""
+                return
+        elif "body" in self.scopes:
+            return
+        elif not self.depth and (token == ";" or (token == "," and self.scopes[-1] == "enum")):
+            self.head = ""
+            return
+        self.head += token
+        if ACCESS.match(self.head.strip()):
+            self.head = ""
+
+    def kind_of_scope(self):
+        head = self.head.strip()
+        if "body" in self.scopes or not SCOPE.match(head) or re.search(r"[()=]", head):
+            return "body"
+        return "enum" if head.startswith("enum") else "class"
+
+
+def escaped(text, begins_sentence):
+    """A line of a comment, as Markdown in which nothing but backticks has a meaning."""
+    parts = text.split("`")
+    if len(parts) % 2 == 0:
+        parts = ["\\`".join(parts)]
+    for i in range(0, len(parts), 2):
+        part = SPECIAL.sub(lambda match: match[1] + "\\." if match[1] else "\\" + match[0], parts[i])
+        guard = "" if begins_sentence and i == 0 else "\0"  # what does not begin a sentence
+        parts[i] = ORDINARY.sub(r"\1%\2", guard + part).removeprefix(guard)
+    return "`".join(parts)
+
+
+def paragraphs(comments):
+    """The lines of a comment, escaped, without the blank behind the slashes; code as it is."""
+    lines, is_code = [], False
+    for comment in comments:
+        text = comment[1:] if comment.startswith(" ") else comment
+        indent = len(text) - len(text.lstrip())
+        is_code = bool(text) and indent >= 4 and (is_code or not lines or not lines[-1])
+        if is_code or not text:
+            lines.append(text)
+        elif text.lstrip().startswith(("- ", "* ")):
+            lines.append(text[:indent] + "- " + escaped(text.lstrip()[2:], True))
+        else:
+            begins = not lines or not lines[-1] or lines[-1].endswith((".", "!", "?", ":", '"', ")"))
+            lines.append(text[:indent] + escaped(text.lstrip(), begins))
+    return lines
+
+
+def one_line(comments):
+    """A comment that is to stand before a declaration on its line; empty where that cannot be."""
+    lines = paragraphs(comments)
+    if any(line.startswith(("    ", "- ")) for line in lines):
+        return ""
+    return " ".join(line or "<p>" for line in lines)
+
+
+class Converter:
+    def __init__(self, text):
+        self.lines = Reader(text).lines
+        self.made = [line.text for line in self.lines]
+        self.shared = None   # the comment that counts for what follows
+        self.borrowed = []   # line number, declaration, comment
+
+    def convert(self):
+        i = self.convert_banner()
+        while i < len(self.lines):
+            i = self.convert_at(i)
+        return "\n".join(self.made)
+
+    def convert_banner(self):
+        end = next((i for i, line in enumerate(self.lines) if line.bare), len(self.lines))
+        if end < len(self.lines) and self.lines[end].bare == "#pragma once":
+            self.document(0, end)
+            self.made[end] = "/// @file"
+            return end + 1
+        return 0
+
+    def document(self, first, end):
+        texts = paragraphs(self.lines[i].comment for i in range(first, end))
+        for i, text in zip(range(first, end), texts):
+            self.made[i] = self.lines[i].code + ("/// " + text).rstrip()
+
+    def convert_at(self, i):
+        line = self.lines[i]
+        if line.is_comment and line.begins and not line.is_heading:
+            return self.convert_block(i)
+        if not line.bare and line.column < 0:
+            self.shared = None
+        elif line.is_declaration:
+            return self.convert_declaration(i, has_own=False)
+        elif ACCESS.match(line.bare):
+            self.shared = None
+        elif line.opens:
+            self.shared = None
+        return i + 1
+
+    def convert_block(self, first):
+        end = first
+        while end < len(self.lines) and self.lines[end].is_comment and not self.lines[end].is_heading:
+            end += 1
+        below = end
+        while below < len(self.lines) and self.lines[below].is_comment:
+            below += 1
+        if below >= len(self.lines) or not self.lines[below].is_declaration:
+            self.shared = None
+            return end
+        self.document(first, end)
+        self.shared = [self.lines[i].comment for i in range(first, end)]
+        return self.convert_declaration(below, has_own=True)
+
+    def convert_declaration(self, i, has_own):
+        """From the first line of a declaration to the one behind its last, or behind the brace that it opens."""
+        first = i
+        while i < len(self.lines) and not self.lines[i].ends and not self.lines[i].opens:
+            i += 1
+        if i == len(self.lines):
+            return first + 1
+        last = self.lines[i]
+        has_trailing = last.ends and last.column >= 0 and bool(last.bare) and not last.is_heading
+        if not has_own and not has_trailing:
+            self.complete(first, i)
+        i += 1
+        if has_trailing:
+            i = self.convert_trailing(i - 1)
+        if last.opens:
+            self.shared = None
+        return i
+
+    def complete(self, first, last):
+        """Gives a declaration that has no comment what there is for it."""
+        line = self.lines[first]
+        if DESTRUCTOR.match(line.bare):
+            self.insert(first, "/** @cond */ ")
+            self.made[last] += " /** @endcond */"
+        elif DELETED_COPY.search(line.bare):
+            self.insert(first, f"/** {NOT_COPIED} */ ")
+        elif self.shared:
+            text = one_line(self.shared)
+            if text and line.is_define:  # a directive begins its line, but its name may be followed by a comment
+                self.made[last] += f" /**< {text} */"
+            elif text:
+                self.insert(first, f"/** {text} */ ")
+            if text:
+                self.borrowed.append((first + 1, line.bare, " ".join(comment.strip() for comment in self.shared)))
+
+    def insert(self, i, comment):
+        text = self.made[i]
+        indent = len(text) - len(text.lstrip())
+        self.made[i] = text[:indent] + comment + text[indent:]
+
+    def convert_trailing(self, first):
+        end = first + 1
+        while end < len(self.lines) and self.lines[end].is_comment and self.lines[end].column == self.lines[first].column:
+            end += 1
+        texts = paragraphs(self.lines[i].comment for i in range(first, end))
+        for i, text in zip(range(first, end), texts):
+            self.made[i] = self.made[i][:len(self.made[i]) - len(self.lines[i].text)] + self.lines[i].code + "///< " + text
+        return end
+
+
+def converted(text):
+    return Converter(text).convert()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
+    parser.add_argument("--shared", action="store_true", help="list what has another declaration's comment")
+    parser.add_argument("headers", nargs="+")
+    options = parser.parse_args()
+    for path in options.headers:
+        with open(path, encoding="utf-8") as stream:
+            converter = Converter(stream.read())
+        made = converter.convert()
+        if options.shared:
+            for number, code, comment in converter.borrowed:
+                print(f"{path}:{number}: {code}    <- {comment}")
+        else:
+            print(made, end="")
+
+
+if __name__ == "__main__":
+    main()
