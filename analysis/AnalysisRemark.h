@@ -8,6 +8,7 @@
 
 // One thing to know: its kind, and of the others what that kind names.
 struct AnalysisRemark {
+    // What there is to know.
     enum class Kind {
         NoWindows,       // no window on the layers that were asked for
         NoFaces,         // nothing casts a shadow; `subject` lists what the drawing holds instead, empty for nothing;
@@ -46,9 +47,9 @@ struct AnalysisRemark {
         LeftOutByScope,    // `count` entities stand before some window and were too far away from it
         LeftOutByAltitude  // hours below `amount` degrees of altitude were left out
     };
-    Kind kind = Kind::NoWindows;
-    CString subject;
-    std::uint64_t handle = 0;
-    std::size_t count = 0;
-    double amount = 0.0;
+    Kind kind = Kind::NoWindows;  // which of the others hold something
+    CString subject;              // a name as the drawing has it, or a list for people
+    std::uint64_t handle = 0;     // of an entity; 0 for none
+    std::size_t count = 0;        // of what the kind says
+    double amount = 0.0;          // in the unit that the kind says
 };

@@ -6,7 +6,9 @@
 
 #include "platform/base/CString.h"
 
+// One thing to know: its kind, and of the others what that kind names.
 struct AreaRemark {
+    // What there is to know.
     enum class Kind {
         NoAreas,          // none on the layers that were asked for
         LayerMissing,     // `subject` is a layer that was asked for and that the drawing does not have
@@ -22,8 +24,8 @@ struct AreaRemark {
         PointsInside,     // `count` points of the outline `handle` lie in a closed body, and have no sun
         TooManyIsolines,  // the lines of the outline `handle` would be too many to follow: it has none
     };
-    Kind kind = Kind::NoAreas;
-    CString subject;
-    std::uint64_t handle = 0;
-    std::size_t count = 0;
+    Kind kind = Kind::NoAreas;  // which of the others hold something
+    CString subject;            // a name as the drawing has it
+    std::uint64_t handle = 0;   // of an entity; 0 for none
+    std::size_t count = 0;      // of what the kind says
 };

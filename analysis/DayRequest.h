@@ -29,8 +29,9 @@ struct DayRequest {
     TuningParameters tuning = CurrentTuningParameters();  // as they stand when the question is put together
 };
 
+// Why there is no answer.
 enum class AnalysisFailure {
-    None,
+    None,            // there is one
     NoPlace,         // settings.place is missing or off the globe
     NoStandard,      // settings.standard is missing
     TooManyWindows,  // more than kMostWindows, those of repeated storeys among them
@@ -39,12 +40,13 @@ enum class AnalysisFailure {
     Cancelled,       // by the caller
 };
 
+// What every analysis answers. A plain value; with a failure it has no results, only why.
 struct DayAnswer {
-    AnalysisFailure failure = AnalysisFailure::None;
-    CString unit;                // of the drawing, by name; only with UnknownUnit
-    SunPeriod span;              // that was analysed
-    double beijingOffset = 0.0;  // hours to add to true solar time for Beijing's
-    std::vector<AnalysisRemark> remarks;
+    AnalysisFailure failure = AnalysisFailure::None;  // why there is no answer
+    CString unit;                                     // of the drawing, by name; only with UnknownUnit
+    SunPeriod span;                                   // that was analysed, true solar time
+    double beijingOffset = 0.0;                       // hours to add to true solar time for Beijing's
+    std::vector<AnalysisRemark> remarks;              // what there is to know beside the numbers
 };
 
 // Whether to go on, told now and then how many of how many are done, on the thread of who asks: 0 of 0 at first, while

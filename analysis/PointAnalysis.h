@@ -17,7 +17,7 @@
 
 class AcDbDatabase;
 
-// Beyond this the answer alone takes more memory than most computers have.
+// The most points: beyond this the answer alone takes more memory than most computers have.
 inline constexpr std::size_t kMostPoints = 5'000'000;
 
 // What is asked. A plain value.
@@ -43,6 +43,7 @@ struct OutlineResult {
                                      // without a need and without points
 };
 
+// One point, and its sun.
 struct PointResult {
     QcGePoint place;                // metres, the drawing's axes; in the outline's plane
     std::uint32_t outline = 0;      // of PointAnswer::outlines
@@ -50,12 +51,13 @@ struct PointResult {
     double total = 0.0;             // minutes that the standard counts
 };
 
+// What is answered. A plain value, which keeps nothing of the drawing.
 struct PointAnswer : DayAnswer {
     std::vector<OutlineResult> outlines;  // in the drawing's order; none with a failure
     std::vector<PointResult> points;      // those of one outline together, in rows from below, each from the left
     std::vector<Isoline> isolines;        // by outline, then by hours
-    std::vector<AreaRemark> areaRemarks;
-    double pointCount = 0.0;  // that it would be, about; with TooManyPoints
+    std::vector<AreaRemark> areaRemarks;  // what there is to know of the outlines
+    double pointCount = 0.0;              // that it would be, about; with TooManyPoints
 };
 
 // The areas' own layers, and the usual ones of windows: what lies there casts no shadow.

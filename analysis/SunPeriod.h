@@ -4,8 +4,9 @@
 // From `start` to `end`, both included, in decimal hours of true solar time, not rounded. Times before 0 or from 24 on
 // lie on the day before or after.
 struct SunPeriod {
-    double start = 0.0;
-    double end = 0.0;
+    double start = 0.0;  // hours
+    double end = 0.0;    // hours, not before the start
 
+    // How long it is.
     double Minutes() const { return (end - start) * 60.0; }
 };

@@ -16,7 +16,7 @@ class AcDbDatabase;
 // What is asked. A plain value.
 struct AnalysisRequest : DayRequest {
     std::vector<CString> windowLayers;  // none: kUsualWindowLayers
-    PlanRules plan;
+    PlanRules plan;                     // what plans do not say of the windows that they draw as lines
     // What lies on these layers is a project: windows are told with it and without it. Sides, bodies and floors are
     // found with everything present.
     std::vector<CString> proposedLayers;
@@ -24,6 +24,7 @@ struct AnalysisRequest : DayRequest {
     bool isScoped = false;
 };
 
+// What is answered. A plain value, which keeps nothing of the drawing.
 struct AnalysisAnswer : DayAnswer {
     std::vector<WindowResult> windows;  // in the drawing's order, then those of repeated storeys; none with a failure
 };

@@ -8,4 +8,5 @@
 // that the building ("A-2-402-1": "A-2"). With two parts there is no building, with one no flat either; nor with any
 // part that is empty or blank. Empty for none.
 ORVO_API CString BuildingOf(const CString& name);
+// The flat's part alone, by the same rule ("A-2-402-1": "402").
 ORVO_API CString FlatOf(const CString& name);

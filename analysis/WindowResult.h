@@ -19,17 +19,20 @@ enum class DropReason {
     Threshold,        // does not exceed the threshold, or no period is as long as the longest must be
 };
 
+// Sun that reaches a window and does not count.
 struct DroppedPeriod {
-    SunPeriod period;
-    DropReason reason = DropReason::Short;
+    SunPeriod period;                       // true solar time
+    DropReason reason = DropReason::Short;  // why not
 };
 
+// Sun that something takes from a window.
 struct HiddenPeriod {
-    SunPeriod period;
+    SunPeriod period;  // true solar time
     std::vector<std::uint64_t>
         by;  // handles of all that hide any part of the window then, ascending; 0 for one without
 };
 
+// What is special about a window.
 enum class WindowNote {
     Cut,       // a face runs through the window: no sun all day
     Inside,    // it lies in a closed body
@@ -56,8 +59,8 @@ struct WindowHours {
     double judged = 0.0;                 // minutes that are compared with what is needed; today always `total`
     std::optional<bool> passes;          // none without a need or without a side
     int color = 0;                       // of the judged hours, by the standard's table
-    std::optional<WindowPart> part;
-    std::vector<WindowNote> notes;  // each at most once, in the order of the enumeration
+    std::optional<WindowPart> part;      // that was judged, of a window too wide for the standard; none: all of it
+    std::vector<WindowNote> notes;       // each at most once, in the order of the enumeration
 };
 
 // One window, with the hours that it has as everything is drawn. Lengths are metres and points are in the drawing's
@@ -68,9 +71,9 @@ struct WindowResult : WindowHours {
     CString building;          // empty for none, like the flat
     CString flat;              // where a plan was repeated, with the storey before it
     std::optional<int> floor;  // 1 for the lowest sill of its building, and so on
-    std::optional<double> facing;  // of the outward normal: degrees from true east, counter-clockwise, [0, 360)
-    double width = 0.0;
-    double height = 0.0;
+    std::optional<double> facing;      // of the outward normal: degrees from true east, counter-clockwise, [0, 360)
+    double width = 0.0;                // along the sill
+    double height = 0.0;               // upwards
     double sill = 0.0;                 // z of the lower edge
     std::array<QcGePoint, 4> corners;  // from the lower left one seen from outside, counter-clockwise
 

@@ -6,13 +6,15 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
+// Minutes.
 inline constexpr int kMinutesPerHour = 60;
 inline constexpr int kMinutesPerDay = 24 * kMinutesPerHour;
 
+// A duration as a clock shows it.
 struct ClockParts {
-    int hours;
-    int minutes;
-    int seconds;
+    int hours;    // from 0
+    int minutes;  // 0 to 59
+    int seconds;  // 0 to 59
 };
 // Of a number of seconds that is not negative; the hours have no upper limit.
 constexpr ClockParts SplitSeconds(int seconds) {

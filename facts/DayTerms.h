@@ -10,16 +10,16 @@
 
 // One of the 24 terms, on its day in one year.
 struct SolarTerm {
-    int index = 0;  // 0 is the winter solstice
-    CString name;   // such as 冬至: as built in or read, to be translated where it is shown
-    CalendarDay day = {};
+    int index = 0;                // 0 is the winter solstice
+    CString name;                 // such as 冬至: as built in or read, to be translated where it is shown
+    CalendarDay day = {};         // of that year
     double equationOfTime = 0.0;  // true solar minus mean solar time, hours
     double declination = 0.0;     // degrees, north positive
 };
 
 // A plain value: read on the module's thread, then anybody's.
 struct ORVO_API DayTerms {
-    CalendarDay day = {};
+    CalendarDay day = {};          // that was asked for
     bool isLeapYear = false;       // as the module counts them: every fourth year
     std::vector<SolarTerm> table;  // the year's 24 terms by their index, the winter solstice of its December first
 

@@ -6,8 +6,8 @@
 
 // A plain value. The numbers are those of the place database, which nobody checks.
 struct ORVO_API Place {
-    CString province;
-    CString city;
+    CString province;        // empty for a place without one
+    CString city;            // the place's own name
     double longitude = 0.0;  // decimal degrees, east positive
     double latitude = 0.0;   // decimal degrees, north positive
 

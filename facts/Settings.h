@@ -14,24 +14,25 @@ class OrvoDataSet;
 
 // A time of day in whole numbers, as the settings keep it; nobody checks them.
 struct ClockTime {
-    int hour = 0;
-    int minute = 0;
+    int hour = 0;    // 0 to 24
+    int minute = 0;  // 0 to 59
 };
 
 // Read on the module's thread, then anybody's. The members below change the value alone, for one question; what changes
 // the settings themselves stands in SettingsEdit.h.
 struct ORVO_API Settings {
-    CString placeName;           // as the settings keep it
-    std::optional<Place> place;  // where that is; none when the place database does not have it
-    CalendarDay ownDay = {};     // the settings' own day
-    ClockTime start;             // of the analysed span
-    ClockTime end;
+    CString placeName;                 // as the settings keep it
+    std::optional<Place> place;        // where that is; none when the place database does not have it
+    CalendarDay ownDay = {};           // the settings' own day
+    ClockTime start;                   // of the analysed span
+    ClockTime end;                     // of the analysed span, itself included
     int step = 0;                      // whole minutes
     std::optional<Standard> standard;  // the current one; none where no standard is chosen
 
     // The day of an analysis: the current standard's; the settings' own where there is none.
     CalendarDay Day() const { return standard ? standard->day : ownDay; }
 
+    // The place with its name; a position off the globe is taken, too, and refused by the analysis.
     void UsePlace(const Place& other);
     // The settings' own day and the current standard's.
     void UseDay(const CalendarDay& day);

@@ -14,6 +14,7 @@
 // interface's language, and is the caller's to show.
 class ORVO_API SettingsChange {
 public:
+    // Nothing is read or locked yet.
     SettingsChange() = default;
     SettingsChange(const SettingsChange&) = delete;
     SettingsChange& operator=(const SettingsChange&) = delete;
@@ -24,8 +25,9 @@ public:
     // Saves the settings, and tells what others had changed, too. False, and why in the messages, when they cannot be
     // saved.
     bool Save();
-    // What has not been taken yet.
+    // What has not been taken yet: each message is given once.
     std::vector<CString> TakeMessages();
+    // Of the settings file; empty before Begin, and where that has found none.
     const CString& Path() const { return m_path; }
 
 private:

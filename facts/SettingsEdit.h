@@ -11,7 +11,8 @@ struct Place;
 // The current place: name, and record with the database's own texts (RecordOf).
 ORVO_API void SetPlace(OrvoDataSet& settings, const Place& place);
 
-// The settings' own day; their start and end as an angle and in whole numbers (minutes since midnight); their step.
+// The settings' own day; their start and end as an angle and in whole numbers (minutes since midnight, 0 to 1440);
+// their step in minutes. No number is checked.
 ORVO_API void SetOwnDay(OrvoDataSet& settings, const CalendarDay& day);
 ORVO_API void SetOwnStart(OrvoDataSet& settings, int minutes);
 ORVO_API void SetOwnEnd(OrvoDataSet& settings, int minutes);

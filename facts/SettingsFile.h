@@ -17,9 +17,11 @@ class ORVO_API OthersChanges {
 public:
     // Nothing.
     OthersChanges() = default;
+    // From what this program knew of the file to what stands there now, both in the form of SettingsForm.h.
     OthersChanges(std::unique_ptr<QcDtDictionary> known, std::unique_ptr<QcDtDictionary> theirs)
         : m_known(std::move(known)), m_theirs(std::move(theirs)) {}
 
+    // Whether nobody has written anything.
     bool IsEmpty() const { return !m_theirs; }
     // What others and this program have both changed, by the settings as they are now.
     std::vector<SettingsConflict> ConflictsWith(const OrvoDataSet& settings) const;
@@ -34,6 +36,7 @@ private:
 // until after the other.
 class ORVO_API SettingsFile {
 public:
+    // How the file was found.
     enum class State {
         Sound,    // the file was read; or there is none, or one at another place than before
         Damaged,  // it is refused, or holds no settings
@@ -62,5 +65,5 @@ ORVO_API void PutInForce(const QcDtDictionary& form, OrvoDataSet& settings);
 // The step's whole-number copy is made to agree with the step, so that the note line tells the truth.
 ORVO_API void RefreshWholeStep(OrvoDataSet& settings);
 
-// The one of this program.
+// The one of this program, which lives as long as it does.
 ORVO_API SettingsFile& SharedSettingsFile();

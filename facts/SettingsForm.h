@@ -21,13 +21,13 @@ struct StandardField {
 // Every field but the name, in the order of files.
 ORVO_API const std::vector<StandardField>& StandardFields();
 
-// The form of settings with all their standards, and of one standard. Never null.
+// The form of settings with all their standards, or of one standard. Never null.
 ORVO_API std::unique_ptr<QcDtDictionary> FormOf(const OrvoDataSet& settings);
 ORVO_API std::unique_ptr<QcDtDictionary> FormOf(const OrvoStdSet& standard);
 
-// The dictionaries of the standards in the form of settings, in their order.
+// The dictionaries of the standards in the form of settings, in their order; they belong to it.
 ORVO_API std::vector<const QcDtDictionary*> StandardsIn(const QcDtDictionary& settings);
-// The one of that name; null for none.
+// The one of that name, which belongs to the form; null for none.
 ORVO_API const QcDtDictionary* FindStandardIn(const QcDtDictionary& settings, const CString& name);
 
 // Whether two items (null: a missing one) are of one kind and hold the same values, attributes and items, in the same

@@ -15,9 +15,10 @@ struct SettingsConflict {
     const wchar_t* label;  // built-in text for the field; null for a standard as a whole, which one of them deleted
 };
 
+// What comes of a merge.
 struct MergedSettings {
-    std::unique_ptr<QcDtDictionary> form;
-    std::vector<SettingsConflict> conflicts;
+    std::unique_ptr<QcDtDictionary> form;     // in the form of SettingsForm.h; never null
+    std::vector<SettingsConflict> conflicts;  // empty where both can be had
 };
 
 // Merges item by item: the settings one by one, standards by their names, and each standard field by field. All three

@@ -10,8 +10,9 @@
 // dates.
 class ORVO_API SettingsSnapshot {
 public:
+    // Copies the values; the settings may change or go.
     explicit SettingsSnapshot(const OrvoDataSet& settings);
-    // The standards are new objects afterwards.
+    // Puts every value back. The standards are new objects afterwards.
     void Restore(OrvoDataSet& settings) const;
 
 private:

@@ -8,11 +8,17 @@
 
 struct Standard;
 
+// One rule, in the interface's language.
 struct Rule {
-    enum class Kind { Day, Counting, Colors };
-    CString label;
-    CString words;
-    Kind kind = Kind::Counting;
+    // What it is about.
+    enum class Kind {
+        Day,       // the day of the analysis
+        Counting,  // which sun counts and how it is added up; span, step and time base, too
+        Colors,    // how results are coloured
+    };
+    CString label;               // the field's name, as the dialogs have it
+    CString words;               // its value, in words
+    Kind kind = Kind::Counting;  // what it is about
 };
 
 // Every rule of the standard, save its name, in the order in which a person would ask.

@@ -25,6 +25,7 @@ struct Place;
 // in China by 7 (south) to 15 minutes (north, in winter). How far the module's declination and equation of time are
 // from the almanac's stands in OrvoDate.h.
 struct ORVO_API SunDay {
+    // What the sun does at the horizon.
     enum class Kind {
         Ordinary,    // it rises and sets
         PolarDay,    // it does not set
@@ -37,12 +38,13 @@ struct ORVO_API SunDay {
     double longitude = 0.0;       // degrees, east positive
     double latitude = 0.0;        // degrees, north positive
 
-    Kind kind = Kind::Ordinary;
-    double noon = 0.0;       // true solar noon, Beijing time
-    double sunrise = 0.0;    // Beijing time; sunrise and sunset are only meaningful on an ordinary day
-    double sunset = 0.0;     // Beijing time
-    double dayLength = 0.0;  // hours; 24 or 0 on polar days and nights
+    Kind kind = Kind::Ordinary;  // tells whether there is a sunrise
+    double noon = 0.0;           // true solar noon, Beijing time
+    double sunrise = 0.0;        // Beijing time; sunrise and sunset are only meaningful on an ordinary day
+    double sunset = 0.0;         // Beijing time
+    double dayLength = 0.0;      // hours; 24 or 0 on polar days and nights
 
+    // From one time base to the other, decimal hours; any time will do, also one before 0 or from 24 on.
     double TrueSolarTime(double beijingTime) const { return beijingTime - noon + 12.0; }
     double BeijingTime(double trueSolarTime) const { return trueSolarTime - 12.0 + noon; }
 };
@@ -50,4 +52,5 @@ struct ORVO_API SunDay {
 // The latitude is within [-90, 90]. At a pole on an equinox, where the sun goes round on the horizon, rounding decides
 // what kind of day it is.
 ORVO_API SunDay ComputeSunDay(double declination, double equationOfTime, double longitude, double latitude);
+// With the day's own numbers and the place's. Both are the caller's to check (IsReasonable, IsOnTheGlobe).
 ORVO_API SunDay ComputeSunDay(const DayTerms& terms, const Place& place);

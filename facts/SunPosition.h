@@ -9,9 +9,9 @@ struct SunDay;
 
 // The way to the sun, of length 1. (Light travels the other way.)
 struct SunDirection {
-    double east = 0.0;
-    double north = 0.0;
-    double up = 0.0;
+    double east = 0.0;   // -1 to 1, like the others
+    double north = 0.0;  // true north
+    double up = 0.0;     // the sine of the altitude: negative below the horizon
 };
 
 // With the latitude p, the declination d and the hour angle H:
@@ -31,6 +31,7 @@ struct SunDirection {
 // refraction, which lifts the sun by 0.5 degrees on the horizon and by 0.1 at 10 degrees, and the observer's height.
 ORVO_API SunDirection DirectionOfSun(const SunDay& day, double trueSolarTime);
 
+// Where the sun stands in the sky.
 struct SunPosition {
     double altitude = 0.0;  // degrees above the horizon, negative below
     double azimuth = 0.0;   // degrees from north clockwise, within [0, 360): east 90, south 180, west 270
@@ -39,8 +40,9 @@ struct SunPosition {
 // From a direction of any length but 0. The altitude is atan2(up, hypot(east, north)), which keeps its digits near the
 // zenith too; the azimuth atan2(east, north), 0 where the sun is in the zenith and has none.
 ORVO_API SunPosition PositionOf(const SunDirection& direction);
+// At a time in decimal hours of true solar time: PositionOf(DirectionOfSun(...)).
 ORVO_API SunPosition PositionOfSun(const SunDay& day, double trueSolarTime);
 
-// The length of the shadow on level ground of something one unit high: cot altitude. None while the sun is not above
-// the horizon.
+// The length of the shadow on level ground of something one unit high, in that unit: cot altitude. None while the sun
+// is not above the horizon.
 ORVO_API std::optional<double> ShadowLength(const SunPosition& position);

@@ -7,9 +7,11 @@
 
 #include "platform/base/CString.h"
 
+// One kind, and how many there are.
 struct KindCount {
-    std::string type;
-    std::size_t count = 0;
+    std::string type;       // as the file names it, such as LINE
+    std::size_t count = 0;  // at least 1 in a list
+    // By both.
     bool operator==(const KindCount& other) const = default;
 };
 

@@ -9,10 +9,11 @@
 // text, blanks at both ends aside, and without case (of ASCII letters). The number is the caller's to check: finite,
 // and above 0.
 struct LayerHeight {
-    CString layer;
-    double metres = 0.0;
+    CString layer;        // its name
+    double metres = 0.0;  // from the outline upwards
 };
 
+// What became of one such height.
 struct LayerHeightUse {
     bool isLayerThere = false;  // the table of layers has it, or a visible entity lies on it
     std::size_t bodyCount = 0;  // visible outlines that got the height; in a block once for all of its INSERTs

@@ -24,33 +24,34 @@ class AcDbDatabase;
 // has one of these for each run of faces of one layer and colour, all with the id of the outermost INSERT, one behind
 // the other.
 struct SceneEntity {
-    AcDbObjectId id;
+    AcDbObjectId id;          // the entity's, in the drawing that was read
     std::uint32_t layer = 0;  // which of Scene::layers
     int colorIndex = 7;       // 1 to 255, by-layer and by-block already resolved
     // 0xRRGGBB where the entity has a true colour of its own, or its layer when the entity's colour is the layer's; it
     // then counts instead of the index. Else -1.
     int trueColor = -1;
-    std::size_t firstFace = 0;
-    std::size_t faceCount = 0;
+    std::size_t firstFace = 0;  // of Scene::faces
+    std::size_t faceCount = 0;  // at least 1
 };
 
-// An INSERT that would bring a scene beyond this is left out.
+// The most faces: an INSERT that would bring a scene beyond this is left out.
 inline constexpr std::size_t kMostSceneFaces = 5'000'000;
 
 // An INSERT whose block is an external reference, or inserts one.
 struct ExternalInsert {
-    AcDbObjectId id;
+    AcDbObjectId id;   // of the INSERT in the model space
     std::string name;  // the reference's, as it stands in the file; of several the first
 };
 
+// What is wanted of a drawing.
 struct SceneOptions {
-    std::size_t mostFaces = kMostSceneFaces;
-    std::vector<LayerHeight> heights;  // each layer once; of several for one the first counts
+    std::size_t mostFaces = kMostSceneFaces;  // beyond it INSERTs are left out
+    std::vector<LayerHeight> heights;         // each layer once; of several for one the first counts
     // Layers whose names begin so, whatever the case, are as good as frozen; empty: none.
     CString unseenLayers = {};
-    bool hasLines = false;  // whether flat entities give lines, which shadows do not need
-    std::size_t mostSegments = kMostSceneSegments;
-    SceneProgress* progress = nullptr;  // told how far it is, and asked whether to leave off, unless null
+    bool hasLines = false;                          // whether flat entities give lines, which shadows do not need
+    std::size_t mostSegments = kMostSceneSegments;  // of lines, beyond which what would bring more is left out
+    SceneProgress* progress = nullptr;              // told how far it is, and asked whether to leave off, unless null
     // Asked now and then, in the thread that makes the scene, unless null: once it is false the scene is of no use.
     std::function<bool()> goOn = nullptr;
 };
@@ -58,8 +59,8 @@ struct SceneOptions {
 // How one of Scene::layers looks in the drawing.
 struct SceneLayer {
     bool isVisible = true;  // neither off nor frozen
-    int colorIndex = 7;
-    int trueColor = -1;
+    int colorIndex = 7;     // 1 to 255
+    int trueColor = -1;     // 0xRRGGBB, which then counts instead of the index; -1 for none
 };
 
 // A value: it keeps nothing of the drawing but the ids.
@@ -68,12 +69,13 @@ struct SceneLayer {
 // may ask at once. A face is a triangle or a flat convex quadrilateral; no three of its corners are in one line, and no
 // two are closer than g_fZero.
 struct Scene {
-    std::vector<QcGeFace3dEX> faces;
+    std::vector<QcGeFace3dEX> faces;    // in the drawing's units, entity by entity
     std::vector<SceneEntity> entities;  // in the drawing's order; only those with faces
     std::vector<std::string> layers;    // names as they stand in the file
     std::vector<SceneLayer> looks;      // one for each of these
     SceneLines lines;                   // only where they were asked for
-    QcGePoint least, most;              // the box around all faces; both at the origin when there are none
+    QcGePoint least;                    // lowest corner of the box around all faces; the origin when there are none
+    QcGePoint most;                     // highest corner of the same box
     // Visible entities of kinds that have no faces, the most frequent first, then by type. An INSERT is one of them
     // when it shows no face.
     std::vector<KindCount> passedOver;

@@ -7,8 +7,8 @@ The headers are written with plain comments:
   a comment of their own;
 * one behind a declaration is about that, with the lines below that begin in the same column;
 Headings (// ---- Like this. ----) and what stands above forward declarations, friends, using-declarations and calls of macros, or in the body of a function,
-is for readers of the source only. A deleted copy says itself what it is; a destructor without a comment is left out,
-since it does what one expects.
+is for readers of the source only. A copy or comparison that is deleted or defaulted says itself what it is; a destructor
+without a comment is left out, since it does what one expects.
 
 usage: tools/doc_comments.py HEADER      prints it
        tools/doc_comments.py --shared HEADER...      lists the declarations that have another one's comment
@@ -26,8 +26,8 @@ HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 PASSED_OVER = re.compile(r"^((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b|using\s+[\w:<>,* ]+;$"
                          r"|[A-Z_0-9]+\(.*\)?;?$|template (class|struct)\b|})")
 DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
-DELETED_COPY = re.compile(r"\(const (\w+)(<\w+>)?&( \w+)?\) = delete;$")
-NOT_COPIED = "Deleted: objects of this class are not copied."
+COPY = re.compile(r"\(const \w+(<\w+>)?&( \w+)?\)( const)? = (delete|default);$")
+COPIES = {"delete": "Deleted: objects of this class are not copied.", "default": "Member by member."}
 # A word with which a sentence begins: a type's name only by accident.
 ORDINARY = re.compile(r"((?:^|[.!?:;]\"? )[(\"]?)([A-Z][a-z]+)(?![\w:(<]|\.h\b|[*&])")
 SPECIAL = re.compile(r"[\\@<>&#*|%]|--+|(?<!\w)_|_(?!\w)|^(\d+)\.(?= )|^[+-](?= )")
@@ -129,7 +129,7 @@ class Reader:
             kind = self.scopes.pop()
             if kind != "body":
                 line.opens = True
-            if "body" not in self.scopes and ("=" not in self.head or kind != "body"):
+            if "body" not in self.scopes and (kind != "body" or not self.is_initializing()):
                 self.head = ""
                 return
         elif "body" in self.scopes:
@@ -140,6 +140,13 @@ class Reader:
         self.head += token
         if ACCESS.match(self.head.strip()):
             self.head = ""
+
+    def is_initializing(self):
+        """Whether the declaration goes on behind the braces: they held a value, not what a function does."""
+        head = re.sub(r"operator\W+?(?=\()", "operator", self.head)
+        while re.search(r"\([^()]*\)", head):
+            head = re.sub(r"\([^()]*\)", "", head)
+        return "=" in head
 
     def kind_of_scope(self):
         head = self.head.strip()
@@ -263,8 +270,8 @@ class Converter:
         if DESTRUCTOR.match(line.bare):
             self.insert(first, "/** @cond */ ")
             self.made[last] += " /** @endcond */"
-        elif DELETED_COPY.search(line.bare):
-            self.insert(first, f"/** {NOT_COPIED} */ ")
+        elif COPY.search(line.bare):
+            self.insert(first, f"/** {COPIES[COPY.search(line.bare)[4]]} */ ")
         elif self.shared:
             text = one_line(self.shared)
             if text and line.is_define:  # a directive begins its line, but its name may be followed by a comment
