@@ -5,10 +5,12 @@ The headers are written with plain comments:
 * the one above #pragma once is about the file;
 * one above a declaration is about it, and about the declarations that follow without an empty line between and without
   a comment of their own;
-* one behind a declaration is about that, with the lines below that begin in the same column;
-Headings (// ---- Like this. ----) and what stands above forward declarations, friends, using-declarations and calls of macros, or in the body of a function,
-is for readers of the source only. A copy or comparison that is deleted or defaulted says itself what it is; a destructor
-without a comment is left out, since it does what one expects.
+* one behind a declaration is about that, with the lines below that begin in the same column.
+
+Headings (// ---- Like this. ----) are for readers of the source only, and so is what stands in the body of a function or
+above forward declarations, friends, using-declarations and calls of macros. Nobody need say of a copy that is deleted or
+defaulted what it is. What overrides has the comment of what it overrides, unless it has one of its own. A destructor
+and the answer to a message (afx_msg) without a comment are left out: nobody calls them, and they do what one expects.
 
 usage: tools/doc_comments.py HEADER      prints it
        tools/doc_comments.py --shared HEADER...      lists the declarations that have another one's comment
@@ -25,7 +27,8 @@ HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
 PASSED_OVER = re.compile(r"^((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b|using\s+[\w:<>,* ]+;$"
                          r"|[A-Z_0-9]+\(.*\)?;?$|template (class|struct)\b|})")
-DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
+EXPECTED = re.compile(r"^(virtual )?~\w+\(|^afx_msg\b")  # destructors, and answers to messages
+OVERRIDE = re.compile(r"\b(override|final)\b")
 COPY = re.compile(r"\(const \w+(<\w+>)?&( \w+)?\)( const)? = (delete|default);$")
 COPIES = {"delete": "Deleted: objects of this class are not copied.", "default": "Member by member."}
 # A word with which a sentence begins: a type's name only by accident.
@@ -267,12 +270,12 @@ class Converter:
     def complete(self, first, last):
         """Gives a declaration that has no comment what there is for it."""
         line = self.lines[first]
-        if DESTRUCTOR.match(line.bare):
+        if EXPECTED.match(line.bare):
             self.insert(first, "/** @cond */ ")
             self.made[last] += " /** @endcond */"
         elif COPY.search(line.bare):
             self.insert(first, f"/** {COPIES[COPY.search(line.bare)[4]]} */ ")
-        elif self.shared:
+        elif self.shared and not OVERRIDE.search(self.code_of(first, last)):
             text = one_line(self.shared)
             if text and line.is_define:  # a directive begins its line, but its name may be followed by a comment
                 self.made[last] += f" /**< {text} */"
@@ -280,6 +283,10 @@ class Converter:
                 self.insert(first, f"/** {text} */ ")
             if text:
                 self.borrowed.append((first + 1, line.bare, " ".join(comment.strip() for comment in self.shared)))
+
+    def code_of(self, first, last):
+        """The declaration, up to the body of a function."""
+        return " ".join(line.bare for line in self.lines[first:last + 1]).split("{")[0]
 
     def insert(self, i, comment):
         text = self.made[i]

@@ -45,6 +45,7 @@ public:
     // Whether nothing has failed since Init.
     virtual BOOL IsOK() const;
 
+    // The path that Init or the constructor was given.
     CString GetFName() const { return m_strFileName; }
     // Bits of each pixel as recorded, 8 unless set: up to 8 with a table of fixed colours, 24, or 32.
     UINT GetColorNum() const { return m_nColorBits; }

@@ -4,7 +4,7 @@
 
 // A plain value, not validated. (OrvoDate is a day together with the tables of the solar terms.)
 struct CalendarDay {
-    int year;
+    int year;   // of the common era
     int month;  // 1 to 12
     int day;    // 1 to 31
 

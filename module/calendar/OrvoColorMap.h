@@ -9,9 +9,12 @@ class QcDtDictItem;
 // everything, itself included.
 class ORVO_API OrvoColorMap {
 public:
+    // Colour 0 from 0 hours on.
     OrvoColorMap() = default;
+    // From that many hours on that colour; nothing is checked.
     OrvoColorMap(double value, int color) : m_dValue(value), m_nColor(color) {}
 
+    // By value alone.
     bool operator<(const OrvoColorMap& other) const { return m_dValue < other.m_dValue; }
     bool operator>(const OrvoColorMap& other) const { return m_dValue > other.m_dValue; }
     bool operator==(const OrvoColorMap& other) const { return m_dValue == other.m_dValue; }

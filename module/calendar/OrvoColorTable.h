@@ -18,7 +18,7 @@ class ORVO_API OrvoColorTable : public QcPDList<OrvoColorMap> {
 public:
     // Eight rows, colours 1 to 8 from 0.0 to 7.0 hours on, and the type colours 1 to 5.
     OrvoColorTable();
-    // Copies of the rows and of the type colours.
+    // With copies of the rows and of the type colours.
     OrvoColorTable(const OrvoColorTable& other);
     OrvoColorTable& operator=(const OrvoColorTable& other);
     ~OrvoColorTable() override;

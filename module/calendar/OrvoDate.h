@@ -23,8 +23,9 @@ class ORVO_API OrvoDate {
 public:
     // Today, with empty tables.
     OrvoDate();
+    // That day, whatever the numbers are, with empty tables.
     OrvoDate(int year, int month, int day);
-    // As SetDate.
+    // As SetDate, with empty tables.
     OrvoDate(const wchar_t* text);
     // With copies of both tables.
     OrvoDate(const OrvoDate& other);
@@ -35,6 +36,7 @@ public:
     // Puts today's local date (see Today.h); the tables stay.
     void Reset();
 
+    // The fields alone, unchecked; the tables stay.
     int GetYear() const { return m_nYear; }
     int GetMonth() const { return m_nMonth; }
     void SetYear(int year) { m_nYear = year; }
@@ -108,11 +110,11 @@ public:
     // or when either dictionary is missing; also at the first item that is no term, where the rows before it stay.
     bool LoadTermDataFromDict(QcDtDictionary* dict);
 
-    int m_nYear;
-    int m_nMonth;  // 1 to 12
-    int m_nDay;    // 1 to 31
-    QcPDList<OrvoSTerm> m_listTerm;
-    QcPDList<OrvoSTerm> m_listLeapTerm;
+    int m_nYear;                         // decides which table is in force
+    int m_nMonth;                        // 1 to 12
+    int m_nDay;                          // 1 to 31
+    QcPDList<OrvoSTerm> m_listTerm;      // the table of common years, which owns its rows
+    QcPDList<OrvoSTerm> m_listLeapTerm;  // the table of leap years, likewise
 
 private:
     MonthDay GetMonthDay() const { return {m_nMonth, m_nDay}; }

@@ -19,6 +19,7 @@ class ORVO_API OrvoDegree {
 public:
     // All zero.
     OrvoDegree() = default;
+    // As setDegree.
     OrvoDegree(int degree, int minute, int second) { setDegree(degree, minute, second); }
     OrvoDegree(double value) { setDegree(value); }
     OrvoDegree(const OrvoDegree& other) = default;
@@ -34,6 +35,7 @@ public:
     // Keeps the value and splits it.
     void setDegree(double value);
 
+    // The split as it stands; the decimal value, twice; the value in radians.
     void getDegree(int& degree, int& minute, int& second) const;
     void getDegree(double& value) const { value = m_dValue; }
     double getDegree() const { return m_dValue; }
@@ -46,6 +48,7 @@ public:
     // pass through the language switch.
     CString Format(bool withSeconds) const;
 
+    // As setDegree.
     OrvoDegree& operator=(double value);
     OrvoDegree& operator=(const OrvoDegree& other);
 

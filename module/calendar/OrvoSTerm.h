@@ -14,9 +14,10 @@ class ORVO_API OrvoSTerm {
 public:
     // Empty texts and zero angles.
     OrvoSTerm() = default;
+    // With a name; nothing else.
     OrvoSTerm(const CString& name) : m_strName(name) {}
 
-    // Month and day of m_strDate. The text is read once and again only when it has changed since.
+    // The month and the day of m_strDate. The text is read once and again only when it has changed since.
     MonthDay GetMonthDay() const;
 
     // Writes all fields into the item, the name twice. False, with nothing written, for null and for an item whose

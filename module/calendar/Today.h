@@ -4,6 +4,7 @@
 #include "calendar/CalendarDay.h"
 #include "platform/base/Api.h"
 
+// Gives a day that counts as today's. Must not throw.
 using TodayFunction = CalendarDay (*)();
 
 // Today in the local time zone, by the system's clock. 1970-01-01 when the system cannot tell.

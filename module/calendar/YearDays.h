@@ -19,6 +19,7 @@ constexpr bool IsFourthYear(long long year) {
     return year % 4 == 0;
 }
 
+// 365, or 366 in a leap year.
 constexpr int DaysOfYear(bool isLeapYear) {
     return isLeapYear ? 366 : 365;
 }

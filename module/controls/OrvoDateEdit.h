@@ -9,12 +9,14 @@
 // its index.
 class ORVO_API OrvoDateEdit : public QcSunEdit {
 public:
+    // With the default text, without a window.
     OrvoDateEdit();
     ~OrvoDateEdit() override;
     // Takes the other one's short-year flag and window text, and marks this edit modified. Template, default text and
     // valid characters stay.
     OrvoDateEdit& operator=(OrvoDateEdit& other);
 
+    // The number that stands there now, unchecked; 0 without digits.
     int GetMonth() const { return GetNumberAt(0, 2); }
     int GetDay() const { return GetNumberAt(3, 2); }
     // Whether February has 28 days.
@@ -33,7 +35,7 @@ public:
     // places 4 and 5, not 3, although the day is 3 and 4. Typing does not ask this: it is for owners that do.
     bool IsValidChar(UINT character);
 
-    bool m_bShortYear = false;
+    bool m_bShortYear = false;  // whether February has 28 days; 29 otherwise
 
 private:
     bool IsValidMonthDigit(int month, int day) const;

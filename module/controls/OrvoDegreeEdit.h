@@ -15,6 +15,7 @@ class QcUiGrid;
 // like the others; what would reach for the grid then does nothing.
 class ORVO_API OrvoDegreeEdit : public QcSunEdit, public QcUiGridCellCtrl {
 public:
+    // For a cell, which is not owned; null for none.
     explicit OrvoDegreeEdit(QcUiGridCell* cell);
     ~OrvoDegreeEdit() override;
 
@@ -48,6 +49,7 @@ public:
     void SetModified(bool modified) override;
     void SetText(const wchar_t* text) override;
 
+    // The limits, both included.
     short m_nMinDegree = 0;
     short m_nMaxDegree = 179;
     short m_nMinMinute = 0;

@@ -7,12 +7,14 @@
 // is one: "_7" is 0 and "1_" is 1.
 class ORVO_API OrvoTimeEdit : public QcSunEdit {
 public:
+    // With the default text and the limits of a day, without a window.
     OrvoTimeEdit();
     ~OrvoTimeEdit() override;
     // Takes the other one's limits, each brought into the form hour and minute below 60, and its window text, and marks
     // this edit modified. Template, default text and valid characters stay.
     OrvoTimeEdit& operator=(OrvoTimeEdit& other);
 
+    // The number that stands there now, unchecked; 0 without digits.
     int GetHour() const { return GetNumberAt(0, 2); }
     int GetMinute() const { return GetNumberAt(3, 2); }
     // Write two digits into the window text and mark the edit modified, whatever the limits are. False, with nothing
@@ -39,6 +41,7 @@ public:
     // a time and both the hours and the minutes are in order. The minutes have to be even when the hours differ, so
     // that 8:30 to 17:00 is refused.
     bool SetTimeRange(int minHour, int minMinute, int maxHour, int maxMinute);
+    // The limits as they are.
     void GetTimeRange(int& minHour, int& minMinute, int& maxHour, int& maxMinute) const;
 
     using QcSunEdit::IsValidChar;
@@ -47,6 +50,7 @@ public:
     // Typing does not ask this: it is for owners that do.
     virtual bool IsValidChar(UINT character);
 
+    // The limits, both included: minutes are those of their own hour.
     short m_nMinHour = 0;
     short m_nMaxHour = 23;
     short m_nMinMinute = 0;

@@ -20,9 +20,12 @@
 // Copying works. What an input method commits is typed, character by character; what it composes is not shown.
 class ORVO_API QcSunEdit : public CEdit {
 public:
+    // Without a template, without a window.
     QcSunEdit();
     ~QcSunEdit() override;
 
+    // The template, the default text and the valid characters (empty: every printable one). What the window shows stays
+    // as it is.
     void SetGrammarString(CString grammar) { m_strGrammar = std::move(grammar); }
     void SetDefaultString(CString text) { m_strDefault = std::move(text); }
     void SetValidChars(CString characters) { m_strValidChars = std::move(characters); }
@@ -31,13 +34,14 @@ public:
     CString GetValidChars() const { return m_strValidChars; }
     // The template's length, whatever the window shows.
     int GetLength() const { return m_strGrammar.GetLength(); }
+    // Whether the kinds' tests of a character at its place look at ranges; false unless set.
     void SetNoFault(bool noFault) { m_bNoFault = noFault; }
     bool IsNoFault() const { return m_bNoFault; }
 
     // Shows the default text.
     void SetDefault();
 
-    // The start of the selection.
+    // The start of the selection, an index.
     int GetActivePos() const;
     // These select one character that can be typed over and give its index: the nearest one from the start of the
     // selection on, the one before it, the one behind it. The search goes around at the template's ends; it begins at 0
@@ -62,9 +66,9 @@ public:
 protected:
     // A character that is about to be typed, the place that the caret was moved to for it, and the text so far.
     struct PendingChar {
-        wchar_t character;
-        int pos;
-        CString text;
+        wchar_t character;  // one unit of it
+        int pos;            // the place's index
+        CString text;       // of the window
 
         // The number in these characters of the text, with the pending one among them.
         int NumberAt(int first, int count) const;
@@ -79,6 +83,7 @@ protected:
     // Writes a number from 0 to 99 over two characters of a text.
     void PutTwoDigits(CString& text, int first, int number) const;
 
+    // Takes the messages that would change the text in another way.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     // The window's own behaviour never sees a key or a character.
     afx_msg void OnChar(UINT character, UINT repeatCount, UINT flags);

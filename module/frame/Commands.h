@@ -4,6 +4,7 @@
 #include "platform/base/Api.h"
 #include "platform/host/Commands.h"
 
+// How many there are.
 inline constexpr int kCommandCount = 2;
 
 // "QcCityData": the editor of the places. "QSetSunPrec": precisions, standard and place.

@@ -19,7 +19,9 @@ ORVO_API HINSTANCE GetModuleResourceHandle();
 // module without a language dictionary asks the language switch for it; once there, it is never asked for again.
 class ORVO_API QcUtPushResource {
 public:
+    // Makes the resources of this handle current, whatever it is; null stands for nobody's.
     explicit QcUtPushResource(HINSTANCE module);
+    // Brings back what was current before.
     virtual ~QcUtPushResource();
 
     QcUtPushResource(const QcUtPushResource&) = delete;

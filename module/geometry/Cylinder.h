@@ -11,6 +11,7 @@ class QcGeFace3dEX;
 // QcGeFace3dEX::ContructLightHalfCylinder fills it.
 class ORVO_API Cylinder : public QcList<Plane> {
 public:
+    // Without planes.
     Cylinder();
     Cylinder(const Cylinder&) = default;
     Cylinder& operator=(const Cylinder&) = default;

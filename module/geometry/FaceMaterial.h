@@ -7,22 +7,25 @@
 // them; nothing is checked here. A new material has no values at all: set what it is drawn with before drawing.
 class ORVO_API FaceMaterial {
 public:
+    // Without values.
     FaceMaterial();
     FaceMaterial(const FaceMaterial&) = default;
     FaceMaterial& operator=(const FaceMaterial&) = default;
     virtual ~FaceMaterial();
 
+    // Red, green, blue and opacity; the shininess's exponent.
     void SetAmbient(float r, float g, float b, float a);
     void SetDiffuse(float r, float g, float b, float a);
     void SetSpecular(float r, float g, float b, float a);
     void SetEmission(float r, float g, float b, float a);
     void SetShininess(float shininess);
 
-    // These copy four floats to out.
+    // These copy four floats to out, the caller's.
     void GetAmbient(float* out) const;
     void GetDiffuse(float* out) const;
     void GetSpecular(float* out) const;
-    // Two getters that are called like setters, as they always were: callers know them by these names.
+    // Two getters that are called like setters, as they always were: callers know them by these names. The first one
+    // copies four floats.
     void SetEmission(float* out) const;
     float SetShininess() const;
 

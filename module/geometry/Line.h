@@ -9,8 +9,10 @@
 class ORVO_API Line {
 public:
     Line() = default;
+    // Through a point, both as they are.
     Line(const QcGeVector3dEX& direction, const QcGePoint& point) : m_vDirection(direction), m_pt(point) {}
 
+    // The point for t = 0, in the drawing's units, and the direction.
     void SetPoint(const QcGePoint& point) { m_pt = point; }
     void SetVector(const QcGeVector3dEX& direction) { m_vDirection = direction; }
 

@@ -17,14 +17,18 @@ class ORVO_API Plane {
 public:
     // Begins with no values: lists of planes are filled right after they are made, and zeroes would cost time.
     Plane() = default;
+    // From the four numbers as they are.
     Plane(double a, double b, double c, double d) : m_equation{a, b, c, d} {}
+    // As SetPlane.
     Plane(const QcGeVector3dEX& normal, const QcGePoint& point) { SetPlane(normal, point); }
 
+    // The four numbers as they are.
     void SetEquation(double a, double b, double c, double d) { m_equation = {a, b, c, d}; }
     // The plane through a point, with the normal as it is.
     void SetPlane(const QcGeVector3dEX& normal, const QcGePoint& point) {
         m_equation = {normal.x, normal.y, normal.z, -normal.x * point.x - normal.y * point.y - normal.z * point.z};
     }
+    // Copies the four numbers out.
     void GetEquation(double& a, double& b, double& c, double& d) const;
 
     // As equations compare: each number within 1e-12, so that the same plane in another scale differs.
@@ -35,9 +39,11 @@ public:
     double GetSide(const QcGePoint& point) const {
         return m_equation.a * point.x + m_equation.b * point.y + m_equation.c * point.z + m_equation.d;
     }
+    // Whether the side is above 1e-12: on the positive side.
     bool IsUpPlane(const QcGePoint& point) const;
+    // Whether the side is below -1e-12: on the negative side.
     bool IsDownPlane(const QcGePoint& point) const;
-    // A side that is not a number is on neither side, and not in the plane.
+    // Whether the side is within 1e-12 of 0. A side that is not a number is on neither side, and not in the plane.
     bool IsInPlane(const QcGePoint& point) const;
     // The plane's three relations. A side that is not a number counts as in the plane here.
     RELATION3D GetPointPlaneRelation(const QcGePoint& point) const;

@@ -10,8 +10,8 @@ struct ORVO_API PlaneEquation {
     // nothing equals an equation with a number missing.
     bool operator==(const PlaneEquation& other) const;
 
-    double a;
-    double b;
-    double c;
-    double d;
+    double a;  // the normal's x
+    double b;  // the normal's y
+    double c;  // the normal's z
+    double d;  // minus the normal times any point of the plane
 };

@@ -29,7 +29,9 @@ class ORVO_API QcGeFace3dEX : public QcGeFace {
 public:
     // A triangle whose corners are all at the origin, without a material.
     QcGeFace3dEX() : QcGeFace3dEX(true) {}
+    // The same; whether its normal is stored is told.
     explicit QcGeFace3dEX(bool bSaveNormal);
+    // A quadrilateral or a triangle of these corners, without a material.
     QcGeFace3dEX(const QcGePoint& p0, const QcGePoint& p1, const QcGePoint& p2, const QcGePoint& p3, bool bSaveNormal);
     QcGeFace3dEX(const QcGePoint& p0, const QcGePoint& p1, const QcGePoint& p2, bool bSaveNormal);
     // n corners. The count is taken as it is, without a check, and it is the caller's to give 3 or 4; whatever it says,
@@ -47,6 +49,7 @@ public:
 
     // ---- Corners. ----
 
+    // Replaces all corners, and makes a quadrilateral or a triangle of the face. A ready normal is given up.
     void SetPoint(const QcGePoint& p0, const QcGePoint& p1, const QcGePoint& p2, const QcGePoint& p3);
     void SetPoint(const QcGePoint& p0, const QcGePoint& p1, const QcGePoint& p2);
     // Replaces one corner. False when the face has no corner i. A point equal to the corner (exactly) changes nothing,
@@ -59,7 +62,9 @@ public:
     bool SetPointNum(int n);
     // A copy of slot i, which must be 0 to 3.
     QcGePoint operator[](int i) const { return m_pt[i]; }
+    // The count of corners as it was given: 3 or 4, unless a constructor was told otherwise.
     int GetPointNum() const { return m_nPointNum; }
+    // Whether there are three corners.
     bool IsTriangle() const { return m_nPointNum == 3; }
     // Whether there are four corners; they need not form a rectangle.
     bool IsRectangle() const { return m_nPointNum == 4; }
@@ -70,13 +75,18 @@ public:
 
     // False, with nothing changed, for a negative index.
     bool SetMaterialIndex(int i);
+    // The face has no material afterwards.
     void CancelMaterial() { m_nMaterial = kNoMaterial; }
+    // -1 for none.
     int GetMaterialIndex() const { return m_nMaterial; }
+    // Whether the face has a material, and whether it has this one.
     bool IsMaterialReady() const { return m_nMaterial != kNoMaterial; }
     bool IsThisMaterialIndex(int i) const { return m_nMaterial == i; }
 
     // ---- Normal. ----
 
+    // Of unit length, save for one that SetNormal has stored; computed and stored when it is not ready. Where corners
+    // 0, 1, 2 give none, what GetFaceNormal says.
     QcGeVector3dEX GetNormal() {
         if (IsNormalReady()) [[likely]]
             return *m_pNormal;
@@ -87,7 +97,9 @@ public:
     bool SetNormal(const QcGeVector3dEX& normal);
     // The storage itself, whatever is in it. There must be storage.
     QcGeVector3dEX& Normal() const { return *m_pNormal; }
+    // Whether GetNormal only reads: it may then be called on several threads.
     bool IsNormalReady() const { return m_pNormal != nullptr && m_bNormalReady; }
+    // Whether there is storage for a normal.
     bool IsNormalSaved() const { return m_pNormal != nullptr; }
     // Gives the face storage, or takes it away. Whether the normal counts as ready is left as it was: storage taken
     // away and given back holds (0, 0, 0), and that is the normal of a face whose normal was ready, until a corner
@@ -96,6 +108,7 @@ public:
 
     // ---- Planes, all with the face's normal and through corner 0. ----
 
+    // As an equation, as a plane, and written into the platform's plane.
     PlaneEquation GetPlaneEquation();
     Plane GetPlane() { return {GetNormal(), m_pt[0]}; }
     void GetXPlane(QcGeBasePlane& plane);
@@ -143,10 +156,13 @@ public:
     // DrawVertex forms leave glBegin and glEnd to the caller, who draws many faces in one batch: of triangles, of
     // quadrilaterals, or of both as GL_TRIANGLES with DrawVertexAsTriangles.
 
+    // Draws the face by itself, with its material or as OpenGL's current one has it.
     void Draw(FaceMaterial* materials);
     void Draw();
+    // Gives OpenGL the normal and the corners, three or four.
     void DrawVertexs(FaceMaterial* materials);
     void DrawVertexs();
+    // The same as one or two triangles.
     void DrawVertexAsTriangles(FaceMaterial* materials);
     void DrawVertexAsTriangles();
 

@@ -11,7 +11,9 @@
 // either without a word.
 class ORVO_API QcGeVector3dEX : public QcGeVector3d {
 public:
+    // (0, 0, 0).
     constexpr QcGeVector3dEX() = default;
+    // From three components, or from a point or vector of the platform's.
     constexpr QcGeVector3dEX(double xValue, double yValue, double zValue) : QcGeVector3d(xValue, yValue, zValue) {}
     constexpr QcGeVector3dEX(const QcGePoint& point) : QcGeVector3d(point) {}
 

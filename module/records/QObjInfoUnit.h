@@ -12,6 +12,7 @@ class ORVO_API QObjInfoUnit {
 public:
     // Both texts empty.
     QObjInfoUnit() = default;
+    // Copies of both texts.
     QObjInfoUnit(const CString& key, const CString& value);
     QObjInfoUnit(const QObjInfoUnit& other) = default;
     QObjInfoUnit& operator=(const QObjInfoUnit& other) = default;
@@ -24,6 +25,6 @@ public:
     bool operator<(const QObjInfoUnit& other) const;
     bool operator>(const QObjInfoUnit& other) const;
 
-    CString m_strKey;
-    CString m_strValue;
+    CString m_strKey;    // what is told, and by what pairs are ordered
+    CString m_strValue;  // what it is
 };

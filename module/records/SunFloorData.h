@@ -24,7 +24,7 @@ public:
     bool operator<(const SunFloorData& other) const;
     bool operator>(const SunFloorData& other) const;
 
-    std::int32_t m_nKey = 0;
-    std::int32_t m_nValue = 0;
-    std::uint64_t m_id = 0;  // the identity of an object, or a handle
+    std::int32_t m_nKey = 0;    // by what floors are ordered
+    std::int32_t m_nValue = 0;  // the second number
+    std::uint64_t m_id = 0;     // the identity of an object, or a handle
 };

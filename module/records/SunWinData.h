@@ -9,6 +9,7 @@ class ORVO_API SunWinData {
 public:
     // Both points at the origin, the number 0.0.
     SunWinData() = default;
+    // With these values, unchecked.
     SunWinData(const QcGePoint& pt1, const QcGePoint& pt2, double value);
     SunWinData(const SunWinData& other) = default;
     SunWinData& operator=(const SunWinData& other) = default;
@@ -20,7 +21,7 @@ public:
     bool operator<(const SunWinData& other) const;
     bool operator>(const SunWinData& other) const;
 
-    QcGePoint m_pt1;
-    QcGePoint m_pt2;
-    double m_dValue = 0.0;
+    QcGePoint m_pt1;        // the drawing's units and axes, like the other
+    QcGePoint m_pt2;        // whatever it is of the window
+    double m_dValue = 0.0;  // in the unit of the analysis that keeps it
 };

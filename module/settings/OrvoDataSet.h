@@ -22,21 +22,23 @@ class QcDtDictionary;
 // form keeps under "CUR_DATA". The whole-number copies of times and step are what texts show.
 class ORVO_API OrvoDataSet : public OrvoZoneRecord {
 public:
+    // Every field at its default, told behind it; no standards and no analysed places.
     OrvoDataSet();
     // Copies every field and both lists; standards are copied as OrvoStdSet copies, with default colours.
     OrvoDataSet(const OrvoDataSet& other);
     OrvoDataSet& operator=(const OrvoDataSet& other);
 
-    // Name of the current place.
+    // Name of the current place, to read or to change.
     CString& CurCity() { return m_strCurCity; }
 
-    // Index of the current standard; any number is taken.
+    // Index of the current standard, from 0; any number is taken, and one that the list does not have stands for none.
     int GetCurStdIndex() const { return m_nCurStd; }
     void SetCurStdIndex(int index) { m_nCurStd = index; }
 
     // The standard at an index. For an index that the list does not have, a spare one at its defaults, which is never
     // saved and is put back to its defaults at each such call.
     OrvoStdSet& GetStd(int index);
+    // As GetStd, at the current index.
     OrvoStdSet& CurStd() { return GetStd(m_nCurStd); }
     // The current standard's date, on purpose, and not m_date.
     OrvoDate& CurDate() { return CurStd().m_date; }
@@ -61,17 +63,19 @@ public:
     // One line that tells standard, place, day, span and step.
     CString GetNoteString();
 
-    CString m_strCurCity;              // "北京"
-    OrvoDegree m_dgStartTime;          // start of the analysed span, decimal hours; 9
-    OrvoDegree m_dgEndTime;            // end of the analysed span, decimal hours; 15
-    double m_dSpace;                   // step, minutes; 10.0
-    OrvoDate m_date;                   // the settings' own day; today
-    int m_nCurStd;                     // index of the current standard; 0
-    QcPDList<OrvoCity> m_listCity;     // places already analysed
-    int m_nStartHour, m_nStartMinute;  // start time in whole numbers; 9, 0
-    int m_nEndHour, m_nEndMinute;      // end time in whole numbers; 15, 0
-    int m_nSpace;                      // step in whole minutes; 10
-    QcPDList<OrvoStdSet> m_listStd;    // the standards; empty until a dictionary is read or NewStd is called
+    CString m_strCurCity;            // "北京"
+    OrvoDegree m_dgStartTime;        // start of the analysed span, decimal hours; 9
+    OrvoDegree m_dgEndTime;          // end of the analysed span, decimal hours; 15
+    double m_dSpace;                 // step, minutes; 10.0
+    OrvoDate m_date;                 // the settings' own day; today
+    int m_nCurStd;                   // index of the current standard; 0
+    QcPDList<OrvoCity> m_listCity;   // places already analysed
+    int m_nStartHour;                // start time in whole numbers; 9
+    int m_nStartMinute;              // 0
+    int m_nEndHour;                  // end time in whole numbers; 15
+    int m_nEndMinute;                // 0
+    int m_nSpace;                    // step in whole minutes; 10
+    QcPDList<OrvoStdSet> m_listStd;  // the standards; empty until a dictionary is read or NewStd is called
 
 private:
     void SaveSettings(QcDtDictionary& settings) const;

@@ -15,6 +15,7 @@
 // over wherever they are filled.
 class ORVO_API OrvoDataSetDlgBase {
 public:
+    // Without a place dialog.
     OrvoDataSetDlgBase();
     virtual ~OrvoDataSetDlgBase();
     OrvoDataSetDlgBase(const OrvoDataSetDlgBase&) = delete;
@@ -31,22 +32,22 @@ public:
     // Makes a new place dialog over a parent, and keeps it until this object goes or makes another. The one before
     // stays as it is, nobody's any more, on purpose: somebody may hold it still.
     OrvoPlaceDlg* CreatPlaceDlg(CWnd* parent);
-    // Without a place dialog: false, a default record, 0.
+    // The place dialog's FindZone and GetCurZone. Without a place dialog: false, and a default record.
     bool FindPlaceDlgZone(CString name, OrvoZoneRecord& zone);
     OrvoZoneRecord GetPlaceDlgCurZone();
-    // Runs the place dialog; on IDOK its place becomes the data set's. Each run is followed by a fresh place dialog
-    // over the same parent. Gives the dialog's result.
+    // Runs the place dialog, 0 where there is none; on IDOK its place becomes the data set's. Each run is followed by a
+    // fresh place dialog over the same parent. Gives the dialog's result.
     INT_PTR PlaceDlgDoModal();
 
 protected:
-    CComboBox m_comboStd;
-    CComboBox m_comboPlace;
-    CComboBox m_comboTerm;
-    CDateTimeCtrl m_datePicker;
-    OrvoTimeEdit m_editStart;
-    OrvoTimeEdit m_editEnd;
-    CSpinButtonCtrl m_spinSpace;
-    OrvoPlaceDlg* m_pPlaceDlg = nullptr;
+    CComboBox m_comboStd;                 // the standards
+    CComboBox m_comboPlace;               // the analysed places
+    CComboBox m_comboTerm;                // the solar terms
+    CDateTimeCtrl m_datePicker;           // the day
+    OrvoTimeEdit m_editStart;             // the start of the span
+    OrvoTimeEdit m_editEnd;               // the end of the span
+    CSpinButtonCtrl m_spinSpace;          // the step, 1 to 60 minutes
+    OrvoPlaceDlg* m_pPlaceDlg = nullptr;  // this object's own; null before there is one
 
     // Shows a date in the picker, as far as it is one, and its solar term in the combo box.
     void ShowDate(OrvoDate& date);
@@ -55,7 +56,7 @@ protected:
     // Shows a time of day in an edit and marks it modified. A time that no clock shows leaves the edit unmodified, with
     // its default text.
     static void ShowTime(OrvoTimeEdit& edit, const OrvoDegree& time);
-    // A box over the dialog that this is a base of, else over the host's window.
+    // Shows a text in a box over the dialog that this is a base of, else over the host's window.
     void ShowMessage(const wchar_t* text);
 
 private:

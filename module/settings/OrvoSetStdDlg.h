@@ -15,6 +15,7 @@
 // standard can be made.
 class ORVO_API OrvoSetStdDlg : public QcUiDialog, public OrvoDataSetDlgBase {
 public:
+    // To be run over a parent; null: over the window that is active then.
     explicit OrvoSetStdDlg(CWnd* parent = nullptr);
     ~OrvoSetStdDlg() override;
 

@@ -14,14 +14,29 @@
 class QcDtDictionary;
 
 // Values of OrvoStdSet::m_nMaxContinue: what is compared with the time that is asked for.
-enum OrvoSunCount { ORVO_COUNT_TOTAL = 0, ORVO_COUNT_LONGEST = 1 };
-// Values of OrvoStdSet::m_nBJTime.
-enum OrvoTimeBase { ORVO_TRUE_SOLAR_TIME = 0, ORVO_BEIJING_TIME = 1 };
+enum OrvoSunCount {
+    ORVO_COUNT_TOTAL = 0,    // all periods that count, together
+    ORVO_COUNT_LONGEST = 1,  // the longest one
+};
+// Values of OrvoStdSet::m_nBJTime: what clock the span is told by.
+enum OrvoTimeBase {
+    ORVO_TRUE_SOLAR_TIME = 0,  // the sun is highest at 12
+    ORVO_BEIJING_TIME = 1,     // UTC+8
+};
 // Values of OrvoStdSet::m_nValidSunType: GetShanghaiValidTime, or the standard's own minimum angle.
-enum OrvoValidSun { ORVO_SUN_SHANGHAI = 0, ORVO_SUN_CUSTOM = 1 };
+enum OrvoValidSun {
+    ORVO_SUN_SHANGHAI = 0,  // by the direction that the window faces
+    ORVO_SUN_CUSTOM = 1,    // by m_nMinValidAngle
+};
 // Values of OrvoStdSet::m_nTotalTimeType: which periods a total adds up.
-enum OrvoTotalTime { ORVO_TOTAL_ALL = 0, ORVO_TOTAL_LONGEST_TWO = 1, ORVO_TOTAL_LONGEST_THREE = 2 };
+enum OrvoTotalTime {
+    ORVO_TOTAL_ALL = 0,            // every one that counts
+    ORVO_TOTAL_LONGEST_TWO = 1,    // the two longest
+    ORVO_TOTAL_LONGEST_THREE = 2,  // the three longest
+};
 
+// A value class, save for the colours (see the assignment). Nothing is validated. Behind each field: what it says, and
+// its default.
 class ORVO_API OrvoStdSet {
 public:
     // Every field at its default: Reset's, zero times and the colour table's own colours.

@@ -9,6 +9,7 @@
 // within the module's resources.
 class ORVO_API QNewSetStdDlg : public CDialog {
 public:
+    // To be run over a parent; null: over the window that is active then.
     explicit QNewSetStdDlg(CWnd* parent = nullptr);
     ~QNewSetStdDlg() override;
 

@@ -7,13 +7,16 @@
 // A value class. Names compare ordinally and with regard to case; two cities of the same name are the same.
 class ORVO_API OrvoCity {
 public:
+    // Without a name.
     OrvoCity() = default;
+    // With that name, whatever it is.
     explicit OrvoCity(CString name);
 
+    // By the names.
     bool operator==(const OrvoCity& other) const;
     bool operator!=(const OrvoCity& other) const;
     bool operator<(const OrvoCity& other) const;
     bool operator>(const OrvoCity& other) const;
 
-    CString m_strName;
+    CString m_strName;  // as the place database has it
 };

@@ -13,6 +13,7 @@
 // GetCurZone gives what was chosen (also after the dialog was cancelled: the choice follows the selection).
 class ORVO_API OrvoPlaceDlg : public QcUiDialog {
 public:
+    // To be run over a parent (null: the window that is active then), with the places as they are now.
     explicit OrvoPlaceDlg(CWnd* parent = nullptr);
     ~OrvoPlaceDlg() override;
 

@@ -10,6 +10,7 @@
 // imported stays in the grid. To be run within the module's resources.
 class ORVO_API OrvoZoneDbSetDlg : public QcUiDialog {
 public:
+    // To be run over a parent; null: over the window that is active then.
     explicit OrvoZoneDbSetDlg(CWnd* parent = nullptr);
     ~OrvoZoneDbSetDlg() override;
 

@@ -21,7 +21,7 @@ public:
     // Leaves the record as it is, on purpose: whoever wants the defaults makes a new record.
     void Reset();
 
-    // Longitude and latitude in decimal degrees.
+    // Longitude and latitude in decimal degrees; 0.0 for a text that is no number.
     double GetTotalLong() const;
     double GetTotalLat() const;
 
@@ -50,9 +50,9 @@ public:
     bool operator<(const OrvoZoneRecord& other) const;
     bool operator>(const OrvoZoneRecord& other) const;
 
-    CString m_strCity;
-    CString m_strProvince;
-    CString m_strLongitude;
-    CString m_strLatitude;
-    CString m_strComment;
+    CString m_strCity;       // its name
+    CString m_strProvince;   // the name of its province
+    CString m_strLongitude;  // decimal degrees, east positive
+    CString m_strLatitude;   // decimal degrees, north positive
+    CString m_strComment;    // for people
 };

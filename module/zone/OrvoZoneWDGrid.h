@@ -9,6 +9,7 @@ class QcDtDictionary;
 // A row with rows under it is a province, any other a city. Columns: province, city, longitude, latitude, comment.
 class ORVO_API OrvoZoneWDGrid : public QcUiGrid {
 public:
+    // Empty, and without columns: Setup has to follow.
     OrvoZoneWDGrid();
     ~OrvoZoneWDGrid() override;
 
