@@ -35,6 +35,9 @@ COPIES = {"delete": "Deleted: objects of this class are not copied.", "default":
 ORDINARY = re.compile(r"((?:^|[.!?:;]\"? )[(\"]?)([A-Z][a-z]+)(?![\w:(<]|\.h\b|[*&])")
 SPECIAL = re.compile(r"[\\@<>&#*|%]|--+|(?<!\w)_|_(?!\w)|^(\d+)\.(?= )|^[+-](?= )")
 
+# One of a list: with a dash or a star, or indented with a number.
+ITEM = re.compile(r"^( *)(?:[-*]|(?<= )(\d+\.)) (.*)$")
+
 
 @dataclass
 class Line:
@@ -176,11 +179,12 @@ def paragraphs(comments):
     for comment in comments:
         text = comment[1:] if comment.startswith(" ") else comment
         indent = len(text) - len(text.lstrip())
-        is_code = bool(text) and indent >= 4 and (is_code or not lines or not lines[-1])
+        item = ITEM.match(text)
+        is_code = bool(text) and not item and indent >= 2 and (is_code or not lines or not lines[-1])
         if is_code or not text:
-            lines.append(text)
-        elif text.lstrip().startswith(("- ", "* ")):
-            lines.append(text[:indent] + "- " + escaped(text.lstrip()[2:], True))
+            lines.append("    " * is_code + text)
+        elif item:
+            lines.append(item[1] + (item[2] or "-") + " " + escaped(item[3], True))
         else:
             begins = not lines or not lines[-1] or lines[-1].endswith((".", "!", "?", ":", '"', ")"))
             lines.append(text[:indent] + escaped(text.lstrip(), begins))

@@ -2,4 +2,5 @@
 // Why: docs/decisions/module.md
 #pragma once
 
+// Before what is shown: a class with all its members, a function, an object.
 #define ORVO_API __attribute__((visibility("default")))

@@ -18,6 +18,7 @@ inline constexpr int kInstalledData = -3;    // the place lies in the installed 
 struct [[nodiscard]] SaveResult {
     int cause = 0;  // 0: the file is saved; else an errno or one of the above
 
+    // Whether the file is saved.
     explicit operator bool() const { return cause == 0; }
 };
 

@@ -23,24 +23,35 @@ inline std::wstring_view ViewOf(const wchar_t* text) {
 class ORVO_API CString {
 public:
     CString() = default;
+    // Copies a text up to its zero.
     CString(const wchar_t* text) : m_text(text ? text : L"") {}
+    // Copies that many units, zeros among them; none for a negative length. They must be there.
     CString(const wchar_t* text, int length) : m_text(text ? text : L"", text ? ClampLength(length) : 0) {}
+    // That many units of one kind; none for a negative count.
     explicit CString(wchar_t character, int count = 1) : m_text(ClampLength(count), character) {}
+    // Copies the units, zeros among them.
     explicit CString(std::wstring_view text) : m_text(text) {}
 
+    // Copies a text, which may be a part of this one.
     CString& operator=(const wchar_t* text);
 
+    // The text with a zero behind it; valid until the next change.
     operator const wchar_t*() const { return m_text.c_str(); }
     const wchar_t* GetString() const { return m_text.c_str(); }
     // The same text for standard algorithms; valid until the next change.
     std::wstring_view View() const { return m_text; }
 
+    // In units.
     int GetLength() const { return static_cast<int>(m_text.size()); }
+    // Whether there is no unit.
     bool IsEmpty() const { return m_text.empty(); }
+    // Removes all units.
     void Empty() { m_text.clear(); }
+    // The unit at an index, to read and to change; an index out of range changes nothing.
     wchar_t GetAt(int index) const;
     void SetAt(int index, wchar_t character);
 
+    // A copy of the first units, of the last ones, or of those from an index on; fewer where there are fewer.
     CString Left(int count) const;
     CString Right(int count) const;
     CString Mid(int first) const;
@@ -49,6 +60,7 @@ public:
     // Position of the first match at or after `start`; -1 when there is none. An empty pattern matches at `start`.
     int Find(wchar_t character, int start = 0) const;
     int Find(const wchar_t* pattern, int start = 0) const;
+    // Position of the last one; -1 when there is none.
     int ReverseFind(wchar_t character) const;
 
     // Removes `count` units from `index` on; gives the new length.
@@ -58,14 +70,17 @@ public:
     // Replaces every occurrence; gives how many there were. An empty pattern occurs nowhere.
     int Replace(const wchar_t* pattern, const wchar_t* replacement);
 
+    // Changes the 26 ASCII letters, and nothing else.
     CString& MakeUpper();
     CString& MakeLower();
     // Removes leading and trailing white space.
     CString& Trim();
 
+    // Below 0 when this text comes before the other, 0 when they are the same, above 0 otherwise.
     int Compare(const wchar_t* other) const;
     int CompareNoCase(const wchar_t* other) const;
 
+    // Appends; a text may be a part of this one.
     CString& operator+=(const wchar_t* text);
     CString& operator+=(wchar_t character);
     CString& operator+=(const CString& text);
@@ -89,12 +104,14 @@ private:
 // The maker's own name for the same thing.
 using QcStringW = CString;
 
+// The one text with the other behind it.
 ORVO_API CString operator+(const CString& left, const CString& right);
 ORVO_API CString operator+(const CString& left, const wchar_t* right);
 ORVO_API CString operator+(const wchar_t* left, const CString& right);
 ORVO_API CString operator+(const CString& left, wchar_t right);
 ORVO_API CString operator+(wchar_t left, const CString& right);
 
+// Ordinal comparisons, unit by unit; < and > give an order of such texts.
 inline bool operator==(const CString& left, const CString& right) {
     return left.View() == right.View();
 }
@@ -123,11 +140,13 @@ inline bool operator>(const CString& left, const CString& right) {
 // A growing array of texts.
 class ORVO_API CStringArray {
 public:
+    // How many texts there are.
     int GetSize() const { return static_cast<int>(m_texts.size()); }
     // The text at an index; an empty text when the index is out of range.
     const CString& GetAt(int index) const;
     // Appends a text; gives its index.
     int Add(const CString& text);
+    // Empties the array.
     void RemoveAll() { m_texts.clear(); }
 
 private:

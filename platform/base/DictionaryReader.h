@@ -38,6 +38,7 @@ public:
     // Reads into this dictionary, which loses all that it holds, also when the file is refused.
     explicit DictionaryReader(QcDtDictionary& target);
 
+    // False when the file, or these bytes of one, is refused: the dictionary is then empty.
     bool ReadFile(const wchar_t* path);
     bool ReadBytes(std::string_view bytes);
 
@@ -47,18 +48,20 @@ public:
 
     // Why a file is refused.
     struct Fault {
+        // What is wrong.
         enum class Kind {
             None,            // it is not
             System,          // it cannot be opened or read: `error`
             NoOrdinaryFile,  // a folder, a pipe, a device
-            Empty,
-            Forbidden,  // more than a file may hold, or a document type declaration: near `line`
-            NoXml,      // the XML library stopped at `line`
+            Empty,           // no bytes
+            Forbidden,       // more than a file may hold, or a document type declaration: near `line`
+            NoXml,           // the XML library stopped at `line`
         };
-        Kind kind = Kind::None;
-        int error = 0;  // an errno
-        int line = 0;   // from 1
+        Kind kind = Kind::None;  // which of the others hold something
+        int error = 0;           // an errno
+        int line = 0;            // from 1
     };
+    // Why the file at a path (as the system takes it) would be refused.
     static Fault FaultOf(const char* path);
 
 private:

@@ -14,20 +14,25 @@ inline constexpr std::chrono::milliseconds kLockPatience(3000);
 // are kept out.
 class ORVO_API FileLock {
 public:
+    // Holds no lock.
     FileLock();
+    // Releases it.
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
+    // How taking it ended.
     enum class Taken {
-        Yes,
+        Yes,         // this object has it
         Busy,        // another one had it all the time
         Impossible,  // no lock can be made there: the folder cannot be written, or its file system has no locks
     };
     // Takes the lock of the file at a path (which need not exist), waiting for others up to `patience`. A lock that
     // this object has already is released first. In the installed data folder, which nobody writes, it is impossible.
     Taken Take(const wchar_t* path, std::chrono::milliseconds patience);
+    // Lets others have it; nothing without a lock.
     void Release();
+    // Whether this object has a lock.
     bool IsHeld() const { return m_file.IsOpen(); }
 
 private:

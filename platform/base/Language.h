@@ -20,6 +20,7 @@ class QcDtDictionary;
 // message that names file and text.
 class ORVO_API TeskLanguageSwitch {
 public:
+    // Built-in texts, without a table.
     TeskLanguageSwitch();
     virtual ~TeskLanguageSwitch();
     TeskLanguageSwitch(const TeskLanguageSwitch&) = delete;

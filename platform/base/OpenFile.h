@@ -9,17 +9,24 @@
 // A file descriptor that closes itself. Programs that are started do not inherit it.
 class OpenFile {
 public:
+    // Not open.
     OpenFile() = default;
+    // Opens a path with the flags and the permissions of open(2); errno says why it is not open afterwards.
     OpenFile(const std::string& path, int flags, mode_t mode = 0);
+    // Takes the file over; the other one is not open, or has what this one had.
     OpenFile(OpenFile&& other) noexcept;
     OpenFile& operator=(OpenFile&& other) noexcept;
-    // Without hiding why the step before failed.
+    // Closes the file without hiding why the step before failed.
     ~OpenFile();
 
+    // Whether there is a file.
     bool IsOpen() const { return m_file >= 0; }
+    // The descriptor, which stays this object's; -1 for none.
     int Get() const { return m_file; }
-    // Some file systems tell only now that they could not write. (An interrupted close has closed.)
+    // False when it was not open, or could not be written: some file systems tell only now. (An interrupted close
+    // has closed.)
     bool Close();
+    // Brings what was written to the disk; false when that fails.
     bool Flush() const;
     // Takes the lock of the open file without waiting. False when another open file has it (errno EWOULDBLOCK), and
     // where the file system has no such locks.

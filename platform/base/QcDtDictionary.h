@@ -17,11 +17,11 @@ class QcDtNameIndex;
 
 // The codes of the kinds, as GetType gives them, FindOrAddItem takes them and files hold them.
 enum QcDtKind : int {
-    QcDtKindDictionary = 0,
-    QcDtKindFlag = 1,
-    QcDtKindInteger = 3,
-    QcDtKindDouble = 4,
-    QcDtKindString = 5
+    QcDtKindDictionary = 0,  // QcDtDictionary
+    QcDtKindFlag = 1,        // QcDtDictFlagItem
+    QcDtKindInteger = 3,     // QcDtDictIntItem
+    QcDtKindDouble = 4,      // QcDtDictDoubleItem
+    QcDtKindString = 5       // QcDtDictStringItem
 };
 
 // One item. Its name is the key under which its dictionary finds it; the tag is what a file calls its element; the
@@ -41,11 +41,14 @@ public:
     // A copy of the item with everything under it, without a parent. The caller owns it.
     virtual QcDtDictItem* Clone() const = 0;
 
+    // What a file calls its element.
     const CString& GetTag() const { return m_tag; }
     void SetTag(const CString& tag) { m_tag = tag; }
+    // The key under which the parent finds the item.
     const CString& GetName() const { return m_name; }
     // From here on the parent finds the item under the new name. The tag stays.
     void SetName(const CString& name);
+    // A text for people.
     const CString& GetLocalName() const { return m_localName; }
     void SetLocalName(const CString& name) { m_localName = name; }
 
@@ -59,6 +62,7 @@ public:
     void SetAttributeInt(const CString& name, int value);
     // The attribute's text read leniently (_wtoi): leading white space skipped, 0 when there is no number.
     int GetAttributeInt(const wchar_t* name) const;
+    // How many attributes there are.
     int GetAttributeCount() const { return static_cast<int>(m_attributes.size()); }
     // By index from 0; an empty text when out of range.
     const CString& GetAttributeName(int index) const;
@@ -81,6 +85,7 @@ public:
 
 protected:
     QcDtDictItem() = default;
+    // The name is also the tag.
     explicit QcDtDictItem(const wchar_t* name) : QcDtNameEntry{name}, m_tag(m_name) {}
     // Everything but the value and the parent.
     void CopyNamesAndAttributes(const QcDtDictItem& other);
@@ -106,6 +111,7 @@ private:
 // A yes or no, held as an integer (any value is kept as it is).
 class ORVO_API QcDtDictFlagItem : public QcDtDictItem {
 public:
+    // Value 0, without a parent. The name is also the tag.
     explicit QcDtDictFlagItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindFlag; }
     QcDtDictFlagItem* Clone() const override;
@@ -116,8 +122,10 @@ private:
     int m_value = 0;
 };
 
+// An integer.
 class ORVO_API QcDtDictIntItem : public QcDtDictItem {
 public:
+    // Value 0, without a parent. The name is also the tag.
     explicit QcDtDictIntItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindInteger; }
     QcDtDictIntItem* Clone() const override;
@@ -128,8 +136,10 @@ private:
     int m_value = 0;
 };
 
+// A double: any, also what is not finite.
 class ORVO_API QcDtDictDoubleItem : public QcDtDictItem {
 public:
+    // Value 0.0, without a parent. The name is also the tag.
     explicit QcDtDictDoubleItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindDouble; }
     QcDtDictDoubleItem* Clone() const override;
@@ -140,8 +150,10 @@ private:
     double m_value = 0.0;
 };
 
+// A text.
 class ORVO_API QcDtDictStringItem : public QcDtDictItem {
 public:
+    // An empty text, without a parent. The name is also the tag.
     explicit QcDtDictStringItem(const wchar_t* name = nullptr) : QcDtDictItem(name) {}
     int GetType() const override { return QcDtKindString; }
     QcDtDictStringItem* Clone() const override;
@@ -166,6 +178,7 @@ public:
     int GetType() const override { return QcDtKindDictionary; }
     QcDtDictionary* Clone() const override;
 
+    // How many items lie in it, those in their dictionaries not counted.
     int GetCount() const { return static_cast<int>(m_items.size()); }
     // By index from 0; null when out of range.
     QcDtDictItem* GetItem(int index);

@@ -10,16 +10,22 @@
 // One argument of a format: a whole number, a floating-point number or a wide text (which is not copied; a CString
 // gives its own).
 struct ORVO_API TextArgument {
-    enum class Kind { Integer, Real, Text };
+    // What it is.
+    enum class Kind {
+        Integer,  // for %d %i %u %x %X %o %c
+        Real,     // for %f %lf %e %g
+        Text,     // for %s
+    };
 
+    // From its value; null stands for an empty text.
     TextArgument(int value) : kind(Kind::Integer), integer(value) {}
     TextArgument(double value) : kind(Kind::Real), real(value) {}
     TextArgument(const wchar_t* value) : kind(Kind::Text), text(value ? value : L"") {}
 
-    Kind kind;
-    int integer = 0;
-    double real = 0.0;
-    const wchar_t* text = nullptr;
+    Kind kind;                      // which of the others counts
+    int integer = 0;                // the number
+    double real = 0.0;              // the number
+    const wchar_t* text = nullptr;  // the caller's
 };
 
 // Fills `format` with `count` arguments and stores the result in `out`. Conversions: %d %i %u %x %X %o %c (integer),

@@ -13,7 +13,9 @@ ORVO_API int _wtoi(const wchar_t* text);
 // infinity of its sign, one too small a zero of its sign.
 ORVO_API double _wtof(const wchar_t* text);
 
-// The shortest decimal text that reads back to the same bits; "inf", "-inf" and "nan" for what is not finite.
 class CString;
+
+// The shortest decimal text that reads back to the same bits; "inf", "-inf" and "nan" for what is not finite.
 ORVO_API CString DoubleToText(double value);
+// The number in decimal digits, with a minus sign where it is negative.
 ORVO_API CString IntToText(int value);

@@ -7,7 +7,9 @@
 // Three coordinates; (0, 0, 0) by default. Comparisons are exact, without any tolerance, so a coordinate that is not a
 // number makes two points differ. Subtraction is in QcGeVector3d.h, since it gives a vector.
 struct QcGePoint {
+    // The origin.
     constexpr QcGePoint() = default;
+    // From three coordinates.
     constexpr QcGePoint(double xValue, double yValue, double zValue) : x(xValue), y(yValue), z(zValue) {}
 
     // The distance from the origin: the root of the sum of squares, and where that sum would overflow or lose its
@@ -19,6 +21,7 @@ struct QcGePoint {
         return std::hypot(std::hypot(x, y), z);
     }
 
+    // Exact, without any tolerance.
     constexpr bool operator==(const QcGePoint& other) const { return x == other.x && y == other.y && z == other.z; }
     constexpr bool operator!=(const QcGePoint& other) const { return !(*this == other); }
     // Orders by x, where those are equal by y, then by z.
@@ -30,6 +33,7 @@ struct QcGePoint {
         return z > other.z;
     }
 
+    // In the unit of whoever made the point; in drawings z is upwards.
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;

@@ -5,10 +5,13 @@
 
 // The components are those of the point it is read from, and a point may stand wherever a vector is taken.
 struct QcGeVector3d : QcGePoint {
+    // (0, 0, 0).
     constexpr QcGeVector3d() = default;
+    // From three components, or from those of a point.
     constexpr QcGeVector3d(double xValue, double yValue, double zValue) : QcGePoint(xValue, yValue, zValue) {}
     constexpr explicit QcGeVector3d(const QcGePoint& point) : QcGePoint(point) {}
 
+    // The root of the sum of the squares.
     double Length() const { return Length3d(); }
 
     // The right-handed cross product: x axis times y axis is the z axis.

@@ -24,6 +24,7 @@ struct DrawingChange;
 // graphics. To be used by one thread at a time. No member throws; where memory runs out, the call fails.
 class ORVO_API AcDbDatabase {
 public:
+    // Empty, and not the host's.
     AcDbDatabase();
     // When it is the host's drawing, the host has none afterwards.
     ~AcDbDatabase();
@@ -114,6 +115,6 @@ private:
     std::unique_ptr<DxfDrawing> m_dxf;  // null: empty
 };
 
-// The drawing that the host has open; it belongs to whoever set it. Null: none.
+// The drawing that the host has open, and another one in its place; it belongs to whoever set it. Null: none.
 ORVO_API AcDbDatabase* acdbCurDwg();
 ORVO_API void acdbSetCurDwg(AcDbDatabase* drawing);

@@ -10,10 +10,11 @@
 
 namespace AcDb {
 
+// What an object is opened for.
 enum OpenMode {
-    kForRead = 0,
-    kForWrite = 1,
-    kForNotify = 2,
+    kForRead = 0,    // the only one that is served here
+    kForWrite = 1,   // refused
+    kForNotify = 2,  // refused
 };
 
 }  // namespace AcDb
@@ -22,17 +23,19 @@ enum OpenMode {
 // outlive its drawing, but then knows nothing any more.
 class ORVO_API AcDbObject : public AcRxObject {
 public:
+    // The id under which it was opened.
     AcDbObjectId objectId() const { return m_id; }
     // The object's handle; 0 when it has none.
     std::uint64_t handle() const;
 
-    // Closes and frees the object; nothing may use it afterwards.
+    // Closes and frees the object; nothing may use it afterwards. Gives eOk.
     Acad::ErrorStatus close();
 
     // How many objects are open at the moment.
     static int OpenCount();
 
 protected:
+    // Counts as open from here on.
     explicit AcDbObject(AcDbObjectId id);
     ~AcDbObject() override;
 

@@ -9,6 +9,7 @@ class AcDbObjectId {
 public:
     constexpr AcDbObjectId() = default;
 
+    // Whether it names nothing by itself; an id that is not null may name nothing, too.
     constexpr bool isNull() const { return m_value == 0; }
 
     // The id as a number, and an id from such a number. The order of ids has no meaning; it only makes them keys.
@@ -19,6 +20,7 @@ public:
         return id;
     }
 
+    // By the numbers.
     constexpr bool operator==(const AcDbObjectId& other) const { return m_value == other.m_value; }
     constexpr bool operator!=(const AcDbObjectId& other) const { return m_value != other.m_value; }
     constexpr bool operator<(const AcDbObjectId& other) const { return m_value < other.m_value; }

@@ -5,6 +5,7 @@
 #include "platform/base/CString.h"
 #include "platform/host/AcDbObject.h"
 
+// Opened and closed as any other object.
 class ORVO_API AcDbSymbolTableRecord : public AcDbObject {
 public:
     // The object as a record; null when it is another kind of object, or null.

@@ -3,8 +3,10 @@
 
 #include "platform/base/Api.h"
 
+// An object with an identity, which is asked for what else it is by its class.
 class ORVO_API AcRxObject {
 public:
+    // For those who derive from it.
     AcRxObject() = default;
     virtual ~AcRxObject();
     AcRxObject(const AcRxObject&) = delete;

@@ -12,9 +12,8 @@
 // First comes the name (type -1), then every group of the file in its order, the type being the group code:
 //   - texts decoded; numbers as numbers (0 where the file holds none), angles in degrees as the file has them;
 //   - an x with the y and z that follow it as one point, missing coordinates 0;
-//   - handles of other objects (330-369, 390-399, 480-481) as names: the id, and the second word that was last set
-//   while
-//     the drawing is open (files do not keep it; 0 before); where no object has the handle, 0 and the handle;
+//   - handles of other objects (330-369, 390-399, 480-481) as names: the id, and the second word that was last
+//     set while the drawing is open (files do not keep it; 0 before); where no object has the handle, 0 and the handle;
 //   - extended data (1000 and above) among them, without an announcing group -3.
 ORVO_API resbuf* acdbEntGet(const ads_name entity);
 

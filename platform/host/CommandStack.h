@@ -9,19 +9,21 @@
 #include "platform/host/AcRxObject.h"
 #include "platform/host/ErrorStatus.h"
 
+// What a command runs, in the host's own thread. It must not throw.
 using AcRxFunctionPtr = void (*)();
 
 // One command: its name as the user types it and the function that it runs.
 struct AcEdCommand {
-    CString name;
-    AcRxFunctionPtr function = nullptr;
-    int flags = 0;
+    CString name;                        // with its letters as they were given
+    AcRxFunctionPtr function = nullptr;  // the plug-in's, as long as that is loaded
+    int flags = 0;                       // as they were given; 0 for an ordinary command
 };
 
 // All groups in the order in which they were defined. Names of groups and commands are compared without case of ASCII
 // letters. Pointers and indexes that it gives hold until the next change.
 class ORVO_API AcEdCommandStack : public AcRxObject {
 public:
+    // Without groups.
     AcEdCommandStack();
     ~AcEdCommandStack() override;
 
@@ -36,13 +38,14 @@ public:
     // library's functions before it closes the library.
     void forget(const std::function<bool(AcRxFunctionPtr)>& isGone);
 
+    // Whether there is a group of this name, and how many there are.
     bool hasGroup(const wchar_t* group) const;
     int groupCount() const;
-    // Empty for an index out of range.
+    // The group's name by its index from 0; empty for an index out of range.
     CString groupName(int index) const;
-    // 0 for an unknown group.
+    // How many commands a group has; 0 for an unknown group.
     int commandCount(const wchar_t* group) const;
-    // Null for an unknown group or an index out of range.
+    // A command of a group by its index from 0; null for an unknown group or an index out of range.
     const AcEdCommand* commandAt(const wchar_t* group, int index) const;
 
     // The command of this name in the earliest group that has it; null when none has.

@@ -5,9 +5,9 @@
 
 // One row of a plug-in's command table. The last field is reserved and 0.
 struct QcCmdTable {
-    const wchar_t* m_szName;
-    void (*m_pFunction)();
-    int m_nReserved;
+    const wchar_t* m_szName;  // as the user types it
+    void (*m_pFunction)();    // what it runs
+    int m_nReserved;          // 0
 };
 
 // Registers a command group with the host and the commands of the first `count` rows of `table` in it; with a null

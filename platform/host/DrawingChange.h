@@ -18,15 +18,17 @@ struct NewLayer {
 
 // An entity at the end of model space.
 struct NewEntity {
+    // What it is.
     enum class Kind {
         Line,      // two points
         Face,      // a 3DFACE of three or four points
         Polyline,  // a flat one, of two points at least that have the same z
         Text,      // one point
     };
+    // x, y, z.
     using Point = std::array<double, 3>;
 
-    Kind kind = Kind::Line;
+    Kind kind = Kind::Line;          // which of the others count
     CString layer;                   // layer 0, one of the drawing's, or one that comes with the same change
     int colorIndex = kColorByLayer;  // 0 to 256
     // 0xRRGGBB, or negative for none; left out in drawings before R2004, which know only the index.
@@ -47,6 +49,7 @@ struct DrawingChange {
     // The entities of model space on these layers go, whatever the case of the names' letters; those that belong to
     // them (VERTEX, ATTRIB, SEQEND) with them. What lies in blocks or in paper space stays, and the layers do.
     std::vector<CString> emptiedLayers;
+    // Then these layers come, and then these entities.
     std::vector<NewLayer> layers;
     std::vector<NewEntity> entities;
 };

@@ -12,6 +12,7 @@ class AcDbDatabase;
 // Whether a drawing is in metres, that is whether its header variable $INSUNITS is 6. False for null.
 ORVO_API bool IsDrawingInMetres(const AcDbDatabase* drawing);
 
+// A unit of length.
 struct DrawingUnit {
     std::optional<double> millimetres;  // of one; none where nobody builds in it
     CString name;                       // of one that has no millimetres, in the interface's language

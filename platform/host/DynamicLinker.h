@@ -9,6 +9,7 @@
 // Plug-ins are named by their application handles; a null handle names none.
 class ORVO_API AcRxDynamicLinker : public AcRxObject {
 public:
+    // Without plug-ins.
     AcRxDynamicLinker();
     ~AcRxDynamicLinker() override;
 
@@ -18,7 +19,7 @@ public:
     // Whether registerAppMDIAware was called for it and the host has not forgotten it since.
     bool isRegistered(void* applicationHandle) const;
 
-    // A plug-in is locked until it is unlocked: see acrxUnlockApplication. False for a null handle.
+    // A plug-in is locked until it is unlocked: see acrxUnlockApplication. For a null handle setting gives false.
     bool setLocked(void* applicationHandle, bool locked);
     bool isLocked(void* applicationHandle) const;
 
@@ -33,7 +34,7 @@ private:
 // The host's own, which the registry gives by name. It lives as long as the process.
 ORVO_API AcRxDynamicLinker& HostDynamicLinker();
 
-// The host does not unload a plug-in that is locked, as each is at first; unlocking permits it. False for a null
-// handle. They act on the registry's own linker.
+// The host does not unload a plug-in that is locked, as each is at first; unlocking permits it. Unlocking gives
+// false for a null handle. They act on the registry's own linker.
 ORVO_API bool acrxUnlockApplication(void* applicationHandle);
 ORVO_API bool acrxApplicationIsLocked(void* applicationHandle);

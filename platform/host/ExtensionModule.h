@@ -7,9 +7,9 @@
 
 // A library's state with the framework. Each library has one static object of this type, zero at first.
 struct AFX_EXTENSION_MODULE {
-    bool bInitialized = false;
-    HINSTANCE hModule = nullptr;
-    HINSTANCE hResource = nullptr;
+    bool bInitialized = false;      // whether the library was taken in
+    HINSTANCE hModule = nullptr;    // the library; null before
+    HINSTANCE hResource = nullptr;  // where its resources are; null before
 };
 
 // Takes a library in: notes its handle, which is also where its resources are. Doing so again changes nothing. False,
@@ -26,11 +26,14 @@ ORVO_API void SetExtensionModuleFailureForTest(bool fail);
 // `new` by the library once it is initialised; the framework deletes it in AfxTermExtensionModule.
 class ORVO_API CDynLinkLibrary {
 public:
+    // Puts itself at the head of the framework's list, for the library of this state.
     explicit CDynLinkLibrary(const AFX_EXTENSION_MODULE& state);
+    // Takes itself out of the list.
     virtual ~CDynLinkLibrary();
     CDynLinkLibrary(const CDynLinkLibrary&) = delete;
     CDynLinkLibrary& operator=(const CDynLinkLibrary&) = delete;
 
+    // The library, and where its resources are.
     HINSTANCE GetModule() const { return m_module; }
     HINSTANCE GetResources() const { return m_resources; }
     // The next object in the framework's list, newest first; null at its end.
@@ -53,5 +56,6 @@ struct AFX_MODULE_STATE {
 
 // Never null; always the same object. Usable while static objects are constructed.
 ORVO_API AFX_MODULE_STATE* AfxGetModuleState();
+// Its current resource handle, to read and to change; null stands for the program.
 ORVO_API HINSTANCE AfxGetResourceHandle();
 ORVO_API void AfxSetResourceHandle(HINSTANCE resources);

@@ -10,8 +10,8 @@
 
 // One value: the group at `first`, and for a point the y and z groups that follow it.
 struct GroupItem {
-    int code;
-    std::size_t first;
+    int code;           // of the first group
+    std::size_t first;  // index in the object's groups
     std::size_t count;  // 1 to 3
 };
 

@@ -3,6 +3,7 @@
 
 #include "platform/base/Api.h"
 
+// A member of ads_u_val.
 enum class GroupStorage {
     Text,    // rstring
     Real,    // rreal

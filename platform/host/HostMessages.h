@@ -16,8 +16,8 @@ enum AppMsgCode : int {
 
 // The plug-in's answer.
 enum AppRetCode : int {
-    kRetOK = 0,
-    kRetError = 3,
+    kRetOK = 0,     // heard, whether there was anything to do or not
+    kRetError = 3,  // on kInitAppMsg: it is not to be loaded
 };
 
 }  // namespace AcRx
@@ -26,4 +26,5 @@ enum AppRetCode : int {
 // only passed back to the host. The answer is an AppRetCode; other messages may come and are answered with kRetOK.
 extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle);
 
+// That function, as the host looks it up.
 using AcRxEntryPoint = int (*)(int message, void* applicationHandle);

@@ -8,6 +8,7 @@
 // One plug-in. The destructor unloads it, locked or not.
 class ORVO_API ModuleLoader {
 public:
+    // Without a plug-in.
     ModuleLoader() = default;
     ~ModuleLoader();
     ModuleLoader(const ModuleLoader&) = delete;
@@ -19,6 +20,7 @@ public:
     // own, or it does not answer kRetOK; the file is then closed again without a further message.
     bool Load(const wchar_t* path, CString& error);
 
+    // Whether this object has a plug-in.
     bool IsLoaded() const { return m_handle != nullptr; }
     // What the plug-in knows itself by with the host; null when none is loaded.
     void* ApplicationHandle() const { return m_handle; }
@@ -27,6 +29,7 @@ public:
     // reported (Message.h) and stands for kRetError.
     int Send(int message);
 
+    // How unloading ended.
     enum class Unloaded {
         Gone,         // the library is no longer in memory
         StillMapped,  // closed, but somebody else holds it (or the system will not let it go)

@@ -6,8 +6,10 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
+// Given to a subcommand while it runs, and not beyond; to be used in the host's thread.
 class ORVO_API Output {
 public:
+    // For those who derive from it.
     Output() = default;
     virtual ~Output();
     Output(const Output&) = delete;

@@ -5,8 +5,10 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
+// Given to a subcommand while it runs, and not beyond.
 class ORVO_API Progress {
 public:
+    // For those who derive from it.
     Progress() = default;
     virtual ~Progress();
     Progress(const Progress&) = delete;

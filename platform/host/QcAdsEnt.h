@@ -11,9 +11,11 @@ class ORVO_API QcAdsEnt {
 public:
     // No entity.
     QcAdsEnt() = default;
+    // Of this name or id, whether there is such an entity or not.
     explicit QcAdsEnt(const ads_name name);
     explicit QcAdsEnt(AcDbObjectId id);
 
+    // Null for no entity.
     AcDbObjectId GetObjectId() const { return AcDbObjectId::FromOldId(m_name[0]); }
 
     // The entity's whole data as acdbEntGet gives it: a new chain, which the caller frees with acutRelRb. Null when

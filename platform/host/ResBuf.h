@@ -6,27 +6,27 @@
 
 // Bytes, at most 32,767 of them.
 struct ads_binary {
-    std::int16_t clen;
-    char* buf;
+    std::int16_t clen;  // how many
+    char* buf;          // where they lie; null for none
 };
 
 // Which member counts follows from the buffer's type; see StorageOf() in GroupStorage.h.
 union ads_u_val {
-    ads_real rreal;
-    ads_point rpoint;
-    std::int16_t rint;
-    wchar_t* rstring;  // owned by the buffer: from acutNewString
-    ads_name rlname;
-    std::int32_t rlong;
-    std::int64_t mnInt64;
-    ads_binary rbinary;  // buf is owned by the buffer: from std::malloc
+    ads_real rreal;        // a number, or an angle in the file's degrees
+    ads_point rpoint;      // a point
+    std::int16_t rint;     // a whole number of 16 bits, or a switch
+    wchar_t* rstring;      // owned by the buffer: from acutNewString
+    ads_name rlname;       // the name of an object
+    std::int32_t rlong;    // a whole number of 32 bits
+    std::int64_t mnInt64;  // a whole number of 64 bits
+    ads_binary rbinary;    // buf is owned by the buffer: from std::malloc
 };
 
 // One value of a chain. In the data of an entity the type is the group code.
 struct resbuf {
-    resbuf* rbnext;  // null at the end
-    std::int16_t restype;
-    ads_u_val resval;
+    resbuf* rbnext;        // null at the end
+    std::int16_t restype;  // a group code, or a result type such as RTREAL
+    ads_u_val resval;      // the value
 };
 
 // A new buffer of this type: its value all zero, its link null. Null when the type is no 16-bit number, or there is no

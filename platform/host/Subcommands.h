@@ -26,19 +26,23 @@ struct ORVO_API SubcommandOption {
     CString name;
     // What the values are, as the help shows it behind the name: "NAME", "HANDLE CODE". May be empty.
     CString type;
+    // What it is for, as the help shows it.
     CString description;
+    // How many values it has: above 0, kFlag or kMany.
     int count = 1;
     // A request without it is refused before the subcommand runs.
     bool isRequired = false;
     // The words that the first value can be completed to; null for none. Whatever it throws stands for no words.
     std::function<std::vector<CString>()> words;
 
+    // Whether it stands by itself without being named.
     bool IsPositional() const;
     // "-o" and "--output".
     std::vector<CString> GetNames() const;
 };
 
-// The usual kinds in one line each.
+// The usual kinds in one line each: an option without a value, with one, and with that many of them. Nothing is checked
+// before it is added to the table.
 ORVO_API SubcommandOption FlagOption(const wchar_t* name, const wchar_t* description);
 ORVO_API SubcommandOption ValueOption(const wchar_t* name, const wchar_t* type, const wchar_t* description,
                                       std::function<std::vector<CString>()> words = nullptr);
@@ -49,6 +53,7 @@ ORVO_API SubcommandOption Required(SubcommandOption option);
 // One request, while its subcommand runs.
 class ORVO_API SubcommandCall {
 public:
+    // For those who derive from it.
     SubcommandCall() = default;
     virtual ~SubcommandCall();
     SubcommandCall(const SubcommandCall&) = delete;
@@ -58,6 +63,7 @@ public:
     virtual std::optional<CString> GetValue(const wchar_t* option) const = 0;
     // Every value of an option that has several; none when it was left out.
     virtual std::vector<CString> GetValues(const wchar_t* option) const = 0;
+    // Whether an option stands there, with values or without.
     virtual bool HasFlag(const wchar_t* option) const = 0;
 
     // Where the answer goes. It is shown when the subcommand has ended.
@@ -70,6 +76,7 @@ public:
 struct ORVO_API Subcommand {
     // A word of ASCII letters, digits and hyphens that begins with a letter.
     CString name;
+    // One sentence without a full stop, as the help shows it.
     CString description;
     // In the order in which the help shows them, and values without a name are given.
     std::vector<SubcommandOption> options;
@@ -84,8 +91,10 @@ struct ORVO_API Subcommand {
     CString (*translate)(const wchar_t* text) = nullptr;
 };
 
+// Used in the host's thread only.
 class ORVO_API SubcommandTable {
 public:
+    // Without rows.
     SubcommandTable();
     ~SubcommandTable();
     SubcommandTable(const SubcommandTable&) = delete;
@@ -106,9 +115,9 @@ public:
     // Removes every row of this plug-in. The host does so before it closes the library, so that none outlives it.
     void Forget(void* applicationHandle);
 
-    // By the exact name; null when there is none. Good until the table changes, like the following ones.
+    // A row by its exact name; null when there is none. Good until the table changes, like the following ones.
     const Subcommand* Find(const wchar_t* name) const;
-    // In the order in which they were added.
+    // All rows in the order in which they were added.
     std::vector<const Subcommand*> GetAll() const;
 
 private:

@@ -19,13 +19,16 @@
 #include "platform/base/FrameworkTypes.h"
 #include "platform/media/AviStreamInfo.h"
 
+// Names a file, and a stream of one; null for none.
 using PAVIFILE = struct OrvoAviFileHandle*;
 using PAVISTREAM = struct OrvoAviStreamHandle*;
 struct CLSID;
 
+// How a file is opened: to be written, and made anew.
 inline constexpr UINT OF_WRITE = 0x0001;
 inline constexpr UINT OF_CREATE = 0x1000;
 
+// What these functions give: success is 0, every failure below it.
 inline constexpr HRESULT AVIERR_OK = 0;
 inline constexpr HRESULT AVIERR_UNSUPPORTED = static_cast<HRESULT>(0x80044065U);
 inline constexpr HRESULT AVIERR_BADFORMAT = static_cast<HRESULT>(0x80044066U);
@@ -36,18 +39,19 @@ inline constexpr HRESULT AVIERR_FILEWRITE = static_cast<HRESULT>(0x8004406EU);
 inline constexpr HRESULT AVIERR_FILEOPEN = static_cast<HRESULT>(0x8004406FU);
 inline constexpr HRESULT AVIERR_NOCOMPRESSOR = static_cast<HRESULT>(0x80044071U);
 
+// How a stream is to be compressed. Only the handler is looked at here.
 struct AVICOMPRESSOPTIONS {
-    DWORD fccType;
-    DWORD fccHandler;
-    DWORD dwKeyFrameEvery;
-    DWORD dwQuality;
-    DWORD dwBytesPerSecond;
-    DWORD dwFlags;
-    void* lpFormat;
-    DWORD cbFormat;
-    void* lpParms;
-    DWORD cbParms;
-    DWORD dwInterleaveEvery;
+    DWORD fccType;            // of the stream
+    DWORD fccHandler;         // the codec: 0 or "DIB " for none
+    DWORD dwKeyFrameEvery;    // frames from one key frame to the next
+    DWORD dwQuality;          // 0 to 10000
+    DWORD dwBytesPerSecond;   // that are aimed at
+    DWORD dwFlags;            // which of the others count
+    void* lpFormat;           // the format of what is coded; the caller's
+    DWORD cbFormat;           // its bytes
+    void* lpParms;            // the codec's own parameters; the caller's
+    DWORD cbParms;            // their bytes
+    DWORD dwInterleaveEvery;  // frames from one piece of sound to the next
 };
 
 // The version of this interface: major in the upper, minor in the lower 16 bits.
@@ -55,7 +59,8 @@ ORVO_API DWORD VideoForWindowsVersion();
 // For tests: another version from now on; 0 restores the true one.
 ORVO_API void SetVideoForWindowsVersionForTest(DWORD version);
 
-// Files can be opened between the first AVIFileInit and the AVIFileExit that matches it; files that are open then stay.
+// Files can be opened between the first AVIFileInit and the AVIFileExit that matches it; files that are open after it
+// stay open.
 ORVO_API void AVIFileInit();
 ORVO_API void AVIFileExit();
 // How many AVIFileInit have not been matched: for tests.
@@ -80,6 +85,7 @@ ORVO_API HRESULT AVIStreamWrite(PAVISTREAM stream, LONG position, LONG samples, 
 ORVO_API HRESULT AVIMakeCompressedStream(PAVISTREAM* compressed, PAVISTREAM source, AVICOMPRESSOPTIONS* options,
                                          CLSID* handler);
 
-// These give what is left of the object's count, 0 for a handle that names none. The last one finishes the file.
+// Give up a stream or a file. These give what is left of the object's count, 0 for a handle that names none. The last
+// one finishes the file.
 ORVO_API DWORD AVIStreamRelease(PAVISTREAM stream);
 ORVO_API DWORD AVIFileRelease(PAVIFILE file);

@@ -12,22 +12,27 @@ struct AviRun {
     std::uint64_t offset = 0;   // of the first chunk's header, from the start of the file
     std::uint64_t empties = 0;  // chunks of no bytes
     bool hasSample = false;     // then comes a chunk with `size` bytes
-    std::uint32_t size = 0;
-    bool isKey = false;
+    std::uint32_t size = 0;     // bytes of the sample
+    bool isKey = false;         // whether the sample needs none before it
 };
 
 // One RIFF part: its chunks in the order of their positions.
 class AviPart {
 public:
+    // Bytes of a chunk's header: its tag and its size.
     static constexpr std::uint64_t kChunkHeader = 8;
 
+    // An empty part that begins there, in bytes from the start of the file.
     explicit AviPart(std::uint64_t riff) : m_riff(riff) {}
 
+    // Adds a run behind the others.
     void Add(const AviRun& run);
     // Forgets all runs behind the first `count`.
     void Shrink(std::size_t count);
 
+    // Where the part begins, in bytes from the start of the file.
     std::uint64_t GetStart() const { return m_riff; }
+    // How many runs there are.
     std::size_t GetRunCount() const { return m_runs.size(); }
     // Positions: one chunk each.
     std::uint64_t GetCount() const { return m_count; }

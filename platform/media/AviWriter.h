@@ -14,7 +14,9 @@
 // it.
 class ORVO_API AviWriter {
 public:
+    // Without a file.
     AviWriter();
+    // Closes the file as it is; without Finish it has no final index.
     ~AviWriter();
     AviWriter(const AviWriter&) = delete;
     AviWriter& operator=(const AviWriter&) = delete;
@@ -24,16 +26,26 @@ public:
     // As many positions as players can count.
     static constexpr std::uint64_t kMaxLength = 0x7FFFFFFF;
 
+    // Makes the file, or empties the one that is there. False when it cannot be.
     bool Create(const std::string& path);
-    // Before the first sample.
+    // What the file says of its stream: before the first sample.
     void SetInfo(const AVISTREAMINFOW& info) { m_header.info = info; }
+    // The format of all samples, before the first one; the file's beginning is written. False when the disk does not
+    // take it.
     bool SetFormat(const void* format, std::size_t bytes);
     // For tests: smaller parts.
     void SetPartSize(std::uint64_t bytes) { m_partSize = bytes; }
 
+    // Whether SetFormat has succeeded.
     bool HasFormat() const { return !m_header.format.empty(); }
+    // In positions, the skipped ones among them.
     std::uint64_t GetLength() const { return m_header.length; }
-    enum class Result { Done, TooLong, Failed };
+    // How appending ended.
+    enum class Result {
+        Done,     // the sample is in the file
+        TooLong,  // no file can hold it, or that many positions
+        Failed,   // the disk does not take it
+    };
     // Appends one sample at a position from GetLength() on.
     Result Append(std::uint64_t position, const void* bytes, std::uint32_t size, bool isKey);
     // Writes the indexes. True when the file is complete; without, its samples can be read all the same.

@@ -9,9 +9,9 @@
 
 // What GetObject tells of a bitmap.
 struct BITMAP {
-    LONG bmType;  // 0
-    LONG bmWidth;
-    LONG bmHeight;
+    LONG bmType;        // 0
+    LONG bmWidth;       // pixels
+    LONG bmHeight;      // pixels
     LONG bmWidthBytes;  // of one row: 4 a pixel
     WORD bmPlanes;      // 1
     WORD bmBitsPixel;   // 32
@@ -24,6 +24,7 @@ ORVO_API HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bits, con
 // Fills in a BITMAP and gives its size; 0, with nothing written, when the handle names no bitmap or `bytes` are too
 // few.
 ORVO_API int GetObject(HBITMAP bitmap, int bytes, void* out);
+// Frees a bitmap. False when the handle names none.
 ORVO_API BOOL DeleteObject(HBITMAP bitmap);
 // The pixels, as CreateBitmap takes them, into room for width * height of them. False when the handle names no bitmap.
 ORVO_API bool ReadBitmapPixels(HBITMAP bitmap, DWORD* pixels);
@@ -34,12 +35,14 @@ ORVO_API std::size_t LiveBitmaps();
 // Owns a bitmap, or none.
 class ORVO_API CBitmap : public CObject {
 public:
+    // The class itself.
     static const CRuntimeClass classCBitmap;
 
     CBitmap() = default;
     ~CBitmap() override;
     const CRuntimeClass* GetRuntimeClass() const override;
 
+    // Makes a bitmap and owns it, as the function CreateBitmap. False when there is one already, or none can be made.
     BOOL CreateBitmap(int width, int height, UINT planes, UINT bits, const void* pixels);
     // Takes over a bitmap. False, and nothing is taken, for null or when there is one already.
     BOOL Attach(HBITMAP bitmap);
@@ -47,6 +50,7 @@ public:
     HBITMAP Detach();
     // Frees the bitmap. False when there is none.
     BOOL DeleteObject();
+    // The handle, which stays this object's; null when there is none.
     HBITMAP GetSafeHandle() const { return m_bitmap; }
     operator HBITMAP() const { return m_bitmap; }
     // As the function GetObject gives it; 0 when there is none.

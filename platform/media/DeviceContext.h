@@ -13,6 +13,7 @@ ORVO_API HDC GetDC(HWND window);
 ORVO_API int ReleaseDC(HWND window, HDC context);
 // A memory context like the given one, or like the screen for null; null when the given one does not exist.
 ORVO_API HDC CreateCompatibleDC(HDC context);
+// Frees a context of CreateCompatibleDC. False for another one.
 ORVO_API BOOL DeleteDC(HDC context);
 // Whether a handle names a context, of either kind.
 ORVO_API bool IsDeviceContext(HDC context);

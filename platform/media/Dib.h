@@ -7,49 +7,53 @@
 #include "platform/base/Api.h"
 #include "platform/base/FrameworkTypes.h"
 
-inline constexpr DWORD BI_RGB = 0;
-inline constexpr DWORD BI_RLE8 = 1;
-inline constexpr DWORD BI_RLE4 = 2;
-inline constexpr DWORD BI_BITFIELDS = 3;
+inline constexpr DWORD BI_RGB = 0;        // pixels as they are
+inline constexpr DWORD BI_RLE8 = 1;       // run-length coding of 8 bits a pixel
+inline constexpr DWORD BI_RLE4 = 2;       // run-length coding of 4 bits a pixel
+inline constexpr DWORD BI_BITFIELDS = 3;  // pixels of 16 or 32 bits, with masks behind the header
+// The colour table holds colours.
 inline constexpr UINT DIB_RGB_COLORS = 0;
+// CreateDIBitmap is to read pixels.
 inline constexpr DWORD CBM_INIT = 4;
 
+// The info header, as files hold it.
 struct BITMAPINFOHEADER {
-    DWORD biSize;
-    LONG biWidth;
-    LONG biHeight;
-    WORD biPlanes;
-    WORD biBitCount;
-    DWORD biCompression;
-    DWORD biSizeImage;
-    LONG biXPelsPerMeter;
-    LONG biYPelsPerMeter;
-    DWORD biClrUsed;
-    DWORD biClrImportant;
+    DWORD biSize;          // of this header: 40
+    LONG biWidth;          // pixels
+    LONG biHeight;         // rows; negative: from the top down
+    WORD biPlanes;         // 1
+    WORD biBitCount;       // of a pixel: 1, 4, 8, 16, 24 or 32
+    DWORD biCompression;   // BI_RGB and the others
+    DWORD biSizeImage;     // bytes of all rows; 0 for what they take without coding
+    LONG biXPelsPerMeter;  // pixels a metre, which nobody looks at
+    LONG biYPelsPerMeter;  // likewise
+    DWORD biClrUsed;       // entries of the colour table; 0 for all that the bits can name
+    DWORD biClrImportant;  // how many of them matter, which nobody looks at
 };
 static_assert(sizeof(BITMAPINFOHEADER) == 40);
 
+// An entry of a colour table.
 struct RGBQUAD {
-    BYTE rgbBlue;
-    BYTE rgbGreen;
-    BYTE rgbRed;
-    BYTE rgbReserved;
+    BYTE rgbBlue;      // 0 to 255
+    BYTE rgbGreen;     // 0 to 255
+    BYTE rgbRed;       // 0 to 255
+    BYTE rgbReserved;  // 0
 };
 
-// The colour table follows: as many entries as the header says.
+// An info header with its colour table: as many entries as the header says.
 struct BITMAPINFO {
-    BITMAPINFOHEADER bmiHeader;
-    RGBQUAD bmiColors[1];
+    BITMAPINFOHEADER bmiHeader;  // says how many entries follow
+    RGBQUAD bmiColors[1];        // the first one
 };
 
 #pragma pack(push, 1)
 // How a BMP file begins; the info header follows.
 struct BITMAPFILEHEADER {
-    WORD bfType;  // 0x4D42, "BM"
-    DWORD bfSize;
-    WORD bfReserved1;
-    WORD bfReserved2;
-    DWORD bfOffBits;
+    WORD bfType;       // 0x4D42, "BM"
+    DWORD bfSize;      // of the file, in bytes
+    WORD bfReserved1;  // 0
+    WORD bfReserved2;  // 0
+    DWORD bfOffBits;   // where the pixels begin, in bytes from the start of the file
 };
 #pragma pack(pop)
 static_assert(sizeof(BITMAPFILEHEADER) == 14);

@@ -6,13 +6,14 @@
 #include "platform/base/Api.h"
 #include "platform/base/FrameworkTypes.h"
 
+// Names a block; null for none.
 using HGLOBAL = HANDLE;
 
-inline constexpr UINT GMEM_FIXED = 0x0000;
-inline constexpr UINT GMEM_MOVEABLE = 0x0002;
-inline constexpr UINT GMEM_ZEROINIT = 0x0040;
-inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
-inline constexpr UINT GPTR = GMEM_FIXED | GMEM_ZEROINIT;
+inline constexpr UINT GMEM_FIXED = 0x0000;                   // the handle is the address
+inline constexpr UINT GMEM_MOVEABLE = 0x0002;                // the address is GlobalLock's
+inline constexpr UINT GMEM_ZEROINIT = 0x0040;                // all bytes 0 at first
+inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;  // both
+inline constexpr UINT GPTR = GMEM_FIXED | GMEM_ZEROINIT;     // both
 
 // A block of that many bytes; null when there is no memory. A fixed block's handle is its address. Blocks belong to the
 // caller, who frees them with GlobalFree.
@@ -23,7 +24,7 @@ ORVO_API void* GlobalLock(HGLOBAL handle);
 ORVO_API BOOL GlobalUnlock(HGLOBAL handle);
 // Frees the block, locked or not, and gives null; gives the handle back when it names no block.
 ORVO_API HGLOBAL GlobalFree(HGLOBAL handle);
-// 0 for a handle that names no block.
+// How many bytes a block has; 0 for a handle that names none.
 ORVO_API std::size_t GlobalSize(HGLOBAL handle);
 
 // How many blocks there are: for tests that look for leaks.

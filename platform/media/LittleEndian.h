@@ -8,19 +8,24 @@
 // Collects bytes. Numbers are written with their lowest byte first.
 class LittleEndian {
 public:
+    // Appends a number of two, four or eight bytes.
     void U16(std::uint32_t value) { Number(value, 2); }
     void U32(std::uint32_t value) { Number(value, 4); }
     void U64(std::uint64_t value) { Number(value, 8); }
-    // Four letters.
+    // Appends four letters.
     void Tag(std::string_view letters) {
         for (const char letter : letters)
             m_bytes.push_back(static_cast<std::uint8_t>(letter));
     }
+    // Appends these bytes.
     void Bytes(const std::vector<std::uint8_t>& bytes) { m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end()); }
+    // Appends that many zeros.
     void Zeros(std::size_t count) { m_bytes.resize(m_bytes.size() + count); }
 
+    // How many bytes there are, and which.
     std::size_t Size() const { return m_bytes.size(); }
     const std::vector<std::uint8_t>& Get() const { return m_bytes; }
+    // Forgets all bytes.
     void Clear() { m_bytes.clear(); }
 
 private:
