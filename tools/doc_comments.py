@@ -27,7 +27,8 @@ HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
 PASSED_OVER = re.compile(r"^((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b|using\s+[\w:<>,* ]+;$"
                          r"|[A-Z_0-9]+\(.*\)?;?$|template (class|struct)\b|})")
-EXPECTED = re.compile(r"^(virtual )?~\w+\(|^afx_msg\b")  # destructors, and answers to messages
+DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
+HANDLER = re.compile(r"^afx_msg\b")
 OVERRIDE = re.compile(r"\b(override|final)\b")
 COPY = re.compile(r"\(const \w+(<\w+>)?&( \w+)?\)( const)? = (delete|default);$")
 COPIES = {"delete": "Deleted: objects of this class are not copied.", "default": "Member by member."}
@@ -274,7 +275,7 @@ class Converter:
     def complete(self, first, last):
         """Gives a declaration that has no comment what there is for it."""
         line = self.lines[first]
-        if EXPECTED.match(line.bare):
+        if DESTRUCTOR.match(line.bare) or (HANDLER.match(line.bare) and not self.shared):
             self.insert(first, "/** @cond */ ")
             self.made[last] += " /** @endcond */"
         elif COPY.search(line.bare):

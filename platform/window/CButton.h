@@ -7,8 +7,8 @@
 // keys and for BM_CLICK, not for SetCheck.
 class ORVO_API CButton : public CWnd {
 public:
-    int GetCheck() const;  // BST_CHECKED or BST_UNCHECKED
-    void SetCheck(int check);
+    int GetCheck() const;      // BST_CHECKED or BST_UNCHECKED
+    void SetCheck(int check);  // the same; the parent is not told
 
 protected:
     DECLARE_MESSAGE_MAP()

@@ -8,15 +8,16 @@
 // has no effect.
 class ORVO_API CComboBox : public CWnd {
 public:
-    int GetCount() const;
-    int AddString(const wchar_t* text);
+    int GetCount() const;                              // of entries
+    int AddString(const wchar_t* text);                // gives the new entry's index
     int InsertString(int index, const wchar_t* text);  // -1: at the end
     int DeleteString(int index);                       // the selected one: nothing is selected then
-    void ResetContent();
-    int GetLBText(int index, CString& text) const;
-    int GetLBTextLen(int index) const;
-    int GetCurSel() const;
-    int SetCurSel(int index);  // -1: nothing, which also gives CB_ERR
+    void ResetContent();                               // removes all entries
+    int GetLBText(int index, CString& text) const;     // copies an entry; gives its length in units
+    int GetLBTextLen(int index) const;                 // in units
+    int GetCurSel() const;                             // CB_ERR: nothing is selected
+    int SetCurSel(int index);                          // -1: nothing, which also gives CB_ERR
+    // A number or an address of the caller's beside an entry, 0 at first. Setting gives 0 or more.
     DWORD_PTR GetItemData(int index) const;
     int SetItemData(int index, DWORD_PTR data);
 

@@ -5,14 +5,14 @@
 
 // Gregorian; the week day counts from Sunday 0.
 struct SYSTEMTIME {
-    WORD wYear;
-    WORD wMonth;
-    WORD wDayOfWeek;
-    WORD wDay;
-    WORD wHour;
-    WORD wMinute;
-    WORD wSecond;
-    WORD wMilliseconds;
+    WORD wYear;          // 1601 to 9999
+    WORD wMonth;         // 1 to 12
+    WORD wDayOfWeek;     // 0 to 6
+    WORD wDay;           // 1 to 31
+    WORD wHour;          // 0 to 23
+    WORD wMinute;        // 0 to 59
+    WORD wSecond;        // 0 to 59
+    WORD wMilliseconds;  // 0 to 999
 };
 
 // Shows dates from 1601-01-01 to 9999-12-31; the time of day is kept and not shown. Notification to the parent, when
@@ -21,11 +21,12 @@ class ORVO_API CDateTimeCtrl : public CWnd {
 public:
     // False, with nothing changed, for a date that is none.
     BOOL SetTime(const SYSTEMTIME* time);
-    // GDT_VALID (0) on success.
+    // The date that is shown. GDT_VALID (0) on success.
     DWORD GetTime(SYSTEMTIME* time) const;
 
 protected:
     DECLARE_MESSAGE_MAP()
 };
 
+// The picker shows a date.
 inline constexpr DWORD GDT_VALID = 0;

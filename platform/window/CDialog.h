@@ -12,12 +12,16 @@
 // than the application's, DoModal reports a message (platform/base/Message.h) and gives -1.
 class ORVO_API CDialog : public CWnd {
 public:
+    // The template is looked up by its number when the dialog is run, over a parent (null: the window that is active
+    // then).
     explicit CDialog(UINT templateId, CWnd* parent = nullptr);
     ~CDialog() override;
 
+    // Gives what EndDialog was told, -1 when the dialog could not be shown or is running already.
     virtual INT_PTR DoModal();
     // Ends DoModal with this result, at the latest when the running handler has returned.
     void EndDialog(int result);
+    // The number of the template.
     UINT GetTemplateId() const { return m_templateId; }
     // How many dialogs the process could not show, because there is no display.
     static int GetUnseenCount();
@@ -28,6 +32,7 @@ public:
 protected:
     // Reads the controls and, unless an entry is refused, ends with IDOK.
     virtual void OnOK();
+    // Ends with IDCANCEL.
     virtual void OnCancel();
     afx_msg void OnClose();
     // What the window is called over when it runs; null: the program's active window.

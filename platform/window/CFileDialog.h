@@ -4,9 +4,9 @@
 
 #include "platform/window/CWnd.h"
 
-inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x0002;
-inline constexpr DWORD OFN_HIDEREADONLY = 0x0004;
-inline constexpr DWORD OFN_FILEMUSTEXIST = 0x1000;
+inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x0002;  // ask before an existing file's name is taken
+inline constexpr DWORD OFN_HIDEREADONLY = 0x0004;     // no choice of opening for reading only: there is none here
+inline constexpr DWORD OFN_FILEMUSTEXIST = 0x1000;    // refuse a name that is none of a file
 
 // OFN_FILEMUSTEXIST: opening refuses, with a message, a name that is none of a file. OFN_OVERWRITEPROMPT: saving asks
 // before it takes the name of a file that exists.
@@ -25,9 +25,11 @@ public:
     INT_PTR DoModal();
     // Full path of the chosen file; empty before, and when the dialog was cancelled.
     CString GetPathName() const { return m_path; }
+    // Its last part; empty as well.
     CString GetFileName() const;
 
-    // The next dialogs are not shown, but answered with this path (null: cancelled), until they are to be shown again.
+    // For tests: the next dialogs are not shown, but answered with this path (null: cancelled), until they are to be
+    // shown again.
     static void SetNextFileForTest(const wchar_t* path);
     static void ShowDialogsAgainForTest();
 

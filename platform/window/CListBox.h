@@ -8,15 +8,16 @@
 // letters without case) or, where that is Chinese, in pinyin (platform/base/LatinNames.h).
 class ORVO_API CListBox : public CWnd {
 public:
-    int GetCount() const;
+    int GetCount() const;                              // of entries
     int AddString(const wchar_t* text);                // gives the new entry's index
     int InsertString(int index, const wchar_t* text);  // -1: at the end
     int DeleteString(int index);                       // gives how many are left
-    void ResetContent();
-    int GetText(int index, CString& text) const;  // gives the length
-    int GetTextLen(int index) const;
-    int GetCurSel() const;
-    int SetCurSel(int index);  // -1: nothing, which also gives LB_ERR
+    void ResetContent();                               // removes all entries
+    int GetText(int index, CString& text) const;       // copies an entry; gives its length in units
+    int GetTextLen(int index) const;                   // in units
+    int GetCurSel() const;                             // LB_ERR: nothing is selected
+    int SetCurSel(int index);                          // -1: nothing, which also gives LB_ERR
+    // A number or an address of the caller's beside an entry, 0 at first. Setting gives 0 or more.
     DWORD_PTR GetItemData(int index) const;
     int SetItemData(int index, DWORD_PTR data);
 

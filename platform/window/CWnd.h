@@ -34,11 +34,13 @@ class CFont;
 // in wchar_t units.
 class ORVO_API CWnd : public CObject {
 public:
-    HWND m_hWnd = nullptr;
+    HWND m_hWnd = nullptr;  // the window; null while there is none
 
+    // Without a window.
     CWnd() = default;
     ~CWnd() override;
 
+    // The window; null while there is none.
     HWND GetSafeHwnd() const { return m_hWnd; }
     // The attached CWnd of a window; else one that the window itself owns and that lives as long as the window. Null
     // for null and for a window that is gone.
@@ -49,9 +51,11 @@ public:
     // ---- The window behind it. ----
     // False when this has a window already, the other is gone, or another CWnd is attached to it.
     BOOL Attach(HWND window);
+    // Lets the window go on without this object, and gives it; null where there is none.
     HWND Detach();
     // Attaches to a control of a dialog, which then sends its messages through this object's maps.
     BOOL SubclassDlgItem(UINT id, CWnd* parent);
+    // Attaches to a window, and Detach under another name.
     BOOL SubclassWindow(HWND window);
     HWND UnsubclassWindow();
     // Sends WM_DESTROY to the window and everything in it, and destroys it. A window whose own handler is running goes
@@ -59,30 +63,39 @@ public:
     virtual BOOL DestroyWindow();
 
     // ---- Messages. ----
+    // Has the window handle a message at once; gives what came of it. WindowMessages.h says what each carries.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
     // ---- Text, state, place. ----
+    // A title, a label, what an edit holds.
     void SetWindowText(const wchar_t* text);
     void GetWindowText(CString& text) const;
     int GetWindowTextLength() const;
     // WS_ and control bits the window was made with; WS_VISIBLE and WS_DISABLED as they are now.
     DWORD GetStyle() const;
+    // The number under which its dialog knows it.
     int GetDlgCtrlID() const;
     BOOL EnableWindow(BOOL enable = TRUE);  // gives whether it was disabled before
+    // Whether it takes keys and mouse, as far as that is its own matter and not its parent's.
     BOOL IsWindowEnabled() const;
     BOOL ShowWindow(int command);  // SW_HIDE, SW_SHOW; gives whether it was visible before
+    // Whether it is to be seen: neither it nor a window that it lies in is hidden.
     BOOL IsWindowVisible() const;
     CWnd* SetFocus();  // gives the window that had the focus
+    // The window with the focus, as FromHandle; null where none of this program has it.
     static CWnd* GetFocus();
+    // The window that it lies in, as FromHandle; null for none.
     CWnd* GetParent() const;
     // Whether the other window lies in this one, at any depth. False for this window itself.
     BOOL IsChild(const CWnd* window) const;
-    // The inside, from (0, 0).
+    // The inside, from (0, 0), in pixels, like the others.
     void GetClientRect(RECT* rect) const;
     // On the screen.
     void GetWindowRect(RECT* rect) const;
+    // A rectangle on the screen, seen from the window's inside.
     void ScreenToClient(RECT* rect) const;
+    // Place and size within the parent; of a window without one on the screen.
     void MoveWindow(const RECT* rect, BOOL repaint = TRUE);
     // The font's object belongs to the window and is valid until the window's font is set.
     CFont* GetFont() const;
@@ -92,20 +105,27 @@ public:
     // ---- Controls of a dialog, by number. ----
     // As FromHandle; null for an unknown number.
     CWnd* GetDlgItem(int id) const;
+    // The control's text. An unknown number is passed over, and gives an empty text and 0; else its length.
     void SetDlgItemText(int id, const wchar_t* text);
     int GetDlgItemText(int id, CString& text) const;
+    // BST_CHECKED or BST_UNCHECKED of a check box or radio button; 0 for an unknown number.
     void CheckDlgButton(int id, UINT check);
     UINT IsDlgButtonChecked(int id) const;
     // Moves data between the members and the controls: TRUE reads the controls, FALSE shows the members. FALSE when an
     // entry was refused; the user has then been told, and the entry has the focus.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
-    // A box over this window. A null caption gives the title of the window that this one lies in.
+    // Shows a box over this window, and gives the button (see the function of this name). A null caption gives the
+    // title of the window that this one lies in.
     int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT type = MB_OK);
 
     // ---- For derived classes. ----
+    // Exchanges each member with its control (DataExchange.h); by itself none.
     virtual void DoDataExchange(CDataExchange* exchange);
+    // Takes every message that reaches this object: first the message maps, then DefWindowProc.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    // Does with a message what the kind of window does with it.
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    // A command, or a notification of a control: calls the map's handler. False when there is none.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
     // After attaching to a window that others made.
@@ -123,6 +143,7 @@ public:
     afx_msg void OnClose();
 
 protected:
+    // The map of this class, and of the object's own one; DECLARE_MESSAGE_MAP declares them.
     static const AFX_MSGMAP* GetThisMessageMap();
     virtual const AFX_MSGMAP* GetMessageMap() const;
 
@@ -136,10 +157,11 @@ protected:
 // (member to control).
 class ORVO_API CDataExchange {
 public:
+    // For one run over the controls of a dialog.
     CDataExchange(CWnd* dialog, BOOL saveAndValidate) : m_bSaveAndValidate(saveAndValidate), m_pDlgWnd(dialog) {}
 
-    const BOOL m_bSaveAndValidate;
-    CWnd* const m_pDlgWnd;
+    const BOOL m_bSaveAndValidate;  // true: controls are read and checked; false: members are shown
+    CWnd* const m_pDlgWnd;          // the dialog
 
     // The control of this number; a number that the dialog lacks ends the run. The edit that was prepared last gets the
     // focus when the run fails.
@@ -158,11 +180,13 @@ private:
     bool m_isEditLast = false;
 };
 
+// As CWnd::SendMessage, to a window by its handle; 0 for one that is gone.
 ORVO_API LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // A font of a window. Only handed on from one window to another.
 class ORVO_API CFont {
 public:
+    // The toolkit's usual one.
     CFont();
     ~CFont();
     CFont(const CFont&) = delete;

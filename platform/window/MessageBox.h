@@ -4,17 +4,21 @@
 #include "platform/base/Api.h"
 #include "platform/base/FrameworkTypes.h"
 
+// Which buttons the box has.
 inline constexpr UINT MB_OK = 0x00;
 inline constexpr UINT MB_OKCANCEL = 0x01;
 inline constexpr UINT MB_YESNOCANCEL = 0x03;
 inline constexpr UINT MB_YESNO = 0x04;
+// Which picture stands beside the text; none without.
 inline constexpr UINT MB_ICONSTOP = 0x10;
 inline constexpr UINT MB_ICONQUESTION = 0x20;
 inline constexpr UINT MB_ICONEXCLAMATION = 0x30;
 inline constexpr UINT MB_ICONINFORMATION = 0x40;
+// Which button Enter presses: the second or the third, else the first.
 inline constexpr UINT MB_DEFBUTTON2 = 0x100;
 inline constexpr UINT MB_DEFBUTTON3 = 0x200;
 
+// The buttons, as dialogs number them too.
 inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;

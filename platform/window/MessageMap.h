@@ -16,27 +16,30 @@ class CWnd;
 
 // One row. A command or notification is told by its code and the sender's id.
 struct AFX_MSGMAP_ENTRY {
-    UINT nMessage;
-    UINT nCode;
-    UINT nID;
+    UINT nMessage;  // its number
+    UINT nCode;     // of the notification; 0 for others
+    UINT nID;       // of the sender; 0 for others
+    // Calls the handler; null ends the rows.
     LRESULT (*pfnCall)(CWnd* target, WPARAM wParam, LPARAM lParam);
 };
 
 // Rows, ended by one without a function, and how to get at the base's map (null: there is none).
 struct AFX_MSGMAP {
-    const AFX_MSGMAP* (*pfnGetBaseMap)();
-    const AFX_MSGMAP_ENTRY* lpEntries;
+    const AFX_MSGMAP* (*pfnGetBaseMap)();  // gives the base's map
+    const AFX_MSGMAP_ENTRY* lpEntries;     // the rows
 };
 
 // The shapes of handlers: each calls one member function of T, a class of windows, with what the message carries.
 namespace MessageCall {
 
+// void handler().
 template <class T, auto handler>
 LRESULT Plain(CWnd* target, WPARAM, LPARAM) {
     (static_cast<T*>(target)->*handler)();
     return 0;
 }
 
+// void handler(UINT key or character, UINT repeatCount, UINT flags).
 template <class T, auto handler>
 LRESULT Key(CWnd* target, WPARAM wParam, LPARAM lParam) {
     const auto bits = static_cast<std::uintptr_t>(lParam);
@@ -44,12 +47,14 @@ LRESULT Key(CWnd* target, WPARAM wParam, LPARAM lParam) {
     return 0;
 }
 
+// void handler(CWnd* other), null for none.
 template <class T, auto handler>
 LRESULT Focus(CWnd* target, WPARAM wParam, LPARAM) {
     (static_cast<T*>(target)->*handler)(T::FromHandle(reinterpret_cast<HWND>(wParam)));
     return 0;
 }
 
+// BOOL handler(CWnd* window, UINT hitTest, UINT message).
 template <class T, auto handler>
 LRESULT Cursor(CWnd* target, WPARAM wParam, LPARAM lParam) {
     const auto bits = static_cast<std::uintptr_t>(lParam);
@@ -57,6 +62,7 @@ LRESULT Cursor(CWnd* target, WPARAM wParam, LPARAM lParam) {
     return (static_cast<T*>(target)->*handler)(window, LOWORD(bits), HIWORD(bits));
 }
 
+// void handler(NMHDR* notification, LRESULT* result).
 template <class T, auto handler>
 LRESULT Notify(CWnd* target, WPARAM, LPARAM lParam) {
     LRESULT result = 0;
@@ -64,6 +70,7 @@ LRESULT Notify(CWnd* target, WPARAM, LPARAM lParam) {
     return result;
 }
 
+// LRESULT handler(WPARAM, LPARAM).
 template <class T, auto handler>
 LRESULT Raw(CWnd* target, WPARAM wParam, LPARAM lParam) {
     return (static_cast<T*>(target)->*handler)(wParam, lParam);
@@ -71,14 +78,17 @@ LRESULT Raw(CWnd* target, WPARAM wParam, LPARAM lParam) {
 
 }  // namespace MessageCall
 
+// Before a member function that answers a message: for readers, and nothing to the compiler.
 #define afx_msg
 
 // clang-format off
+// In a class of windows: it has a map. What follows is protected.
 #define DECLARE_MESSAGE_MAP()                     \
 protected:                                        \
     static const AFX_MSGMAP* GetThisMessageMap(); \
     const AFX_MSGMAP* GetMessageMap() const override;
 
+// In the class's source: its map begins, which goes on to its base's.
 #define BEGIN_MESSAGE_MAP(theClass, baseClass)           \
     const AFX_MSGMAP* theClass::GetMessageMap() const {  \
         return GetThisMessageMap();                      \
@@ -88,6 +98,7 @@ protected:                                        \
         using TheBaseClass [[maybe_unused]] = baseClass; \
         static constexpr AFX_MSGMAP_ENTRY s_messageEntries[] = {
 
+// Ends the map.
 #define END_MESSAGE_MAP()                                                                                \
         {0, 0, 0, nullptr}};                                                                             \
         static constexpr AFX_MSGMAP s_messageMap = {&TheBaseClass::GetThisMessageMap, s_messageEntries}; \
@@ -104,9 +115,9 @@ protected:                                        \
 #define ON_CBN_SELCHANGE(id, handler) ON_CONTROL(CBN_SELCHANGE, id, handler)
 #define ON_LBN_SELCHANGE(id, handler) ON_CONTROL(LBN_SELCHANGE, id, handler)
 #define ON_LBN_DBLCLK(id, handler) ON_CONTROL(LBN_DBLCLK, id, handler)
-// void handler(NMHDR* notification, LRESULT* result).
+// A notification that carries an NMHDR: void handler(NMHDR* notification, LRESULT* result).
 #define ON_NOTIFY(code, id, handler) {WM_NOTIFY, code, id, &MessageCall::Notify<ThisClass, handler>},
-// LRESULT handler(WPARAM, LPARAM).
+// Any message: LRESULT handler(WPARAM, LPARAM).
 #define ON_MESSAGE(message, handler) {message, 0, 0, &MessageCall::Raw<ThisClass, handler>},
 
 // void OnChar(UINT character, UINT repeatCount, UINT flags), and so on: the base versions stand in CWnd.

@@ -10,7 +10,7 @@
 
 // What is shown, as far as every modal window has it.
 struct ModalWindow {
-    CString caption;
+    CString caption;         // of the window; empty for menus
     CString text;            // of a message box; empty for dialogs
     HWND owner = nullptr;    // the window over which it is shown
     void* widget = nullptr;  // the QWidget, for tests that press keys in it
@@ -27,12 +27,15 @@ struct ModalWindow {
 // reported, and the window is closed with its most careful answer, so that no test hangs.
 class ORVO_API ModalDriver {
 public:
+    // Answers a window: a command, 0 or kCareful.
     using Answer = std::function<int(const ModalWindow&)>;
     // Is told of a mistake of a driver's.
     using MistakeHandler = void (*)(const char* text) noexcept;
 
+    // The most careful answer that the window knows.
     static constexpr int kCareful = -1;
 
+    // Answers from here on, until it goes.
     explicit ModalDriver(Answer answer);
     ~ModalDriver();
     ModalDriver(const ModalDriver&) = delete;

@@ -9,9 +9,11 @@ class CWnd;
 // control's explanation; F1 does so for the control with the focus everywhere.
 class ORVO_API QcUiCaptionButton {
 public:
+    // With the button.
     QcUiCaptionButton() = default;
     virtual ~QcUiCaptionButton();
 
+    // Whether there is to be one; to be told before the dialog has its window.
     void ShowCaptionButton(bool show) { m_hasCaptionButton = show; }
     bool HasCaptionButton() const { return m_hasCaptionButton; }
 

@@ -5,12 +5,14 @@
 #include "platform/window/CDialog.h"
 #include "platform/window/QcUiCaptionButton.h"
 
+// Shown as any dialog is.
 class ORVO_API QcUiDialog : public CDialog, public QcUiCaptionButton {
 public:
     // The template is looked up in the resources of `resources`; null: of the module that is current when it is run.
     explicit QcUiDialog(UINT templateId, CWnd* parent = nullptr, HINSTANCE resources = nullptr);
     ~QcUiDialog() override;
 
+    // As CDialog's, with its own resources, if there are any, current meanwhile.
     INT_PTR DoModal() override;
     BOOL OnInitDialog() override;
 

@@ -35,6 +35,7 @@ public:
     // proportion to the grid's font, plus the edges of an edit, so that a text that fits can be edited, too; 0 and
     // below is the grid's own.
     int AppendColumn(const wchar_t* title, int width = 0);
+    // How many columns there are.
     int GetColumnCount() const;
     // Empty for a column that there is not.
     CString GetColumnTitle(int column) const;
@@ -44,6 +45,7 @@ public:
     void FitLastColumn();
     // Sets bits, or takes them away; others stay.
     void SetOption(DWORD bits, bool on = true);
+    // All bits; whether one of those of QCGRID_READONLY_MASK is set.
     DWORD GetOption() const;
     bool IsReadOnly() const;
 
@@ -64,6 +66,7 @@ public:
     void DeleteRow(QcUiGridRow* row);
 
     // ---- Current row and selection. ----
+    // The current row, which stays the grid's; null when there is none.
     QcUiGridTreeRow* GetCurRow() const;
     // The same; null in single-level mode.
     QcUiGridTreeRow* GetCurTreeRow() const;
@@ -72,19 +75,23 @@ public:
     // Makes the row current and the only one that is selected, in the column that was current. Opens the rows above it.
     // Null: no row is current or selected.
     void SetCurRow(QcUiGridRow* row);
+    // The same in a column; nothing for one that there is not.
     void SetCurCell(QcUiGridRow* row, int column);
     // The active cell; null when there is none.
     QcUiGridCell* GetActiveCell() const;
+    // How many rows are selected, and whether this one is.
     int GetSelRowCount() const;
     bool IsRowSelected(const QcUiGridRow* row) const;
     // Leaves the other rows selected where several may be. The current row stays.
     void SelectRow(QcUiGridRow* row, bool select = true);
+    // No row is selected afterwards.
     void ClearSelection();
 
     // ---- Editing. ----
     // Opens an editor in a cell, which becomes the active one. False when there is no such cell, in read-only modes,
     // without a window, and when the cell makes no editor.
     bool EditCell(QcUiGridRow* row, int column);
+    // Whether an editor is open.
     bool IsEditing() const;
     // The editor that is open; null when there is none.
     QcUiGridCellCtrl* GetEditCtrl() const;
@@ -92,14 +99,16 @@ public:
     // editor in any case. The editor's window goes at once or, like the editor itself, when its handlers have returned.
     // Does nothing without an edit.
     void EndEditCell();
+    // Closes the editor; the cell keeps its text.
     void CancelEditCell();
     // How far below the top of its client area an editor begins with its text, beyond where it stands by itself. A
     // derived grid that shows its texts lower supplies its own; by itself 0.
     virtual int GetEditOffset() const;
-    // Shows or hides the frame of the active cell.
+    // Shows or hides the frame of the active cell, which the focus does otherwise.
     void ShowActive(bool show);
     bool IsActiveShown() const;
 
+    // Draws all that is to be seen anew.
     void Redraw();
     // Whether a window is the grid or lies in it.
     bool OwnsWindow(CWnd* window) const;

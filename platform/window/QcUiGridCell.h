@@ -12,17 +12,21 @@ class QcUiGridRow;
 // Bits of a cell's style.
 inline constexpr DWORD QCGRID_CELL_CENTER = 0x20;  // the text stands in the middle
 
+// Belongs to its row, and is valid as long as that is.
 class ORVO_API QcUiGridCell {
 public:
     // The cells of a grid are made and owned by their row. Without a keeper a cell is in no grid.
     QcUiGridCell(QcUiGridRow* row, int column, GridKeeper* keeper = nullptr)
         : m_row(row), m_column(column), m_keeper(keeper) {}
 
+    // As it is shown, on one line.
     const CString& GetText() const { return m_text; }
     // Shown at once when the row is in a grid.
     void SetText(const wchar_t* text);
+    // Bits of QCGRID_CELL_...; 0 at first.
     DWORD GetStyle() const { return m_style; }
     void SetStyle(DWORD style);
+    // Where it stands: never null, and from 0.
     QcUiGridRow* GetRow() const { return m_row; }
     int GetColumn() const { return m_column; }
     // The grid that the row is in; null while it is in none.

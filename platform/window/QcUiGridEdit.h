@@ -7,6 +7,7 @@
 // Left and right move within the text. Losing the focus ends the edit.
 class ORVO_API QcUiGridEdit : public CEdit, public QcUiGridCellCtrl {
 public:
+    // For a cell, which has to outlive it; its window is made later.
     explicit QcUiGridEdit(QcUiGridCell* cell);
 
     using CEdit::Create;

@@ -19,6 +19,6 @@ inline constexpr DWORD QCGRID_TREE = 0x4000;         // rows are indented, and o
 inline constexpr DWORD QCGRID_SINGLE_LEVEL = 0x10000;
 
 // ---- Menu commands. ----
-inline constexpr int QCGRID_CMD_INSERT_ROW = 1;
-inline constexpr int QCGRID_CMD_DELETE_ROWS = 2;
-inline constexpr int QCGRID_CMD_INSERT_PARENT = 13;
+inline constexpr int QCGRID_CMD_INSERT_ROW = 1;      // QcUiGrid::OnMenuCommand says what each does
+inline constexpr int QCGRID_CMD_DELETE_ROWS = 2;     // the selected ones
+inline constexpr int QCGRID_CMD_INSERT_PARENT = 13;  // with one row under it

@@ -22,14 +22,17 @@ public:
 
     // Null for a column that the grid does not have.
     QcUiGridCell* GetCell(int column);
+    // A copy of the cell's text.
     CString GetItemText(int column) const;
     // Shown at once.
     void SetItemText(int column, const wchar_t* text);
+    // The grid that it is a row of.
     QcUiGrid* GetGrid() const;
     // The row as a row of the tree, which every row of a grid is.
     virtual QcUiGridTreeRow* GetTreeRow() = 0;
 
 protected:
+    // A row of the grid that the keeper speaks for, and that keeper.
     explicit QcUiGridRow(GridKeeper* keeper) : m_keeper(keeper) {}
     GridKeeper& Keeper() const { return *m_keeper; }
 

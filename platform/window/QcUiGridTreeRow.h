@@ -11,17 +11,20 @@ public:
 
     // Adds an empty row as the last child. Never null.
     QcUiGridTreeRow* AppendChild();
+    // Without the children's own.
     int GetChildNum() const { return static_cast<int>(m_children.size()); }
-    // Null when out of range.
+    // A child by its index from 0; null when out of range.
     QcUiGridTreeRow* GetChild(int index) const;
-    // Null at the top level.
+    // The row that it stands under; null at the top level.
     QcUiGridTreeRow* GetParent() const;
     // From 0, among the rows of the same parent.
     int GetIndexInParent() const { return m_index; }
+    // Whether there are rows under it, and whether it stands under one.
     bool IsParentRow() const { return !m_children.empty(); }
     bool IsChildRow() const { return GetParent() != nullptr; }
     // Shows or hides the children. Kept for a row that has none yet.
     void Expand(bool expand = true);
+    // Whether children are shown, if there are any; true at first.
     bool IsExpanded() const { return m_isExpanded; }
     QcUiGridTreeRow* GetTreeRow() override { return this; }
 

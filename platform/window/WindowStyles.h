@@ -1,10 +1,13 @@
 // The bits that say what a window, a dialog and the items of a dialog look like and how they behave: the framework's
-// names and values. Dialog templates and calls that create windows are written with them.
+// names and values. Dialog templates and calls that create windows are written with them. What has an effect here is
+// told; the other bits can be written, stay with their window (CWnd::GetStyle) and change nothing.
 #pragma once
 
 #include "platform/base/FrameworkTypes.h"
 
-// Every window. The last two share their bits with WS_GROUP and WS_TABSTOP, which count for the items of a dialog.
+// Every window: WS_VISIBLE and WS_DISABLED are its state at first, WS_BORDER draws a frame (edits, grids), WS_GROUP
+// begins a group of radio buttons, WS_TABSTOP lets Tab stop at an item. The last two share their bits with WS_GROUP and
+// WS_TABSTOP, which count for the items of a dialog.
 inline constexpr DWORD WS_OVERLAPPED = 0x00000000;
 inline constexpr DWORD WS_POPUP = 0x80000000;
 inline constexpr DWORD WS_CHILD = 0x40000000;
@@ -26,7 +29,7 @@ inline constexpr DWORD WS_TABSTOP = 0x00010000;
 inline constexpr DWORD WS_MINIMIZEBOX = 0x00020000;
 inline constexpr DWORD WS_MAXIMIZEBOX = 0x00010000;
 
-// Extended styles of every window.
+// Extended styles of every window. None has an effect here.
 inline constexpr DWORD WS_EX_DLGMODALFRAME = 0x00000001;
 inline constexpr DWORD WS_EX_NOPARENTNOTIFY = 0x00000004;
 inline constexpr DWORD WS_EX_TOPMOST = 0x00000008;
@@ -40,7 +43,7 @@ inline constexpr DWORD WS_EX_CONTROLPARENT = 0x00010000;
 inline constexpr DWORD WS_EX_STATICEDGE = 0x00020000;
 inline constexpr DWORD WS_EX_APPWINDOW = 0x00040000;
 
-// Dialogs.
+// Dialogs. None has an effect here.
 inline constexpr DWORD DS_ABSALIGN = 0x0001;
 inline constexpr DWORD DS_SYSMODAL = 0x0002;
 inline constexpr DWORD DS_3DLOOK = 0x0004;
@@ -58,6 +61,7 @@ inline constexpr DWORD DS_CONTEXTHELP = 0x2000;
 inline constexpr DWORD DS_SHELLFONT = 0x0048;
 
 // Buttons, of which check boxes, radio buttons and group boxes are kinds: BS_TYPEMASK tells the kind.
+// Those kinds are served here, BS_DEFPUSHBUTTON too; every other one is a push button, and no other bit has an effect.
 inline constexpr DWORD BS_PUSHBUTTON = 0x0000;
 inline constexpr DWORD BS_DEFPUSHBUTTON = 0x0001;
 inline constexpr DWORD BS_CHECKBOX = 0x0002;
@@ -85,7 +89,7 @@ inline constexpr DWORD BS_MULTILINE = 0x2000;
 inline constexpr DWORD BS_NOTIFY = 0x4000;
 inline constexpr DWORD BS_FLAT = 0x8000;
 
-// Edits.
+// Edits. ES_CENTER, ES_RIGHT, ES_READONLY and ES_PASSWORD have an effect here.
 inline constexpr DWORD ES_LEFT = 0x0000;
 inline constexpr DWORD ES_CENTER = 0x0001;
 inline constexpr DWORD ES_RIGHT = 0x0002;
@@ -102,6 +106,8 @@ inline constexpr DWORD ES_WANTRETURN = 0x1000;
 inline constexpr DWORD ES_NUMBER = 0x2000;
 
 // Labels and other items that only show: SS_TYPEMASK tells the kind.
+// Served here are SS_LEFT, SS_CENTER, SS_RIGHT, the frames SS_BLACKFRAME, SS_GRAYFRAME and SS_ETCHEDFRAME and the line
+// SS_ETCHEDHORZ; every other kind is SS_LEFT. SS_CENTERIMAGE puts the text half way down; no other bit has an effect.
 inline constexpr DWORD SS_LEFT = 0x0000;
 inline constexpr DWORD SS_CENTER = 0x0001;
 inline constexpr DWORD SS_RIGHT = 0x0002;
@@ -127,7 +133,8 @@ inline constexpr DWORD SS_CENTERIMAGE = 0x0200;
 inline constexpr DWORD SS_RIGHTJUST = 0x0400;
 inline constexpr DWORD SS_SUNKEN = 0x1000;
 
-// List boxes.
+// List boxes. LBS_SORT sorts the entries by character, LBS_NOTIFY tells the parent of what the user does; LBS_STANDARD
+// has both in it. No other bit has an effect here.
 inline constexpr DWORD LBS_NOTIFY = 0x0001;
 inline constexpr DWORD LBS_SORT = 0x0002;
 inline constexpr DWORD LBS_NOREDRAW = 0x0004;
@@ -145,7 +152,8 @@ inline constexpr DWORD LBS_NODATA = 0x2000;
 inline constexpr DWORD LBS_NOSEL = 0x4000;
 inline constexpr DWORD LBS_STANDARD = 0x00A00003;
 
-// Combo boxes.
+// Combo boxes. CBS_DROPDOWNLIST is a list alone, any other kind has a text to type in, too. No other bit has an effect
+// here.
 inline constexpr DWORD CBS_SIMPLE = 0x0001;
 inline constexpr DWORD CBS_DROPDOWN = 0x0002;
 inline constexpr DWORD CBS_DROPDOWNLIST = 0x0003;
@@ -160,7 +168,9 @@ inline constexpr DWORD CBS_DISABLENOSCROLL = 0x0800;
 inline constexpr DWORD CBS_UPPERCASE = 0x2000;
 inline constexpr DWORD CBS_LOWERCASE = 0x4000;
 
-// Spin buttons.
+// Spin buttons. UDS_WRAP goes on at the other end of the range, UDS_SETBUDDYINT writes the number into the buddy,
+// UDS_AUTOBUDDY takes the control before, UDS_ALIGNRIGHT and UDS_ALIGNLEFT lie at that end in it, UDS_ARROWKEYS takes
+// its up and down keys. No other bit has an effect here.
 inline constexpr DWORD UDS_WRAP = 0x0001;
 inline constexpr DWORD UDS_SETBUDDYINT = 0x0002;
 inline constexpr DWORD UDS_ALIGNRIGHT = 0x0004;
@@ -171,7 +181,7 @@ inline constexpr DWORD UDS_HORZ = 0x0040;
 inline constexpr DWORD UDS_NOTHOUSANDS = 0x0080;
 inline constexpr DWORD UDS_HOTTRACK = 0x0100;
 
-// Date and time pickers.
+// Date and time pickers. None has an effect here.
 inline constexpr DWORD DTS_SHORTDATEFORMAT = 0x0000;
 inline constexpr DWORD DTS_UPDOWN = 0x0001;
 inline constexpr DWORD DTS_SHOWNONE = 0x0002;
