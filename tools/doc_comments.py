@@ -5,7 +5,8 @@ The headers are written with plain comments:
 * the one above #pragma once is about the file;
 * one above a declaration is about it, and about the declarations that follow without an empty line between and without
   a comment of their own;
-* one behind a declaration is about that, with the lines below that begin in the same column.
+* one behind a declaration is about that, with the lines below that begin in the same column;
+* the file's first class has the file's, unless it has one of its own.
 
 Headings (// ---- Like this. ----) are for readers of the source only, and so is what stands in the body of a function or
 above forward declarations, friends, using-declarations and calls of macros. Nobody need say of a copy that is deleted or
@@ -25,11 +26,13 @@ ACCESS = re.compile(r"^(public|protected|private):$")
 # No words about a declaration: headings, and what tools are told.
 HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
-PASSED_OVER = re.compile(r"^((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b|using\s+[\w:<>,* ]+;$"
-                         r"|[A-Z_0-9]+\(.*\)?;?$|template (class|struct)\b|})")
+PASSED_OVER = re.compile(r"^(template <[^>]*> )?((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b"
+                         r"|using\s+[\w:<>,* ]+(=|\[\]|<<)?;$|[A-Z_0-9]+\(.*\)?;?$|(extern )?template (class|struct)\b|})")
+CLASS = re.compile(r"^(template <.*> )?(class|struct)\b")
 DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
 HANDLER = re.compile(r"^afx_msg\b")
 OVERRIDE = re.compile(r"\b(override|final)\b")
+WHY = re.compile(r"^Why: docs/decisions/")
 COPY = re.compile(r"\(const \w+(<\w+>)?&( \w+)?\)( const)? = (delete|default);$")
 COPIES = {"delete": "Deleted: objects of this class are not copied.", "default": "Member by member."}
 # A word with which a sentence begins: a type's name only by accident.
@@ -70,8 +73,7 @@ class Line:
 
     @property
     def is_declaration(self):
-        return self.is_define or bool(self.begins and self.bare and self.bare[0] != "#" and not ACCESS.match(self.bare)
-                                      and not PASSED_OVER.match(self.bare))
+        return self.is_define or bool(self.begins and self.bare and self.bare[0] != "#" and not ACCESS.match(self.bare))
 
 
 class Reader:
@@ -205,6 +207,7 @@ class Converter:
         self.lines = Reader(text).lines
         self.made = [line.text for line in self.lines]
         self.shared = None   # the comment that counts for what follows
+        self.banner = None   # counts for the file's first class
         self.borrowed = []   # line number, declaration, comment
 
     def convert(self):
@@ -218,6 +221,7 @@ class Converter:
         if end < len(self.lines) and self.lines[end].bare == "#pragma once":
             self.document(0, end)
             self.made[end] = "/// @file"
+            self.banner = [line.comment for line in self.lines[:end] if not WHY.match(line.comment.strip())]
             return end + 1
         return 0
 
@@ -247,24 +251,33 @@ class Converter:
         below = end
         while below < len(self.lines) and self.lines[below].is_comment:
             below += 1
-        if below >= len(self.lines) or not self.lines[below].is_declaration:
+        if below >= len(self.lines) or not self.lines[below].is_declaration or self.is_passed_over(below):
             self.shared = None
             return end
         self.document(first, end)
         self.shared = [self.lines[i].comment for i in range(first, end)]
         return self.convert_declaration(below, has_own=True)
 
-    def convert_declaration(self, i, has_own):
-        """From the first line of a declaration to the one behind its last, or behind the brace that it opens."""
-        first = i
-        while i < len(self.lines) and not self.lines[i].ends and not self.lines[i].opens:
+    def last_of(self, i):
+        """The last line of the declaration that begins here, or the one with the brace of a class."""
+        while i + 1 < len(self.lines) and not self.lines[i].ends and not self.lines[i].opens:
             i += 1
-        if i == len(self.lines):
-            return first + 1
+        return i
+
+    def is_passed_over(self, i):
+        return bool(PASSED_OVER.match(self.code_of(i, self.last_of(i))))
+
+    def convert_declaration(self, first, has_own):
+        """Gives the line behind a declaration, or behind the brace that it opens."""
+        i = self.last_of(first)
+        if self.is_passed_over(first):
+            return i + 1
         last = self.lines[i]
         has_trailing = last.ends and last.column >= 0 and bool(last.bare) and not last.is_heading
         if not has_own and not has_trailing:
             self.complete(first, i)
+        if CLASS.match(self.code_of(first, i)):
+            self.banner = None
         i += 1
         if has_trailing:
             i = self.convert_trailing(i - 1)
@@ -280,6 +293,8 @@ class Converter:
             self.made[last] += " /** @endcond */"
         elif COPY.search(line.bare):
             self.insert(first, f"/** {COPIES[COPY.search(line.bare)[4]]} */ ")
+        elif self.banner and CLASS.match(self.code_of(first, last)) and line.scope == "file":
+            self.insert(first, f"/** {one_line(self.banner)} */ ")
         elif self.shared and not OVERRIDE.search(self.code_of(first, last)):
             text = one_line(self.shared)
             if text and line.is_define:  # a directive begins its line, but its name may be followed by a comment

@@ -19,13 +19,14 @@
 // What stands in front of a buffer's first element. The last two are kept only while no container holds the buffer: how
 // many elements live in it, and a mark that says so.
 struct QcBufferHead {
-    static constexpr std::uint32_t kLoose = 0x51634275;
+    static constexpr std::uint32_t kLoose = 0x51634275;  // the mark of a buffer that no container holds
 
-    std::uint64_t m_nBytes;
-    std::uint32_t m_nBuilt;
-    std::uint32_t m_nMark;
+    std::uint64_t m_nBytes;  // of the block behind it
+    std::uint32_t m_nBuilt;  // elements
+    std::uint32_t m_nMark;   // kLoose, or 0
 };
 
+// What the containers do with raw memory. Pointers to the first element stand for the block.
 template <class T>
 class QcBuffer {
     static constexpr bool kOverAligned = alignof(T) > alignof(std::max_align_t);
@@ -36,6 +37,7 @@ public:
     // An element made from nothing has all its bytes zero.
     static constexpr bool kStartsAsZeros = std::is_arithmetic_v<T> || std::is_enum_v<T> || std::is_pointer_v<T>;
 
+    // The head in front of a buffer of this origin; never null.
     static QcBufferHead* Head(T* pData) {
         return reinterpret_cast<QcBufferHead*>(reinterpret_cast<char*>(pData) - kOffset);
     }

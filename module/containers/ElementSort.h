@@ -11,7 +11,7 @@
 template <class T>
 class ElementSort {
 public:
-    // Nothing for a type without an order.
+    // By T's own order, n elements from pData on. Nothing for a type without an order.
     static void Sort(T* pData, long n, bool bAscending) {
         if constexpr (QcElement<T>::kHasOrder) {
             if (bAscending)
@@ -21,12 +21,13 @@ public:
         }
     }
 
-    // Nothing for a null function.
+    // By cmp, which gives less than 0 when its first argument comes first. Nothing for a null function.
     static void Sort(T* pData, long n, int (*cmp)(const T&, const T&)) {
         if (cmp != nullptr)
             Stable(pData, n, [cmp](const T& a, const T& b) { return cmp(a, b) < 0; });
     }
 
+    // By less, which says whether its first argument comes first.
     template <class Less>
     static void Stable(T* pData, long n, Less less) {
         if (n < 2)

@@ -6,8 +6,13 @@
 template <class T>
 class ListSentinel : public QcDListNode<T> {
 public:
-    enum Kind { kSingle, kDouble };
+    // Which kind of nodes a list has.
+    enum Kind {
+        kSingle,  // QcListNode
+        kDouble,  // QcDListNode
+    };
 
+    // Closes no ring yet.
     explicit ListSentinel(Kind kind) : m_kind(kind) {}
 
     // The node before the cursor's, when it is known; null when not.

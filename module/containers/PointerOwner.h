@@ -46,6 +46,7 @@ public:
         if (!bKeep && (n < 1 || n == this->GetLength()))
             ReleaseFrom(0);
     }
+    // Deletes all objects and removes their slots.
     void Reset() override {
         ReleaseFrom(0);
         TBase::Reset();
@@ -60,6 +61,7 @@ public:
                 delete pOld;
         }
     }
+    // Removes the current slot and deletes its object; nothing when the cursor is out.
     void DelCur() override {
         T* const pOld = GetCurPData();
         TBase::DelCur();
@@ -73,6 +75,7 @@ public:
 
     // ---- The objects. ----
 
+    // The object of slot i, or of the current slot; it stays the container's. Null when there is none.
     T* GetPData(long i) const {
         T* const* const p = this->GetAt(i);
         return p == nullptr ? nullptr : *p;
@@ -82,6 +85,7 @@ public:
     long GetDataNum() const;
     // True also when there is no such slot.
     bool IsCurEmpty() { return GetCurPData() == nullptr; }
+    // Whether slot i is null or not there.
     bool IsEmptyData(long i) const { return GetPData(i) == nullptr; }
 
     // Adds an object at the end. False, with the object left to the caller, when there is no memory.
@@ -96,6 +100,7 @@ public:
         this->MoveTo(i);
         ReleaseCur();
     }
+    // All objects; the slots stay, null.
     void ReleaseAll();
     // Take an object out with its slot; it is the caller's then. Null when there is none.
     T* TakeOffCur();
@@ -116,9 +121,11 @@ public:
 
     // ---- As the forms without Data, comparing objects. Those that take an object by pointer find none for null. ----
 
+    // The index of the first equal object between two indexes (both included), or -1; with a queue how many there were.
     long FindData(const T& x, long from = 0, long to = -1) const;
     long FindData(const T& x, QcQuene<long>& hits, long from = 0, long to = -1) const;
     long FindData(const T* p, long from = 0, long to = -1) const { return p == nullptr ? -1 : FindData(*p, from, to); }
+    // Walks from start and stops on the first equal object; out, and false, when there is none.
     bool FindDataTo(const T& x, long start = 0);
     bool FindDataTo(const T* p, long start = 0);
     // Removes and deletes all equal objects; x itself may be one of them.
@@ -128,6 +135,8 @@ public:
     long FindDataOrAppend(T* p);
     // Whether p was added, and with that given away.
     bool FindDataOrInsertHead(T* p);
+    // Bisection in slots sorted upwards: whether there is an equal object. BFindDataTo goes to it, or else to where x
+    // has to be inserted.
     bool BFindData(const T& x, long from = 0, long to = -1) const {
         long nPos = 0;
         return BSearchData(x, from, to, nPos);
@@ -142,12 +151,14 @@ public:
 
     // ---- Whole containers. Sources may be containers that own nothing; the objects are copied from there too. ----
 
+    // Appends an object, which is owned then, or copies of all objects of a container.
     PointerOwner& operator<<(T* p) {
         this->Append(p);
         return *this;
     }
     PointerOwner& operator<<(const Base& other);
     PointerOwner& operator<<(const QcArray<T*>& other);
+    // The old objects go; copies of the other one's come.
     void DeepCopy(const Base& other);
     void DeepCopy(const QcArray<T*>& other);
     PointerOwner& operator=(const Base& other) {
@@ -177,7 +188,9 @@ public:
 
 protected:
     using TBase::TBase;
+    // Empty.
     PointerOwner() = default;
+    // Copies the objects.
     PointerOwner(const PointerOwner& other) : TBase(), QcOwnerMark() { DeepCopy(other); }
     explicit PointerOwner(const Base& other) { DeepCopy(other); }
     PointerOwner& operator=(const PointerOwner& other) {
@@ -187,6 +200,7 @@ protected:
 
     // Deletes the objects in the slots from index i on and leaves the slots null.
     void ReleaseFrom(long i);
+    // As BSearch, by the objects.
     bool BSearchData(const T& x, long from, long to, long& rnPos) const;
 
 private:

@@ -6,6 +6,7 @@
 template <class T>
 class Qc2dArray : public QcArray<QcArray<T>> {
 public:
+    // No rows.
     Qc2dArray() = default;
     // Default elements; a number below 1 means no row, or rows without elements.
     Qc2dArray(long nRows, long nCols) { ReAllocate(nRows, nCols, false); }
@@ -22,13 +23,14 @@ public:
             this->GetDataBuffer()[i].ReAllocate(nCols, bKeep);
     }
 
+    // How many rows there are, and how long the first one is.
     long GetRowNum() const { return this->GetLength(); }
     long GetColNum() const { return this->IsEmpty() ? 0 : this->GetDataBuffer()[0].GetLength(); }
 
-    // By row (a whole one), or by row and column; null, false or a default element that is nobody's for none.
     using QcArray<QcArray<T>>::GetAt;
     using QcArray<QcArray<T>>::SetAt;
     using QcArray<QcArray<T>>::SetAll;
+    // By row and column; null, and false, for none. (By row alone: a whole row.)
     T* GetAt(long nRow, long nCol) const {
         const QcArray<T>* const pRow = GetAt(nRow);
         return pRow == nullptr ? nullptr : pRow->GetAt(nCol);

@@ -14,12 +14,17 @@
 template <class T>
 class QcArray {
 public:
+    // Empty, without a buffer.
     QcArray() = default;
     // n default elements; none for n below 1.
     explicit QcArray(long n) { ReAllocate(n, false); }
+    // Copies the elements; empty where there is no memory.
     QcArray(const QcArray& other) { *this = other; }
+    // Takes the other one's buffer, which is empty afterwards.
     QcArray(QcArray&& other) noexcept { TakeFrom(other); }
+    // Copies the elements; nothing changes where there is no memory.
     QcArray& operator=(const QcArray& other);
+    // Takes the other one's buffer, which is empty afterwards.
     QcArray& operator=(QcArray&& other) noexcept {
         if (this != &other) {
             Reset();
@@ -31,6 +36,7 @@ public:
 
     // Makes the length n, when it is another one: n default elements, of which the first are the old ones if bKeep.
     void ReAllocate(long n, bool bKeep);
+    // Frees all elements.
     void Reset() {
         std::destroy_n(m_pData, m_nLength);
         QcBuffer<T>::Free(m_pData);
@@ -38,6 +44,7 @@ public:
         m_nLength = 0;
     }
 
+    // How many elements there are; the last one's index, -1 in an empty array; whether an index names an element.
     long GetLength() const { return m_nLength; }
     long GetMaxIndex() const { return GetLength() - 1; }
     bool IsEmpty() const { return m_nLength == 0; }
@@ -56,6 +63,7 @@ public:
     // The i-th element; a default element that is nobody's when there is none.
     T& operator[](long i) { return IsValidIndex(i) ? m_pData[i] : QcElement<T>::Spare(); }
     const T& operator[](long i) const { return IsValidIndex(i) ? m_pData[i] : QcElement<T>::Spare(); }
+    // Every element becomes x.
     void SetAll(const T& x) {
         const QcElementCopy<T> copy(x);
         std::fill_n(m_pData, m_nLength, copy.m_data);
@@ -67,25 +75,29 @@ public:
     void InsertHead(const T& x) { Insert(0, x); }
     // Nothing when i names no element.
     void Del(long i);
+    // The first, and the last element; nothing in an empty array.
     void DelHead() { Del(0); }
     void DelTail() { Del(GetMaxIndex()); }
 
-    // An end index that names no element means the last one. Find gives an index or -1, and with a queue how many
-    // indexes it added; BFind looks by bisection in elements that are sorted upwards; FindDel gives how many it
-    // removed.
+    // An end index that names no element means the last one; both are included. Find gives an index or -1, and with a
+    // queue how many indexes it added; BFind looks by bisection in elements that are sorted upwards; FindDel gives how
+    // many it removed.
     long Find(const T& x, long from = 0, long to = -1) const;
     long Find(const T& x, QcQuene<long>& hits, long from = 0, long to = -1) const;
     bool BFind(const T& x, long from = 0, long to = -1) const;
     long FindDel(const T& x);
+    // The index of the first element equal to x, which is put in when there is none: at the end, or at the head.
     long FindOrAppend(const T& x);
     void FindOrInsertHead(const T& x);
 
+    // Turns a run round; both ends are included.
     void Reverse(long from, long to);
     // Stable. By T's own order (nothing without one), or by cmp, which gives less than 0 when its first argument comes
     // first (nothing for null).
     void Sort(bool bAscending) { ElementSort<T>::Sort(m_pData, m_nLength, bAscending); }
     void Sort(int (*cmp)(const T&, const T&)) { ElementSort<T>::Sort(m_pData, m_nLength, cmp); }
 
+    // As many elements, and equal ones, by T's own ==.
     bool operator==(const QcArray& other) const {
         return m_nLength == other.m_nLength &&
                std::equal(m_pData, m_pData + m_nLength, other.m_pData, &QcElement<T>::Equal);

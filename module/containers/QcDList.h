@@ -10,10 +10,12 @@ class QcDList : public QcList<T> {
     using List = QcList<T>;
 
 public:
+    // What it is made of.
     using Node = QcDListNode<T>;
 
     // n default elements, none for n below 1.
     explicit QcDList(long n = 0) : List(ListSentinel<T>::kDouble) { List::ReAllocate(n); }
+    // Copies the elements, also of another kind of container.
     QcDList(const QcDList& other) : List(ListSentinel<T>::kDouble) { Base::DeepCopy(other); }
     explicit QcDList(const Base& other) : List(ListSentinel<T>::kDouble) { Base::DeepCopy(other); }
     QcDList& operator=(const QcDList& other) {

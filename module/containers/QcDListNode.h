@@ -7,6 +7,7 @@ template <class T>
 class QcDListNode : public QcListNode<T> {
 public:
     QcDListNode() = default;
+    // A copy of x, linked to nothing.
     explicit QcDListNode(const T& x) : QcListNode<T>(x) {}
     // As for the base: the element only, never the links.
     QcDListNode(const QcDListNode& other) : QcListNode<T>(other) {}
@@ -16,5 +17,5 @@ public:
     }
     ~QcDListNode() = default;
 
-    QcDListNode* m_pPre = nullptr;
+    QcDListNode* m_pPre = nullptr;  // the node before; null for none
 };

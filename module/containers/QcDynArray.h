@@ -17,16 +17,18 @@ class QcDynArray : public QcDynArrayBase<T> {
     using Base = QcDynArrayBase<T>;
 
 public:
-    // Room for nCapacity elements (no buffer below 1); count 0.
+    // Room for nCapacity elements (no buffer below 1), which grows by steps of nAllocUnit; count 0.
     explicit QcDynArray(long nCapacity = 0, long nAllocUnit = 10) {
         SetAllocUnit(nAllocUnit);
         if (nCapacity > 0)
             SetSpaceSize(nCapacity);
     }
+    // Copies the elements and the allocation unit.
     QcDynArray(const QcDynArray& other) : Base() {
         m_nAllocUnit = other.m_nAllocUnit;
         Base::DeepCopy(other);
     }
+    // Copies the elements of any container.
     explicit QcDynArray(const Base& other) { Base::DeepCopy(other); }
     // The elements; the allocation unit stays.
     QcDynArray& operator=(const QcDynArray& other) {
@@ -101,8 +103,9 @@ public:
 
     // Makes the capacity n. False, with nothing changed, when n is below the count or there is no memory.
     bool SetSpaceSize(long n);
+    // The capacity, in elements.
     long GetSpaceSize() const { return m_nCapacity; }
-    // The growth step; below 0 it counts as 0.
+    // The growth step, in elements; below 0 it counts as 0.
     void SetAllocUnit(long n) {
         m_nAllocUnit = static_cast<int>(n < 0 ? 0 : n > Base::kMaxCount ? Base::kMaxCount : n);
     }
@@ -120,6 +123,7 @@ public:
 protected:
     // Count n without a virtual call. New elements are default ones.
     void Resize(long n);
+    // Puts x at index i, 0 to the count; the cursor is on it then.
     void InsertAt(long i, const T& x);
 
 private:

@@ -36,15 +36,19 @@ public:
     virtual ~QcDynArrayBase() = default;
     // Makes the count n. With bKeep the first elements stay; without, none has to. n below 1 empties.
     virtual void SetLength(long n, bool bKeep) = 0;
+    // Frees all elements; the cursor is out.
     virtual void Reset() = 0;
     // The current element; when the cursor is out, a default element that is nobody's.
     virtual T& GetCurData() = 0;
     // Replaces the current element; nothing when the cursor is out.
     virtual void SetCurData(const T& x) = 0;
+    // To the first element, a step forward (from the last one out), a step back (from the first one out), to the last
+    // element.
     virtual void MoveToFirst() = 0;
     virtual void MoveToNext() = 0;
     virtual void MoveToPre() = 0;
     virtual void MoveToLast() = 0;
+    // To the element at an index; out when i names none.
     virtual void MoveTo(long i) = 0;
     // Access that leaves the cursor alone. operator[] gives a default element that is nobody's when i names none; the
     // others give null.
@@ -61,6 +65,7 @@ public:
         MoveTo(i);
         InsertCur(x);
     }
+    // Puts x before the first element, or behind the last one.
     virtual void InsertHead(const T& x) {
         MoveToFirst();
         InsertCur(x);
@@ -84,20 +89,25 @@ public:
     // Takes over all elements of another container, so that its first one gets index pos (at the end when pos names no
     // element); the other one is empty then. The cursor stays on its element. Gives the new count.
     virtual long Conbine(QcList<T>& other, long pos) = 0;
+    // Turns the order of all elements round.
     virtual void ReverseList() = 0;
     // Turns the whole ring of elements so that the one at index from comes to stand at index to.
     virtual void Rotate(long from, long to) = 0;
 
     // ---- Cursor and size. ----
+    // How many elements there are; the last one's index, -1 in an empty container.
     long GetLength() const { return static_cast<long>(m_nCount); }
     long GetMaxIndex() const { return GetLength() - 1; }
+    // Whether there is no element; whether an index names one.
     bool IsEmpty() const { return GetLength() == 0; }
     bool IsValidIndex(long i) const { return i >= 0 && i < GetLength(); }
     // The cursor's index, -1 when it is out.
     long GetCurPos() const { return static_cast<long>(m_nCur); }
+    // Whether the cursor is on the first element, or out: IsEnd ends a walk.
     bool IsBegin() const { return GetCurPos() == 0; }
     bool IsOut() const { return static_cast<int>(m_nCur) < 0; }
     bool IsEnd() const { return IsOut(); }
+    // Moves the cursor where the name says, if anywhere, and gives the element there; as GetCurData.
     T& GetCur() { return GetCurData(); }
     T& First() {
         MoveToFirst();
@@ -111,6 +121,7 @@ public:
         MoveTo(i);
         return GetCurData();
     }
+    // The i-th element; a default element that is nobody's when there is none.
     const T& operator[](long i) const {
         const T* const p = GetAt(i);
         return p == nullptr ? QcElement<T>::Spare() : *p;
@@ -126,6 +137,7 @@ public:
     long Find(const T& x, QcQuene<long>& hits, long from = 0, long to = -1) const;
     // The index of the first element equal to x, which is appended when there is none.
     long FindOrAppend(const T& x);
+    // Puts x at the head, unless there is an equal element.
     void FindOrInsertHead(const T& x);
     // Removes every element equal to x, and gives how many there were. The cursor ends out.
     long FindDel(const T& x);
@@ -139,7 +151,9 @@ public:
 
     // ---- Editing by index. ----
 
+    // Turns a run round; both ends are included.
     void Reverse(long from, long to);
+    // Two elements take each other's place.
     void Exchange(long i, long j);
     // Del does nothing when i names no element; DelHead and DelTail do nothing in an empty container.
     void Del(long i) {
@@ -154,6 +168,7 @@ public:
         MoveToLast();
         DelCur();
     }
+    // Every element becomes x; nothing in an owning container.
     void SetAll(const T& x);
     // Count plus n default elements; count minus n, at least 0. Nothing for n below 1.
     void IncreaseSize(long n);
@@ -161,12 +176,14 @@ public:
 
     // ---- Whole containers. Copying leaves the target's cursor out, appending leaves it on the last element. ----
 
+    // Appends an element, or all of a container.
     QcDynArrayBase& operator<<(const T& x) {
         Append(x);
         return *this;
     }
     QcDynArrayBase& operator<<(const QcArray<T>& other);
     QcDynArrayBase& operator<<(const QcDynArrayBase& other);
+    // The elements become copies of the other one's.
     void DeepCopy(const QcArray<T>& other);
     void DeepCopy(const QcDynArrayBase& other);
     QcDynArrayBase& operator=(const QcDynArrayBase& other) {
@@ -182,6 +199,7 @@ public:
     void Right(long n, QcDynArrayBase& out) const { CopyRun(QcFirstOfLast<long>(n, GetLength()), n, out); }
     void Mid(long from, long n, QcDynArrayBase& out) const { CopyRun(from, n, out); }
 
+    // As many elements, and equal ones, by T's own ==.
     bool operator==(const QcDynArrayBase& other) const;
     bool operator!=(const QcDynArrayBase& other) const { return !(*this == other); }
     // Element by element; the first pair that differs decides, and a container that is the beginning of another is
@@ -190,13 +208,17 @@ public:
     bool operator>(const QcDynArrayBase& other) const { return other < *this; }
 
 protected:
+    // Empty, the cursor out.
     QcDynArrayBase() = default;
     QcDynArrayBase(const QcDynArrayBase& other) = delete;
 
+    // The most elements that a container may have.
     static constexpr long kMaxCount = std::numeric_limits<int>::max();
 
+    // Count and cursor as they are told, unchecked.
     void SetCount(long n) { m_nCount = static_cast<QcIndex>(n); }
     void SetCurPos(long i) { m_nCur = static_cast<QcIndex>(i); }
+    // To the first element; out in an empty container.
     void ResetCur() { m_nCur = static_cast<QcIndex>(static_cast<int>(m_nCount) > 0 ? 0 : -1); }
     // One step forward, from the last element to out. Counted in an int and stored once: compilers then see a plain
     // counted loop in a cursor's walk, which they do not when the index's own type does the counting.
@@ -224,7 +246,9 @@ protected:
     // null, and rnPos behind the run, when there is none.
     template <class After, class Match>
     const T* MatchInRun(const T* p, long to, After isAfter, Match isMatch, long& rnPos) const;
+    // Whether there is an equal element, by bisection, and at rnPos its index, or where x has to be inserted.
     bool BSearch(const T& x, long from, long to, long& rnPos) const;
+    // The index itself, or the last one when it names no element.
     long EndIndex(long to) const { return IsValidIndex(to) ? to : GetMaxIndex(); }
     // Leaves only the n elements from index from on.
     void KeepRun(long from, long n);

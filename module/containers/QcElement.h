@@ -10,6 +10,7 @@
 template <class T>
 class QcElement {
 public:
+    // What T can do: compare with ==, also with one that forgot its const, and order by < or >.
     static constexpr bool kHasEqual = requires(const T& a, const T& b) { static_cast<bool>(a == b); };
     static constexpr bool kHasLooseEqual = requires(T & a, T& b) { static_cast<bool>(a == b); };
     static constexpr bool kHasLess = requires(const T& a, const T& b) { static_cast<bool>(a < b); };
@@ -41,6 +42,7 @@ public:
             return false;
     }
 
+    // Exchanges two elements, by moving where T can be moved, else by copies.
     static void Swap(T& a, T& b) {
         if (std::addressof(a) == std::addressof(b))
             return;
@@ -71,10 +73,11 @@ public:
 template <class T>
 class QcElementCopy {
 public:
+    // Copies x, by T's copy constructor or by its assignment.
     explicit QcElementCopy(const T& x) requires(std::is_copy_constructible_v<T>) : m_data(x) {}
     explicit QcElementCopy(const T& x) requires(!std::is_copy_constructible_v<T>) : m_data() { m_data = x; }
     QcElementCopy(const QcElementCopy&) = delete;
     QcElementCopy& operator=(const QcElementCopy&) = delete;
 
-    T m_data;
+    T m_data;  // the copy
 };

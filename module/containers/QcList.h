@@ -24,10 +24,12 @@ class QcList : public QcDynArrayBase<T> {
     using Base = QcDynArrayBase<T>;
 
 public:
+    // What it is made of.
     using Node = QcListNode<T>;
 
     // n default elements, none for n below 1.
     explicit QcList(long n = 0) : QcList(ListSentinel<T>::kSingle) { QcList::ReAllocate(n); }
+    // Copies the elements, also of another kind of container.
     QcList(const QcList& other) : QcList(ListSentinel<T>::kSingle) { Base::DeepCopy(other); }
     explicit QcList(const Base& other) : QcList(ListSentinel<T>::kSingle) { Base::DeepCopy(other); }
     QcList& operator=(const QcList& other) {
@@ -114,6 +116,7 @@ protected:
         return nDone;
     }
 
+    // Empty, with nodes of that kind.
     explicit QcList(typename ListSentinel<T>::Kind kind)
         : m_pCur(nullptr), m_pHead(new ListSentinel<T>(kind)), m_pTail(m_pHead) {
         m_pCur = m_pHead;
@@ -121,14 +124,17 @@ protected:
         LinkPre(m_pHead, m_pHead);
     }
 
+    // The node that closes the ring, never null; whether the nodes know both neighbours.
     ListSentinel<T>* Sentinel() const { return static_cast<ListSentinel<T>*>(m_pHead); }
     bool IsDouble() const { return Sentinel()->m_kind == ListSentinel<T>::kDouble; }
+    // The cursor's node, which is the sentinel when it is out, and the sentinel.
     Node* CurNode() const { return m_pCur; }
     Node* HeadNode() const { return m_pHead; }
     // The list's node that holds the element: the element is what a node begins with.
     static Node* NodeOf(const T* p) { return reinterpret_cast<Node*>(const_cast<T*>(p)); }
+    // A node's element; null for the sentinel.
     T* Data(Node* pNode) const { return pNode == m_pHead ? nullptr : &pNode->m_data; }
-    // pBefore is the node before it where that is known.
+    // Puts the cursor on a node, whose index is i. pBefore is the node before it where that is known.
     void SetCur(Node* pNode, long i, Node* pBefore) {
         m_pCur = pNode;
         this->SetCurPos(i);

@@ -13,6 +13,7 @@ template <class T>
 class QcListNode {
 public:
     QcListNode() = default;
+    // A copy of x, by T's copy constructor or by its assignment, linked to nothing.
     explicit QcListNode(const T& x) requires(std::is_copy_constructible_v<T>) : m_data(x) {}
     explicit QcListNode(const T& x) requires(!std::is_copy_constructible_v<T>) { m_data = x; }
     // Copies and assignments take the element only; a node keeps its own place in its run.
@@ -83,8 +84,8 @@ public:
         return pRest;
     }
 
-    T m_data{};
-    QcListNode* m_pNext = nullptr;
+    T m_data{};                     // the element
+    QcListNode* m_pNext = nullptr;  // the node behind, which is not owned; null for none
 
 private:
     // Whether pNode is the last one of the run that begins here.

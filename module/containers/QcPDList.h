@@ -11,6 +11,7 @@ class QcPDList : public PointerOwner<T, QcDList<T*>> {
 public:
     // n null slots, none for n below 1.
     explicit QcPDList(long n = 0) : Owner(n) {}
+    // Copies the objects, also of a container that owns none.
     QcPDList(const QcPDList& other) : Owner(other) {}
     explicit QcPDList(const QcDynArrayBase<T*>& other) : Owner(other) {}
     QcPDList& operator=(const QcPDList& other) {

@@ -10,6 +10,7 @@ public:
     // n null slots, none for n below 1.
     explicit QcPXList(long n = 0) : QcPDList<T>(n) {}
     QcPXList(const QcPXList&) = default;
+    // Copies the objects of any container.
     explicit QcPXList(const QcDynArrayBase<T*>& other) : QcPDList<T>(other) {}
     QcPXList& operator=(const QcPXList&) = default;
     using QcPDList<T>::operator=;

@@ -7,7 +7,9 @@
 template <class T>
 class QcQuene {
 public:
+    // Empty.
     QcQuene() = default;
+    // Copies the elements, as far as there is memory.
     QcQuene(const QcQuene& other) { CopyFrom(other); }
     QcQuene& operator=(const QcQuene& other) {
         if (this != &other) {
@@ -56,9 +58,11 @@ public:
         return &pLink->m_data;
     }
 
+    // How many elements there are.
     long GetLength() const { return m_nCount; }
     bool IsEmpty() const { return m_nCount == 0; }
 
+    // Frees all elements.
     void Reset() {
         while (m_pHead != nullptr) {
             Link* const pLink = m_pHead;

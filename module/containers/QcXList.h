@@ -6,8 +6,10 @@
 template <class T>
 class QcXList : public QcList<T> {
 public:
+    // n default elements, none for n below 1.
     explicit QcXList(long n = 0) : QcList<T>(n) {}
     QcXList(const QcXList&) = default;
+    // Copies the elements of any container.
     explicit QcXList(const QcDynArrayBase<T>& other) : QcList<T>(other) {}
     QcXList& operator=(const QcXList&) = default;
     using QcList<T>::operator=;

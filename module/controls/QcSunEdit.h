@@ -88,6 +88,7 @@ protected:
     // The window's own behaviour never sees a key or a character.
     afx_msg void OnChar(UINT character, UINT repeatCount, UINT flags);
     afx_msg void OnKeyDown(UINT key, UINT repeatCount, UINT flags);
+    // A caret without a selection selects a character that can be typed over.
     afx_msg BOOL OnSetCursor(CWnd* window, UINT hitTest, UINT message);
     afx_msg void OnSetFocus(CWnd* oldWindow);
 
