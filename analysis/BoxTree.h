@@ -10,12 +10,14 @@
 
 // With its sides along the axes.
 struct Box {
-    Vector3 least;
-    Vector3 most;
+    Vector3 least;  // its lowest corner
+    Vector3 most;   // its highest corner
 };
 
+// The boxes are copied, the things are the caller's. Any number of threads may walk at once.
 class BoxTree {
 public:
+    // Over nothing.
     BoxTree() = default;
     // Over boxes that are finite; the things are known by their index.
     explicit BoxTree(const std::vector<Box>& boxes);

@@ -7,16 +7,21 @@
 #include "analysis/FlatArea.h"
 
 struct IsolineSearch {
-    const FlatArea& area;
-    double spacing = 1000.0;  // of the area's grid
+    const FlatArea& area;     // the caller's
+    double spacing = 1000.0;  // of the area's grid, millimetres
     int mostHours = 0;        // lines of 1 to so many hours
-    unsigned threads = 0;
+    unsigned threads = 0;     // at most 256; 0: one for each core
     // Minutes at a place within the area, or on its edge where it is narrower than some millimetres. Any thread.
     std::function<double(const FlatPoint&)> minutesAt = nullptr;
     std::function<bool()> goOn = nullptr;  // on the calling thread
 };
 
-enum class IsolineOutcome { Done, TooMany, Cancelled };
+// How a search ended.
+enum class IsolineOutcome {
+    Done,       // all lines are there
+    TooMany,    // they would be too many to follow
+    Cancelled,  // goOn said so
+};
 
 // Whoever draws more finely than this sees no lines any more; 16 of these to a spacing along each line.
 inline constexpr std::size_t kMostIsolineCells = 4'000'000;

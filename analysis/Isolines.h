@@ -19,9 +19,9 @@ struct Isoline {
 
 // A line in the plane of its area, millimetres. More hours are on its left, seen from the end of `outward`.
 struct FlatIsoline {
-    int hours = 0;
-    bool isClosed = false;
-    std::vector<FlatPoint> points;
+    int hours = 0;                  // whole ones, above 0
+    bool isClosed = false;          // as of Isoline
+    std::vector<FlatPoint> points;  // two at least, closed three
 };
 
 // Every point of a line is within a tenth of the spacing of a change, and so is every place between two lattice nodes,

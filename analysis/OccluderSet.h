@@ -15,16 +15,21 @@ class AcDbDatabase;
 
 // A flat convex polygon of three or four corners.
 struct Occluder {
-    Vector3 corners[4];
-    int count = 3;
+    Vector3 corners[4];        // millimetres, the drawing's axes
+    int count = 3;             // of corners: 3 or 4
     std::uint32_t entity = 0;  // which of OccluderSet::handles
     std::int32_t body = -1;    // the closed body that it bounds; -1 for a loose face
     // On which side of it, by its normal, the outside of its body is. Only of bodies that are one entity: whoever
     // asks for entities may pass over the others' faces as little as over loose ones.
-    enum class Outside : std::int8_t { Unknown, Before, Behind };
-    Outside outside = Outside::Unknown;
+    enum class Outside : std::int8_t {
+        Unknown,  // of a loose face, or of a body that is several entities
+        Before,   // where the normal points
+        Behind,   // on the other side
+    };
+    Outside outside = Outside::Unknown;  // which it is
     std::int32_t joined = -1;  // of a loose face: which of the sets of loose faces that share corners; else -1
 
+    // The mean of the corners.
     ORVO_API Vector3 Middle() const;
     // At right angles to it, of any length, to either side.
     ORVO_API Vector3 Normal() const;
@@ -38,9 +43,11 @@ struct OccluderSet {
     // By entity; both are empty unless something is of a project.
     std::vector<bool> proposed;          // whether it is of the project
     std::vector<std::uint32_t> drawnAs;  // the first entity that is the same one of the drawing
+    // How many closed bodies there are, and how many sets of loose faces that share corners.
     int bodyCount = 0;
     int joinedCount = 0;
 
+    // Whether an entity is of the project; the first entity that is the same one of the drawing.
     bool IsProposed(std::uint32_t entity) const { return !proposed.empty() && proposed[entity]; }
     std::uint32_t DrawnAs(std::uint32_t entity) const { return drawnAs.empty() ? entity : drawnAs[entity]; }
 };

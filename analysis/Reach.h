@@ -10,9 +10,9 @@
 
 // Lengths in millimetres, with the names of the parameters that they come from (AnalysisParameters.h).
 struct ReachLimits {
-    double mainScopeRadius = 0.0;
-    double scopeFactorOfHeight = 0.0;
-    double buildingHeightLimit = 0.0;
+    double mainScopeRadius = 0.0;      // g_nMainScopeRadius
+    double scopeFactorOfHeight = 0.0;  // g_nScopeFactorOfHeight, a factor
+    double buildingHeightLimit = 0.0;  // g_nBuildingHeightLimit
 };
 
 // An entity counts for a window when, in plan, it comes as near as `mainScopeRadius`, and as near as

@@ -12,13 +12,13 @@
 // Degrees. The direction counts from straight out of the wall, to the right for who looks out, within [-90, 90]; the
 // altitude from the horizon.
 struct SkyPoint {
-    double direction = 0.0;
-    double altitude = 0.0;
+    double direction = 0.0;  // to the right of straight out
+    double altitude = 0.0;   // above the horizon, [-90, 90]
 };
 
 // Who looks, in millimetres and the drawing's axes.
 struct SkyEye {
-    Vector3 place;
+    Vector3 place;           // where the eye is
     Vector3 outward;         // level, of length 1
     double precision = 0.0;  // a face whose plane is closer than this is seen from its edge, and hides nothing
 };

@@ -20,6 +20,7 @@ struct SpotRequest : DayRequest {
     QcGeVector3d outward;               // towards the side that is asked about, of any length above 0
 };
 
+// What is answered. A plain value, which keeps nothing of the drawing.
 struct SpotAnswer : DayAnswer {
     WindowHours
         hours;  // as of a window that is this point; in a plane that is not upright every sun before it is valid

@@ -12,7 +12,7 @@ struct TuningParameters {
     double windowOffset = 0.0;       // g_nSunWinOffset: how far before its plane a window or a point is looked at
     double leastSunAngle = 0.0;      // g_nMinSunAngle, degrees
     bool limitsScope = false;        // g_bLimitClientScope
-    ReachLimits reach;
+    ReachLimits reach;               // how far it looks, where the scope is limited
 };
 
 // Those in force. To be called on the module's thread.

@@ -9,11 +9,15 @@
 #include "platform/base/CString.h"
 
 struct TypedPlace {
-    enum class Kind { Named, Position };
+    // How a place is typed.
+    enum class Kind {
+        Named,     // by its name, in whatever letters
+        Position,  // by where it lies
+    };
 
-    std::optional<Place> place;
-    Kind kind = Kind::Named;  // what was typed, also where it gave no place
-    CString trouble;          // why there is none, for people
+    std::optional<Place> place;  // none when nothing fits
+    Kind kind = Kind::Named;     // what was typed, also where it gave no place
+    CString trouble;             // why there is none, for people
 };
 
 // The first of these that fits:

@@ -5,16 +5,16 @@
 #include <vector>
 
 struct FlatPoint {
-    double x = 0.0;
-    double y = 0.0;
+    double x = 0.0;         // in the unit of whoever made the polygon
+    double y = 0.0;         // likewise
     bool isHidden = false;  // whether the edge to the next point is not to be drawn
 };
 
 // Three or four corners by their indices in the polygon, in its own sense of rotation.
 struct PolygonPiece {
-    std::size_t corners[4] = {0, 0, 0, 0};
+    std::size_t corners[4] = {0, 0, 0, 0};            // the first `count` count
     bool isHidden[4] = {false, false, false, false};  // of the edge from each corner to the next
-    int count = 3;
+    int count = 3;                                    // 3 or 4
 };
 
 // With more corners a polygon is not divided: the work grows with the square of their number.

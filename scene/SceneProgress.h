@@ -5,7 +5,7 @@
 #include <cstddef>
 
 struct SceneProgress {
-    std::atomic<std::size_t> done = 0;  // entities of the model space
-    std::atomic<std::size_t> total = 0;
+    std::atomic<std::size_t> done = 0;      // entities of the model space
+    std::atomic<std::size_t> total = 0;     // of all; 0 before it is known
     std::atomic<bool> isCancelled = false;  // set from outside: the scene is then left as it is, and is of no use
 };

@@ -8,7 +8,7 @@ The headers are written with plain comments:
 * one behind a declaration is about that, with the lines below that begin in the same column;
 * the file's first class has the file's, unless it has one of its own.
 
-Headings (// ---- Like this. ----) are for readers of the source only, and so is what stands in the body of a function or
+What is private is left out, and so is where a template's member is defined. Headings (// ---- Like this. ----) are for readers of the source only, and so is what stands in the body of a function or
 above forward declarations, friends, using-declarations and calls of macros. Nobody need say of a copy that is deleted or
 defaulted what it is. What overrides has the comment of what it overrides, unless it has one of its own. A destructor
 and the answer to a message (afx_msg) without a comment are left out: nobody calls them, and they do what one expects.
@@ -28,12 +28,14 @@ HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
 PASSED_OVER = re.compile(r"^(template <[^>]*> )?((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b"
                          r"|using\s+[\w:<>,* ]+(=|\[\]|<<)?;$|[A-Z_0-9]+\(.*\)?;?$|(extern )?template (class|struct)\b|})")
+# A template's member, told again where it is defined.
+DEFINITION = re.compile(r"^(template <[^>]*> )+[^(=]*\w<[\w, ]+>::(~?\w+|operator\S+?) ?\(")
 CLASS = re.compile(r"^(template <.*> )?(class|struct)\b")
 DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
 HANDLER = re.compile(r"^afx_msg\b")
 OVERRIDE = re.compile(r"\b(override|final)\b")
 WHY = re.compile(r"^Why: docs/decisions/")
-COPY = re.compile(r"\(const \w+(<\w+>)?&( \w+)?\)( const)? = (delete|default);$")
+COPY = re.compile(r"\((?:const )?\w+(?:<\w+>)?&&?(?: \w+)?\)(?: const)?(?: noexcept)? = (?P<how>delete|default);$")
 COPIES = {"delete": "Deleted: objects of this class are not copied.", "default": "Member by member."}
 # A word with which a sentence begins: a type's name only by accident.
 ORDINARY = re.compile(r"((?:^|[.!?:;]\"? )[(\"]?)([A-Z][a-z]+)(?![\w:(<]|\.h\b|[*&])")
@@ -53,6 +55,7 @@ class Line:
     begins: bool = False  # a declaration may begin here
     ends: bool = False    # one ends here, and none begins behind it
     opens: bool = False   # a class or the like opens or closes
+    is_private: bool = False
     scope: str = ""
 
     @property
@@ -82,6 +85,7 @@ class Reader:
     def __init__(self, text):
         self.lines = []
         self.scopes = ["file"]  # file, class, enum; body for what holds no declarations
+        self.access = [""]      # in each of these, as far as it was told
         self.head = ""          # of the declaration so far
         self.depth = 0          # of parentheses
         self.in_directive = False
@@ -93,11 +97,13 @@ class Reader:
 
     def start_line(self):
         begins = "body" not in self.scopes and not self.head.strip() and not self.depth and not self.in_directive
-        self.lines.append(Line(self.raw[len(self.lines)], begins=begins, scope=self.scopes[-1]))
+        self.lines.append(Line(self.raw[len(self.lines)], begins=begins, scope=self.scopes[-1],
+                               is_private="private" in self.access))
 
     def finish_line(self):
         line = self.lines[-1]
         inside = "body" not in self.scopes and not self.depth
+        line.is_private = line.is_private and "private" in self.access
         if line.bare.startswith("#") and line.begins:
             line.ends = line.is_define and not line.bare.endswith("\\")
         else:
@@ -130,12 +136,14 @@ class Reader:
             self.depth += 1 if token == "(" else -1
         if token == "{" and not self.depth:
             self.scopes.append(self.kind_of_scope())
+            self.access.append("")
             if self.scopes[-1] != "body":
                 line.opens = True
                 self.head = ""
                 return
         elif token == "}" and not self.depth and len(self.scopes) > 1:
             kind = self.scopes.pop()
+            self.access.pop()
             if kind != "body":
                 line.opens = True
             if "body" not in self.scopes and (kind != "body" or not self.is_initializing()):
@@ -147,7 +155,9 @@ class Reader:
             self.head = ""
             return
         self.head += token
-        if ACCESS.match(self.head.strip()):
+        access = ACCESS.match(self.head.strip())
+        if access:
+            self.access[-1] = access[1]
             self.head = ""
 
     def is_initializing(self):
@@ -232,9 +242,11 @@ class Converter:
 
     def convert_at(self, i):
         line = self.lines[i]
-        if line.is_comment and line.begins and not line.is_heading:
+        if line.is_private:
+            self.made[i] = ""
+        elif line.is_comment and line.begins and not line.is_heading:
             return self.convert_block(i)
-        if not line.bare and line.column < 0:
+        elif not line.bare and line.column < 0:
             self.shared = None
         elif line.is_declaration:
             return self.convert_declaration(i, has_own=False)
@@ -265,11 +277,15 @@ class Converter:
         return i
 
     def is_passed_over(self, i):
-        return bool(PASSED_OVER.match(self.code_of(i, self.last_of(i))))
+        code = self.code_of(i, self.last_of(i))
+        return bool(PASSED_OVER.match(code) or DEFINITION.match(code))
 
     def convert_declaration(self, first, has_own):
         """Gives the line behind a declaration, or behind the brace that it opens."""
         i = self.last_of(first)
+        if DEFINITION.match(self.code_of(first, i)):
+            self.made[first:i + 1] = [""] * (i + 1 - first)
+            return i + 1
         if self.is_passed_over(first):
             return i + 1
         last = self.lines[i]
@@ -292,7 +308,8 @@ class Converter:
             self.insert(first, "/** @cond */ ")
             self.made[last] += " /** @endcond */"
         elif COPY.search(line.bare):
-            self.insert(first, f"/** {COPIES[COPY.search(line.bare)[4]]} */ ")
+            how = COPY.search(line.bare)["how"]
+            self.insert(first, f"/** {COPIES[how]} */ ")
         elif self.banner and CLASS.match(self.code_of(first, last)) and line.scope == "file":
             self.insert(first, f"/** {one_line(self.banner)} */ ")
         elif self.shared and not OVERRIDE.search(self.code_of(first, last)):

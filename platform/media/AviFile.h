@@ -29,15 +29,15 @@ inline constexpr UINT OF_WRITE = 0x0001;
 inline constexpr UINT OF_CREATE = 0x1000;
 
 // What these functions give: success is 0, every failure below it.
-inline constexpr HRESULT AVIERR_OK = 0;
-inline constexpr HRESULT AVIERR_UNSUPPORTED = static_cast<HRESULT>(0x80044065U);
-inline constexpr HRESULT AVIERR_BADFORMAT = static_cast<HRESULT>(0x80044066U);
-inline constexpr HRESULT AVIERR_MEMORY = static_cast<HRESULT>(0x80044067U);
-inline constexpr HRESULT AVIERR_BADHANDLE = static_cast<HRESULT>(0x8004406AU);
-inline constexpr HRESULT AVIERR_BADPARAM = static_cast<HRESULT>(0x8004406BU);
-inline constexpr HRESULT AVIERR_FILEWRITE = static_cast<HRESULT>(0x8004406EU);
-inline constexpr HRESULT AVIERR_FILEOPEN = static_cast<HRESULT>(0x8004406FU);
-inline constexpr HRESULT AVIERR_NOCOMPRESSOR = static_cast<HRESULT>(0x80044071U);
+inline constexpr HRESULT AVIERR_OK = 0;                                            // done
+inline constexpr HRESULT AVIERR_UNSUPPORTED = static_cast<HRESULT>(0x80044065U);   // what is not done here
+inline constexpr HRESULT AVIERR_BADFORMAT = static_cast<HRESULT>(0x80044066U);     // no format, or one that cannot be
+inline constexpr HRESULT AVIERR_MEMORY = static_cast<HRESULT>(0x80044067U);        // there is no memory
+inline constexpr HRESULT AVIERR_BADHANDLE = static_cast<HRESULT>(0x8004406AU);     // the handle names nothing
+inline constexpr HRESULT AVIERR_BADPARAM = static_cast<HRESULT>(0x8004406BU);      // an argument makes no sense
+inline constexpr HRESULT AVIERR_FILEWRITE = static_cast<HRESULT>(0x8004406EU);     // the disk did not take it
+inline constexpr HRESULT AVIERR_FILEOPEN = static_cast<HRESULT>(0x8004406FU);      // the file cannot be made
+inline constexpr HRESULT AVIERR_NOCOMPRESSOR = static_cast<HRESULT>(0x80044071U);  // there is no such codec
 
 // How a stream is to be compressed. Only the handler is looked at here.
 struct AVICOMPRESSOPTIONS {
