@@ -27,9 +27,10 @@ ACCESS = re.compile(r"^(public|protected|private):$")
 HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
 PASSED_OVER = re.compile(r"^(template <[^>]*> )?((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b"
-                         r"|using\s+[\w:<>,* ]+(=|\[\]|<<)?;$|[A-Z_0-9]+\(.*\)?;?$|(extern )?template (class|struct)\b|})")
+                         r"|using\s+[\w:<>,* ]+(=|\[\]|<<)?;$|[A-Z0-9]+_[A-Z_0-9]+\(.*\)?;?$|(extern )?template (class|struct)\b|})")
 # A template's member, told again where it is defined.
 DEFINITION = re.compile(r"^(template <[^>]*> )+[^(=]*\w<[\w, ]+>::(~?\w+|operator\S+?) ?\(")
+ONE_LINE_ENUM = re.compile(r"^enum\b[^{;]*{ *(\w[^}]*?) *}")
 CLASS = re.compile(r"^(template <.*> )?(class|struct)\b")
 DESTRUCTOR = re.compile(r"^(virtual )?~\w+\(")
 HANDLER = re.compile(r"^afx_msg\b")
@@ -219,6 +220,7 @@ class Converter:
         self.shared = None   # the comment that counts for what follows
         self.banner = None   # counts for the file's first class
         self.borrowed = []   # line number, declaration, comment
+        self.silent = []     # line number and name of enumerators without a comment, which Doxygen does not ask for
 
     def convert(self):
         i = self.convert_banner()
@@ -283,10 +285,15 @@ class Converter:
     def convert_declaration(self, first, has_own):
         """Gives the line behind a declaration, or behind the brace that it opens."""
         i = self.last_of(first)
+        on_one_line = ONE_LINE_ENUM.match(self.code_of(first, i, ""))
+        if on_one_line:
+            self.silent.append((first + 1, on_one_line[1]))
         if DEFINITION.match(self.code_of(first, i)):
             self.made[first:i + 1] = [""] * (i + 1 - first)
             return i + 1
         if self.is_passed_over(first):
+            if self.lines[i].opens:
+                self.shared = None
             return i + 1
         last = self.lines[i]
         has_trailing = last.ends and last.column >= 0 and bool(last.bare) and not last.is_heading
@@ -320,10 +327,13 @@ class Converter:
                 self.insert(first, f"/** {text} */ ")
             if text:
                 self.borrowed.append((first + 1, line.bare, " ".join(comment.strip() for comment in self.shared)))
+        if line.scope == "enum" and self.made[first] == line.text:
+            self.silent.append((first + 1, line.bare.rstrip(",")))
 
-    def code_of(self, first, last):
+    def code_of(self, first, last, end="{"):
         """The declaration, up to the body of a function."""
-        return " ".join(line.bare for line in self.lines[first:last + 1]).split("{")[0]
+        code = " ".join(line.bare for line in self.lines[first:last + 1])
+        return code.split(end)[0] if end else code
 
     def insert(self, i, comment):
         text = self.made[i]
