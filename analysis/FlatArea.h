@@ -49,8 +49,9 @@ AreaFault FlatAreaOf(const std::vector<Vector3>& corners, FlatArea& area);
 // columns. Any finite number, however large.
 double CountGridPoints(const FlatArea& area, double spacing);
 
-// The middles of the cells that lie in the area, along its right and up: row by row from below, each from the left. The
-// grid has its middle in that of the rectangle around the outline. Where no cell has its middle in the area, `inside`.
+// The middles of the cells that lie in the area, along its right and up: row by row from below, each from the left,
+// `spacing` millimetres apart. The grid has its middle in that of the rectangle around the outline. Where no cell has
+// its middle in the area, `inside`.
 std::vector<FlatPoint> GridPoints(const FlatArea& area, double spacing);
 
 // Points at a pitch from a first one, by their number in each direction.

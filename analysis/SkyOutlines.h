@@ -20,7 +20,7 @@ struct SkyPoint {
 struct SkyEye {
     Vector3 place;           // where the eye is
     Vector3 outward;         // level, of length 1
-    double precision = 0.0;  // a face whose plane is closer than this is seen from its edge, and hides nothing
+    double precision = 0.0;  // a face whose plane is closer, in millimetres, is seen from its edge, and hides nothing
 };
 
 // What is seen of a face: above the horizon and before the plane of the wall.

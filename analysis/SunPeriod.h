@@ -7,6 +7,6 @@ struct SunPeriod {
     double start = 0.0;  // hours
     double end = 0.0;    // hours, not before the start
 
-    // How long it is.
+    // How long it is, in minutes.
     double Minutes() const { return (end - start) * 60.0; }
 };

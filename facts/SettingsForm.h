@@ -39,5 +39,5 @@ ORVO_API std::unique_ptr<QcDtDictItem> FieldValue(const QcDtDictionary& standard
 // Puts it there; null leaves the field alone.
 ORVO_API void SetFieldValue(QcDtDictionary& standard, const StandardField& field, const QcDtDictItem* value);
 
-// The fields in which two standards differ.
+// The fields in which two standards differ; they are those of StandardFields, which live as long as the library.
 ORVO_API std::vector<const StandardField*> DifferingFields(const OrvoStdSet& left, const OrvoStdSet& right);

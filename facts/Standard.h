@@ -12,7 +12,7 @@ class OrvoStdSet;
 
 // From how many hours of sunlight on a result has a colour.
 struct TimeColor {
-    double hours = 0.0;  // the least, that included
+    double hours = 0.0;  // of sunlight: the least, that included
     int color = 0;       // the host's index
 };
 

@@ -49,8 +49,8 @@ struct ORVO_API SunDay {
     double BeijingTime(double trueSolarTime) const { return trueSolarTime - 12.0 + noon; }
 };
 
-// The latitude is within [-90, 90]. At a pole on an equinox, where the sun goes round on the horizon, rounding decides
-// what kind of day it is.
+// Degrees, but for the equation of time, which is in hours. The latitude is within [-90, 90]. At a pole on an equinox,
+// where the sun goes round on the horizon, rounding decides what kind of day it is.
 ORVO_API SunDay ComputeSunDay(double declination, double equationOfTime, double longitude, double latitude);
 // With the day's own numbers and the place's. Both are the caller's to check (IsReasonable, IsOnTheGlobe).
 ORVO_API SunDay ComputeSunDay(const DayTerms& terms, const Place& place);

@@ -22,7 +22,7 @@ from dataclasses import dataclass
 
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\'|\n|.', re.S)
 SCOPE = re.compile(r"^(template\b.*\s)?(inline\s+)?(namespace|class|struct|union|enum|extern)\b")
-ACCESS = re.compile(r"^(public|protected|private):$")
+ACCESS = re.compile(r"(?:^|\)\s+)(public|protected|private):$")
 # No words about a declaration: headings, and what tools are told.
 HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
@@ -156,7 +156,7 @@ class Reader:
             self.head = ""
             return
         self.head += token
-        access = ACCESS.match(self.head.strip())
+        access = ACCESS.search(self.head.strip())
         if access:
             self.access[-1] = access[1]
             self.head = ""
@@ -237,10 +237,11 @@ class Converter:
             return end + 1
         return 0
 
-    def document(self, first, end):
+    def document(self, first, end, command=""):
         texts = paragraphs(self.lines[i].comment for i in range(first, end))
         for i, text in zip(range(first, end), texts):
-            self.made[i] = self.lines[i].code + ("/// " + text).rstrip()
+            self.made[i] = self.lines[i].code + ("/// " + command + text).rstrip()
+            command = ""
 
     def convert_at(self, i):
         line = self.lines[i]
@@ -268,7 +269,8 @@ class Converter:
         if below >= len(self.lines) or not self.lines[below].is_declaration or self.is_passed_over(below):
             self.shared = None
             return end
-        self.document(first, end)
+        # What stands behind a declaration is about it alone, and comes first.
+        self.document(first, end, "@details " if self.has_trailing(below) else "")
         self.shared = [self.lines[i].comment for i in range(first, end)]
         return self.convert_declaration(below, has_own=True)
 
@@ -277,6 +279,10 @@ class Converter:
         while i + 1 < len(self.lines) and not self.lines[i].ends and not self.lines[i].opens:
             i += 1
         return i
+
+    def has_trailing(self, i):
+        last = self.lines[self.last_of(i)]
+        return last.ends and last.column >= 0 and bool(last.bare) and not last.is_heading
 
     def is_passed_over(self, i):
         code = self.code_of(i, self.last_of(i))
@@ -296,7 +302,7 @@ class Converter:
                 self.shared = None
             return i + 1
         last = self.lines[i]
-        has_trailing = last.ends and last.column >= 0 and bool(last.bare) and not last.is_heading
+        has_trailing = self.has_trailing(first)
         if not has_own and not has_trailing:
             self.complete(first, i)
         if CLASS.match(self.code_of(first, i)):

@@ -61,7 +61,7 @@ public:
     // Room for n elements, none of them built yet; null when there is no memory for it.
     static T* Allocate(long n) { return AllocateBytes(n, false); }
 
-    // The same with all bytes zero, of which a large block has touched none yet.
+    // The same, and null likewise, with all bytes zero, of which a large block has touched none yet.
     static T* AllocateZeroed(long n) { return AllocateBytes(n, true); }
 
     // Gives the memory back; the elements must be gone already. Null is fine.

@@ -58,7 +58,7 @@ public:
         return &pLink->m_data;
     }
 
-    // How many elements there are.
+    // How many elements there are, and whether there is none.
     long GetLength() const { return m_nCount; }
     bool IsEmpty() const { return m_nCount == 0; }
 

@@ -35,7 +35,7 @@ public:
     bool operator==(const Plane& other) const { return m_equation == other.m_equation; }
     bool operator!=(const Plane& other) const { return !(*this == other); }
 
-    // a x + b y + c z + d, added from left to right.
+    // The side: a x + b y + c z + d, in the drawing's unit for a unit normal, added from left to right.
     double GetSide(const QcGePoint& point) const {
         return m_equation.a * point.x + m_equation.b * point.y + m_equation.c * point.z + m_equation.d;
     }

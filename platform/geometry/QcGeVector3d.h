@@ -11,7 +11,7 @@ struct QcGeVector3d : QcGePoint {
     constexpr QcGeVector3d(double xValue, double yValue, double zValue) : QcGePoint(xValue, yValue, zValue) {}
     constexpr explicit QcGeVector3d(const QcGePoint& point) : QcGePoint(point) {}
 
-    // The root of the sum of the squares.
+    // The root of the sum of the squares, in the components' unit.
     double Length() const { return Length3d(); }
 
     // The right-handed cross product: x axis times y axis is the z axis.

@@ -71,7 +71,8 @@ public:
     AcDbObjectId FindHandle(std::uint64_t handle) const;
     // The object's handle; 0 when it has none, or for an unknown id.
     std::uint64_t GetHandle(AcDbObjectId id) const;
-    // A record of a table in the section TABLES: LAYER, LTYPE, STYLE, VIEW, UCS, APPID, DIMSTYLE, VPORT, BLOCK_RECORD.
+    // Whether an object is a record of a table in the section TABLES: LAYER, LTYPE, STYLE, VIEW, UCS, APPID, DIMSTYLE,
+    // VPORT, BLOCK_RECORD.
     bool IsSymbolTableRecord(AcDbObjectId id) const;
     // All records of a table ("LAYER") in the file's order, of several tables of that name too. False, and no ids, for
     // a null name and where memory runs out; a table that is not there has no records.

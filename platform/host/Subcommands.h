@@ -117,7 +117,7 @@ public:
 
     // A row by its exact name; null when there is none. Good until the table changes, like the following ones.
     const Subcommand* Find(const wchar_t* name) const;
-    // All rows in the order in which they were added.
+    // All rows in the order in which they were added; they stay the table's.
     std::vector<const Subcommand*> GetAll() const;
 
 private:

@@ -25,7 +25,8 @@ public:
         const void* bytes;  // where they lie
         std::size_t size;   // how many
     };
-    // Writes the pieces (or the one) one after the other from `offset` on. When it fails, some of them may be written.
+    // Writes the pieces (or the one) one after the other from `offset` on. False when it fails: some of them may then
+    // be written.
     bool WriteAt(std::uint64_t offset, const std::vector<Piece>& pieces) const;
     bool WriteAt(std::uint64_t offset, const std::vector<std::uint8_t>& bytes) const;
     // Cuts the file off behind `size` bytes; false when that fails.

@@ -53,9 +53,10 @@ public:
     BOOL Attach(HWND window);
     // Lets the window go on without this object, and gives it; null where there is none.
     HWND Detach();
-    // Attaches to a control of a dialog, which then sends its messages through this object's maps.
+    // Attaches to a control of a dialog, which then sends its messages through this object's maps. False
+    // as for Attach, and for an unknown number.
     BOOL SubclassDlgItem(UINT id, CWnd* parent);
-    // Attaches to a window, and Detach under another name.
+    // Attach, followed by PreSubclassWindow; and Detach under another name.
     BOOL SubclassWindow(HWND window);
     HWND UnsubclassWindow();
     // Sends WM_DESTROY to the window and everything in it, and destroys it. A window whose own handler is running goes
@@ -82,7 +83,7 @@ public:
     BOOL ShowWindow(int command);  // SW_HIDE, SW_SHOW; gives whether it was visible before
     // Whether it is to be seen: neither it nor a window that it lies in is hidden.
     BOOL IsWindowVisible() const;
-    CWnd* SetFocus();  // gives the window that had the focus
+    CWnd* SetFocus();  // gives the window that had the focus, as GetFocus
     // The window with the focus, as FromHandle; null where none of this program has it.
     static CWnd* GetFocus();
     // The window that it lies in, as FromHandle; null for none.
@@ -163,8 +164,8 @@ public:
     const BOOL m_bSaveAndValidate;  // true: controls are read and checked; false: members are shown
     CWnd* const m_pDlgWnd;          // the dialog
 
-    // The control of this number; a number that the dialog lacks ends the run. The edit that was prepared last gets the
-    // focus when the run fails.
+    // The control of this number, as FromHandle; a number that the dialog lacks ends the run. The edit that was
+    // prepared last gets the focus when the run fails.
     CWnd* PrepareCtrl(int id);
     CWnd* PrepareEditCtrl(int id);
     // Ends the run: UpdateData gives FALSE. To be called after the user has been told.

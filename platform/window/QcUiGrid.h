@@ -104,7 +104,7 @@ public:
     // How far below the top of its client area an editor begins with its text, beyond where it stands by itself. A
     // derived grid that shows its texts lower supplies its own; by itself 0.
     virtual int GetEditOffset() const;
-    // Shows or hides the frame of the active cell, which the focus does otherwise.
+    // Shows or hides the frame of the active cell (and whether it is shown), which the focus does otherwise.
     void ShowActive(bool show);
     bool IsActiveShown() const;
 

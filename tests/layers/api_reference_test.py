@@ -51,6 +51,10 @@ class Comments(unittest.TestCase):
         self.becomes("// degrees\ndouble a();\ndouble b();  // hours\n// metres\ndouble c();\ndouble d();\n",
                      "/// degrees\ndouble a();\ndouble b();  ///< hours\n/// metres\ndouble c();\n/** metres */ double d();\n")
 
+    def test_one_behind_comes_before_one_above(self):
+        self.becomes("// of a day\nint a;  // hours\nint b;  // minutes\n",
+                     "/// @details of a day\nint a;  ///< hours\nint b;  ///< minutes\n")
+
     def test_a_class_and_a_word_of_access_end_it_too(self):
         self.becomes("struct A {\n    // hours\n    int a;\n};\nint b;\n",
                      "struct A {\n    /// hours\n    int a;\n};\nint b;\n")
@@ -99,6 +103,9 @@ class Comments(unittest.TestCase):
     def test_what_is_private_is_left_out(self):
         self.becomes("class A {\npublic:\n    int a;  // hours\n\nprivate:\n    struct B {\n        int b;\n    };\n    int m_c;  // own\n};\nint d;\n",
                      "class A {\npublic:\n    int a;  ///< hours\n\nprivate:\n\n\n\n\n};\nint d;\n")
+
+        self.becomes("class A {\nprotected:\n    DECLARE_MAP()\n\nprivate:\n    int m_c;\n};\n",
+                     "class A {\nprotected:\n    DECLARE_MAP()\n\nprivate:\n\n};\n")
 
     def test_a_template_is_told_once(self):
         self.becomes("// more of them\ntemplate <class T>\nvoid List<T>::Grow(int n) {\n    Add(n);\n}\n\n// next\nint b;\n",
@@ -161,6 +168,7 @@ class Reference(unittest.TestCase):
         for header in listed_headers():
             self.assertIn(f">{os.path.basename(header)}</a>", files, header)
         self.assertIn("degrees, north positive", self.page("structSunDay.html"))
+        self.assertIn("#include &lt;facts/SunDay.h&gt;", self.page("structSunDay.html"))
         self.assertIn("Never null", self.page("Resources_8h.html") + self.page("SettingsForm_8h.html"))
         self.assertNotIn("m_hSavedResource", self.page("classQcUtPushResource.html"))
         self.assertIn("7.8.9", self.page("index.html"))
