@@ -136,6 +136,10 @@ inline bool operator<(const CString& left, const CString& right) {
 inline bool operator>(const CString& left, const CString& right) {
     return left.View() > right.View();
 }
+// For <= and >=, and for pairs and records of texts, which would compare the addresses of the characters otherwise.
+inline std::strong_ordering operator<=>(const CString& left, const CString& right) {
+    return left.View() <=> right.View();
+}
 
 // A growing array of texts.
 class ORVO_API CStringArray {

@@ -104,6 +104,21 @@ TEST(CString, ComparesOrdinally) {
     EXPECT_TRUE(CString(L"a") != L"b");
 }
 
+TEST(CString, IsComparedAsATextWithinPairsToo) {
+    // Made in either order, so that no order of addresses fits both.
+    const CString texts[] = {L"b", L"a", L"b"};
+    for (int i = 0; i < 2; ++i) {
+        const CString& left = texts[i];
+        const CString& right = texts[i + 1];
+        const bool isLess = left.View() < right.View();
+        EXPECT_EQ(std::pair(left, 1) < std::pair(right, 1), isLess);
+        EXPECT_EQ(left <= right, isLess);
+        EXPECT_EQ(left >= right, !isLess);
+    }
+    EXPECT_TRUE(std::pair(texts[0], 1) < std::pair(texts[2], 2));
+    EXPECT_TRUE(texts[0] <= texts[2] && texts[0] >= texts[2]);
+}
+
 TEST(CString, TrimsAllKindsOfWhiteSpace) {
     CString text(L" \t\r\n\u3000 a b \u00A0");
     EXPECT_EQ(text.Trim(), L"a b");
