@@ -1,6 +1,8 @@
 // The command line of the window, with real keys.
 #include <QClipboard>
+#include <filesystem>
 
+#include "support/FileTree.h"
 #include "workbench/WindowStage.h"
 
 namespace {
@@ -68,6 +70,22 @@ TEST_F(WindowCommandEdit, CompletesTheWordBeforeTheCursor) {
     Key(Qt::Key_Tab);
     EXPECT_EQ(Text(), "set --place ") << "two places, which share no letter";
     EXPECT_TRUE(HasLogged("北京  通州")) << Log();
+}
+
+TEST_F(WindowCommandEdit, CompletesNamesOfFiles) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    const FileTree folder;
+    folder.Write("my house.dxf", "");
+    std::filesystem::current_path(folder.Path());
+    QTest::keyClicks(Edit(), "window my");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Text(), "window \"my house.dxf\" ");
+    Key(Qt::Key_Escape);
+    QTest::keyClicks(Edit(), "window my --x");
+    Edit()->setCursorPosition(9);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Text(), "window \"my house.dxf\"  --x") << "what stands behind the cursor stays";
+    std::filesystem::current_path(before);
 }
 
 TEST_F(WindowCommandEdit, ShowsTheWaysToGoOn) {
