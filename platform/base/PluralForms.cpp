@@ -37,8 +37,8 @@ CString ChooseForms(const wchar_t* format, const TextArgument* arguments, std::s
     const TextArgument* last = nullptr;
     std::size_t filled = 0;
     for (std::wstring_view rest = format; !rest.empty();) {
-        const std::wstring_view forms = last ? FormsAt(rest) : std::wstring_view();
-        if (!forms.empty()) {
+        const std::wstring_view forms = FormsAt(rest);
+        if (last && !forms.empty()) {
             const std::size_t bar = forms.find(L'|');
             chosen += CString(IsOne(*last) ? forms.substr(0, bar) : forms.substr(bar + 1));
             rest.remove_prefix(forms.size() + 2);

@@ -7,9 +7,11 @@ namespace {
 
 // A term stands before the first " = ".
 ProsePiece PieceOf(const CString& paragraph) {
-    const int at =
-        paragraph.View().find(L" = ") == std::wstring_view::npos ? -1 : static_cast<int>(paragraph.View().find(L" = "));
-    return at < 0 ? ProsePiece{CString(), paragraph} : ProsePiece{paragraph.Left(at), paragraph.Mid(at + 3)};
+    const std::size_t equals = paragraph.View().find(L" = ");
+    if (equals == std::wstring_view::npos)
+        return {CString(), paragraph};
+    const auto at = static_cast<int>(equals);
+    return {paragraph.Left(at), paragraph.Mid(at + 3)};
 }
 
 // Lines of Chinese go on without a blank.
