@@ -8,7 +8,7 @@ qt6-base-dev fonts-noto-cjk"
 # What the tests, benchmarks and checks take besides.
 PACKAGES_TEST="ccache libgtest-dev libgmp-dev libembree-dev libbenchmark-dev libxml2-utils ffmpeg valgrind clang \
 clang-format clang-tidy libclang-rt-14-dev \
-abigail-tools locales man-db groff-base python3 python3-ezdxf xvfb xauth xdotool binutils \
+abigail-tools locales man-db groff-base python3 python3-ezdxf xvfb xauth xdotool binutils zsh \
 binutils-mingw-w64-x86-64 mingw-w64-x86-64-dev g++-mingw-w64-x86-64-posix chromium chromium-driver python3-selenium tidy doxygen"
 
 # What making packages takes besides, and trying them in a fresh system.
