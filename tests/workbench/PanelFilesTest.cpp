@@ -6,6 +6,7 @@
 #include "workbench/AnalysisPanelStage.h"
 #include "workbench/MoveFirstCorner.h"
 #include "workbench/commands/AnalyseCommand.h"
+#include "workbench/commands/PointsCommand.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/ResultFiles.h"
 #include "workbench/terminal/CollectedOutput.h"
@@ -129,6 +130,24 @@ TEST_F(PanelFilesTest, SaysOnTheReportThatTheDrawingHasUnsavedChanges) {
     panel.MakeReport();
     const std::string page = FileBytes(In("report/index.html"));
     EXPECT_NE(page.find("图形有没有保存的改动"), std::string::npos);
+}
+
+TEST_F(PanelFilesTest, ReportsTheIsolines) {
+    EXPECT_FALSE(Find<QPushButton>("MakeLinesReport")->isVisible()) << "there are none";
+    Set("Areas", "LAWN");
+    Press("RunIsolines");
+    Answer(In("report"));
+    Press("MakeLinesReport");
+    ASSERT_TRUE(fs::exists(In("report/index.html"))) << Log();
+    PointsOptions options;
+    options.file = FromUtf8(m_path.string());
+    options.day.need = L"2";
+    options.areas = {L"LAWN"};
+    options.page.folder = FromUtf8(In("other").string());
+    CollectedOutput output;
+    NoProgress progress;
+    ASSERT_EQ(RunPoints(options, output, progress), kExitOk);
+    EXPECT_EQ(FileBytes(In("report/index.html")), FileBytes(In("other/index.html")));
 }
 
 TEST_F(PanelFilesTest, MakesTheFilmOfTheSubcommand) {

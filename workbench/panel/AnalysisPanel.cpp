@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <algorithm>
+#include <utility>
 
 #include "analysis/SpotAnalysis.h"
 #include "platform/base/PlainText.h"
@@ -75,9 +76,7 @@ bool AnalysisPanel::RunWindows() {
     auto report = std::make_shared<AnalysisReport>();
     if (!ReadRequest(report->request))
         return false;
-    report->drawing = m_drawing.path;
-    report->fingerprint = m_drawing.fingerprint;
-    report->isChanged = m_drawing.database->IsModified();
+    TellOfDrawing(*report);
     const AskedState state = StateNow(m_form->GetWindowTexts());
     const AcDbDatabase& database = *m_drawing.database;
     if (!RunAside(L"分析日照", [&](SceneProgress& progress) {
@@ -98,26 +97,37 @@ bool AnalysisPanel::RunWindows() {
 }
 
 void AnalysisPanel::RunIsolines() {
+    AskPoints(nullptr);
+}
+
+bool AnalysisPanel::AskPoints(const std::function<void(const PointsReport&)>& use) {
+    const auto refuse = [this](const CString& why) {
+        m_complain(why);
+        return false;
+    };
     if (!m_drawing.database)
-        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+        return refuse(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
     auto report = std::make_shared<PointsReport>();
     CString reason;
     const bool isRead = m_form->ReadAreas(report->request, reason);
     if (!reason.IsEmpty())
         m_complain(reason);
     if (!isRead || ReadDaySettings({}, report->request))
-        return;
+        return false;
     report->request.heights = m_drawing.heights;
     report->request.isolines = true;
-    report->drawing = m_drawing.path;
+    TellOfDrawing(*report);
+    FindStandardOf(report->request.settings, *report);
     const AskedState state = StateNow(m_form->GetAreaTexts());
     const AcDbDatabase& database = *m_drawing.database;
     if (!RunAside(L"画等时线", [&](SceneProgress& progress) {
             report->answer = AnalysePoints(database, report->request, ProgressTo(progress));
+            if (use && report->answer.failure == AnalysisFailure::None)
+                use(*report);
         }))
-        return;
+        return false;
     if (report->answer.failure != AnalysisFailure::None)
-        return m_complain(PointFailureText(report->request, report->answer));
+        return refuse(PointFailureText(report->request, report->answer));
     for (const CString& each : MessagesOf(report->request, report->answer))
         m_complain(each);
     m_say(SayFormat(L"等时线：%d 条", static_cast<int>(report->answer.isolines.size())));
@@ -125,6 +135,13 @@ void AnalysisPanel::RunIsolines() {
     m_points = report;
     m_pointState = state;
     ShowAnswers();
+    return true;
+}
+
+void AnalysisPanel::TellOfDrawing(DayReport& report) const {
+    report.drawing = m_drawing.path;
+    report.fingerprint = m_drawing.fingerprint;
+    report.isChanged = m_drawing.database->IsModified();
 }
 
 // At once where that takes a moment: of a large drawing all that casts shadows is gathered first, which is for the
@@ -151,13 +168,8 @@ void AnalysisPanel::RunSpot() {
     const Spot spot = *m_spot;
     const AcDbDatabase& database = *m_drawing.database;
     SpotAnswer answer;
-    bool isCancelled = false;
     if (!RunAside(L"分析一个点",
-                  [&](SceneProgress& progress) {
-                      answer = AnalyseSpot(database, request);
-                      isCancelled = progress.isCancelled;
-                  }) ||
-        isCancelled)
+                  [&](SceneProgress& progress) { answer = AnalyseSpot(database, request, ProgressTo(progress)); }))
         return;
     if (answer.failure != AnalysisFailure::None)
         return m_complain(FailureText(request, answer));
@@ -233,6 +245,7 @@ void AnalysisPanel::ShowAnswers() {
     m_model.SetReport(m_windows);
     m_table->resizeColumnsToContents();
     ShowShapes();
+    m_files->SetHasLines(m_points != nullptr);
     CString summary = Say(L"还没有结果：打开图形，按“分析日照”，每个窗的时数就列在下面");
     if (m_windows) {
         const std::vector<WindowResult>& windows = m_windows->answer.windows;
@@ -302,7 +315,8 @@ void AnalysisPanel::Choose(std::size_t window, bool isShown) {
 
 void AnalysisPanel::ShowDay() {
     const std::optional<std::size_t> chosen = m_view.GetChosen();
-    if (m_windows && chosen && *chosen < m_windows->answer.windows.size())
+    m_isDayNew = m_windows && chosen && *chosen < m_windows->answer.windows.size();
+    if (m_isDayNew)
         m_day->SetWindow(*m_windows, *chosen, IsWithProject());
     else
         m_day->Clear();
@@ -311,6 +325,9 @@ void AnalysisPanel::ShowDay() {
 void AnalysisPanel::SetSun(const std::optional<ViewSun>& sun, CalendarDay day) {
     if (sun)
         m_day->SetTime(sun->trueSolarTime);
+    // Once: whoever then scrolls elsewhere while the day plays is left there.
+    if (sun && std::exchange(m_isDayNew, false))
+        ensureWidgetVisible(m_day);
     m_day->SetSeenDay(sun ? std::optional(day) : std::nullopt);
 }
 

@@ -13,6 +13,7 @@
 #include "platform/host/AcDbObjectId.h"
 #include "scene/LayerHeight.h"
 #include "scene/SceneProgress.h"
+#include "workbench/commands/AskedReport.h"
 #include "workbench/commands/PointsReport.h"
 #include "workbench/panel/AskedState.h"
 #include "workbench/panel/WindowModel.h"
@@ -68,6 +69,7 @@ public:
     void RunSpot();
     // Ask where to, and make the answer that they are of when there is none that holds.
     void MakeReport();
+    void MakeLinesReport();  // always made anew, because points are not kept
     void MakeFilm();
     // To run, to make a report, and a film.
     std::vector<QAction*> GetActions() const { return {m_runAction, m_reportAction, m_filmAction}; }
@@ -100,6 +102,13 @@ private:
     // The fields, the settings in force and the heights. False, and why has been said, when one of them will not do.
     bool ReadRequest(AnalysisRequest& request);
     bool HasAnswer();
+    // Asks for isolines; `use` gets the whole answer, on another thread, with the points that are not kept. False when
+    // there is no answer; why has been said.
+    bool AskPoints(const std::function<void(const PointsReport&)>& use);
+    void TellOfDrawing(DayReport& report) const;
+    // The folder that somebody chose, with what the page begins with; none when nobody did, or it will not do.
+    std::optional<PageRequest> AskForFolder();
+    void TellOfReport(const PageRequest& page);
     AskedState StateNow(const QStringList& fields) const;
     bool IsWithProject() const;
     void ShowAnswers();
@@ -126,6 +135,7 @@ private:
     };
     std::optional<Spot> m_spot;
     bool m_isSelecting = false;  // by us, and not by the user
+    bool m_isDayNew = false;     // nobody has looked at an hour of it yet
 
     QAction* m_runAction;
     QAction* m_reportAction;

@@ -11,6 +11,7 @@
 #include "workbench/commands/AnalysisPage.h"
 #include "workbench/commands/AskedFilm.h"
 #include "workbench/commands/AskedReport.h"
+#include "workbench/commands/PointsPage.h"
 #include "workbench/film/Film.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
@@ -48,37 +49,51 @@ bool AnalysisPanel::HasAnswer() {
 }
 
 // Whether the folder may be taken is found out before anybody waits.
-void AnalysisPanel::MakeReport() {
-    if (!m_drawing.database)
-        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
+std::optional<PageRequest> AnalysisPanel::AskForFolder() {
     CFolderPickerDialog dialog(nullptr, 0, acedGetAcadFrame());
-    if (dialog.DoModal() != IDOK)
-        return;
+    if (!m_drawing.database || dialog.DoModal() != IDOK)
+        return {};
     AskedReport asked = m_form->GetReport();
     asked.folder = dialog.GetPathName();
     PageRequest page;
-    if (ReadAskedReport(asked, page) != kExitOk || !HasAnswer())
-        return;
-    const AnalysisReport& report = *m_windows;
-    const AcDbDatabase& database = *m_drawing.database;
-    int code = kExitFailed;
-    if (!RunAside(
-            L"写出报告",
-            [&](SceneProgress& progress) { code = WriteAnalysisPage(report, database, page, ProgressTo(progress)); }) ||
-        code != kExitOk)
-        return;
+    return ReadAskedReport(asked, page) == kExitOk ? std::optional(page) : std::nullopt;
+}
+
+void AnalysisPanel::TellOfReport(const PageRequest& page) {
     const CString file = page.folder + L"/index.html";
     m_say(SayFormat(L"报告已写到 %s", Printable(file)));
     m_files->SetMade(Say(L"报告："), file);
 }
 
+void AnalysisPanel::MakeReport() {
+    const std::optional<PageRequest> page = AskForFolder();
+    if (!page || !HasAnswer())
+        return;
+    const AnalysisReport& report = *m_windows;
+    const AcDbDatabase& database = *m_drawing.database;
+    int code = kExitFailed;
+    const auto write = [&](SceneProgress& progress) {
+        code = WriteAnalysisPage(report, database, *page, ProgressTo(progress));
+    };
+    if (RunAside(L"写出报告", write) && code == kExitOk)
+        TellOfReport(*page);
+}
+
+void AnalysisPanel::MakeLinesReport() {
+    const std::optional<PageRequest> page = AskForFolder();
+    if (!page)
+        return;
+    int code = kExitFailed;
+    const auto write = [&](const PointsReport& report) { code = WritePointsPage(report, *m_drawing.database, *page); };
+    if (AskPoints(write) && code == kExitOk)
+        TellOfReport(*page);
+}
+
 // What draws belongs to the thread that records, and ends there.
 void AnalysisPanel::MakeFilm() {
-    if (!m_drawing.database)
-        return m_complain(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
     CFileDialog dialog(FALSE, L"avi", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                        (Say(L"录像 (*.avi)") + L"|*.avi||").GetString(), acedGetAcadFrame());
-    if (dialog.DoModal() != IDOK)
+    if (!m_drawing.database || dialog.DoModal() != IDOK)
         return;
     AskedFilm asked = m_form->GetFilm();
     asked.file = dialog.GetPathName();

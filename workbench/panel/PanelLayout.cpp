@@ -125,6 +125,7 @@ void AnalysisPanel::Join() {
     connect(m_reportAction, &QAction::triggered, this, [this] { MakeReport(); });
     connect(m_filmAction, &QAction::triggered, this, [this] { MakeFilm(); });
     m_files->m_onReport = [this] { MakeReport(); };
+    m_files->m_onLinesReport = [this] { MakeLinesReport(); };
     m_files->m_onFilm = [this] { MakeFilm(); };
     m_files->m_complain = [this](const CString& text) { m_complain(text); };
     connect(m_runButton, &QPushButton::clicked, this, [this] { RunWindows(); });
@@ -183,7 +184,7 @@ void AnalysisPanel::Retranslate() {
     m_failing->setText(ShownSay(L"只看不达标"));
     m_project->setText(ShownSay(L"显示方案，按有方案时的时数"));
     m_table->setAccessibleName(ShownSay(L"窗的列表"));
-    m_state->setAccessibleName(ShownSay(L"结果是否过时"));
+    m_state->setAccessibleDescription(ShownSay(L"结果是否过时"));
     m_form->Retranslate();
     m_model.Retranslate();
     m_day->Retranslate();

@@ -15,10 +15,13 @@ ResultFiles::ResultFiles(QWidget* parent)
       m_open(QDesktopServices::openUrl),
       m_report(new QPushButton(this)),
       m_film(new QPushButton(this)),
+      m_lines(new QPushButton(this)),
       m_made(new QLabel(this)),
       m_opener(new QPushButton(this)) {
     m_report->setObjectName("MakeReport");
     m_film->setObjectName("MakeFilm");
+    m_lines->setObjectName("MakeLinesReport");
+    m_lines->hide();
     m_made->setObjectName("MadeFile");
     m_made->setTextFormat(Qt::PlainText);
     m_made->setWordWrap(true);
@@ -29,11 +32,13 @@ ResultFiles::ResultFiles(QWidget* parent)
     rows->setVerticalSpacing(4);
     rows->addWidget(m_report, 0, 0);
     rows->addWidget(m_film, 0, 1);
-    rows->addWidget(m_made, 1, 0);
-    rows->addWidget(m_opener, 1, 1);
+    rows->addWidget(m_lines, 1, 0, 1, 2);
+    rows->addWidget(m_made, 2, 0);
+    rows->addWidget(m_opener, 2, 1);
     rows->setColumnStretch(0, 1);
     rows->setColumnStretch(1, 1);
     connect(m_report, &QPushButton::clicked, this, [this] { m_onReport(); });
+    connect(m_lines, &QPushButton::clicked, this, [this] { m_onLinesReport(); });
     connect(m_film, &QPushButton::clicked, this, [this] { m_onFilm(); });
     connect(m_opener, &QPushButton::clicked, this, [this] { Open(); });
     SetReady(false);
@@ -43,6 +48,10 @@ ResultFiles::ResultFiles(QWidget* parent)
 void ResultFiles::SetReady(bool isReady) {
     m_report->setEnabled(isReady);
     m_film->setEnabled(isReady);
+}
+
+void ResultFiles::SetHasLines(bool hasLines) {
+    m_lines->setVisible(hasLines);
 }
 
 // Long paths have no blanks to break a line at: the rest of it stands in the tooltip.
@@ -69,9 +78,11 @@ void ResultFiles::Open() const {
 void ResultFiles::Retranslate() {
     m_report->setText(ShownSay(L"报告(&R)..."));
     m_report->setToolTip(ShownSay(L"把结果写成一份可以打印的报告（Ctrl+R）"));
+    m_lines->setText(ShownSay(L"等时线的报告(&G)..."));
+    m_lines->setToolTip(ShownSay(L"重新画等时线，并把场地的日照写成一份报告"));
     m_film->setText(ShownSay(L"录像(&M)..."));
     m_film->setToolTip(ShownSay(L"从视图现在的方向把这一天录成动画（Ctrl+M）"));
     m_opener->setText(ShownSay(L"打开(&E)"));
     m_opener->setToolTip(ShownSay(L"用浏览器或播放器打开，报告可以在那里打印"));
-    m_made->setAccessibleName(ShownSay(L"最近写出的文件"));
+    m_made->setAccessibleDescription(ShownSay(L"最近写出的文件"));
 }

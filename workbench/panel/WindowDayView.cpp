@@ -69,7 +69,7 @@ void WindowDayView::Retranslate() {
     m_timeLabel->setText(ShownSay(L"太阳时刻(&T)"));
     m_time->setAccessibleName(ShownSay(L"真太阳时"));
     m_time->setToolTip(ShownSay(L"真太阳时：看这时谁遮住太阳"));
-    m_momentText->setAccessibleName(ShownSay(L"这时的太阳"));
+    m_momentText->setAccessibleDescription(ShownSay(L"这时的太阳"));
     m_line->Retranslate();
     ShowTexts();
     ShowMoment();

@@ -1,11 +1,11 @@
-"""The program on a display of the test's own."""
+"""The window on a display of the test's own, with mouse and keys."""
 import os
 import shutil
 import subprocess
 import time
 import unittest
 
-from orvo_program import PROGRAM, ProgramTest
+from orvo_program import OK, PROGRAM, ProgramTest
 
 SUPPRESSIONS = os.path.join(os.path.dirname(__file__), "../../support/window.supp")
 
@@ -49,3 +49,12 @@ class DisplayTest(ProgramTest):
                 return found.stdout.split()[0]
             time.sleep(0.1)
         self.fail(f"no window “{title}”")
+
+    def type_line(self, window, line):
+        self.xdotool("windowfocus", "--sync", window)
+        self.xdotool("type", "--delay", "20", line)
+        self.xdotool("key", "Return")
+
+    def ends_well(self, process):
+        out, err = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, out), (OK, b""), err.decode())

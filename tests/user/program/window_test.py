@@ -31,15 +31,6 @@ class WithoutDisplay(ProgramTest):
 
 
 class WithDisplay(DisplayTest):
-    def type_line(self, window, line):
-        self.xdotool("windowfocus", "--sync", window)
-        self.xdotool("type", "--delay", "20", line)
-        self.xdotool("key", "Return")
-
-    def ends_well(self, process):
-        out, err = process.communicate(timeout=60)
-        self.assertEqual((process.returncode, out), (OK, b""), err.decode())
-
     def count_on_screen(self, red, green, blue):
         """How many pixels of the screen have this colour."""
         with open(os.path.join(self.home, "Xvfb_screen0"), "rb") as screen:
