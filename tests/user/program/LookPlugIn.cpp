@@ -18,6 +18,11 @@ namespace {
 void Tell(QAccessibleInterface& seen, QJsonArray& all) {
     if (seen.state().invisible)
         return;
+    // As long as the desktop has no reader, tables do not notice what changes in them.
+    if (QAccessibleTableInterface* table = seen.tableInterface()) {
+        QAccessibleTableModelChangeEvent anew(seen.object(), QAccessibleTableModelChangeEvent::ModelReset);
+        table->modelChange(&anew);
+    }
     const QRect place = seen.rect();
     all.append(QJsonObject{{"role", static_cast<int>(seen.role())},
                            {"name", seen.text(QAccessible::Name)},

@@ -67,6 +67,7 @@ class Panel(DisplayTest):
         answer = self.ok("analyse", COURTYARD, "--need", "2", "--json", **ENGLISH).json()
         failing = [window for window in answer["windows"] if window["verdict"] == "fail"]
         self.assertTrue(failing)
+        names = [window["name"] for window in answer["windows"]]
         process = self.start("--plugin", LOOK, "--language", "en", "window", COURTYARD)
         window = self.wait_for("^courtyard.dxf - orvo$")
         self.xdotool("windowmove", "--sync", window, "0", "0", "windowsize", "--sync", window, "1270", "880",
@@ -77,8 +78,9 @@ class Panel(DisplayTest):
         self.until_seen(lambda each: each["name"].startswith("Windows: ") and f"failing: {len(failing)}" in each["name"])
         self.click(self.middle(self.seen("Only failing")))
         shown = [f"{one['name']} ({one['handle']})" for one in failing]
-        cells = [each for each in self.look() if each["name"] in shown]
-        self.assertEqual([each["name"] for each in cells], shown)
+        cells = [each for each in self.look() if "(" in each["name"] and each["name"].split(" (")[0] in names]
+        self.assertTrue(cells)
+        self.assertEqual([each["name"] for each in cells], shown[:len(cells)])  # no others, and as many as there is room
         self.click(self.middle(cells[0]))
         self.until_seen(lambda each: each["name"].startswith(shown[0]) and "fail" in each["name"])
         hidden = max(failing[0]["hidden"], key=lambda one: one["end"] - one["start"])
@@ -91,7 +93,11 @@ class Panel(DisplayTest):
         dialog = self.wait_for("^Choose a Folder$")
         self.xdotool("windowfocus", "--sync", dialog)
         self.xdotool("type", "--delay", "10", os.path.join(self.home, "mine"))
-        self.xdotool("key", "Return")
+        deadline = time.monotonic() + 60
+        while self.xdotool("search", "--onlyvisible", "--name", "^Choose a Folder$").returncode == 0:
+            self.assertLess(time.monotonic(), deadline)
+            self.xdotool("key", "Return")  # the first one may close the list of what could be meant
+            time.sleep(0.3)
         page = os.path.join(self.home, "mine", "index.html")
         self.until_seen(lambda each: "mine/index.html" in each["name"])
         self.type_line(window, "quit")
