@@ -3,7 +3,7 @@
 
 #include "platform/base/Api.h"
 
-// An object with an identity, which is asked for what else it is by its class.
+// An object with an identity, not a value.
 class ORVO_API AcRxObject {
 public:
     // For those who derive from it.

@@ -9,7 +9,7 @@
 #include "platform/host/AcRxObject.h"
 #include "platform/host/ErrorStatus.h"
 
-// What a command runs, in the host's own thread. It must not throw.
+// What a command runs, in the thread of the user interface.
 using AcRxFunctionPtr = void (*)();
 
 // One command: its name as the user types it and the function that it runs.

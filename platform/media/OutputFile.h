@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// The file that is open is this object's. Failures leave why in errno.
+// The file that is open is this object's.
 class OutputFile {
 public:
     // Not open.

@@ -19,14 +19,14 @@ public:
     QcUiGridCell(QcUiGridRow* row, int column, GridKeeper* keeper = nullptr)
         : m_row(row), m_column(column), m_keeper(keeper) {}
 
-    // As it is shown, on one line.
+    // What SetText put there last; empty at first.
     const CString& GetText() const { return m_text; }
     // Shown at once when the row is in a grid.
     void SetText(const wchar_t* text);
     // Bits of QCGRID_CELL_...; 0 at first.
     DWORD GetStyle() const { return m_style; }
     void SetStyle(DWORD style);
-    // Where it stands: never null, and from 0.
+    // The row and the column that it was made for.
     QcUiGridRow* GetRow() const { return m_row; }
     int GetColumn() const { return m_column; }
     // The grid that the row is in; null while it is in none.
