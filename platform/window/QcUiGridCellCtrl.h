@@ -18,15 +18,14 @@ public:
     QcUiGridCellCtrl(const QcUiGridCellCtrl&) = delete;
     QcUiGridCellCtrl& operator=(const QcUiGridCellCtrl&) = delete;
 
-    virtual CWnd* GetWnd() = 0;  // 1: the editor's own window
-    virtual bool Create(
-        const RECT& cellRect) = 0;            // 2: makes the window over the cell, in pixels of the grid; false: none
-    virtual bool IsModified() = 0;            // 3: whether the user has changed the text
-    virtual void GetText(CString& text) = 0;  // 4: copies the text out
-    virtual bool IsCaretAtBegin() = 0;        // 5: then the left arrow may leave for the cell before
-    virtual bool IsCaretAtEnd() = 0;          // 6: then the right arrow may leave for the next cell
-    virtual bool WantsArrowKeys() = 0;        // 7: whether left and right move within the editor first
-    virtual bool CanEndEdit() = 0;            // 8: whether the text may be taken as it is
+    virtual CWnd* GetWnd() = 0;                     // 1: the editor's own window
+    virtual bool Create(const RECT& cellRect) = 0;  // 2: makes its window over the cell, in the grid's pixels
+    virtual bool IsModified() = 0;                  // 3: whether the user has changed the text
+    virtual void GetText(CString& text) = 0;        // 4: copies the text out
+    virtual bool IsCaretAtBegin() = 0;              // 5: then the left arrow may leave for the cell before
+    virtual bool IsCaretAtEnd() = 0;                // 6: then the right arrow may leave for the next cell
+    virtual bool WantsArrowKeys() = 0;              // 7: whether left and right move within the editor first
+    virtual bool CanEndEdit() = 0;                  // 8: whether the text may be taken as it is
     virtual void SetModified(bool modified) = 0;    // 9: as if the user had, or had not
     virtual void SetText(const wchar_t* text) = 0;  // 10: shows another text
 

@@ -89,10 +89,8 @@ inline constexpr UINT PSM_UNCHANGED = 0x046D;  // nothing is, any more
 inline constexpr UINT WM_APP = 0x8000;
 
 // Edits.
-inline constexpr UINT EM_GETSEL =
-    0x00B0;  // wParam, lParam: DWORD* for start and end, null for none; gives both in two words
-inline constexpr UINT EM_SETSEL =
-    0x00B1;  // wParam: start, -1 for no selection; lParam: end, -1 for the end of the text
+inline constexpr UINT EM_GETSEL = 0x00B0;  // wParam, lParam: DWORD* for start and end, or null; gives both in two words
+inline constexpr UINT EM_SETSEL = 0x00B1;  // wParam: start, -1 for none; lParam: end, -1 for the end of the text
 inline constexpr UINT EM_SETRECT = 0x00B3;      // lParam: const RECT*, in pixels of the edit
 inline constexpr UINT EM_SCROLLCARET = 0x00B7;  // does nothing here: the caret is always in sight
 inline constexpr UINT EM_GETMODIFY = 0x00B8;    // gives whether the text was changed
