@@ -8,10 +8,11 @@ The headers are written with plain comments:
 * one behind a declaration is about that, with the lines below that begin in the same column;
 * the file's first class has the file's, unless it has one of its own.
 
-What is private is left out, and so is where a template's member is defined. Headings (// ---- Like this. ----) are for readers of the source only, and so is what stands in the body of a function or
-above forward declarations, friends, using-declarations and calls of macros. Nobody need say of a copy that is deleted or
-defaulted what it is. What overrides has the comment of what it overrides, unless it has one of its own. A destructor
-and the answer to a message (afx_msg) without a comment are left out: nobody calls them, and they do what one expects.
+What is private is left out, and so is where a template's member is defined. Headings (// ---- Like this. ----) are for
+readers of the source only, and so is what stands in the body of a function or above forward declarations, friends,
+using-declarations and calls of macros. Nobody need say of a copy that is deleted or defaulted what it is. What overrides
+has the comment of what it overrides, unless it has one of its own. A destructor and the answer to a message (afx_msg)
+without a comment are left out: nobody calls them, and they do what one expects.
 
 usage: tools/doc_comments.py HEADER      prints it
        tools/doc_comments.py --shared HEADER...      lists the declarations that have another one's comment
@@ -27,7 +28,8 @@ ACCESS = re.compile(r"(?:^|\)\s+)(public|protected|private):$")
 HEADING = re.compile(r"^(-{4} .* -{4}|clang-format (on|off)|NOLINT\w*.*)$")
 # What has no comment of its own in the reference.
 PASSED_OVER = re.compile(r"^(template <[^>]*> )?((class|struct|union|enum( class)?)\s+[\w:]+( : \w+)?;|friend\b"
-                         r"|using\s+[\w:<>,* ]+(=|\[\]|<<)?;$|[A-Z0-9]+_[A-Z_0-9]+\(.*\)?;?$|(extern )?template (class|struct)\b|})")
+                         r"|using\s+[\w:<>,* ]+(=|\[\]|<<)?;$|[A-Z0-9]+_[A-Z_0-9]+\(.*\)?;?$"
+                         r"|(extern )?template (class|struct)\b|})")
 # A template's member, told again where it is defined.
 DEFINITION = re.compile(r"^(template <[^>]*> )+[^(=]*\w<[\w, ]+>::(~?\w+|operator\S+?) ?\(")
 ONE_LINE_ENUM = re.compile(r"^enum\b[^{;]*{ *(\w[^}]*?) *}")
@@ -253,9 +255,7 @@ class Converter:
             self.shared = None
         elif line.is_declaration:
             return self.convert_declaration(i, has_own=False)
-        elif ACCESS.match(line.bare):
-            self.shared = None
-        elif line.opens:
+        elif ACCESS.match(line.bare) or line.opens:
             self.shared = None
         return i + 1
 
@@ -348,11 +348,13 @@ class Converter:
 
     def convert_trailing(self, first):
         end = first + 1
-        while end < len(self.lines) and self.lines[end].is_comment and self.lines[end].column == self.lines[first].column:
+        column = self.lines[first].column
+        while end < len(self.lines) and self.lines[end].is_comment and self.lines[end].column == column:
             end += 1
         texts = paragraphs(self.lines[i].comment for i in range(first, end))
         for i, text in zip(range(first, end), texts):
-            self.made[i] = self.made[i][:len(self.made[i]) - len(self.lines[i].text)] + self.lines[i].code + "///< " + text
+            line = self.lines[i]
+            self.made[i] = self.made[i].removesuffix(line.text) + line.code + "///< " + text
         return end
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The reference of the public headers: how their comments are read, that it can be made without a warning or a dead link,
-and that what has no comment is told."""
+"""The reference of the public headers: how their comments are read, that it can be made without a warning or a dead
+link, and that what has no comment is told."""
 import os
 import re
 import subprocess
@@ -49,7 +49,8 @@ class Comments(unittest.TestCase):
 
     def test_a_comment_of_its_own_ends_that(self):
         self.becomes("// degrees\ndouble a();\ndouble b();  // hours\n// metres\ndouble c();\ndouble d();\n",
-                     "/// degrees\ndouble a();\ndouble b();  ///< hours\n/// metres\ndouble c();\n/** metres */ double d();\n")
+                     "/// degrees\ndouble a();\ndouble b();  ///< hours\n/// metres\ndouble c();\n"
+                     "/** metres */ double d();\n")
 
     def test_one_behind_comes_before_one_above(self):
         self.becomes("// of a day\nint a;  // hours\nint b;  // minutes\n",
@@ -63,7 +64,8 @@ class Comments(unittest.TestCase):
 
     def test_one_behind_goes_on_in_its_column(self):
         self.becomes("enum A {\n    kOne,  // the first,\n           // which counts\n    kTwo   // the last\n};\n",
-                     "enum A {\n    kOne,  ///< the first,\n           ///< which counts\n    kTwo   ///< the last\n};\n")
+                     "enum A {\n    kOne,  ///< the first,\n           ///< which counts\n"
+                     "    kTwo   ///< the last\n};\n")
         self.becomes("int a;  // hours\n// degrees\nint b;\n", "int a;  ///< hours\n/// degrees\nint b;\n")
 
     def test_what_stands_in_a_function_is_for_its_readers(self):
@@ -71,9 +73,11 @@ class Comments(unittest.TestCase):
                      "/// gives 1\ninline int One() {\n    // why not\n    int one = 1;  // so\n    return one;\n}\n")
         self.becomes("// days\nconst int kDays[] = {\n    31,  // January\n    28,\n};\n// next\nint b;\n",
                      "/// days\nconst int kDays[] = {\n    31,  // January\n    28,\n};\n/// next\nint b;\n")
-        self.becomes("struct A {\n    // by value\n    bool operator==(const A& b) const { return !(*this != b); }\n    // next\n"
+        self.becomes("struct A {\n    // by value\n"
+                     "    bool operator==(const A& b) const { return !(*this != b); }\n    // next\n"
                      "    int b;\n};\n",
-                     "struct A {\n    /// by value\n    bool operator==(const A& b) const { return !(*this != b); }\n    /// next\n"
+                     "struct A {\n    /// by value\n"
+                     "    bool operator==(const A& b) const { return !(*this != b); }\n    /// next\n"
                      "    int b;\n};\n")
 
     def test_headings_and_what_names_nothing_new_have_none(self):
@@ -81,16 +85,19 @@ class Comments(unittest.TestCase):
         self.stays("// clang-format off\n#define A 1\n")
         self.stays("// of another header\nclass Day;\n")
         self.stays("// of another header\ntemplate <class T>\nclass Day;\n")
-        self.stays("struct A : B {\n    // both\n    using B::B;\n    using B::operator=;\n    // sees all\n    friend class C;\n"
-                   "    DECLARE_MAP()\n};\n")
+        self.stays("struct A : B {\n    // both\n    using B::B;\n    using B::operator=;\n    // sees all\n"
+                   "    friend class C;\n    DECLARE_MAP()\n};\n")
         self.becomes("// what it is made of\nusing Node = int;\n", "/// what it is made of\nusing Node = int;\n")
 
     def test_what_overrides_does_not_take_the_comment_above(self):
-        self.becomes("struct A : B {\n    // gives nothing\n    void One();\n    void Two() override;\n    int Three() final { return 3; }\n};\n",
-                     "struct A : B {\n    /// gives nothing\n    void One();\n    void Two() override;\n    int Three() final { return 3; }\n};\n")
+        self.becomes("struct A : B {\n    // gives nothing\n    void One();\n    void Two() override;\n"
+                     "    int Three() final { return 3; }\n};\n",
+                     "struct A : B {\n    /// gives nothing\n    void One();\n    void Two() override;\n"
+                     "    int Three() final { return 3; }\n};\n")
 
     def test_what_speaks_for_itself(self):
-        self.becomes("struct A {\n    // empty\n    A();\n    ~A();\n    A(const A&) = delete;\n    A& operator=(A&&) noexcept = default;\n};\n",
+        self.becomes("struct A {\n    // empty\n    A();\n    ~A();\n    A(const A&) = delete;\n"
+                     "    A& operator=(A&&) noexcept = default;\n};\n",
                      "struct A {\n    /// empty\n    A();\n    /** @cond */ ~A(); /** @endcond */\n"
                      "    /** Deleted: objects of this class are not copied. */ A(const A&) = delete;\n"
                      "    /** Member by member. */ A& operator=(A&&) noexcept = default;\n};\n")
@@ -101,14 +108,15 @@ class Comments(unittest.TestCase):
                      "/// a day\n/// @file\n/** a day */ struct A {\n};\nstruct B {\n};\n")
 
     def test_what_is_private_is_left_out(self):
-        self.becomes("class A {\npublic:\n    int a;  // hours\n\nprivate:\n    struct B {\n        int b;\n    };\n    int m_c;  // own\n};\nint d;\n",
+        self.becomes("class A {\npublic:\n    int a;  // hours\n\nprivate:\n    struct B {\n        int b;\n"
+                     "    };\n    int m_c;  // own\n};\nint d;\n",
                      "class A {\npublic:\n    int a;  ///< hours\n\nprivate:\n\n\n\n\n};\nint d;\n")
-
         self.becomes("class A {\nprotected:\n    DECLARE_MAP()\n\nprivate:\n    int m_c;\n};\n",
                      "class A {\nprotected:\n    DECLARE_MAP()\n\nprivate:\n\n};\n")
 
     def test_a_template_is_told_once(self):
-        self.becomes("// more of them\ntemplate <class T>\nvoid List<T>::Grow(int n) {\n    Add(n);\n}\n\n// next\nint b;\n",
+        self.becomes("// more of them\ntemplate <class T>\nvoid List<T>::Grow(int n) {\n    Add(n);\n}\n\n"
+                     "// next\nint b;\n",
                      "// more of them\n\n\n\n\n\n/// next\nint b;\n")
 
     def test_words_mean_themselves(self):
@@ -119,8 +127,10 @@ class Comments(unittest.TestCase):
                      "/// %Place of a Place. %Place it. CString too. Place() gives\n/// Place.\nint a;\n")
 
     def test_code_and_lists_stay_what_they_are(self):
-        self.becomes("// As follows:\n//\n//     a <b> * c\n//\n//   A        B * C\n//\n// - one\n//   of two\n//   2. two\n// 24. of May\nint a;\n",
-                     "/// %As follows:\n///\n///         a <b> * c\n///\n///       A        B * C\n///\n/// - one\n///   of two\n///   2. two\n"
+        self.becomes("// As follows:\n//\n//     a <b> * c\n//\n//   A        B * C\n//\n// - one\n//   of two\n"
+                     "//   2. two\n// 24. of May\nint a;\n",
+                     "/// %As follows:\n///\n///         a <b> * c\n///\n///       A        B * C\n///\n"
+                     "/// - one\n///   of two\n///   2. two\n"
                      "/// 24\\. of May\nint a;\n")
 
     def test_no_header_of_the_tree_gains_or_loses_a_line(self):
@@ -184,9 +194,11 @@ class Reference(unittest.TestCase):
         self.assertRegex(self.refused(), r"^facts/Day\.h:7: .*Shorten\(double hours\).* is not documented")
 
     def test_members_enumerators_and_macros_are_asked_for_too(self):
-        for text, name in [("// A day.\nstruct Day {\n    int year;\n};\n", "year"), ("// A day.\nstruct Day {\n};\nstruct Week {\n    // Which one.\n    int number;\n};\n", "Week"),
+        for text, name in [("// A day.\nstruct Day {\n    int year;\n};\n", "year"), ("// A day.\nstruct Day {\n"
+                            "};\nstruct Week {\n    // Which one.\n    int number;\n};\n", "Week"),
                            ("// A kind.\nenum Kind {\n    kShort\n};\n", "kShort"),
-                           ("// A kind.\nenum class Kind { kLong, kShort };\n", "kLong, kShort"), ("#define LONGEST 24\n", "LONGEST"),
+                           ("// A kind.\nenum class Kind { kLong, kShort };\n"
+                            "", "kLong, kShort"), ("#define LONGEST 24\n", "LONGEST"),
                            ("// A day.\nclass Day {\nprotected:\n    void Turn();\n};\n", "Turn"),
                            ("// A day.\ntemplate <class T>\nstruct Day {\n    T Turn();\n};\n", "Turn")]:
             with self.subTest(name=name):
