@@ -43,12 +43,12 @@ struct OccluderSet {
     // By entity; both are empty unless something is of a project.
     std::vector<bool> proposed;          // whether it is of the project
     std::vector<std::uint32_t> drawnAs;  // the first entity that is the same one of the drawing
-    // How many closed bodies there are, and how many sets of loose faces that share corners.
-    int bodyCount = 0;
-    int joinedCount = 0;
+    int bodyCount = 0;                   // how many closed bodies there are
+    int joinedCount = 0;                 // how many sets of loose faces that share corners
 
-    // Whether an entity is of the project; the first entity that is the same one of the drawing.
+    // Whether an entity is of the project.
     bool IsProposed(std::uint32_t entity) const { return !proposed.empty() && proposed[entity]; }
+    // The first entity that is the same one of the drawing.
     std::uint32_t DrawnAs(std::uint32_t entity) const { return drawnAs.empty() ? entity : drawnAs[entity]; }
 };
 

@@ -11,11 +11,12 @@ struct Place;
 // The current place: name, and record with the database's own texts (RecordOf).
 ORVO_API void SetPlace(OrvoDataSet& settings, const Place& place);
 
-// The settings' own day; their start and end as an angle and in whole numbers (minutes since midnight, 0 to 1440);
-// their step in minutes. No number is checked.
+// The settings' own day, unchecked.
 ORVO_API void SetOwnDay(OrvoDataSet& settings, const CalendarDay& day);
+// The settings' start and end, each as an angle and in whole numbers: minutes since midnight, 0 to 1440, unchecked.
 ORVO_API void SetOwnStart(OrvoDataSet& settings, int minutes);
 ORVO_API void SetOwnEnd(OrvoDataSet& settings, int minutes);
+// The settings' step in minutes, unchecked.
 ORVO_API void SetOwnStep(OrvoDataSet& settings, int minutes);
 
 // The same for the settings and their current standard, where there is one.

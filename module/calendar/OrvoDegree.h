@@ -35,10 +35,12 @@ public:
     // Keeps the value and splits it.
     void setDegree(double value);
 
-    // The split as it stands; the decimal value, twice; the value in radians.
+    // The split as it stands.
     void getDegree(int& degree, int& minute, int& second) const;
+    // The value, in decimal degrees or hours.
     void getDegree(double& value) const { value = m_dValue; }
     double getDegree() const { return m_dValue; }
+    // The value in radians, where it is one of degrees.
     double getRadian() const;
 
     // As a clock shows it: 08:30'00" with seconds, or 08:30, where 30 seconds and more count as a further minute.

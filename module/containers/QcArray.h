@@ -44,14 +44,18 @@ public:
         m_nLength = 0;
     }
 
-    // How many elements there are; the last one's index, -1 in an empty array; whether an index names an element.
+    // How many elements there are.
     long GetLength() const { return m_nLength; }
+    // The last element's index, -1 in an empty array.
     long GetMaxIndex() const { return GetLength() - 1; }
+    // Whether there is no element.
     bool IsEmpty() const { return m_nLength == 0; }
+    // Whether an index names an element.
     bool IsValidIndex(long i) const { return i >= 0 && i < m_nLength; }
 
-    // The buffer, null when there is none; the i-th element, null when there is none.
+    // The first element, behind which the others lie; it stays the array's. Null when there is none.
     T* GetDataBuffer() const { return m_pData; }
+    // The i-th element, null when there is none.
     T* GetAt(long i) const { return IsValidIndex(i) ? m_pData + i : nullptr; }
     // False when i names no element.
     bool SetAt(long i, const T& x) {

@@ -42,12 +42,10 @@ public:
     virtual T& GetCurData() = 0;
     // Replaces the current element; nothing when the cursor is out.
     virtual void SetCurData(const T& x) = 0;
-    // To the first element, a step forward (from the last one out), a step back (from the first one out), to the last
-    // element.
-    virtual void MoveToFirst() = 0;
-    virtual void MoveToNext() = 0;
-    virtual void MoveToPre() = 0;
-    virtual void MoveToLast() = 0;
+    virtual void MoveToFirst() = 0;  // out in an empty container
+    virtual void MoveToNext() = 0;   // a step forward: from the last element out, from out to the first
+    virtual void MoveToPre() = 0;    // a step back: from the first element out, from out to the last
+    virtual void MoveToLast() = 0;   // out in an empty container
     // To the element at an index; out when i names none.
     virtual void MoveTo(long i) = 0;
     // Access that leaves the cursor alone. operator[] gives a default element that is nobody's when i names none; the
@@ -65,11 +63,12 @@ public:
         MoveTo(i);
         InsertCur(x);
     }
-    // Puts x before the first element, or behind the last one.
+    // Puts x before the first element.
     virtual void InsertHead(const T& x) {
         MoveToFirst();
         InsertCur(x);
     }
+    // Puts x behind the last element.
     virtual void Append(const T& x) {
         MoveToLast();
         InsertAfterCur(x);
@@ -95,20 +94,24 @@ public:
     virtual void Rotate(long from, long to) = 0;
 
     // ---- Cursor and size. ----
-    // How many elements there are; the last one's index, -1 in an empty container.
+    // How many elements there are.
     long GetLength() const { return static_cast<long>(m_nCount); }
+    // The last element's index, -1 in an empty container.
     long GetMaxIndex() const { return GetLength() - 1; }
-    // Whether there is no element; whether an index names one.
+    // Whether there is no element.
     bool IsEmpty() const { return GetLength() == 0; }
+    // Whether an index names an element.
     bool IsValidIndex(long i) const { return i >= 0 && i < GetLength(); }
     // The cursor's index, -1 when it is out.
     long GetCurPos() const { return static_cast<long>(m_nCur); }
-    // Whether the cursor is on the first element, or out: IsEnd ends a walk.
+    // Whether the cursor is on the first element.
     bool IsBegin() const { return GetCurPos() == 0; }
+    // Whether the cursor is on no element; IsEnd is the same, for the end of a walk.
     bool IsOut() const { return static_cast<int>(m_nCur) < 0; }
     bool IsEnd() const { return IsOut(); }
-    // Moves the cursor where the name says, if anywhere, and gives the element there; as GetCurData.
+    // As GetCurData.
     T& GetCur() { return GetCurData(); }
+    // Moves the cursor to the first or last element, or to the one at an index, and gives it as GetCurData does.
     T& First() {
         MoveToFirst();
         return GetCurData();

@@ -13,11 +13,12 @@ public:
     FaceMaterial& operator=(const FaceMaterial&) = default;
     virtual ~FaceMaterial();
 
-    // Red, green, blue and opacity; the shininess's exponent.
+    // Red, green, blue and opacity.
     void SetAmbient(float r, float g, float b, float a);
     void SetDiffuse(float r, float g, float b, float a);
     void SetSpecular(float r, float g, float b, float a);
     void SetEmission(float r, float g, float b, float a);
+    // The exponent.
     void SetShininess(float shininess);
 
     // These copy four floats to out, the caller's.

@@ -79,8 +79,9 @@ public:
     void CancelMaterial() { m_nMaterial = kNoMaterial; }
     // -1 for none.
     int GetMaterialIndex() const { return m_nMaterial; }
-    // Whether the face has a material, and whether it has this one.
+    // Whether the face has a material.
     bool IsMaterialReady() const { return m_nMaterial != kNoMaterial; }
+    // Whether it has this one.
     bool IsThisMaterialIndex(int i) const { return m_nMaterial == i; }
 
     // ---- Normal. ----

@@ -38,8 +38,9 @@ public:
     // library's functions before it closes the library.
     void forget(const std::function<bool(AcRxFunctionPtr)>& isGone);
 
-    // Whether there is a group of this name, and how many there are.
+    // Whether there is a group of this name.
     bool hasGroup(const wchar_t* group) const;
+    // How many groups there are.
     int groupCount() const;
     // The group's name by its index from 0; empty for an index out of range.
     CString groupName(int index) const;

@@ -22,8 +22,9 @@ public:
     // Appends that many zeros.
     void Zeros(std::size_t count) { m_bytes.resize(m_bytes.size() + count); }
 
-    // How many bytes there are, and which.
+    // How many bytes there are.
     std::size_t Size() const { return m_bytes.size(); }
+    // The bytes; they stay this object's.
     const std::vector<std::uint8_t>& Get() const { return m_bytes; }
     // Forgets all bytes.
     void Clear() { m_bytes.clear(); }

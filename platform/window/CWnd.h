@@ -56,8 +56,9 @@ public:
     // Attaches to a control of a dialog, which then sends its messages through this object's maps. False
     // as for Attach, and for an unknown number.
     BOOL SubclassDlgItem(UINT id, CWnd* parent);
-    // Attach, followed by PreSubclassWindow; and Detach under another name.
+    // Attach, followed by PreSubclassWindow.
     BOOL SubclassWindow(HWND window);
+    // Detach under another name.
     HWND UnsubclassWindow();
     // Sends WM_DESTROY to the window and everything in it, and destroys it. A window whose own handler is running goes
     // when that is over.
@@ -72,6 +73,7 @@ public:
     // A title, a label, what an edit holds.
     void SetWindowText(const wchar_t* text);
     void GetWindowText(CString& text) const;
+    // Its length in units.
     int GetWindowTextLength() const;
     // WS_ and control bits the window was made with; WS_VISIBLE and WS_DISABLED as they are now.
     DWORD GetStyle() const;
@@ -106,8 +108,9 @@ public:
     // ---- Controls of a dialog, by number. ----
     // As FromHandle; null for an unknown number.
     CWnd* GetDlgItem(int id) const;
-    // The control's text. An unknown number is passed over, and gives an empty text and 0; else its length.
+    // The control's text; an unknown number is passed over.
     void SetDlgItemText(int id, const wchar_t* text);
+    // The same the other way round: copies the text and gives its length in units; 0 for an unknown number.
     int GetDlgItemText(int id, CString& text) const;
     // BST_CHECKED or BST_UNCHECKED of a check box or radio button; 0 for an unknown number.
     void CheckDlgButton(int id, UINT check);

@@ -45,8 +45,9 @@ public:
     void FitLastColumn();
     // Sets bits, or takes them away; others stay.
     void SetOption(DWORD bits, bool on = true);
-    // All bits; whether one of those of QCGRID_READONLY_MASK is set.
+    // All bits.
     DWORD GetOption() const;
+    // Whether a bit of QCGRID_READONLY_MASK is set.
     bool IsReadOnly() const;
 
     // The window, in pixels of the parent. A placeholder of that number in the parent's template gives its place in the
@@ -79,8 +80,9 @@ public:
     void SetCurCell(QcUiGridRow* row, int column);
     // The active cell; null when there is none.
     QcUiGridCell* GetActiveCell() const;
-    // How many rows are selected, and whether this one is.
+    // How many rows are selected.
     int GetSelRowCount() const;
+    // Whether this row is; false for null.
     bool IsRowSelected(const QcUiGridRow* row) const;
     // Leaves the other rows selected where several may be. The current row stays.
     void SelectRow(QcUiGridRow* row, bool select = true);
@@ -104,8 +106,9 @@ public:
     // How far below the top of its client area an editor begins with its text, beyond where it stands by itself. A
     // derived grid that shows its texts lower supplies its own; by itself 0.
     virtual int GetEditOffset() const;
-    // Shows or hides the frame of the active cell (and whether it is shown), which the focus does otherwise.
+    // Shows or hides the frame of the active cell which the focus does otherwise.
     void ShowActive(bool show);
+    // Whether that frame is shown.
     bool IsActiveShown() const;
 
     // Draws all that is to be seen anew.

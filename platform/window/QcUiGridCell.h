@@ -26,7 +26,7 @@ public:
     // Bits of QCGRID_CELL_...; 0 at first.
     DWORD GetStyle() const { return m_style; }
     void SetStyle(DWORD style);
-    // The row and the column that it was made for.
+    // The row that it was made for, and its column in it, from 0.
     QcUiGridRow* GetRow() const { return m_row; }
     int GetColumn() const { return m_column; }
     // The grid that the row is in; null while it is in none.

@@ -19,8 +19,9 @@ public:
     QcUiGridTreeRow* GetParent() const;
     // From 0, among the rows of the same parent.
     int GetIndexInParent() const { return m_index; }
-    // Whether there are rows under it, and whether it stands under one.
+    // Whether there are rows under it.
     bool IsParentRow() const { return !m_children.empty(); }
+    // Whether it stands under another row.
     bool IsChildRow() const { return GetParent() != nullptr; }
     // Shows or hides the children. Kept for a row that has none yet.
     void Expand(bool expand = true);
