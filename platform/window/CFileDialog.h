@@ -34,6 +34,7 @@ public:
     static void ShowDialogsAgainForTest();
 
 protected:
+    // Whether it is a folder that is asked for; set before DoModal.
     bool m_isFolder = false;
 
 private:
@@ -49,5 +50,6 @@ private:
 // Asks for a folder: one that is there, or the name of a new one in a folder that is there. It is not made.
 class ORVO_API CFolderPickerDialog : public CFileDialog {
 public:
+    // The folder that is shown first; null: the current one. Flags as above; the parent is not owned, and may be null.
     explicit CFolderPickerDialog(const wchar_t* folder = nullptr, DWORD flags = 0, CWnd* parent = nullptr);
 };
