@@ -59,7 +59,9 @@ public:
     SubcommandCall(const SubcommandCall&) = delete;
     SubcommandCall& operator=(const SubcommandCall&) = delete;
 
-    // What an option was given, named by any of its names; nothing when it was left out or there is no such option.
+    // What an option was given, named by one of its names ("--place" or "-p"); nothing when it was left out. An option
+    // that the subcommand's row does not have cannot be asked for: the call then ends as an internal error, by an
+    // exception, here and below.
     virtual std::optional<CString> GetValue(const wchar_t* option) const = 0;
     // Every value of an option that has several; none when it was left out.
     virtual std::vector<CString> GetValues(const wchar_t* option) const = 0;

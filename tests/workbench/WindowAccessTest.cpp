@@ -61,6 +61,8 @@ protected:
             name = button->text();
         if (const auto* tabs = qobject_cast<const QTabBar*>(widget); tabs && name.isEmpty())
             name = tabs->tabText(tabs->currentIndex());
+        if (const auto* text = qobject_cast<const QLabel*>(widget); text && name.isEmpty())
+            name = text->text();
         for (const QLabel* label : m_window->findChildren<QLabel*>())
             if (label->buddy() == widget && name.isEmpty())
                 name = label->text();

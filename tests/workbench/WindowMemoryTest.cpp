@@ -41,7 +41,11 @@ protected:
 
 TEST_F(WindowKeeps, ItsSizeAndPanels) {
     m_window->resize(700, 500);
+    // To the front, and away.
     QTest::keySequence(m_window.get(), QKeySequence("Ctrl+2"));
+    EXPECT_TRUE(Find<QWidget>("PropertyDock")->isVisible());
+    QTest::keySequence(m_window.get(), QKeySequence("Ctrl+2"));
+    EXPECT_FALSE(Find<QWidget>("PropertyDock")->isVisible());
     Restart();
     EXPECT_EQ(m_window->size(), QSize(700, 500));
     EXPECT_FALSE(Find<QWidget>("PropertyDock")->isVisible());

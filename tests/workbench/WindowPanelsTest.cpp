@@ -151,8 +151,8 @@ TEST_F(WindowPanels, KeepWhatWasChosenOverAReloadAndNotForAnotherDrawing) {
 }
 
 TEST_F(WindowPanels, AreShownAndHiddenByTheirKeys) {
-    const auto* dock = Find<QDockWidget>("LayerDock");
-    EXPECT_TRUE(dock->isVisible());
+    auto* dock = Find<QDockWidget>("LayerDock");
+    dock->raise();
     QTest::keySequence(m_window.get(), QKeySequence("Ctrl+1"));
     EXPECT_FALSE(dock->isVisible());
     QTest::keySequence(m_window.get(), QKeySequence("Ctrl+1"));

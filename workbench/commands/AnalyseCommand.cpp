@@ -204,7 +204,7 @@ Subcommand AnalyseSubcommand() {
                  {call.GetValue(L"--sill"), call.GetValue(L"--window-height"), call.GetValue(L"--storeys")},
                  call.GetValue(L"--write"),
                  AskedFilmOf(call),
-                 AskedReportOf(call)},
+                 AskedReportOf(call, true)},
                 call.GetOutput(), call.GetProgress());
         },
         Say};

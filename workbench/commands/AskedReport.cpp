@@ -46,9 +46,9 @@ int ReadSkies(const AskedReport& asked, PageRequest& request) {
 
 }  // namespace
 
-AskedReport AskedReportOf(SubcommandCall& call) {
+AskedReport AskedReportOf(SubcommandCall& call, bool hasWindows) {
     return {call.GetValue(L"--report"), call.GetValue(L"--project"), call.GetValue(L"--author"),
-            call.GetValue(L"--report-date"), call.GetValues(L"--sky")};
+            call.GetValue(L"--report-date"), hasWindows ? call.GetValues(L"--sky") : std::vector<CString>()};
 }
 
 void AddReportOptions(std::vector<SubcommandOption>& options, bool hasWindows) {

@@ -17,8 +17,8 @@ struct AskedReport {
     std::optional<CString> date;  // of the report, not of the sun
     std::vector<CString> skies;   // windows by name or handle
 };
-AskedReport AskedReportOf(SubcommandCall& call);
-// Their rows of the host's table; that of skies only where there are windows.
+// What was given, and the rows of the host's table; skies only where there are windows.
+AskedReport AskedReportOf(SubcommandCall& call, bool hasWindows);
 void AddReportOptions(std::vector<SubcommandOption>& options, bool hasWindows);
 
 // What a page begins with.

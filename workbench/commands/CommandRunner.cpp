@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <stdexcept>
 
 #include "platform/base/PlainText.h"
 #include "platform/host/ExitCode.h"
@@ -73,15 +74,29 @@ CString MissingText(const CommandLineModel& model, const Subcommand& row) {
 // The words of a command line, as the subcommand asks for them.
 class Call : public SubcommandCall {
 public:
-    Call(const CommandLineModel& model, Output& output, Progress& progress)
-        : m_model(model), m_output(output), m_progress(progress) {}
-    std::optional<CString> GetValue(const wchar_t* option) const override { return m_model.Value(option); }
-    std::vector<CString> GetValues(const wchar_t* option) const override { return m_model.Values(option); }
-    bool HasFlag(const wchar_t* option) const override { return m_model.HasFlag(option); }
+    Call(const Subcommand& row, const CommandLineModel& model, Output& output, Progress& progress)
+        : m_row(row), m_model(model), m_output(output), m_progress(progress) {}
+    std::optional<CString> GetValue(const wchar_t* option) const override { return m_model.Value(OwnName(option)); }
+    std::vector<CString> GetValues(const wchar_t* option) const override { return m_model.Values(OwnName(option)); }
+    bool HasFlag(const wchar_t* option) const override { return m_model.HasFlag(OwnName(option)); }
     Output& GetOutput() override { return m_output; }
     Progress& GetProgress() override { return m_progress; }
 
 private:
+    // A slip of the pen would answer like an option that was left out, and a wrong answer would come without a word.
+    const wchar_t* OwnName(const wchar_t* option) const {
+        const bool isKnown =
+            std::any_of(m_row.options.begin(), m_row.options.end(), [option](const SubcommandOption& own) {
+                const std::vector<CString> names = own.GetNames();
+                return std::find(names.begin(), names.end(), CString(option)) != names.end();
+            });
+        if (!isKnown)
+            throw std::invalid_argument(ToUtf8(
+                SayFormat(L"子命令 %s 没有名为“%s”的选项，却要读它", m_row.name, Printable(CString(option))).View()));
+        return option;
+    }
+
+    const Subcommand& m_row;
     const CommandLineModel& m_model;
     Output& m_output;
     Progress& m_progress;
@@ -107,7 +122,7 @@ int RunSubcommand(const Subcommand& row, const CommandLineModel& model, WordsFro
     int code = kExitOk;
     {
         TerminalProgress progress;
-        Call call(model, output, progress);
+        Call call(row, model, output, progress);
         code = RunRow(row, call, output);
         signal = progress.GetStopSignal();
     }

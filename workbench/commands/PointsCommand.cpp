@@ -157,7 +157,7 @@ Subcommand PointsSubcommand() {
         [](SubcommandCall& call) {
             return RunPoints({call.GetValue(L"FILE"), call.GetValues(L"--areas"), call.GetValue(L"--spacing"),
                               call.GetValue(L"--level"), AskedDayOf(call), call.HasFlag(L"--csv"),
-                              call.HasFlag(L"--json"), call.GetValue(L"--write"), AskedReportOf(call)},
+                              call.HasFlag(L"--json"), call.GetValue(L"--write"), AskedReportOf(call, false)},
                              call.GetOutput(), call.GetProgress());
         },
         Say};

@@ -161,7 +161,10 @@ void WindowDayView::ShowTexts() {
 void WindowDayView::ShowMoment() {
     const double time = m_moment;
     m_line->SetTime(time);
-    if (m_name.IsEmpty() || !m_isTold)
+    // Without a word in it it would only stop who goes through the window by Tab.
+    const bool hasHours = !m_name.IsEmpty() && m_isTold;
+    m_momentText->setVisible(hasHours);
+    if (!hasHours)
         return m_momentText->clear();
     const SunThen then = SunAt(m_hours, time);
     QString text = Shown(SayFormat(L"北京时间 %s：", ClockText(time + m_offset))).toHtmlEscaped();

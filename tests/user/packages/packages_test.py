@@ -105,7 +105,8 @@ class Packages(unittest.TestCase):
             for name in [*names, *(one for one in folders if os.path.islink(os.path.join(folder, one)))]:
                 file = os.path.relpath(os.path.join(folder, name), PREFIX)
                 if not file.startswith("lib/orvo/plugins/"):   # what tests have put there
-                    installed.add("usr/" + re.sub("^lib/", f"lib/{self.triplet}/", file))
+                    packed_as = file + ".gz" if file.startswith("share/man/") else file
+                    installed.add("usr/" + re.sub("^lib/", f"lib/{self.triplet}/", packed_as))
         self.assertGreater(len(installed), 300)
         self.assertEqual(sorted(installed - set(packed)), [])
 
@@ -115,7 +116,8 @@ class Packages(unittest.TestCase):
                 ("orvo", ["usr/bin/orvo", library + "orvo/OrvoWorkbench.so", "usr/share/orvo/samples/courtyard.dxf",
                           "usr/share/applications/orvo.desktop", "usr/share/icons/hicolor/scalable/apps/orvo.svg",
                           "usr/share/mime/packages/orvo.xml", "usr/share/bash-completion/completions/orvo",
-                          "usr/share/zsh/site-functions/_orvo", "usr/share/doc/orvo/docs/orvo.md"]),
+                          "usr/share/zsh/site-functions/_orvo", "usr/share/doc/orvo/docs/orvo.md",
+                          "usr/share/man/man1/orvo.1.gz", "usr/share/man/zh_CN/man1/orvo-analyse.1.gz"]),
                 ("liborvo", [library + "OrvoDataBase.so.0", library + "orvo/OrvoDataBase.so", library + "libOrvoFacts.so.0",
                              library + "libOrvoAnalysis.so.0", library + "libOrvoPlatform.so.0", "usr/share/orvo/zone.xml",
                              "usr/share/orvo/languages/en.xml"]),

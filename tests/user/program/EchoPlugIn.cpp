@@ -49,7 +49,12 @@ int Echo(SubcommandCall& call) {
     call.GetOutput().Line(L"pair " + Joined(call.GetValues(L"--pair")));
     call.GetOutput().Line(L"tags " + Joined(call.GetValues(L"--tag")));
     call.GetOutput().Line(call.HasFlag(L"--loud") ? L"loud" : L"quiet");
-    call.GetOutput().Line(call.GetValue(L"--nothing") ? L"something" : L"nothing");
+    if (text == L"wrong-value")
+        call.GetValue(L"-c,--color");
+    if (text == L"wrong-values")
+        call.GetValues(L"--tags");
+    if (text == L"wrong-flag")
+        call.HasFlag(L"loud");
     return kExitOk;
 }
 

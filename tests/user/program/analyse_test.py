@@ -424,7 +424,7 @@ class WhatCannotBe(AnalyseTest):
         twice = self.refused(USAGE, "analyse", name, "--height", "Haus=3", "--height", " HAUS =4")
         self.assertIn("图层“HAUS”两个高度", twice.err)
         self.assertIn("--csv 和 --json", self.refused(USAGE, "analyse", name, "--csv", "--json").err)
-        self.assertIn("orvo analyse courtyard.dxf", self.refused(USAGE, "analyse").err)
+        self.assertIn("FILE", self.refused(USAGE, "analyse").err)
         self.refused(USAGE, "analyse", name, "b.dxf")
         self.refused(USAGE, "analyse", name, "--need", "1", "--need", "2")
         self.assertIn("--date", self.refused(USAGE, "analyse", name, "--dat", "2025-1-1").err)

@@ -197,17 +197,6 @@ class BrokenInstallation(ProgramTest):
         return subprocess.run([program, "--version"], capture_output=True, text=True, env=self.environment(),
                               check=True).stdout
 
-    def test_version_and_usage_without_the_libraries(self):
-        version = self.ok("--version").out
-        for name in ("OrvoWorkbench.so", "OrvoDataBase.so"):
-            os.remove(os.path.join(self.prefix, "lib", "orvo", name))
-            for arguments, out in ((["--version"], version), (["--help"], "orvo [--language zh|en] [--plugin FILE] "
-                                                               "[SUBCOMMAND [OPTIONS]]\n")):
-                with self.subTest(missing=name, arguments=arguments):
-                    answer = self.orvo(*arguments)
-                    self.assertEqual((answer.code, answer.out), (0, out))
-                    self.assertIn(name, answer.err, "what is wrong is said all the same")
-
     def test_with_a_module_that_is_no_library(self):
         with open(os.path.join(self.prefix, "lib", "orvo", "OrvoDataBase.so"), "wb") as stream:
             stream.write(b"no library")

@@ -10,7 +10,7 @@ from prompt_test import Terminal
 FOLDER = os.environ["ORVO_PLUGINS"]
 ECHO, ANOTHER, REFUSING = (os.path.join(FOLDER, name + ".so") for name in ("echo", "another", "refusing"))
 CURIOUS = os.path.join(FOLDER, "curious.so")
-QUIET = ["more ", "color <none>", "pair ", "tags ", "quiet", "nothing"]
+QUIET = ["more ", "color <none>", "pair ", "tags ", "quiet"]
 
 
 class PlugIns(ProgramTest):
@@ -32,7 +32,7 @@ class PlugIns(ProgramTest):
                            "--tag=y", "again")
         self.assertEqual(answer.out.splitlines(),
                          ["half an answer", "text <hello>", "more <世界><again>", "color <cobalt>", "pair <1><2>",
-                          "tags <x><y>", "loud", "nothing"])
+                          "tags <x><y>", "loud"])
 
     def test_it_finds_the_settings_that_are_in_force(self):
         """Those that were shipped, where the user's own are damaged."""
@@ -56,6 +56,12 @@ class PlugIns(ProgramTest):
         answer = self.echo("echo", "complain", code=FAILED)
         self.assertEqual(answer.out, "half an answer\n")
         self.assertIn("orvo: echo complains\n", answer.err)
+
+    def test_an_option_that_its_row_does_not_have_is_no_answer(self):
+        for text, name in (("wrong-value", "-c,--color"), ("wrong-values", "--tags"), ("wrong-flag", "loud")):
+            answer = self.echo("echo", text, code=FAILED)
+            self.assertEqual((answer.code, answer.out), (FAILED, ""), answer)
+            self.assertIn(f"内部错误：子命令 echo 没有名为“{name}”的选项", answer.err)
 
     def test_what_it_throws_ends_the_request_alone(self):
         for text, words in (("throw", "内部错误：thrown by echo"), ("throw-number", "内部错误：echo 出错")):
