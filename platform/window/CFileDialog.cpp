@@ -81,7 +81,7 @@ protected:
     void accept() override {
         const QPointer<FileDialog> alive = this;
         if (IsOurs() && IsNewFolder())
-            return QDialog::accept();  // the toolkit takes only those that are there
+            return done(QDialog::Accepted);  // the toolkit itself accepts only those that are there
         if (!IsOurs() || MayAccept()) {
             if (!alive.isNull())
                 QFileDialog::accept();

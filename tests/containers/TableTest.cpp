@@ -1,5 +1,6 @@
 // The table of virtual operations: which slot each one has. And what the module shows of its instantiations.
 #include <dlfcn.h>
+#include <link.h>
 
 #include <cstring>
 
@@ -101,8 +102,19 @@ TEST(VirtualTable, ReachesEachClassesOwnOperations) {
     }
 }
 
+// The module that these tests run with, opened once more, wherever it lies and whatever number stands behind its name.
+void* OpenModule() {
+    void* const program = dlopen(nullptr, RTLD_NOW);
+    const link_map* loaded = nullptr;
+    if (dlinfo(program, RTLD_DI_LINKMAP, static_cast<void*>(&loaded)) == 0)
+        for (; loaded != nullptr; loaded = loaded->l_next)
+            if (std::strstr(loaded->l_name, "/OrvoDataBase.so") != nullptr)
+                return dlopen(loaded->l_name, RTLD_NOW | RTLD_NOLOAD);
+    return nullptr;
+}
+
 TEST(Instantiations, AreExportedByTheModule) {
-    void* const module = dlopen("OrvoDataBase.so", RTLD_NOW | RTLD_NOLOAD);
+    void* const module = OpenModule();
     ASSERT_NE(module, nullptr);
     for (const char* const name : {"_ZTV14QcDynArrayBaseIiE",
                                    "_ZTV14QcDynArrayBaseIcE",

@@ -6,7 +6,7 @@ import sys
 import tempfile
 
 from guide import GUIDE, LOCALES, ROOT, page, pages, read
-from orvo_program import PROGRAM, ProgramTest, main
+from orvo_program import PROGRAM, WITHOUT_LEAKS, ProgramTest, main
 
 SCRIPT = os.path.join(ROOT, "tools", "make-guide-pictures")
 PICTURES = os.path.join(ROOT, "docs", "pictures", "guide")
@@ -27,7 +27,7 @@ class GuidePicturesTest(ProgramTest):
     def setUpClass(cls):
         cls.made = tempfile.TemporaryDirectory()
         cls.addClassCleanup(cls.made.cleanup)
-        environment = dict(os.environ, PYTHONDONTWRITEBYTECODE="1", LC_ALL="C")
+        environment = dict(os.environ, PYTHONDONTWRITEBYTECODE="1", LC_ALL="C", ASAN_OPTIONS=WITHOUT_LEAKS)
         subprocess.run([sys.executable, SCRIPT, PROGRAM, cls.made.name], check=True, env=environment, timeout=300)
 
     def test_the_same_ones_are_made(self):

@@ -6,7 +6,7 @@ import subprocess
 
 from display import DisplayTest
 from guide import LOCALES, page, pages
-from orvo_program import OK, SHIPPED, ProgramTest, main
+from orvo_program import OK, SHIPPED, WITHOUT_LEAKS, ProgramTest, main
 from page_examples import examples, printed_by
 
 WINDOW = "orvo window "
@@ -17,6 +17,9 @@ def examples_of(language):
 
 
 class GuideTest(ProgramTest):
+    def environment(self, **changes):
+        return super().environment(**{"ASAN_OPTIONS": WITHOUT_LEAKS, **changes})
+
     def test_examples_are_true(self):
         for language, locale in LOCALES.items():
             home = self.home

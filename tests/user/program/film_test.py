@@ -12,7 +12,7 @@ import subprocess
 import time
 
 from analyse_test import COURTYARD, STANDARD, AnalyseTest, box, drawing, face, south_window
-from orvo_program import FAILED, OK, PROGRAM, USAGE, main
+from orvo_program import FAILED, OK, PROGRAM, USAGE, WITHOUT_LEAKS, main
 from riff_walk import Avi
 
 WIDTH, HEIGHT = 1280, 720
@@ -26,11 +26,8 @@ MARGIN = 0.95  # of a picture's height that everything fills
 
 
 class FilmTest(AnalyseTest):
-    # No search for leaks at the end: fonts and drivers keep memory, and the search itself can crash over the threads of
-    # the driver that draws. What a film is made of is searched for leaks in the tests of its classes.
     def environment(self, **changes):
-        options = ":".join(filter(None, (os.environ.get("ASAN_OPTIONS"), "detect_leaks=0")))
-        return super().environment(**{"ASAN_OPTIONS": options, **changes})
+        return super().environment(**{"ASAN_OPTIONS": WITHOUT_LEAKS, **changes})
 
     def film(self, *more, entities=TOWN, name="sun.avi", **changes):
         answer = self.orvo("analyse", self.put(drawing(*entities)), "--standard", STANDARD, "--film", name, *more, **changes)

@@ -18,6 +18,9 @@ OK, FAILED, USAGE = 0, 1, 2
 # What runs in the background of a shell ignores interrupts, and the program would inherit that.
 signal.signal(signal.SIGINT, signal.default_int_handler)
 NOBODY = 65534
+# For programs that draw: no search for leaks at the end, since fonts and drivers keep memory, and the search itself can
+# crash over the threads of the driver. What is drawn with is searched for leaks in the tests of its classes.
+WITHOUT_LEAKS = ":".join(filter(None, (os.environ.get("ASAN_OPTIONS"), "detect_leaks=0")))
 
 
 class Answer:
