@@ -382,6 +382,19 @@ TEST_F(AnalysisPanelTest, TurnsTheSunWithTheNorth) {
     EXPECT_EQ(View()->GetSun()->north, 0.0);
 }
 
+TEST_F(AnalysisPanelTest, KeepsAnswerAndChoiceInTheOtherLanguage) {
+    Type("set --standard 国标大寒日");  // of the shipped ones, which tell where their values come from
+    Run();
+    ClickRow(1);
+    const std::optional<std::size_t> chosen = View()->GetChosen();
+    ASSERT_TRUE(chosen);
+    m_window->findChild<QAction*>("LanguageEn")->trigger();
+    EXPECT_FALSE(Find<QLabel>("OutOfDate")->isVisible()) << Text("OutOfDate");
+    EXPECT_EQ(View()->GetChosen(), chosen);
+    EXPECT_EQ(Table()->currentIndex().row(), 1);
+    EXPECT_NE(Text("WindowTitle").find("facing"), std::string::npos) << Text("WindowTitle");
+}
+
 TEST_F(AnalysisPanelTest, HasNamesForScreenReadersInBothLanguages) {
     Run();
     for (const char* language : {"zh", "en"}) {

@@ -19,14 +19,14 @@ constexpr int kSide = 400;
 class CompassRose : public WindowStage {
 protected:
     // What is painted, on a ground of one colour with much room around.
-    static QImage Paint(double azimuth, double altitude, const QColor& ground) {
+    static QImage Paint(double azimuth, double altitude, const QColor& ground, double north = 0.0) {
         ViewCamera camera;
         camera.SetViewport(kSide, kSide);
         camera.Look(azimuth, altitude);
         QImage image(kSide, kSide, QImage::Format_RGB32);
         image.fill(ground);
         QPainter painter(&image);
-        DrawCompassRose(painter, camera, QPointF(kSide / 2.0, kSide / 2.0), kRadius);
+        DrawCompassRose(painter, camera, north, QPointF(kSide / 2.0, kSide / 2.0), kRadius);
         return image;
     }
     // How far from the middle there is anything else than ground.
@@ -73,4 +73,26 @@ TEST_F(CompassRose, HasALabelThatIsReadBeforeDarkAndLightGround) {
         EXPECT_GT(lightest, 180) << "the rim, or the ground";
         EXPECT_LT(darkest, 90) << "the letters, or the ground";
     }
+}
+
+// From above the drawing's y axis is up in the picture, and true north 90 degrees counter-clockwise of it is to the
+// left.
+TEST_F(CompassRose, PointsToTrueNorth) {
+    Language().SetLanguage(L"en");
+    const auto inkBeyondTheRing = [](const QImage& image, const QRect& part) {
+        int count = 0;
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            for (int x = part.left(); x <= part.right(); ++x)
+                count += qGray(image.pixel(x, y)) < 128 ? 1 : 0;
+        return count;
+    };
+    const int ring = static_cast<int>(kRadius) + 3;
+    const QRect above(0, 0, kSide, kSide / 2 - ring);
+    const QRect left(0, 0, kSide / 2 - ring, kSide);
+    const QImage up = Paint(180.0, 90.0, Qt::white);
+    EXPECT_GT(inkBeyondTheRing(up, above), 0);
+    EXPECT_EQ(inkBeyondTheRing(up, left), 0);
+    const QImage turned = Paint(180.0, 90.0, Qt::white, 90.0);
+    EXPECT_EQ(inkBeyondTheRing(turned, above), 0);
+    EXPECT_GT(inkBeyondTheRing(turned, left), 0);
 }

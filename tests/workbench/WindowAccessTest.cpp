@@ -210,6 +210,29 @@ TEST_F(WindowForAll, HasRoomForTheViewOnASmallScreen) {
     EXPECT_FALSE(Find<QDockWidget>("AnalysisDock")->isVisible());
 }
 
+// Made smaller, and larger again, the window is as it was; what was closed meanwhile stays closed, the next time, too.
+TEST_F(WindowForAll, GivesThePanelsTheirPlacesBackWhenThereIsRoomAgain) {
+    const auto resize = [this](int width, int height) {
+        m_window->resize(width, height);
+        QTRY_COMPARE(m_window->width(), width);
+        QCoreApplication::processEvents();
+    };
+    const auto isInFront = [this](const char* name) { return !Find<QDockWidget>(name)->visibleRegion().isEmpty(); };
+    resize(1300, 900);
+    const int names = Find<QDockWidget>("LayerDock")->width();
+    EXPECT_TRUE(isInFront("LayerDock") && isInFront("PropertyDock") && isInFront("AnalysisDock"));
+    resize(800, 600);
+    EXPECT_TRUE(isInFront("AnalysisDock"));
+    EXPECT_FALSE(isInFront("LayerDock") || isInFront("PropertyDock"));
+    EXPECT_GE(Find<QWidget>("SunSlider")->width(), 144);
+    for (int i = 0; i < 2; ++i)  // to the front, and away
+        QTest::keySequence(m_window.get(), QKeySequence("Ctrl+2"));
+    resize(1300, 900);
+    EXPECT_TRUE(isInFront("LayerDock") && isInFront("AnalysisDock"));
+    EXPECT_EQ(Find<QDockWidget>("LayerDock")->width(), names);
+    EXPECT_FALSE(Find<QDockWidget>("PropertyDock")->isVisible());
+}
+
 TEST_F(WindowForAll, SaysWhatToDoWhenThereIsNothingYet) {
     EXPECT_NE(Find<QLabel>("AnalysisSummary")->text().indexOf(QString::fromUtf8("还没有结果")), -1);
     OpenAndAnalyse();

@@ -102,14 +102,6 @@ private:
     std::vector<FilmStamp::LegendRow> m_rows;
 };
 
-// North up and so on as the world has it, whatever the drawing's axes.
-ViewCamera TurnedBy(const ViewCamera& camera, double north) {
-    ViewCamera turned = camera;
-    if (north != 0.0)
-        turned.Orbit(north, 0.0);
-    return turned;
-}
-
 }  // namespace
 
 FilmStamp::FilmStamp(const AnalysisRequest& request, const AnalysisAnswer& answer)
@@ -156,6 +148,6 @@ void FilmStamp::Draw(QImage& picture, double trueSolarTime, const ViewCamera& ca
     bottom.Draw(painter, edge, picture.height() - edge - bottom.Height(), picture.width() - 2 * edge);
     const double radius = text * 2.2;
     const QSizeF reach = ReachOfCompassRose(painter.font(), radius);
-    DrawCompassRose(painter, TurnedBy(camera, m_request.north),
-                    {picture.width() - edge - reach.width(), edge + reach.height()}, radius);
+    DrawCompassRose(painter, camera, m_request.north, {picture.width() - edge - reach.width(), edge + reach.height()},
+                    radius);
 }

@@ -20,8 +20,11 @@ std::string SettingsState(const Settings& settings, const TuningParameters& tuni
     text << settings.start.hour << ':' << settings.start.minute << ' ' << settings.end.hour << ':'
          << settings.end.minute << ' ' << settings.step << '\n';
     text << tuning.windowThickness << ' ' << tuning.distancePrecision << ' ' << tuning.windowOffset << '\n';
-    if (settings.standard)
-        text << RulesAsJson(*settings.standard, {}).dump();
+    if (settings.standard) {
+        nlohmann::ordered_json rules = RulesAsJson(*settings.standard, {});
+        rules.erase("source");  // words for people, in the language of the moment
+        text << rules.dump();
+    }
     return text.str();
 }
 

@@ -188,6 +188,11 @@ void AnalysisPanel::Retranslate() {
     m_form->Retranslate();
     m_model.Retranslate();
     m_day->Retranslate();
+    // What was chosen in the old language is chosen in the new one.
+    const std::optional<std::size_t> chosen = m_view.GetChosen();
     ShowAnswers();
-    ShowDay();
+    if (m_windows && chosen)
+        Choose(*chosen, false);
+    else
+        ShowDay();
 }

@@ -86,6 +86,13 @@ void DrawLabel(QPainter& painter, const QRectF& room) {
     painter.fillPath(letters, kInk);
 }
 
+// North up and so on as the world has it, whatever the drawing's axes.
+ViewCamera TurnedBy(ViewCamera camera, double north) {
+    if (north != 0.0)
+        camera.Orbit(north, 0.0);
+    return camera;
+}
+
 // Seen on its edge the ring would say nothing.
 ViewCamera LiftedAboveTheEdge(ViewCamera camera) {
     constexpr double kFlattest = 15.0;
@@ -96,8 +103,8 @@ ViewCamera LiftedAboveTheEdge(ViewCamera camera) {
 
 }  // namespace
 
-void DrawCompassRose(QPainter& painter, const ViewCamera& camera, const QPointF& center, double radius) {
-    const Rose rose(LiftedAboveTheEdge(camera), center, radius);
+void DrawCompassRose(QPainter& painter, const ViewCamera& camera, double north, const QPointF& center, double radius) {
+    const Rose rose(LiftedAboveTheEdge(TurnedBy(camera, north)), center, radius);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     DrawMarks(painter, rose);

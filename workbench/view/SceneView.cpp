@@ -166,6 +166,11 @@ void SceneView::SetSun(const std::optional<ViewSun>& sun) {
         m_onSun();
 }
 
+void SceneView::SetNorth(double north) {
+    m_north = north;
+    update();
+}
+
 void SceneView::SetHint(const QString& hint) {
     m_hint = hint;
     update();
@@ -314,7 +319,7 @@ void SceneView::DrawOverlays(QPainter& painter) const {
         SunPath(m_camera, BoxOfShapes(*m_scene)).Draw(painter, *m_sun, m_scale);
     const QSizeF reach = ReachOfCompassRose(painter.font(), kRose);
     if (width() > 3 * reach.width() && height() > 3 * reach.height())
-        DrawCompassRose(painter, m_camera, QPointF(reach.width(), height() - reach.height()), kRose);
+        DrawCompassRose(painter, m_camera, m_north, QPointF(reach.width(), height() - reach.height()), kRose);
 }
 
 // Before a sky without a picture, in which letters can be read on dark desktops, too.

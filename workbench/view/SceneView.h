@@ -99,6 +99,8 @@ public:
     const std::optional<ViewSun>& GetSun() const { return m_sun; }
     // Called whenever that has changed.
     std::function<void()> m_onSun;
+    // Where true north lies for the compass, in degrees counter-clockwise of the drawing's y axis.
+    void SetNorth(double north);
 
     // Puts its texts (but the hint, which is the caller's) into the language in force.
     void Retranslate();
@@ -162,6 +164,7 @@ private:
     HiddenLayers m_hidden;
     AcDbObjectId m_picked;
     std::optional<ViewSun> m_sun;
+    double m_north = 0.0;
     std::shared_ptr<const ViewResults> m_results;
     std::optional<std::size_t> m_chosen;  // of the windows of the results
     QImage m_picture;

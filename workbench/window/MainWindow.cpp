@@ -107,9 +107,8 @@ void MainWindow::RestorePlace() {
     resize(QSize(1100, 760).boundedTo(screen()->availableSize()));
     const RememberedWindow& kept = m_memory.Get();
     restoreGeometry(QByteArray::fromStdString(kept.place));
-    constexpr int kRoomy = 1000;
-    if (!restoreState(QByteArray::fromStdString(kept.panels)) && width() < kRoomy)
-        m_panels->Stack();
+    m_panels->RestorePlaces(QByteArray::fromStdString(kept.panels));
+    m_panels->FitTo(width());
 }
 
 MainWindow::~MainWindow() {
@@ -207,7 +206,10 @@ void MainWindow::JoinAnalysis() {
     panel.m_say = [this](const CString& text) { m_log->AddText(text); };
     panel.m_complain = [this](const CString& text) { m_log->AddComplaint(text); };
     panel.m_onTime = [this](double hours) { m_sun->ShineAt(hours); };
-    panel.m_onNorth = [this](double degrees) { m_sun->SetNorth(degrees); };
+    panel.m_onNorth = [this](double degrees) {
+        m_sun->SetNorth(degrees);
+        m_view->SetNorth(degrees);
+    };
     panel.m_run = [this](const QString& title, std::vector<QWidget*> disabled,
                          const std::function<void(SceneProgress&)>& work) {
         if (m_isRunning)
@@ -526,10 +528,22 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(!m_isRunning && MayLeaveDrawing());
     m_isClosed = event->isAccepted();
     if (event->isAccepted()) {
-        m_memory.KeepPlace(saveGeometry().toStdString(), saveState().toStdString());
+        m_memory.KeepPlace(saveGeometry().toStdString(), m_panels->PlacesToKeep().toStdString());
         m_memory.KeepFields(m_panels->GetAnalysis().GetForm().GetKept());
     }
     m_isClosing = m_isClosing && m_isRunning;
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    // Not within the layout's own work.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_panels && !m_isClosed)
+                m_panels->FitTo(width());
+        },
+        Qt::QueuedConnection);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -92,14 +92,59 @@ void SidePanels::Retranslate() {
     ShowPicked();
 }
 
-void SidePanels::Stack() const {
+void SidePanels::RestorePlaces(const QByteArray& kept) {
+    m_window.restoreState(kept);
+    m_spread = m_window.saveState();
+}
+
+QByteArray SidePanels::PlacesToKeep() {
+    if (m_isStacked)
+        Spread();
+    return m_window.saveState();
+}
+
+void SidePanels::FitTo(int width) {
+    constexpr int kRoomy = 1000;
+    const bool isNarrow = width < kRoomy;
+    if (isNarrow && !m_isStacked)
+        Stack();
+    else if (!isNarrow && m_isStacked)
+        Spread();
+    else if (!isNarrow)
+        m_spread = m_window.saveState();  // once the window is narrow, the panels have been pressed together already
+}
+
+void SidePanels::Stack() {
+    m_isStacked = true;
+    const std::vector<bool> shown = ShownPanels();
     m_window.addDockWidget(Qt::LeftDockWidgetArea, m_layerDock);
     m_window.addDockWidget(Qt::LeftDockWidgetArea, m_propertyDock);
     m_window.tabifyDockWidget(m_analysisDock, m_layerDock);
     m_window.tabifyDockWidget(m_layerDock, m_propertyDock);
+    ShowPanels(shown);
     m_analysisDock->raise();
     constexpr int kWidth = 300;
     m_window.resizeDocks({m_analysisDock}, {kWidth}, Qt::Horizontal);
+}
+
+// Whoever has closed a panel meanwhile has closed it.
+void SidePanels::Spread() {
+    m_isStacked = false;
+    const std::vector<bool> shown = ShownPanels();
+    m_window.restoreState(m_spread);
+    ShowPanels(shown);
+}
+
+std::vector<bool> SidePanels::ShownPanels() const {
+    std::vector<bool> shown;
+    for (const auto& [dock, entry] : m_entries)
+        shown.push_back(!dock->isHidden());
+    return shown;
+}
+
+void SidePanels::ShowPanels(const std::vector<bool>& shown) {
+    for (std::size_t i = 0; i < m_entries.size(); ++i)
+        m_entries[i].dock->setVisible(shown[i]);
 }
 
 QWidget* SidePanels::GetLayers() const {

@@ -3,6 +3,7 @@
 // Why: docs/decisions/workbench.md
 #pragma once
 
+#include <QByteArray>
 #include <Qt>
 #include <functional>
 #include <vector>
@@ -31,9 +32,12 @@ public:
     // An entry for each panel, which shows and hides it.
     void AddEntries(QMenu& menu) const;
 
-    // Puts the panels behind each other, with tabs and the analysis in front, so that a small window has room for the
-    // view.
-    void Stack() const;
+    // Places of the panels as bytes to be kept (QMainWindow::saveState): those that a window with room has.
+    void RestorePlaces(const QByteArray& kept);
+    QByteArray PlacesToKeep();
+    // In a window without much room the panels stand behind each other, with tabs and the analysis in front, so that
+    // the view has room; with more they go back to where they were. To be called whenever the window has another width.
+    void FitTo(int width);
 
     // What changes the drawing's scene.
     QWidget* GetLayers() const;
@@ -46,6 +50,10 @@ public:
 private:
     QDockWidget* AddDock(QWidget& panel, const char* name, Qt::DockWidgetArea area);
     void AddEntry(QDockWidget& dock, const char* key);
+    void Stack();
+    void Spread();
+    std::vector<bool> ShownPanels() const;
+    void ShowPanels(const std::vector<bool>& shown);
     void ShowPicked();
     void ShowHidden();
 
@@ -63,4 +71,6 @@ private:
         QAction* action;
     };
     std::vector<Entry> m_entries;
+    bool m_isStacked = false;
+    QByteArray m_spread;  // the places with room
 };

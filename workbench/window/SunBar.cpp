@@ -65,6 +65,8 @@ void SunBar::Build() {
     m_slider->setPageStep(kPageMinutes);
     m_slider->setTickPosition(QSlider::TicksBelow);
     m_slider->setTickInterval(kMinutesPerHour);
+    constexpr int kShortest = 144;  // a pixel for ten minutes
+    m_slider->setMinimumWidth(kShortest);
     m_slider->installEventFilter(this);
     m_time = new QLabel(this);
     m_time->setObjectName("SunTime");
