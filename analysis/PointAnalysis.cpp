@@ -177,12 +177,7 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     const DaysSun sun = FindDaysSun(m_request, m_request.leastAltitude.value_or(0.0), m_answer);
     const ShadowCaster caster(m_occluders, sun.path, sun.up, m_request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
-    DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, sun.path};
-    day.span = sun.span;
-    day.up = sun.up;
-    day.north = m_request.north;
-    day.offset = m_request.tuning.windowOffset;
-    day.precision = m_request.tuning.distancePrecision;
+    const DayOfAnalysis day = DayOf(m_request, sun, m_occluders, faceTree, caster);
     TellValidHours(day);
     const std::size_t count = m_answer.points.size();
     const auto goOn = [&](std::size_t done) { return !progress || progress(done, count); };

@@ -53,13 +53,7 @@ SpotAnswer AnalyseSpot(const AcDbDatabase& drawing, const SpotRequest& request, 
     const DaysSun sun = FindDaysSun(request, request.leastAltitude.value_or(0.0), answer);
     const ShadowCaster caster(occluders, sun.path, sun.up, request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(occluders.faces));
-    DayOfAnalysis day{*request.settings.standard, occluders, faceTree, caster, sun.path};
-    day.span = sun.span;
-    day.up = sun.up;
-    day.north = request.north;
-    day.need = request.need;
-    day.offset = request.tuning.windowOffset;
-    day.precision = request.tuning.distancePrecision;
+    const DayOfAnalysis day = DayOf(request, sun, occluders, faceTree, caster);
     const double length = request.outward.Length();
     const Vector3 outward = Vector3{request.outward.x, request.outward.y, request.outward.z} * (1.0 / length);
     const Vector3 place = Vector3{request.place.x, request.place.y, request.place.z} * *unit.millimetres;

@@ -107,13 +107,7 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     const DaysSun sun = FindDaysSun(m_request, LeastAltitude(), m_answer);
     const ShadowCaster caster(m_occluders, sun.path, sun.up, m_request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
-    DayOfAnalysis day{*m_request.settings.standard, m_occluders, faceTree, caster, sun.path};
-    day.span = sun.span;
-    day.up = sun.up;
-    day.north = m_request.north;
-    day.need = m_request.need;
-    day.offset = m_request.tuning.windowOffset;
-    day.precision = m_request.tuning.distancePrecision;
+    const DayOfAnalysis day = DayOf(m_request, sun, m_occluders, faceTree, caster);
     // The module's rule is asked here, and not by the threads that share the work.
     std::vector<HourSpans> valid;
     valid.reserve(m_windows.size());

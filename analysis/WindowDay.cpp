@@ -124,6 +124,18 @@ void AddCount(const DayOfAnalysis& day, const HourSpans& sunlit, WindowHours& re
 
 }  // namespace
 
+DayOfAnalysis DayOf(const DayRequest& request, const DaysSun& sun, const OccluderSet& occluders,
+                    const BoxTree& faceTree, const ShadowCaster& caster) {
+    DayOfAnalysis day{*request.settings.standard, occluders, faceTree, caster, sun.path};
+    day.span = sun.span;
+    day.up = sun.up;
+    day.north = request.north;
+    day.need = request.need;
+    day.offset = request.tuning.windowOffset;
+    day.precision = request.tuning.distancePrecision;
+    return day;
+}
+
 HourSpans ValidHours(const DayOfAnalysis& day, const DrawnWindow& window) {
     if (day.standard.validSunType == ORVO_SUN_SHANGHAI) {
         const QcGePoint hours = GetShanghaiValidTime(FacingOf(window, day.north) * kRadiansPerDegree);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysis/BoxTree.h"
+#include "analysis/DaysSun.h"
 #include "analysis/DrawnWindow.h"
 #include "analysis/HourSpans.h"
 #include "analysis/ShadowCaster.h"
@@ -22,6 +23,10 @@ struct DayOfAnalysis {
     double offset = 0.0;     // g_nSunWinOffset, millimetres
     double precision = 0.0;  // g_nSunDistPrec, millimetres
 };
+
+// The day that a request asks for, which has a standard. What it refers to is the caller's, and has to live as long.
+DayOfAnalysis DayOf(const DayRequest& request, const DaysSun& sun, const OccluderSet& occluders,
+                    const BoxTree& faceTree, const ShadowCaster& caster);
 
 // What must be lit of a window as it is drawn, or of a part of it: moved outward by the offset, less the precision on
 // each side; of a standard that asks for the sill's middle, that point, raised by the precision. `from` and `width` are
