@@ -4,9 +4,8 @@
 #include <QTest>
 #include <set>
 
-#include "platform/window/HostFrame.h"
-#include "platform/window/ModalDriver.h"
 #include "workbench/SceneForTests.h"
+#include "workbench/ViewStage.h"
 #include "workbench/view/IndexColors.h"
 #include "workbench/view/SceneView.h"
 
@@ -58,36 +57,15 @@ bool IsOrange(QRgb p) {
     return qRed(p) > 150 && qGreen(p) > 50 && qGreen(p) < 200 && qBlue(p) < 60;
 }
 
-template <class Test>
-int Count(const QImage& image, Test test) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += test(image.pixel(x, y)) ? 1 : 0;
-    return count;
-}
-
-class ViewPicks : public testing::Test {
+class ViewPicks : public ViewStage {
 protected:
     void SetUp() override {
-        CString reason;
-        const ModalDriver nobody([](const ModalWindow&) { return 0; });
-        ASSERT_TRUE(PrepareWindows(reason));
-        if (!ScenePainter::Open(reason))
-            GTEST_SKIP() << "no EGL: what is drawn was not looked at";
-        m_view = std::make_unique<SceneView>();
-        m_view->resize(400, 300);
-        m_view->SetScene(Yard());
-        m_view->Look(StandardView::Top);
+        OpenView(Yard(), StandardView::Top);
+        if (!m_view)
+            return;
         m_view->m_onPick = [this] { ++m_told; };
     }
-    QPoint Where(const QcGePoint& point) const {
-        const auto pixel = m_view->GetCamera().Project(point);
-        return pixel ? QPointF(pixel->x, pixel->y).toPoint() : QPoint(-1, -1);
-    }
-    void Click(const QcGePoint& point) const { QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, Where(point)); }
 
-    std::unique_ptr<SceneView> m_view;
     int m_told = 0;
 };
 

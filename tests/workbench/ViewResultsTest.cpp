@@ -3,9 +3,8 @@
 
 #include <QTest>
 
-#include "platform/window/HostFrame.h"
-#include "platform/window/ModalDriver.h"
 #include "workbench/SceneForTests.h"
+#include "workbench/ViewStage.h"
 #include "workbench/view/SceneView.h"
 
 namespace {
@@ -17,15 +16,6 @@ bool IsBlue(QRgb p) {
 }
 bool IsGreen(QRgb p) {
     return qGreen(p) > 200 && qRed(p) < 60 && qBlue(p) < 60;
-}
-
-template <class Test>
-int Count(const QImage& image, Test test) {
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            count += test(image.pixel(x, y)) ? 1 : 0;
-    return count;
 }
 
 // A window four metres wide and high in a wall that looks south, with its corners as seen from there.
@@ -44,18 +34,12 @@ std::shared_ptr<Scene> Street(double heightOfTheSouthern = 10) {
     return scene;
 }
 
-class ViewResultsTest : public testing::Test {
+class ViewResultsTest : public ViewStage {
 protected:
     void SetUp() override {
-        CString reason;
-        const ModalDriver nobody([](const ModalWindow&) { return 0; });
-        ASSERT_TRUE(PrepareWindows(reason));
-        if (!ScenePainter::Open(reason))
-            GTEST_SKIP() << "no EGL: what is drawn was not looked at";
-        m_view = std::make_unique<SceneView>();
-        m_view->resize(400, 300);
-        m_view->SetScene(Street());
-        m_view->Look(StandardView::South);
+        OpenView(Street(), StandardView::South);
+        if (!m_view)
+            return;
         m_view->m_onChoose = [this] { ++m_told; };
     }
     void Show(std::vector<ResultQuad> quads) const {
@@ -63,13 +47,7 @@ protected:
         results->quads = std::move(quads);
         m_view->SetResults(results);
     }
-    void Click(const QcGePoint& point) const {
-        const auto pixel = m_view->GetCamera().Project(point);
-        ASSERT_TRUE(pixel);
-        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, QPointF(pixel->x, pixel->y).toPoint());
-    }
 
-    std::unique_ptr<SceneView> m_view;
     int m_told = 0;
 };
 

@@ -10,6 +10,8 @@ import tempfile
 import unittest
 import zlib
 
+from png import png_parts
+
 PROGRAM = os.environ["ORVO_SCREENSHOTS"]
 SOURCE = os.environ["ORVO_SOURCE_DIR"]
 DOCS = os.path.join(SOURCE, "docs")
@@ -23,17 +25,7 @@ NAMES = {"places", "places-position", "places-menu-city", "places-menu-province"
 
 def read_png(path):
     """Width, height and the set of the colours' bytes of a picture, whose parts are all checked."""
-    with open(path, "rb") as file:
-        data = file.read()
-    assert data[:8] == b"\x89PNG\r\n\x1a\n", path
-    parts = {}
-    at = 8
-    while at < len(data):
-        length, kind = struct.unpack(">I4s", data[at:at + 8])
-        body = data[at + 8:at + 8 + length]
-        assert zlib.crc32(kind + body) == struct.unpack(">I", data[at + 8 + length:at + 12 + length])[0], path
-        parts[kind] = parts.get(kind, b"") + body
-        at += 12 + length
+    parts = png_parts(path)
     width, height = struct.unpack(">II", parts[b"IHDR"][:8])
     assert list(parts)[-1] == b"IEND", path
     return width, height, set(zlib.decompress(parts[b"IDAT"]))

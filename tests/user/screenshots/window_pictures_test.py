@@ -9,6 +9,8 @@ import tempfile
 import unittest
 import zlib
 
+from png import png_parts
+
 PROGRAM = os.environ["ORVO_WINDOW_PICTURE"]
 SOURCE = os.environ["ORVO_SOURCE_DIR"]
 SHOWN = os.path.join(SOURCE, "docs", "pictures", "window.png")
@@ -19,15 +21,7 @@ TITLE = 30
 
 def read_png(path):
     """Width, height, and the rows of a picture of three or four bytes a pixel, as bytes of three."""
-    with open(path, "rb") as file:
-        data = file.read()
-    assert data[:8] == b"\x89PNG\r\n\x1a\n", path
-    parts = {}
-    at = 8
-    while at < len(data):
-        length, kind = struct.unpack(">I4s", data[at:at + 8])
-        parts[kind] = parts.get(kind, b"") + data[at + 8:at + 8 + length]
-        at += 12 + length
+    parts = png_parts(path)
     width, height, depth, colours = struct.unpack(">IIBB", parts[b"IHDR"][:10])
     assert depth == 8 and colours in (2, 6), path
     size = 3 if colours == 2 else 4
