@@ -273,7 +273,7 @@ void CompareProject(unsigned seed, std::size_t& changed) {
         ASSERT_TRUE(window.before.has_value());
         Judge(standing, WithHours(window, *window.before)).CompareAll();
         changed += window.lost.empty() ? 0 : 1;
-        WindowResult taken = window;
+        WindowResult taken = WithHours(window, *window.before);  // of a wide window the part that was judged then
         taken.hidden = window.lost;
         Judge(project, taken).CompareCulprits();
         if (window.part)
