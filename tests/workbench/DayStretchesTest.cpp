@@ -33,15 +33,44 @@ TEST(DayStretches, TellEachStretchWithBothTimesAndItsReason) {
     EXPECT_EQ(Text(stretches[5]), "夺去：真太阳时 09:00:00-09:30:00，北京时间 09:15:00-09:45:00，0:30\n被 tower");
 }
 
-TEST(DayStretches, KnowTheSunAtATime) {
-    const WindowResult window = LitWindow(1, L"A");
-    EXPECT_EQ(SunAt(window, 10.0).state, SunThen::State::Lit);
-    EXPECT_EQ(SunAt(window, 8.5).state, SunThen::State::Hidden);
-    EXPECT_EQ(SunAt(window, 8.5).by, std::vector<std::uint64_t>{0x2F});
-    EXPECT_EQ(SunAt(window, 13.0).by, (std::vector<std::uint64_t>{0x2F, 0x30}));
-    EXPECT_EQ(SunAt(window, 7.9).state, SunThen::State::None);
-    EXPECT_EQ(SunAt(window, 16.1).state, SunThen::State::None);
-    EXPECT_EQ(SunAt(WindowHours(), 12.0).state, SunThen::State::None);
+// On the equinox at 40 degrees of latitude the sun rises at 6 in the east; at 9 it is in the south-east, at an azimuth
+// of 180 - atan(tan 45 / sin 40) = 122.7 degrees, and asin(cos 40 cos 45) = 32.8 degrees high.
+class SunAtATime : public testing::Test {
+protected:
+    SunThen At(const WindowHours& hours, double time) const { return SunAt(hours, m_sun, time); }
+    SunThen::State StateAt(double time) const { return At(m_window, time).state; }
+
+    SeenSun m_sun = {ComputeSunDay(0.0, 0.0, 120.0, 40.0), {5.0, 16.0}, 0.0, {0.0, -1.0, 0.0}};
+    WindowHours m_window = LitWindow(1, L"A");
+};
+
+TEST_F(SunAtATime, IsLitOrHiddenByTheLists) {
+    EXPECT_EQ(StateAt(10.0), SunThen::State::Lit);
+    EXPECT_EQ(StateAt(8.5), SunThen::State::Hidden);
+    EXPECT_EQ(At(m_window, 8.5).by, std::vector<std::uint64_t>{0x2F});
+    EXPECT_EQ(At(m_window, 13.0).by, (std::vector<std::uint64_t>{0x2F, 0x30}));
+    m_window.dropped = {{{9.0, 9.5}, DropReason::Facing}};
+    EXPECT_EQ(StateAt(9.25), SunThen::State::Dropped);
+    EXPECT_EQ(ToUtf8(SunThenText(At(m_window, 9.25)).View()), "太阳照到这里，但不计：不在该朝向的有效时段内");
+}
+
+TEST_F(SunAtATime, IsToldApartWhereTheListsHaveNothing) {
+    EXPECT_EQ(StateAt(4.9), SunThen::State::Outside);
+    EXPECT_EQ(StateAt(16.1), SunThen::State::Outside);
+    EXPECT_EQ(StateAt(5.5), SunThen::State::Down);
+    EXPECT_EQ(At({}, 9.0).state, SunThen::State::Invalid) << "the sun is before it";
+    m_sun.leastAltitude = 32.0;
+    EXPECT_EQ(At({}, 9.0).state, SunThen::State::Invalid);
+    m_sun.leastAltitude = 33.5;
+    EXPECT_EQ(At({}, 9.0).state, SunThen::State::Low);
+    m_sun.leastAltitude = 0.0;
+    m_sun.outward = {-1.0, 0.0, 0.0};
+    EXPECT_EQ(At({}, 9.0).state, SunThen::State::Behind);
+    EXPECT_EQ(At({}, 15.0).state, SunThen::State::Invalid) << "in the west by then";
+    m_sun.outward = {-0.9, 0.0, 0.5};
+    EXPECT_EQ(At({}, 9.0).state, SunThen::State::Behind) << "a roof that slopes westwards by 61 degrees";
+    m_sun.outward = {-0.5, 0.0, 0.9};
+    EXPECT_EQ(At({}, 9.0).state, SunThen::State::Invalid) << "and one by 29";
 }
 
 TEST(AskedStateTest, SeesEveryChangeOfSettings) {

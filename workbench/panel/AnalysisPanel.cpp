@@ -175,7 +175,7 @@ void AnalysisPanel::RunSpot() {
         return m_complain(FailureText(request, answer));
     m_view.Choose({}, false);
     SelectChosen();
-    m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(database.GetHandle(spot.entity))), answer, request.terms.day);
+    m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(database.GetHandle(spot.entity))), request, answer);
 }
 
 AskedState AnalysisPanel::StateNow(const QStringList& fields) const {

@@ -59,12 +59,49 @@ std::vector<DayStretch> StretchesOf(const WindowHours& hours, const std::vector<
     return stretches;
 }
 
-SunThen SunAt(const WindowHours& hours, double time) {
+// What is in no list was not looked at: the first reason for that is told.
+SunThen SunAt(const WindowHours& hours, const SeenSun& sun, double time) {
+    using State = SunThen::State;
     for (const HiddenPeriod& hidden : hours.hidden)
         if (Contains(hidden.period, time))
-            return {SunThen::State::Hidden, hidden.by};
+            return {State::Hidden, hidden.by, {}};
+    for (const DroppedPeriod& dropped : hours.dropped)
+        if (Contains(dropped.period, time))
+            return {State::Dropped, {}, dropped.reason};
     for (const SunPeriod& lit : hours.sunlit)
         if (Contains(lit, time))
-            return {SunThen::State::Lit, {}};
-    return {};
+            return {State::Lit, {}, {}};
+    if (!Contains(sun.span, time))
+        return {State::Outside, {}, {}};
+    const SunDirection direction = DirectionOfSun(sun.day, time);
+    const double altitude = PositionOf(direction).altitude;
+    if (altitude <= 0.0)
+        return {State::Down, {}, {}};
+    if (altitude < sun.leastAltitude)
+        return {State::Low, {}, {}};
+    const double before =
+        direction.east * sun.outward.east + direction.north * sun.outward.north + direction.up * sun.outward.up;
+    return {before <= 0.0 ? State::Behind : State::Invalid, {}, {}};
+}
+
+CString SunThenText(const SunThen& then) {
+    switch (then.state) {
+        case SunThen::State::Lit:
+            return Say(L"太阳照到这里");
+        case SunThen::State::Dropped:
+            return SayFormat(L"太阳照到这里，但不计：%s", ReasonWord(then.reason));
+        case SunThen::State::Hidden:
+            return Say(L"太阳被遮住，被");
+        case SunThen::State::Outside:
+            return Say(L"这时不在分析的时段里");
+        case SunThen::State::Down:
+            return Say(L"太阳在地平线以下");
+        case SunThen::State::Low:
+            return Say(L"太阳太低，低于要求计入的高度角");
+        case SunThen::State::Behind:
+            return Say(L"太阳在背后");
+        case SunThen::State::Invalid:
+            return Say(L"太阳在前面，但标准对这个朝向不计这时的太阳");
+    }
+    return CString();
 }

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
+#include "facts/Angles.h"
 #include "facts/ClockText.h"
 #include "facts/DayText.h"
 #include "platform/base/PlainText.h"
@@ -82,24 +83,35 @@ void WindowDayView::SetWindow(const AnalysisReport& report, std::size_t window, 
     m_isTold = IsAnalysed(shown);
     if (shown.facing)
         m_name += SayFormat(L"，朝%s", CompassWord(*shown.facing));
+    const double facing = shown.facing.value_or(0.0) * kRadiansPerDegree;
+    SetSun(report.request, report.answer, {std::cos(facing), std::sin(facing), 0.0});
     if (isBefore)
-        SetHours(*shown.before, {}, report.answer, report.request.terms.day);
+        SetHours(*shown.before, {});
     else
-        SetHours(shown, shown.lost, report.answer, report.request.terms.day);
+        SetHours(shown, shown.lost);
 }
 
-void WindowDayView::SetSpot(const CString& title, const SpotAnswer& answer, CalendarDay day) {
+void WindowDayView::SetSpot(const CString& title, const SpotRequest& request, const SpotAnswer& answer) {
     m_name = title;
     m_isTold = true;
-    SetHours(answer.hours, {}, answer, day);
+    const double north = request.north * kRadiansPerDegree;
+    const QcGeVector3d& outward = request.outward;
+    SetSun(request, answer,
+           {outward.x * std::cos(north) + outward.y * std::sin(north),
+            outward.y * std::cos(north) - outward.x * std::sin(north), outward.z});
+    SetHours(answer.hours, {});
 }
 
-void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer,
-                             CalendarDay day) {
-    m_day = day;
-    m_hours = std::move(hours);
+void WindowDayView::SetSun(const DayRequest& request, const DayAnswer& answer, const SunDirection& outward) {
+    m_day = request.terms.day;
     m_offset = answer.beijingOffset;
-    m_line->SetDay(StretchesOf(m_hours, lost, m_offset, m_nameOf), answer.span);
+    m_sun = {ComputeSunDay(request.terms, *request.settings.place), answer.span, request.leastAltitude.value_or(0.0),
+             outward};
+}
+
+void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost) {
+    m_hours = std::move(hours);
+    m_line->SetDay(StretchesOf(m_hours, lost, m_offset, m_nameOf), m_sun.span);
     ShowTexts();
     ShowMoment();
 }
@@ -166,14 +178,9 @@ void WindowDayView::ShowMoment() {
     m_momentText->setVisible(hasHours);
     if (!hasHours)
         return m_momentText->clear();
-    const SunThen then = SunAt(m_hours, time);
+    const SunThen then = SunAt(m_hours, m_sun, time);
     QString text = Shown(SayFormat(L"北京时间 %s：", ClockText(time + m_offset))).toHtmlEscaped();
-    if (then.state == SunThen::State::Lit)
-        text += ShownSay(L"太阳照到这里").toHtmlEscaped();
-    else if (then.state == SunThen::State::None)
-        text += ShownSay(L"太阳不在前面，或这时不计").toHtmlEscaped();
-    else
-        text += ShownSay(L"太阳被遮住，被").toHtmlEscaped();
+    text += Shown(SunThenText(then)).toHtmlEscaped();
     for (std::size_t i = 0; i < then.by.size(); ++i) {
         const QString name = Shown(m_nameOf(then.by[i])).toHtmlEscaped();
         text += i == 0 ? " " : ", ";

@@ -23,7 +23,7 @@ public:
     // A window of a report, with the project or as it was before; both are copied.
     void SetWindow(const AnalysisReport& report, std::size_t window, bool isWithProject);
     // A spot that was clicked, and what is to be said of it.
-    void SetSpot(const CString& title, const SpotAnswer& answer, CalendarDay day);
+    void SetSpot(const CString& title, const SpotRequest& request, const SpotAnswer& answer);
     // No window is chosen, and no spot.
     void Clear();
     void Retranslate();
@@ -46,11 +46,13 @@ private:
     QString OtherDayText() const;
 
     NameOfEntity m_nameOf;
-    void SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost, const DayAnswer& answer, CalendarDay day);
+    void SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost);
+    void SetSun(const DayRequest& request, const DayAnswer& answer, const SunDirection& outward);
 
     CString m_name;         // of what is shown; empty for nothing
     bool m_isTold = false;  // whether its sun could be told
     WindowHours m_hours;
+    SeenSun m_sun;
     double m_offset = 0.0;
     double m_moment = 12.0;
     CalendarDay m_day = {};  // of what is shown
