@@ -78,6 +78,11 @@ TEST(AnalysisTable, TellsWhichHeightsWereAskedFor) {
     report.request.heights = {{L"A\x1b", 18.5}, {L"B", 3.0}};
     EXPECT_TRUE(HasLine(report, "图层高度"));
     EXPECT_TRUE(HasLine(report, "A\xEF\xBF\xBD 高 18.5 米、B 高 3 米"));
+    report.answer.remarks = {{AnalysisRemark::Kind::NothingToRaise, L"B", 0, 0, 0.0},
+                             {AnalysisRemark::Kind::NoWindows, L"A\x1b", 0, 0, 0.0}};
+    EXPECT_TRUE(HasLine(report, "A\xEF\xBF\xBD 高 18.5 米、B 高 3 米（没有用上）"));
+    report.answer.remarks[0] = {AnalysisRemark::Kind::NoLayerToRaise, L"B", 0, 0, 0.0};
+    EXPECT_TRUE(HasLine(report, "B 高 3 米（没有用上）")) << "there is no such layer";
 }
 
 TEST(AnalysisTable, HasAWindowWithoutASideToo) {

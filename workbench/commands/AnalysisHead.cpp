@@ -1,6 +1,8 @@
 // Rows of what was asked.
 #include "workbench/commands/AnalysisHead.h"
 
+#include <algorithm>
+
 #include "analysis/DayRequest.h"
 #include "facts/DayText.h"
 #include "facts/NearestNames.h"
@@ -22,10 +24,22 @@ CString NameOf(const CString& file) {
     return file.Mid(file.ReverseFind(L'/') + 1);
 }
 
-CString HeightsText(const std::vector<LayerHeight>& heights) {
+// Whether a height found nothing to raise, which the remarks tell why.
+bool IsIdle(const LayerHeight& height, const std::vector<AnalysisRemark>& remarks) {
+    return std::any_of(remarks.begin(), remarks.end(), [&](const AnalysisRemark& remark) {
+        using Kind = AnalysisRemark::Kind;
+        return (remark.kind == Kind::NothingToRaise || remark.kind == Kind::NoLayerToRaise) &&
+               remark.subject == height.layer;
+    });
+}
+
+CString HeightsText(const std::vector<LayerHeight>& heights, const std::vector<AnalysisRemark>& remarks) {
     std::vector<CString> texts;
-    for (const LayerHeight& each : heights)
-        texts.push_back(SayFormat(L"%s 高 %s 米", each.layer, DoubleToText(each.metres)));
+    for (const LayerHeight& each : heights) {
+        const CString metres = DoubleToText(each.metres);
+        texts.push_back(IsIdle(each, remarks) ? SayFormat(L"%s 高 %s 米（没有用上）", each.layer, metres)
+                                              : SayFormat(L"%s 高 %s 米", each.layer, metres));
+    }
     return JoinNames(texts);
 }
 
@@ -44,7 +58,7 @@ TextTable HeadTable(const DayReport& report, const DayRequest& request, const Da
     if (request.north != 0.0)
         table.Add({Say(L"正北"), SayFormat(L"从图形的 y 轴起逆时针 %s 度", DoubleToText(request.north))});
     if (!request.heights.empty())
-        table.Add({Say(L"图层高度"), HeightsText(request.heights)});
+        table.Add({Say(L"图层高度"), HeightsText(request.heights, answer.remarks)});
     for (const HeadRow& row : own)
         table.Add({row.name, row.value});
     table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))

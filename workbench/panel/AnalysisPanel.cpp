@@ -246,6 +246,19 @@ void AnalysisPanel::ShowAnswers() {
     m_table->resizeColumnsToContents();
     ShowShapes();
     m_files->SetHasLines(m_points != nullptr);
+    ShowSummary();
+    ShowLegend();
+    CheckState();
+    if (m_onHidden)
+        m_onHidden();
+}
+
+void AnalysisPanel::SetHiddenCount(int count) {
+    m_hiddenCount = count;
+    ShowSummary();
+}
+
+void AnalysisPanel::ShowSummary() {
     CString summary = Say(L"还没有结果：打开图形，按“分析日照”，每个窗的时数就列在下面");
     if (m_windows) {
         const std::vector<WindowResult>& windows = m_windows->answer.windows;
@@ -257,11 +270,9 @@ void AnalysisPanel::ShowAnswers() {
         if (m_windows->request.need)
             summary += SayFormat(L"：达标 %d 个，不达标 %d 个", count(true), count(false));
     }
+    if ((m_windows || m_points) && m_hiddenCount > 0)
+        summary += L"\n" + SayFormat(L"视图里隐藏的图层也计入：%d 个", m_hiddenCount);
     m_summary->setText(Shown(summary));
-    ShowLegend();
-    CheckState();
-    if (m_onHidden)
-        m_onHidden();
 }
 
 void AnalysisPanel::ShowShapes() {

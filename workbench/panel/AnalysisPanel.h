@@ -58,6 +58,8 @@ public:
     void TakePicked(AcDbObjectId id);
     // Which of the scene's layers are hidden because the project is.
     HiddenLayers GetHidden() const;
+    // How many layers the view does not show, which count nevertheless.
+    void SetHiddenCount(int count);
     // The sun that the view shows, and its day; none while it shows none.
     void SetSun(const std::optional<ViewSun>& sun, CalendarDay day);
     void Retranslate();
@@ -112,6 +114,7 @@ private:
     AskedState StateNow(const QStringList& fields) const;
     bool IsWithProject() const;
     void ShowAnswers();
+    void ShowSummary();
     void ShowShapes();
     void ShowLegend();
     void ChooseRow();
@@ -134,6 +137,7 @@ private:
         AcDbObjectId entity;
     };
     std::optional<Spot> m_spot;
+    int m_hiddenCount = 0;
     bool m_isSelecting = false;  // by us, and not by the user
     bool m_isDayNew = false;     // nobody has looked at an hour of it yet
 

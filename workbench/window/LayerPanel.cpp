@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+#include <algorithm>
 
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
@@ -121,6 +122,12 @@ HiddenLayers LayerPanel::GetHidden() const {
             hidden[number] = m_hidden.contains(row.key);
         }
     return hidden;
+}
+
+int LayerPanel::CountHidden() const {
+    return static_cast<int>(std::count_if(m_rows.begin(), m_rows.end(), [this](const LayerRow& row) {
+        return row.isVisible && row.faceCount > 0 && m_hidden.contains(row.key);
+    }));
 }
 
 const LayerHeight* LayerPanel::HeightOf(const LayerRow& row) const {

@@ -23,6 +23,8 @@ public:
     // The layers of another drawing (all are shown then), or of a later state of the same one.
     void SetRows(std::vector<LayerRow> rows, const std::vector<LayerHeight>& heights, bool isAnother);
     HiddenLayers GetHidden() const;
+    // How many layers with faces the list hides.
+    int CountHidden() const;
     void Retranslate();
 
     std::function<void()> m_onHidden;

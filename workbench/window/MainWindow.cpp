@@ -280,10 +280,13 @@ void MainWindow::Refresh() {
         m_log->AddComplaint(message);
     if (CloseIfAsked())
         return;
-    if (m_drawing.GetScene() != before) {
+    const std::vector<IdleHeight> idle = m_drawing.TakeIdleHeights();
+    for (const IdleHeight& each : idle)
+        m_log->AddComplaint(IdleHeightText(each));
+    if (m_drawing.GetScene() != before)
         m_view->UpdateScene(m_drawing.GetScene());
+    if (m_drawing.GetScene() != before || !idle.empty())
         m_panels->ShowDrawing(false);
-    }
     m_view->SetHint(
         m_drawing.IsOpen()
             ? Shown(TextForNoFaces(*m_drawing.GetScene()))

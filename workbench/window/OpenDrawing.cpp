@@ -17,18 +17,36 @@ fs::path PathOf(const CString& path) {
     return fs::path(ToUtf8(path.View()));
 }
 
-std::shared_ptr<const Scene> SceneOf(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights,
-                                     SceneProgress& progress, CString& message) {
+// Keeps the heights that raise something, in the scene's list, too.
+RaisedScene PartHeights(Scene scene, const std::vector<LayerHeight>& heights) {
+    RaisedScene raised;
+    std::vector<LayerHeightUse> uses;
+    for (std::size_t i = 0; i < heights.size(); ++i) {
+        const LayerHeightUse& use = scene.heights[i];
+        if (use.bodyCount == 0) {
+            raised.idle.push_back({heights[i].layer, use.openCount});
+        } else {
+            raised.heights.push_back(heights[i]);
+            uses.push_back(use);
+        }
+    }
+    scene.heights = std::move(uses);
+    raised.scene = std::make_shared<const Scene>(std::move(scene));
+    return raised;
+}
+
+RaisedScene SceneOf(const AcDbDatabase& drawing, const std::vector<LayerHeight>& heights, SceneProgress& progress,
+                    CString& message) {
     try {
         SceneOptions options;
         options.heights = heights;
         options.hasLines = true;
         options.progress = &progress;
-        auto scene = std::make_shared<const Scene>(BuildScene(drawing, options));
-        return progress.isCancelled ? nullptr : scene;
+        Scene scene = BuildScene(drawing, options);
+        return progress.isCancelled ? RaisedScene() : PartHeights(std::move(scene), heights);
     } catch (const std::bad_alloc&) {
         message = Say(L"内存不够，显示不了这个图形");
-        return nullptr;
+        return {};
     }
 }
 
@@ -38,9 +56,15 @@ LoadedDrawing Load(const CString& path, const std::vector<LayerHeight>& heights,
     auto drawing = std::make_unique<AcDbDatabase>();
     if (drawing->dxfIn(path.GetString(), &loaded.message) != Acad::eOk)
         return loaded;
-    loaded.scene = SceneOf(*drawing, heights, progress, loaded.message);
+    loaded.raised = SceneOf(*drawing, heights, progress, loaded.message);
     loaded.drawing = std::move(drawing);
     return loaded;
+}
+
+bool AreSame(const std::vector<LayerHeight>& a, const std::vector<LayerHeight>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const LayerHeight& one, const LayerHeight& other) {
+        return one.layer == other.layer && one.metres == other.metres;
+    });
 }
 
 }  // namespace
@@ -79,14 +103,13 @@ bool OpenDrawing::Read(const CString& path, const std::vector<LayerHeight>& heig
     LoadedDrawing loaded;
     RunWork(Work::Reading, [&](SceneProgress& progress) { loaded = Load(path, heights, progress); });
     message = loaded.message;
-    if (!loaded.scene)
+    if (!loaded.raised.scene)
         return false;
     m_inHost.reset();
     m_drawing = std::move(loaded.drawing);
-    m_scene = std::move(loaded.scene);
+    TakeHeights(loaded.raised);
+    m_scene = std::move(loaded.raised.scene);
     m_sceneChanges = 0;
-    m_heights = heights;
-    m_isOtherHeights = false;
     m_path = path;
     m_state = state;
     m_fingerprint = loaded.fingerprint;
@@ -115,10 +138,10 @@ bool OpenDrawing::Save(const CString& path, CString& message) {
 bool OpenDrawing::RefreshScene(CString& message) {
     if (!IsOpen() || (m_drawing->GetChangeCount() == m_sceneChanges && !m_isOtherHeights))
         return true;
-    std::shared_ptr<const Scene> scene;
+    RaisedScene raised;
     bool isCancelled = false;
     RunWork(Work::Reading, [&](SceneProgress& progress) {
-        scene = SceneOf(*m_drawing, m_heights, progress, message);
+        raised = SceneOf(*m_drawing, m_heights, progress, message);
         isCancelled = progress.isCancelled;
     });
     // Whoever cancels wants what is there, and is not to be asked again with the next command.
@@ -126,12 +149,22 @@ bool OpenDrawing::RefreshScene(CString& message) {
         m_sceneChanges = m_drawing->GetChangeCount();
         m_isOtherHeights = false;
     }
-    if (!scene)
+    if (!raised.scene)
         return false;
-    m_scene = std::move(scene);
+    // A height that raised nothing makes no other scene, and what was found out of that one still holds.
+    const bool isSame = m_drawing->GetChangeCount() == m_sceneChanges && AreSame(raised.heights, m_sceneHeights);
+    TakeHeights(raised);
+    if (!isSame)
+        m_scene = std::move(raised.scene);
     m_sceneChanges = m_drawing->GetChangeCount();
-    m_isOtherHeights = false;
     return true;
+}
+
+void OpenDrawing::TakeHeights(RaisedScene& raised) {
+    m_heights = std::move(raised.heights);
+    m_sceneHeights = m_heights;
+    m_idle = std::move(raised.idle);
+    m_isOtherHeights = false;
 }
 
 void OpenDrawing::SetHeights(std::vector<LayerHeight> heights) {
@@ -163,4 +196,12 @@ CString TextForNoFaces(const Scene& scene) {
     if (scene.passedOver.empty())
         return Say(L"这个图形中没有可以显示的面");
     return SayFormat(L"这个图形中没有可以显示的面。图形中有 %s：都没有高度", Printable(KindsText(scene.passedOver)));
+}
+
+CString IdleHeightText(const IdleHeight& height) {
+    const CString layer = Printable(height.layer);
+    if (height.openCount == 0)
+        return SayFormat(L"图层“%s”没有得到高度：上面没有可见、闭合而没有厚度的轮廓", layer);
+    return SayFormat(L"图层“%s”没有得到高度：上面没有可见、闭合而没有厚度的轮廓，有 %d 条开口的线：请在制图程序里闭合",
+                     layer, static_cast<int>(height.openCount));
 }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/base/CString.h"
@@ -13,10 +14,23 @@
 #include "platform/host/HostDrawing.h"
 #include "scene/Scene.h"
 
+// A layer that was given a height and has nothing to raise.
+struct IdleHeight {
+    CString layer;
+    std::size_t openCount = 0;  // lines there that are not closed
+};
+
+// Faces with heights for layers, and what became of the heights.
+struct RaisedScene {
+    std::shared_ptr<const Scene> scene;  // null where it could not be made
+    std::vector<LayerHeight> heights;    // those that raise something
+    std::vector<IdleHeight> idle;        // the others
+};
+
 // What has been read of a file, and belongs to nobody yet.
 struct LoadedDrawing {
     std::unique_ptr<AcDbDatabase> drawing;
-    std::shared_ptr<const Scene> scene;
+    RaisedScene raised;
     CString message;  // why there is none; empty where it was cancelled
     std::optional<CString> fingerprint;
 };
@@ -46,8 +60,10 @@ public:
     // Reads the faces anew when the drawing was changed after they were read, or a height was. False, with the reason,
     // and the faces stay; where it was cancelled, there is no reason, and they are the ones to keep.
     bool RefreshScene(CString& message);
-    // Heights for layers, which count from the next RefreshScene on; another drawing begins without any.
+    // Heights for layers, which count from the next RefreshScene on; another drawing begins without any. Those that
+    // raise nothing are left out then: TakeIdleHeights tells them once.
     void SetHeights(std::vector<LayerHeight> heights);
+    std::vector<IdleHeight> TakeIdleHeights() { return std::exchange(m_idle, {}); }
     const std::vector<LayerHeight>& GetHeights() const { return m_heights; }
 
     bool IsOpen() const { return m_drawing != nullptr; }
@@ -76,6 +92,7 @@ private:
     static std::optional<FileState> StateOf(const CString& path);
     void RunWork(Work kind, const std::function<void(SceneProgress&)>& work) const;
     bool Read(const CString& path, const std::vector<LayerHeight>& heights, CString& message);
+    void TakeHeights(RaisedScene& raised);
 
     Runner m_runner;
     std::unique_ptr<AcDbDatabase> m_drawing;
@@ -83,7 +100,9 @@ private:
     std::shared_ptr<const Scene> m_scene;
     std::uint64_t m_sceneChanges = 0;  // the drawing's changes that the faces know of
     std::vector<LayerHeight> m_heights;
-    bool m_isOtherHeights = false;  // than those that the scene was made with
+    std::vector<LayerHeight> m_sceneHeights;  // that the scene was made with
+    std::vector<IdleHeight> m_idle;           // nobody has been told of yet
+    bool m_isOtherHeights = false;            // than those that the scene was made with
     CString m_path;
     std::optional<FileState> m_state;
     std::optional<CString> m_fingerprint;
@@ -91,3 +110,5 @@ private:
 
 // What to say where a scene without faces would be.
 CString TextForNoFaces(const Scene& scene);
+// Why a layer did not get the height that was asked for.
+CString IdleHeightText(const IdleHeight& height);

@@ -180,6 +180,7 @@ void SidePanels::ShowHidden() {
     for (std::size_t i = 0; i < project.size(); ++i)
         hidden[i] = hidden[i] || project[i];
     m_view.SetHiddenLayers(hidden);
+    m_analysis->SetHiddenCount(m_layers->CountHidden());
 }
 
 void SidePanels::ShowPicked() {
