@@ -12,11 +12,10 @@
 // table has it, the built-in text itself; null gives an empty text. On any thread, while nobody changes the language.
 ORVO_API CString TranslateFor(const wchar_t* key, const wchar_t* text);
 
-// Fills a built-in printf-style format (TextFormat.h) after translating it; a translation may have singulars
-// (PluralForms.h). One that asks for other arguments is passed over.
+// Fills a translated printf-style format (TextFormat.h), which may have singulars (PluralForms.h). One that asks for
+// other arguments than the built-in one is passed over for that.
 template <class... Args>
-CString FormatFor(const wchar_t* key, const wchar_t* format, const Args&... args) {
-    const CString translated = TranslateFor(key, format);
+CString FillTranslated(const wchar_t* format, const CString& translated, const Args&... args) {
     CString text;
     if (HasSameConversions(format, translated)) {
         const TextArgument list[sizeof...(Args) + 1] = {TextArgument(args)..., TextArgument(0)};
@@ -25,4 +24,10 @@ CString FormatFor(const wchar_t* key, const wchar_t* format, const Args&... args
         text.Format(format, args...);
     }
     return text;
+}
+
+// Fills a built-in format after translating it.
+template <class... Args>
+CString FormatFor(const wchar_t* key, const wchar_t* format, const Args&... args) {
+    return FillTranslated(format, TranslateFor(key, format), args...);
 }

@@ -179,10 +179,10 @@ TEST_F(AnalysisPanelTest, RefusesWhatNoFieldCanHold) {
         const char* field;
         const char* text;
         const char* complaint;
-    } kBad[] = {{"Need", "two", "“two”不是需要的时数"},
-                {"Need", "0", "“0”不是需要的时数"},
-                {"Need", "24.5", "“24.5”不是需要的时数"},
-                {"North", "north", "“north”不是角度"},
+    } kBad[] = {{"Need", "two", "“需要（小时）” 的值“two”不对"},
+                {"Need", "0", "“需要（小时）” 的值“0”不对"},
+                {"Need", "24.5", "“需要（小时）” 的值“24.5”不对"},
+                {"North", "north", "“正北（度）” 的值“north”不对"},
                 {"WindowLayers", "WINDOW, orvo_result_windows", "图层“orvo_result_windows”上是画出的结果"},
                 {"Proposed", "ORVO_RESULT_HOURS", "图层“ORVO_RESULT_HOURS”上是画出的结果"}};
     for (const auto& bad : kBad) {
@@ -207,11 +207,11 @@ TEST_F(AnalysisPanelTest, RefusesWhatThePlansFieldsCannotHold) {
         const char* field;
         const char* text;
         const char* complaint;
-    } kBad[] = {{"Sill", "high", "--sill 的值“high”不对"},
-                {"WindowHeight", "0", "--window-height 的值“0”不对"},
-                {"Storeys", "6", "--storeys 的值“6”不对"},
-                {"Facing", "south", "--facing 的值“south”不对"},
-                {"LeastAltitude", "90", "--least-altitude 的值“90”不对"}};
+    } kBad[] = {{"Sill", "high", "“窗台标高（米）” 的值“high”不对"},
+                {"WindowHeight", "0", "“窗高（米）” 的值“0”不对"},
+                {"Storeys", "6", "“层数=层高” 的值“6”不对"},
+                {"Facing", "south", "“窗朝向（度）” 的值“south”不对"},
+                {"LeastAltitude", "90", "“最低高度角” 的值“90”不对"}};
     Find<QToolButton>("MoreFields")->click();
     for (const auto& bad : kBad) {
         Set(bad.field, bad.text);

@@ -178,7 +178,7 @@ TEST_F(PanelFilesTest, RefusesAFilmInTheWordsOfTheSubcommand) {
     Set("FilmEvery", "0");
     Answer(In("sun.avi"));
     Press("MakeFilm");
-    EXPECT_TRUE(HasLogged("--every 的值“0”不对")) << Log();
+    EXPECT_TRUE(HasLogged("“录像每隔（分）” 的值“0”不对")) << Log();
     EXPECT_EQ(Table()->model()->rowCount(), 0) << "before the analysis";
     EXPECT_FALSE(fs::exists(In("sun.avi")));
 }

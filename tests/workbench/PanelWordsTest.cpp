@@ -1,7 +1,10 @@
 // What the panel of analyses says in words: of the sun at a time, of what counts, and of what it refuses.
+#include <QCheckBox>
+#include <QRegularExpression>
 #include <QTimeEdit>
 
 #include "workbench/AnalysisPanelStage.h"
+#include "workbench/Texts.h"
 #include "workbench/window/LayerPanel.h"
 
 class PanelWordsTest : public AnalysisPanelTest {
@@ -77,4 +80,78 @@ TEST_F(PanelWordsTest, ForgetsAHeightWhoseOutlineIsGoneFromTheFile) {
     QTest::keyClick(m_window.get(), Qt::Key_F5);
     EXPECT_EQ(Height("LAWN"), "");
     EXPECT_TRUE(HasLogged("图层“LAWN”没有得到高度")) << Log();
+}
+
+// A message must not name what nobody finds in the window.
+TEST_F(PanelWordsTest, CallsFieldsAsTheyAreLabelled) {
+    const FieldWords words;
+    const auto word = [](const wchar_t* option) { return QString::fromStdString(ToUtf8(OptionWord(option).View())); };
+    for (const bool isEnglish : {false, true}) {
+        if (isEnglish)
+            for (QAction* action : m_window->findChildren<QAction*>())
+                if (action->text() == "&English")
+                    action->trigger();
+        const QString quoted = QString::fromUtf8(isEnglish ? "\"%1\"" : "“%1”");
+        const std::pair<const wchar_t*, const char*> fields[] = {{L"--windows", "WindowLayers"},
+                                                                 {L"--need", "Need"},
+                                                                 {L"--north", "North"},
+                                                                 {L"--proposed", "Proposed"},
+                                                                 {L"--areas", "Areas"},
+                                                                 {L"--spacing", "Spacing"},
+                                                                 {L"--sill", "Sill"},
+                                                                 {L"--window-height", "WindowHeight"},
+                                                                 {L"--storeys", "Storeys"},
+                                                                 {L"--facing", "Facing"},
+                                                                 {L"--every", "FilmEvery"},
+                                                                 {L"--least-altitude", "LeastAltitude"},
+                                                                 {L"--size", "FilmSize"}};
+        for (const auto& [option, name] : fields)
+            for (const QLabel* label : m_window->findChildren<QLabel*>())
+                if (label->buddy() && label->buddy()->objectName() == name)
+                    EXPECT_EQ(word(option), quoted.arg(label->text())) << name;
+        EXPECT_EQ(word(L"--scope"), quoted.arg(Find<QCheckBox>("Scope")->text()));
+        EXPECT_TRUE(word(L"--height").contains(quoted.arg(Layers()->headerItem()->text(LayerPanel::Height))));
+        for (const auto& [option, name] : {std::pair(L"--report", "MakeReport"), {L"--film", "MakeFilm"}}) {
+            QString text = Find<QPushButton>(name)->text().remove("...");
+            text.remove(QRegularExpression("\\(&.\\)")).remove('&');
+            EXPECT_EQ(word(option), quoted.arg(text));
+        }
+    }
+}
+
+TEST_F(PanelWordsTest, SaysWhatItTakesANorthBeyondATurnFor) {
+    Set("North", "9999");
+    Run();
+    EXPECT_TRUE(HasLogged("“正北（度）” 的值“9999”超过一圈：按 279 度计")) << Log();
+    EXPECT_EQ(Table()->model()->rowCount(), 2);
+    Type(("analyse " + m_path.string() + " --north -370.5").c_str());
+    EXPECT_TRUE(HasLogged("--north 的值“-370.5”超过一圈：按 -10.5 度计")) << Log();
+    Set("North", "-359.5");
+    Run();
+    EXPECT_FALSE(HasLogged("“-359.5”")) << Log();
+}
+
+TEST_F(PanelWordsTest, NamesFieldsWhereTheSubcommandNamesOptions) {
+    Set("WindowLayers", "NOWHERE");
+    Run();
+    EXPECT_TRUE(HasLogged("图形中没有图层“NOWHERE”（“窗的图层”）")) << Log();
+    m_folder.Write("full/other.txt", "mine");
+    CFileDialog::SetNextFileForTest(m_folder.File("full").GetString());
+    Press("MakeReport");
+    EXPECT_TRUE(HasLogged("请用 “报告” 给出一个空的或新的文件夹")) << Log();
+    CFileDialog::SetNextFileForTest(m_folder.File("sun.avi").GetString());
+    Set("FilmSize", "1x1");
+    Press("MakeFilm");
+    EXPECT_TRUE(HasLogged("“录像大小” 的值“1x1”不对")) << Log();
+    EXPECT_FALSE(HasLogged("--")) << Log();
+    Type(("analyse " + m_path.string() + " --windows NOWHERE").c_str());
+    EXPECT_TRUE(HasLogged("图形中没有图层“NOWHERE”（--windows）")) << Log();
+}
+
+TEST_F(PanelWordsTest, TellsOfAPlaceThatNobodyKnowsInWordsForTheWindow) {
+    g_SunDataSet.m_strCurCity = L"无名";
+    Run();
+    Press("RunIsolines");
+    EXPECT_TRUE(HasLogged("没有地区“无名”的位置，不能分析；用 “日照设置” 给出另一个地区")) << Log();
+    EXPECT_FALSE(HasLogged("orvo places")) << Log();
 }

@@ -53,6 +53,7 @@ void AddEntities(HtmlPage& page, const AnalysisReport& report) {
 
 std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawing, const PageRequest& request,
                          const SkyChoice& skies, const AnalysisProgress& progress) {
+    const FieldWords words;
     std::size_t done = 0;
     constexpr std::size_t kSteps = 6;
     const auto goOn = [&] { return !progress || progress(done++, kSteps); };

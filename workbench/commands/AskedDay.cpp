@@ -6,6 +6,7 @@
 #include "analysis/DayRequest.h"
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
 #include "platform/host/ExitCode.h"
 #include "platform/host/Subcommands.h"
 #include "workbench/Texts.h"
@@ -17,7 +18,7 @@
 namespace {
 
 CString BadDegreesText(const wchar_t* option, const CString& value) {
-    return SayFormat(L"%s 的值“%s”不对：请写一个度数，例如 15 或 -7.5", option, Printable(value));
+    return SayFormat(L"%s 的值“%s”不对：请写一个度数，例如 15 或 -7.5", OptionWord(option), Printable(value));
 }
 
 CString BadNeedText(const CString& value) {
@@ -28,7 +29,7 @@ CString BadAltitudeText(const CString& value) {
     return SayFormat(L"--least-altitude 的值“%s”不对：请写太阳高度角的度数，大于 0、小于 90，例如 5", Printable(value));
 }
 
-// Gives an ExitCode, like the following ones. Whole turns are taken away.
+// Gives an ExitCode, like the following ones. Whole turns are taken away, and what is left is said.
 int ReadDirection(const wchar_t* option, const std::optional<CString>& text, std::optional<double>& degrees) {
     constexpr double kTurn = 360.0;
     if (!text)
@@ -36,6 +37,9 @@ int ReadDirection(const wchar_t* option, const std::optional<CString>& text, std
     degrees = ParseDecimal(*text);
     if (!degrees)
         return Refuse(kExitUsage, BadDegreesText(option, *text));
+    if (std::fabs(*degrees) >= kTurn)
+        Complain(SayFormat(L"%s 的值“%s”超过一圈：按 %s 度计", OptionWord(option), Printable(*text),
+                           DoubleToText(std::fmod(*degrees, kTurn))));
     degrees = std::fmod(*degrees, kTurn);
     return kExitOk;
 }

@@ -14,6 +14,7 @@
 #include "workbench/report/HtmlPage.h"
 
 std::string PointsPage(const PointsReport& report, const AcDbDatabase& drawing, const PageRequest& request) {
+    const FieldWords words;
     const CString title = Say(L"场地日照分析报告");
     HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report,

@@ -22,11 +22,12 @@ CString BadDateText(const CString& value) {
 }
 
 CString BadClockText(const wchar_t* option, const CString& value) {
-    return SayFormat(L"%s 的值“%s”不是时刻：请按 时:分 写，从 0:00 到 24:00，例如 9:00", option, Printable(value));
+    return SayFormat(L"%s 的值“%s”不是时刻：请按 时:分 写，从 0:00 到 24:00，例如 9:00", OptionWord(option),
+                     Printable(value));
 }
 
 CString BadNumberText(const wchar_t* option, const CString& value, int least, int most) {
-    return SayFormat(L"%s 的值“%s”不对：请写一个从 %d 到 %d 的整数", option, Printable(value), least, most);
+    return SayFormat(L"%s 的值“%s”不对：请写一个从 %d 到 %d 的整数", OptionWord(option), Printable(value), least, most);
 }
 
 CString UnreasonableTermsText() {

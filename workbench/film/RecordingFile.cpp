@@ -50,14 +50,18 @@ CString SourceInTheWay(const fs::path& output, const std::vector<CString>& sourc
 CString NoFileText(const fs::path& output, fs::file_type type, const wchar_t* option) {
     switch (type) {
         case fs::file_type::directory:
-            return SayFormat(L"“%s”是文件夹，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output), option);
+            return SayFormat(L"“%s”是文件夹，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output),
+                             OptionWord(option));
         case fs::file_type::fifo:
-            return SayFormat(L"“%s”是管道，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output), option);
+            return SayFormat(L"“%s”是管道，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output),
+                             OptionWord(option));
         case fs::file_type::block:
         case fs::file_type::character:
-            return SayFormat(L"“%s”是设备，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output), option);
+            return SayFormat(L"“%s”是设备，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output),
+                             OptionWord(option));
         default:
-            return SayFormat(L"“%s”不是普通文件，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output), option);
+            return SayFormat(L"“%s”不是普通文件，不能被录像替换；请用 %s 给出另一个文件名", TextOf(output),
+                             OptionWord(option));
     }
 }
 
@@ -66,7 +70,7 @@ int CheckName(const fs::path& output, const wchar_t* option) {
     if (const CString kind = FromUtf8(output.extension().string()); !kind.IsEmpty() && kind.CompareNoCase(L".avi") != 0)
         return Refuse(kExitUsage,
                       SayFormat(L"录像是 AVI 文件，不能取名“%s”：请写 %s %s；之后可用 ffmpeg 转换", TextOf(output),
-                                option, TextOf(fs::path(output).replace_extension(".avi"))));
+                                OptionWord(option), TextOf(fs::path(output).replace_extension(".avi"))));
     return kExitOk;
 }
 

@@ -14,6 +14,7 @@
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DrawingUnits.h"
+#include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisRemarks.h"
 #include "workbench/commands/AnalysisWords.h"
@@ -46,7 +47,11 @@ QString Sample(int rgb) {
 
 bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work) {
     try {
-        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project, m_files}, work))
+        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project, m_files},
+                  [&work](SceneProgress& progress) {
+                      const FieldWords words;  // of that thread
+                      work(progress);
+                  }))
             return true;
         m_complain(Say(L"上一条命令还没有结束"));
     } catch (const std::bad_alloc&) {
@@ -60,13 +65,24 @@ bool AnalysisPanel::ReadRequest(AnalysisRequest& request) {
     const bool isRead = m_form->Read(request, reason);
     if (!reason.IsEmpty())
         m_complain(reason);
-    if (!isRead || ReadDaySettings({}, request))
+    return isRead && ReadSettings(request);
+}
+
+// A place that nobody knows is told in words for the window: those of the command line name its subcommands.
+bool AnalysisPanel::ReadSettings(DayRequest& request) {
+    request.settings = CurrentSettings();
+    if (!request.settings.place) {
+        DayAnswer answer;
+        answer.failure = AnalysisFailure::NoPlace;
+        m_complain(FailureText(request, answer));
         return false;
+    }
     request.heights = m_drawing.heights;
-    return true;
+    return ReadDaySettings({}, request) == kExitOk;
 }
 
 bool AnalysisPanel::RunWindows() {
+    const FieldWords words;
     const auto refuse = [this](const CString& why) {
         m_complain(why);
         return false;
@@ -101,6 +117,7 @@ void AnalysisPanel::RunIsolines() {
 }
 
 bool AnalysisPanel::AskPoints(const std::function<void(const PointsReport&)>& use) {
+    const FieldWords words;
     const auto refuse = [this](const CString& why) {
         m_complain(why);
         return false;
@@ -112,9 +129,8 @@ bool AnalysisPanel::AskPoints(const std::function<void(const PointsReport&)>& us
     const bool isRead = m_form->ReadAreas(report->request, reason);
     if (!reason.IsEmpty())
         m_complain(reason);
-    if (!isRead || ReadDaySettings({}, report->request))
+    if (!isRead || !ReadSettings(report->request))
         return false;
-    report->request.heights = m_drawing.heights;
     report->request.isolines = true;
     TellOfDrawing(*report);
     FindStandardOf(report->request.settings, *report);
@@ -155,6 +171,7 @@ void AnalysisPanel::TakeSpot(const QcGePoint& place, const QcGeVector3d& outward
 }
 
 void AnalysisPanel::RunSpot() {
+    const FieldWords words;
     if (!m_spot || !m_drawing.database)
         return;
     SpotRequest request;

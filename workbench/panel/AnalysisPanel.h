@@ -103,6 +103,7 @@ private:
     bool RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work);
     // The fields, the settings in force and the heights. False, and why has been said, when one of them will not do.
     bool ReadRequest(AnalysisRequest& request);
+    bool ReadSettings(DayRequest& request);
     bool HasAnswer();
     // Asks for isolines; `use` gets the whole answer, on another thread, with the points that are not kept. False when
     // there is no answer; why has been said.

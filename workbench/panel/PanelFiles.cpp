@@ -50,6 +50,7 @@ bool AnalysisPanel::HasAnswer() {
 
 // Whether the folder may be taken is found out before anybody waits.
 std::optional<PageRequest> AnalysisPanel::AskForFolder() {
+    const FieldWords words;
     CFolderPickerDialog dialog(nullptr, 0, acedGetAcadFrame());
     if (!m_drawing.database || dialog.DoModal() != IDOK)
         return {};
@@ -91,6 +92,7 @@ void AnalysisPanel::MakeLinesReport() {
 
 // What draws belongs to the thread that records, and ends there.
 void AnalysisPanel::MakeFilm() {
+    const FieldWords words;
     CFileDialog dialog(FALSE, L"avi", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                        (Say(L"录像 (*.avi)") + L"|*.avi||").GetString(), acedGetAcadFrame());
     if (!m_drawing.database || dialog.DoModal() != IDOK)

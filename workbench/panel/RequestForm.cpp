@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 #include <QToolButton>
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 #include "analysis/PointAnalysis.h"
@@ -25,9 +24,7 @@
 
 namespace {
 
-constexpr double kMostHours = 24.0;
 constexpr double kMostSpacing = 1000.0;
-constexpr double kTurn = 360.0;
 
 // Names between commas of either kind.
 std::vector<CString> LayersIn(const QLineEdit& edit) {
@@ -51,33 +48,6 @@ bool ReadLayers(QLineEdit& edit, std::vector<CString>& layers, CString& reason) 
     for (const CString& layer : layers)
         if (IsResultLayer(layer))
             return Refuse(edit, SayFormat(L"图层“%s”上是画出的结果，不能分析：请写别的图层", Printable(layer)), reason);
-    return true;
-}
-
-bool ReadNeed(QLineEdit& edit, std::optional<double>& need, CString& reason) {
-    const CString typed = Typed(edit.text().trimmed());
-    need.reset();
-    if (typed.IsEmpty())
-        return true;
-    need = ParseDecimal(typed);
-    if (need && *need > 0.0 && *need <= kMostHours)
-        return true;
-    return Refuse(
-        edit,
-        SayFormat(L"“%s”不是需要的时数：请写大于 0、不超过 24 的小时数，例如 2；空着就没有结论", Printable(typed)),
-        reason);
-}
-
-bool ReadNorth(QLineEdit& edit, double& north, CString& reason) {
-    const CString typed = Typed(edit.text().trimmed());
-    north = 0.0;
-    if (typed.IsEmpty())
-        return true;
-    const std::optional<double> degrees = ParseDecimal(typed);
-    if (!degrees)
-        return Refuse(
-            edit, SayFormat(L"“%s”不是角度：请写正北从 y 轴起逆时针的度数，例如 15 或 -7.5", Printable(typed)), reason);
-    north = std::fmod(*degrees, kTurn);
     return true;
 }
 
@@ -126,20 +96,18 @@ void RequestForm::BuildMore() {
     auto* form = new QFormLayout(m_more);
     form->setContentsMargins(0, 0, 0, 0);
     form->setVerticalSpacing(3);
-    m_sill = Add(*form, "Sill", L"窗台标高（米）", nullptr, L"平面图里标高为 0 的窗的窗台标高（--sill）");
-    m_windowHeight =
-        Add(*form, "WindowHeight", L"窗高（米）", nullptr, L"平面图里没有厚度的窗的窗高（--window-height）");
-    m_storeys = Add(*form, "Storeys", L"层数=层高", L"1", L"把平面图里的窗重复成几层，例如 6=2.9（--storeys）");
-    m_facing =
-        Add(*form, "Facing", L"窗朝向（度）", nullptr, L"分不清室外侧的窗的朝向，从正东起逆时针的度数（--facing）");
-    m_altitude = Add(*form, "LeastAltitude", L"最低高度角", L"0", L"太阳高度角低于它的时间不计（--least-altitude）");
+    m_sill = Add(*form, "Sill", L"窗台标高（米）", nullptr, L"平面图里标高为 0 的窗的窗台标高");
+    m_windowHeight = Add(*form, "WindowHeight", L"窗高（米）", nullptr, L"平面图里没有厚度的窗的窗高");
+    m_storeys = Add(*form, "Storeys", L"层数=层高", L"1", L"把平面图里的窗重复成几层，例如 6=2.9");
+    m_facing = Add(*form, "Facing", L"窗朝向（度）", nullptr, L"分不清室外侧的窗的朝向，从正东起逆时针的度数");
+    m_altitude = Add(*form, "LeastAltitude", L"最低高度角", L"0", L"太阳高度角低于它的时间不计");
     m_scope = new QCheckBox(m_more);
     m_scope->setObjectName("Scope");
     form->addRow(m_scope);
-    m_project = Add(*form, "ReportProject", L"项目名称", nullptr, L"报告上的项目名称（--project）");
-    m_author = Add(*form, "ReportAuthor", L"编制人", nullptr, L"报告上的编制人（--author）");
-    m_every = Add(*form, "FilmEvery", L"录像每隔（分）", L"5", L"录像每隔多少分钟一幅画面，1 到 720（--every）");
-    m_size = Add(*form, "FilmSize", L"录像大小", L"1280x720", L"录像画面的大小，到 3840x2160（--size）");
+    m_project = Add(*form, "ReportProject", L"项目名称", nullptr, L"报告上的项目名称");
+    m_author = Add(*form, "ReportAuthor", L"编制人", nullptr, L"报告上的编制人");
+    m_every = Add(*form, "FilmEvery", L"录像每隔（分）", L"5", L"录像每隔多少分钟一幅画面，1 到 720");
+    m_size = Add(*form, "FilmSize", L"录像大小", L"1280x720", L"录像画面的大小，到 3840x2160");
     connect(m_scope, &QCheckBox::toggled, this, [this] { TakeChange(); });
     connect(m_fold, &QToolButton::toggled, this, [this] { ShowFolded(); });
 }
@@ -185,22 +153,23 @@ void RequestForm::Retranslate() {
     }
     m_windows->setPlaceholderText(Shown(WindowLayersText(AnalysisRequest())));
     m_scope->setText(ShownSay(L"略去太远的遮挡"));
-    m_scope->setToolTip(ShownSay(L"按范围、高度的参数略去太远的遮挡（--scope）"));
+    m_scope->setToolTip(ShownSay(L"按范围、高度的参数略去太远的遮挡"));
     m_fold->setToolTip(ShownSay(L"平面图里的窗、朝向、范围、报告和录像"));
     ShowFolded();
 }
 
-bool RequestForm::ReadMore(DayRequest& request) const {
-    AskedDay facing;
-    facing.facing = Given(*m_facing);
-    if (ReadAskedDay(facing, request) != kExitOk)
-        return Refused(*m_facing);
-    AskedDay altitude;
-    altitude.leastAltitude = Given(*m_altitude);
-    const std::optional<double> direction = request.facing;
-    if (ReadAskedDay(altitude, request) != kExitOk)
-        return Refused(*m_altitude);
-    request.facing = direction;
+// One at a time, to know whose fault it was; each reading of them takes north as 0 unless it is given.
+bool RequestForm::ReadDay(DayRequest& request) const {
+    const std::pair<QLineEdit*, std::optional<CString> AskedDay::*> fields[] = {{m_need, &AskedDay::need},
+                                                                                {m_facing, &AskedDay::facing},
+                                                                                {m_altitude, &AskedDay::leastAltitude},
+                                                                                {m_north, &AskedDay::north}};
+    for (const auto& [edit, field] : fields) {
+        AskedDay asked;
+        asked.*field = Given(*edit);
+        if (ReadAskedDay(asked, request) != kExitOk)
+            return Refused(*edit);
+    }
     return true;
 }
 
@@ -215,14 +184,12 @@ bool RequestForm::ReadPlan(PlanRules& rules) const {
 
 bool RequestForm::Read(AnalysisRequest& request, CString& reason) const {
     request.isScoped = m_scope->isChecked();
-    return ReadLayers(*m_windows, request.windowLayers, reason) && ReadNeed(*m_need, request.need, reason) &&
-           ReadMore(request) && ReadPlan(request.plan) && ReadNorth(*m_north, request.north, reason) &&
+    return ReadLayers(*m_windows, request.windowLayers, reason) && ReadDay(request) && ReadPlan(request.plan) &&
            ReadLayers(*m_proposed, request.proposedLayers, reason);
 }
 
 bool RequestForm::ReadAreas(PointRequest& request, CString& reason) const {
-    if (!ReadLayers(*m_areas, request.areaLayers, reason) || !ReadNeed(*m_need, request.need, reason) ||
-        !ReadMore(request) || !ReadNorth(*m_north, request.north, reason))
+    if (!ReadLayers(*m_areas, request.areaLayers, reason) || !ReadDay(request))
         return false;
     if (request.areaLayers.empty())
         return Refuse(*m_areas, Say(L"没有写区域图层：请写地面、屋面等闭合轮廓所在的图层"), reason);

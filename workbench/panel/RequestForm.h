@@ -61,7 +61,7 @@ private:
     void BuildMore();
     void TakeChange();
     void ShowFolded();
-    bool ReadMore(DayRequest& request) const;
+    bool ReadDay(DayRequest& request) const;
     bool ReadPlan(PlanRules& rules) const;
 
     std::vector<Field> m_fields;

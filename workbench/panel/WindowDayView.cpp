@@ -151,6 +151,7 @@ QString WindowDayView::OtherDayText() const {
 }
 
 void WindowDayView::ShowTexts() {
+    const FieldWords words;
     if (m_name.IsEmpty()) {
         m_title->setText(ShownSay(L"在表里或视图里选一个窗，或点击一个面，看它的一天"));
         m_stretch->hide();

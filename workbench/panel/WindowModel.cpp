@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "platform/base/PlainText.h"
+#include "workbench/Texts.h"
 #include "workbench/commands/AnalysisWords.h"
 #include "workbench/view/IndexColors.h"
 #include "workbench/view/WidgetText.h"
@@ -184,6 +185,7 @@ QVariant WindowModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole)
         return TextOf(window, index.column());
     if (role == Qt::ToolTipRole && !window.notes.empty()) {
+        const FieldWords words;
         QStringList notes;
         for (const WindowNote note : window.notes)
             notes << Shown(NoteWord(note));

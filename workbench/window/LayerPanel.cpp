@@ -71,7 +71,7 @@ LayerPanel::LayerPanel(QWidget* parent) : QTreeWidget(parent) {
 void LayerPanel::Retranslate() {
     setHeaderLabels({ShownSay(L"图层"), ShownSay(L"面数"), ShownSay(L"线数"), ShownSay(L"高度（米）")});
     headerItem()->setToolTip(Name, ShownSay(L"只决定视图里显示什么：图形不变，隐藏的图层在日照分析里照样投下阴影"));
-    headerItem()->setToolTip(Height, ShownSay(L"给这个图层上没有厚度的闭合轮廓一个高度，如同 --height；图形不变"));
+    headerItem()->setToolTip(Height, ShownSay(L"给这个图层上没有厚度的闭合轮廓一个高度；图形不变"));
     setAccessibleName(ShownSay(L"图层列表"));
     setAccessibleDescription(ShownSay(L"空格显示或隐藏一个图层，F2 输入它的高度，Ctrl+A 显示全部"));
     SetRows(std::vector<LayerRow>(m_rows), std::vector<LayerHeight>(m_heights), false);
