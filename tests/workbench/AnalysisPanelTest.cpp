@@ -261,7 +261,7 @@ TEST_F(AnalysisPanelTest, SaysWhyThereIsNoAnswer) {
     Run();
     EXPECT_TRUE(HasLogged("NOWHERE")) << Log();
     EXPECT_EQ(Table()->model()->rowCount(), 0);
-    EXPECT_EQ(Text("AnalysisSummary"), "窗 0 个：达标 0 个，不达标 0 个");
+    EXPECT_NE(Text("AnalysisSummary").find("没有窗可以分析。"), std::string::npos) << Text("AnalysisSummary");
 }
 
 TEST_F(AnalysisPanelTest, DrawsIsolines) {

@@ -86,6 +86,8 @@ TEST(FieldWordsTest, StandOnPages) {
     EXPECT_NE(page.find("“窗的图层”"), std::string::npos);
     EXPECT_EQ(page.find("--windows"), std::string::npos);
     EXPECT_EQ(page.find("--need"), std::string::npos);
+    EXPECT_NE(page.find("没有分析任何窗，所以没有结论"), std::string::npos);
+    EXPECT_EQ(page.find("共 0 个窗"), std::string::npos);
     PointsReport points;
     static_cast<DayRequest&>(points.request) = report.request;
     static_cast<DayAnswer&>(points.answer) = report.answer;

@@ -82,6 +82,25 @@ TEST_F(PanelWordsTest, ForgetsAHeightWhoseOutlineIsGoneFromTheFile) {
     EXPECT_TRUE(HasLogged("图层“LAWN”没有得到高度")) << Log();
 }
 
+TEST_F(PanelWordsTest, SaysWhatADrawingWithoutWindowsIsGoodFor) {
+    Set("WindowLayers", "NOWHERE");
+    Run();
+    EXPECT_TRUE(Says("没有窗可以分析")) << Text("AnalysisSummary");
+    EXPECT_TRUE(Says("“区域图层”") && Says("“画等时线”") && Says("指南")) << Text("AnalysisSummary");
+    EXPECT_FALSE(Says("达标")) << "there is no verdict: " << Text("AnalysisSummary");
+    Press("MakeReport");  // asks for no folder: nobody answers a dialog here
+    EXPECT_TRUE(HasLogged("没有分析任何窗，没有写出报告")) << Log();
+    Set("WindowLayers", "NOWHERE EITHER");
+    CFileDialog::SetNextFileForTest(m_folder.File("report").GetString());
+    Press("MakeReport");
+    EXPECT_TRUE(HasLogged("NOWHERE EITHER")) << "it is analysed first";
+    EXPECT_FALSE(std::filesystem::exists(ToUtf8(m_folder.File("report").View())));
+    Set("WindowLayers", "");
+    CFileDialog::SetNextFileForTest(m_folder.File("report").GetString());
+    Press("MakeReport");
+    EXPECT_TRUE(std::filesystem::exists(ToUtf8(m_folder.File("report").View()))) << Log();
+}
+
 // A message must not name what nobody finds in the window.
 TEST_F(PanelWordsTest, CallsFieldsAsTheyAreLabelled) {
     const FieldWords words;
@@ -135,6 +154,7 @@ TEST_F(PanelWordsTest, NamesFieldsWhereTheSubcommandNamesOptions) {
     Set("WindowLayers", "NOWHERE");
     Run();
     EXPECT_TRUE(HasLogged("图形中没有图层“NOWHERE”（“窗的图层”）")) << Log();
+    Set("WindowLayers", "");
     m_folder.Write("full/other.txt", "mine");
     CFileDialog::SetNextFileForTest(m_folder.File("full").GetString());
     Press("MakeReport");

@@ -61,8 +61,12 @@ std::string AnalysisPage(const AnalysisReport& report, const AcDbDatabase& drawi
     HtmlPage page(PageTitle(request, title));
     AddPageHead(page, title, request, report, AskedOnPage(report, report.request, report.answer, OwnHeadRows(report)));
     page.Section(Say(L"结论"));
-    for (const CString& line : SummaryLines(report.answer.windows))
-        page.Paragraph(line, "lead");
+    if (report.answer.windows.empty())
+        page.Paragraph(Say(L"没有分析任何窗，所以没有结论。原因写在“没有计入的和需要注意的”里：改正以后请再分析一次。"),
+                       "lead");
+    else
+        for (const CString& line : SummaryLines(report.answer.windows))
+            page.Paragraph(line, "lead");
     AddSignatures(page);
     if (!goOn())
         return {};

@@ -39,6 +39,11 @@ AnalysisProgress ProgressTo(SceneProgress& progress) {
 
 namespace {
 
+// Whoever opened a drawing without windows, of a site perhaps, wants something of it all the same.
+constexpr const wchar_t* kNoWindows =
+    L"没有窗可以分析。窗画在窗的图层上，是竖直的矩形，或平面图里的直线；指南“五分钟完成第一次分析”说明怎样画。"
+    L"没有窗也可以：把地面等闭合轮廓的图层写进“区域图层”，按“画等时线”；或按 F6 看太阳和阴影。";
+
 QString Sample(int rgb) {
     return QString("<span style=\"color:#%1\">&#9632;</span>&nbsp;").arg(rgb, 6, 16, QChar('0'));
 }
@@ -108,7 +113,8 @@ bool AnalysisPanel::RunWindows() {
     m_windows = report;
     m_windowState = state;
     ShowAnswers();
-    m_say(Typed(m_summary->text()));
+    if (!report->answer.windows.empty())  // else a message has said so
+        m_say(Typed(m_summary->text()));
     return true;
 }
 
@@ -283,8 +289,8 @@ void AnalysisPanel::ShowSummary() {
             return static_cast<int>(std::count_if(windows.begin(), windows.end(),
                                                   [=](const WindowResult& each) { return each.passes == passes; }));
         };
-        summary = SayFormat(L"窗 %d 个", static_cast<int>(windows.size()));
-        if (m_windows->request.need)
+        summary = windows.empty() ? Say(kNoWindows) : SayFormat(L"窗 %d 个", static_cast<int>(windows.size()));
+        if (m_windows->request.need && !windows.empty())
             summary += SayFormat(L"：达标 %d 个，不达标 %d 个", count(true), count(false));
     }
     if ((m_windows || m_points) && m_hiddenCount > 0)

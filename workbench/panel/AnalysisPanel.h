@@ -104,7 +104,10 @@ private:
     // The fields, the settings in force and the heights. False, and why has been said, when one of them will not do.
     bool ReadRequest(AnalysisRequest& request);
     bool ReadSettings(DayRequest& request);
+    bool HoldsAnswer() const;
     bool HasAnswer();
+    // Whether an answer that holds has none; that there is no report then has been said.
+    bool LacksWindows() const;
     // Asks for isolines; `use` gets the whole answer, on another thread, with the points that are not kept. False when
     // there is no answer; why has been said.
     bool AskPoints(const std::function<void(const PointsReport&)>& use);

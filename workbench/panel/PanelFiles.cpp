@@ -44,8 +44,19 @@ void LookAs(const ViewCamera& camera, double north, FilmRequest& film) {
 
 }  // namespace
 
+bool AnalysisPanel::HoldsAnswer() const {
+    return m_windows && ChangesBetween(m_windowState, StateNow(m_form->GetWindowTexts())).IsEmpty();
+}
+
 bool AnalysisPanel::HasAnswer() {
-    return (m_windows && ChangesBetween(m_windowState, StateNow(m_form->GetWindowTexts())).IsEmpty()) || RunWindows();
+    return HoldsAnswer() || RunWindows();
+}
+
+bool AnalysisPanel::LacksWindows() const {
+    const bool isLacking = HoldsAnswer() && m_windows->answer.windows.empty();
+    if (isLacking)
+        m_complain(Say(L"没有分析任何窗，没有写出报告：请先改“窗的图层”，或在图里画窗"));
+    return isLacking;
 }
 
 // Whether the folder may be taken is found out before anybody waits.
@@ -67,8 +78,10 @@ void AnalysisPanel::TellOfReport(const PageRequest& page) {
 }
 
 void AnalysisPanel::MakeReport() {
+    if (LacksWindows())  // before anybody chooses a folder
+        return;
     const std::optional<PageRequest> page = AskForFolder();
-    if (!page || !HasAnswer())
+    if (!page || !HasAnswer() || LacksWindows())
         return;
     const AnalysisReport& report = *m_windows;
     const AcDbDatabase& database = *m_drawing.database;
