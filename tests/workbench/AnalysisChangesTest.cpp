@@ -52,17 +52,18 @@ TEST(AnalysisChanges, StandBesideEachWindowAndBelowIt) {
     const std::string table = TableOf(ProjectReport(
         2.5, {ShadedWindow(0x2A, L"1-101-1"), SparedWindow(0x2B, L"1-101-2"), LitWindow(0x2C, L"1-102-1")}));
     EXPECT_TRUE(Has(table,
-                    "结论    窗（句柄）    楼层  朝向（度）  判定时数  方案前  失去\n"
+                    "结论    窗（句柄）    楼层  朝向（自东，度）  判定时数  方案前  失去\n"
                     "          真太阳时           北京时间           时:分:秒\n"
-                    "不达标  1-101-1 (2A)     1  270.0 南        2:00    3:00  1:00  方案前达标\n"
+                    "不达标  1-101-1 (2A)     1          南 270.0      2:00    3:00  1:00  方案前达标\n"
                     "    日照  09:00:00-11:00:00  09:15:00-11:15:00     2:00\n"
                     "    计入  09:00:00-11:00:00  09:15:00-11:15:00     2:00\n"
                     "    遮挡  08:00:00-09:00:00  08:15:00-09:15:00     1:00  被 2F\n"
                     "    遮挡  11:00:00-16:00:00  11:15:00-16:15:00     5:00  被 2F, 30\n"
                     "    夺去  11:00:00-12:00:00  11:15:00-12:15:00     1:00  被 2F\n"
-                    "达标    1-101-2 (2B)     1  270.0 南        3:00    3:00  0:00\n"))
+                    "达标    1-101-2 (2B)     1          南 270.0      3:00    3:00  0:00\n"))
         << table;
-    EXPECT_TRUE(Has(table, "达标    1-102-1 (2C)     1  270.0 南        3:00       -     -  在方案上\n")) << table;
+    EXPECT_TRUE(Has(table, "达标    1-102-1 (2C)     1          南 270.0      3:00       -     -  在方案上\n"))
+        << table;
     EXPECT_TRUE(Has(table, "方案图层")) << table;
 }
 
@@ -81,7 +82,7 @@ TEST(AnalysisChanges, OfWindowsWithoutASideAreNone) {
     AnalysisReport report = BareReport();
     report.request.proposedLayers = {L"方案"};
     report.answer.windows = {window};
-    EXPECT_TRUE(Has(TableOf(report), "-       x (2A)         -  -                  -       -     -\n"))
+    EXPECT_TRUE(Has(TableOf(report), "-       x (2A)         -                 -         -       -     -\n"))
         << TableOf(report);
     EXPECT_TRUE(Has(ChangesOf(report), "  -   -              1       -       -         -       -       -         -\n"))
         << ChangesOf(report);

@@ -60,15 +60,15 @@ TEST(AnalysisTable, TellsEachWindowWithItsDay) {
     other.notes = {WindowNote::Narrower};
     report.answer.windows = {window, other};
     EXPECT_EQ(WindowLinesOf(report),
-              "结论    窗（句柄）        楼层  朝向（度）  判定时数\n"
+              "结论    窗（句柄）        楼层  朝向（自东，度）  判定时数\n"
               "          真太阳时           北京时间           时:分:秒\n"
-              "达标    1-101-1 (2A)         1  270.0 南        2:30  按从左端 0.30 米起、宽 1.80 米的部分判定\n"
+              "达标    1-101-1 (2A)         1          南 270.0      2:30  按从左端 0.30 米起、宽 1.80 米的部分判定\n"
               "    日照  09:00:00-12:00:00  09:15:00-12:15:00     3:00\n"
               "    计入  09:00:00-11:30:00  09:15:00-11:45:00     2:30\n"
               "    不计  14:00:00-14:03:00  14:15:00-14:18:00     0:03  时间段太短\n"
               "    遮挡  08:00:00-09:00:00  08:15:00-09:15:00     1:00  被 2F\n"
               "    遮挡  12:00:00-16:00:00  12:15:00-16:15:00     4:00  被 2F, 30\n"
-              "不达标  东楼-102-12 (2B)    12    0.0 东     0:59:30\n"
+              "不达标  东楼-102-12 (2B)    12            东 0.0   0:59:30\n"
               "    比标准的最小窗宽窄\n");
 }
 
@@ -89,9 +89,9 @@ TEST(AnalysisTable, HasAWindowWithoutASideToo) {
     AnalysisReport report = BareReport();
     report.answer.windows = {WindowWithoutSide(0x2A, L"2A")};
     EXPECT_EQ(WindowLinesOf(report),
-              "结论    窗（句柄）  楼层  朝向（度）  判定时数\n"
+              "结论    窗（句柄）  楼层  朝向（自东，度）  判定时数\n"
               "          真太阳时           北京时间           时:分:秒\n"
-              "-       2A             -  -                  -\n"
+              "-       2A             -                 -         -\n"
               "    分不清哪一侧是室外，没有分析；可用 --facing 给出朝向\n");
 }
 
@@ -105,8 +105,8 @@ TEST(AnalysisTable, IsNotPushedAsideByOneLongName) {
     report.answer.windows = {window, window};
     report.answer.windows[0].name = longName;
     const std::string blanks(40 - 6, ' ');  // behind "a (2B)"
-    EXPECT_TRUE(HasLine(report, "-       a (2B)" + blanks + "     1  270.0 南"));
-    EXPECT_TRUE(HasLine(report, "-       " + ToUtf8(longName.View()) + " (2B)     1  270.0 南"));
+    EXPECT_TRUE(HasLine(report, "-       a (2B)" + blanks + "     1          南 270.0"));
+    EXPECT_TRUE(HasLine(report, "-       " + ToUtf8(longName.View()) + " (2B)     1          南 270.0"));
 }
 
 TEST(AnalysisTable, StaysWithinAHundredColumns) {

@@ -52,10 +52,10 @@ std::vector<CString> ReadingNotes(const AnalysisReport& report) {
         notes.push_back(LeftOutByScopeText(*leftOut.entities));
     if (leftOut.belowAltitude)
         notes.push_back(LeftOutByAltitudeText(*leftOut.belowAltitude));
-    for (const wchar_t* text :
-         {L"朝向是窗的外法线，从正东起逆时针计。", L"“日照”是精确的时段，“计入”是按标准的步长、计入判定的时段。",
-          L"日面中心，平坦地平线，不计大气折射；赤纬和时差整日不变。",
-          L"图形里没有的（地形、树木、窗框、玻璃）都不计。"})
+    for (const wchar_t* text : {L"朝向是窗的外法线；度数从正东起逆时针计：北 90，西 180，南 270。",
+                                L"“日照”是精确的时段，“计入”是按标准的步长、计入判定的时段。",
+                                L"日面中心，平坦地平线，不计大气折射；赤纬和时差整日不变。",
+                                L"图形里没有的（地形、树木、窗框、玻璃）都不计。"})
         notes.push_back(Say(text));
     notes.push_back(SourceWarning());
     return notes;

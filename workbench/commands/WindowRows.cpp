@@ -33,14 +33,6 @@ CString Between() {
     return CString(L' ', kBetween);
 }
 
-// With the points of the degrees below each other.
-CString PaddedFacing(const WindowResult& window) {
-    constexpr int kDegrees = 5;
-    const CString text = FacingText(window);
-    const int missing = window.facing ? kDegrees - DegreesText(*window.facing).GetLength() : 0;
-    return CString(L' ', std::max(missing, 0)) + text;
-}
-
 int WidthOf(std::initializer_list<CString> texts) {
     int width = 0;
     for (const CString& text : texts)
@@ -57,14 +49,14 @@ Widths WidthsOf(const AnalysisReport& report) {
     widths.verdict = WidthOf({Say(L"结论"), VerdictWord(true), VerdictWord(false)});
     widths.label = WidthOf({Say(L"窗（句柄）")});
     widths.floor = WidthOf({Say(L"楼层")});
-    widths.facing = WidthOf({Say(L"朝向（度）")});
+    widths.facing = WidthOf({Say(L"朝向（自东，度）")});
     widths.judged = WidthOf({Say(L"判定时数")});
     widths.kind = WidthOf({KindWord(StretchKind::Sunlit), KindWord(StretchKind::Counted),
                            KindWord(StretchKind::Dropped), KindWord(StretchKind::Hidden), KindWord(StretchKind::Lost)});
     for (const WindowResult& window : report.answer.windows) {
         widths.label = std::max(widths.label, std::min(DisplayWidth(WindowLabel(window)), kMostLabel));
         widths.floor = std::max(widths.floor, DisplayWidth(FloorText(window)));
-        widths.facing = std::max(widths.facing, DisplayWidth(PaddedFacing(window)));
+        widths.facing = std::max(widths.facing, DisplayWidth(FacingText(window)));
         widths.judged = std::max(widths.judged, DisplayWidth(JudgedText(window)));
         if (!IsCompared(report))
             continue;
@@ -95,7 +87,7 @@ struct WindowCells {
 
 CString WindowLine(const Widths& widths, const WindowCells& cells) {
     CString line = PadRight(cells.verdict, widths.verdict) + Between() + PadRight(cells.label, widths.label) +
-                   Between() + PadLeft(cells.floor, widths.floor) + Between() + PadRight(cells.facing, widths.facing) +
+                   Between() + PadLeft(cells.floor, widths.floor) + Between() + PadLeft(cells.facing, widths.facing) +
                    Between() + PadLeft(cells.judged, widths.judged) + Between();
     if (widths.before != 0)
         line += PadLeft(cells.before, widths.before) + Between() + PadLeft(cells.lost, widths.lost) + Between();
@@ -149,12 +141,12 @@ private:
 };
 
 WindowCells Headings() {
-    return {Say(L"结论"),     Say(L"窗（句柄）"), Say(L"楼层"), Say(L"朝向（度）"),
+    return {Say(L"结论"),     Say(L"窗（句柄）"), Say(L"楼层"), Say(L"朝向（自东，度）"),
             Say(L"判定时数"), Say(L"方案前"),     Say(L"失去"), CString()};
 }
 
 WindowCells CellsOf(const AnalysisReport& report, const WindowResult& window) {
-    return {VerdictWord(window.passes), WindowLabel(window), FloorText(window), PaddedFacing(window),
+    return {VerdictWord(window.passes), WindowLabel(window), FloorText(window), FacingText(window),
             JudgedText(window),         BeforeText(window),  LostText(window),  SpecialsText(report, window)};
 }
 

@@ -8,6 +8,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisReport.h"
 #include "workbench/commands/AnalysisWords.h"
+#include "workbench/commands/CompassWords.h"
 #include "workbench/commands/WindowWords.h"
 #include "workbench/report/HtmlPage.h"
 #include "workbench/report/Joined.h"
@@ -53,7 +54,7 @@ std::vector<Heading> Headings(bool isCompared) {
     headings.insert(headings.end(), {{isCompared ? Say(L"后结论") : Say(L"结论"), false},
                                      {Say(L"楼"), false},
                                      {Say(L"楼层"), true},
-                                     {Say(L"朝向（度）"), true},
+                                     {Say(L"朝向（自东，度）"), true},
                                      {Say(L"窗台（米）"), true}});
     if (isCompared)
         headings.insert(headings.end(), {{Say(L"方案前"), true}, {Say(L"方案后"), true}, {Say(L"失去"), true}});
@@ -129,7 +130,8 @@ std::string DayHead(const WindowResult& window) {
     const std::string_view kind = window.passes.value_or(true) ? "" : " class=\"no\"";
     const CString verdict = window.passes ? VerdictWord(window.passes) : CString();
     return Joined({"<br><span", kind, ">", Markup(verdict), " ", Markup(JudgedText(window)),
-                   "</span><br><span class=\"small\">", Markup(FacingText(window)), "</span>"});
+                   "</span><br><span class=\"small\">", Markup(SayFormat(L"朝%s", CompassWord(*window.facing))),
+                   "</span>"});
 }
 
 std::string Day(const AnalysisReport& report, const WindowResult& window, std::size_t index) {

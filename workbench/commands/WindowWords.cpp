@@ -26,7 +26,7 @@ CString FloorText(const WindowResult& window) {
 }
 
 CString FacingText(const WindowResult& window) {
-    return window.facing ? DegreesText(*window.facing) + L" " + CompassWord(*window.facing) : CString(L"-");
+    return window.facing ? CompassWord(*window.facing) + L" " + DegreesText(*window.facing) : CString(L"-");
 }
 
 CString JudgedText(const WindowResult& window) {

@@ -11,7 +11,7 @@ struct WindowResult;
 
 // "-" for what is not known.
 CString FloorText(const WindowResult& window);
-CString FacingText(const WindowResult& window);  // degrees and a word
+CString FacingText(const WindowResult& window);  // a word, and the degrees
 CString JudgedText(const WindowResult& window);
 CString BeforeText(const WindowResult& window);
 CString LostText(const WindowResult& window);
