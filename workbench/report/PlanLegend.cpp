@@ -32,7 +32,11 @@ std::vector<LegendEntry> PlanLegend(const PlanPicture& picture, const PlanSigns&
     if (signs.hasColors)
         AddColors(picture, entries);
     if (signs.hasFailing)
-        entries.push_back({"<path fill=\"#111\" d=\"M250 90l100 150h-200z\"/>", Say(L"日照不足的窗，旁边是窗名")});
+        entries.push_back(
+            {"<path fill=\"#111\" d=\"M250 90l100 150h-200z\"/>", Say(L"日照不足的窗，旁边或线的另一端是窗名")});
+    if (signs.namesLeftOut > 0)
+        entries.push_back(
+            {"", SayFormat(L"有 %d 个日照不足的窗写不下窗名，见表", static_cast<int>(signs.namesLeftOut))});
     if (signs.hasHours)
         entries.push_back({"", Say(L"窗旁的数字：日照（时:分）")});
     if (signs.hasUntold)

@@ -1,6 +1,7 @@
 // What stands below a plan: its scale, where north is, and what its signs mean.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@ struct PlanSheet;
 struct PlanSigns {
     bool hasColors = false;
     bool hasFailing = false;
+    std::size_t namesLeftOut = 0;  // of those
     bool hasHours = false;
     bool hasUntold = false;
     bool hasCovered = false;

@@ -76,9 +76,11 @@ std::string DrawLayers(const PlanSheet& sheet, double highest, const std::vector
     return markup + "</g>\n";
 }
 
-PlanSigns SignsOf(const PlanPicture& picture, const PlanStrokes& strokes) {
+// Some only the sheet tells: how many windows are covered, and how many names have no room.
+PlanSigns SignsOf(const PlanPicture& picture, std::size_t covered, std::size_t namesLeftOut) {
     PlanSigns signs;
-    signs.hasCovered = strokes.covered > 0;
+    signs.hasCovered = covered > 0;
+    signs.namesLeftOut = namesLeftOut;
     for (const PlanWindow& window : picture.windows) {
         signs.hasColors = signs.hasColors || window.isTold;
         signs.hasHours = signs.hasHours || window.isTold;
@@ -98,7 +100,8 @@ PlanSigns SignsOf(const PlanPicture& picture, const PlanStrokes& strokes) {
 }
 
 // All within the frame of the plan.
-std::string DrawContent(const PlanPicture& picture, const PlanSheet& sheet, const PlanStrokes& strokes) {
+std::string DrawContent(const PlanPicture& picture, const PlanSheet& sheet, const PlanStrokes& strokes,
+                        std::size_t& namesLeftOut) {
     const std::vector<PlanRoof> roofs = FindRoofs(picture.faces, sheet, picture.withProject);
     PaperLabels labels(sheet.frame);
     const std::vector<PlanArea> areas = FindAreas(picture, sheet);
@@ -108,7 +111,9 @@ std::string DrawContent(const PlanPicture& picture, const PlanSheet& sheet, cons
     content +=
         "<g text-anchor=\"middle\" paint-order=\"stroke\" stroke=\"#fff\" stroke-opacity=\".75\" "
         "stroke-width=\"50\" stroke-linejoin=\"round\">\n";
-    content += DrawNames(picture, strokes, labels);
+    const PlanNames names = DrawNames(picture, strokes, labels);
+    namesLeftOut = names.leftOut;
+    content += names.markup;
     content += DrawAreaTexts(picture, sheet, labels);
     // On an area the height of the roof below would be taken for hours.
     for (const PlanArea& area : areas)
@@ -127,21 +132,22 @@ std::string Millimetres(int units) {
 
 std::string DrawPlan(const PlanPicture& picture) {
     const auto width = static_cast<int>(picture.width * kPaperUnits);
-    // Which windows are covered is known only on the sheet: the legend has room for all signs of the picture.
-    PlanStrokes noStrokes;
-    noStrokes.covered = picture.windows.size() > 1 ? 1 : 0;
+    // What only the sheet tells has its room in the legend.
+    const std::size_t some = picture.windows.size() > 1 ? 1 : 0;
     std::string scratch;
-    const int legendHeight = LayOutLegend(PlanLegend(picture, SignsOf(picture, noStrokes)), width, 0, scratch);
+    const int legendHeight = LayOutLegend(PlanLegend(picture, SignsOf(picture, some, some)), width, 0, scratch);
     const PlanSheet sheet = LayOutPlan(picture, kBelow + kScaleHeight + legendHeight);
     const PlanStrokes strokes = FindStrokes(picture, sheet);
+    std::size_t namesLeftOut = 0;
+    const std::string content = DrawContent(picture, sheet, strokes, namesLeftOut);
 
     const int scaleTop = sheet.frame.bottom + kBelow;
     std::string below = DrawScale(sheet, scaleTop);
     if (!picture.isElevation)
         below += DrawNorth(sheet, picture.north, scaleTop);
     const int legendTop = scaleTop + kScaleHeight;
-    const int height =
-        legendTop + LayOutLegend(PlanLegend(picture, SignsOf(picture, strokes)), width, legendTop, below);
+    const int height = legendTop + LayOutLegend(PlanLegend(picture, SignsOf(picture, strokes.covered, namesLeftOut)),
+                                                width, legendTop, below);
 
     const std::string title = Markup(picture.title.IsEmpty() ? Say(L"总平面图") : picture.title);
     const std::string frame =
@@ -153,7 +159,7 @@ std::string DrawPlan(const PlanPicture& picture) {
            "\" height=\"" + Millimetres(height) + "\" viewBox=\"0 0 " + std::to_string(width) + ' ' +
            std::to_string(height) + "\" font-family=\"sans-serif\" fill=\"#111\">\n<title>" + title +
            "</title>\n<clipPath id=\"" + picture.id + "-frame\"><rect " + frame + "/></clipPath>\n<rect " + frame +
-           " fill=\"#fff\"/>\n<g clip-path=\"url(#" + picture.id + "-frame)\">\n" +
-           DrawContent(picture, sheet, strokes) + "</g>\n<rect class=\"frame\" " + edge +
-           " fill=\"none\" stroke=\"#111\" stroke-width=\"25\"/>\n" + below + "</svg>\n";
+           " fill=\"#fff\"/>\n<g clip-path=\"url(#" + picture.id + "-frame)\">\n" + content +
+           "</g>\n<rect class=\"frame\" " + edge + " fill=\"none\" stroke=\"#111\" stroke-width=\"25\"/>\n" + below +
+           "</svg>\n";
 }

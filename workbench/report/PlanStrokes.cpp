@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
+#include <optional>
 #include <set>
 
 #include "facts/Standard.h"
@@ -123,6 +125,31 @@ std::string TextBeside(const PlanStroke& stroke, int width, const CString& text,
     return {};
 }
 
+CString NameAndHours(const PlanWindow& window) {
+    return window.name + L" " + HoursText(window.minutes);
+}
+
+// Farther and farther away, outwards first.
+std::optional<PaperBox> RoomAround(const PlanStroke& stroke, const CString& text, PaperLabels& labels) {
+    const double ahead =
+        stroke.outX == 0.0 && stroke.outY == 0.0 ? -0.5 * std::numbers::pi : std::atan2(stroke.outY, stroke.outX);
+    const PaperPoint middle = MiddleOf(stroke);
+    for (const double away : {5.0, 7.0, 10.0, 14.0, 19.0, 25.0, 32.0, 40.0})
+        for (const double aside : {0.0, 20.0, -20.0, 40.0, -40.0, 65.0, -65.0, 90.0, -90.0, 125.0, -125.0, 180.0}) {
+            const double direction = ahead + aside * std::numbers::pi / 180.0;
+            const PaperPoint place = {middle.x + static_cast<int>(std::lround(away * kNameSize * std::cos(direction))),
+                                      middle.y + static_cast<int>(std::lround(away * kNameSize * std::sin(direction)))};
+            const PaperBox box = BoxForText(text, kNameSize, place);
+            if (labels.TryTake(box))
+                return box;
+        }
+    return {};
+}
+
+PaperPoint NearestOf(const PaperBox& box, PaperPoint to) {
+    return {std::clamp(to.x, box.left, box.right), std::clamp(to.y, box.top, box.bottom)};
+}
+
 std::string TitleOf(const PlanWindow& window) {
     CString title = window.name;
     if (window.isTold)
@@ -219,23 +246,41 @@ std::string DrawStrokes(const PlanPicture& picture, const PlanStrokes& strokes, 
     return all;
 }
 
-std::string DrawNames(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels) {
+PlanNames DrawNames(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels) {
     std::string texts;
+    std::vector<const PlanStroke*> nameless;
     // The worst ones stand last.
     for (auto stroke = strokes.strokes.rbegin(); stroke != strokes.strokes.rend(); ++stroke) {
         const PlanWindow& window = picture.windows[stroke->window];
         if (!HasFailed(window))
             continue;
-        std::string text =
-            TextBeside(*stroke, strokes.width, window.name + L" " + HoursText(window.minutes), kNameSize, labels);
+        std::string text = TextBeside(*stroke, strokes.width, NameAndHours(window), kNameSize, labels);
         if (text.empty())
             text = TextBeside(*stroke, strokes.width, window.name, kNameSize, labels);
+        if (text.empty() && !window.name.IsEmpty())
+            nameless.push_back(&*stroke);
         texts += text;
     }
-    if (texts.empty())
-        return {};
-    return "<g class=\"names\" font-size=\"" + std::to_string(kNameSize) + "\" font-weight=\"bold\">\n" + texts +
-           "</g>\n";
+    // Behind the others, whose room beside their windows nothing from afar is to take.
+    PlanNames names;
+    std::string leaders;
+    for (const PlanStroke* stroke : nameless) {
+        const CString text = NameAndHours(picture.windows[stroke->window]);
+        if (const std::optional<PaperBox> box = RoomAround(*stroke, text, labels)) {
+            AppendLine(leaders, {Outside(*stroke, 2.2 * strokes.width, 0.0), NearestOf(*box, MiddleOf(*stroke))});
+            texts += TextInBox(text, *box, kNameSize);
+        } else {
+            ++names.leftOut;
+        }
+    }
+    if (!leaders.empty())
+        names.markup =
+            "<path class=\"leaders\" fill=\"none\" stroke=\"#111\" stroke-opacity=\"1\" stroke-width=\"9\" d=\"" +
+            leaders + "\"/>\n";
+    if (!texts.empty())
+        names.markup += "<g class=\"names\" font-size=\"" + std::to_string(kNameSize) + "\" font-weight=\"bold\">\n" +
+                        texts + "</g>\n";
+    return names;
 }
 
 std::string DrawHours(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels) {

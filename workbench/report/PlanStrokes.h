@@ -31,8 +31,12 @@ PlanStrokes FindStrokes(const PlanPicture& picture, const PlanSheet& sheet);
 
 // The strokes, and the marks of windows that fail; they take their room from labels.
 std::string DrawStrokes(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels);
-// The names of the windows that fail.
-std::string DrawNames(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels);
+// The names of the windows that fail: beside them, or where there is room, with a line to the window.
+struct PlanNames {
+    std::string markup;
+    std::size_t leftOut = 0;  // for which there is no room anywhere
+};
+PlanNames DrawNames(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels);
 // The hours of the others.
 std::string DrawHours(const PlanPicture& picture, const PlanStrokes& strokes, PaperLabels& labels);
 
