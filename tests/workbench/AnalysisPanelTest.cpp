@@ -239,7 +239,7 @@ TEST_F(AnalysisPanelTest, AnalysesTheWindowsOfAPlan) {
     Set("LeastAltitude", "89");
     Run();
     EXPECT_EQ(Table()->model()->rowCount(), 2);
-    EXPECT_EQ(Cell(0, WindowModel::Hours), "0:00") << "the sun never stands that high in winter";
+    EXPECT_EQ(Cell(0, WindowModel::Hours), "0:00:00") << "the sun never stands that high in winter";
 }
 
 TEST_F(AnalysisPanelTest, FoldsAwayWhatFewAskFor) {

@@ -62,12 +62,12 @@ TEST(AnalysisTable, TellsEachWindowWithItsDay) {
     EXPECT_EQ(WindowLinesOf(report),
               "结论    窗（句柄）        楼层  朝向（自东，度）  判定时数\n"
               "          真太阳时           北京时间           时:分:秒\n"
-              "达标    1-101-1 (2A)         1          南 270.0      2:30  按从左端 0.30 米起、宽 1.80 米的部分判定\n"
-              "    日照  09:00:00-12:00:00  09:15:00-12:15:00     3:00\n"
-              "    计入  09:00:00-11:30:00  09:15:00-11:45:00     2:30\n"
-              "    不计  14:00:00-14:03:00  14:15:00-14:18:00     0:03  时间段太短\n"
-              "    遮挡  08:00:00-09:00:00  08:15:00-09:15:00     1:00  被 2F\n"
-              "    遮挡  12:00:00-16:00:00  12:15:00-16:15:00     4:00  被 2F, 30\n"
+              "达标    1-101-1 (2A)         1          南 270.0   2:30:00  按从左端 0.30 米起、宽 1.80 米的部分判定\n"
+              "    日照  09:00:00-12:00:00  09:15:00-12:15:00  3:00:00\n"
+              "    计入  09:00:00-11:30:00  09:15:00-11:45:00  2:30:00\n"
+              "    不计  14:00:00-14:03:00  14:15:00-14:18:00  0:03:00  时间段太短\n"
+              "    遮挡  08:00:00-09:00:00  08:15:00-09:15:00  1:00:00  被 2F\n"
+              "    遮挡  12:00:00-16:00:00  12:15:00-16:15:00  4:00:00  被 2F, 30\n"
               "不达标  东楼-102-12 (2B)    12            东 0.0   0:59:30\n"
               "    比标准的最小窗宽窄\n");
 }
@@ -156,7 +156,7 @@ TEST(AnalysisTable, TellsWhatWasAsked) {
     report.request.north = -7.5;
     report.request.need = 1.5;
     EXPECT_TRUE(HasLine(report, "从图形的 y 轴起逆时针 -7.5 度"));
-    EXPECT_TRUE(HasLine(report, "1:30（时:分）"));
+    EXPECT_TRUE(HasLine(report, "1:30:00（时:分:秒）"));
 }
 
 TEST(AnalysisTable, TellsWhatHidesTheSunAndWhatWasLeftOut) {
@@ -185,11 +185,17 @@ TEST(AnalysisTable, StopsWhenNobodyWantsIt) {
 }
 
 TEST(AnalysisWords, TellDurationsToTheSecond) {
-    const std::pair<double, std::string> durations[] = {{0.0, "0:00"},      {5.0, "0:05"},     {60.0, "1:00"},
-                                                        {119.5, "1:59:30"}, {119.999, "2:00"}, {1.0 / 60.0, "0:00:01"},
-                                                        {1440.0, "24:00"},  {90.25, "1:30:15"}};
-    for (const auto& [minutes, text] : durations)
-        EXPECT_EQ(ToUtf8(DurationText(minutes).View()), text) << minutes;
+    const struct {
+        double minutes;
+        const char* text;
+        const char* shortText;
+    } kDurations[] = {{0.0, "0:00:00", "0:00"},          {5.0, "0:05:00", "0:05"},     {60.0, "1:00:00", "1:00"},
+                      {119.5, "1:59:30", "1:59:30"},     {119.999, "2:00:00", "2:00"}, {1440.0, "24:00:00", "24:00"},
+                      {1.0 / 60.0, "0:00:01", "0:00:01"}};
+    for (const auto& each : kDurations) {
+        EXPECT_EQ(ToUtf8(DurationText(each.minutes).View()), each.text) << each.minutes;
+        EXPECT_EQ(ToUtf8(ShortDurationText(each.minutes).View()), each.shortText) << each.minutes;
+    }
 }
 
 TEST(AnalysisWords, TellDirectionsWithinOneTurn) {

@@ -26,11 +26,12 @@ TEST(DayStretches, TellEachStretchWithBothTimesAndItsReason) {
     window.dropped = {{{11.0, 11.5}, DropReason::Short}};
     const std::vector<DayStretch> stretches = StretchesOf(window, {{{9.0, 9.5}, {0x2F}}}, 0.25, NameOf);
     ASSERT_EQ(stretches.size(), 6U);
-    EXPECT_EQ(Text(stretches[0]), "日照：真太阳时 09:00:00-12:00:00，北京时间 09:15:00-12:15:00，3:00");
+    EXPECT_EQ(Text(stretches[0]), "日照：真太阳时 09:00:00-12:00:00，北京时间 09:15:00-12:15:00，3:00:00");
     EXPECT_EQ(stretches[1].kind, DayStretch::Kind::Counted);
-    EXPECT_EQ(Text(stretches[2]), "不计：真太阳时 11:00:00-11:30:00，北京时间 11:15:00-11:45:00，0:30\n时间段太短");
-    EXPECT_EQ(Text(stretches[4]), "遮挡：真太阳时 12:00:00-16:00:00，北京时间 12:15:00-16:15:00，4:00\n被 tower, wall");
-    EXPECT_EQ(Text(stretches[5]), "夺去：真太阳时 09:00:00-09:30:00，北京时间 09:15:00-09:45:00，0:30\n被 tower");
+    EXPECT_EQ(Text(stretches[2]), "不计：真太阳时 11:00:00-11:30:00，北京时间 11:15:00-11:45:00，0:30:00\n时间段太短");
+    EXPECT_EQ(Text(stretches[4]),
+              "遮挡：真太阳时 12:00:00-16:00:00，北京时间 12:15:00-16:15:00，4:00:00\n被 tower, wall");
+    EXPECT_EQ(Text(stretches[5]), "夺去：真太阳时 09:00:00-09:30:00，北京时间 09:15:00-09:45:00，0:30:00\n被 tower");
 }
 
 // On the equinox at 40 degrees of latitude the sun rises at 6 in the east; at 9 it is in the south-east, at an azimuth

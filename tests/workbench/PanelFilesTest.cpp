@@ -65,7 +65,7 @@ TEST_F(PanelFilesTest, ReportsTheAnswerThatHolds) {
     ASSERT_TRUE(fs::exists(In("report/index.html"))) << Log();
     EXPECT_EQ(Cell(1, WindowModel::Verdict), "达标");
     const std::string page = FileBytes(In("report/index.html"));
-    EXPECT_NE(page.find("0:30（时:分）"), std::string::npos);
+    EXPECT_NE(page.find("0:30:00（时:分:秒）"), std::string::npos);
 }
 
 TEST_F(PanelFilesTest, NamesProjectAndAuthorOnTheReport) {

@@ -118,8 +118,10 @@ TEST(PointsTable, HasARowForEachOutline) {
     TextOutput output;
     PrintPointsTable(report, output);
     const std::string& table = output.Text();
-    EXPECT_NE(table.find("  2F           12.50     2  0:45  1:52:30  3:00     50.0%\n"), std::string::npos) << table;
-    EXPECT_NE(table.find("  30            4.00     0     -        -     -         -\n"), std::string::npos) << table;
+    EXPECT_NE(table.find("  2F           12.50     2  0:45:00  1:52:30  3:00:00     50.0%\n"), std::string::npos)
+        << table;
+    EXPECT_NE(table.find("  30            4.00     0        -        -        -         -\n"), std::string::npos)
+        << table;
     EXPECT_NE(table.find("共 2 个轮廓，2 个点。"), std::string::npos);
     EXPECT_NE(table.find("点距 2.5 米，在各轮廓自己的平面上"), std::string::npos);
     report.request.level = -1.5;

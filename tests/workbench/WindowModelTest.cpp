@@ -73,11 +73,11 @@ TEST_F(WindowModelTest, TellsWhatAProjectTakes) {
     gain.before->judged = 100.0;
     m_model.SetReport(
         std::make_shared<AnalysisReport>(ProjectReport(2.5, {ShadedWindow(1, L"A"), gain, LitWindow(3, L"C")})));
-    EXPECT_EQ(Cell(0, WindowModel::Hours), "2:00");
-    EXPECT_EQ(Cell(0, WindowModel::Before), "3:00");
-    EXPECT_EQ(Cell(0, WindowModel::Lost), "1:00");
+    EXPECT_EQ(Cell(0, WindowModel::Hours), "2:00:00");
+    EXPECT_EQ(Cell(0, WindowModel::Before), "3:00:00");
+    EXPECT_EQ(Cell(0, WindowModel::Lost), "1:00:00");
     EXPECT_EQ(Cell(0, WindowModel::Verdict), "不达标");
-    EXPECT_EQ(Cell(1, WindowModel::Lost), "-0:20") << "what it gives";
+    EXPECT_EQ(Cell(1, WindowModel::Lost), "-0:20:00") << "what it gives";
     EXPECT_EQ(Cell(2, WindowModel::Before), "-") << "it is on the project";
     m_model.sort(WindowModel::Lost, Qt::DescendingOrder);
     EXPECT_EQ(Rows(), (Order{0, 1, 2}));

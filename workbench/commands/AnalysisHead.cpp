@@ -61,7 +61,7 @@ TextTable HeadTable(const DayReport& report, const DayRequest& request, const Da
         table.Add({Say(L"图层高度"), HeightsText(request.heights, answer.remarks)});
     for (const HeadRow& row : own)
         table.Add({row.name, row.value});
-    table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分）", DurationText(*request.need * 60.0))
+    table.Add({Say(L"要求"), request.need ? SayFormat(L"%s（时:分:秒）", DurationText(*request.need * 60.0))
                                           : Say(L"没有给出（--need），只列出日照")});
     return table;
 }

@@ -73,11 +73,14 @@ CString DurationText(double minutes) {
     constexpr int kMinute = 60;
     const ClockParts parts = SplitSeconds(static_cast<int>(std::lround(minutes * kMinute)));
     CString text;
-    if (parts.seconds == 0)
-        text.Format(L"%d:%02d", parts.hours, parts.minutes);
-    else
-        text.Format(L"%d:%02d:%02d", parts.hours, parts.minutes, parts.seconds);
+    text.Format(L"%d:%02d:%02d", parts.hours, parts.minutes, parts.seconds);
     return text;
+}
+
+CString ShortDurationText(double minutes) {
+    const CString text = DurationText(minutes);
+    const int seconds = text.ReverseFind(L':');
+    return text.Mid(seconds) == L":00" ? text.Left(seconds) : text;
 }
 
 CString PeriodText(SunPeriod period, double offset) {

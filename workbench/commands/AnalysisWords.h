@@ -17,8 +17,10 @@ CString VerdictWord(const std::optional<bool>& passes);
 CString ReasonWord(DropReason reason);
 CString NoteWord(WindowNote note);
 
-// H:MM, with :SS only where there are seconds; rounded to the second.
+// H:MM:SS, rounded to the second: one form wherever durations stand below each other.
 CString DurationText(double minutes);
+// H:MM, with :SS only where there are seconds: for what has little room.
+CString ShortDurationText(double minutes);
 // Both ends as HH:MM:SS, `offset` hours later.
 CString PeriodText(SunPeriod period, double offset);
 // As drawings write it; "-" for 0, which is none.

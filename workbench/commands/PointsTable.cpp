@@ -60,7 +60,7 @@ std::vector<CString> ReadingNotes(const PointsReport& report) {
     if (report.request.leastAltitude)
         notes.push_back(LeftOutByAltitudeText(*report.request.leastAltitude));
     for (const wchar_t* text :
-         {L"最少、平均、最多是各点按标准计入的日照（时:分）；“够的比例”是日照不少于要求的点所占的比例。",
+         {L"最少、平均、最多是各点按标准计入的日照（时:分:秒）；“够的比例”是日照不少于要求的点所占的比例。",
           L"轮廓里的轮廓不是洞，各自计算；轮廓不投影子。", L"日面中心，平坦地平线，不计大气折射；赤纬和时差整日不变。",
           L"图形里没有的（地形、树木、窗框、玻璃）都不计。"})
         notes.push_back(Say(text));

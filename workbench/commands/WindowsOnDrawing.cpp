@@ -133,7 +133,7 @@ private:
         for (const WindowResult* const window : windows) {
             const auto [middle, outward, along] = FootOf(*window);
             ResultSheet::Text text;
-            text.text = IsAnalysed(*window) ? DurationText(window->judged) : CString(L"-");
+            text.text = IsAnalysed(*window) ? ShortDurationText(window->judged) : CString(L"-");
             text.height = std::clamp(kOfWidth * window->width, kLeast, kMost);
             text.middle = Moved(middle, outward, far + 0.5 * kLine * text.height);
             text.along = along;
