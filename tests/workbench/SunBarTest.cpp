@@ -3,11 +3,11 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QPushButton>
-#include <QSlider>
 
 #include "facts/DayTerms.h"
 #include "facts/Settings.h"
 #include "workbench/WindowStage.h"
+#include "workbench/window/HourSlider.h"
 #include "workbench/window/SunBar.h"
 
 namespace {
@@ -15,7 +15,7 @@ namespace {
 class WindowSun : public WindowStage {
 protected:
     SunBar* Bar() const { return Find<SunBar>("SunBar"); }
-    QSlider* Slider() const { return Find<QSlider>("SunSlider"); }
+    HourSlider* Slider() const { return Find<HourSlider>("SunSlider"); }
     QCheckBox* Switch() const { return Find<QCheckBox>("SunSwitch"); }
     QPushButton* Play() const { return Find<QPushButton>("SunPlay"); }
     QComboBox* Base() const { return Find<QComboBox>("SunBase"); }
@@ -24,6 +24,22 @@ protected:
     std::string Time() const { return Find<QLabel>("SunTime")->text().toStdString(); }
     std::string About() const { return Find<QLabel>("SunAbout")->text().toStdString(); }
     bool Says(const char* text) const { return About().find(text) != std::string::npos; }
+    std::string Place() const { return Find<QLabel>("SunPlace")->text().toStdString(); }
+    // Columns of the slider that have the mark's green, up to the right edge; none are (-1, -1).
+    std::pair<int, int> Marked() const {
+        const QImage image = Slider()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        std::pair<int, int> found(-1, -1);
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (image.pixelColor(x, y) == QColor(46, 158, 82))
+                    found = {found.first < 0 ? x : found.first, x + 1};
+        return found;
+    }
+    // Where the handle's middle is at an hour.
+    double XOf(double hour) const {
+        const int handle = Slider()->style()->pixelMetric(QStyle::PM_SliderLength, nullptr, Slider());
+        return handle / 2.0 + hour * 60 / (24 * 60 - 1) * (Slider()->width() - handle);
+    }
     void Key(Qt::Key key) const { QTest::keyClick(Slider(), key); }
     // Peking of the stage, whatever the sun's day.
     SunDay DayHere() const {
@@ -132,9 +148,9 @@ TEST_F(WindowSun, HasADayOfItsOwnThatChangesNoSettings) {
 TEST_F(WindowSun, IsThatOfThePlaceInForce) {
     Switch()->click();
     Type("set --place 北京");
-    EXPECT_TRUE(Says("北京市/北京")) << About();
+    EXPECT_EQ(Place(), "北京市/北京");
     Type("set --place 通州");
-    EXPECT_TRUE(Says("北京市/通州")) << About() << Log();
+    EXPECT_EQ(Place(), "北京市/通州") << Log();
     ASSERT_TRUE(View()->GetSun());
     EXPECT_EQ(View()->GetSun()->day.longitude, 116.7);
     g_SunDataSet.CurCity() = L"无此地";
@@ -176,4 +192,56 @@ TEST_F(WindowSun, SpeaksEnglishAndHasNames) {
     EXPECT_EQ(Play()->text(), "Play");
     EXPECT_EQ(Switch()->text(), "Sun and shadows");
     EXPECT_EQ(Base()->itemText(1), "Beijing time");
+}
+
+// What is told is never shortened; the place's name, which may be long, gives way.
+TEST_F(WindowSun, IsToldInFullAtEverySizeAndInLargeLetters) {
+    Switch()->click();
+    QFont large = Bar()->font();
+    large.setPointSizeF(1.6 * large.pointSizeF());
+    Bar()->setFont(large);
+    for (const char* language : {"LanguageZh", "LanguageEn"}) {
+        m_window->findChild<QAction*>(language)->trigger();
+        for (const QSize& size : {QSize(800, 600), QSize(1100, 760), QSize(1280, 800)}) {
+            m_window->resize(size);
+            QCoreApplication::processEvents();
+            const auto* about = Find<QLabel>("SunAbout");
+            for (const int minute : {0, 11 * 60 + 40}) {
+                Slider()->setValue(minute);
+                const auto isWhole = [about] {
+                    return about->fontMetrics().horizontalAdvance(about->text()) <= about->contentsRect().width();
+                };
+                EXPECT_TRUE(QTest::qWaitFor(isWhole, 1000)) << About() << " at " << size.width();
+            }
+            EXPECT_TRUE(Bar()->rect().contains(about->geometry()));
+        }
+    }
+}
+
+TEST_F(WindowSun, LeavesTheSliderInItsPlaceWhenItComesAndGoes) {
+    for (const char* language : {"LanguageZh", "LanguageEn"}) {
+        m_window->findChild<QAction*>(language)->trigger();
+        m_window->resize(1100, 760);
+        QCoreApplication::processEvents();
+        const QRect place = Slider()->geometry();
+        Switch()->click();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Slider()->geometry(), place) << language;
+        Switch()->click();
+    }
+}
+
+// The shipped standard of the day of great cold counts from 8 to 16, true solar time.
+TEST_F(WindowSun, MarksTheSpanThatCounts) {
+    Type("set --standard 国标大寒日");
+    m_window->resize(1280, 800);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(Marked().first, XOf(8.0), 1.0) << Log();
+    EXPECT_NEAR(Marked().second, XOf(16.0), 1.0);
+    Switch()->click();
+    Base()->setCurrentIndex(1);
+    const double later = View()->GetSun()->shownLater;
+    EXPECT_GT(XOf(later) - XOf(0.0), 2.0) << "else nothing is told";
+    EXPECT_NEAR(Marked().first, XOf(8.0 + later), 1.0);
+    EXPECT_NEAR(Marked().second, XOf(16.0 + later), 1.0);
 }

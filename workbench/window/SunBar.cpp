@@ -10,9 +10,11 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QSlider>
+#include <QVBoxLayout>
 #include <cmath>
 
+#include "analysis/DayRequest.h"
+#include "analysis/ShadingScene.h"
 #include "facts/ClockText.h"
 #include "facts/DayTerms.h"
 #include "facts/DayText.h"
@@ -23,6 +25,7 @@
 #include "workbench/commands/ValueErrors.h"
 #include "workbench/view/ElidedLabel.h"
 #include "workbench/view/WidgetText.h"
+#include "workbench/window/HourSlider.h"
 
 namespace {
 
@@ -59,12 +62,9 @@ void SunBar::Build() {
     m_play = new QPushButton(this);
     m_play->setObjectName("SunPlay");
     m_play->setCheckable(true);
-    m_slider = new QSlider(Qt::Horizontal, this);
+    m_slider = new HourSlider(this);
     m_slider->setObjectName("SunSlider");
-    m_slider->setRange(0, kMinutesPerDay - 1);
     m_slider->setPageStep(kPageMinutes);
-    m_slider->setTickPosition(QSlider::TicksBelow);
-    m_slider->setTickInterval(kMinutesPerHour);
     constexpr int kShortest = 144;  // a pixel for ten minutes
     m_slider->setMinimumWidth(kShortest);
     m_slider->installEventFilter(this);
@@ -82,8 +82,16 @@ void SunBar::Build() {
     constexpr int kMore = 8;  // it measures itself without room for the cursor
     m_date->setMinimumWidth(m_date->sizeHint().width() + kMore);
     m_date->setKeyboardTracking(false);  // a year in the making is no date that anybody means
-    m_about = new ElidedLabel(this);
+    m_place = new ElidedLabel(this);
+    m_place->setObjectName("SunPlace");
+    m_about = new QLabel(this);
     m_about->setObjectName("SunAbout");
+    m_about->setTextFormat(Qt::PlainText);
+    m_about->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* told = new QVBoxLayout;
+    told->setSpacing(0);
+    told->addWidget(m_place);
+    told->addWidget(m_about);
     auto* rows = new QGridLayout(this);
     rows->setContentsMargins(4, 2, 4, 2);
     rows->addWidget(m_switch, 0, 0);
@@ -92,10 +100,17 @@ void SunBar::Build() {
     rows->addWidget(m_time, 0, 3);
     rows->addWidget(m_base, 1, 0);
     rows->addWidget(m_date, 1, 1);
-    rows->addWidget(m_about, 1, 2, 1, 2);
+    rows->addLayout(told, 1, 2, 1, 2);
     rows->setColumnStretch(2, 1);
-    for (QWidget* ofSecondRow : std::initializer_list<QWidget*>{m_base, m_date, m_about})
+    for (QWidget* ofSecondRow : std::initializer_list<QWidget*>{m_base, m_date, m_place, m_about})
         ofSecondRow->setVisible(false);
+}
+
+// For the second row also while it is not there, so that the slider stays in its place when it comes.
+void SunBar::MakeRoom() {
+    auto* rows = static_cast<QGridLayout*>(layout());
+    rows->setColumnMinimumWidth(0, std::max(m_switch->sizeHint().width(), m_base->sizeHint().width()));
+    rows->setColumnMinimumWidth(1, std::max(m_play->sizeHint().width(), m_date->minimumWidth()));
 }
 
 void SunBar::Join() {
@@ -185,11 +200,13 @@ void SunBar::Retranslate() {
     m_switch->setText(ShownSay(L"太阳和阴影"));
     m_switch->setToolTip(ShownSay(L"这一刻的阴影和太阳的路径 (F6)"));
     m_slider->setAccessibleName(ShownSay(L"一天中的时刻"));
-    m_slider->setToolTip(ShownSay(L"拖动，或用方向键、Page Up 和 Page Down 改变时刻；空格播放和暂停"));
+    m_slider->setToolTip(ShownSay(L"点击、拖动，或用方向键、Page Up 和 Page Down 改变时刻；空格播放和暂停") + "\n" +
+                         ShownSay(L"绿色的一段是当前标准计算日照的时段"));
     m_base->setAccessibleName(ShownSay(L"时刻按"));
     m_date->setAccessibleName(ShownSay(L"太阳的日期"));
     m_date->setToolTip(ShownSay(L"只换视图里太阳的日期，不改变日照设置"));
     SetPlaying(m_clock.isActive());
+    MakeRoom();
     ShowTexts();
 }
 
@@ -250,6 +267,7 @@ void SunBar::Change() {
         if (terms.IsReasonable()) {
             const SunDay day = ComputeSunDay(terms, *m_settings.place);
             m_sun = ViewSun{day, m_north, m_moment, IsBeijing() ? day.BeijingTime(0.0) : 0.0};
+            MarkSpan(terms);
         } else {
             m_fault = UnreasonableTermsText();
         }
@@ -262,10 +280,20 @@ void SunBar::Change() {
         m_onSun();
 }
 
+// By the rules of an analysis, whose clock may be the other one.
+void SunBar::MarkSpan(const DayTerms& terms) {
+    DayRequest request;
+    request.settings = m_settings;
+    request.terms = terms;
+    std::optional<SunPeriod> span = FindSpan(request);
+    if (span)
+        span = SunPeriod{span->start + m_sun->shownLater, span->end + m_sun->shownLater};
+    m_slider->SetMark(span);
+}
+
 void SunBar::ShowTexts() {
     m_slider->setEnabled(m_sun.has_value());
     m_play->setEnabled(m_sun.has_value());
-    QString about = Shown(m_fault);
     if (m_sun) {
         const double shown = Wrapped(m_moment + m_sun->shownLater);
         const CString clock = ClockText(shown);
@@ -273,13 +301,21 @@ void SunBar::ShowTexts() {
         m_slider->setValue(static_cast<int>(std::lround(shown * kMinutesPerHour)) % kMinutesPerDay);
         m_time->setText(Shown(clock));
         m_slider->setAccessibleDescription(Shown(clock));  // its value is a number of minutes
-        const SunPosition sun = PositionOfSun(m_sun->day, m_moment);
-        about = Shown(Printable(m_settings.place->FullName())) + QString::fromUtf8("　") +
-                (sun.altitude > 0.0
-                     ? Shown(SayFormat(L"太阳高度角 %s°，方位角 %s°", Degrees(sun.altitude), Degrees(sun.azimuth)))
-                     : ShownSay(L"夜间：太阳在地平线以下"));
     } else {
         m_time->setText(QString());
     }
-    m_about->ShowText(about);
+    ShowPlace();
+}
+
+// Why there is no sun has the room of both lines, and as many as it takes.
+void SunBar::ShowPlace() {
+    m_place->setVisible(IsOn() && m_sun);
+    m_about->setWordWrap(!m_sun);
+    if (!m_sun)
+        return m_about->setText(Shown(m_fault));
+    m_place->ShowText(Shown(Printable(m_settings.place->FullName())));
+    const SunPosition sun = PositionOfSun(m_sun->day, m_moment);
+    m_about->setText(sun.altitude > 0.0
+                         ? Shown(SayFormat(L"太阳高度角 %s°，方位角 %s°", Degrees(sun.altitude), Degrees(sun.azimuth)))
+                         : ShownSay(L"夜间：太阳在地平线以下"));
 }

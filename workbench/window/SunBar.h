@@ -11,20 +11,22 @@
 #include "facts/Settings.h"
 #include "workbench/view/ViewSun.h"
 
+struct DayTerms;
 class ElidedLabel;
+class HourSlider;
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
 class QLabel;
 class QPushButton;
-class QSlider;
 
 // The place is that of the settings in force; the day is theirs until another one is chosen here, which leaves the
 // settings as they are. It begins at true solar noon, and with the sun off: then one row of it is seen. Whoever moves
 // the slider, plays, or chooses a day wants to see it, so that this switches it on.
 //
 // The slider has a step for each minute of the clock that is shown; its arrow keys go by one, Page Up and Page Down by
-// thirty, Home and End to the day's ends, and Space plays and pauses. Playing goes from sunrise to sunset, over and
+// thirty, Home and End to the day's ends, and Space plays and pauses. The span that the standard in force analyses is
+// marked on it. Playing goes from sunrise to sunset, over and
 // over; where the sun does not rise or set, around the clock.
 class SunBar : public QWidget {
 public:
@@ -68,6 +70,9 @@ private:
     // Computes the sun of place, day and moment, and shows it.
     void Change();
     void ShowTexts();
+    void ShowPlace();
+    void MarkSpan(const DayTerms& terms);
+    void MakeRoom();
     CString FindFault() const;
 
     Settings m_settings;
@@ -80,9 +85,10 @@ private:
     std::optional<ViewSun> m_told;  // what m_onSun was last called for
     QCheckBox* m_switch = nullptr;
     QPushButton* m_play = nullptr;
-    QSlider* m_slider = nullptr;
+    HourSlider* m_slider = nullptr;
     QLabel* m_time = nullptr;
     QComboBox* m_base = nullptr;
     QDateEdit* m_date = nullptr;
-    ElidedLabel* m_about = nullptr;
+    ElidedLabel* m_place = nullptr;
+    QLabel* m_about = nullptr;
 };
