@@ -163,21 +163,20 @@ TEST(Film, EnlargesThePictureFromWhereTheEyeIs) {
 
 TEST(Film, WritesPlaceDayBothTimesAndTheSunOnEachPicture) {
     const AnalysisRequest request = RequestInBeijing();
-    AnalysisAnswer answer;
-    answer.beijingOffset = 0.25;
+    const AnalysisAnswer answer;
     const FilmStamp stamp(request, answer);
     const std::vector<QString> noon = stamp.LinesAt(12.0);
     ASSERT_EQ(noon.size(), 5U);
     EXPECT_EQ(noon[0], QString("北京市/北京"));
     EXPECT_TRUE(noon[1].contains("2025") && noon[1].contains("12") && noon[1].contains("22")) << noon[1].toStdString();
     EXPECT_EQ(noon[2], QString("真太阳时 12:00:00"));
-    EXPECT_EQ(noon[3], QString("北京时间 12:15:00"));
+    EXPECT_EQ(noon[3], QString("北京时间 12:14:24"));  // 3.6 degrees west of 120, at 4 minutes each
     EXPECT_EQ(noon[4], QString("太阳高度角 26.6°，方位角 180.0°"));
     EXPECT_EQ(stamp.LinesAt(2.0)[4], QString("夜间：太阳在地平线以下"));
 }
 
 TEST(Film, ExplainsTheColoursOfTheStandard) {
-    const AnalysisRequest request = RequestInBeijing();
+    AnalysisRequest request = RequestInBeijing();
     AnalysisAnswer answer;
     EXPECT_EQ(FilmStamp(request, answer).Legend().size(), 2U);  // lit and not
     WindowResult unknown = SouthWindow();
@@ -191,6 +190,11 @@ TEST(Film, ExplainsTheColoursOfTheStandard) {
     EXPECT_EQ(rows[4].rgb, 0x00FF00);
     EXPECT_EQ(rows[4].text, QString("≥ 2.5"));
     EXPECT_EQ(rows[5].rgb, kNoSideColor);
+    request.need = 2.5;
+    const auto marked = FilmStamp(request, answer).Legend();
+    ASSERT_EQ(marked.size(), 7U);
+    EXPECT_TRUE(marked[4].isMark) << "from 2.5 on it is enough";
+    EXPECT_EQ(marked[5].text, rows[4].text);
 }
 
 TEST(RecordingFile, SaysWhyThereIsNoRoom) {

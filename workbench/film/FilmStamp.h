@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "analysis/WindowAnalysis.h"
+#include "workbench/view/Plate.h"
 
 class ViewCamera;
 
@@ -15,11 +16,7 @@ public:
 
     // The lines at the top, the first one the title.
     std::vector<QString> LinesAt(double trueSolarTime) const;
-    struct LegendRow {
-        int rgb = -1;  // none for a heading
-        QString text;
-    };
-    std::vector<LegendRow> Legend() const;
+    std::vector<PlateRow> Legend() const;
 
     // The compass turns with the camera.
     void Draw(QImage& picture, double trueSolarTime, const ViewCamera& camera) const;

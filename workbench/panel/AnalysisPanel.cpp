@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "analysis/SpotAnalysis.h"
@@ -25,6 +26,7 @@
 #include "workbench/panel/ResultFiles.h"
 #include "workbench/panel/ResultShapes.h"
 #include "workbench/panel/WindowDayView.h"
+#include "workbench/view/HoursLegend.h"
 #include "workbench/view/IndexColors.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
@@ -306,29 +308,38 @@ void AnalysisPanel::ShowShapes() {
 }
 
 // Which colour is which hours, by the standard's table; of isolines those that there are.
-void AnalysisPanel::ShowLegend() {
-    QStringList parts;
-    if (m_windows)
-        for (const TimeColor& row : m_windows->request.settings.standard->timeColors)
-            parts << Sample(RgbOfColorIndex(row.color)) + "&ge;" + QString::number(row.hours);
-    QStringList lines;
-    if (!parts.isEmpty())
-        lines << ShownSay(L"颜色（小时）：").toHtmlEscaped() + parts.join(" &nbsp;");
-    parts.clear();
-    if (m_points) {
-        std::vector<int> hours;
-        for (const Isoline& line : m_points->answer.isolines)
-            hours.push_back(line.hours);
-        std::sort(hours.begin(), hours.end());
-        hours.erase(std::unique(hours.begin(), hours.end()), hours.end());
-        for (const int each : hours)
-            parts << Sample(RgbOfLine(m_points->request.settings.standard->TimeColorOf(each), -1)) +
-                         QString::number(each);
-        if (!parts.isEmpty())
-            lines << ShownSay(L"等时线（小时）：").toHtmlEscaped() + parts.join(" &nbsp;");
+std::vector<PlateRow> AnalysisPanel::GetLegend() const {
+    std::vector<PlateRow> rows;
+    if (m_windows) {
+        const AnalysisRequest& request = m_windows->request;
+        rows = HoursLegend(request.settings.standard->timeColors, request.need);
+        if (!rows.empty())
+            rows.insert(rows.begin(), {-1, ShownSay(L"颜色（小时）：").trimmed()});
     }
-    m_legend->setText(lines.join("<br>"));
-    m_legend->setVisible(!lines.isEmpty());
+    std::set<int> hours;
+    if (m_points)
+        for (const Isoline& line : m_points->answer.isolines)
+            hours.insert(line.hours);
+    if (!hours.empty())
+        rows.push_back({-1, ShownSay(L"等时线（小时）：").trimmed()});
+    for (const int each : hours)
+        rows.push_back({RgbOfLine(m_points->request.settings.standard->TimeColorOf(each), -1), QString::number(each)});
+    return rows;
+}
+
+void AnalysisPanel::ShowLegend() {
+    QString text;
+    for (const PlateRow& row : GetLegend()) {
+        const QString words = row.text.toHtmlEscaped();
+        if (row.rgb >= 0)
+            text += Sample(row.rgb) + QString(words).remove(' ') + " &nbsp;";
+        else if (row.isMark)
+            text += "<b>|&nbsp;" + QString(words).replace(' ', "&nbsp;") + "&nbsp;|</b> &nbsp;";
+        else
+            text += (text.isEmpty() ? "" : "<br>") + words + " ";
+    }
+    m_legend->setText(text);
+    m_legend->setVisible(!text.isEmpty());
 }
 
 void AnalysisPanel::ChooseRow() {

@@ -17,6 +17,7 @@
 #include "workbench/commands/PointsReport.h"
 #include "workbench/panel/AskedState.h"
 #include "workbench/panel/WindowModel.h"
+#include "workbench/view/Plate.h"
 #include "workbench/view/ScenePick.h"
 #include "workbench/view/ViewSun.h"
 
@@ -60,6 +61,8 @@ public:
     HiddenLayers GetHidden() const;
     // How many layers the view does not show, which count nevertheless.
     void SetHiddenCount(int count);
+    // What the colours mean that are shown in the view; empty without results.
+    std::vector<PlateRow> GetLegend() const;
     // The sun that the view shows, and its day; none while it shows none.
     void SetSun(const std::optional<ViewSun>& sun, CalendarDay day);
     void Retranslate();

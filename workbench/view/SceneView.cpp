@@ -185,6 +185,19 @@ QImage SceneView::GetPicture() {
     return m_picture;
 }
 
+QImage SceneView::GetShownPicture() {
+    if (std::exchange(m_isMoving, false))
+        Redraw();
+    QImage picture = GetPicture();
+    if (picture.isNull())
+        return picture;
+    QPainter painter(&picture);
+    painter.setFont(font());
+    painter.scale(m_scale, m_scale);
+    DrawOverlays(painter);
+    return picture;
+}
+
 bool SceneView::IsLarge() const {
     return HasShapes() && m_scene->faces.size() + m_scene->lines.segments.size() >
                               static_cast<std::size_t>(std::max(g_RenderMaxFaceNum, 0));

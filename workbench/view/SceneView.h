@@ -112,6 +112,8 @@ public:
     const ViewCamera& GetCamera() const { return m_camera; }
     // The picture of the scene as it is shown now, without compass and path of the sun; null when there is none.
     QImage GetPicture();
+    // The picture in full, and with these; null as well.
+    QImage GetShownPicture();
     // Why there is no picture; empty when there is one or nothing to see.
     QString GetProblem() const { return m_problem; }
     QSize sizeHint() const override { return {800, 600}; }

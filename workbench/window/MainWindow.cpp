@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QSaveFile>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -35,6 +34,7 @@
 #include "workbench/window/AboutText.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
+#include "workbench/window/SavedView.h"
 #include "workbench/window/SunBar.h"
 #include "workbench/window/WindowIcon.h"
 #include "workbench/window/WindowKeys.h"
@@ -430,21 +430,22 @@ void MainWindow::ToggleParallel() {
 }
 
 void MainWindow::SavePicture() {
-    const QImage picture = m_view->GetPicture();
+    const QImage picture = m_view->GetShownPicture();
     if (picture.isNull()) {
         m_log->AddComplaint(Say(L"视图里没有可以保存的图像"));
         return;
     }
-    CFileDialog dialog(FALSE, L"png", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
-                       (Say(L"PNG 图片 (*.png)") + L"|*.png||").GetString(), &m_frame);
+    CFileDialog dialog(FALSE, L"png", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, PictureFilter().GetString(),
+                       &m_frame);
     if (dialog.DoModal() != IDOK)
         return;
-    const CString path = dialog.GetPathName();
-    QSaveFile file(Shown(path));
-    if (file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.commit())
+    CString path = dialog.GetPathName();
+    CString problem;
+    const QImage stamped = StampedView(picture, m_sun->GetStamp(), m_panels->GetAnalysis().GetLegend());
+    if (SavePictureAs(stamped, path, problem))
         m_log->AddText(SayFormat(L"视图已保存到 %s", Printable(path)));
     else
-        m_log->AddComplaint(SayFormat(L"无法保存 %s：%s", Printable(path), Printable(Typed(file.errorString()))));
+        m_log->AddComplaint(problem);
 }
 
 void MainWindow::ShowKeys() {

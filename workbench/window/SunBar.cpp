@@ -24,6 +24,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/ValueErrors.h"
 #include "workbench/view/ElidedLabel.h"
+#include "workbench/view/SunStamp.h"
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/HourSlider.h"
 
@@ -37,12 +38,6 @@ constexpr int kPageMinutes = 30;
 double Wrapped(double hours) {
     const double rest = std::fmod(hours, kHoursPerDay);
     return rest < 0.0 ? rest + kHoursPerDay : rest;
-}
-
-CString Degrees(double value) {
-    CString text;
-    text.Format(L"%.1f", value);
-    return text == L"-0.0" ? CString(L"0.0") : text;
 }
 
 }  // namespace
@@ -222,6 +217,12 @@ bool SunBar::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
+std::vector<QString> SunBar::GetStamp() const {
+    if (!GetSun())
+        return {};
+    return SunStamp(m_settings.place->FullName(), GetDay(), m_sun->day, m_moment);
+}
+
 void SunBar::SetPlaying(bool isPlaying) {
     m_play->setText(isPlaying ? ShownSay(L"暂停") : ShownSay(L"播放"));
     m_play->setAccessibleName(isPlaying ? ShownSay(L"暂停") : ShownSay(L"播放一天的阴影"));
@@ -314,8 +315,5 @@ void SunBar::ShowPlace() {
     if (!m_sun)
         return m_about->setText(Shown(m_fault));
     m_place->ShowText(Shown(Printable(m_settings.place->FullName())));
-    const SunPosition sun = PositionOfSun(m_sun->day, m_moment);
-    m_about->setText(sun.altitude > 0.0
-                         ? Shown(SayFormat(L"太阳高度角 %s°，方位角 %s°", Degrees(sun.altitude), Degrees(sun.azimuth)))
-                         : ShownSay(L"夜间：太阳在地平线以下"));
+    m_about->setText(SunPositionText(PositionOfSun(m_sun->day, m_moment)));
 }

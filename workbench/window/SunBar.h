@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "calendar/CalendarDay.h"
 #include "facts/Settings.h"
@@ -50,6 +51,8 @@ public:
     std::optional<ViewSun> GetSun() const { return IsOn() ? m_sun : std::nullopt; }
     // Called whenever that has changed.
     std::function<void()> m_onSun;
+    // What a picture says of its place and moment; nothing where there is none.
+    std::vector<QString> GetStamp() const;
     // Called when somebody has chosen the other clock, or switched the sun on or off.
     std::function<void()> m_onChoice;
 
