@@ -158,8 +158,10 @@ void AnalysisPanel::Join() {
     };
     m_day->SetNames([this](std::uint64_t handle) { return NameOf(handle); });
     m_day->m_onEntity = [this](std::uint64_t handle) {
-        if (m_drawing.database)
-            m_view.Pick(m_drawing.database->FindHandle(handle));
+        if (!m_drawing.database)
+            return;
+        m_view.Pick(m_drawing.database->FindHandle(handle));
+        m_view.Show(m_view.GetPicked());
     };
 }
 

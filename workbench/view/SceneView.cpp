@@ -3,12 +3,11 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 #include <utility>
 
 #include "settings/AnalysisParameters.h"
 #include "workbench/view/CompassRose.h"
+#include "workbench/view/Lookout.h"
 #include "workbench/view/SunPath.h"
 #include "workbench/view/WidgetText.h"
 
@@ -111,31 +110,22 @@ void SceneView::SetResults(std::shared_ptr<const ViewResults> results) {
 void SceneView::Choose(std::optional<std::size_t> window, bool isShown) {
     m_chosen = window;
     const ResultQuad* const quad = window && m_results ? QuadOf(*m_results, *window) : nullptr;
-    if (isShown && quad && HasShapes() && !IsInSight(*quad, *m_scene, m_hidden, m_camera))
-        TurnTo(*quad);
+    if (isShown && quad && HasShapes() && !IsInSight(*quad, *m_scene, m_hidden, m_camera)) {
+        LookAtWindow(m_camera, *quad, *m_scene, m_hidden);
+        m_isFitted = false;
+    }
     Redraw();
 }
 
-// From before it and somewhat above, from where its house is seen as well, or as close as it takes for nothing to stand
-// in between.
-void SceneView::TurnTo(const ResultQuad& quad) {
-    constexpr double kAltitude = 15.0;
-    constexpr double kDistances[] = {16.0, 8.0};  // in sizes of the window
-    const QcGePoint& left = quad.corners[0];
-    const QcGePoint& right = quad.corners[1];
-    const double size = (quad.corners[2] - left).Length();
-    const double azimuth = std::atan2(right.y - left.y, left.x - right.x) * 180.0 / std::numbers::pi;
-    m_camera.Look(azimuth, kAltitude);
-    m_camera.Aim(MiddleOf(quad));
+void SceneView::Show(AcDbObjectId id) {
+    const auto box = HasShapes() ? BoxOfEntity(*m_scene, m_hidden, id) : std::nullopt;
+    if (!box || IsInPicture(*m_scene, m_hidden, id, m_camera))
+        return;
+    const ResultQuad* const quad = m_chosen && m_results ? QuadOf(*m_results, *m_chosen) : nullptr;
+    if (!quad || !LookAtBoth(m_camera, *box, *quad, *m_scene, m_hidden))
+        LookAtBox(m_camera, *box);
     m_isFitted = false;
-    for (const double distance : kDistances) {
-        if (!(size > 0.0))
-            return;
-        m_camera.Zoom(m_camera.GetDistance() / (distance * size), m_camera.GetWidth() / 2.0,
-                      m_camera.GetHeight() / 2.0);
-        if (IsInSight(quad, *m_scene, m_hidden, m_camera))
-            return;
-    }
+    Redraw();
 }
 
 void SceneView::SetParallel(bool isParallel) {

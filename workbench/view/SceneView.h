@@ -38,7 +38,7 @@
 //   Look, Fit, Home, double click        true       true
 //   pick, choose, hide layers, P         true
 //   show results                         true
-//   turn to a window                     true       false
+//   turn to a window or an entity        true       false
 //   SetSun                               true                   if costly
 //   turn, move, zoom                     true       false       if costly
 //   another size                         true       (fits if)   if costly
@@ -77,6 +77,9 @@ public:
     // Picks an entity; the null id picks nothing. What is picked is marked, and stays so when the scene is updated.
     void Pick(AcDbObjectId id);
     AcDbObjectId GetPicked() const { return m_picked; }
+    // Turns and moves to an entity when nothing of it is in the picture, so that it is seen with the chosen window
+    // where that can be.
+    void Show(AcDbObjectId id);
     // Called whenever another entity, or none, has been picked.
     std::function<void()> m_onPick;
     // Results that are shown over the drawing, null for none; another drawing begins without any. A click on a window
@@ -153,7 +156,6 @@ private:
     void PickAt(const QPointF& pixel);
     void TellSpot(const QPointF& pixel) const;
     void PickNext(int step);
-    void TurnTo(const ResultQuad& quad);
     void SetBoxes();
     void AskForPicture();
     void TakePicture(std::chrono::milliseconds patience);
