@@ -108,7 +108,8 @@ std::string ProgramPage(const ManualHead& head, ProseFile& prose) {
     page.Line(Bold(L"orvo"));
     for (const SubcommandOption& option : ProgramOptions())
         page.Line(OptionUse(option));
-    page.Line("[" + Italic(prose.GetHeading(L"SUBCOMMAND")) + " [" + Italic(prose.GetHeading(L"ARGUMENTS")) + "]]");
+    page.Line("[" + Italic(prose.GetHeading(L"SUBCOMMAND")) + " [" + Italic(prose.GetHeading(L"ARGUMENTS")) + "] | " +
+              Italic(L"FILE.dxf") + "]");
     page.Section(L"DESCRIPTION");
     page.Part(L"orvo");
     page.Section(L"SUBCOMMANDS");

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <filesystem>
 #include <stdexcept>
 
 #include "platform/base/PlainText.h"
@@ -167,6 +168,31 @@ std::vector<CString> WithHelpAsOption(const std::vector<CString>& words) {
     return turned;
 }
 
+std::filesystem::path PathOf(const CString& file) {
+    return ToUtf8(file.View());
+}
+
+bool NamesDrawing(const CString& word) {
+    std::error_code error;
+    const auto there = std::filesystem::status(PathOf(word), error);
+    return word.Right(4).CompareNoCase(L".dxf") == 0 ||
+           (std::filesystem::exists(there) && !std::filesystem::is_directory(there));
+}
+
+// The file that stands where a subcommand would; empty where there is none.
+CString DrawingWithoutSubcommand(const std::vector<CString>& words) {
+    CommandLineModel model;
+    try {
+        model.Parse(words);
+    } catch (const CLI::ExtrasError&) {
+        const std::vector<CString> extras = model.GetRemaining();
+        if (!model.Chosen() && !extras.empty() && extras.front().Left(1) != L"-" && NamesDrawing(extras.front()))
+            return extras.front();
+    } catch (const CLI::ParseError&) {  // told where it is parsed in earnest
+    }
+    return CString();
+}
+
 int WriteAnswer(int code, CollectedOutput& output) {
     return output.Flush() || code != kExitOk ? code : kExitFailed;
 }
@@ -185,7 +211,15 @@ bool AsksForPrompt(const std::vector<CString>& words) {
 }
 
 int RunWords(const std::vector<CString>& given, WordsFrom from, CollectedOutput& output) {
-    const std::vector<CString> words = WithHelpAsOption(given);
+    std::vector<CString> words = WithHelpAsOption(given);
+    if (from == WordsFrom::CommandLine) {
+        const CString drawing = DrawingWithoutSubcommand(words);
+        std::error_code error;
+        if (!drawing.IsEmpty() && !std::filesystem::exists(PathOf(drawing), error))
+            return Refuse(kExitFailed, SayFormat(L"没有文件“%s”：请检查它的名字和文件夹", Printable(drawing)));
+        if (!drawing.IsEmpty())
+            words.insert(words.begin(), L"window");
+    }
     CommandLineModel model;
     try {
         model.Parse(words);

@@ -38,7 +38,7 @@ CString UseOf(const SubcommandOption& option) {
 
 CString UsageLine(const Subcommand* subcommand) {
     if (!subcommand)
-        return L"orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]";
+        return L"orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS] | FILE.dxf]";
     CString line = L"orvo " + subcommand->name;
     for (const SubcommandOption& option : subcommand->options) {
         const CString use = UseOf(option);
@@ -79,6 +79,7 @@ void PrintExamples(const std::vector<CString>& examples, Output& output) {
 void PrintProgramNotes(Output& output) {
     output.Line(L"");
     output.Line(Say(L"不带子命令时出现提示符，可输入子命令和主机命令；quit、exit 或输入结束即退出。"));
+    output.Line(Say(L"给出 DXF 文件而不是子命令时，在窗口里打开它。"));
     output.Line(Say(L"退出码：0 成功；1 请求无法完成（没有这个名字、文件不可用、写不出去）；2 用法错误。"));
     output.Line(Say(L"从管道读命令时，退出码是最后一条失败命令的；没有失败的则为 0。"));
 }

@@ -50,6 +50,10 @@ class Completion(ProgramTest):
         self.assertEqual((done.returncode, done.stderr), (0, ""), done)
         return done.stdout.splitlines()
 
+    def write_here(self, name):
+        with open(os.path.join(self.home, name), "w", encoding="ascii"):
+            pass
+
     def test_bash_asks(self):
         script = os.path.join(PREFIX, "share", "bash-completion", "completions", "orvo")
 
@@ -60,6 +64,14 @@ COMP_WORDS=({line}); COMP_CWORD={len(words)}
 $(complete -p orvo | sed 's/.*-F \\([^ ]*\\) .*/\\1/')
 printf '%s\\n' "${{COMPREPLY[@]}}" """)
         self.assertEqual(complete("st"), ["standards"])
+        for name in ("site.dxf", "SITE 2.DXF", "site.txt"):
+            self.write_here(name)
+        self.assertEqual(complete("st"), ["standards"])
+        self.assertEqual(complete("si"), ["site.dxf"])
+        self.assertEqual(complete("SI"), ["SITE 2.DXF"])
+        self.assertEqual(complete("s")[-1], "site.dxf")
+        self.assertIn("sun", complete("s"))
+        self.assertEqual(complete("analyse", "si"), [""])
         self.assertEqual(complete("sun", "--place", "上"), ["上海", "上饶"])
         self.assertIn("--step", complete("sun", ""))
         self.assertEqual(complete("analyse", "my house.dxf", "--pla"), ["--place"])
@@ -71,11 +83,11 @@ printf '%s\\n' "${{COMPREPLY[@]}}" """)
         def complete(*words):
             line = " ".join(f"'{word}'" for word in ("orvo", *words))
             return self.in_shell(["zsh", "-f", "-c"], f"""compadd() {{ print -rl -- "${{(@P)2}}" }}
-_files() {{ print files }}
+_files() {{ print files "$@" }}
 words=({line}); CURRENT={len(words) + 1}
 _orvo() {{ source {script} }}
 _orvo""")
-        self.assertEqual(complete("st"), ["standards"])
+        self.assertEqual(complete("st"), ["standards", "files -g *.[dD][xX][fF]"])
         self.assertEqual(complete("sun", "--place", "上"), ["上海", "上饶"])
         self.assertIn("--step", complete("sun", ""))
         self.assertEqual(complete("analyse", "my house.dxf", "--pla"), ["--place"])

@@ -87,7 +87,7 @@ class PlugIns(ProgramTest):
 
     def test_the_help_shows_it(self):
         answer = self.english("--help").out
-        self.assertTrue(answer.startswith("Usage: orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS]]\n"), answer)
+        self.assertTrue(answer.startswith("Usage: orvo [--language zh|en] [--plugin FILE] [SUBCOMMAND [OPTIONS] | FILE.dxf]\n"), answer)
         self.assertRegex(answer, r"\n  echo +~says how it was called\n")
         lines = self.english("echo", "--help").out.splitlines()
         self.assertEqual(lines[0], "Usage: orvo echo TEXT [-c NAME] [--bad] [--pair A B] [--tag NAME...] [--loud] [MORE...]")

@@ -14,6 +14,32 @@ class WrongUsage(ProgramTest):
         for name in ("info", "terms", "places", "standards", "set"):
             self.assertIn(name, everything)
 
+    def test_a_drawing_in_the_place_of_a_subcommand_is_for_the_window(self):
+        for name in ("there.dxf", "there"):
+            with open(os.path.join(self.home, name), "w", encoding="ascii"):
+                pass
+        for words in (["there.dxf"], ["there"], ["./there"], ["--language", "zh", "there.dxf"], ["there.dxf", "--language", "zh"]):
+            with self.subTest(words=words):
+                answer = self.refused(FAILED, *words)  # nobody sees a window here
+                self.assertIn("没有显示器", answer.err)
+        self.assertIn("没有文件“missing.DXF”", self.refused(FAILED, "missing.DXF").err)
+        self.assertIn('There is no file "missing.dxf"', self.refused(FAILED, "missing.dxf", LANG="en_US.UTF-8").err)
+        self.assertIn("多余的参数“b.dxf”", self.refused(USAGE, "there.dxf", "b.dxf").err)
+        self.assertIn("没有选项 --heigth", self.refused(USAGE, "there.dxf", "--heigth", "3").err)
+        self.assertIn("没有子命令“.”", self.refused(USAGE, ".").err)
+        self.assertIn("没有子命令“dxf”", self.refused(USAGE, "dxf").err)
+        self.assertEqual(self.ok("there.dxf", "--help").out, self.ok("window", "--help").out)
+
+    def test_a_subcommand_comes_before_a_file_of_its_name(self):
+        with open(os.path.join(self.home, "terms"), "w", encoding="ascii"):
+            pass
+        self.assertIn("冬至", self.ok("terms").out)
+
+    def test_the_prompt_takes_no_drawing_for_a_subcommand(self):
+        answer = self.orvo(text="house.dxf\n")
+        self.assertEqual(answer.code, USAGE)
+        self.assertIn("没有子命令“house.dxf”", answer.err)
+
     def test_unknown_options_name_the_nearest(self):
         self.assertIn("--place", self.refused(USAGE, "info", "--palce", "上海").err)
         self.assertIn("--place", self.refused(USAGE, "info", "--palce=上海").err)

@@ -51,7 +51,11 @@ class WithDisplay(DisplayTest):
         self.ends_well(process)
 
     def test_shows_a_drawing_and_ends_on_quit(self):
-        process = self.start("window", os.path.join(SHIPPED, "samples", "house.dxf"))
+        for words in (["window"], []):
+            self.shows_and_ends(*words, os.path.join(SHIPPED, "samples", "house.dxf"))
+
+    def shows_and_ends(self, *words):
+        process = self.start(*words)
         window = self.wait_for("^house.dxf - orvo$")
         self.type_line(window, "quit")
         self.ends_well(process)
