@@ -8,4 +8,5 @@ struct SceneProgress {
     std::atomic<std::size_t> done = 0;      // entities of the model space
     std::atomic<std::size_t> total = 0;     // of all; 0 before it is known
     std::atomic<bool> isCancelled = false;  // set from outside: the scene is then left as it is, and is of no use
+    std::atomic<bool> isGivenUp = false;    // besides: nobody wants what could be had of it so far
 };

@@ -438,11 +438,3 @@ TEST_F(AnalysisPanelTest, LeavesOffWhenItIsTold) {
     EXPECT_TRUE(HasLogged("已取消")) << Log();
     EXPECT_EQ(Table()->model()->rowCount(), 0);
 }
-
-TEST_F(AnalysisPanelTest, LeavesOffWhenTheWindowIsClosed) {
-    WhenRunning([this] { m_window->close(); });
-    Run();
-    EXPECT_TRUE(m_hasActed);
-    QApplication::processEvents();
-    EXPECT_FALSE(m_window->isVisible());
-}

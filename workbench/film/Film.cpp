@@ -89,7 +89,7 @@ int Film::Prepare() {
 }
 
 int Film::Shoot(const AcDbDatabase& drawing, const AnalysisRequest& request, const AnalysisAnswer& answer,
-                Progress& progress) {
+                Progress& progress, const std::function<bool()>& isGivenUp) {
     const Scene scene = BuildShadingScene(drawing, request.heights, request.windowLayers);
     const Scene marks = WindowMarks(answer.windows, UnitOf(drawing).millimetres.value_or(1.0));
     const ViewCamera camera = FilmCameraOf(m_request, scene, marks, request.north);
@@ -110,7 +110,7 @@ int Film::Shoot(const AcDbDatabase& drawing, const AnalysisRequest& request, con
             ++count;
         }
     }
-    if (count == 0)
+    if (count == 0 || (count < total && isGivenUp && isGivenUp()))
         return Refuse(kExitFailed, Say(L"已取消，没有录像"));
     const CString wrong = file.IsComplete() ? file.TakePlace() : IncompleteText(m_request.file);
     if (!wrong.IsEmpty())

@@ -2,6 +2,7 @@
 // Why: docs/decisions/workbench.md
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,10 +28,11 @@ public:
     int Check(const DayRequest& day, const CString& drawing);
     // Takes what draws, and tells what the film will be. From here on it belongs to one thread, where it goes, too.
     int Prepare();
-    // Records. A film that the user stops has the pictures up to there; one that fails leaves nothing, and the file
-    // that was there.
+    // Records. A film that the user stops has the pictures up to there, unless it has been given up then (a question
+    // that may be asked in any thread; none: never); one that fails or is given up leaves nothing, and the file that
+    // was there.
     int Shoot(const AcDbDatabase& drawing, const AnalysisRequest& request, const AnalysisAnswer& answer,
-              Progress& progress);
+              Progress& progress, const std::function<bool()>& isGivenUp = nullptr);
 
 private:
     FilmRequest m_request;

@@ -129,7 +129,7 @@ void AnalysisPanel::MakeFilm() {
         ProgressInBar bar(progress);
         code = shot.Prepare();
         if (code == kExitOk)
-            code = shot.Shoot(database, report.request, report.answer, bar);
+            code = shot.Shoot(database, report.request, report.answer, bar, [&] { return progress.isGivenUp.load(); });
     };
     if (RunAside(L"录制动画", shoot) && code == kExitOk)
         m_files->SetMade(Say(L"录像："), request->file);

@@ -71,10 +71,17 @@ void LongWork::Cancel() {
         m_progress->isCancelled = true;
 }
 
+void LongWork::GiveUp() {
+    if (m_progress)
+        m_progress->isGivenUp = true;
+    Cancel();
+}
+
 void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
                    std::function<void(SceneProgress&)> work, bool canBeCancelled) {
     SceneProgress progress;
     m_progress = &progress;
+    m_title = title;
     std::exception_ptr failure;
     {
         const Disabled locked(*m_bar->window(), disabled);
@@ -92,7 +99,7 @@ void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
             timer.setInterval(kStepMilliseconds);
-            ShowProgress(title, canBeCancelled);
+            ShowProgress(canBeCancelled);
         });
         timer.start(kMomentMilliseconds);
         loop.exec();
@@ -110,14 +117,14 @@ void LongWork::HoldForTest(std::function<void()> hold) {
 }
 
 // Of a file that is still being read nobody knows how far it is.
-void LongWork::ShowProgress(const QString& title, bool canBeCancelled) {
+void LongWork::ShowProgress(bool canBeCancelled) {
     const std::size_t total = m_progress->total;
     const std::size_t done = m_progress->done;
     m_bar->setRange(0, total == 0 ? 0 : kSteps);
     if (total > 0)
         m_bar->setValue(static_cast<int>(static_cast<double>(done) * kSteps / static_cast<double>(total)));
-    m_bar->setFormat(title + " %p%");
-    m_bar->setToolTip(title);
+    m_bar->setFormat(m_title + " %p%");
+    m_bar->setToolTip(m_title);
     m_bar->show();
     m_button->setEnabled(!m_progress->isCancelled);
     if (!canBeCancelled || !m_button->isHidden())

@@ -24,7 +24,12 @@ public:
              bool canBeCancelled = true);
     // Asks what runs to leave off, if anything does.
     void Cancel();
+    // The same, and to leave nothing of what it has made so far.
+    void GiveUp();
     bool IsRunning() const { return m_progress != nullptr; }
+    bool IsCancelled() const { return m_progress && m_progress->isCancelled; }
+    // Of what runs, or ran last.
+    const QString& GetTitle() const { return m_title; }
     void Retranslate();
 
     // Is called before each work begins, in its thread, until there is none any more: so a test has the time to do what
@@ -32,9 +37,10 @@ public:
     static void HoldForTest(std::function<void()> hold);
 
 private:
-    void ShowProgress(const QString& title, bool canBeCancelled);
+    void ShowProgress(bool canBeCancelled);
 
     QProgressBar* m_bar;
     QPushButton* m_button;
     SceneProgress* m_progress = nullptr;
+    QString m_title;
 };

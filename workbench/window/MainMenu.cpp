@@ -95,7 +95,8 @@ void MainMenu::AddDrawingMenu() {
     m_savePicture = menu->addAction(ShownSay(L"保存视图为图片(&P)..."), QKeySequence("Ctrl+Shift+P"), &m_window,
                                     m_actions.savePicture);
     menu->addSeparator();
-    menu->addAction(ShownSay(L"退出(&X)"), QKeySequence("Ctrl+Q"), &m_window, &QMainWindow::close);
+    // The window's, too: while work disables the menus, the key still does what the frame's button does.
+    m_window.addAction(menu->addAction(ShownSay(L"退出(&X)"), QKeySequence("Ctrl+Q"), &m_window, &QMainWindow::close));
     RefreshRecent();
     SetHasDrawing(m_hasDrawing);
 }

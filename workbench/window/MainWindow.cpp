@@ -149,8 +149,8 @@ void MainWindow::BuildWidgets() {
     setCentralWidget(splitter);
     m_drawing.SetRunner([this](OpenDrawing::Work kind, const std::function<void(SceneProgress&)>& work) {
         const bool isReading = kind == OpenDrawing::Work::Reading;
-        RunAside(isReading ? ShownSay(L"读入图形") : ShownSay(L"保存图形"),
-                 {m_panels->GetLayers(), &m_panels->GetAnalysis()}, work, isReading);
+        RunAside(isReading ? Aside::Reading : Aside::Saving, isReading ? ShownSay(L"读入图形") : ShownSay(L"保存图形"),
+                 {m_panels->GetLayers(), &m_panels->GetAnalysis()}, work);
     });
     m_panels = std::make_unique<SidePanels>(*this, *m_view, m_drawing);
     m_panels->m_onHeights = [this] { ApplyHeights(); };
@@ -168,13 +168,14 @@ void MainWindow::BuildWidgets() {
 }
 
 // The drawing is not to be touched meanwhile. What is in the view may be looked at from all sides.
-void MainWindow::RunAside(const QString& title, std::vector<QWidget*> disabled,
-                          const std::function<void(SceneProgress&)>& work, bool canBeCancelled) {
+void MainWindow::RunAside(Aside kind, const QString& title, std::vector<QWidget*> disabled,
+                          const std::function<void(SceneProgress&)>& work) {
     disabled.insert(disabled.end(), {menuBar(), m_edit});
     m_isRunning = true;
+    m_aside = kind;
     const auto end = [this] { m_isRunning = false; };
     try {
-        m_work->Run(title, disabled, work, canBeCancelled);
+        m_work->Run(title, disabled, work, kind != Aside::Saving);
     } catch (...) {
         end();
         throw;
@@ -193,11 +194,11 @@ void MainWindow::JoinAnalysis() {
     };
     panel.m_run = [this](const QString& title, std::vector<QWidget*> disabled,
                          const std::function<void(SceneProgress&)>& work) {
-        if (m_isRunning)
+        if (m_isRunning || m_isClosing)
             return false;
         // Heights are typed into the list of layers.
         disabled.push_back(m_panels->GetLayers());
-        RunAside(title, disabled, work);
+        RunAside(Aside::Analysing, title, disabled, work);
         CloseLaterIfAsked();
         return true;
     };
@@ -378,10 +379,21 @@ void MainWindow::ShowAbout() {
     MessageBox(m_frame.m_hWnd, AboutText().GetString(), Say(L"关于 orvo").GetString(), MB_OK | MB_ICONINFORMATION);
 }
 
+// Reading leaves nothing behind, and saving comes to its end before the window goes. Escape in the box goes on, so that
+// it does not stand in the way of a request from outside.
+bool MainWindow::MayStopWork() {
+    if (m_aside != Aside::Analysing || m_work->IsCancelled())
+        return true;
+    const CString question =
+        SayFormat(L"还没有做完：%s。停止它并退出吗？没有做完的不会留下。", Typed(m_work->GetTitle()));
+    return MessageBox(m_frame.m_hWnd, question.GetString(), L"orvo", MB_OKCANCEL | MB_ICONQUESTION | MB_DEFBUTTON2) ==
+           IDOK;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     // A command that is still running would return to a window that is gone.
-    if (m_work->IsRunning()) {
-        m_work->Cancel();
+    if (m_work->IsRunning() && (m_isClosing || MayStopWork())) {
+        m_work->GiveUp();
         m_isClosing = true;
     }
     event->setAccepted(!m_isRunning && MayLeaveDrawing());

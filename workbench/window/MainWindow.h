@@ -59,9 +59,12 @@ private:
     void RunTyped(const CString& line);
     MenuActions ActionsOfMenu();
     void RestorePlace();
-    void RunAside(const QString& title, std::vector<QWidget*> disabled, const std::function<void(SceneProgress&)>& work,
-                  bool canBeCancelled = true);
+    enum class Aside { Reading, Saving, Analysing };
+    void RunAside(Aside kind, const QString& title, std::vector<QWidget*> disabled,
+                  const std::function<void(SceneProgress&)>& work);
     void JoinAnalysis();
+    // True when what runs may be stopped because the window is closed.
+    bool MayStopWork();
     // Closes the window now if it was to be closed while something ran.
     bool CloseIfAsked();
     void CloseLaterIfAsked();
@@ -92,7 +95,8 @@ private:
     std::unique_ptr<SidePanels> m_panels;
     std::unique_ptr<LongWork> m_work;
     bool m_isRunning = false;
-    bool m_isClosing = false;  // once nothing runs any more
+    Aside m_aside = Aside::Reading;  // what ran last
+    bool m_isClosing = false;        // once nothing runs any more
     bool m_isClosed = false;
     CommandLog* m_log = nullptr;
     CommandEdit* m_edit = nullptr;
