@@ -181,6 +181,36 @@ TEST_F(ZoneEditor, ChangesNothingWhenItIsCancelled) {
     EXPECT_EQ(g_dictSunZone.GetCount(), 2);
 }
 
+TEST_F(ZoneEditor, TakesNoStrayKeyBeforeACellIsChosen) {
+    Load(kTwoProvinces);
+    const auto key = [](const OpenEditor& editor, Qt::Key each) { QTest::keyClick(&editor.tree, each); };
+    Edit([](const OpenEditor& editor) {
+        ASSERT_TRUE(editor.tree.hasFocus());
+        QTest::keyClicks(&editor.tree, "x ");
+        QTest::keyClick(&editor.tree, Qt::Key_Delete);
+        QInputMethodEvent composed;
+        composed.setCommitString("海");
+        QCoreApplication::sendEvent(&editor.tree, &composed);
+        EXPECT_FALSE(editor.grid.IsEditing());
+        EXPECT_EQ(editor.Cell(0, 0), "甲");
+    });
+    Edit([&key](const OpenEditor& editor) {
+        key(editor, Qt::Key_Home);  // the same cell, but now somebody wants it
+        QTest::keyClicks(&editor.tree, "x");
+        EXPECT_TRUE(editor.grid.IsEditing());
+    });
+    Edit([&key](const OpenEditor& editor) {
+        key(editor, Qt::Key_F2);
+        EXPECT_TRUE(editor.grid.IsEditing());
+    });
+    Edit([](const OpenEditor& editor) {
+        QTest::mouseClick(editor.tree.viewport(), Qt::LeftButton, {},
+                          editor.tree.visualRect(editor.tree.currentIndex()).center());
+        QTest::keyClicks(&editor.tree, "x");
+        EXPECT_TRUE(editor.grid.IsEditing());
+    });
+}
+
 TEST_F(ZoneEditor, OpensFreshAfterBeingCancelled) {
     Load(kTwoProvinces);
     Edit([](const OpenEditor& editor) { editor.SetCell(1, 1, L"X"); });

@@ -99,7 +99,7 @@ void LongWork::Run(const QString& title, const std::vector<QWidget*>& disabled,
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
             timer.setInterval(kStepMilliseconds);
-            ShowProgress(canBeCancelled);
+            ShowProgress(title, canBeCancelled);
         });
         timer.start(kMomentMilliseconds);
         loop.exec();
@@ -117,14 +117,14 @@ void LongWork::HoldForTest(std::function<void()> hold) {
 }
 
 // Of a file that is still being read nobody knows how far it is.
-void LongWork::ShowProgress(bool canBeCancelled) {
+void LongWork::ShowProgress(const QString& title, bool canBeCancelled) {
     const std::size_t total = m_progress->total;
     const std::size_t done = m_progress->done;
     m_bar->setRange(0, total == 0 ? 0 : kSteps);
     if (total > 0)
         m_bar->setValue(static_cast<int>(static_cast<double>(done) * kSteps / static_cast<double>(total)));
-    m_bar->setFormat(m_title + " %p%");
-    m_bar->setToolTip(m_title);
+    m_bar->setFormat(title + " %p%");
+    m_bar->setToolTip(title);
     m_bar->show();
     m_button->setEnabled(!m_progress->isCancelled);
     if (!canBeCancelled || !m_button->isHidden())

@@ -37,7 +37,7 @@ public:
     static void HoldForTest(std::function<void()> hold);
 
 private:
-    void ShowProgress(bool canBeCancelled);
+    void ShowProgress(const QString& title, bool canBeCancelled);
 
     QProgressBar* m_bar;
     QPushButton* m_button;

@@ -112,6 +112,7 @@ public:
     QcUiGridTreeRow* CurRow() const override { return GridModel::RowOf(currentIndex()); }
     int CurColumn() const override { return currentIndex().column(); }
     void SetCurrent(const QcUiGridTreeRow* row, int column, bool select) override {
+        m_isUnchosen = false;
         for (const QcUiGridTreeRow* above = row ? row->GetParent() : nullptr; above; above = above->GetParent())
             expand(m_model->IndexOf(above, 0));
         const QModelIndex index = row ? m_model->IndexOf(row, column) : QModelIndex();
@@ -200,6 +201,13 @@ public:
 
 protected:
     // ---- The keyboard. ----
+    // The toolkit then makes the first cell the current one. Nobody has chosen it, so a stray key shall neither
+    // replace what stands there nor delete it.
+    void focusInEvent(QFocusEvent* event) override {
+        const bool hadCurrent = currentIndex().isValid();
+        QTreeView::focusInEvent(event);
+        m_isUnchosen = m_isUnchosen || (!hadCurrent && currentIndex().isValid());
+    }
     void keyPressEvent(QKeyEvent* event) override {
         if (m_grid == nullptr || event->key() == Qt::Key_Escape) {
             event->ignore();
@@ -210,6 +218,10 @@ protected:
                 Type(event->text());
             return;
         }
+        const bool wouldDelete = event->key() == Qt::Key_Delete && !selectionModel()->hasSelection();
+        if (m_isUnchosen && (TypesText(*event) || wouldDelete))
+            return;
+        m_isUnchosen = false;
         if (Command(*event))
             return;
         if (TypesText(*event) && EditCurrent())
@@ -240,7 +252,7 @@ protected:
     // Composing begins an edit, which goes on in the editor.
     void inputMethodEvent(QInputMethodEvent* event) override {
         const bool text = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
-        if (m_grid == nullptr || !text || (!IsEditing() && !EditCurrent())) {
+        if (m_grid == nullptr || !text || m_isUnchosen || (!IsEditing() && !EditCurrent())) {
             event->ignore();
             return;
         }
@@ -250,6 +262,7 @@ protected:
 
     // ---- The mouse. ----
     void mousePressEvent(QMouseEvent* event) override {
+        m_isUnchosen = false;
         EndEdit();
         QTreeView::mousePressEvent(event);
     }
@@ -388,6 +401,7 @@ private:
     GridContents* m_grid;  // null once the grid is forgotten
     std::unique_ptr<GridModel> m_model;
     std::function<void()> m_gone;
+    bool m_isUnchosen = false;  // the current cell, which only the focus has made that
 };
 
 }  // namespace
