@@ -209,12 +209,9 @@ AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
 
 void AnalysisPanel::SetDrawing(PanelDrawing drawing, bool isAnother) {
     m_drawing = std::move(drawing);
-    for (QAction* action : GetActions())
-        action->setEnabled(m_drawing.database != nullptr);
-    m_files->SetReady(m_drawing.database != nullptr);
+    ShowReadiness();
     m_spot.reset();  // what was there may be elsewhere
     m_spotButton->setEnabled(false);
-    m_lines->setEnabled(m_drawing.database != nullptr);
     if (isAnother) {
         m_windows.reset();
         m_points.reset();

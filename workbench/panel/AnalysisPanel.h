@@ -76,8 +76,8 @@ public:
     void MakeReport();
     void MakeLinesReport();  // always made anew, because points are not kept
     void MakeFilm();
-    // To run, to make a report, and a film.
-    std::vector<QAction*> GetActions() const { return {m_runAction, m_reportAction, m_filmAction}; }
+    // To run, to draw isolines, to make a report, and a film: possible when a drawing is open. The buttons follow them.
+    std::vector<QAction*> GetActions() const { return {m_runAction, m_linesAction, m_reportAction, m_filmAction}; }
     RequestForm& GetForm() const { return *m_form; }
     ResultFiles& GetFiles() const { return *m_files; }
 
@@ -117,6 +117,7 @@ private:
     void TellOfDrawing(DayReport& report) const;
     // The folder that somebody chose, with what the page begins with; none when nobody did, or it will not do.
     std::optional<PageRequest> AskForFolder();
+    void ShowReadiness();
     void TellOfReport(const PageRequest& page);
     AskedState StateNow(const QStringList& fields) const;
     bool IsWithProject() const;
@@ -149,6 +150,7 @@ private:
     bool m_isDayNew = false;     // nobody has looked at an hour of it yet
 
     QAction* m_runAction;
+    QAction* m_linesAction;
     QAction* m_reportAction;
     QAction* m_filmAction;
     ResultFiles* m_files = nullptr;

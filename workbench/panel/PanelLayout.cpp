@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "platform/host/AcDbDatabase.h"
+#include "workbench/panel/ActionButton.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
 #include "workbench/panel/ResultFiles.h"
@@ -33,6 +34,7 @@ AnalysisPanel::AnalysisPanel(QWidget* parent, SceneView& view)
     : QScrollArea(parent),
       m_view(view),
       m_runAction(new QAction(this)),
+      m_linesAction(new QAction(this)),
       m_reportAction(new QAction(this)),
       m_filmAction(new QAction(this)) {
     setObjectName("AnalysisPanel");
@@ -42,8 +44,6 @@ AnalysisPanel::AnalysisPanel(QWidget* parent, SceneView& view)
     m_runAction->setShortcut(QKeySequence("F9"));
     m_reportAction->setShortcut(QKeySequence("Ctrl+R"));
     m_filmAction->setShortcut(QKeySequence("Ctrl+M"));
-    for (QAction* action : GetActions())
-        action->setEnabled(false);
     auto* inside = new QWidget;
     setWidget(inside);
     Build(*inside);
@@ -64,7 +64,6 @@ void AnalysisPanel::Build(QWidget& inside) {
     m_runButton->setObjectName("RunAnalysis");
     m_lines = new QPushButton(&inside);
     m_lines->setObjectName("RunIsolines");
-    m_lines->setEnabled(false);
     buttons->addWidget(m_runButton, 1);
     buttons->addWidget(m_lines, 1);
     column->addLayout(buttons);
@@ -122,14 +121,14 @@ void AnalysisPanel::BuildTable(QWidget& inside) {
 
 void AnalysisPanel::Join() {
     connect(m_runAction, &QAction::triggered, this, [this] { RunWindows(); });
+    connect(m_linesAction, &QAction::triggered, this, [this] { RunIsolines(); });
     connect(m_reportAction, &QAction::triggered, this, [this] { MakeReport(); });
     connect(m_filmAction, &QAction::triggered, this, [this] { MakeFilm(); });
-    m_files->m_onReport = [this] { MakeReport(); };
+    FollowAction(*m_runButton, *m_runAction);
+    FollowAction(*m_lines, *m_linesAction);
+    m_files->Follow(*m_reportAction, *m_filmAction);
     m_files->m_onLinesReport = [this] { MakeLinesReport(); };
-    m_files->m_onFilm = [this] { MakeFilm(); };
     m_files->m_complain = [this](const CString& text) { m_complain(text); };
-    connect(m_runButton, &QPushButton::clicked, this, [this] { RunWindows(); });
-    connect(m_lines, &QPushButton::clicked, this, [this] { RunIsolines(); });
     connect(m_spotButton, &QPushButton::clicked, this, [this] { RunSpot(); });
     m_view.m_onSpot = [this](const QcGePoint& place, const QcGeVector3d& outward) { TakeSpot(place, outward); };
     const auto filter = [this] { m_model.SetFilter(m_filter->text(), m_failing->isChecked()); };
@@ -170,15 +169,27 @@ QSize AnalysisPanel::minimumSizeHint() const {
     return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), kHeight};
 }
 
+// What they do, and why they cannot now.
+void AnalysisPanel::ShowReadiness() {
+    const bool isReady = m_drawing.database != nullptr;
+    const QString reason = isReady ? QString() : "\n" + ShownSay(L"没有打开的图形：请先打开一个 DXF 文件");
+    m_runAction->setToolTip(ShownSay(L"分析每个窗的日照（F9）") + reason);
+    m_linesAction->setToolTip(ShownSay(L"在区域图层的轮廓里画出每个整小时的线") + reason);
+    m_reportAction->setToolTip(ShownSay(L"把结果写成一份可以打印的报告（Ctrl+R）") + reason);
+    m_filmAction->setToolTip(ShownSay(L"从视图现在的方向把这一天录成动画（Ctrl+M）") + reason);
+    for (QAction* action : GetActions())
+        action->setEnabled(isReady);
+}
+
 void AnalysisPanel::Retranslate() {
     m_runAction->setText(ShownSay(L"分析日照(&A)"));
+    m_linesAction->setText(ShownSay(L"画等时线(&I)"));
     m_reportAction->setText(ShownSay(L"报告(&R)..."));
     m_filmAction->setText(ShownSay(L"录像(&M)..."));
+    ShowReadiness();
     m_files->Retranslate();
     m_runButton->setText(ShownSay(L"分析日照(&A)"));
-    m_runButton->setToolTip(ShownSay(L"分析每个窗的日照（F9）"));
     m_lines->setText(ShownSay(L"画等时线(&I)"));
-    m_lines->setToolTip(ShownSay(L"在区域图层的轮廓里画出每个整小时的线"));
     m_spotButton->setText(ShownSay(L"点击处的一天(&D)"));
     m_spotButton->setToolTip(ShownSay(L"算出在视图里点击的那一点何时有太阳"));
     m_filter->setPlaceholderText(ShownSay(L"只看含有这些字的窗"));

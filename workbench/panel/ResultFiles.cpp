@@ -8,6 +8,7 @@
 
 #include "platform/base/PlainText.h"
 #include "workbench/Texts.h"
+#include "workbench/panel/ActionButton.h"
 #include "workbench/view/WidgetText.h"
 
 ResultFiles::ResultFiles(QWidget* parent)
@@ -37,17 +38,14 @@ ResultFiles::ResultFiles(QWidget* parent)
     rows->addWidget(m_opener, 2, 1);
     rows->setColumnStretch(0, 1);
     rows->setColumnStretch(1, 1);
-    connect(m_report, &QPushButton::clicked, this, [this] { m_onReport(); });
     connect(m_lines, &QPushButton::clicked, this, [this] { m_onLinesReport(); });
-    connect(m_film, &QPushButton::clicked, this, [this] { m_onFilm(); });
     connect(m_opener, &QPushButton::clicked, this, [this] { Open(); });
-    SetReady(false);
     Clear();
 }
 
-void ResultFiles::SetReady(bool isReady) {
-    m_report->setEnabled(isReady);
-    m_film->setEnabled(isReady);
+void ResultFiles::Follow(QAction& report, QAction& film) {
+    FollowAction(*m_report, report);
+    FollowAction(*m_film, film);
 }
 
 void ResultFiles::SetHasLines(bool hasLines) {
@@ -77,11 +75,9 @@ void ResultFiles::Open() const {
 
 void ResultFiles::Retranslate() {
     m_report->setText(ShownSay(L"报告(&R)..."));
-    m_report->setToolTip(ShownSay(L"把结果写成一份可以打印的报告（Ctrl+R）"));
     m_lines->setText(ShownSay(L"等时线的报告(&G)..."));
     m_lines->setToolTip(ShownSay(L"重新画等时线，并把场地的日照写成一份报告"));
     m_film->setText(ShownSay(L"录像(&M)..."));
-    m_film->setToolTip(ShownSay(L"从视图现在的方向把这一天录成动画（Ctrl+M）"));
     m_opener->setText(ShownSay(L"打开(&E)"));
     m_opener->setToolTip(ShownSay(L"用浏览器或播放器打开，报告可以在那里打印"));
     m_made->setAccessibleDescription(ShownSay(L"最近写出的文件"));

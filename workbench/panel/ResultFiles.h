@@ -8,6 +8,7 @@
 
 #include "platform/base/CString.h"
 
+class QAction;
 class QLabel;
 class QPushButton;
 
@@ -15,8 +16,8 @@ class ResultFiles : public QWidget {
 public:
     explicit ResultFiles(QWidget* parent);
 
-    // Whether there is a drawing to make them of.
-    void SetReady(bool isReady);
+    // The buttons do what these do.
+    void Follow(QAction& report, QAction& film);
     // Whether there are isolines, which have a report of their own.
     void SetHasLines(bool hasLines);
     // What was made last: what it is, in words, and its path; from then on a button opens it.
@@ -24,9 +25,7 @@ public:
     void Clear();
     void Retranslate();
 
-    std::function<void()> m_onReport;
     std::function<void()> m_onLinesReport;
-    std::function<void()> m_onFilm;
     // Opens a file with the program that the desktop has for it; false when there is none.
     std::function<bool(const QUrl&)> m_open;
     std::function<void(const CString&)> m_complain;

@@ -40,6 +40,7 @@ void MainMenu::Build() {
     m_window.menuBar()->clear();
     AddDrawingMenu();
     AddViewMenu();
+    AddAnalysisMenu();
     AddCommandMenu();
     AddLanguageMenu();
     AddHelpMenu();
@@ -124,6 +125,12 @@ void MainMenu::AddViewMenu() {
     m_sun->setChecked(m_isSunny);
     menu->addSeparator();
     m_actions.addPanels(*menu);
+}
+
+void MainMenu::AddAnalysisMenu() {
+    QMenu* menu = AddMenu(L"日照分析(&Y)");
+    m_actions.addAnalyses(*menu);
+    menu->setToolTipsVisible(true);
 }
 
 void MainMenu::AddCommandMenu() {

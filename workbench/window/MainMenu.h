@@ -19,6 +19,7 @@ struct MenuActions {
     std::function<void(const CString&)> setLanguage;  // "zh" or "en"
     std::function<void()> about;
     std::function<void(QMenu&)> addPanels;  // fills the view's menu with an entry for each panel
+    std::function<void(QMenu&)> addAnalyses;
     std::function<void()> toggleParallel;
     std::function<void()> toggleSun;
     std::function<void()> savePicture;
@@ -49,6 +50,7 @@ private:
     void AddSamples(QMenu& menu);
     void AddDrawingMenu();
     void AddViewMenu();
+    void AddAnalysisMenu();
     void AddCommandMenu();
     void AddLanguageMenu();
     void AddHelpMenu();

@@ -45,6 +45,7 @@ MenuActions MainWindow::ActionsOfMenu() {
     actions.setLanguage = [this](const CString& language) { SetLanguage(language); };
     actions.about = [this] { ShowAbout(); };
     actions.addPanels = [this](QMenu& menu) { m_panels->AddEntries(menu); };
+    actions.addAnalyses = [this](QMenu& menu) { m_panels->AddAnalyses(menu); };
     actions.toggleParallel = [this] {
         m_view->SetParallel(!m_view->IsParallel());
         ToggleParallel();

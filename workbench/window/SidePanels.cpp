@@ -154,7 +154,9 @@ QWidget* SidePanels::GetLayers() const {
 void SidePanels::AddEntries(QMenu& menu) const {
     for (const auto& [dock, entry] : m_entries)
         menu.addAction(entry);
-    menu.addSeparator();
+}
+
+void SidePanels::AddAnalyses(QMenu& menu) const {
     for (QAction* action : m_analysis->GetActions())
         menu.addAction(action);
 }

@@ -31,6 +31,8 @@ public:
     void Retranslate();
     // An entry for each panel, which shows and hides it.
     void AddEntries(QMenu& menu) const;
+    // An entry for each thing that can be had of the drawing.
+    void AddAnalyses(QMenu& menu) const;
 
     // Places of the panels as bytes to be kept (QMainWindow::saveState): those that a window with room has.
     void RestorePlaces(const QByteArray& kept);
