@@ -8,6 +8,7 @@
 #include "workbench/film/FilmScene.h"
 #include "workbench/view/CompassRose.h"
 #include "workbench/view/HoursLegend.h"
+#include "workbench/view/PlaceWords.h"
 #include "workbench/view/SunStamp.h"
 #include "workbench/view/WidgetText.h"
 
@@ -24,7 +25,7 @@ FilmStamp::FilmStamp(const AnalysisRequest& request, const AnalysisAnswer& answe
 
 std::vector<QString> FilmStamp::LinesAt(double trueSolarTime) const {
     const Place& place = *m_request.settings.place;
-    return SunStamp(place.FullName(), m_request.terms.day, ComputeSunDay(m_request.terms, place), trueSolarTime);
+    return SunStamp(PlaceInWords(place), m_request.terms.day, ComputeSunDay(m_request.terms, place), trueSolarTime);
 }
 
 std::vector<PlateRow> FilmStamp::Legend() const {

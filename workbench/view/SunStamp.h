@@ -10,7 +10,7 @@
 struct SunDay;
 struct SunPosition;
 
-// The place's name as it is, which is the first line.
+// `place` is the first line.
 std::vector<QString> SunStamp(const CString& place, const CalendarDay& day, const SunDay& sun, double trueSolarTime);
 
 // Where the sun stands, or that it is night.

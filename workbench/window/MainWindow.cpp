@@ -19,7 +19,6 @@
 #include "platform/window/CFileDialog.h"
 #include "platform/window/HostFrame.h"
 #include "platform/window/MessageBox.h"
-#include "settings/OrvoDataSet.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/ConfigRecovery.h"
 #include "workbench/commands/PromptLine.h"
@@ -32,6 +31,7 @@
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
 #include "workbench/window/SavedView.h"
+#include "workbench/window/SettingsNote.h"
 #include "workbench/window/SunBar.h"
 #include "workbench/window/WindowIcon.h"
 #include "workbench/window/WindowKeys.h"
@@ -275,7 +275,7 @@ void MainWindow::Refresh() {
             ? Shown(TextForNoFaces(*m_drawing.GetScene()))
             : ShownSay(L"把 DXF 文件拖到这里，或按 Ctrl+O 打开。") + "\n\n" +
                   ShownSay(L"想先看看：菜单“图形”、“示例图形”里有 courtyard.dxf，打开它，再按 F9 分析日照。"));
-    m_note->ShowText(Shown(Printable(g_SunDataSet.GetNoteString())));
+    m_note->ShowText(Shown(Printable(SettingsNote())));
     m_sun->TakeSettings();
     m_panels->GetAnalysis().CheckState();
     RefreshTitle();

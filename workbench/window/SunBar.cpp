@@ -24,6 +24,7 @@
 #include "workbench/Texts.h"
 #include "workbench/commands/ValueErrors.h"
 #include "workbench/view/ElidedLabel.h"
+#include "workbench/view/PlaceWords.h"
 #include "workbench/view/SunStamp.h"
 #include "workbench/view/WidgetText.h"
 #include "workbench/window/HourSlider.h"
@@ -220,7 +221,7 @@ bool SunBar::eventFilter(QObject* watched, QEvent* event) {
 std::vector<QString> SunBar::GetStamp() const {
     if (!GetSun())
         return {};
-    return SunStamp(m_settings.place->FullName(), GetDay(), m_sun->day, m_moment);
+    return SunStamp(PlaceInWords(*m_settings.place), GetDay(), m_sun->day, m_moment);
 }
 
 void SunBar::SetPlaying(bool isPlaying) {
@@ -314,6 +315,6 @@ void SunBar::ShowPlace() {
     m_about->setWordWrap(!m_sun);
     if (!m_sun)
         return m_about->setText(Shown(m_fault));
-    m_place->ShowText(Shown(Printable(m_settings.place->FullName())));
+    m_place->ShowText(Shown(Printable(PlaceInWords(*m_settings.place))));
     m_about->setText(SunPositionText(PositionOfSun(m_sun->day, m_moment)));
 }
