@@ -319,7 +319,7 @@ TEST_F(AnalysisPanelTest, LooksAtTheHourOfTheSlider) {
 }
 
 TEST_F(AnalysisPanelTest, ShowsWhoHidesTheSunWhereTheWindowIsSmall) {
-    m_window->resize(1000, 600);
+    m_window->resize(1000, 450);
     QApplication::processEvents();
     Run();
     Table()->setCurrentIndex(Table()->model()->index(1, 0));
@@ -358,17 +358,24 @@ TEST_F(AnalysisPanelTest, MovesTheSunToATimeThatIsChosen) {
 
 TEST_F(AnalysisPanelTest, TellsWhenTheViewShowsTheSunOfAnotherDay) {
     Run();
-    ClickRow(1);
     auto* date = Find<QDateEdit>("SunDate");
     const QDate own = date->date();
     date->setDate(QDate(2026, 6, 21));
-    EXPECT_NE(Text("MomentText").find("视图里的太阳是 2026-06-21 的"), std::string::npos) << Text("MomentText");
-    EXPECT_NE(Text("MomentText").find(own.toString(Qt::ISODate).toStdString()), std::string::npos);
+    const auto isTold = [this] { return Find<QLabel>("OtherDay")->isVisible(); };
+    EXPECT_TRUE(isTold()) << "no window is chosen, and the table is of another day all the same";
+    ClickRow(1);
+    EXPECT_TRUE(isTold());
+    EXPECT_EQ(Text("OtherDay"),
+              "这里是 " + own.toString(Qt::ISODate).toStdString() + " 的结果，视图里的太阳是 2026-06-21 的");
     date->setDate(own);
-    EXPECT_EQ(Text("MomentText").find("视图里的太阳是"), std::string::npos) << Text("MomentText");
+    EXPECT_FALSE(isTold()) << Text("OtherDay");
     date->setDate(QDate(2026, 6, 21));
     Find<QCheckBox>("SunSwitch")->setChecked(false);
-    EXPECT_EQ(Text("MomentText").find("视图里的太阳是"), std::string::npos) << "it shows none";
+    EXPECT_FALSE(isTold()) << "it shows none";
+    Find<QCheckBox>("SunSwitch")->setChecked(true);
+    ASSERT_TRUE(isTold());
+    ASSERT_TRUE(m_window->OpenFile(FromUtf8(WriteDrawing("house.dxf").string())));
+    EXPECT_FALSE(isTold()) << "there is no answer that could be of another day";
 }
 
 TEST_F(AnalysisPanelTest, TurnsTheSunWithTheNorth) {

@@ -269,6 +269,9 @@ void AnalysisPanel::ShowAnswers() {
     ShowShapes();
     m_files->SetHasLines(m_points != nullptr);
     ShowSummary();
+    m_day->SetAnswerDay(m_windows  ? std::optional(m_windows->request.terms.day)
+                        : m_points ? std::optional(m_points->request.terms.day)
+                                   : std::nullopt);
     ShowLegend();
     CheckState();
     if (m_onHidden)

@@ -28,6 +28,13 @@ QLabel* NewLabel(QWidget& inside, const char* name) {
     return label;
 }
 
+// What a scroll area asks for room: it takes the height that one would like, where texts break their lines, and has the
+// panel scroll although fields and table can do with less.
+class Column : public QWidget {
+public:
+    int heightForWidth(int width) const override { return layout()->minimumHeightForWidth(width); }
+};
+
 }  // namespace
 
 AnalysisPanel::AnalysisPanel(QWidget* parent, SceneView& view)
@@ -44,7 +51,9 @@ AnalysisPanel::AnalysisPanel(QWidget* parent, SceneView& view)
     m_runAction->setShortcut(QKeySequence("F9"));
     m_reportAction->setShortcut(QKeySequence("Ctrl+R"));
     m_filmAction->setShortcut(QKeySequence("Ctrl+M"));
-    auto* inside = new QWidget;
+    for (QAction* action : GetActions())
+        action->setEnabled(false);
+    auto* inside = new Column;
     setWidget(inside);
     Build(*inside);
     Join();
@@ -111,9 +120,13 @@ void AnalysisPanel::BuildTable(QWidget& inside) {
     m_table->setAlternatingRowColors(true);
     m_table->setTabKeyNavigation(false);
     m_table->setWordWrap(false);
-    m_table->setMinimumSize(100, 110);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    // Some rows are seen with their heading, however little room there is.
+    constexpr int kRows = 4;
+    m_table->setMinimumSize(100, m_table->horizontalHeader()->sizeHint().height() +
+                                     kRows * m_table->verticalHeader()->defaultSectionSize() +
+                                     m_table->horizontalScrollBar()->sizeHint().height() + 2 * m_table->frameWidth());
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     m_table->setSortingEnabled(true);
     column->addWidget(m_table, 1);

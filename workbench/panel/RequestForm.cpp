@@ -2,10 +2,12 @@
 #include "workbench/panel/RequestForm.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QToolButton>
 #include <algorithm>
 #include <optional>
@@ -65,8 +67,15 @@ bool Refused(QLineEdit& edit) {
 
 }  // namespace
 
-RequestForm::RequestForm(QWidget* parent) : QWidget(parent) {
-    auto* form = new QFormLayout(this);
+RequestForm::RequestForm(QWidget* parent) : QScrollArea(parent) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);  // its fields take it
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    auto* inside = new QWidget;
+    setWidget(inside);
+    auto* form = new QFormLayout(inside);
     form->setContentsMargins(0, 0, 0, 0);
     form->setVerticalSpacing(3);
     form->setRowWrapPolicy(QFormLayout::DontWrapRows);
@@ -83,14 +92,15 @@ RequestForm::RequestForm(QWidget* parent) : QWidget(parent) {
 }
 
 void RequestForm::BuildMore() {
-    m_fold = new QToolButton(this);
+    m_fold = new QToolButton(widget());
     m_fold->setObjectName("MoreFields");
     m_fold->setCheckable(true);
     m_fold->setAutoRaise(true);
     m_fold->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_fold->setFocusPolicy(Qt::StrongFocus);
-    m_more = new QWidget(this);
-    auto* rows = static_cast<QFormLayout*>(layout());
+    m_fold->installEventFilter(this);
+    m_more = new QWidget(widget());
+    auto* rows = static_cast<QFormLayout*>(widget()->layout());
     rows->addRow(m_fold);
     rows->addRow(m_more);
     auto* form = new QFormLayout(m_more);
@@ -103,6 +113,7 @@ void RequestForm::BuildMore() {
     m_altitude = Add(*form, "LeastAltitude", L"最低高度角", L"0", L"太阳高度角低于它的时间不计");
     m_scope = new QCheckBox(m_more);
     m_scope->setObjectName("Scope");
+    m_scope->installEventFilter(this);
     form->addRow(m_scope);
     m_project = Add(*form, "ReportProject", L"项目名称", nullptr, L"报告上的项目名称");
     m_author = Add(*form, "ReportAuthor", L"编制人", nullptr, L"报告上的编制人");
@@ -117,12 +128,33 @@ QLineEdit* RequestForm::Add(QFormLayout& form, const char* name, const wchar_t* 
     auto* edit = new QLineEdit(form.parentWidget());
     edit->setObjectName(name);
     edit->setMinimumWidth(60);
+    edit->installEventFilter(this);
     auto* label = new QLabel(form.parentWidget());
     label->setBuddy(edit);
     form.addRow(label, edit);
     connect(edit, &QLineEdit::textChanged, this, [this] { TakeChange(); });
     m_fields.push_back({edit, label, text, hint, tip});
     return edit;
+}
+
+QSize RequestForm::sizeHint() const {
+    return {minimumSizeHint().width(), widget()->sizeHint().height()};
+}
+
+// A few fields are seen at least, and nothing is cut off at the side.
+QSize RequestForm::minimumSizeHint() const {
+    constexpr int kRows = 3;
+    const QSize all = widget()->minimumSizeHint();
+    const int height = kRows * (m_windows->sizeHint().height() + 3);
+    return {all.width() + verticalScrollBar()->sizeHint().width(), std::min(all.height(), height)};
+}
+
+bool RequestForm::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        auto* field = static_cast<QWidget*>(watched);
+        ensureWidgetVisible(field, 0, field->height());  // of a field for text it means the cursor alone
+    }
+    return QScrollArea::eventFilter(watched, event);
 }
 
 void RequestForm::TakeChange() {
@@ -139,6 +171,7 @@ void RequestForm::ShowFolded() {
         return field.edit->parentWidget() == m_more && !field.edit->text().trimmed().isEmpty();
     });
     const int filled = static_cast<int>(count) + (m_scope->isChecked() ? 1 : 0);
+    updateGeometry();
     m_fold->setText(filled == 0 ? ShownSay(L"更多") : Shown(SayFormat(L"更多（已填 %d 项）", filled)));
 }
 

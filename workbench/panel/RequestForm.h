@@ -1,7 +1,7 @@
 // What is asked of an analysis: the fields of the panel.
 #pragma once
 
-#include <QWidget>
+#include <QScrollArea>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -25,10 +25,14 @@ class QToolButton;
 using KeptField = std::pair<CString, CString>;
 
 // Place, day and standard are no fields: they are the settings in force. What few ask for is folded away; the button
-// that unfolds it tells how much of it is filled in.
-class RequestForm : public QWidget {
+// that unfolds it tells how much of it is filled in. Where there is no room for all fields they scroll by themselves,
+// and the one that has the focus is in sight.
+class RequestForm : public QScrollArea {
 public:
     explicit RequestForm(QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     // Fills a request in. False, with the reason, when a field holds what it cannot; that field then has the focus. An
     // empty reason has been told already.
@@ -48,6 +52,9 @@ public:
     void Retranslate();
 
     std::function<void()> m_onChange;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Field {

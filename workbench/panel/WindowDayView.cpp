@@ -16,20 +16,19 @@
 #include "workbench/commands/AnalysisWords.h"
 #include "workbench/commands/CompassWords.h"
 #include "workbench/panel/DayLine.h"
+#include "workbench/panel/SteadyLabel.h"
 #include "workbench/view/WidgetText.h"
 
 namespace {
 
 constexpr double kSecondsPerHour = 3600.0;
 
-QLabel* AddText(QVBoxLayout& column, const char* name) {
-    auto* label = new QLabel(column.parentWidget());
-    label->setObjectName(name);
-    label->setWordWrap(true);
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    column.addWidget(label);
-    return label;
+void AddText(QVBoxLayout& column, QLabel& label, const char* name) {
+    label.setObjectName(name);
+    label.setWordWrap(true);
+    label.setTextFormat(Qt::PlainText);
+    label.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    column.addWidget(&label);
 }
 
 }  // namespace
@@ -38,10 +37,12 @@ WindowDayView::WindowDayView(QWidget* parent) : QWidget(parent) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(3);
-    m_title = AddText(*column, "WindowTitle");
+    m_title = new SteadyLabel(this, 1);
+    AddText(*column, *m_title, "WindowTitle");
     m_line = new DayLine(this);
     column->addWidget(m_line);
-    m_stretch = AddText(*column, "StretchText");
+    m_stretch = new SteadyLabel(this, 0);  // few ask for stretches: its room comes with the first one
+    AddText(*column, *m_stretch, "StretchText");
     auto* row = new QHBoxLayout;
     m_timeLabel = new QLabel(this);
     m_time = new QTimeEdit(QTime(12, 0), this);
@@ -52,9 +53,13 @@ WindowDayView::WindowDayView(QWidget* parent) : QWidget(parent) {
     row->addWidget(m_time);
     row->addStretch(1);
     column->addLayout(row);
-    m_momentText = AddText(*column, "MomentText");
+    constexpr int kUsualLines = 2;
+    m_momentText = new SteadyLabel(this, kUsualLines);
+    AddText(*column, *m_momentText, "MomentText");
     m_momentText->setTextFormat(Qt::RichText);
     m_momentText->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    m_otherDay = new QLabel(this);
+    AddText(*column, *m_otherDay, "OtherDay");
     m_line->m_onCurrent = [this] { ShowTexts(); };
     m_line->m_onTime = [this](double hours) { TakeTime(hours); };
     connect(m_time, &QTimeEdit::timeChanged, this,
@@ -74,6 +79,7 @@ void WindowDayView::Retranslate() {
     m_line->Retranslate();
     ShowTexts();
     ShowMoment();
+    ShowOtherDay();
 }
 
 void WindowDayView::SetWindow(const AnalysisReport& report, std::size_t window, bool isWithProject) {
@@ -112,15 +118,24 @@ void WindowDayView::SetSun(const DayRequest& request, const DayAnswer& answer, c
 void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost) {
     m_hours = std::move(hours);
     m_line->SetDay(StretchesOf(m_hours, lost, m_offset, m_nameOf), m_sun.span);
+    m_momentText->SetChoices(TextsOfTheDay());
     ShowTexts();
     ShowMoment();
+    ShowOtherDay();
 }
 
 void WindowDayView::Clear() {
     m_name.Empty();
     m_line->SetDay({}, {});
+    m_momentText->SetChoices({});
     ShowTexts();
     ShowMoment();
+    ShowOtherDay();
+}
+
+void WindowDayView::SetAnswerDay(const std::optional<CalendarDay>& day) {
+    m_answerDay = day;
+    ShowOtherDay();
 }
 
 void WindowDayView::SetTime(double hours) {
@@ -138,16 +153,17 @@ void WindowDayView::TakeTime(double hours) {
 
 void WindowDayView::SetSeenDay(const std::optional<CalendarDay>& day) {
     m_seenDay = day;
-    ShowMoment();
+    ShowOtherDay();
 }
 
-// The same moment of two days is not the same sun.
-QString WindowDayView::OtherDayText() const {
-    if (!m_seenDay || *m_seenDay == m_day)
-        return {};
-    return "<br>" + Shown(SayFormat(L"这里是 %s 的结果，视图里的太阳是 %s 的", FromUtf8(IsoDay(m_day)),
-                                    FromUtf8(IsoDay(*m_seenDay))))
-                        .toHtmlEscaped();
+// The same moment of two days is not the same sun, and neither are the shadows in the view those of the table.
+void WindowDayView::ShowOtherDay() {
+    const std::optional<CalendarDay> shown = m_name.IsEmpty() ? m_answerDay : m_day;
+    const bool isOther = m_seenDay && shown && *m_seenDay != *shown;
+    m_otherDay->setVisible(isOther);
+    m_otherDay->setText(isOther ? Shown(SayFormat(L"这里是 %s 的结果，视图里的太阳是 %s 的", FromUtf8(IsoDay(*shown)),
+                                                  FromUtf8(IsoDay(*m_seenDay))))
+                                : QString());
 }
 
 void WindowDayView::ShowTexts() {
@@ -166,9 +182,14 @@ void WindowDayView::ShowTexts() {
         title += L"\n" + NoteWord(note);
     m_title->setText(Shown(title));
     const int current = m_line->GetCurrent();
-    m_stretch->setVisible(current >= 0);
-    if (current >= 0)
-        m_stretch->setText(Shown(m_line->GetStretches()[static_cast<std::size_t>(current)].text));
+    if (current < 0)
+        return m_stretch->hide();
+    QStringList choices;
+    for (const DayStretch& stretch : m_line->GetStretches())
+        choices << Shown(stretch.text);
+    m_stretch->SetChoices(choices);
+    m_stretch->setText(choices[current]);
+    m_stretch->show();
 }
 
 void WindowDayView::ShowMoment() {
@@ -179,7 +200,10 @@ void WindowDayView::ShowMoment() {
     m_momentText->setVisible(hasHours);
     if (!hasHours)
         return m_momentText->clear();
-    const SunThen then = SunAt(m_hours, m_sun, time);
+    m_momentText->setText(TextAt(SunAt(m_hours, m_sun, time), time));
+}
+
+QString WindowDayView::TextAt(const SunThen& then, double time) const {
     QString text = Shown(SayFormat(L"北京时间 %s：", ClockText(time + m_offset))).toHtmlEscaped();
     text += Shown(SunThenText(then)).toHtmlEscaped();
     for (std::size_t i = 0; i < then.by.size(); ++i) {
@@ -187,5 +211,18 @@ void WindowDayView::ShowMoment() {
         text += i == 0 ? " " : ", ";
         text += then.by[i] == 0 ? name : QString("<a href=\"%1\">%2</a>").arg(then.by[i], 0, 16).arg(name);
     }
-    m_momentText->setText(text + OtherDayText());
+    return text;
+}
+
+// All that the moment may be told to be, so that its text has the room from the beginning.
+QStringList WindowDayView::TextsOfTheDay() const {
+    QStringList texts;
+    using State = SunThen::State;
+    for (const State state : {State::Lit, State::Outside, State::Down, State::Low, State::Behind, State::Invalid})
+        texts << TextAt({state, {}, {}}, 0.0);
+    for (const DroppedPeriod& dropped : m_hours.dropped)
+        texts << TextAt({State::Dropped, {}, dropped.reason}, 0.0);
+    for (const HiddenPeriod& hidden : m_hours.hidden)
+        texts << TextAt({State::Hidden, hidden.by, {}}, 0.0);
+    return texts;
 }

@@ -13,6 +13,7 @@
 class DayLine;
 class QLabel;
 class QTimeEdit;
+class SteadyLabel;
 
 class WindowDayView : public QWidget {
 public:
@@ -26,6 +27,8 @@ public:
     void SetSpot(const CString& title, const SpotRequest& request, const SpotAnswer& answer);
     // No window is chosen, and no spot.
     void Clear();
+    // The day of the answer that there is, chosen windows or not; none without one.
+    void SetAnswerDay(const std::optional<CalendarDay>& day);
     void Retranslate();
 
     // The moment of the day, hours of true solar time, from 0 to less than 24.
@@ -42,13 +45,14 @@ public:
 private:
     void ShowTexts();
     void ShowMoment();
+    void ShowOtherDay();
     void TakeTime(double hours);
-    QString OtherDayText() const;
-
-    NameOfEntity m_nameOf;
+    QString TextAt(const SunThen& then, double time) const;
+    QStringList TextsOfTheDay() const;
     void SetHours(WindowHours hours, const std::vector<HiddenPeriod>& lost);
     void SetSun(const DayRequest& request, const DayAnswer& answer, const SunDirection& outward);
 
+    NameOfEntity m_nameOf;
     CString m_name;         // of what is shown; empty for nothing
     bool m_isTold = false;  // whether its sun could be told
     WindowHours m_hours;
@@ -56,11 +60,13 @@ private:
     double m_offset = 0.0;
     double m_moment = 12.0;
     CalendarDay m_day = {};  // of what is shown
+    std::optional<CalendarDay> m_answerDay;
     std::optional<CalendarDay> m_seenDay;
-    QLabel* m_title;
+    SteadyLabel* m_title;
     DayLine* m_line;
-    QLabel* m_stretch;
+    SteadyLabel* m_stretch;
     QLabel* m_timeLabel;
     QTimeEdit* m_time;
-    QLabel* m_momentText;
+    SteadyLabel* m_momentText;
+    QLabel* m_otherDay;
 };

@@ -106,6 +106,8 @@ void SunBar::Build() {
 void SunBar::MakeRoom() {
     auto* rows = static_cast<QGridLayout*>(layout());
     rows->setColumnMinimumWidth(0, std::max(m_switch->sizeHint().width(), m_base->sizeHint().width()));
+    rows->setRowMinimumHeight(1, std::max({m_base->sizeHint().height(), m_date->sizeHint().height(),
+                                           m_place->sizeHint().height() + m_about->sizeHint().height()}));
     rows->setColumnMinimumWidth(1, std::max(m_play->sizeHint().width(), m_date->minimumWidth()));
 }
 
