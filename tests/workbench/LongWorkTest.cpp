@@ -1,5 +1,6 @@
 // Work that takes its time: the window lives while a drawing is read or saved, reading is cancelled, and the window is
 // closed meanwhile.
+#include <QMainWindow>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
@@ -93,4 +94,55 @@ TEST_F(WindowAtWork, PassesOnWhatTheWorkThrew) {
     EXPECT_THROW(work.Run("x", {}, [](SceneProgress&) { throw std::bad_alloc(); }), std::bad_alloc);
     EXPECT_FALSE(work.IsRunning());
     work.Cancel();  // nothing runs
+}
+
+// At one line the bar shows it, whatever it says; the toolkit would break and clip what is longer than the bar.
+TEST_F(WindowAtWork, SaysWhatItDoesInOneLine) {
+    for (const double scale : {1.0, 2.0})
+        for (const char* title :
+             {"画等时线", "Drawing isolines", "Recording a film of the whole day, and of the night"}) {
+            QMainWindow host;
+            QFont font = host.font();
+            font.setPointSizeF(font.pointSizeF() * scale);
+            host.setFont(font);
+            host.resize(1100, 300);
+            LongWork work(*host.statusBar());
+            const auto* bar = host.findChild<QProgressBar*>("Progress");
+            host.show();
+            std::atomic<bool> isSeen = false;
+            QTimer look;
+            look.callOnTimeout(&host, [&] {
+                if (!bar->isVisible())
+                    return;
+                look.stop();
+                QString text = bar->format();
+                EXPECT_TRUE(text.endsWith(" %p%")) << text.toStdString();
+                EXPECT_EQ(text.left(2), QString::fromUtf8(title).left(2)) << text.toStdString();
+                text.replace("%p%", "100%");
+                EXPECT_LE(bar->fontMetrics().horizontalAdvance(text), bar->width() - 4) << text.toStdString();
+                EXPECT_GE(bar->height(), bar->fontMetrics().height());
+                EXPECT_EQ(bar->toolTip(), QString::fromUtf8(title));
+                EXPECT_LE(bar->width(), host.width() / 2);
+                isSeen = true;
+            });
+            look.start(5);
+            work.Run(QString::fromUtf8(title), {}, [&](SceneProgress& progress) {
+                progress.total = 10;
+                progress.done = 9;
+                for (int i = 0; i < 6000 && !isSeen; ++i)
+                    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            });
+            EXPECT_TRUE(isSeen);
+        }
+}
+
+TEST_F(WindowAtWork, LeavesDisabledWhatWasDisabled) {
+    QMainWindow host;
+    LongWork work(*host.statusBar());
+    QPushButton idle(&host);
+    QPushButton ready(&host);
+    idle.setEnabled(false);
+    work.Run("work", {&idle, &ready}, [](SceneProgress&) {});
+    EXPECT_FALSE(idle.isEnabled());
+    EXPECT_TRUE(ready.isEnabled());
 }

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
+#include <algorithm>
 #include <exception>
 #include <thread>
 
@@ -23,14 +24,16 @@ std::function<void()>& Hold() {
     return hold;
 }
 
-// What must not be used meanwhile.
+// What must not be used meanwhile. What could not be used before is left alone.
 class Disabled {
 public:
     // The window has a focus of its own also before it is the active one.
-    Disabled(const QWidget& window, const std::vector<QWidget*>& widgets)
-        : m_focus(window.focusWidget()), m_widgets(widgets) {
-        for (QWidget* widget : m_widgets)
-            widget->setEnabled(false);
+    Disabled(const QWidget& window, const std::vector<QWidget*>& widgets) : m_focus(window.focusWidget()) {
+        for (QWidget* widget : widgets)
+            if (widget->isEnabledTo(widget->parentWidget())) {
+                widget->setEnabled(false);
+                m_widgets.push_back(widget);
+            }
     }
     ~Disabled() {
         for (QWidget* widget : m_widgets)
@@ -50,7 +53,6 @@ private:
 
 LongWork::LongWork(QStatusBar& bar) : m_bar(new QProgressBar(&bar)), m_button(new QPushButton(&bar)) {
     m_bar->setObjectName("Progress");
-    m_bar->setMaximumWidth(220);
     m_button->setObjectName("CancelWork");
     bar.addPermanentWidget(m_bar);
     bar.addPermanentWidget(m_button);
@@ -116,6 +118,18 @@ void LongWork::HoldForTest(std::function<void()> hold) {
     Hold() = std::move(hold);
 }
 
+// The toolkit breaks a text that has no room into lines, of which the bar shows the middle.
+void LongWork::FitText(const QString& title) {
+    constexpr int kLetters = 36;
+    constexpr int kEdges = 12;
+    const QFontMetrics letters = m_bar->fontMetrics();
+    const int window = m_bar->window()->width();
+    m_bar->setFixedWidth(std::min(kLetters * letters.averageCharWidth(), window / 3));
+    const int room = m_bar->width() - kEdges - letters.horizontalAdvance(" 100%");
+    m_bar->setFormat(letters.elidedText(title, Qt::ElideRight, room) + " %p%");
+    m_bar->setToolTip(title);
+}
+
 // Of a file that is still being read nobody knows how far it is.
 void LongWork::ShowProgress(const QString& title, bool canBeCancelled) {
     const std::size_t total = m_progress->total;
@@ -123,8 +137,7 @@ void LongWork::ShowProgress(const QString& title, bool canBeCancelled) {
     m_bar->setRange(0, total == 0 ? 0 : kSteps);
     if (total > 0)
         m_bar->setValue(static_cast<int>(static_cast<double>(done) * kSteps / static_cast<double>(total)));
-    m_bar->setFormat(title + " %p%");
-    m_bar->setToolTip(title);
+    FitText(title);
     m_bar->show();
     m_button->setEnabled(!m_progress->isCancelled);
     if (!canBeCancelled || !m_button->isHidden())

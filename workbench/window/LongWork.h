@@ -38,6 +38,7 @@ public:
 
 private:
     void ShowProgress(const QString& title, bool canBeCancelled);
+    void FitText(const QString& title);
 
     QProgressBar* m_bar;
     QPushButton* m_button;
