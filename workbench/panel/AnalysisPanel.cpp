@@ -11,7 +11,6 @@
 #include <set>
 #include <utility>
 
-#include "analysis/SpotAnalysis.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/DrawingUnits.h"
@@ -53,18 +52,22 @@ QString Sample(int rgb) {
 }  // namespace
 
 bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work) {
+    bool isDone = false;
+    m_isBusy = true;
     try {
-        if (m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project, m_files},
-                  [&work](SceneProgress& progress) {
-                      const FieldWords words;  // of that thread
-                      work(progress);
-                  }))
-            return true;
-        m_complain(Say(L"上一条命令还没有结束"));
+        isDone = m_run(ShownSay(title), {m_form, m_runButton, m_lines, m_spotButton, m_project, m_files},
+                       [&work](SceneProgress& progress) {
+                           const FieldWords words;  // of that thread
+                           work(progress);
+                       });
+        if (!isDone)
+            m_complain(Say(L"上一条命令还没有结束"));
     } catch (const std::bad_alloc&) {
         m_complain(Say(L"内存不够，没有分析"));
     }
-    return false;
+    m_isBusy = false;
+    ShowSpotButton();
+    return isDone;
 }
 
 bool AnalysisPanel::ReadRequest(AnalysisRequest& request) {
@@ -173,7 +176,9 @@ void AnalysisPanel::TellOfDrawing(DayReport& report) const {
 void AnalysisPanel::TakeSpot(const QcGePoint& place, const QcGeVector3d& outward) {
     constexpr std::size_t kMostAtOnce = 10'000;
     m_spot = Spot{place, outward, m_view.GetPicked()};
-    m_spotButton->setEnabled(true);
+    if (m_isBusy)
+        return;  // the button tells its day afterwards
+    ShowSpotButton();
     if (!m_view.GetChosen() && m_drawing.scene && m_drawing.scene->faces.size() <= kMostAtOnce && isVisible())
         RunSpot();
 }
@@ -200,7 +205,14 @@ void AnalysisPanel::RunSpot() {
         return m_complain(FailureText(request, answer));
     m_view.Choose({}, false);
     SelectChosen();
-    m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(database.GetHandle(spot.entity))), request, answer);
+    m_toldSpot = ToldSpot{database.GetHandle(spot.entity), request, answer};
+    ShowDay();
+}
+
+void AnalysisPanel::ShowSpotButton() {
+    m_spotButton->setEnabled(m_spot.has_value());
+    m_spotButton->setToolTip(m_spot ? ShownSay(L"算出在视图里点击的那一点何时有太阳")
+                                    : ShownSay(L"先在视图里点击一个面，再按这里，看那一点何时有太阳"));
 }
 
 AskedState AnalysisPanel::StateNow(const QStringList& fields) const {
@@ -211,12 +223,13 @@ void AnalysisPanel::SetDrawing(PanelDrawing drawing, bool isAnother) {
     m_drawing = std::move(drawing);
     ShowReadiness();
     m_spot.reset();  // what was there may be elsewhere
-    m_spotButton->setEnabled(false);
+    ShowSpotButton();
     if (isAnother) {
         m_windows.reset();
         m_points.reset();
         m_files->Clear();
         m_view.Choose({}, false);
+        m_toldSpot.reset();
         m_day->Clear();
         m_project->setChecked(true);
         ShowAnswers();
@@ -351,6 +364,7 @@ void AnalysisPanel::ChooseRow() {
 
 // Chosen first: whoever is told of the entity then finds the window chosen already.
 void AnalysisPanel::Choose(std::size_t window, bool isShown) {
+    m_toldSpot.reset();
     m_view.Choose(window, isShown);
     if (isShown)
         m_view.Pick(m_drawing.database->FindHandle(m_windows->answer.windows[window].handle));
@@ -363,6 +377,8 @@ void AnalysisPanel::ShowDay() {
     m_isDayNew = m_windows && chosen && *chosen < m_windows->answer.windows.size();
     if (m_isDayNew)
         m_day->SetWindow(*m_windows, *chosen, IsWithProject());
+    else if (m_toldSpot)
+        m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(m_toldSpot->handle)), m_toldSpot->request, m_toldSpot->answer);
     else
         m_day->Clear();
 }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "analysis/SpotAnalysis.h"
 #include "calendar/CalendarDay.h"
 #include "platform/geometry/QcGeVector3d.h"
 #include "platform/host/AcDbObjectId.h"
@@ -130,6 +131,7 @@ private:
     void ShowDay();
     void SelectChosen();
     CString NameOf(std::uint64_t handle) const;
+    void ShowSpotButton();
     void TakeSpot(const QcGePoint& place, const QcGeVector3d& outward);
 
     SceneView& m_view;
@@ -144,7 +146,15 @@ private:
         QcGeVector3d outward;
         AcDbObjectId entity;
     };
-    std::optional<Spot> m_spot;
+    std::optional<Spot> m_spot;  // that was clicked last
+    // The spot whose day is shown.
+    struct ToldSpot {
+        std::uint64_t handle;
+        SpotRequest request;
+        SpotAnswer answer;
+    };
+    std::optional<ToldSpot> m_toldSpot;
+    bool m_isBusy = false;
     int m_hiddenCount = 0;
     bool m_isSelecting = false;  // by us, and not by the user
     bool m_isDayNew = false;     // nobody has looked at an hour of it yet

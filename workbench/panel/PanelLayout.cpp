@@ -15,6 +15,7 @@
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
 #include "workbench/panel/ResultFiles.h"
+#include "workbench/panel/WindowCells.h"
 #include "workbench/panel/WindowDayView.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
@@ -97,7 +98,6 @@ void AnalysisPanel::Build(QWidget& inside) {
     column->addWidget(m_day);
     m_spotButton = new QPushButton(&inside);
     m_spotButton->setObjectName("RunSpot");
-    m_spotButton->setEnabled(false);
     column->addWidget(m_spotButton);
 }
 
@@ -115,6 +115,7 @@ void AnalysisPanel::BuildTable(QWidget& inside) {
     m_table = new QTableView(&inside);
     m_table->setObjectName("WindowTable");
     m_table->setModel(&m_model);
+    m_table->setItemDelegate(new WindowCells(m_table));
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setAlternatingRowColors(true);
@@ -165,6 +166,7 @@ void AnalysisPanel::Join() {
             m_onTime(hours);
     };
     m_view.m_onChoose = [this] {
+        m_toldSpot.reset();
         ShowDay();
         SelectChosen();
     };
@@ -204,7 +206,6 @@ void AnalysisPanel::Retranslate() {
     m_runButton->setText(ShownSay(L"分析日照(&A)"));
     m_lines->setText(ShownSay(L"画等时线(&I)"));
     m_spotButton->setText(ShownSay(L"点击处的一天(&D)"));
-    m_spotButton->setToolTip(ShownSay(L"算出在视图里点击的那一点何时有太阳"));
     m_filter->setPlaceholderText(ShownSay(L"只看含有这些字的窗"));
     m_filter->setAccessibleName(ShownSay(L"只看含有这些字的窗"));
     m_failing->setText(ShownSay(L"只看不达标"));
@@ -221,4 +222,5 @@ void AnalysisPanel::Retranslate() {
         Choose(*chosen, false);
     else
         ShowDay();
+    ShowSpotButton();
 }

@@ -92,8 +92,8 @@ void MainWindow::Reload() {
     if (!message.IsEmpty())
         m_log->AddComplaint(message);
     m_view->UpdateScene(m_drawing.GetScene());
-    m_view->Pick(m_drawing.GetDatabase().FindHandle(picked));
     m_panels->ShowDrawing(false);
+    m_view->Pick(m_drawing.GetDatabase().FindHandle(picked));  // which panels look up in the drawing that they know
     m_log->AddText(SayFormat(L"已重新读入 %s", Printable(m_drawing.GetFileName())));
     Refresh();
 }
