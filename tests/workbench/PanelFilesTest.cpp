@@ -108,9 +108,10 @@ TEST_F(PanelFilesTest, OpensWhatWasMade) {
     Press("MakeReport");
     std::vector<QUrl> opened;
     bool isThere = true;
-    Files().m_open = [&](const QUrl& url) {
+    Files().m_open = [&](const QUrl& url, const std::function<void()>& onFailed) {
         opened.push_back(url);
-        return isThere;
+        if (!isThere)
+            onFailed();
     };
     Press("OpenMade");
     ASSERT_EQ(opened.size(), 1U);
@@ -118,7 +119,10 @@ TEST_F(PanelFilesTest, OpensWhatWasMade) {
     EXPECT_FALSE(HasLogged("没有打开"));
     isThere = false;
     Press("OpenMade");
-    EXPECT_TRUE(HasLogged("没有打开“")) << Log();
+    EXPECT_TRUE(HasLogged(("没有打开“" + In("report/index.html").string()).c_str())) << Log();
+    isThere = true;
+    Press("OpenFolder");
+    EXPECT_EQ(opened.back().toLocalFile().toStdString(), In("report").string());
     ASSERT_TRUE(m_window->OpenFile(FromUtf8(WriteDrawing("house.dxf").string())));
     EXPECT_FALSE(Find<QPushButton>("OpenMade")->isVisible()) << "it was another drawing's";
 }

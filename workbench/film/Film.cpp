@@ -62,6 +62,15 @@ std::vector<double> FilmMoments(SunPeriod span, int every) {
     }
 }
 
+CString FilmSizeText(const FilmRequest& request, const DayRequest& day) {
+    const std::optional<SunPeriod> span = FindSpan(day);
+    if (!span || !(span->start < span->end))
+        return {};
+    const std::size_t count = FilmMoments(*span, request.every).size();
+    return SayFormat(L"%d 幅画面，每幅 1 秒，%d x %d，约 %s", static_cast<int>(count), request.width, request.height,
+                     BytesText(BytesOf(request, count)));
+}
+
 int Film::Check(const DayRequest& day, const CString& drawing) {
     const std::optional<SunPeriod> span = FindSpan(day);
     if (!span || !(span->start < span->end))
@@ -82,9 +91,9 @@ int Film::Prepare() {
     m_painter = ScenePainter::Open(wrong);
     if (!m_painter)
         return Refuse(kExitFailed, wrong);
-    Complain(SayFormat(L"录像“%s”：%d 幅画面，%d x %d，不压缩，约 %s", Printable(m_request.file),
-                       static_cast<int>(m_moments.size()), m_request.width, m_request.height,
-                       BytesText(BytesOf(m_request, m_moments.size()))));
+    Note(SayFormat(L"录像“%s”：%d 幅画面，%d x %d，不压缩，约 %s", Printable(m_request.file),
+                   static_cast<int>(m_moments.size()), m_request.width, m_request.height,
+                   BytesText(BytesOf(m_request, m_moments.size()))));
     return kExitOk;
 }
 
@@ -118,6 +127,6 @@ int Film::Shoot(const AcDbDatabase& drawing, const AnalysisRequest& request, con
     if (count < total)
         return Refuse(kExitFailed,
                       SayFormat(L"已取消：“%s”里有前 %d 幅画面，共 %d 幅", Printable(m_request.file), count, total));
-    Complain(SayFormat(L"%d 幅画面录入“%s”，每幅 1 秒", total, Printable(m_request.file)));
+    Note(SayFormat(L"%d 幅画面录入“%s”，每幅 1 秒", total, Printable(m_request.file)));
     return kExitOk;
 }

@@ -16,6 +16,9 @@ class Progress;
 // When the pictures are, in true solar time: from the start of the span on, `every` minutes apart, up to its end.
 std::vector<double> FilmMoments(SunPeriod span, int every);
 
+// What the film will be: how many pictures, how long and how large; empty where there is no span to film.
+CString FilmSizeText(const FilmRequest& request, const DayRequest& day);
+
 class Film {
 public:
     explicit Film(const FilmRequest& request) : m_request(request) {}

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "facts/Settings.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/AcDbDatabase.h"
 #include "platform/host/ExitCode.h"
@@ -16,6 +17,7 @@
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
 #include "workbench/panel/ResultFiles.h"
+#include "workbench/panel/SuggestedName.h"
 #include "workbench/view/SceneView.h"
 
 namespace {
@@ -62,8 +64,11 @@ bool AnalysisPanel::LacksWindows() const {
 // Whether the folder may be taken is found out before anybody waits.
 std::optional<PageRequest> AnalysisPanel::AskForFolder() {
     const FieldWords words;
-    CFolderPickerDialog dialog(nullptr, 0, acedGetAcadFrame());
-    if (!m_drawing.database || dialog.DoModal() != IDOK)
+    if (!m_drawing.database)
+        return {};
+    const CString suggested = SuggestedName(m_drawing.path, CurrentSettings().Day(), L"");
+    CFolderPickerDialog dialog(suggested.GetString(), 0, acedGetAcadFrame());
+    if (dialog.DoModal() != IDOK)
         return {};
     AskedReport asked = m_form->GetReport();
     asked.folder = dialog.GetPathName();
@@ -103,20 +108,25 @@ void AnalysisPanel::MakeLinesReport() {
         TellOfReport(*page);
 }
 
-// What draws belongs to the thread that records, and ends there.
+// What draws belongs to the thread that records, and ends there. How long and large it will be stands beside its name.
 void AnalysisPanel::MakeFilm() {
     const FieldWords words;
-    CFileDialog dialog(FALSE, L"avi", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
-                       (Say(L"录像 (*.avi)") + L"|*.avi||").GetString(), acedGetAcadFrame());
-    if (!m_drawing.database || dialog.DoModal() != IDOK)
+    if (!m_drawing.database)
         return;
     AskedFilm asked = m_form->GetFilm();
-    asked.file = dialog.GetPathName();
-    asked.isYes = true;  // the dialog has asked
+    asked.file = SuggestedName(m_drawing.path, CurrentSettings().Day(), L".avi");
+    asked.isYes = true;  // the dialog asks
     std::optional<FilmRequest> request;
     AnalysisRequest day;
     if (ReadAskedFilm(asked, request) != kExitOk || !ReadRequest(day))
         return;
+    const CString size = FilmSizeText(*request, day);
+    const CString type = size.IsEmpty() ? Say(L"录像 (*.avi)") : SayFormat(L"录像，%s (*.avi)", size);
+    CFileDialog dialog(FALSE, L"avi", asked.file->GetString(), OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                       (type + L"|*.avi||").GetString(), acedGetAcadFrame());
+    if (dialog.DoModal() != IDOK)
+        return;
+    request->file = dialog.GetPathName();
     LookAs(m_view.GetCamera(), day.north, *request);
     Film film(*request);
     if (film.Check(day, m_drawing.path) != kExitOk || !HasAnswer())

@@ -8,8 +8,8 @@
 
 #include "platform/base/CString.h"
 
+class ElidedLabel;
 class QAction;
-class QLabel;
 class QPushButton;
 
 class ResultFiles : public QWidget {
@@ -20,23 +20,24 @@ public:
     void Follow(QAction& report, QAction& film);
     // Whether there are isolines, which have a report of their own.
     void SetHasLines(bool hasLines);
-    // What was made last: what it is, in words, and its path; from then on a button opens it.
+    // What was made last: what it is, in words, and its path; from then on buttons open it and its folder.
     void SetMade(const CString& what, const CString& path);
     void Clear();
     void Retranslate();
 
     std::function<void()> m_onLinesReport;
-    // Opens a file with the program that the desktop has for it; false when there is none.
-    std::function<bool(const QUrl&)> m_open;
+    // Opens a file or a folder with the program that the desktop has for it, and calls the second one when that fails.
+    std::function<void(const QUrl&, const std::function<void()>&)> m_open;
     std::function<void(const CString&)> m_complain;
 
 private:
-    void Open() const;
+    void Open(const CString& path) const;
 
     QPushButton* m_report;
     QPushButton* m_film;
     QPushButton* m_lines;
-    QLabel* m_made;
+    ElidedLabel* m_made;
     QPushButton* m_opener;
+    QPushButton* m_folder;
     CString m_path;  // of what was made last; empty for nothing
 };

@@ -7,14 +7,28 @@
 #include "workbench/terminal/OutputSink.h"
 #include "workbench/terminal/TerminalProgress.h"
 
-void Complain(const CString& text) {
-    if (OutputSink* sink = CurrentOutputSink()) {
-        sink->TakeComplaint(ToUtf8(text.View()));
-        return;
-    }
+namespace {
+
+void Write(const CString& text) {
     TerminalProgress::ClearLine();
     const std::string line = "orvo: " + ToUtf8(text.View()) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+}  // namespace
+
+void Complain(const CString& text) {
+    if (OutputSink* sink = CurrentOutputSink())
+        sink->TakeComplaint(ToUtf8(text.View()));
+    else
+        Write(text);
+}
+
+void Note(const CString& text) {
+    if (OutputSink* sink = CurrentOutputSink())
+        sink->TakeNote(ToUtf8(text.View()));
+    else
+        Write(text);
 }
 
 int Refuse(int code, const CString& text) {

@@ -24,6 +24,7 @@
 #include "workbench/commands/PromptLine.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/panel/RequestForm.h"
+#include "workbench/panel/ResultFiles.h"
 #include "workbench/view/ElidedLabel.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/view/WidgetText.h"
@@ -234,11 +235,19 @@ void MainWindow::TakeComplaint(std::string_view text) {
     AddComplaint(FromUtf8(text));
 }
 
+void MainWindow::TakeNote(std::string_view text) {
+    AddToLog(&CommandLog::AddText, FromUtf8(text));
+}
+
 void MainWindow::AddComplaint(const CString& text) {
+    AddToLog(&CommandLog::AddComplaint, text);
+}
+
+void MainWindow::AddToLog(void (CommandLog::*add)(const CString&), const CString& text) {
     if (QThread::currentThread() == thread())
-        return m_log->AddComplaint(text);
+        return (m_log->*add)(text);
     QMetaObject::invokeMethod(
-        this, [this, text] { m_log->AddComplaint(text); }, Qt::QueuedConnection);
+        this, [this, add, text] { (m_log->*add)(text); }, Qt::QueuedConnection);
 }
 
 void MainWindow::Retranslate() {
@@ -344,10 +353,10 @@ void MainWindow::SavePicture() {
     CString path = dialog.GetPathName();
     CString problem;
     const QImage stamped = StampedView(picture, m_sun->GetStamp(), m_panels->GetAnalysis().GetLegend());
-    if (SavePictureAs(stamped, path, problem))
-        m_log->AddText(SayFormat(L"视图已保存到 %s", Printable(path)));
-    else
-        m_log->AddComplaint(problem);
+    if (!SavePictureAs(stamped, path, problem))
+        return m_log->AddComplaint(problem);
+    m_log->AddText(SayFormat(L"视图已保存到 %s", Printable(path)));
+    m_panels->GetAnalysis().GetFiles().SetMade(Say(L"图片："), path);
 }
 
 void MainWindow::ShowKeys() {

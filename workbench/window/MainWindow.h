@@ -46,11 +46,14 @@ protected:
 private:
     void TakeAnswer(std::string_view text) override;
     void TakeComplaint(std::string_view text) override;
+    void TakeNote(std::string_view text) override;
 
     void BuildWidgets();
     void TakeOverStreams();
     // From whichever thread.
     void AddComplaint(const CString& text);
+    // In whatever thread, and in its order.
+    void AddToLog(void (CommandLog::*add)(const CString&), const CString& text);
     // Puts every text of the window into the language in force.
     void Retranslate();
     // Shows what a command may have changed: the settings' note, the drawing and its state.
