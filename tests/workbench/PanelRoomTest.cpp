@@ -77,6 +77,22 @@ TEST_F(PanelRoom, BringsTheFieldWithTheFocusIntoSight) {
     EXPECT_TRUE(IsWhole(first));
 }
 
+TEST_F(PanelRoom, IsReachedByKeys) {
+    Run();
+    Edit()->setFocus();
+    QTest::keyClick(Edit(), Qt::Key_T, Qt::ControlModifier);
+    ASSERT_EQ(QApplication::focusWidget(), Table());
+    QTest::keyClick(Table(), Qt::Key_Down);
+    EXPECT_EQ(View()->GetChosen(), 0U);
+    QTest::keyClick(Table(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::focusWidget(), Find<QLineEdit>("WindowLayers"));
+    QTest::keySequence(m_window.get(), QKeySequence("Ctrl+3"));
+    ASSERT_FALSE(Table()->isVisible());
+    QTest::keyClick(m_window.get(), Qt::Key_T, Qt::ControlModifier);
+    EXPECT_TRUE(Table()->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), Table());
+}
+
 TEST_F(PanelRoom, StandsStillWhileTheSunMoves) {
     m_window->resize(1100, 760);
     Run();

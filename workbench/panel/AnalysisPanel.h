@@ -79,6 +79,9 @@ public:
     void MakeFilm();
     // To run, to draw isolines, to make a report, and a film: possible when a drawing is open. The buttons follow them.
     std::vector<QAction*> GetActions() const { return {m_runAction, m_linesAction, m_reportAction, m_filmAction}; }
+    // Where the fields begin, and the windows are listed.
+    QWidget& GetFirstField() const;
+    QWidget& GetTable() const;
     RequestForm& GetForm() const { return *m_form; }
     ResultFiles& GetFiles() const { return *m_files; }
 

@@ -179,6 +179,14 @@ void AnalysisPanel::Join() {
     };
 }
 
+QWidget& AnalysisPanel::GetFirstField() const {
+    return m_form->GetFirst();
+}
+
+QWidget& AnalysisPanel::GetTable() const {
+    return *m_table;
+}
+
 QSize AnalysisPanel::minimumSizeHint() const {
     constexpr int kHeight = 80;
     return {widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width(), kHeight};

@@ -137,6 +137,10 @@ QLineEdit* RequestForm::Add(QFormLayout& form, const char* name, const wchar_t* 
     return edit;
 }
 
+QWidget& RequestForm::GetFirst() const {
+    return *m_windows;
+}
+
 QSize RequestForm::sizeHint() const {
     return {minimumSizeHint().width(), widget()->sizeHint().height()};
 }

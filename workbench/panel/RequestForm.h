@@ -49,6 +49,7 @@ public:
     // All fields, and those of another time: names that are no fields are passed over.
     std::vector<KeptField> GetKept() const;
     void SetKept(const std::vector<KeptField>& kept);
+    QWidget& GetFirst() const;
     void Retranslate();
 
     std::function<void()> m_onChange;

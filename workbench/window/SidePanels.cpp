@@ -33,6 +33,8 @@ SidePanels::SidePanels(QMainWindow& window, SceneView& view, OpenDrawing& drawin
     AddEntry(*m_analysisDock, "Ctrl+3");
     for (QAction* action : m_analysis->GetActions())
         window.addAction(action);
+    m_toFields = AddWayTo(m_analysis->GetFirstField(), *m_analysisDock, "Ctrl+L");
+    m_toTable = AddWayTo(m_analysis->GetTable(), *m_analysisDock, "Ctrl+T");
     m_layers->m_onHidden = [this] { ShowHidden(); };
     m_analysis->m_onHidden = [this] { ShowHidden(); };
     m_layers->m_onHeights = [this](const std::vector<LayerHeight>& heights) {
@@ -79,6 +81,19 @@ void SidePanels::AddEntry(QDockWidget& dock, const char* key) {
     });
 }
 
+// A dozen steps of Tab lie between two parts of a panel.
+QAction* SidePanels::AddWayTo(QWidget& target, QDockWidget& dock, const char* key) {
+    auto* way = new QAction(&m_window);
+    way->setShortcut(QKeySequence(key));
+    m_window.addAction(way);
+    QObject::connect(way, &QAction::triggered, &dock, [&dock, &target] {
+        dock.show();
+        dock.raise();
+        target.setFocus(Qt::ShortcutFocusReason);
+    });
+    return way;
+}
+
 void SidePanels::Retranslate() {
     m_layerDock->setWindowTitle(ShownSay(L"所有图层"));
     m_propertyDock->setWindowTitle(ShownSay(L"所选实体"));
@@ -89,6 +104,8 @@ void SidePanels::Retranslate() {
     m_analysis->Retranslate();
     for (const auto& [dock, entry] : m_entries)
         entry->setText(dock->windowTitle());
+    m_toFields->setText(ShownSay(L"转到分析的第一栏"));
+    m_toTable->setText(ShownSay(L"转到窗的列表"));
     ShowPicked();
 }
 
@@ -159,6 +176,8 @@ void SidePanels::AddEntries(QMenu& menu) const {
 void SidePanels::AddAnalyses(QMenu& menu) const {
     for (QAction* action : m_analysis->GetActions())
         menu.addAction(action);
+    menu.addAction(m_toFields);
+    menu.addAction(m_toTable);
 }
 
 void SidePanels::ShowDrawing(bool isAnother) {

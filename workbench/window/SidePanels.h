@@ -52,6 +52,7 @@ public:
 private:
     QDockWidget* AddDock(QWidget& panel, const char* name, Qt::DockWidgetArea area);
     void AddEntry(QDockWidget& dock, const char* key);
+    QAction* AddWayTo(QWidget& target, QDockWidget& dock, const char* key);
     void Stack();
     void Spread();
     std::vector<bool> ShownPanels() const;
@@ -73,6 +74,8 @@ private:
         QAction* action;
     };
     std::vector<Entry> m_entries;
+    QAction* m_toFields;
+    QAction* m_toTable;
     bool m_isStacked = false;
     QByteArray m_spread;  // the places with room
 };

@@ -26,6 +26,8 @@ const std::vector<KeyPart>& WindowKeys() {
           {L"滑块：方向键，Page Up，Page Down", L"改变时刻"},
           {L"滑块：空格", L"播放，暂停"},
           {L"F9", L"分析每个窗"},
+          {L"Ctrl+L", L"到日照分析的第一栏"},
+          {L"Ctrl+T", L"到窗的列表"},
           {L"Ctrl+R", L"写成报告"},
           {L"Ctrl+M", L"录成动画"},
           {L"Esc", L"取消正在做的事"},
