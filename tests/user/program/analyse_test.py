@@ -280,7 +280,7 @@ class Courtyard(AnalyseTest):
         answer = self.ok("analyse", *self.asked)
         lines = answer.out.splitlines()
         for words in ("不达标", "达标", "1-102-2 (", "被 ", "按户合计", "按楼合计", "按层合计", "遮挡日照的实体", "建筑", "凸窗",
-                      "真太阳时 08:00:00-16:00:00", "2:00（时:分）", "使用前须与现行有效的文本核对"):
+                      "真太阳时 08:00:00-16:00:00", "2:00:00（时:分:秒）", "使用前须与现行有效的文本核对"):
             self.assertIn(words, answer.out)
         start = next(i for i, line in enumerate(lines) if line.startswith("结论"))
         for line in lines[start:]:

@@ -123,7 +123,7 @@ class Answers(PointsTest):
         name = self.put(drawing(*SITE))
         table = self.ok("points", name, "--areas", "GREEN", "--standard", STANDARD, "--need", "3", "--spacing", "0.5").out
         document = self.document(name, "--areas", "GREEN", "--standard", STANDARD, "--need", "3", "--spacing", "0.5")
-        row = re.search(r"^ *B1 +120\.00 +480 +0:00 +([\d:]+) +([\d:]+) +([\d.]+)%$", table, re.M)
+        row = re.search(r"^ *B1 +120\.00 +480 +0:00:00 +([\d:]+) +([\d:]+) +([\d.]+)%$", table, re.M)
         self.assertIsNotNone(row, table)
         share = document["outlines"][0]["share"]
         self.assertAlmostEqual(float(row.group(3)), share * 100, delta=0.05)

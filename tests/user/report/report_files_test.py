@@ -48,7 +48,7 @@ class ReportFiles(AnalyseTest):
         self.assertEqual(facts["地区"], "上海/上海")
         self.assertRegex(facts["程序"], r"^orvo \d+\.\d+\.\d+$")
         self.assertIn("08:00:00-16:00:00", facts["分析时段"])
-        self.assertEqual(facts["要求"], "2:00（时:分）")
+        self.assertEqual(facts["要求"], "2:00:00（时:分:秒）")
         self.assertEqual(facts["计算精度"], "1 分钟")
         self.assertIn("GB", facts["出厂值来源"])
         self.assertNotIn("时数颜色", facts, "numbers of colours say nothing to a reader; the plan shows them")
