@@ -101,6 +101,19 @@ TEST_F(PanelWordsTest, SaysWhatADrawingWithoutWindowsIsGoodFor) {
     EXPECT_TRUE(std::filesystem::exists(ToUtf8(m_folder.File("report").View()))) << Log();
 }
 
+TEST_F(PanelWordsTest, TellsTheDayOfTheChosenWindowByTheNewAnswer) {
+    Run();
+    ClickRow(1);
+    ASSERT_NE(Text("WindowTitle").find("朝南"), std::string::npos) << Text("WindowTitle");
+    Set("North", "90");
+    Run();
+    EXPECT_EQ(View()->GetChosen(), 1U);
+    EXPECT_NE(Text("WindowTitle").find("朝西"), std::string::npos) << Text("WindowTitle");
+    Set("WindowLayers", "NOWHERE");
+    Run();
+    EXPECT_EQ(Text("WindowTitle").find("B2"), std::string::npos) << Text("WindowTitle");
+}
+
 // A message must not name what nobody finds in the window.
 TEST_F(PanelWordsTest, CallsFieldsAsTheyAreLabelled) {
     const FieldWords words;

@@ -115,9 +115,10 @@ bool AnalysisPanel::RunWindows() {
     FindStandardOf(report->request.settings, *report);
     for (const CString& each : MessagesOf(report->request, report->answer))
         m_complain(each);
-    m_windows = report;
+    const std::shared_ptr<const AnalysisReport> before = std::exchange(m_windows, report);
     m_windowState = state;
     ShowAnswers();
+    ChooseAgain(before.get());
     if (!report->answer.windows.empty())  // else a message has said so
         m_say(Typed(m_summary->text()));
     return true;
@@ -369,6 +370,23 @@ void AnalysisPanel::Choose(std::size_t window, bool isShown) {
     if (isShown)
         m_view.Pick(m_drawing.database->FindHandle(m_windows->answer.windows[window].handle));
     ShowDay();
+    SelectChosen();
+}
+
+// The window that was chosen in the answer before, which has other hours now and perhaps another place, or is gone.
+void AnalysisPanel::ChooseAgain(const AnalysisReport* before) {
+    const std::optional<std::size_t> chosen = m_view.GetChosen();
+    if (!before || !chosen || *chosen >= before->answer.windows.size())
+        return;
+    const WindowResult& then = before->answer.windows[*chosen];
+    const std::vector<WindowResult>& windows = m_windows->answer.windows;
+    const auto found = std::find_if(windows.begin(), windows.end(), [&](const WindowResult& each) {
+        return each.handle == then.handle && each.name == then.name;
+    });
+    if (found != windows.end())
+        return Choose(static_cast<std::size_t>(found - windows.begin()), false);
+    m_view.Choose({}, false);
+    m_day->Clear();
     SelectChosen();
 }
 

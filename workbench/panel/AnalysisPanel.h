@@ -131,6 +131,7 @@ private:
     void ShowLegend();
     void ChooseRow();
     void Choose(std::size_t window, bool isShown);
+    void ChooseAgain(const AnalysisReport* before);
     void ShowDay();
     void SelectChosen();
     CString NameOf(std::uint64_t handle) const;
