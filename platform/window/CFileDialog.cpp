@@ -23,6 +23,25 @@ std::unique_ptr<CString>& NextFile() {
     return next;
 }
 
+CString& LastFolder() {
+    static CString folder;
+    return folder;
+}
+
+// Of a folder that was chosen it is the one around it, in which one finds it again.
+void Remember(const CString& chosen) {
+    LastFolder() = FromQString(QFileInfo(ToQString(chosen)).absolutePath());
+}
+
+// A name without a folder goes into the last one.
+void Begin(QFileDialog& dialog, const QString& name) {
+    const QString folder = ToQString(LastFolder());
+    if (!name.contains('/') && !folder.isEmpty() && QFileInfo(folder).isDir())
+        dialog.setDirectory(folder);
+    if (!name.isEmpty())
+        dialog.selectFile(name);
+}
+
 // "Description|*.a;*.b|...||" as the toolkit has it: "Description (*.a *.b)". A description that names its patterns
 // already is not given them twice.
 QStringList Filters(const CString& filter) {
@@ -146,6 +165,8 @@ INT_PTR CFileDialog::DoModal() {
     m_path.Empty();
     if (const CString* next = NextFile().get()) {
         m_path = *next;
+        if (!m_path.IsEmpty())
+            Remember(m_path);
         return m_path.IsEmpty() ? IDCANCEL : IDOK;
     }
     if (!CanBeAnswered()) {
@@ -158,8 +179,7 @@ INT_PTR CFileDialog::DoModal() {
     dialog->setNameFilters(Filters(m_filter));
     if (!m_isOpen)
         dialog->setDefaultSuffix(ToQString(m_extension));
-    if (!m_fileName.IsEmpty())
-        dialog->selectFile(ToQString(m_fileName));
+    Begin(*dialog, ToQString(m_fileName));
     // It goes with its owner, should that be destroyed meanwhile.
     if (!::RunModal(dialog, {FromQString(dialog->windowTitle()), CString(), owner, nullptr},
                     [dialog](int command) { return dialog->Press(command); }))
@@ -168,11 +188,21 @@ INT_PTR CFileDialog::DoModal() {
     if (dialog->result() == QDialog::Accepted && !files.isEmpty())
         m_path = FromQString(QFileInfo(files.front()).absoluteFilePath());
     delete dialog;
+    if (!m_path.IsEmpty())
+        Remember(m_path);
     return m_path.IsEmpty() ? IDCANCEL : IDOK;
 }
 
 CString CFileDialog::GetFileName() const {
     return m_path.Mid(m_path.ReverseFind(L'/') + 1);
+}
+
+void CFileDialog::SetFolder(const wchar_t* folder) {
+    LastFolder() = folder;
+}
+
+CString CFileDialog::GetFolder() {
+    return LastFolder();
 }
 
 void CFileDialog::SetNextFileForTest(const wchar_t* path) {

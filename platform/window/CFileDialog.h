@@ -28,6 +28,11 @@ public:
     // Its last part; empty as well.
     CString GetFileName() const;
 
+    // Where dialogs begin that were given no name with a folder: where a file was chosen last, by any of them, or what
+    // was set since. Empty, or gone meanwhile: where the toolkit has it.
+    static void SetFolder(const wchar_t* folder);
+    static CString GetFolder();
+
     // For tests: the next dialogs are not shown, but answered with this path (null: cancelled), until they are to be
     // shown again.
     static void SetNextFileForTest(const wchar_t* path);

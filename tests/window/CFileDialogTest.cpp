@@ -33,6 +33,8 @@ struct FileDialogs : testing::Test {
     QTemporaryDir folder;
     std::vector<std::string> boxes;
 
+    void TearDown() override { CFileDialog::SetFolder(L""); }
+
     QString In(const QString& name) const { return folder.filePath(name); }
     void Make(const QString& name) const {
         QFile file(In(name));
@@ -140,6 +142,42 @@ TEST_F(FileDialogs, ShowFiltersNamesAndCaptions) {
     });
     EXPECT_EQ(open.DoModal(), IDCANCEL);
     EXPECT_EQ(driver.GetCount(), 1);
+}
+
+TEST_F(FileDialogs, BeginWhereAFileWasChosenLastOrWhereTheyAreTold) {
+    QDir(folder.path()).mkdir("sub");
+    QDir(folder.path()).mkdir("other");
+    Make("sub/plan.dxf");
+    const auto begins = [this](const wchar_t* name, const std::string& at, const std::string& shown) {
+        CFileDialog dialog(FALSE, L"dxf", name, 0, kFilter);
+        const ModalDriver driver([&](const ModalWindow& window) {
+            EXPECT_EQ(FilesOf(window)->directory().path().toStdString(), at);
+            EXPECT_EQ(FilesOf(window)->findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), shown);
+            return IDCANCEL;
+        });
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    };
+    const std::string sub = In("sub").toStdString();
+    const std::string other = In("other").toStdString();
+    CFileDialog open(TRUE, L"dxf", nullptr, OFN_FILEMUSTEXIST, kFilter);
+    ASSERT_EQ(Ask(open, In("sub/plan.dxf")), IDOK);
+    begins(nullptr, sub, "");
+    begins(L"house.dxf", sub, "house.dxf");
+    EXPECT_EQ(Ask(open, In("other/none.dxf"), IDCANCEL), IDCANCEL);
+    begins(nullptr, sub, "");
+    CFileDialog::SetFolder(In("other").toStdWString().c_str());
+    begins(nullptr, other, "");
+    begins(In("sub/house.dxf").toStdWString().c_str(), sub, "house.dxf");
+    begins(nullptr, other, "");
+    CFolderPickerDialog chooser;
+    ASSERT_EQ(Ask(chooser, In("sub")), IDOK);
+    EXPECT_EQ(ToUtf8(CFileDialog::GetFolder().View()), folder.path().toStdString()) << "where it is found again";
+    CFileDialog::SetNextFileForTest(In("other/plan.dxf").toStdWString().c_str());
+    EXPECT_EQ(open.DoModal(), IDOK);
+    CFileDialog::ShowDialogsAgainForTest();
+    EXPECT_EQ(ToUtf8(CFileDialog::GetFolder().View()), other);
+    CFileDialog::SetFolder(L"/no/such/folder");
+    begins(nullptr, other, "");
 }
 
 TEST_F(FileDialogs, KeysAnswerThem) {

@@ -70,6 +70,7 @@ MainWindow::MainWindow() : m_menu(*this, ActionsOfMenu()) {
     acedSetAcadFrame(&m_frame);
     TakeOverStreams();
     m_memory.Load();
+    CFileDialog::SetFolder(m_memory.Get().folder.GetString());
     if (const CString& kept = m_memory.Get().language; !kept.IsEmpty() && !g_isLanguageAsked && g_pTeskLangSwitch)
         g_pTeskLangSwitch->SetLanguage(kept.GetString());
     m_view->SetParallel(m_memory.Get().isParallel);
@@ -346,8 +347,8 @@ void MainWindow::SavePicture() {
         m_log->AddComplaint(Say(L"视图里没有可以保存的图像"));
         return;
     }
-    CFileDialog dialog(FALSE, L"png", nullptr, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, PictureFilter().GetString(),
-                       &m_frame);
+    CFileDialog dialog(FALSE, L"png", (m_drawing.GetStem() + L".png").GetString(),
+                       OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, PictureFilter().GetString(), &m_frame);
     if (dialog.DoModal() != IDOK)
         return;
     CString path = dialog.GetPathName();
@@ -410,6 +411,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     m_isClosed = event->isAccepted();
     if (event->isAccepted()) {
         m_memory.KeepPlace(saveGeometry().toStdString(), m_panels->PlacesToKeep().toStdString());
+        m_memory.KeepFolder(CFileDialog::GetFolder());
         m_memory.KeepFields(m_panels->GetAnalysis().GetForm().GetKept());
     }
     m_isClosing = m_isClosing && m_isRunning;

@@ -4,6 +4,7 @@
 #include <QUrl>
 
 #include "platform/base/PlainText.h"
+#include "platform/base/Support.h"
 #include "platform/window/CFileDialog.h"
 #include "platform/window/MessageBox.h"
 #include "workbench/Texts.h"
@@ -56,6 +57,9 @@ bool MainWindow::OpenFile(const CString& path) {
     m_view->SetScene(m_drawing.GetScene());
     m_panels->ShowDrawing(true);
     m_memory.KeepRecent(m_drawing.GetPath());
+    // What is made of a sample lies better elsewhere.
+    if (const CString folder = m_drawing.GetFolder(); folder.Find(InstalledDataFolder()) != 0)
+        CFileDialog::SetFolder(folder.GetString());
     m_menu.RefreshRecent();
     TellOfDrawing();
     Refresh();

@@ -180,6 +180,14 @@ CString OpenDrawing::GetFileName() const {
     return FromUtf8(PathOf(m_path).filename().string());
 }
 
+CString OpenDrawing::GetStem() const {
+    return FromUtf8(PathOf(m_path).stem().string());
+}
+
+CString OpenDrawing::GetFolder() const {
+    return FromUtf8(PathOf(m_path).parent_path().string());
+}
+
 CString OpenDrawing::GetTooLargeText() const {
     constexpr std::size_t kMostNamed = 20;
     const std::vector<AcDbObjectId>& ids = m_scene->tooLarge;

@@ -77,6 +77,9 @@ public:
     // Absolute; empty when none is open.
     const CString& GetPath() const { return m_path; }
     CString GetFileName() const;
+    // Without what is behind the last point; what a picture of it may be called.
+    CString GetStem() const;
+    CString GetFolder() const;
     std::size_t GetEntityCount() const { return IsOpen() ? m_drawing->GetEntityCount() : 0; }
     // Which INSERTs are left out for their number of faces.
     CString GetTooLargeText() const;

@@ -54,6 +54,7 @@ RememberedWindow Read(const QcDtDictionary& file) {
     remembered.isParallel = TextOf(file, L"parallel") == L"1";
     remembered.isSunny = TextOf(file, L"sun") == L"1";
     remembered.isBeijing = TextOf(file, L"beijing") == L"1";
+    remembered.folder = TextOf(file, L"folder");
     if (const QcDtDictionary* const recent = file.FindDict(L"recent"))
         for (int i = 0; i < recent->GetCount() && remembered.recent.size() < kMostRecentFiles; ++i)
             if (const CString path = recent->GetItem(i)->GetStringValue(); !path.IsEmpty())
@@ -73,6 +74,7 @@ void Write(const RememberedWindow& remembered, QcDtDictionary& file) {
     SetText(file, L"parallel", remembered.isParallel ? L"1" : L"0");
     SetText(file, L"sun", remembered.isSunny ? L"1" : L"0");
     SetText(file, L"beijing", remembered.isBeijing ? L"1" : L"0");
+    SetText(file, L"folder", remembered.folder);
     QcDtDictionary* const recent = file.FindOrAddDict(L"recent");
     for (const CString& path : remembered.recent) {
         auto* item = new QcDtDictStringItem(L"file");  // the dictionary's
@@ -82,6 +84,17 @@ void Write(const RememberedWindow& remembered, QcDtDictionary& file) {
     QcDtDictionary* const fields = file.FindOrAddDict(L"analysis");
     for (const auto& [name, text] : remembered.fields)
         SetText(*fields, name.GetString(), text);
+}
+
+using Field = std::pair<CString, CString>;
+
+void SetField(std::vector<Field>& fields, const Field& changed) {
+    const auto found =
+        std::find_if(fields.begin(), fields.end(), [&](const Field& each) { return each.first == changed.first; });
+    if (found == fields.end())
+        fields.push_back(changed);
+    else
+        found->second = changed.second;
 }
 
 bool ReadFile(RememberedWindow& remembered) {
@@ -97,7 +110,9 @@ bool ReadFile(RememberedWindow& remembered) {
 void WindowMemory::Load() {
     m_remembered = RememberedWindow();
     std::error_code error;
-    if (ReadFile(m_remembered) || !std::filesystem::exists(ToUtf8(FilePath().View()), error))
+    const bool isRead = ReadFile(m_remembered);
+    m_own = m_remembered;
+    if (isRead || !std::filesystem::exists(ToUtf8(FilePath().View()), error))
         return;
     const CString fault = DictionaryFaultText(FilePath().GetString());
     ReportMessage(
@@ -127,7 +142,19 @@ void WindowMemory::KeepPlace(const std::string& place, const std::string& panels
 }
 
 void WindowMemory::KeepFields(const std::vector<std::pair<CString, CString>>& fields) {
-    Keep([&](RememberedWindow& remembered) { remembered.fields = fields; });
+    Keep([&](RememberedWindow& remembered) {
+        for (const auto& field : fields)
+            if (std::find(m_own.fields.begin(), m_own.fields.end(), field) == m_own.fields.end())
+                SetField(remembered.fields, field);
+    });
+    m_own.fields = fields;
+}
+
+void WindowMemory::KeepFolder(const CString& folder) {
+    if (folder == m_own.folder)
+        return;
+    Keep([&](RememberedWindow& remembered) { remembered.folder = folder; });
+    m_own.folder = folder;
 }
 
 void WindowMemory::KeepLanguage(const CString& language) {

@@ -19,12 +19,14 @@ struct RememberedWindow {
     bool isParallel = false;      // the view
     bool isSunny = false;         // it, too
     bool isBeijing = false;       // the clock of its sun
+    CString folder;               // where a file was chosen last
     std::vector<CString> recent;  // absolute paths of drawings, the latest first
     std::vector<std::pair<CString, CString>> fields;  // of the analysis, each with what stands in it
 };
 
 // Several windows may be open at once: each writes what it changed over what the file has by then, so that the recent
-// files are those of all of them, and the rest is that of the window which closed last.
+// files are those of all of them, and each field is that of the window which changed it last. Places are those of the
+// window that closed last.
 class WindowMemory {
 public:
     // Reads the file; a missing one is none. One that is damaged, or something else, is not used, with a message that
@@ -33,7 +35,10 @@ public:
     const RememberedWindow& Get() const { return m_remembered; }
 
     void KeepPlace(const std::string& place, const std::string& panels);
+    // Those that are other than when they were read or kept by this window.
     void KeepFields(const std::vector<std::pair<CString, CString>>& fields);
+    // Likewise.
+    void KeepFolder(const CString& folder);
     void KeepLanguage(const CString& language);
     void KeepParallel(bool isParallel);
     void KeepSun(bool isSunny, bool isBeijing);
@@ -46,5 +51,6 @@ private:
     void Keep(Change change);
 
     RememberedWindow m_remembered;
-    bool m_isTold = false;  // that it cannot be saved
+    RememberedWindow m_own;  // what this window began with, or has kept since
+    bool m_isTold = false;   // that it cannot be saved
 };

@@ -151,6 +151,15 @@ class WithDisplay(DisplayTest):
         self.ends_well(process)
         self.assertTrue(self.kept("<language>en</language>"))
 
+    def test_keeps_the_folder_of_a_drawing_but_not_that_of_the_samples(self):
+        self.ok("info")
+        sample = os.path.join(SHIPPED, "samples", "house.dxf")
+        mine = os.path.join(self.home, "house.dxf")
+        shutil.copy(sample, mine)
+        for path, is_kept in ((sample, False), (mine, True), (sample, True)):
+            self.shows_and_ends(path)
+            self.assertEqual(self.kept(f"<folder>{self.home}</folder>"), is_kept)
+
     def test_shows_the_sun_by_a_key_and_keeps_that(self):
         self.ok("info")
         for shines in "10":
