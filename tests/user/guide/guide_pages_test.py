@@ -26,6 +26,13 @@ def shape(text):
     return re.findall(r"^(#+) |^(\|)", prose(text), re.MULTILINE)
 
 
+def in_chinese(path):
+    """The picture that the Chinese page shows in place of this one of the English page."""
+    start, ending = os.path.splitext(path)
+    beside = start + ".zh" + ending
+    return beside if os.path.exists(os.path.join(GUIDE, "en", beside)) else path.replace("/en/", "/zh/")
+
+
 def sections(text):
     """The text below each heading of the second level, by that heading."""
     parts = re.split(r"^## (.*)\n", text, flags=re.MULTILINE)
@@ -59,11 +66,16 @@ class GuidePagesTest(ProgramTest):
     def test_pages_show_the_same_pictures_each_in_its_language(self):
         for name in pages("en"):
             shown = {language: PICTURE.findall(page(language, name)) for language in LOCALES}
-            self.assertEqual(shown["zh"], [path.replace("/en/", "/zh/") for path in shown["en"]], name)
+            self.assertEqual(shown["zh"], [in_chinese(path) for path in shown["en"]], name)
             for path in shown["en"]:
                 if "/en/" not in path:
                     other = os.path.join(os.path.dirname(path), "zh", os.path.basename(path))
                     self.assertFalse(os.path.exists(os.path.join(GUIDE, "en", other)), f"{name}: {path} is there in Chinese")
+
+    def test_the_readme_shows_the_window_in_its_language(self):
+        for name, picture in (("README.md", "docs/pictures/window.png"), ("README.zh.md", "docs/pictures/window.zh.png")):
+            self.assertEqual(PICTURE.findall(read(os.path.join(ROOT, name))), [picture], name)
+            self.assertTrue(os.path.exists(os.path.join(ROOT, picture)), picture)
 
     def test_pages_lead_to_the_same_pages(self):
         for name in pages("en"):
