@@ -14,6 +14,19 @@ namespace {
 
 constexpr std::int32_t kSeedStep = kNodesPerSpacing / 2;
 
+// A part of the whole search, by the time that it took in a drawing with shadows of seven houses.
+struct Stage {
+    double from;
+    double to;
+
+    double At(double share) const { return from + (to - from) * share; }
+};
+constexpr Stage kSeeds = {0.0, 0.46};
+constexpr Stage kMakeProbes = {0.46, 0.62};
+constexpr Stage kProbes = {0.62, 0.65};
+constexpr Stage kLines = {0.65, 0.83};
+constexpr Stage kPlaces = {0.83, 1.0};
+
 template <class Value>
 void SortOnce(std::vector<Value>& values) {
     std::sort(values.begin(), values.end());
@@ -43,7 +56,7 @@ private:
 
     std::uint8_t HoursAt(const FlatPoint& place) const;
     FlatPoint PlaceOf(LatticeNode node) const { return m_lattice.At(node.x, node.y); }
-    bool Share(std::size_t count, const std::function<void(std::size_t)>& work) const;
+    bool Share(const Stage& stage, std::size_t count, const std::function<void(std::size_t)>& work) const;
     void AddBorderCells();
     bool AddSeedCells();
     void AddProbes(const std::vector<LatticeNode>& seeds, const std::vector<std::uint8_t>& hours, std::size_t seed,
@@ -52,7 +65,7 @@ private:
     void Divide(const Probe& probe, std::int32_t from, std::uint8_t fromHours, std::int32_t to, std::uint8_t toHours,
                 std::vector<std::uint64_t>& cells) const;
     IsolineOutcome FollowLines();
-    bool AskNodes(const std::vector<std::uint64_t>& cells);
+    bool AskNodes(const Stage& stage, const std::vector<std::uint64_t>& cells);
     void LookAtCell(std::uint64_t key, std::vector<std::uint64_t>& next);
     bool IsInArea(LatticeNode cell) const;
     void FindEdges();
@@ -91,10 +104,11 @@ std::uint8_t CrossingSearch::HoursAt(const FlatPoint& place) const {
 }
 
 // Starting threads takes longer than a few places do.
-bool CrossingSearch::Share(std::size_t count, const std::function<void(std::size_t)>& work) const {
+bool CrossingSearch::Share(const Stage& stage, std::size_t count, const std::function<void(std::size_t)>& work) const {
     constexpr std::size_t kWorthThreads = 64;
+    const double piece = count == 0 ? 0.0 : 1.0 / static_cast<double>(count);
     return ShareWork(count, count < kWorthThreads ? 1 : m_search.threads, work,
-                     [&](std::size_t) { return m_search.goOn(); });
+                     [&](std::size_t done) { return m_search.goOn(stage.At(piece * static_cast<double>(done))); });
 }
 
 // All that the border passes, row by row.
@@ -133,17 +147,18 @@ bool CrossingSearch::AddSeedCells() {
     for (LatticeNode& seed : seeds)
         seed = {seed.x * kSeedStep, seed.y * kSeedStep};
     std::vector<std::uint8_t> hours(seeds.size());
-    if (!Share(seeds.size(), [&](std::size_t i) { hours[i] = HoursAt(PlaceOf(seeds[i])); }))
+    if (!Share(kSeeds, seeds.size(), [&](std::size_t i) { hours[i] = HoursAt(PlaceOf(seeds[i])); }))
         return false;
     std::vector<Probe> probes;
     constexpr std::size_t kBetweenQuestions = 4096;
     for (std::size_t i = 0; i < seeds.size(); ++i) {
-        if (i % kBetweenQuestions == 0 && !m_search.goOn())
+        if (i % kBetweenQuestions == 0 &&
+            !m_search.goOn(kMakeProbes.At(static_cast<double>(i) / static_cast<double>(seeds.size()))))
             return false;
         AddProbes(seeds, hours, i, probes);
     }
     std::vector<std::vector<std::uint64_t>> cells(probes.size());
-    const bool isDone = Share(probes.size(), [&](std::size_t i) {
+    const bool isDone = Share(kProbes, probes.size(), [&](std::size_t i) {
         const Probe& probe = probes[i];
         const LatticeNode end{probe.node.x + probe.x * probe.steps, probe.node.y + probe.y * probe.steps};
         const std::uint8_t toHours =
@@ -211,16 +226,20 @@ void CrossingSearch::Divide(const Probe& probe, std::int32_t from, std::uint8_t 
     cells.push_back(probe.y != 0 ? NodeKey(low.x - 1, low.y) : NodeKey(low.x, low.y - 1));
 }
 
-// In waves, because each line is come by from many places at once.
+// In waves, because each line is come by from many places at once: from places half a spacing apart most of a line is
+// followed in some eight waves, and nobody knows how many there will be.
 IsolineOutcome CrossingSearch::FollowLines() {
-    while (!m_pending.empty()) {
+    constexpr double kUsualWaves = 8.0;
+    Stage wave = {kLines.from, kLines.from};
+    for (double number = 1.0; !m_pending.empty(); ++number) {
+        wave = {wave.to, kLines.At(number / (number + kUsualWaves))};
         SortOnce(m_pending);
         std::erase_if(m_pending, [&](std::uint64_t cell) { return !m_seen.insert(cell).second; });
         std::erase_if(m_pending, [&](std::uint64_t cell) { return !IsInArea(NodeOf(cell)); });
         if (m_pending.size() > m_cellsLeft)
             return IsolineOutcome::TooMany;
         m_cellsLeft -= m_pending.size();
-        if (!AskNodes(m_pending))
+        if (!AskNodes(wave, m_pending))
             return IsolineOutcome::Cancelled;
         std::vector<std::uint64_t> next;
         for (const std::uint64_t cell : m_pending)
@@ -238,7 +257,7 @@ bool CrossingSearch::IsInArea(LatticeNode cell) const {
     return m_border.DistanceTo(middle) <= 1.5 * half || m_border.IsInside(middle);
 }
 
-bool CrossingSearch::AskNodes(const std::vector<std::uint64_t>& cells) {
+bool CrossingSearch::AskNodes(const Stage& stage, const std::vector<std::uint64_t>& cells) {
     std::vector<std::uint64_t> nodes;
     for (const std::uint64_t cell : cells) {
         const auto [x, y] = NodeOf(cell);
@@ -248,7 +267,7 @@ bool CrossingSearch::AskNodes(const std::vector<std::uint64_t>& cells) {
     }
     SortOnce(nodes);
     std::vector<std::uint8_t> hours(nodes.size());
-    if (!Share(nodes.size(), [&](std::size_t i) { hours[i] = HoursAt(PlaceOf(NodeOf(nodes[i]))); }))
+    if (!Share(stage, nodes.size(), [&](std::size_t i) { hours[i] = HoursAt(PlaceOf(NodeOf(nodes[i]))); }))
         return false;
     for (std::size_t i = 0; i < nodes.size(); ++i)
         m_hours.emplace(nodes[i], hours[i]);
@@ -296,7 +315,7 @@ void CrossingSearch::FindEdges() {
 }
 
 bool CrossingSearch::FindPlaces() {
-    return Share(m_found.edges.size(), [&](std::size_t i) { FindPlacesOf(m_found.edges[i]); });
+    return Share(kPlaces, m_found.edges.size(), [&](std::size_t i) { FindPlacesOf(m_found.edges[i]); });
 }
 
 void CrossingSearch::FindPlacesOf(const CrossedEdge& edge) {

@@ -13,7 +13,7 @@ struct IsolineSearch {
     unsigned threads = 0;     // at most 256; 0: one for each core
     // Minutes at a place within the area, or on its edge where it is narrower than some millimetres. Any thread.
     std::function<double(const FlatPoint&)> minutesAt = nullptr;
-    std::function<bool()> goOn = nullptr;  // on the calling thread
+    std::function<bool(double share)> goOn = nullptr;  // on the calling thread; of what is done, from 0 to 1, about
 };
 
 // How a search ended.

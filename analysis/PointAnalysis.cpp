@@ -42,11 +42,13 @@ QcGePoint InMetres(const Vector3& place) {
     return {place.x / kMillimetresPerMetre, place.y / kMillimetresPerMetre, place.z / kMillimetresPerMetre};
 }
 
+using LinesProgress = std::function<bool(double share)>;
+
 class Analysis {
 public:
     Analysis(const AcDbDatabase& drawing, const PointRequest& request, double millimetres)
         : m_drawing(drawing), m_request(request), m_millimetres(millimetres) {}
-    PointAnswer Run(const AnalysisProgress& progress);
+    PointAnswer Run(const AnalysisProgress& progress, const LinesProgress& lines);
 
 private:
     // An area with the hours whose sun is valid for it.
@@ -59,11 +61,11 @@ private:
     bool ReadDrawing(const AnalysisProgress& progress);
     void TellSides();
     bool MakePoints();
-    void AnalyseAll(const AnalysisProgress& progress);
+    void AnalyseAll(const AnalysisProgress& progress, const LinesProgress& lines);
     void TellValidHours(const DayOfAnalysis& day);
     HourSpans SunlitAt(const DayOfAnalysis& day, const Area& area, const Vector3& place) const;
     void Analyse(const DayOfAnalysis& day, PointResult& point) const;
-    bool FollowIsolines(const DayOfAnalysis& day, const std::function<bool()>& goOn);
+    bool FollowIsolines(const DayOfAnalysis& day, const LinesProgress& goOn);
     void SumUp(OutlineResult& outline) const;
     void RemarkOnPointsInside();
     Vector3 PlaceOf(const PointResult& point) const;
@@ -77,14 +79,14 @@ private:
     PointAnswer m_answer;
 };
 
-PointAnswer Analysis::Run(const AnalysisProgress& progress) {
+PointAnswer Analysis::Run(const AnalysisProgress& progress, const LinesProgress& lines) {
     if (!ReadDrawing(progress)) {
         m_answer.failure = AnalysisFailure::Cancelled;
         return std::move(m_answer);
     }
     TellSides();
     if (MakePoints())
-        AnalyseAll(progress);
+        AnalyseAll(progress, lines);
     if (m_answer.failure != AnalysisFailure::None) {
         m_answer.outlines.clear();
         m_answer.points.clear();
@@ -173,7 +175,7 @@ bool Analysis::MakePoints() {
     return m_answer.failure == AnalysisFailure::None;
 }
 
-void Analysis::AnalyseAll(const AnalysisProgress& progress) {
+void Analysis::AnalyseAll(const AnalysisProgress& progress, const LinesProgress& lines) {
     const DaysSun sun = FindDaysSun(m_request, m_request.leastAltitude.value_or(0.0), m_answer);
     const ShadowCaster caster(m_occluders, sun.path, sun.up, m_request.tuning.distancePrecision);
     const BoxTree faceTree(BoxesAround(m_occluders.faces));
@@ -186,7 +188,7 @@ void Analysis::AnalyseAll(const AnalysisProgress& progress) {
     for (OutlineResult& outline : m_answer.outlines)
         SumUp(outline);
     if (isDone && m_request.isolines)
-        isDone = FollowIsolines(day, [&] { return goOn(count); });
+        isDone = FollowIsolines(day, [&](double share) { return lines ? lines(share) : goOn(count); });
     if (isDone)
         RemarkOnPointsInside();
     else
@@ -229,7 +231,7 @@ void Analysis::Analyse(const DayOfAnalysis& day, PointResult& point) const {
 }
 
 // False when it is not to go on.
-bool Analysis::FollowIsolines(const DayOfAnalysis& day, const std::function<bool()>& goOn) {
+bool Analysis::FollowIsolines(const DayOfAnalysis& day, const LinesProgress& goOn) {
     std::size_t cellsLeft = kMostIsolineCells;
     // Between its points an area may have more than at any of them, but nowhere more than the span is long.
     const double spanHours = day.span.end - day.span.start;
@@ -244,7 +246,10 @@ bool Analysis::FollowIsolines(const DayOfAnalysis& day, const std::function<bool
             const HourSpans sunlit = SunlitAt(day, area, area.drawn.shape.At(place));
             return CountSun(sunlit, day.span, day.standard).judged;
         };
-        search.goOn = goOn;
+        const double all = std::max(1.0, static_cast<double>(m_answer.points.size()));
+        const double before = static_cast<double>(m_answer.outlines[i].firstPoint) / all;
+        const double own = static_cast<double>(m_answer.outlines[i].pointCount) / all;
+        search.goOn = [&](double share) { return goOn(before + own * share); };
         std::vector<FlatIsoline> lines;
         const IsolineOutcome outcome = FindIsolines(search, cellsLeft, lines);
         if (outcome == IsolineOutcome::Cancelled)
@@ -305,11 +310,12 @@ std::vector<CString> LayersWithoutShadow(const PointRequest& request) {
     return layers;
 }
 
-PointAnswer AnalysePoints(const AcDbDatabase& drawing, const PointRequest& request, const AnalysisProgress& progress) {
+PointAnswer AnalysePoints(const AcDbDatabase& drawing, const PointRequest& request, const AnalysisProgress& progress,
+                          const std::function<bool(double share)>& lines) {
     PointAnswer answer;
     const DrawingUnit unit = UnitOf(drawing);
     answer.unit = unit.name;
     if (!CanBeAsked(request, unit.millimetres, answer))
         return answer;
-    return Analysis(drawing, request, *unit.millimetres).Run(progress);
+    return Analysis(drawing, request, *unit.millimetres).Run(progress, lines);
 }

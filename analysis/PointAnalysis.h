@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -70,6 +71,10 @@ std::vector<CString> LayersWithoutShadow(const PointRequest& request);
 // and none below), and outside an upright one, as for a window. In an upright plane the standard's rule of valid sun
 // holds as for a window there, in others every sun before the plane is valid.
 //
+// Isolines come after the points, and take some four times as long: `lines` is then told how much of them is done, from
+// 0 to 1; without it the progress is told that all points are, for as long as it takes.
+//
 // To be called on any thread, while nobody changes the drawing. Throws std::bad_alloc, and nothing else.
 ORVO_API PointAnswer AnalysePoints(const AcDbDatabase& drawing, const PointRequest& request,
-                                   const AnalysisProgress& progress = nullptr);
+                                   const AnalysisProgress& progress = nullptr,
+                                   const std::function<bool(double share)>& lines = nullptr);

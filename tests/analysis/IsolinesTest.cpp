@@ -30,7 +30,7 @@ struct Asked {
 
 Asked LinesIn(
     const FlatArea& area, int mostHours, const MinutesAt& minutesAt, unsigned threads = 1,
-    std::size_t cellsLeft = kMostIsolineCells, const std::function<bool()>& goOn = [] { return true; }) {
+    std::size_t cellsLeft = kMostIsolineCells, const std::function<bool(double)>& goOn = [](double) { return true; }) {
     IsolineSearch search{area};
     search.mostHours = mostHours;
     search.threads = threads;
@@ -236,7 +236,7 @@ TEST(Isolines, CanBeCancelled) {
     int left = 40;
     const Asked asked = LinesIn(
         Square(20000), 9, [](const FlatPoint& place) { return place.x * 0.03; }, 1, kMostIsolineCells,
-        [&] { return --left > 0; });
+        [&](double) { return --left > 0; });
     EXPECT_EQ(asked.outcome, IsolineOutcome::Cancelled);
     EXPECT_TRUE(asked.lines.empty());
 }

@@ -435,6 +435,35 @@ TEST(PointAnalysis, TooManyPointsAreCountedAndNotMade) {
               AnalysisFailure::TooManyPoints);
 }
 
+// Half of the work is in either of two areas of a size.
+TEST(PointAnalysis, HowFarTheLinesAreIsTold) {
+    PointRequest request = Asking(Winter());
+    request.isolines = true;
+    request.threads = 1;
+    const OpenDrawing drawing(DrawingWith(Area(Rectangle(0, 0, 9000, 9000)) + Area(Rectangle(20000, 0, 29000, 9000))));
+    std::vector<double> shares;
+    const auto never = [](std::size_t, std::size_t) { return true; };
+    const PointAnswer answer = AnalysePoints(drawing.database, request, never, [&](double share) {
+        shares.push_back(share);
+        return true;
+    });
+    ASSERT_EQ(answer.failure, AnalysisFailure::None);
+    ASSERT_GT(shares.size(), 20U);
+    EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+    EXPECT_GE(shares.front(), 0.0);
+    EXPECT_LT(shares.front(), 0.05);
+    EXPECT_GT(shares.back(), 0.8) << "nothing casts a shadow, so that there are no lines to follow";
+    EXPECT_LE(shares.back(), 1.0);
+    const auto between = [&](double from, double to) {
+        return std::count_if(shares.begin(), shares.end(), [=](double each) { return each > from && each < to; });
+    };
+    EXPECT_GT(between(0.1, 0.4), 10) << "the first area";
+    EXPECT_GT(between(0.55, 0.9), 10) << "the second one";
+    const PointAnswer cancelled =
+        AnalysePoints(drawing.database, request, never, [](double share) { return share < 0.3; });
+    EXPECT_EQ(cancelled.failure, AnalysisFailure::Cancelled);
+}
+
 TEST(PointAnalysis, WhatIsMissingIsTold) {
     PointRequest request = Asking(Winter());
     request.threads = 1;  // so that each point is asked before

@@ -44,6 +44,25 @@ namespace {
 constexpr const wchar_t* kNoWindows =
     L"没有窗可以分析。窗画在窗的图层上，是竖直的矩形，或平面图里的直线；指南“五分钟完成第一次分析”说明怎样画。"
     L"没有窗也可以：把地面等闭合轮廓的图层写进“区域图层”，按“画等时线”；或按 F6 看太阳和阴影。";
+// Lines take some four times as long as the points before them.
+constexpr std::size_t kPartsOfLines = 4;
+constexpr std::size_t kParts = kPartsOfLines + 1;
+
+AnalysisProgress PointsTo(SceneProgress& progress) {
+    return [&progress](std::size_t done, std::size_t total) {
+        progress.total = total * kParts;
+        progress.done = done;
+        return !progress.isCancelled;
+    };
+}
+
+std::function<bool(double)> LinesTo(SceneProgress& progress) {
+    return [&progress](double share) {
+        const double points = static_cast<double>(progress.total) / kParts;
+        progress.done = static_cast<std::size_t>(points * (1.0 + share * kPartsOfLines));
+        return !progress.isCancelled;
+    };
+}
 
 QString Sample(int rgb) {
     return QString("<span style=\"color:#%1\">&#9632;</span>&nbsp;").arg(rgb, 6, 16, QChar('0'));
@@ -149,7 +168,8 @@ bool AnalysisPanel::AskPoints(const std::function<void(const PointsReport&)>& us
     const AskedState state = StateNow(m_form->GetAreaTexts());
     const AcDbDatabase& database = *m_drawing.database;
     if (!RunAside(L"画等时线", [&](SceneProgress& progress) {
-            report->answer = AnalysePoints(database, report->request, ProgressTo(progress));
+            report->answer = AnalysePoints(database, report->request, PointsTo(progress), LinesTo(progress));
+            progress.total = 0;  // how long the rest takes is not known
             if (use && report->answer.failure == AnalysisFailure::None)
                 use(*report);
         }))
