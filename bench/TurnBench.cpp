@@ -1,10 +1,13 @@
-// How long the window's own thread works at a stretch, while a large drawing is opened, turned, picked in and hidden:
-// the longest turns of its event loop, by the clock and by what the thread itself computed in them.
+// How long the window's own thread works at a stretch, while a large drawing is opened, turned, picked in and hidden,
+// and while a sample is analysed, reported and filmed: the longest turns of its event loop, by the clock and by what
+// the thread itself computed in them.
 #include <time.h>
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEventLoop>
+#include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -16,10 +19,12 @@
 #include "platform/base/Language.h"
 #include "platform/base/Support.h"
 #include "platform/host/HostMessages.h"
+#include "platform/window/CFileDialog.h"
 #include "platform/window/HostFrame.h"
 #include "platform/window/ModalDriver.h"
 #include "settings/OrvoDataSet.h"
 #include "workbench/entry/OwnSubcommands.h"
+#include "workbench/panel/AnalysisPanel.h"
 #include "workbench/view/SceneView.h"
 #include "workbench/window/MainWindow.h"
 
@@ -126,7 +131,7 @@ void Measure(Turns& turns, const QString& drawing) {
     window.show();
     auto& view = *window.findChild<SceneView*>("SceneView");
     constexpr int kLong = 6000;
-    Do(turns, "shown", 500, [] {});
+    Do(turns, "shown again", 500, [] {});
     Do(turns, "opened", kLong, [&] { window.OpenFile(FromUtf8(drawing.toStdString())); });
     Do(turns, "turned", kLong, [&] { Press(view, Qt::Key_Left, 10); });
     Do(turns, "picked one by one", kLong, [&] { Press(view, Qt::Key_Period, 10); });
@@ -134,6 +139,44 @@ void Measure(Turns& turns, const QString& drawing) {
     Do(turns, "in the sun", kLong, [&] { QTest::keyClick(&window, Qt::Key_F6); });
     Do(turns, "turned in the sun", kLong, [&] { Press(view, Qt::Key_Left, 10); });
     Do(turns, "closed", 10, [&] { window.close(); });
+}
+
+// What the panel makes of a sample, small files of it.
+void MeasureAnalysis(Turns& turns, const QTemporaryDir& folder) {
+    MainWindow window;
+    window.resize(1280, 800);
+    window.show();
+    auto& panel = *window.findChild<AnalysisPanel*>("AnalysisPanel");
+    constexpr int kShort = 1500;
+    const CString sample = InstalledDataFolder() + L"/samples/courtyard.dxf";
+    Do(turns, "shown", 500, [] {});
+    Do(turns, "sample opened", kShort, [&] { window.OpenFile(sample); });
+    Do(turns, "analysis run", kShort, [&] { panel.RunWindows(); });
+    Do(turns, "isolines drawn", kShort, [&] {
+        window.findChild<QLineEdit*>("Areas")->setText(QString::fromUtf8("地面"));
+        panel.RunIsolines();
+    });
+    const auto answer = [&](const char* name) {
+        CFileDialog::SetNextFileForTest(FromUtf8(folder.filePath(name).toStdString()).GetString());
+    };
+    Do(turns, "report made", kShort, [&] {
+        answer("report");
+        panel.MakeReport();
+    });
+    Do(turns, "report of isolines made", kShort, [&] {
+        answer("lines");
+        panel.MakeLinesReport();
+    });
+    Do(turns, "film made", kShort, [&] {
+        window.findChild<QLineEdit*>("FilmEvery")->setText("30");
+        answer("film.avi");
+        panel.MakeFilm();
+    });
+    CFileDialog::ShowDialogsAgainForTest();
+    for (const char* made : {"report/index.html", "lines/index.html", "film.avi"})
+        if (!QFile::exists(folder.filePath(made)))
+            std::fprintf(stderr, "There is no %s.\n", made);
+    window.close();
 }
 
 }  // namespace
@@ -150,6 +193,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     WriteDrawing(folder.filePath("boxes.dxf").toStdString());
+    MeasureAnalysis(turns, folder);
     Measure(turns, folder.filePath("boxes.dxf"));
     g_pTeskLangSwitch = nullptr;
     return 0;
