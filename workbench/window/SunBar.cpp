@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
@@ -94,21 +95,20 @@ void SunBar::Build() {
     rows->addWidget(m_play, 0, 1);
     rows->addWidget(m_slider, 0, 2);
     rows->addWidget(m_time, 0, 3);
-    rows->addWidget(m_base, 1, 0);
-    rows->addWidget(m_date, 1, 1);
-    rows->addLayout(told, 1, 2, 1, 2);
     rows->setColumnStretch(2, 1);
-    for (QWidget* ofSecondRow : std::initializer_list<QWidget*>{m_base, m_date, m_place, m_about})
-        ofSecondRow->setVisible(false);
-}
-
-// For the second row also while it is not there, so that the slider stays in its place when it comes.
-void SunBar::MakeRoom() {
-    auto* rows = static_cast<QGridLayout*>(layout());
-    rows->setColumnMinimumWidth(0, std::max(m_switch->sizeHint().width(), m_base->sizeHint().width()));
-    rows->setRowMinimumHeight(1, std::max({m_base->sizeHint().height(), m_date->sizeHint().height(),
-                                           m_place->sizeHint().height() + m_about->sizeHint().height()}));
-    rows->setColumnMinimumWidth(1, std::max(m_play->sizeHint().width(), m_date->minimumWidth()));
+    // The slider stays where the mouse is when it switches the sun on: the second row has its room before, and no
+    // columns in common with the first one.
+    m_second = new QWidget(this);
+    auto* second = new QHBoxLayout(m_second);
+    second->setContentsMargins(0, 0, 0, 0);
+    second->addWidget(m_base);
+    second->addWidget(m_date);
+    second->addLayout(told, 1);
+    QSizePolicy policy = m_second->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_second->setSizePolicy(policy);
+    m_second->setVisible(false);
+    rows->addWidget(m_second, 1, 0, 1, 4);
 }
 
 void SunBar::Join() {
@@ -151,8 +151,7 @@ bool SunBar::IsOn() const {
 void SunBar::TakeSwitch() {
     if (!IsOn())
         m_play->setChecked(false);
-    for (QWidget* ofSecondRow : std::initializer_list<QWidget*>{m_base, m_date, m_about})
-        ofSecondRow->setVisible(IsOn());
+    m_second->setVisible(IsOn());
     Change();
     if (m_onChoice)
         m_onChoice();
@@ -204,7 +203,6 @@ void SunBar::Retranslate() {
     m_date->setAccessibleName(ShownSay(L"太阳的日期"));
     m_date->setToolTip(ShownSay(L"只换视图里太阳的日期，不改变日照设置"));
     SetPlaying(m_clock.isActive());
-    MakeRoom();
     ShowTexts();
 }
 
@@ -313,7 +311,7 @@ void SunBar::ShowTexts() {
 
 // Why there is no sun has the room of both lines, and as many as it takes.
 void SunBar::ShowPlace() {
-    m_place->setVisible(IsOn() && m_sun);
+    m_place->setVisible(m_sun.has_value());
     m_about->setWordWrap(!m_sun);
     if (!m_sun)
         return m_about->setText(Shown(m_fault));

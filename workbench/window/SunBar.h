@@ -75,7 +75,6 @@ private:
     void ShowTexts();
     void ShowPlace();
     void MarkSpan(const DayTerms& terms);
-    void MakeRoom();
     CString FindFault() const;
 
     Settings m_settings;
@@ -90,6 +89,7 @@ private:
     QPushButton* m_play = nullptr;
     HourSlider* m_slider = nullptr;
     QLabel* m_time = nullptr;
+    QWidget* m_second;  // row
     QComboBox* m_base = nullptr;
     QDateEdit* m_date = nullptr;
     ElidedLabel* m_place = nullptr;
