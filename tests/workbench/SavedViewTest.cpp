@@ -32,8 +32,18 @@ protected:
     // What the window shows; the frame of the focus is not of the picture.
     QImage Shown() const {
         Edit()->setFocus();
-        View()->GetPicture();
+        View()->GetShownPicture();  // at rest
         return View()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    }
+};
+
+// Letters are drawn.
+class StampedViewTest : public testing::Test {
+protected:
+    void SetUp() override {
+        CString reason;
+        const ModalDriver nobody([](const ModalWindow&) { return 0; });
+        ASSERT_TRUE(PrepareWindows(reason));
     }
 };
 
@@ -124,7 +134,7 @@ TEST_F(SavedViewTest, SaysPlaceAndMoment) {
     EXPECT_EQ(lines[4], Find<QLabel>("SunAbout")->text());
 }
 
-TEST(StampedViewTest, HasPlatesInTwoCornersOnly) {
+TEST_F(StampedViewTest, HasPlatesInTwoCornersOnly) {
     EXPECT_EQ(StampedView(Magenta(), {}, {}), Magenta());
     const QImage stamped = StampedView(Magenta(), {"Place", "Day"}, {});
     EXPECT_EQ(CountMagenta(stamped, {100, 0, 500, 400}), 500 * 400);

@@ -136,6 +136,8 @@ void SceneView::SetParallel(bool isParallel) {
 
 void SceneView::SetSun(const std::optional<ViewSun>& sun) {
     m_sun = sun;
+    if (m_isFitted)
+        FitCamera();
     BeginToMove();
     Redraw();
     if (m_onSun)
@@ -160,8 +162,15 @@ void SceneView::Look(StandardView view) {
 void SceneView::Fit() {
     m_isFitted = true;
     TakeSize();
-    m_camera.Fit();
+    FitCamera();
     Redraw();
+}
+
+void SceneView::FitCamera() {
+    if (m_sun && HasShapes())
+        m_camera.Fit(SunPath::ArcAround(BoxOfShapes(*m_scene), *m_sun));
+    else
+        m_camera.Fit();
 }
 
 QImage SceneView::GetPicture() {
@@ -204,7 +213,7 @@ void SceneView::TakeSize() {
         return;
     m_camera.SetViewport(pixelWidth, pixelHeight);
     if (m_isFitted)
-        m_camera.Fit();
+        FitCamera();
     m_isDirty = true;
 }
 
@@ -281,11 +290,14 @@ void SceneView::TakePicture(std::chrono::milliseconds patience) {
 
 void SceneView::DrawOverlays(QPainter& painter) const {
     constexpr double kRose = 36.0;
-    if (m_sun && HasShapes())
-        SunPath(m_camera, BoxOfShapes(*m_scene)).Draw(painter, *m_sun, m_scale);
     const QSizeF reach = ReachOfCompassRose(painter.font(), kRose);
+    std::vector<QRectF> taken;
     if (width() > 3 * reach.width() && height() > 3 * reach.height())
-        DrawCompassRose(painter, m_camera, m_north, QPointF(reach.width(), height() - reach.height()), kRose);
+        taken.emplace_back(QPointF(0, height() - 2 * reach.height()), 2 * reach);
+    if (m_sun && HasShapes())
+        SunPath(m_camera, BoxOfShapes(*m_scene)).Draw(painter, *m_sun, m_scale, taken);
+    for (const QRectF& rose : taken)
+        DrawCompassRose(painter, m_camera, m_north, rose.center(), kRose);
 }
 
 // Before a sky without a picture, in which letters can be read on dark desktops, too.

@@ -39,7 +39,7 @@
 //   pick, choose, hide layers, P         true
 //   show results                         true
 //   turn to a window or an entity        true       false
-//   SetSun                               true                   if costly
+//   SetSun                               true       (fits if)   if costly
 //   turn, move, zoom                     true       false       if costly
 //   another size                         true       (fits if)   if costly
 //   another scale of the screen          true       (fits if)
@@ -47,8 +47,9 @@
 //   the picture is asked for             false
 //   the picture is there                                                    the reason, if it fails
 //
-// "Fits if": the flag stays, and where it is set everything is shown again. "If costly": true for a large scene and in
-// the sun, and the timer m_rest starts anew, so that it runs out when nothing has come for a moment; else it stays.
+// "Fits if": the flag stays, and where it is set everything is shown again. With the sun that is its path, too. "If
+// costly": true for a large scene and in the sun, and the timer m_rest starts anew, so that it runs out when nothing
+// has come for a moment; else it stays.
 //
 // A picture that is wanted no more is left, but not a quick one in the sun: while somebody plays the day, moments come
 // faster than pictures, and none would ever be seen.
@@ -142,6 +143,7 @@ private:
     void DrawText(QPainter& painter, const QString& text) const;
     void TakeScene(std::shared_ptr<const Scene> scene);
     void TakeSize();
+    void FitCamera();
     QPointF InPicture(const QPointF& position) const;
     void HoldOnTo(const QPointF& pixel);
     void Turn(double azimuth, double altitude);

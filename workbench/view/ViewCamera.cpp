@@ -35,36 +35,36 @@ double Middle(double a, double b) {
     return a + (b - a) / 2.0;
 }
 
-// Eight corners as the picture sees them, from the box's middle: across one direction of the picture, and away.
-struct SeenCorners {
-    std::array<double, 8> across{};
-    std::array<double, 8> forward{};
+// Points as the picture sees them, from the box's middle: across one direction of the picture, and away.
+struct SeenPoints {
+    std::vector<double> across;
+    std::vector<double> forward;
 };
 
-// The smallest distance from which all corners fit between the two ends of a direction, wherever its middle is then:
-// for each corner |across - shift| <= (distance + forward) * tangent, `tangent` being that of half the field of view.
-double FitDistance(const SeenCorners& corners, double tangent, bool parallel) {
+// The smallest distance from which all points fit between the two ends of a direction, wherever its middle is then:
+// for each point |across - shift| <= (distance + forward) * tangent, `tangent` being that of half the field of view.
+double FitDistance(const SeenPoints& points, double tangent, bool parallel) {
     double high = -INFINITY;
     double low = -INFINITY;
-    for (std::size_t i = 0; i < corners.across.size(); ++i) {
-        const double room = parallel ? 0.0 : corners.forward[i] * tangent;
-        high = std::max(high, corners.across[i] - room);
-        low = std::max(low, -corners.across[i] - room);
+    for (std::size_t i = 0; i < points.across.size(); ++i) {
+        const double room = parallel ? 0.0 : points.forward[i] * tangent;
+        high = std::max(high, points.across[i] - room);
+        low = std::max(low, -points.across[i] - room);
     }
     return (high + low) / (2.0 * tangent);
 }
 
-// How far the picture's middle has to be from the box's middle, so that the outermost corners are as far from both
+// How far the picture's middle has to be from the box's middle, so that the outermost points are as far from both
 // ends. By halving: the further the shift, the further is everything towards one end.
-double CenterShift(const SeenCorners& corners, double distance, bool parallel) {
-    double low = *std::min_element(corners.across.begin(), corners.across.end());
-    double high = *std::max_element(corners.across.begin(), corners.across.end());
+double CenterShift(const SeenPoints& points, double distance, bool parallel) {
+    double low = *std::min_element(points.across.begin(), points.across.end());
+    double high = *std::max_element(points.across.begin(), points.across.end());
     for (int step = 0; step < 100; ++step) {
         const double shift = Middle(low, high);
         double most = -INFINITY;
         double least = INFINITY;
-        for (std::size_t i = 0; i < corners.across.size(); ++i) {
-            const double seen = (corners.across[i] - shift) / (parallel ? 1.0 : distance + corners.forward[i]);
+        for (std::size_t i = 0; i < points.across.size(); ++i) {
+            const double seen = (points.across[i] - shift) / (parallel ? 1.0 : distance + points.forward[i]);
             most = std::max(most, seen);
             least = std::min(least, seen);
         }
@@ -169,17 +169,21 @@ void ViewCamera::Magnify(double factor) {
         m_halfFieldTangent = std::clamp(m_halfFieldTangent / factor, kNarrowestTangent, kWidestTangent);
 }
 
-void ViewCamera::Fit() {
+void ViewCamera::Fit(const std::vector<QcGePoint>& besides) {
     m_target = {Middle(m_least.x, m_most.x), Middle(m_least.y, m_most.y), Middle(m_least.z, m_most.z)};
-    SeenCorners wide;
-    SeenCorners high;
-    const auto corners = CornersOf(m_least, m_most);
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        const QcGeVector3d fromMiddle = corners[i] - m_target;
-        wide.across[i] = Dot(fromMiddle, GetRight());
-        high.across[i] = Dot(fromMiddle, GetUp());
-        wide.forward[i] = high.forward[i] = Dot(fromMiddle, GetForward());
-    }
+    SeenPoints wide;
+    SeenPoints high;
+    const auto take = [&](const QcGePoint& point) {
+        const QcGeVector3d fromMiddle = point - m_target;
+        wide.across.push_back(Dot(fromMiddle, GetRight()));
+        high.across.push_back(Dot(fromMiddle, GetUp()));
+        wide.forward.push_back(Dot(fromMiddle, GetForward()));
+    };
+    for (const QcGePoint& corner : CornersOf(m_least, m_most))
+        take(corner);
+    for (const QcGePoint& point : besides)
+        take({Cut(point.x), Cut(point.y), Cut(point.z)});
+    high.forward = wide.forward;
     const double tangent = m_halfFieldTangent * kMargin;
     const double nearest = *std::min_element(wide.forward.begin(), wide.forward.end());
     SetDistance(std::max({FitDistance(wide, tangent * m_width / m_height, m_isParallel),

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "platform/geometry/QcGePoint.h"
 #include "platform/geometry/QcGeVector3d.h"
@@ -69,8 +70,9 @@ public:
     // Makes everything `factor` times as large about the picture's middle, as a longer lens does: the eye stays where
     // it is, so that it never comes behind or below what is looked at. Factors that are not above 0 change nothing.
     void Magnify(double factor);
-    // Moves target and distance so that the whole box is seen, as large as a margin of 2.5 % on each side lets it.
-    void Fit();
+    // Moves target and distance so that the whole box is seen, and some points besides, as large as a margin of 2.5 %
+    // on each side lets it.
+    void Fit(const std::vector<QcGePoint>& besides = {});
     // Moves the target, and the eye with it. A point that is not finite changes nothing.
     void Aim(const QcGePoint& point);
     // Moves the target along the line of sight to this point's depth, which changes nothing in the picture, but pan and
