@@ -31,6 +31,7 @@
 #include "workbench/window/AboutText.h"
 #include "workbench/window/CommandEdit.h"
 #include "workbench/window/CommandLog.h"
+#include "workbench/window/HintColors.h"
 #include "workbench/window/SavedView.h"
 #include "workbench/window/SettingsNote.h"
 #include "workbench/window/SunBar.h"
@@ -66,6 +67,7 @@ MainWindow::MainWindow() : m_menu(*this, ActionsOfMenu()) {
     setWindowIcon(WindowIcon());
     setAcceptDrops(true);
     BuildWidgets();
+    new HintColors(*this);  // the window's own
     AttachFrame(m_frame, static_cast<QWidget*>(this));
     acedSetAcadFrame(&m_frame);
     TakeOverStreams();
