@@ -180,7 +180,7 @@ TEST_F(WindowKeeps, APictureOfTheView) {
     QTest::keySequence(m_window.get(), QKeySequence("Ctrl+Shift+P"));
     const QImage saved(QString::fromStdString(path.string()));
     EXPECT_EQ(saved.size(), Find<SceneView>("SceneView")->GetPicture().size()) << Log();
-    EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), Find<SceneView>("SceneView")->GetPicture());
+    EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), Find<SceneView>("SceneView")->GetShownPicture());
     CFileDialog::SetNextFileForTest(FromUtf8((m_folder / "no/such/view.png").string()).GetString());
     QTest::keySequence(m_window.get(), QKeySequence("Ctrl+Shift+P"));
     EXPECT_TRUE(HasLogged("无法保存")) << Log();

@@ -90,7 +90,8 @@ void SunBar::Build() {
     told->addWidget(m_place);
     told->addWidget(m_about);
     auto* rows = new QGridLayout(this);
-    rows->setContentsMargins(4, 2, 4, 2);
+    rows->setContentsMargins(2, 2, 2, 2);
+    rows->setHorizontalSpacing(3);  // the widest row of a narrow window
     rows->addWidget(m_switch, 0, 0);
     rows->addWidget(m_play, 0, 1);
     rows->addWidget(m_slider, 0, 2);
