@@ -55,6 +55,7 @@ void LookAround(QWidget& view) {
         QTest::keyClick(&view, Qt::Key_PageUp);
     for (int i = 0; i < kSouthwards; ++i)
         QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Home);
 }
 
 // Run, the failing window, and the hour at which the tower hides it.
