@@ -32,6 +32,28 @@ function(orvo_install_headers folder)
   endforeach()
 endfunction()
 
+# orvo_build_stamp(TARGET SOURCE...): the header that says of which build all of these are (StampScript.cmake), made with
+# a library.
+function(orvo_build_stamp target)
+  file(STRINGS ${PROJECT_SOURCE_DIR}/api/headers.txt headers)
+  file(GLOB lists CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/api/*)
+  set(script ${PROJECT_SOURCE_DIR}/cmake/StampScript.cmake)
+  list(TRANSFORM headers PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE sources)
+  set(stamp ${PROJECT_BINARY_DIR}/made/platform/host/BuildStamp.h)
+  add_custom_command(OUTPUT ${stamp}
+    COMMAND ${CMAKE_COMMAND} -DSOURCE=${PROJECT_SOURCE_DIR} -DVERSION=${PROJECT_VERSION} -DOUTPUT=${stamp}
+      -P ${script}
+    DEPENDS ${sources} ${lists} ${script}
+    COMMENT "Making platform/host/BuildStamp.h" VERBATIM)
+  target_sources(${target} PRIVATE ${stamp})
+  # Plug-ins carry it, and the sources that are named compare it; the others need not be compiled anew when it changes.
+  set(made ${PROJECT_BINARY_DIR}/made)
+  target_include_directories(${target} INTERFACE
+    $<BUILD_INTERFACE:$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,MODULE_LIBRARY>:${made}>>)
+  set_source_files_properties(${ARGN} PROPERTIES INCLUDE_DIRECTORIES ${made})
+  install(FILES ${stamp} DESTINATION ${ORVO_INCLUDE_FOLDER}/platform/host COMPONENT development)
+endfunction()
+
 # orvo_library(TARGET FOLDER DESCRIPTION [NEEDS LIBRARY...]): what others link, with the headers of its folder, a CMake
 # package and a pkg-config file, both named like it. In this tree and outside it is Orvo::TARGET.
 function(orvo_library target folder ORVO_DESCRIPTION)

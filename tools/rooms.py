@@ -29,7 +29,7 @@ QT, OPENGL, LIBXML2, FMT, ICU = "Qt", "OpenGL", "libxml2", "{fmt}", "ICU"
 CLI11, JSON, LIBEDIT = "CLI11", "nlohmann-json", "libedit"
 EMBREE, GMP, GTEST, BENCHMARK = "Embree", "GMP", "GoogleTest", "Google Benchmark"
 LIBRARIES = {
-    SYSTEM: r"(sys/\w+|dirent|dlfcn|elf|errno|fcntl|iconv|link|poll|pthread|pwd|sched|signal|stdio|stdlib|string|termios"
+    SYSTEM: r"(sys/\w+|cxxabi|dirent|dlfcn|elf|errno|fcntl|iconv|link|poll|pthread|pwd|sched|signal|stdio|stdlib|string|termios"
             r"|time|unistd)\.h$",
     QT: r"Q\w+$|Qt\w+/",
     OPENGL: r"(GL|EGL|GLES\d?)/",
@@ -44,6 +44,10 @@ LIBRARIES = {
     GTEST: r"g(test|mock)/",
     BENCHMARK: r"benchmark/",
 }
+
+
+# Headers that the build makes and installs (cmake/StampScript.cmake).
+MADE_HEADERS = ("platform/host/BuildStamp.h",)
 
 
 @dataclass(frozen=True)

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "platform/base/Api.h"
+#if __has_include("platform/host/BuildStamp.h")  // in the tree itself plug-ins alone see what the build has made
+#include "platform/host/PlugInStamp.h"
+#endif
 
 namespace AcRx {
 
@@ -23,7 +26,8 @@ enum AppRetCode : int {
 }  // namespace AcRx
 
 // A plug-in defines and exports this function. The application handle is the host's name for the loaded plug-in; it is
-// only passed back to the host. The answer is an AppRetCode; other messages may come and are answered with kRetOK.
+// only passed back to the host. The answer is an AppRetCode; other messages may come and are answered with kRetOK. This
+// header also leaves the stamp (PlugInStamp.h) in the plug-in, without which the host does not open it.
 extern "C" ORVO_API int acrxEntryPoint(int message, void* applicationHandle);
 
 // That function, as the host looks it up.

@@ -1,15 +1,20 @@
-// Asks the system what kind of file it is, and compares its size with the parts that are mapped when it is opened.
+// Asks the system what kind of file it is, compares its size with the parts that are mapped when it is opened, and
+// reads its notes.
 #include "platform/host/LibraryFile.h"
 
 #include <link.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "platform/base/Language.h"
+#include "platform/host/PlugInStamp.h"
 
 namespace fs = std::filesystem;
 
@@ -21,36 +26,97 @@ bool ReadAt(std::ifstream& file, std::uintmax_t place, Value& value) {
     return static_cast<bool>(file.read(reinterpret_cast<char*>(&value), sizeof(value)));
 }
 
-// Whether the head can be read here: it is a library's, for this kind of machine.
-bool IsLibraryHead(const ElfW(Ehdr) & head) {
+// Whether a library's head can be read here: it is for this kind of machine.
+bool IsForThisMachine(const ElfW(Ehdr) & head) {
     constexpr unsigned char kClass = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
-    return std::memcmp(head.e_ident, ELFMAG, SELFMAG) == 0 && head.e_ident[EI_CLASS] == kClass &&
-           head.e_phentsize == sizeof(ElfW(Phdr));
+    return head.e_ident[EI_CLASS] == kClass && head.e_phentsize == sizeof(ElfW(Phdr));
 }
 
-// Whether all that is mapped is in the file. What has no such head is left to the dynamic linker, which refuses it.
-bool IsComplete(const fs::path& path, std::uintmax_t size) {
-    std::ifstream file(path, std::ios::binary);
-    ElfW(Ehdr) head = {};
-    if (!ReadAt(file, 0, head) || !IsLibraryHead(head))
-        return true;
+// The parts that the head announces; false when the file ends before.
+bool ReadParts(std::ifstream& file, const ElfW(Ehdr) & head, std::vector<ElfW(Phdr)>& parts) {
     for (int i = 0; i < head.e_phnum; ++i) {
         ElfW(Phdr) part = {};
         if (!ReadAt(file, head.e_phoff + static_cast<std::uintmax_t>(i) * sizeof(part), part))
             return false;
-        if (part.p_type == PT_LOAD && (part.p_filesz > size || part.p_offset > size - part.p_filesz))
-            return false;
+        parts.push_back(part);
     }
     return true;
+}
+
+// Whether all that is mapped is in the file. What is for another machine is left to the dynamic linker, which refuses
+// it.
+bool IsComplete(std::ifstream& file, std::uintmax_t size) {
+    ElfW(Ehdr) head = {};
+    if (!ReadAt(file, 0, head))
+        return false;
+    std::vector<ElfW(Phdr)> parts;
+    return !IsForThisMachine(head) ||
+           (ReadParts(file, head, parts) && std::none_of(parts.begin(), parts.end(), [size](const ElfW(Phdr) & part) {
+                return part.p_type == PT_LOAD && (part.p_filesz > size || part.p_offset > size - part.p_filesz);
+            }));
+}
+
+constexpr std::uintmax_t RoundedUp(std::uintmax_t size, std::uintmax_t unit) {
+    return (size + unit - 1) / unit * unit;
+}
+
+// The stamps among the notes of one part.
+void AddStamps(std::ifstream& file, const ElfW(Phdr) & part, std::vector<std::string>& stamps) {
+    const std::uintmax_t unit = part.p_align == 8 ? 8 : 4;
+    std::uintmax_t at = 0;
+    PlugInNote note = {};
+    constexpr std::uintmax_t kHeadSize = offsetof(PlugInNote, name);
+    while (at + kHeadSize <= part.p_filesz) {
+        ElfW(Nhdr) head = {};
+        static_assert(sizeof(head) == kHeadSize);
+        if (!ReadAt(file, part.p_offset + at, head))
+            return;
+        if (head.n_namesz == sizeof(note.name) && head.n_descsz == sizeof(note.stamp) &&
+            head.n_type == kPlugInNoteType && ReadAt(file, part.p_offset + at, note) &&
+            std::memcmp(note.name, kPlugInNoteName, sizeof(note.name)) == 0)
+            stamps.emplace_back(note.stamp, strnlen(note.stamp, sizeof(note.stamp)));
+        at += RoundedUp(kHeadSize + head.n_namesz, unit);
+        at += RoundedUp(head.n_descsz, unit);
+    }
 }
 
 }  // namespace
 
 CString FaultOfLibraryFile(const CString& path) {
-    const fs::path file(ToUtf8(path.View()));
+    const fs::path name(ToUtf8(path.View()));
     std::error_code error;
-    if (!fs::is_regular_file(file, error))
+    if (fs::is_directory(name, error))
+        return PlatformText(L"这是文件夹，不是程序库：请给出其中编译好的文件，例如 NAME.so");
+    if (!fs::is_regular_file(name, error))
         return PlatformText(L"不是普通文件");
-    const std::uintmax_t size = fs::file_size(file, error);
-    return error || IsComplete(file, size) ? CString() : PlatformText(L"文件不完整，请重新复制");
+    std::ifstream file(name, std::ios::binary);
+    char mark[SELFMAG] = {};
+    if (file && (!ReadAt(file, 0, mark) || std::memcmp(mark, ELFMAG, SELFMAG) != 0))
+        return PlatformText(L"这不是程序库：请给出编译好的文件，例如 build/NAME.so");
+    file.clear();
+    const std::uintmax_t size = fs::file_size(name, error);
+    return error || (file.is_open() && !IsComplete(file, size)) ? PlatformText(L"文件不完整，请重新复制") : CString();
+}
+
+CString FaultOfStamps(const CString& path) {
+    std::ifstream file(fs::path(ToUtf8(path.View())), std::ios::binary);
+    ElfW(Ehdr) head = {};
+    std::vector<ElfW(Phdr)> parts;
+    if (!ReadAt(file, 0, head) || !IsForThisMachine(head) || !ReadParts(file, head, parts))
+        return CString();
+    std::vector<std::string> stamps;
+    for (const ElfW(Phdr) & part : parts)
+        if (part.p_type == PT_NOTE)
+            AddStamps(file, part, stamps);
+    CString fault;
+    if (stamps.empty())
+        fault.Format(PlatformText(L"它没有说明是用哪个版本的头文件编译的：请在定义 acrxEntryPoint 的源文件中包含 "
+                                  L"platform/host/HostMessages.h，用本程序（%s）的头文件重新编译"),
+                     FromUtf8(ORVO_PLUGIN_STAMP));
+    const auto other =
+        std::find_if(stamps.begin(), stamps.end(), [](const std::string& stamp) { return stamp != ORVO_PLUGIN_STAMP; });
+    if (other != stamps.end())
+        fault.Format(PlatformText(L"它是用 %s 的头文件编译的，而本程序是 %s：请用本程序的头文件重新编译"),
+                     FromUtf8(*other), FromUtf8(ORVO_PLUGIN_STAMP));
+    return fault;
 }

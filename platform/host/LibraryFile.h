@@ -5,7 +5,11 @@
 
 #include "platform/base/CString.h"
 
-// What is wrong with the file, in words without a full stop: it is no ordinary file (a folder, a pipe, a device), or a
-// part of the library that its own head announces is missing. Empty when neither is the case, which does not make it a
-// library: what else can be wrong, the dynamic linker finds itself.
+// What is wrong with the file, in words without a full stop: it is no ordinary file (a folder, a pipe, a device), it is
+// no library, or a part of the library that its own head announces is missing. Empty when none is the case: what else
+// can be wrong, the dynamic linker finds itself.
 CString FaultOfLibraryFile(const CString& path);
+
+// Whether a sound library was built against the headers of this program, by its stamps (PlugInStamp.h): what is wrong,
+// in words without a full stop, or an empty text. One for another kind of machine is left to the dynamic linker.
+CString FaultOfStamps(const CString& path);

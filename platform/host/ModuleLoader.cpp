@@ -14,6 +14,8 @@
 #include "platform/base/Language.h"
 #include "platform/base/Message.h"
 #include "platform/host/LibraryFile.h"
+#include "platform/host/LinkerFault.h"
+#include "platform/host/PlugInFiles.h"
 #include "platform/host/RxRegistry.h"
 #include "platform/host/Subcommands.h"
 
@@ -26,9 +28,39 @@ CString AbsolutePath(const wchar_t* path) {
     return resolved ? FromUtf8(resolved.get()) : CString();
 }
 
-CString LinkerError() {
-    const char* cause = dlerror();
-    return FromUtf8(cause ? cause : "");
+// What may have been meant by a path where no file is.
+CString SuggestionFor(const CString& path) {
+    const CString library = path + L".so";
+    CString suggestion;
+    if (!path.IsEmpty() && !AbsolutePath(library).IsEmpty())
+        suggestion.Format(PlatformText(L"有“%s”这个文件。"), library);
+    return suggestion;
+}
+
+// When it was that a plug-in got a message.
+CString WhenOf(int message) {
+    switch (message) {
+        case AcRx::kInitAppMsg:
+            return PlatformText(L"启动时");
+        case AcRx::kUnloadAppMsg:
+            return PlatformText(L"关闭时");
+        case AcRx::kLoadDwgMsg:
+            return PlatformText(L"打开图形时");
+        case AcRx::kUnloadDwgMsg:
+            return PlatformText(L"关闭图形时");
+        default:
+            CString when;
+            when.Format(PlatformText(L"处理消息 %d 时"), message);
+            return when;
+    }
+}
+
+CString RefusalText(int answer) {
+    if (answer == AcRx::kRetError)
+        return PlatformText(L"插件在启动时拒绝加载（acrxEntryPoint 返回了 kRetError）");
+    CString text;
+    text.Format(PlatformText(L"插件在启动时返回了 %d，而不是 kRetOK"), answer);
+    return text;
 }
 
 // Whether something lies in the library itself, and not in one that it is linked with.
@@ -64,55 +96,79 @@ ModuleLoader::~ModuleLoader() {
 
 bool ModuleLoader::Load(const wchar_t* path, CString& error) {
     const CString name(path);  // the path may be held by `error`
-    error.Empty();
+    error = LoadFault(name);
+    if (!error.IsEmpty())
+        NoteNotLoaded(name);
+    return error.IsEmpty();
+}
+
+// What went wrong, in a sentence that names the file; empty when the plug-in is loaded.
+CString ModuleLoader::LoadFault(const CString& name) {
+    CString text;
     if (m_handle) {
-        error.Format(PlatformText(L"无法加载模块“%s”：“%s”尚未卸载。"), name, m_path);
-        return false;
+        text.Format(PlatformText(L"无法加载模块“%s”：“%s”尚未卸载。"), name, m_path);
+        return text;
     }
     m_path = AbsolutePath(name);
     if (m_path.IsEmpty()) {
-        error.Format(PlatformText(L"无法加载模块“%s”：文件不存在。"), name);
-        return false;
+        text.Format(PlatformText(L"无法加载模块“%s”：文件不存在。"), name);
+        return text + SuggestionFor(name);
     }
-    if (const CString fault = FaultOfLibraryFile(m_path); !fault.IsEmpty()) {
-        error.Format(PlatformText(L"无法加载模块“%s”：%s。"), m_path, fault);
-        return false;
-    }
+    const CString fault = Open();
+    if (fault.IsEmpty())
+        LoadedOnes().push_back(this);
+    else
+        text.Format(PlatformText(L"无法加载模块“%s”：%s。"), m_path, fault);
+    return text;
+}
+
+// Opens the library and starts the plug-in; what went wrong, in words without a full stop, leaves it closed.
+CString ModuleLoader::Open() {
+    CString fault = FaultOfLibraryFile(m_path);
+    if (fault.IsEmpty())
+        fault = FaultOfStamps(m_path);
+    if (!fault.IsEmpty())
+        return fault;
     m_handle = dlopen(ToUtf8(m_path.View()).c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!m_handle) {
-        error.Format(PlatformText(L"无法加载模块“%s”：%s。"), m_path, LinkerError());
-        return false;
-    }
+    if (!m_handle)
+        return LinkerFault(m_path, dlerror());
+    NotePlugIn(m_handle, m_path);
     m_entryPoint = OwnEntryPoint(m_handle);
-    if (!m_entryPoint) {
+    int answer = AcRx::kRetOK;
+    if (!m_entryPoint)
+        fault = PlatformText(L"不是插件（没有acrxEntryPoint）");
+    else if (CString thrown; !Tell(AcRx::kInitAppMsg, answer, thrown))
+        fault.Format(PlatformText(L"插件在启动时抛出错误：%s"), thrown);
+    else if (answer != AcRx::kRetOK)
+        fault = RefusalText(answer);
+    if (!fault.IsEmpty())
         Close();
-        error.Format(PlatformText(L"无法加载模块“%s”：不是插件（没有acrxEntryPoint）。"), m_path);
-        return false;
+    return fault;
+}
+
+// False, with what was thrown, when the plug-in did not answer.
+bool ModuleLoader::Tell(int message, int& answer, CString& thrown) {
+    try {
+        answer = m_entryPoint(message, m_handle);
+        return true;
+    } catch (const std::exception& error) {
+        thrown = FromUtf8(error.what());
+    } catch (...) {
+        thrown = PlatformText(L"不是 std::exception，原因不明");
     }
-    if (const int answer = Send(AcRx::kInitAppMsg); answer != AcRx::kRetOK) {
-        Close();
-        error.Format(PlatformText(L"无法加载模块“%s”：初始化失败（%d）。"), m_path, answer);
-        return false;
-    }
-    LoadedOnes().push_back(this);
-    return true;
+    return false;
 }
 
 int ModuleLoader::Send(int message) {
     if (!m_entryPoint)
         return AcRx::kRetError;
-    CString cause;
-    try {
-        return m_entryPoint(message, m_handle);
-    } catch (const std::exception& error) {
-        cause = FromUtf8(error.what());
-    } catch (...) {
-        cause = PlatformText(L"原因不明");
+    int answer = AcRx::kRetError;
+    if (CString thrown; !Tell(message, answer, thrown)) {
+        CString text;
+        text.Format(PlatformText(L"模块“%s”%s抛出错误：%s"), m_path, WhenOf(message), thrown);
+        ReportMessage(text);
     }
-    CString text;
-    text.Format(PlatformText(L"模块“%s”处理消息 %d 时出错：%s"), m_path, message, cause);
-    ReportMessage(text);
-    return AcRx::kRetError;
+    return answer;
 }
 
 ModuleLoader::Unloaded ModuleLoader::Unload() {
@@ -130,6 +186,7 @@ ModuleLoader::Unloaded ModuleLoader::Close() {
     HostCommandStack().forget(
         [this](AcRxFunctionPtr function) { return IsOwn(m_handle, reinterpret_cast<const void*>(function)); });
     HostDynamicLinker().forget(m_handle);
+    ForgetPlugIn(m_handle);
     dlclose(m_handle);
     m_handle = nullptr;
     m_entryPoint = nullptr;

@@ -16,8 +16,9 @@ public:
 
     // Opens the library of this path (relative to the current folder; no search path is used) with its own symbols kept
     // to itself, and sends kInitAppMsg. False, with a text that names the file and the cause, when this object has a
-    // plug-in already, the file is no ordinary one, was cut short or cannot be opened, it has no acrxEntryPoint of its
-    // own, or it does not answer kRetOK; the file is then closed again without a further message.
+    // plug-in already, the file is no library, was cut short or cannot be opened, it was built against other headers
+    // than this host's or does not say (PlugInStamp.h), it has no acrxEntryPoint of its own, or it does not answer
+    // kRetOK; the file is then closed again without a further message.
     bool Load(const wchar_t* path, CString& error);
 
     // Whether this object has a plug-in.
@@ -41,6 +42,9 @@ public:
     Unloaded Unload();
 
 private:
+    CString LoadFault(const CString& name);
+    CString Open();
+    bool Tell(int message, int& answer, CString& thrown);
     Unloaded Close();
 
     void* m_handle = nullptr;

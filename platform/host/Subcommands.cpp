@@ -6,6 +6,7 @@
 
 #include "platform/base/Characters.h"
 #include "platform/base/Language.h"
+#include "platform/host/PlugInFiles.h"
 
 namespace {
 
@@ -94,6 +95,16 @@ CString FaultOf(const Subcommand& row, const void* applicationHandle) {
     return fault;
 }
 
+// The file is of the plug-in that has a subcommand of this name; empty when it is not known.
+CString TakenText(const CString& name, const CString& file) {
+    CString text;
+    if (file.IsEmpty())
+        text.Format(PlatformText(L"已经有名为“%s”的子命令。"), name);
+    else
+        text.Format(PlatformText(L"已经有名为“%s”的子命令，来自“%s”。"), name, file);
+    return text;
+}
+
 }  // namespace
 
 bool SubcommandOption::IsPositional() const {
@@ -141,11 +152,11 @@ SubcommandTable::~SubcommandTable() = default;
 
 bool SubcommandTable::Add(const Subcommand& row, void* applicationHandle, CString& reason) {
     CString fault = FaultOf(row, applicationHandle);
-    const bool isTaken = std::any_of(m_rows->all.begin(), m_rows->all.end(), [&row](const Rows::Owned& other) {
+    const auto taken = std::find_if(m_rows->all.begin(), m_rows->all.end(), [&row](const Rows::Owned& other) {
         return other.row.name.CompareNoCase(row.name) == 0;
     });
-    if (fault.IsEmpty() && isTaken)
-        fault.Format(PlatformText(L"已经有名为“%s”的子命令。"), row.name);
+    if (fault.IsEmpty() && taken != m_rows->all.end())
+        fault = TakenText(row.name, FileOfPlugIn(taken->applicationHandle));
     reason = fault;
     if (!fault.IsEmpty())
         return false;

@@ -75,15 +75,18 @@ class CookBook(ProgramTest):
     def broken(self, name, source, *flags):
         """A plug-in as somebody may get it wrong."""
         path = os.path.join(self.home, name + ".so")
-        with open(os.path.join(self.home, name + ".cpp"), "w", encoding="utf-8") as stream:
+        written = os.path.join(self.home, name + ".cpp")
+        with open(written, "w", encoding="utf-8") as stream:
             stream.write(source)
-        subprocess.run(["g++", "-shared", "-fPIC", os.path.join(self.home, name + ".cpp"), "-o", path, *flags], check=True)
+        headers = "-I" + os.path.join(PREFIX, "include", "orvo")
+        subprocess.run(["g++", "-std=c++20", "-shared", "-fPIC", headers, written, "-o", path, *flags], check=True)
         return path
 
     def test_a_plug_in_that_does_not_load_is_found_in_the_table(self):
         table = re.search(r"^\| what it says.*?\n\n", self.text, re.MULTILINE | re.DOTALL).group()
         said = re.findall(r"^\| `([^`]+)` \|", table, re.MULTILINE)
-        entry = 'extern "C" __attribute__((visibility("default"))) int acrxEntryPoint(int, void*) { return %s; }\n'
+        bare = 'extern "C" __attribute__((visibility("default"))) int acrxEntryPoint(int, void*) { return %s; }\n'
+        entry = '#include "platform/host/HostMessages.h"\n' + bare
         whole = self.broken("whole", entry % "0")
         short = os.path.join(self.home, "short.so")
         with open(whole, "rb") as good, open(short, "wb") as cut:
@@ -91,8 +94,12 @@ class CookBook(ProgramTest):
         self.broken("libneeded", "int Needed() { return 0; }\n", "-Wl,-soname,libneeded.so")
         without = self.broken("without", "int Needed();\n" + entry % "Needed()", f"-L{self.home}", "-lneeded")
         os.remove(os.path.join(self.home, "libneeded.so"))
-        paths = [os.path.join(self.home, "absent.so"), short, self.broken("undefined", "int Nowhere();\n" + entry % "Nowhere()"),
-                 without, self.broken("empty", "int nothing;\n"), self.broken("refusing", entry % "3")]
+        debug = self.broken("debug", entry % "0", "-D_GLIBCXX_DEBUG")
+        throwing = self.broken("throwing", "#include <stdexcept>\n" + entry % 'throw std::runtime_error("thrown")')
+        paths = [os.path.join(self.home, "absent.so"), short, os.path.join(self.home, "whole.cpp"), debug,
+                 self.broken("unsaid", bare % "0"), self.broken("undefined", "int Nowhere();\n" + entry % "Nowhere()"),
+                 without, self.broken("empty", '#include "platform/host/HostMessages.h"\n'), self.broken("refusing", entry % "3"),
+                 throwing]
         self.assertEqual(len(said), len(paths))
         for path, words in zip(paths, said):
             with self.subTest(words=words):
