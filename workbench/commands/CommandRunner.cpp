@@ -138,7 +138,7 @@ int RunParsed(const CommandLineModel& model, WordsFrom from, CollectedOutput& ou
         return Refuse(wrong, nullptr);
     const CString forgotten = ForgottenValue(model);
     if (!forgotten.IsEmpty())
-        return Refuse(SayFormat(L"选项 %s 后面缺少值", forgotten), chosen);
+        return Refuse(MissingValueText(forgotten, chosen), chosen);
     const CString flag = FlagWithValue(model);
     if (!flag.IsEmpty())
         return Refuse(SayFormat(L"选项 %s 不带值", flag), chosen);

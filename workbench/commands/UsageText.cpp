@@ -3,10 +3,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <optional>
 
 #include "facts/NearestNames.h"
 #include "platform/base/PlainText.h"
 #include "platform/host/Output.h"
+#include "platform/host/PlugInFiles.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/CommandLineModel.h"
 #include "workbench/terminal/TextTable.h"
@@ -95,14 +97,45 @@ CString UnknownOptionText(const CString& option, const Subcommand* subcommand) {
     return SayFormat(L"没有选项 %s", Printable(name)) + Near(name, OptionNames(subcommand));
 }
 
-CString ExtrasText(const CommandLineModel& model) {
+// The option of this name among the subcommand's and the program's; nothing when there is none.
+std::optional<SubcommandOption> OptionNamed(const CString& name, const Subcommand* subcommand) {
+    std::vector<SubcommandOption> options = ProgramOptions();
+    if (subcommand)
+        options.insert(options.end(), subcommand->options.begin(), subcommand->options.end());
+    for (const SubcommandOption& option : options) {
+        const std::vector<CString> names = option.GetNames();
+        if (std::find(names.begin(), names.end(), name) != names.end())
+            return option;
+    }
+    return std::nullopt;
+}
+
+// The flag that the word stands right behind, as if it were its value; empty when there is none.
+CString FlagBefore(const CString& word, const std::vector<CString>& words, const Subcommand* subcommand) {
+    for (std::size_t i = 1; i < words.size(); ++i)
+        if (words[i] == word)
+            if (const auto option = OptionNamed(words[i - 1], subcommand);
+                option && option->count == SubcommandOption::kFlag)
+                return words[i - 1];
+    return CString();
+}
+
+// Plug-ins that were not loaded: one of them may have what is missing.
+CString NotLoadedText() {
+    const std::vector<CString> files = FilesNotLoaded();
+    return files.empty() ? CString() : SayFormat(L"。没有加载的插件：%s，原因见上文", Printable(JoinNames(files)));
+}
+
+CString ExtrasText(const CommandLineModel& model, const std::vector<CString>& words) {
     const std::vector<CString> extras = model.GetRemaining();
     const CString extra = extras.empty() ? CString() : extras.front();
     if (extra.GetLength() > 1 && extra.GetAt(0) == L'-')
         return UnknownOptionText(extra, model.Chosen());
     if (!model.Chosen())
         return UnknownSubcommandText(extra, SubcommandNames());
-    return SayFormat(L"多余的参数“%s”", Printable(extra));
+    const CString text = SayFormat(L"多余的参数“%s”", Printable(extra));
+    const CString flag = FlagBefore(extra, words, model.Chosen());
+    return flag.IsEmpty() ? text : text + L": " + SayFormat(L"选项 %s 不带值", flag);
 }
 
 // The option that an error of the library speaks of: it begins its message with the name.
@@ -140,13 +173,21 @@ std::vector<CString> ProgramExamples() {
 CString ExplainParseError(const CLI::ParseError& error, const CommandLineModel& model,
                           const std::vector<CString>& words) {
     if (dynamic_cast<const CLI::ExtrasError*>(&error))
-        return ExtrasText(model);
+        return ExtrasText(model, words);
     const CString option = OptionOf(error);
     if (IsRepeated(option, words))
         return SayFormat(L"选项 %s 给出了不止一次", Printable(option));
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
-        return SayFormat(L"选项 %s 后面缺少值", Printable(option));
+        return MissingValueText(option, model.Chosen());
     return Say(L"看不懂这个命令行");
+}
+
+CString MissingValueText(const CString& name, const Subcommand* subcommand) {
+    const std::optional<SubcommandOption> option = OptionNamed(name, subcommand);
+    if (!option || option->count <= 1)
+        return SayFormat(L"选项 %s 后面缺少值", Printable(name));
+    const CString text = SayFormat(L"选项 %s 需要 %d 个值", Printable(name), option->count);
+    return option->type.IsEmpty() ? text : text + L": " + Printable(option->type);
 }
 
 std::vector<CString> SubcommandNames() {
@@ -159,5 +200,5 @@ std::vector<CString> SubcommandNames() {
 CString UnknownSubcommandText(const CString& name, const std::vector<CString>& names) {
     const CString near = Near(name, names);
     return SayFormat(L"没有子命令“%s”", Printable(name)) +
-           (near.IsEmpty() ? SayFormat(L"。现有的：%s", JoinNames(names)) : near);
+           (near.IsEmpty() ? SayFormat(L"。现有的：%s", JoinNames(names)) : near) + NotLoadedText();
 }

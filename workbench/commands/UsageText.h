@@ -23,8 +23,11 @@ std::vector<CString> ProgramExamples();
 CString ExplainParseError(const CLI::ParseError& error, const CommandLineModel& model,
                           const std::vector<CString>& words);
 
+// That an option lacks a value, or some of the values that it takes. Null stands for the program's own options alone.
+CString MissingValueText(const CString& name, const Subcommand* subcommand);
+
 // The names of all subcommands.
 std::vector<CString> SubcommandNames();
 
-// "no such subcommand" with the nearest of the names.
+// "no such subcommand" with the nearest of the names, and the plug-ins that may have it and were not loaded.
 CString UnknownSubcommandText(const CString& name, const std::vector<CString>& names);

@@ -76,7 +76,8 @@ class PlugIns(ProgramTest):
 
     def test_wrong_usage_is_refused_before_it_runs(self):
         for arguments, words in (([], "没有给出 TEXT"), (["hello", "--colour", "red"], "没有选项 --colour。相近的有：--color"),
-                                 (["hello", "--color"], "选项 --color 后面缺少值"), (["hello", "--pair", "1"], "--pair"),
+                                 (["hello", "--color"], "选项 --color 后面缺少值"), (["hello", "--pair", "1"], "选项 --pair 需要 2 个值: A B"),
+                                 (["hello", "--pair", "--loud"], "选项 --pair 需要 2 个值: A B"),
                                  (["hello", "--loud=yes"], "选项 --loud 不带值"), (["hello", "--color", "--loud"], "缺少值"),
                                  (["hello", "--color", "a", "--color", "b"], "选项 --color 给出了不止一次")):
             with self.subTest(arguments=arguments):
@@ -156,7 +157,7 @@ class PlugIns(ProgramTest):
 
     def test_a_name_that_is_taken_is_refused_to_the_plugin(self):
         answer = self.english("info", "--json", plugins=(ANOTHER,))
-        self.assertIn('another: There is a subcommand named "info" already.\n', answer.err)
+        self.assertRegex(answer.err, r'another: There is a subcommand named "info" already, of /.*/OrvoWorkbench\.so\.\n')
         self.assertIn("place", answer.json())
 
     def test_a_file_that_is_no_plugin_is_named_and_skipped(self):
@@ -170,7 +171,7 @@ class PlugIns(ProgramTest):
         os.mkfifo(pipe)
         library = os.path.realpath(os.path.join(PREFIX, "lib", "libOrvoPlatform.so"))
         for plugin, words in ((broken, "broken.so"), (cut, "cut.so”：文件不完整"), (pipe, "pipe.so”：不是普通文件"), ("missing.so", "“missing.so”：文件不存在"), (self.home, self.home),
-                              (library, os.path.basename(library) + "”：不是插件"), (REFUSING, "refusing.so”：初始化失败（3）")):
+                              (library, os.path.basename(library) + "”：不是插件"), (REFUSING, "refusing.so”：插件在启动时拒绝加载（acrxEntryPoint 返回了 kRetError）")):
             with self.subTest(plugin=plugin):
                 answer = self.echo("echo", "hello", plugins=(plugin, ECHO))
                 self.assertIn("text <hello>", answer.out)
@@ -182,6 +183,20 @@ class PlugIns(ProgramTest):
         answer = self.english("--version", plugins=("missing.so",))
         self.assertIn("cannot load the module missing.so", answer.err.lower())
         self.assertEqual((answer.code, answer.out), (OK, self.ok("--version").out))
+
+    def test_what_follows_a_flag_is_no_value_of_it(self):
+        for command, flag in ((["info", "--json", "2"], "--json"), (["--plugin", ECHO, "echo", "x", "--loud", "--", "y"], "")):
+            answer = self.orvo(*command, LANG="en_US.UTF-8")
+            told = f"option {flag} takes no value" in answer.err
+            self.assertEqual((answer.code, told), (USAGE, True) if flag else (OK, False), answer)
+        self.assertIn('unexpected argument "2": option --json takes no value', self.orvo("info", "--json", "2", LANG="en_US.UTF-8").err)
+
+    def test_an_unknown_subcommand_may_be_of_one_that_was_not_loaded(self):
+        answer = self.english("noons", plugins=("missing.so", ECHO), code=USAGE)
+        self.assertIn("Not loaded, for the reason above: missing.so\n", answer.err)
+        self.assertNotIn("Not loaded", self.english("noons", code=USAGE).err)
+        answer = self.english(text="noons\n", plugins=("missing.so",), code=USAGE)
+        self.assertIn("Not loaded, for the reason above: missing.so\n", answer.err)
 
     def test_nothing_is_left_of_one_that_refuses(self):
         answer = self.echo(text="refusing-command\nrefusing hello\n", plugins=(REFUSING,), code=USAGE)
