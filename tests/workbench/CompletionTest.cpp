@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "platform/host/Subcommands.h"
@@ -115,8 +116,30 @@ TEST_F(Completing, LeavesOutWhatCannotBeTyped) {
 }
 
 TEST_F(Completing, NamesNoFilesToShells) {
-    EXPECT_TRUE(NamesFor(L"look h").empty());
-    EXPECT_EQ(NamesFor(L"look --j"), std::vector<CString>{L"--json"});
+    EXPECT_TRUE(NamesFor({L"look", L"h"}).empty());
+    EXPECT_EQ(NamesFor({L"look", L"--j"}), std::vector<CString>{L"--json"});
+}
+
+TEST_F(Completing, LeavesAnEmptyWordToShellsWhereAFileBelongs) {
+    EXPECT_TRUE(NamesFor({L"look", L""}).empty());
+    EXPECT_TRUE(NamesFor({L"look", L"--json", L"--place", L"here", L"--language", L"en", L""}).empty());
+    EXPECT_TRUE(NamesFor({L"look", L"--write", L""}).empty());
+    for (const std::vector<CString>& words : {std::vector<CString>{L"look", L"house.dxf", L""},
+                                              {L"ask", L""},
+                                              {L"look", L"--place=here", L"house.dxf", L"--json", L""}}) {
+        const std::vector<CString> names = NamesFor(words);
+        EXPECT_EQ(names.empty() ? CString() : names.front(), L"--write");
+    }
+}
+
+TEST_F(Completing, KnowsTheProgramsOptionsWhereTheyAreTaken) {
+    const std::vector<CString> names = NamesFor({L"ask", L"--"});
+    for (const wchar_t* name : {L"--language", L"--plugin", L"--help"})
+        EXPECT_EQ(std::count(names.begin(), names.end(), name), 1) << ToUtf8(name);
+    const std::vector<std::string> atPrompt = Choices(L"ask --");
+    EXPECT_EQ(std::count(atPrompt.begin(), atPrompt.end(), "--help"), 1);
+    for (const char* name : {"--language", "--plugin"})
+        EXPECT_EQ(std::count(atPrompt.begin(), atPrompt.end(), name), 0) << name;
 }
 
 TEST(LastWord, IsReadWithItsQuotes) {

@@ -35,7 +35,10 @@ void AppendLongNames(std::vector<CString>& names, const std::vector<SubcommandOp
 
 std::vector<SubcommandOption> ProgramOptions() {
     return {FlagOption(L"-h,--help", L"显示用法和例子"), FlagOption(L"--version", L"显示版本"),
-            ValueOption(L"--language", L"zh|en", L"界面语言；不给出时由环境变量 LC_ALL、LC_MESSAGES、LANG 决定"),
+            ValueOption(L"--language", L"zh|en", L"界面语言；不给出时由环境变量 LC_ALL、LC_MESSAGES、LANG 决定",
+                        [] {
+                            return std::vector<CString>{L"zh", L"en"};
+                        }),
             ValuesOption(L"--plugin", SubcommandOption::kMany, L"FILE",
                          L"启动时加载这个插件；可以给出多次，排在 lib/orvo/plugins 中的插件之后")};
 }

@@ -51,14 +51,52 @@ std::vector<CString> WordsOf(const SubcommandOption& option) {
     }
 }
 
-// The option whose value the last word of a line will be; null when it will be none.
-const SubcommandOption* OptionBefore(const Subcommand& row, const std::vector<CString>& words) {
-    for (const SubcommandOption& option : row.options) {
+// The option of this name; null when none has it.
+const SubcommandOption* OptionNamed(const std::vector<SubcommandOption>& options, const CString& name) {
+    for (const SubcommandOption& option : options) {
         const std::vector<CString> names = option.GetNames();
-        if (!option.IsPositional() && std::find(names.begin(), names.end(), words.back()) != names.end())
+        if (!option.IsPositional() && std::find(names.begin(), names.end(), name) != names.end())
             return &option;
     }
     return nullptr;
+}
+
+// The option whose value the last word of a line will be; null when it will be none.
+const SubcommandOption* OptionBefore(const Subcommand& row, const std::vector<CString>& words) {
+    return OptionNamed(row.options, words.back());
+}
+
+// How many words the option at a place takes, itself and its values; 0 when there is none.
+std::size_t WordsTaken(const std::vector<SubcommandOption>& options, const CString& word) {
+    const int equals = word.Find(L'=');
+    const SubcommandOption* option = OptionNamed(options, equals < 0 ? word : word.Left(equals));
+    if (!option)
+        return 0;
+    const int values = option->count == SubcommandOption::kMany ? 1 : option->count;
+    return 1 + static_cast<std::size_t>(equals < 0 ? values : 0);
+}
+
+// The first of what stands by itself that the words behind the subcommand have not given yet; null when there is none.
+const SubcommandOption* NextPositional(const Subcommand& row, const std::vector<CString>& words) {
+    std::vector<SubcommandOption> named = row.options;
+    const std::vector<SubcommandOption> programs = ProgramOptions();
+    named.insert(named.end(), programs.begin(), programs.end());
+    std::size_t given = 0;
+    for (std::size_t at = 1; at < words.size();) {
+        const std::size_t taken = WordsTaken(named, words[at]);
+        given += taken == 0;
+        at += std::max<std::size_t>(taken, 1);
+    }
+    for (const SubcommandOption& option : row.options)
+        if (option.IsPositional() && (option.count == SubcommandOption::kMany || given-- == 0))
+            return &option;
+    return nullptr;
+}
+
+// Whether nothing is a better guess than a file: one is asked for by its name, or something has to be given that brings
+// no words.
+bool AsksForFile(const SubcommandOption* positional) {
+    return positional && !positional->words && (positional->name == L"FILE" || positional->isRequired);
 }
 
 // Everything that may follow the finished words of a line.
@@ -77,7 +115,48 @@ std::vector<CString> Followers(const std::vector<CString>& line) {
         if (option.IsPositional())
             Append(followers, WordsOf(option));
     Append(followers, OptionNames(row));
-    std::erase(followers, L"--plugin");  // refused at a prompt, and in the way of --place
+    std::erase_if(followers, [](const CString& name) {  // refused at a prompt, and in the way of --place
+        return name == L"--plugin" || name == L"--language";
+    });
+    return followers;
+}
+
+// What stands behind the program's own options at the beginning of a shell's command line.
+std::vector<CString> WithoutProgramOptions(const std::vector<CString>& words) {
+    const std::vector<SubcommandOption> options = ProgramOptions();
+    std::size_t at = 0;
+    while (at + 1 < words.size()) {
+        const std::size_t taken = WordsTaken(options, words[at]);
+        if (taken == 0)
+            break;
+        at += taken;
+    }
+    return {words.begin() + static_cast<std::ptrdiff_t>(std::min(at, words.size())), words.end()};
+}
+
+// Commands of plug-ins, and what the prompt alone understands, are none of a shell's.
+std::vector<CString> ShellsFirstWords() {
+    std::vector<CString> words = SubcommandNames();
+    words.push_back(L"help");
+    Append(words, OptionNames(nullptr));
+    return words;
+}
+
+// What may follow these words in a shell, where the last word has been begun with those letters.
+std::vector<CString> ShellsFollowers(const std::vector<CString>& words, const CString& begun) {
+    if (words.empty())
+        return ShellsFirstWords();
+    if (words.front() == L"help")
+        return words.size() == 1 ? SubcommandNames() : std::vector<CString>();
+    const Subcommand* row = HostSubcommands().Find(words.front());
+    if (!row)
+        return {};
+    if (const SubcommandOption* before = OptionBefore(*row, words); before && before->count != SubcommandOption::kFlag)
+        return WordsOf(*before);
+    if (begun.IsEmpty() && AsksForFile(NextPositional(*row, words)))
+        return {};
+    std::vector<CString> followers = Followers(words);
+    Append(followers, OptionNames(nullptr));
     return followers;
 }
 
@@ -154,10 +233,21 @@ std::vector<CString> PromptWords() {
     return {L"help", L"quit", L"exit"};
 }
 
-std::vector<CString> NamesFor(const CString& line) {
-    const BegunWord begun = LastWord(line);
-    const std::optional<std::vector<CString>> words = SplitWords(line.Left(begun.start));
-    return words ? BeginningWith(begun.text, Followers(*words)) : std::vector<CString>();
+std::vector<CString> NamesFor(std::vector<CString> words) {
+    CString begun;
+    if (!words.empty()) {
+        begun = words.back();
+        words.pop_back();
+    }
+    // The program's options may stand anywhere.
+    const std::vector<SubcommandOption> programs = ProgramOptions();
+    const SubcommandOption* before = words.empty() ? nullptr : OptionNamed(programs, words.back());
+    if (before && before->count != SubcommandOption::kFlag)
+        return BeginningWith(begun, WordsOf(*before));
+    words.push_back(begun);  // the last is no option of the program, however it is spelt
+    words = WithoutProgramOptions(words);
+    words.pop_back();
+    return BeginningWith(begun, ShellsFollowers(words, begun));
 }
 
 LineCompletion CompleteLine(const CString& line) {

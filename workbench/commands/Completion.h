@@ -6,13 +6,14 @@
 #include "platform/base/CString.h"
 #include "workbench/terminal/LineCompletion.h"
 
-// The names that the last word of a line can become (empty when the line ends in a blank): commands and subcommands for
-// the first word, then the subcommand's options, and behind an option the words that it brings (names of places and
-// standards). Sorted as they are met, each once.
-std::vector<CString> NamesFor(const CString& line);
+// The names that the last word of a shell's command line can become, the words being those behind the program's name:
+// subcommands and options for the first, then the subcommand's options and the program's, and behind an option the
+// words that it brings (names of places and standards). Sorted as they are met, each once. None where a file is asked
+// for: shells offer those by themselves when they get nothing else.
+std::vector<CString> NamesFor(std::vector<CString> words);
 
-// The same for a line that is typed here, and names of files where a value has no words of its own. A word with blanks
-// or quotes in it is put into quotes.
+// The same for a line that is typed here, where commands are known and options of the program are not, and names of
+// files where a value has no words of its own. A word with blanks or quotes in it is put into quotes.
 LineCompletion CompleteLine(const CString& line);
 
 // Every command that plug-ins have added to the host.

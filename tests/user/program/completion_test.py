@@ -28,6 +28,28 @@ class Completion(ProgramTest):
         self.assertNotIn("--windows", self.choices("sun", ""))
         self.assertEqual(self.choices("no-such", ""), [])
 
+    def test_the_programs_options_may_stand_anywhere(self):
+        self.assertEqual(self.choices("--language", ""), ["zh", "en"])
+        self.assertEqual(self.choices("--language", "e"), ["en"])
+        self.assertEqual(self.choices("info", "--json", "--language", ""), ["zh", "en"])
+        self.assertEqual(self.choices("--plugin", ""), [])  # shells offer files
+        self.assertEqual(self.choices("info", "--plugin", ""), [])
+        for before in (["--language", "en"], ["--language=en"], ["--plugin", "x.so", "--language", "en", "--plugin=y.so"]):
+            with self.subTest(before=before):
+                self.assertEqual(self.choices(*before, "st"), ["standards"])
+                self.assertEqual(self.choices(*before, "sun", "--d"), ["--date"])
+                self.assertIn("info", self.choices(*before, ""))
+        self.assertEqual(self.choices("help", "st"), ["standards"])
+        for option in ("--language", "--plugin"):
+            self.assertIn(option, self.choices("info", "--"))
+            self.assertNotIn("缺少", self.orvo("info", option, "en" if option == "--language" else ECHO).err)
+
+    def test_files_are_left_to_the_shell_where_one_is_asked_for(self):
+        for words in (["analyse"], ["window"], ["record"], ["--language", "en", "analyse", "--json"]):
+            self.assertEqual(self.choices(*words, ""), [], words)
+        for words in (["analyse", "house.dxf"], ["window", "house.dxf"], ["places"], ["info"]):
+            self.assertIn("--json" if words[0] != "window" else "--help", self.choices(*words, ""))
+
     def test_values_are_the_users_own(self):
         self.assertEqual(self.choices("info", "--place", "上"), ["上海", "上饶"])
         self.write("zone.xml", shipped("zone.xml").replace("上海".encode(), "上城".encode()))
@@ -76,6 +98,8 @@ printf '%s\\n' "${{COMPREPLY[@]}}" """)
         self.assertIn("--step", complete("sun", ""))
         self.assertEqual(complete("analyse", "my house.dxf", "--pla"), ["--place"])
         self.assertEqual(complete("analyse", "no-such"), [""])
+        self.assertEqual(complete("analyse", ""), [""])
+        self.assertEqual(complete("--language", "en", "ana"), ["analyse", "analyze"])
 
     def test_zsh_asks(self):
         script = os.path.join(PREFIX, "share", "zsh", "site-functions", "_orvo")
@@ -92,6 +116,7 @@ _orvo""")
         self.assertIn("--step", complete("sun", ""))
         self.assertEqual(complete("analyse", "my house.dxf", "--pla"), ["--place"])
         self.assertEqual(complete("analyse", "no-such"), ["files"])
+        self.assertEqual(complete("analyse", ""), ["files"])
 
 
 if __name__ == "__main__":
