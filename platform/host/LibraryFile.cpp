@@ -116,7 +116,9 @@ CString FaultOfStamps(const CString& path) {
     const auto other =
         std::find_if(stamps.begin(), stamps.end(), [](const std::string& stamp) { return stamp != ORVO_PLUGIN_STAMP; });
     if (other != stamps.end())
-        fault.Format(PlatformText(L"它是用 %s 的头文件编译的，而本程序是 %s：请用本程序的头文件重新编译"),
-                     FromUtf8(*other), FromUtf8(ORVO_PLUGIN_STAMP));
+        fault.Format(
+            PlatformText(
+                L"它是用 %s 的头文件编译的，而本程序是 %s：请用本程序的头文件重新编译；随程序提供的，请重新安装程序"),
+            FromUtf8(*other), FromUtf8(ORVO_PLUGIN_STAMP));
     return fault;
 }

@@ -51,7 +51,7 @@ class FirstPlugIn(Example):
     def test_says_when_another_has_its_name(self):
         second = shutil.copy(self.made, os.path.join(self.home, "second.so"))
         answer = self.orvo("--plugin", self.made, "--plugin", second, "noon")
-        self.assertIn("noon: 已经有名为“noon”的子命令。\n", answer.err)
+        self.assertRegex(answer.err, "noon: 已经有名为“noon”的子命令，来自“/.*/first-plugin.so”。\n")
         self.assertIn("second.so”：初始化失败", answer.err)
 
     def test_needs_nothing_above_the_facts(self):
