@@ -83,7 +83,7 @@ void AddExamples(Page& page, const std::vector<CString>& examples) {
         return;
     page.Section(L"EXAMPLES");
     for (const CString& example : examples) {
-        page.Line(".PP\n.nf");
+        page.Line(&example == &examples.front() ? ".nf" : ".PP\n.nf");  // a heading begins a paragraph by itself
         page.Line("    " + Bold(example));
         page.Line(".fi");
     }

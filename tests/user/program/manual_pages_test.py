@@ -57,6 +57,13 @@ class ManualPages(ProgramTest):
                                       capture_output=True, timeout=120, check=False)
                 self.assertEqual((done.returncode, done.stderr), (0, b""), name)
 
+    def test_no_paragraph_begins_twice(self):
+        for folder in FOLDERS.values():
+            for name in os.listdir(folder):
+                if name.startswith("orvo"):
+                    with open(os.path.join(folder, name), encoding="utf-8") as stream:
+                        self.assertNotRegex(stream.read(), r"(?m)^\.SH .*\n\.PP$", name)
+
     def test_each_has_every_section(self):
         for language, sections in SECTIONS.items():
             for name in self.names():
