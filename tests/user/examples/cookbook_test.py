@@ -95,7 +95,7 @@ class CookBook(ProgramTest):
         without = self.broken("without", "int Needed();\n" + entry % "Needed()", f"-L{self.home}", "-lneeded")
         os.remove(os.path.join(self.home, "libneeded.so"))
         debug = self.broken("debug", entry % "0", "-D_GLIBCXX_DEBUG")
-        throwing = self.broken("throwing", "#include <stdexcept>\n" + entry % 'throw std::runtime_error("thrown")')
+        throwing = self.broken("throwing", "#include <stdexcept>\n" + entry % '(throw std::runtime_error("thrown"), 0)')
         paths = [os.path.join(self.home, "absent.so"), short, os.path.join(self.home, "whole.cpp"), debug,
                  self.broken("unsaid", bare % "0"), self.broken("undefined", "int Nowhere();\n" + entry % "Nowhere()"),
                  without, self.broken("empty", '#include "platform/host/HostMessages.h"\n'), self.broken("refusing", entry % "3"),
