@@ -52,7 +52,7 @@ class FirstPlugIn(Example):
         second = shutil.copy(self.made, os.path.join(self.home, "second.so"))
         answer = self.orvo("--plugin", self.made, "--plugin", second, "noon")
         self.assertRegex(answer.err, "noon: 已经有名为“noon”的子命令，来自“/.*/first-plugin.so”。\n")
-        self.assertIn("second.so”：初始化失败", answer.err)
+        self.assertIn("second.so”：插件在启动时拒绝加载", answer.err)
 
     def test_needs_nothing_above_the_facts(self):
         with open(os.path.join(EXAMPLES, "first-plugin", "FirstPlugIn.cpp"), encoding="utf-8") as stream:
