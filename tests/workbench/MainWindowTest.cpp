@@ -179,10 +179,12 @@ TEST_F(HostWindow, DoesNotAskAtTheTerminalBeforeItReplacesARecording) {
 }
 
 TEST_F(HostWindow, ChangesItsLanguageAtOnceAndThatOfTheNextDialog) {
-    EXPECT_EQ(MenuTitles(), (std::vector<std::string>{"图形(&F)", "视图(&V)", "日照分析(&Y)", "命令(&C)", "语言(&L)", "帮助(&H)"}));
+    EXPECT_EQ(MenuTitles(),
+              (std::vector<std::string>{"图形(&F)", "视图(&V)", "日照分析(&Y)", "命令(&C)", "语言(&L)", "帮助(&H)"}));
     Entry("&English")->trigger();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(MenuTitles(), (std::vector<std::string>{"&Drawing", "&View", "Anal&ysis", "&Commands", "&Language", "&Help"}));
+    EXPECT_EQ(MenuTitles(),
+              (std::vector<std::string>{"&Drawing", "&View", "Anal&ysis", "&Commands", "&Language", "&Help"}));
     EXPECT_EQ(Note().find("Standard: "), 0U) << Note();
     EXPECT_TRUE(Entry("&English")->isChecked());
     {

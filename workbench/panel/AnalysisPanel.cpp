@@ -416,7 +416,8 @@ void AnalysisPanel::ShowDay() {
     if (m_isDayNew)
         m_day->SetWindow(*m_windows, *chosen, IsWithProject());
     else if (m_toldSpot)
-        m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(m_toldSpot->handle)), m_toldSpot->request, m_toldSpot->answer);
+        m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(m_toldSpot->handle)), m_toldSpot->request,
+                       m_toldSpot->answer);
     else
         m_day->Clear();
 }
