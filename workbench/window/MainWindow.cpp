@@ -239,18 +239,17 @@ void MainWindow::TakeComplaint(std::string_view text) {
 }
 
 void MainWindow::TakeNote(std::string_view text) {
-    AddToLog(&CommandLog::AddText, FromUtf8(text));
+    InOwnThread([this, said = FromUtf8(text)] { m_log->AddText(said); });
 }
 
 void MainWindow::AddComplaint(const CString& text) {
-    AddToLog(&CommandLog::AddComplaint, text);
+    InOwnThread([this, text] { m_log->AddComplaint(text); });
 }
 
-void MainWindow::AddToLog(void (CommandLog::*add)(const CString&), const CString& text) {
+void MainWindow::InOwnThread(const std::function<void()>& work) {
     if (QThread::currentThread() == thread())
-        return (m_log->*add)(text);
-    QMetaObject::invokeMethod(
-        this, [this, add, text] { (m_log->*add)(text); }, Qt::QueuedConnection);
+        return work();
+    QMetaObject::invokeMethod(this, work, Qt::QueuedConnection);
 }
 
 void MainWindow::Retranslate() {

@@ -52,8 +52,8 @@ private:
     void TakeOverStreams();
     // From whichever thread.
     void AddComplaint(const CString& text);
-    // In whatever thread, and in its order.
-    void AddToLog(void (CommandLog::*add)(const CString&), const CString& text);
+    // At once in the window's thread, and later and in its order for another one.
+    void InOwnThread(const std::function<void()>& work);
     // Puts every text of the window into the language in force.
     void Retranslate();
     // Shows what a command may have changed: the settings' note, the drawing and its state.
