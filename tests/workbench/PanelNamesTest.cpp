@@ -86,7 +86,7 @@ TEST_F(PanelNames, SayHowLongAndLargeAFilmWillBeBeforeItIsNamed) {
     EXPECT_NE(Offered("MakeFilm").second.find("9 幅画面"), std::string::npos);
     Set("FilmEvery", "0");
     Press("MakeFilm");  // a dialog would be unexpected
-    EXPECT_TRUE(HasLogged("--every 的值“0”不对")) << Log();
+    EXPECT_TRUE(HasLogged("“录像每隔（分）” 的值“0”不对")) << Log();
 }
 
 TEST_F(PanelNames, TellWhatWentWellInAnotherColourThanFaults) {

@@ -1,4 +1,5 @@
 // A slider over the minutes of a day, with the hours below it.
+// Why: docs/decisions/workbench.md
 #pragma once
 
 #include <QSlider>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 
 #include "platform/window/CWnd.h"
 #include "workbench/terminal/CollectedOutput.h"

@@ -171,13 +171,13 @@ QWidget* SidePanels::GetLayers() const {
 void SidePanels::AddEntries(QMenu& menu) const {
     for (const auto& [dock, entry] : m_entries)
         menu.addAction(entry);
+    menu.addAction(m_toFields);
+    menu.addAction(m_toTable);
 }
 
 void SidePanels::AddAnalyses(QMenu& menu) const {
     for (QAction* action : m_analysis->GetActions())
         menu.addAction(action);
-    menu.addAction(m_toFields);
-    menu.addAction(m_toTable);
 }
 
 void SidePanels::ShowDrawing(bool isAnother) {

@@ -29,7 +29,7 @@ public:
     // Shows the open drawing: another one, or a later state of the same.
     void ShowDrawing(bool isAnother);
     void Retranslate();
-    // An entry for each panel, which shows and hides it.
+    // An entry for each panel, which shows and hides it, and the ways to the fields and the table.
     void AddEntries(QMenu& menu) const;
     // An entry for each thing that can be had of the drawing.
     void AddAnalyses(QMenu& menu) const;
