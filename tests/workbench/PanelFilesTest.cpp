@@ -123,6 +123,11 @@ TEST_F(PanelFilesTest, OpensWhatWasMade) {
     isThere = true;
     Press("OpenFolder");
     EXPECT_EQ(opened.back().toLocalFile().toStdString(), In("report").string());
+    const std::size_t before = opened.size();
+    std::filesystem::remove_all(In("report"));
+    Press("OpenMade");
+    EXPECT_EQ(opened.size(), before);
+    EXPECT_TRUE(HasLogged((In("report/index.html").string() + " 已经不在了").c_str())) << Log();
     ASSERT_TRUE(m_window->OpenFile(FromUtf8(WriteDrawing("house.dxf").string())));
     EXPECT_FALSE(Find<QPushButton>("OpenMade")->isVisible()) << "it was another drawing's";
 }

@@ -55,6 +55,22 @@ TEST_F(PanelSpot, WaitsForTheEndOfWhatRuns) {
     EXPECT_NE(Text("WindowTitle").find("A1"), std::string::npos);
 }
 
+// A dialog would be unexpected.
+TEST_F(PanelSpot, AndNothingElseBeginsWhileSomethingRuns) {
+    WhenRunning([this] {
+        for (const int key : {Qt::Key_R, Qt::Key_M})
+            QTest::keyClick(m_window.get(), static_cast<Qt::Key>(key), Qt::ControlModifier);
+        QTest::keyClick(m_window.get(), Qt::Key_F9);
+        ClickIn({18, 0.5, 9});
+        EXPECT_FALSE(Button()->isEnabled());
+    });
+    Run();
+    ASSERT_TRUE(m_hasActed);
+    EXPECT_TRUE(HasLogged("上一条命令还没有结束")) << Log();
+    EXPECT_TRUE(Button()->isEnabled());
+    EXPECT_EQ(Table()->model()->rowCount(), 2);
+}
+
 TEST_F(PanelSpot, KeepsItsDayInAnotherLanguage) {
     ClickIn({18, 0.5, 9});
     ASSERT_NE(Text("WindowTitle").find("A1（LWPOLYLINE，图层 HOUSE） 上点击的一点"), std::string::npos);

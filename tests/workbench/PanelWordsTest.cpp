@@ -4,6 +4,7 @@
 #include <QTimeEdit>
 
 #include "workbench/AnalysisPanelStage.h"
+#include "workbench/MoveFirstCorner.h"
 #include "workbench/Texts.h"
 #include "workbench/window/LayerPanel.h"
 
@@ -71,6 +72,30 @@ TEST_F(PanelWordsTest, RefusesAHeightThatRaisesNothing) {
     EXPECT_EQ(Height("LAWN"), "0.5") << "the other one stays";
     EXPECT_FALSE(Find<QLabel>("OutOfDate")->isVisible());
     SetHeight("LAWN", "");
+    EXPECT_TRUE(IsOutOfDate("图形改动了"));
+}
+
+TEST_F(PanelWordsTest, TakesAHeightBackWhoseSceneWasCancelled) {
+    WhenRunning([this] { PressEscape(); });
+    SetHeight("LAWN", "0.5");
+    ASSERT_TRUE(m_hasActed);
+    EXPECT_EQ(Height("LAWN"), "");
+    EXPECT_FALSE(HasLogged("有了高度")) << Log();
+    SetHeight("LAWN", "0.5");
+    EXPECT_EQ(Height("LAWN"), "0.5");
+    EXPECT_TRUE(HasLogged("图层 LAWN：1 个闭合轮廓有了高度")) << Log();
+}
+
+// Whoever cancelled the faces of a change has those of before: a height that raises nothing does not make them the
+// drawing's.
+TEST_F(PanelWordsTest, MakesTheFacesOfAChangeThatWereCancelledWithTheNextOnes) {
+    Run();
+    MoveFirstCorner();
+    WhenRunning([this] { PressEscape(); });
+    Type("terms --year 2025");
+    ASSERT_TRUE(m_hasActed);
+    ASSERT_FALSE(IsOutOfDate("图形改动了"));
+    SetHeight("HOUSE", "33");
     EXPECT_TRUE(IsOutOfDate("图形改动了"));
 }
 

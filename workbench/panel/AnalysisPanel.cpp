@@ -79,14 +79,20 @@ bool AnalysisPanel::RunAside(const wchar_t* title, const std::function<void(Scen
                            const FieldWords words;  // of that thread
                            work(progress);
                        });
-        if (!isDone)
-            m_complain(Say(L"上一条命令还没有结束"));
     } catch (const std::bad_alloc&) {
         m_complain(Say(L"内存不够，没有分析"));
+    } catch (const std::exception& error) {
+        m_complain(SayFormat(L"内部错误：%s", FromUtf8(error.what())));
     }
     m_isBusy = false;
     ShowSpotButton();
     return isDone;
+}
+
+bool AnalysisPanel::MayBegin() {
+    if (!m_mayRun())
+        m_complain(Say(L"上一条命令还没有结束"));
+    return m_mayRun();
 }
 
 bool AnalysisPanel::ReadRequest(AnalysisRequest& request) {
@@ -116,6 +122,8 @@ bool AnalysisPanel::RunWindows() {
         m_complain(why);
         return false;
     };
+    if (!MayBegin())
+        return false;
     if (!m_drawing.database)
         return refuse(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
     auto report = std::make_shared<AnalysisReport>();
@@ -153,6 +161,8 @@ bool AnalysisPanel::AskPoints(const std::function<void(const PointsReport&)>& us
         m_complain(why);
         return false;
     };
+    if (!MayBegin())
+        return false;
     if (!m_drawing.database)
         return refuse(Say(L"没有打开的图形：请先打开一个 DXF 文件"));
     auto report = std::make_shared<PointsReport>();
@@ -170,7 +180,7 @@ bool AnalysisPanel::AskPoints(const std::function<void(const PointsReport&)>& us
     if (!RunAside(L"画等时线", [&](SceneProgress& progress) {
             report->answer = AnalysePoints(database, report->request, PointsTo(progress), LinesTo(progress));
             progress.total = 0;  // how long the rest takes is not known
-            if (use && report->answer.failure == AnalysisFailure::None)
+            if (use && !progress.isCancelled && report->answer.failure == AnalysisFailure::None)
                 use(*report);
         }))
         return false;
@@ -200,13 +210,14 @@ void AnalysisPanel::TakeSpot(const QcGePoint& place, const QcGeVector3d& outward
     if (m_isBusy)
         return;  // the button tells its day afterwards
     ShowSpotButton();
-    if (!m_view.GetChosen() && m_drawing.scene && m_drawing.scene->faces.size() <= kMostAtOnce && isVisible())
+    if (m_mayRun() && !m_view.GetChosen() && m_drawing.scene && m_drawing.scene->faces.size() <= kMostAtOnce &&
+        isVisible())
         RunSpot();
 }
 
 void AnalysisPanel::RunSpot() {
     const FieldWords words;
-    if (!m_spot || !m_drawing.database)
+    if (!m_spot || !m_drawing.database || !MayBegin())
         return;
     SpotRequest request;
     AnalysisRequest asked;
@@ -412,8 +423,11 @@ void AnalysisPanel::ChooseAgain(const AnalysisReport* before) {
 
 void AnalysisPanel::ShowDay() {
     const std::optional<std::size_t> chosen = m_view.GetChosen();
-    m_isDayNew = m_windows && chosen && *chosen < m_windows->answer.windows.size();
-    if (m_isDayNew)
+    const bool isWindow = m_windows && chosen && *chosen < m_windows->answer.windows.size();
+    if (!isWindow || chosen != m_dayOf)
+        m_isDayNew = isWindow;
+    m_dayOf = isWindow ? chosen : std::nullopt;
+    if (isWindow)
         m_day->SetWindow(*m_windows, *chosen, IsWithProject());
     else if (m_toldSpot)
         m_day->SetSpot(SayFormat(L"%s 上点击的一点", NameOf(m_toldSpot->handle)), m_toldSpot->request,

@@ -90,6 +90,8 @@ public:
     std::function<bool(const QString& title, const std::vector<QWidget*>& disabled,
                        const std::function<void(SceneProgress&)>& work)>
         m_run;
+    // Whether that would begin: nothing else runs, and the window stays.
+    std::function<bool()> m_mayRun;
     std::function<void(const CString&)> m_say;
     std::function<void(const CString&)> m_complain;
     std::function<void()> m_onHidden;
@@ -107,6 +109,8 @@ private:
     void Build(QWidget& inside);
     void BuildTable(QWidget& inside);
     void Join();
+    // Whether something may run now; says why not.
+    bool MayBegin();
     bool RunAside(const wchar_t* title, const std::function<void(SceneProgress&)>& work);
     // The fields, the settings in force and the heights. False, and why has been said, when one of them will not do.
     bool ReadRequest(AnalysisRequest& request);
@@ -160,8 +164,9 @@ private:
     std::optional<ToldSpot> m_toldSpot;
     bool m_isBusy = false;
     int m_hiddenCount = 0;
-    bool m_isSelecting = false;  // by us, and not by the user
-    bool m_isDayNew = false;     // nobody has looked at an hour of it yet
+    bool m_isSelecting = false;          // by us, and not by the user
+    bool m_isDayNew = false;             // nobody has looked at an hour of it yet
+    std::optional<std::size_t> m_dayOf;  // the window whose day is shown
 
     QAction* m_runAction;
     QAction* m_linesAction;

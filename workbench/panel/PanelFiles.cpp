@@ -64,7 +64,7 @@ bool AnalysisPanel::LacksWindows() const {
 // Whether the folder may be taken is found out before anybody waits.
 std::optional<PageRequest> AnalysisPanel::AskForFolder() {
     const FieldWords words;
-    if (!m_drawing.database)
+    if (!m_drawing.database || !MayBegin())
         return {};
     const CString suggested = SuggestedName(m_drawing.path, CurrentSettings().Day(), L"");
     CFolderPickerDialog dialog(suggested.GetString(), 0, acedGetAcadFrame());
@@ -111,7 +111,7 @@ void AnalysisPanel::MakeLinesReport() {
 // What draws belongs to the thread that records, and ends there. How long and large it will be stands beside its name.
 void AnalysisPanel::MakeFilm() {
     const FieldWords words;
-    if (!m_drawing.database)
+    if (!m_drawing.database || !MayBegin())
         return;
     AskedFilm asked = m_form->GetFilm();
     asked.file = SuggestedName(m_drawing.path, CurrentSettings().Day(), L".avi");

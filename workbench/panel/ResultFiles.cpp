@@ -1,6 +1,7 @@
-// Two buttons, and below them, once there is something, its place and two more.
+// Three buttons, and below them, once there is something, its place and two more.
 #include "workbench/panel/ResultFiles.h"
 
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QPushButton>
 
@@ -73,6 +74,8 @@ void ResultFiles::Clear() {
 }
 
 void ResultFiles::Open(const CString& path) const {
+    if (!QFileInfo::exists(Shown(path)))
+        return m_complain(SayFormat(L"%s 已经不在了：被移走、改名或删除了", Printable(path)));
     m_open(QUrl::fromLocalFile(Shown(path)),
            [this, path] { m_complain(SayFormat(L"这里没有打开“%s”的程序：请用别的程序打开它", Printable(path))); });
 }
@@ -83,7 +86,7 @@ void ResultFiles::Retranslate() {
     m_lines->setToolTip(ShownSay(L"重新画等时线，并把场地的日照写成一份报告"));
     m_film->setText(ShownSay(L"录像(&M)..."));
     m_opener->setText(ShownSay(L"打开(&E)"));
-    m_opener->setToolTip(ShownSay(L"用浏览器或播放器打开，报告可以在那里打印"));
+    m_opener->setToolTip(ShownSay(L"用浏览器、播放器或看图的程序打开，报告可以在浏览器里打印"));
     m_folder->setText(ShownSay(L"打开文件夹(&F)"));
     m_folder->setToolTip(ShownSay(L"打开它所在的文件夹"));
     m_made->setAccessibleDescription(ShownSay(L"最近写出的文件"));

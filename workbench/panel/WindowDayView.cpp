@@ -119,6 +119,7 @@ void WindowDayView::SetHours(WindowHours hours, const std::vector<HiddenPeriod>&
     m_hours = std::move(hours);
     m_line->SetDay(StretchesOf(m_hours, lost, m_offset, m_nameOf), m_sun.span);
     m_momentText->SetChoices(TextsOfTheDay());
+    m_stretch->SetChoices({});  // those of this day come with the first one that is pointed at
     ShowTexts();
     ShowMoment();
     ShowOtherDay();
@@ -128,6 +129,7 @@ void WindowDayView::Clear() {
     m_name.Empty();
     m_line->SetDay({}, {});
     m_momentText->SetChoices({});
+    m_stretch->SetChoices({});
     ShowTexts();
     ShowMoment();
     ShowOtherDay();

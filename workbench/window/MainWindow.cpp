@@ -197,9 +197,10 @@ void MainWindow::JoinAnalysis() {
         m_sun->SetNorth(degrees);
         m_view->SetNorth(degrees);
     };
+    panel.m_mayRun = [this] { return !m_isRunning && !m_isClosing; };
     panel.m_run = [this](const QString& title, std::vector<QWidget*> disabled,
                          const std::function<void(SceneProgress&)>& work) {
-        if (m_isRunning || m_isClosing)
+        if (!m_panels->GetAnalysis().m_mayRun())
             return false;
         // Heights are typed into the list of layers.
         disabled.push_back(m_panels->GetLayers());
@@ -270,7 +271,8 @@ void MainWindow::Retranslate() {
 void MainWindow::Refresh() {
     CString message;
     const std::shared_ptr<const Scene> before = m_drawing.GetScene();
-    if (!m_drawing.RefreshScene(message) && !message.IsEmpty())
+    const bool isFresh = m_drawing.RefreshScene(message);
+    if (!message.IsEmpty())
         m_log->AddComplaint(message);
     if (CloseIfAsked())
         return;
@@ -279,7 +281,7 @@ void MainWindow::Refresh() {
         m_log->AddComplaint(IdleHeightText(each));
     if (m_drawing.GetScene() != before)
         m_view->UpdateScene(m_drawing.GetScene());
-    if (m_drawing.GetScene() != before || !idle.empty())
+    if (m_drawing.GetScene() != before || !idle.empty() || !isFresh)  // heights may have been taken back
         m_panels->ShowDrawing(false);
     m_view->SetHint(
         m_drawing.IsOpen()
@@ -370,7 +372,10 @@ void MainWindow::ShowKeys() {
 }
 
 void MainWindow::ApplyHeights() {
+    const std::shared_ptr<const Scene> before = m_drawing.GetScene();
     Refresh();
+    if (m_drawing.GetScene() == before)
+        return;
     const std::vector<LayerHeight>& heights = m_drawing.GetHeights();
     const std::vector<LayerHeightUse>& uses = m_drawing.GetScene()->heights;
     for (std::size_t i = 0; i < uses.size() && i < heights.size(); ++i)

@@ -58,8 +58,8 @@ bool MainWindow::OpenFile(const CString& path) {
     m_panels->ShowDrawing(true);
     m_memory.KeepRecent(m_drawing.GetPath());
     // What is made of a sample lies better elsewhere.
-    if (const CString folder = m_drawing.GetFolder(); folder.Find(InstalledDataFolder()) != 0)
-        CFileDialog::SetFolder(folder.GetString());
+    if (!IsInstalledDataPath(m_drawing.GetPath().GetString()))
+        CFileDialog::SetFolder(m_drawing.GetFolder().GetString());
     m_menu.RefreshRecent();
     TellOfDrawing();
     Refresh();

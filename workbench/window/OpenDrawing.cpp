@@ -109,7 +109,7 @@ bool OpenDrawing::Read(const CString& path, const std::vector<LayerHeight>& heig
     m_drawing = std::move(loaded.drawing);
     TakeHeights(loaded.raised);
     m_scene = std::move(loaded.raised.scene);
-    m_sceneChanges = 0;
+    m_sceneChanges = m_refusedChanges = 0;
     m_path = path;
     m_state = state;
     m_fingerprint = loaded.fingerprint;
@@ -136,7 +136,7 @@ bool OpenDrawing::Save(const CString& path, CString& message) {
 }
 
 bool OpenDrawing::RefreshScene(CString& message) {
-    if (!IsOpen() || (m_drawing->GetChangeCount() == m_sceneChanges && !m_isOtherHeights))
+    if (!IsOpen() || (m_drawing->GetChangeCount() == std::max(m_sceneChanges, m_refusedChanges) && !m_isOtherHeights))
         return true;
     RaisedScene raised;
     bool isCancelled = false;
@@ -145,8 +145,9 @@ bool OpenDrawing::RefreshScene(CString& message) {
         isCancelled = progress.isCancelled;
     });
     // Whoever cancels wants what is there, and is not to be asked again with the next command.
-    if (isCancelled) {
-        m_sceneChanges = m_drawing->GetChangeCount();
+    if (isCancelled && !raised.scene) {
+        m_refusedChanges = m_drawing->GetChangeCount();
+        m_heights = m_sceneHeights;
         m_isOtherHeights = false;
     }
     if (!raised.scene)

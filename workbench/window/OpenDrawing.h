@@ -101,7 +101,8 @@ private:
     std::unique_ptr<AcDbDatabase> m_drawing;
     std::optional<HostDrawing> m_inHost;  // goes before the drawing itself
     std::shared_ptr<const Scene> m_scene;
-    std::uint64_t m_sceneChanges = 0;  // the drawing's changes that the faces know of
+    std::uint64_t m_sceneChanges = 0;    // the drawing's changes that the faces know of
+    std::uint64_t m_refusedChanges = 0;  // up to which nobody wanted other faces
     std::vector<LayerHeight> m_heights;
     std::vector<LayerHeight> m_sceneHeights;  // that the scene was made with
     std::vector<IdleHeight> m_idle;           // nobody has been told of yet

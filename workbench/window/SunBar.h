@@ -27,8 +27,8 @@ class QPushButton;
 //
 // The slider has a step for each minute of the clock that is shown; its arrow keys go by one, Page Up and Page Down by
 // thirty, Home and End to the day's ends, and Space plays and pauses. The span that the standard in force analyses is
-// marked on it. Playing goes from sunrise to sunset, over and
-// over; where the sun does not rise or set, around the clock.
+// marked on it. Playing goes from sunrise to sunset, over and over; where the sun does not rise or set, around the
+// clock.
 class SunBar : public QWidget {
 public:
     explicit SunBar(QWidget* parent);
