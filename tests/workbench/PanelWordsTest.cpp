@@ -181,6 +181,8 @@ TEST_F(PanelWordsTest, SaysWhatItTakesANorthBeyondATurnFor) {
     Run();
     EXPECT_TRUE(HasLogged("“正北（度）” 的值“9999”超过一圈：按 279 度计")) << Log();
     EXPECT_EQ(Table()->model()->rowCount(), 2);
+    EXPECT_EQ(Find<QLineEdit>("North")->text().toStdString(), "279");
+    EXPECT_FALSE(Find<QLabel>("OutOfDate")->isVisible());
     Type(("analyse " + m_path.string() + " --north -370.5").c_str());
     EXPECT_TRUE(HasLogged("--north 的值“-370.5”超过一圈：按 -10.5 度计")) << Log();
     Set("North", "-359.5");

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QToolButton>
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 #include "analysis/PointAnalysis.h"
@@ -17,6 +18,7 @@
 #include "analysis/WindowAnalysis.h"
 #include "facts/NumberText.h"
 #include "platform/base/PlainText.h"
+#include "platform/base/TextNumber.h"
 #include "platform/host/ExitCode.h"
 #include "workbench/Texts.h"
 #include "workbench/commands/AnalysisRemarks.h"
@@ -63,6 +65,14 @@ bool Refused(QLineEdit& edit) {
     edit.setFocus();
     edit.selectAll();
     return false;
+}
+
+// A direction of more than a turn becomes what it was taken for: it is said once, and what holds is seen.
+void ShowTaken(QLineEdit& edit, const std::optional<double>& degrees) {
+    constexpr double kTurn = 360.0;
+    const std::optional<double> typed = ParseDecimal(Typed(edit.text().trimmed()));
+    if (typed && degrees && std::fabs(*typed) >= kTurn)
+        edit.setText(Shown(DoubleToText(*degrees)));
 }
 
 }  // namespace
@@ -207,6 +217,8 @@ bool RequestForm::ReadDay(DayRequest& request) const {
         if (ReadAskedDay(asked, request) != kExitOk)
             return Refused(*edit);
     }
+    ShowTaken(*m_north, request.north);
+    ShowTaken(*m_facing, request.facing);
     return true;
 }
 
