@@ -22,6 +22,7 @@ namespace {
 
 template <class Value>
 bool ReadAt(std::ifstream& file, std::uintmax_t place, Value& value) {
+    file.clear();  // an end that was met before is not this one's
     file.seekg(static_cast<std::streamoff>(place));
     return static_cast<bool>(file.read(reinterpret_cast<char*>(&value), sizeof(value)));
 }
@@ -56,27 +57,39 @@ bool IsComplete(std::ifstream& file, std::uintmax_t size) {
             }));
 }
 
-constexpr std::uintmax_t RoundedUp(std::uintmax_t size, std::uintmax_t unit) {
+constexpr std::size_t RoundedUp(std::size_t size, std::size_t unit) {
     return (size + unit - 1) / unit * unit;
+}
+
+// What a part holds. Nothing when the file ends before, or when it is larger than notes are: who damaged a file is not
+// to keep the program busy.
+std::vector<char> BytesOf(std::ifstream& file, const ElfW(Phdr) & part) {
+    constexpr std::uintmax_t kMost = 64 * 1024;
+    if (part.p_filesz > kMost)
+        return {};
+    std::vector<char> bytes(part.p_filesz);
+    file.clear();
+    file.seekg(static_cast<std::streamoff>(part.p_offset));
+    return file.read(bytes.data(), static_cast<std::streamsize>(bytes.size())) ? bytes : std::vector<char>();
 }
 
 // The stamps among the notes of one part.
 void AddStamps(std::ifstream& file, const ElfW(Phdr) & part, std::vector<std::string>& stamps) {
-    const std::uintmax_t unit = part.p_align == 8 ? 8 : 4;
-    std::uintmax_t at = 0;
-    PlugInNote note = {};
-    constexpr std::uintmax_t kHeadSize = offsetof(PlugInNote, name);
-    while (at + kHeadSize <= part.p_filesz) {
+    const std::vector<char> bytes = BytesOf(file, part);
+    const std::size_t unit = part.p_align == 8 ? 8 : 4;
+    constexpr std::size_t kHeadSize = offsetof(PlugInNote, name);
+    for (std::size_t at = 0; at + kHeadSize <= bytes.size();) {
         ElfW(Nhdr) head = {};
         static_assert(sizeof(head) == kHeadSize);
-        if (!ReadAt(file, part.p_offset + at, head))
-            return;
+        std::memcpy(&head, bytes.data() + at, sizeof(head));
+        PlugInNote note = {};
         if (head.n_namesz == sizeof(note.name) && head.n_descsz == sizeof(note.stamp) &&
-            head.n_type == kPlugInNoteType && ReadAt(file, part.p_offset + at, note) &&
-            std::memcmp(note.name, kPlugInNoteName, sizeof(note.name)) == 0)
-            stamps.emplace_back(note.stamp, strnlen(note.stamp, sizeof(note.stamp)));
-        at += RoundedUp(kHeadSize + head.n_namesz, unit);
-        at += RoundedUp(head.n_descsz, unit);
+            head.n_type == kPlugInNoteType && at + sizeof(note) <= bytes.size()) {
+            std::memcpy(&note, bytes.data() + at, sizeof(note));
+            if (std::memcmp(note.name, kPlugInNoteName, sizeof(note.name)) == 0)
+                stamps.emplace_back(note.stamp, strnlen(note.stamp, sizeof(note.stamp)));
+        }
+        at += RoundedUp(kHeadSize + head.n_namesz, unit) + RoundedUp(head.n_descsz, unit);
     }
 }
 
@@ -105,14 +118,19 @@ CString FaultOfStamps(const CString& path) {
     if (!ReadAt(file, 0, head) || !IsForThisMachine(head) || !ReadParts(file, head, parts))
         return CString();
     std::vector<std::string> stamps;
+    constexpr int kMostNotes = 64;  // linkers make two or three
+    int count = 0;
     for (const ElfW(Phdr) & part : parts)
-        if (part.p_type == PT_NOTE)
+        if (part.p_type == PT_NOTE && ++count <= kMostNotes)
             AddStamps(file, part, stamps);
     CString fault;
     if (stamps.empty())
-        fault.Format(PlatformText(L"它没有说明是用哪个版本的头文件编译的：请在定义 acrxEntryPoint 的源文件中包含 "
-                                  L"platform/host/HostMessages.h，用本程序（%s）的头文件重新编译"),
-                     FromUtf8(ORVO_PLUGIN_STAMP));
+        fault.Format(
+            PlatformText(
+                L"它没有说明是用哪个版本的头文件编译的：请在定义 acrxEntryPoint 的源文件中包含 "
+                L"platform/host/HostMessages.h，用本程序（%s）的头文件重新编译；和程序的源码一起编译时，它要是 CMake "
+                L"的 MODULE 库"),
+            FromUtf8(ORVO_PLUGIN_STAMP));
     const auto other =
         std::find_if(stamps.begin(), stamps.end(), [](const std::string& stamp) { return stamp != ORVO_PLUGIN_STAMP; });
     if (other != stamps.end())

@@ -31,7 +31,7 @@ CString LinkerFault(const CString& path, const char* said) {
         return FromUtf8(text);
     const std::size_t end = text.find_first_of(" \t,(", undefined.size());  // a version or a file may follow
     CString fault;
-    fault.Format(PlatformText(L"找不到函数或变量“%s”，可能少链接了一个程序库；用 ldd -r %s 可列出缺少的全部名称"),
+    fault.Format(PlatformText(L"找不到函数或变量“%s”，可能少链接了一个程序库；用 ldd -r '%s' 可列出缺少的全部名称"),
                  NameInSource(text.substr(undefined.size(), end - undefined.size())), path);
     return fault;
 }

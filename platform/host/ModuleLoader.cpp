@@ -97,7 +97,9 @@ ModuleLoader::~ModuleLoader() {
 bool ModuleLoader::Load(const wchar_t* path, CString& error) {
     const CString name(path);  // the path may be held by `error`
     error = LoadFault(name);
-    if (!error.IsEmpty())
+    if (error.IsEmpty())
+        NoteLoaded(name);
+    else
         NoteNotLoaded(name);
     return error.IsEmpty();
 }

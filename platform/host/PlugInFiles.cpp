@@ -6,8 +6,9 @@
 
 namespace {
 
-std::map<const void*, CString>& OpenOnes() {
-    static auto* const files = new std::map<const void*, CString>;
+// A file that is opened twice has one handle.
+std::multimap<const void*, CString>& OpenOnes() {
+    static auto* const files = new std::multimap<const void*, CString>;
     return *files;
 }
 
@@ -19,11 +20,16 @@ std::vector<CString>& RefusedOnes() {
 }  // namespace
 
 void NotePlugIn(const void* applicationHandle, const CString& file) {
-    OpenOnes()[applicationHandle] = file;
+    OpenOnes().emplace(applicationHandle, file);
 }
 
 void ForgetPlugIn(const void* applicationHandle) {
-    OpenOnes().erase(applicationHandle);
+    if (const auto found = OpenOnes().find(applicationHandle); found != OpenOnes().end())
+        OpenOnes().erase(found);
+}
+
+void NoteLoaded(const CString& file) {
+    std::erase(RefusedOnes(), file);
 }
 
 void NoteNotLoaded(const CString& file) {

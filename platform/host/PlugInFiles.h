@@ -6,9 +6,10 @@
 #include "platform/base/Api.h"
 #include "platform/base/CString.h"
 
-// The loader's part: a plug-in was opened, is closed, or could not be loaded.
+// The loader's part: a plug-in was opened, is closed, was loaded after all, or could not be.
 void NotePlugIn(const void* applicationHandle, const CString& file);
 void ForgetPlugIn(const void* applicationHandle);
+void NoteLoaded(const CString& file);
 void NoteNotLoaded(const CString& file);
 
 // The file of a plug-in that is open; empty for other handles.

@@ -1,7 +1,11 @@
 // What is said of a plug-in that is not loaded: the file, what was wrong, and what to do. The libraries are those of
 // tests/host/plugin.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <link.h>
 
+#include <cstdint>
+#include <cstring>
 #include <filesystem>
 #include <string>
 
@@ -83,7 +87,7 @@ TEST_F(PlugInFault, NamesWhatIsMissingAsSourcesDo) {
     const std::string path = std::filesystem::canonical(kPlugins + "plugin-undefined.so").string();
     const std::string fault = Of(path);
     EXPECT_TRUE(Says(fault, "“Nowhere::Defined(int)”")) << fault;
-    EXPECT_TRUE(Says(fault, "ldd -r " + path)) << fault;
+    EXPECT_TRUE(Says(fault, "ldd -r '" + path + "'")) << fault;
     EXPECT_FALSE(Says(fault, path + ": ")) << "the linker's own text begins so: " << fault;
 }
 
@@ -134,6 +138,58 @@ TEST_F(PlugInFault, IsKeptOfEachFileOnce) {
     Of(path);
     ASSERT_EQ(FilesNotLoaded().size(), before + 1);
     EXPECT_EQ(FilesNotLoaded().back(), FromUtf8(path));
+}
+
+TEST_F(PlugInFault, IsForgottenOfAFileThatIsLoadedAfterAll) {
+    const std::string path = m_folder.Write("late.so", "not yet").string();
+    const std::size_t before = FilesNotLoaded().size();
+    ASSERT_NE(Of(path), "");
+    ASSERT_EQ(FilesNotLoaded().size(), before + 1);
+    m_folder.Write("late.so", FileBytes(kPlugins + "plugin-good.so"));
+    EXPECT_EQ(Of(path), "");
+    EXPECT_EQ(FilesNotLoaded().size(), before);
+}
+
+TEST_F(PlugInFault, LeavesAFileItsNameThatIsOpenTwice) {
+    const std::string path = kPlugins + "plugin-good.so";
+    ModuleLoader first;
+    CString error;
+    ASSERT_TRUE(first.Load(FromUtf8(path), error)) << ToUtf8(error.View());
+    void* const handle = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    ASSERT_NE(handle, nullptr);
+    ASSERT_EQ(FileOfPlugIn(handle), FromUtf8(path));
+    EXPECT_EQ(Of(path), "");
+    EXPECT_EQ(FileOfPlugIn(handle), FromUtf8(path)) << "the first one is still there";
+    dlclose(handle);
+}
+
+// A part of notes that is not in the file says nothing, and does not hide the one behind it, which stands here where
+// tables for exceptions are announced.
+TEST_F(PlugInFault, IsNoneWhereNotesOfOthersAreDamaged) {
+    std::string library = FileBytes(kPlugins + "plugin-good.so");
+    ElfW(Ehdr) head;
+    std::memcpy(&head, library.data(), sizeof(head));
+    const auto find = [&](unsigned type) {
+        ElfW(Phdr) part = {};
+        for (std::size_t at = head.e_phoff; at < head.e_phoff + head.e_phnum * sizeof(part); at += sizeof(part)) {
+            std::memcpy(&part, library.data() + at, sizeof(part));
+            if (part.p_type == type)
+                return at;
+        }
+        return std::size_t(0);
+    };
+    const std::size_t notes = find(PT_NOTE);
+    const std::size_t tables = find(PT_GNU_EH_FRAME);
+    ASSERT_GT(notes, 0U);
+    ASSERT_GT(tables, notes);
+    ElfW(Phdr) part;
+    std::memcpy(&part, library.data() + notes, sizeof(part));
+    std::memcpy(library.data() + tables, &part, sizeof(part));
+    for (const std::uint64_t offset : {library.size(), library.size() - 4, std::size_t(-8)}) {
+        part.p_offset = offset;
+        std::memcpy(library.data() + notes, &part, sizeof(part));
+        EXPECT_EQ(Of(m_folder.Write("damaged.so", library).string()), "") << offset;
+    }
 }
 
 }  // namespace
