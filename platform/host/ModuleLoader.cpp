@@ -182,13 +182,20 @@ ModuleLoader::Unloaded ModuleLoader::Unload() {
     return Close();
 }
 
-ModuleLoader::Unloaded ModuleLoader::Close() {
-    std::erase(LoadedOnes(), this);
+void ModuleLoader::ForgetNames() {
     HostSubcommands().Forget(m_handle);
     HostCommandStack().forget(
         [this](AcRxFunctionPtr function) { return IsOwn(m_handle, reinterpret_cast<const void*>(function)); });
     HostDynamicLinker().forget(m_handle);
+}
+
+ModuleLoader::Unloaded ModuleLoader::Close() {
+    std::erase(LoadedOnes(), this);
     ForgetPlugIn(m_handle);
+    // A file that is open twice is one library, whose names go with the last.
+    if (std::none_of(LoadedOnes().begin(), LoadedOnes().end(),
+                     [this](const ModuleLoader* each) { return each->m_handle == m_handle; }))
+        ForgetNames();
     dlclose(m_handle);
     m_handle = nullptr;
     m_entryPoint = nullptr;

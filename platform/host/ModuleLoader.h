@@ -45,6 +45,7 @@ private:
     CString LoadFault(const CString& name);
     CString Open();
     bool Tell(int message, int& answer, CString& thrown);
+    void ForgetNames();
     Unloaded Close();
 
     void* m_handle = nullptr;
