@@ -4,20 +4,17 @@
 #include <QStyle>
 #include <QTest>
 
-#include "platform/window/HostFrame.h"
-#include "platform/window/ModalDriver.h"
+#include "workbench/PreparedWindows.h"
 #include "workbench/window/HourSlider.h"
 
 namespace {
 
 constexpr double kLastMinute = 24 * 60 - 1;
 
-class DaySlider : public testing::Test {
+class DaySlider : public PreparedWindows {
 protected:
     void SetUp() override {
-        CString reason;
-        const ModalDriver nobody([](const ModalWindow&) { return 0; });
-        ASSERT_TRUE(PrepareWindows(reason));
+        ASSERT_NO_FATAL_FAILURE(PreparedWindows::SetUp());
         m_slider = std::make_unique<HourSlider>(nullptr);
         SetWidth(500);
         m_slider->show();

@@ -5,6 +5,7 @@
 #include <QImageReader>
 
 #include "workbench/AnalysisPanelStage.h"
+#include "workbench/PreparedWindows.h"
 #include "workbench/ViewStage.h"
 #include "workbench/panel/AnalysisPanel.h"
 #include "workbench/view/HoursLegend.h"
@@ -43,14 +44,7 @@ protected:
 };
 
 // Letters are drawn.
-class StampedViewTest : public testing::Test {
-protected:
-    void SetUp() override {
-        CString reason;
-        const ModalDriver nobody([](const ModalWindow&) { return 0; });
-        ASSERT_TRUE(PrepareWindows(reason));
-    }
-};
+class StampedViewTest : public PreparedWindows {};
 
 bool IsMagenta(QRgb pixel) {
     return pixel == 0xFFFF00FF;

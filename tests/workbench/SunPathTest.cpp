@@ -8,6 +8,7 @@
 #include <set>
 
 #include "facts/SunPosition.h"
+#include "workbench/PreparedWindows.h"
 #include "workbench/SceneForTests.h"
 #include "workbench/ViewStage.h"
 
@@ -53,14 +54,7 @@ protected:
 };
 
 // Letters are measured.
-class SunPathLabels : public testing::Test {
-protected:
-    void SetUp() override {
-        CString reason;
-        const ModalDriver nobody([](const ModalWindow&) { return 0; });
-        ASSERT_TRUE(PrepareWindows(reason));
-    }
-};
+class SunPathLabels : public PreparedWindows {};
 
 }  // namespace
 

@@ -8,8 +8,7 @@
 
 #include "facts/Angles.h"
 #include "facts/SunPosition.h"
-#include "platform/window/HostFrame.h"
-#include "platform/window/ModalDriver.h"
+#include "workbench/PreparedWindows.h"
 #include "workbench/RayCaster.h"
 #include "workbench/SceneForTests.h"
 #include "workbench/view/SceneView.h"
@@ -33,12 +32,11 @@ std::shared_ptr<Scene> House() {
     return scene;
 }
 
-class SunInTheView : public testing::Test {
+class SunInTheView : public PreparedWindows {
 protected:
     void SetUp() override {
+        ASSERT_NO_FATAL_FAILURE(PreparedWindows::SetUp());
         CString reason;
-        const ModalDriver nobody([](const ModalWindow&) { return 0; });
-        ASSERT_TRUE(PrepareWindows(reason));
         if (!ScenePainter::Open(reason)) {
             std::fprintf(stderr, "\n*** NOT TESTED: nothing can be drawn here. %ls\n\n", reason.GetString());
             GTEST_SKIP() << "no EGL: what is drawn was not looked at";
